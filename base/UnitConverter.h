@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/UnitConversionTable.h"
+#include "platform/Export.h"
+
+/// Converts quantities of one kind to and from one native unit. The order of the virtual members is part of the interface.
+class XMLCONFIG_API IUnitConverter {
+public:
+    using UnitSubType = UnitConversionTable::UnitSubType;
+    using UnitType = UnitConversionTable::UnitType;
+
+    virtual double getNativeFromTarget(const double& value, const UnitSubType& targetSubType) const = 0;
+    virtual double getTargetFromNative(const double& value, const UnitSubType& targetSubType) const = 0;
+    virtual UnitType getNativeUnitType() = 0;
+    virtual UnitSubType getNativeUnitSubType() = 0;
+    virtual int getUnitOrder() const = 0;
+    virtual ~IUnitConverter();
+};
+
+/// N is the unit type, M the first and K the last sub-type of that type. The order is 1 for lengths (or angles), 2 for
+/// squares, 3 for cubes, 4 for fourth powers.
+template <int N, int M, int K>
+class XMLCONFIG_API UnitConverter : public IUnitConverter {
+public:
+    static constexpr UnitType m_nativeType = static_cast<UnitType>(N);
+
+    /// Throws CorvaneException "Invalid IUnitConverter::UnitSubType given to this Converter!" for a sub-type outside
+    /// M..K, then "Invalid Order given to this Converter!" for an order outside 1..4.
+    UnitConverter(const UnitSubType& nativeSubType, int order);
+
+    /// A value in the target unit, given back in the native unit. Throws as the constructor for a foreign sub-type.
+    double getNativeFromTarget(const double& value, const UnitSubType& targetSubType) const override;
+    /// A value in the native unit, given back in the target unit. Throws as the constructor for a foreign sub-type.
+    double getTargetFromNative(const double& value, const UnitSubType& targetSubType) const override;
+    UnitType getNativeUnitType() override;
+    UnitSubType getNativeUnitSubType() override;
+    int getUnitOrder() const override;
+
+private:
+    int m_order;
+    UnitSubType m_nativeSubType;
+};
+
+using LengthConverter = UnitConverter<UnitConversionTable::Length, UnitConversionTable::Meters, UnitConversionTable::Custom>;
+using AngleConverter = UnitConverter<UnitConversionTable::Angle, UnitConversionTable::Radians, UnitConversionTable::ArcMinutes>;
+
+extern template class UnitConverter<5, 0, 5>;
+extern template class UnitConverter<8, 6, 8>;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+class ConfigInfo;
+
+/// Watching a document change, for those who must tell what was done to it. Nothing is gathered without an observer.
+namespace XMLConfig::detail {
+
+struct Change {
+    enum class Kind { ItemAdded, ItemChanged, ItemRemoved, SectionAdded, SectionRemoved, SectionRenamed, SectionMoved, VersionChanged };
+    Kind kind;
+    std::wstring section;      ///< tag
+    std::wstring sectionID;    ///< as it was before the change
+    std::wstring key;          ///< empty for a section as a whole; a subsection stands before the key as "Slot[3]|"
+    std::wstring oldValue;     ///< the old text, the old ID of a renamed section, or empty
+    std::wstring newValue;     ///< the new text, the new ID, or empty
+};
+
+class ChangeObserver {
+public:
+    virtual ~ChangeObserver() = default;
+    /// Called after each effective change; must not change the document.
+    virtual void changed(const Change& change) = 0;
+};
+
+/// Sets the document's observer (not owned; null for none) and returns the one before.
+ChangeObserver* setChangeObserver(ConfigInfo& document, ChangeObserver* observer);
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+#include "platform/Export.h"
+
+/// The base of the library's exceptions: a wide message, a narrow text and a code.
+class XMLCONFIG_API CorvaneExceptionBase : public std::exception {
+public:
+    explicit CorvaneExceptionBase(std::wstring message, std::string text = "", int code = -1);
+    CorvaneExceptionBase(const CorvaneExceptionBase&) = default;
+    CorvaneExceptionBase& operator=(const CorvaneExceptionBase&) = default;
+    ~CorvaneExceptionBase() override;
+
+    const std::wstring& getMessage() const { return m_message; }
+    const std::string& getText() const { return m_text; }
+    int getCode() const { return m_code; }
+    /// The wide message as UTF-8; valid as long as the exception.
+    const char* what() const noexcept override { return m_what.c_str(); }
+
+private:
+    std::wstring m_message;
+    std::string m_text;
+    int m_code;
+    std::string m_what;
+};
+
+/// What the library throws.
+class XMLCONFIG_API CorvaneException : public CorvaneExceptionBase {
+public:
+    using CorvaneExceptionBase::CorvaneExceptionBase;
+    CorvaneException(const CorvaneException&) = default;
+    CorvaneException& operator=(const CorvaneException&) = default;
+    ~CorvaneException() override;
+};
+
+/// Thrown for text that cannot be parsed.
+class XMLCONFIG_API CorvaneParseException : public CorvaneExceptionBase {
+public:
+    using CorvaneExceptionBase::CorvaneExceptionBase;
+    CorvaneParseException(const CorvaneParseException&) = default;
+    CorvaneParseException& operator=(const CorvaneParseException&) = default;
+    ~CorvaneParseException() override;
+};

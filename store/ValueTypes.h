@@ -1,0 +1,100 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/Export.h"
+
+template <typename T>
+struct Point_2Dim {
+    T x{};
+    T y{};
+
+    constexpr Point_2Dim() = default;
+    constexpr Point_2Dim(T xValue, T yValue) : x(xValue), y(yValue) {}
+    constexpr bool operator==(const Point_2Dim& other) const { return x == other.x && y == other.y; }
+    constexpr bool operator!=(const Point_2Dim& other) const { return !(*this == other); }
+};
+
+template <typename T>
+struct Point_3Dim {
+    T x{};
+    T y{};
+    T z{};
+
+    constexpr Point_3Dim() = default;
+    constexpr Point_3Dim(T xValue, T yValue, T zValue) : x(xValue), y(yValue), z(zValue) {}
+    constexpr bool operator==(const Point_3Dim& other) const { return x == other.x && y == other.y && z == other.z; }
+    constexpr bool operator!=(const Point_3Dim& other) const { return !(*this == other); }
+};
+
+/// A square matrix, `m[row][column]`. A new one is all zeros.
+template <typename T, int N>
+struct Matrix {
+    T m[N][N] = {};
+
+    static Matrix identity() {
+        Matrix result;
+        for (int i = 0; i < N; ++i) result.m[i][i] = T(1);
+        return result;
+    }
+    bool operator==(const Matrix& other) const {
+        for (int row = 0; row < N; ++row)
+            for (int column = 0; column < N; ++column)
+                if (m[row][column] != other.m[row][column]) return false;
+        return true;
+    }
+    bool operator!=(const Matrix& other) const { return !(*this == other); }
+};
+
+/// A view onto the scene: where from, which way, how wide. Angles are in radians.
+/// A default-constructed one is all zeros, its two matrices included.
+class XMLCONFIG_API Viewport {
+public:
+    Viewport();
+    /// Derives RotationMatrix = Rz(-yaw) * Rx(pitch) * Ry(roll) and its inverse (by elimination with row pivoting).
+    Viewport(const Point_3Dim<double>& offset, const Point_3Dim<double>& rotationYPR, double fovLeft, double fovRight,
+             double fovTop, double fovBottom, int resolutionX, int resolutionY);
+    Viewport(const Viewport&) = default;
+    Viewport& operator=(const Viewport&) = default;
+    virtual ~Viewport();
+
+    Point_3Dim<double> Offset;
+    Point_3Dim<double> RotationYPR;   ///< yaw, pitch, roll
+    double FOVLeft = 0.0;
+    double FOVRight = 0.0;
+    double FOVTop = 0.0;
+    double FOVBottom = 0.0;
+    std::int32_t ResolutionX = 0;   ///< pixels
+    std::int32_t ResolutionY = 0;   ///< pixels
+    std::array<double, 9> RotationMatrix{};          ///< row by row
+    std::array<double, 9> InverseRotationMatrix{};   ///< row by row
+};
+
+/// A projector's viewport with the extents of its image plane at unit distance. A default-constructed one is all zeros.
+class XMLCONFIG_API Frustum : public Viewport {
+public:
+    Frustum();
+    Frustum(const Point_3Dim<double>& offset, const Point_3Dim<double>& rotationYPR, double fovLeft, double fovRight,
+            double fovTop, double fovBottom, int resolutionX, int resolutionY);
+    Frustum(const Frustum&) = default;
+    Frustum& operator=(const Frustum&) = default;
+    ~Frustum() override;
+
+    double TanLeft = 0.0;   ///< tan(FOVLeft)
+    double TanTop = 0.0;    ///< tan(FOVTop)
+    double Width = 0.0;     ///< tan(FOVRight) - tan(FOVLeft)
+    double Height = 0.0;    ///< tan(FOVBottom) - tan(FOVTop)
+};
+
+namespace BlackLevelBlending {
+
+/// Which edges of a projector's image reflect into a pond; each field is a flag. A new record is four zeros.
+struct PondOfMirrors {
+    std::uint8_t Top = 0;
+    std::uint8_t Bottom = 0;
+    std::uint8_t Left = 0;
+    std::uint8_t Right = 0;
+};
+
+}  // namespace BlackLevelBlending
