@@ -1,0 +1,35 @@
+#include "store/Log.h"
+
+#include <type_traits>
+
+#include <log4cxx/level.h>
+#include <log4cxx/logger.h>
+
+#include "platform/Text.h"
+
+namespace XMLConfig::detail {
+
+namespace {
+
+// log4cxx's own conversion of wide text goes through the process's locale.
+template <typename LogText>
+LogText toLogText(const std::wstring& text) {
+    if constexpr (std::is_same_v<LogText, std::wstring>) return text;
+    else return toUtf8(text);
+}
+
+void log(const LoggerPtr& logger, const log4cxx::LevelPtr& level, const std::wstring& text) {
+    if (logger->isEnabledFor(level))
+        logger->forcedLogLS(level, toLogText<log4cxx::LogString>(text), log4cxx::spi::LocationInfo::getLocationUnavailable());
+}
+
+}  // namespace
+
+LoggerPtr logger(const std::wstring& name) { return log4cxx::Logger::getLoggerLS(toLogText<log4cxx::LogString>(name)); }
+
+void logTrace(const LoggerPtr& logger, const std::wstring& text) { log(logger, log4cxx::Level::getTrace(), text); }
+void logInfo(const LoggerPtr& logger, const std::wstring& text) { log(logger, log4cxx::Level::getInfo(), text); }
+void logWarn(const LoggerPtr& logger, const std::wstring& text) { log(logger, log4cxx::Level::getWarn(), text); }
+void logError(const LoggerPtr& logger, const std::wstring& text) { log(logger, log4cxx::Level::getError(), text); }
+
+}  // namespace XMLConfig::detail
