@@ -1,0 +1,149 @@
+#!/bin/sh
+# The one way to build, try, test and install XMLConfig on Debian 12. ./do help lists the verbs.
+set -eu
+cd "$(dirname "$0")"
+root=$(pwd)
+jobs=$(nproc)
+export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1
+
+# What each verb needs, by Debian's names.
+forBuilding='cmake ninja-build ccache g++ pkg-config libxerces-c-dev liblog4cxx-dev libcli11-dev nlohmann-json3-dev'
+forTesting='libgtest-dev libgmock-dev'
+forBenchmarks='libbenchmark-dev'
+forChecking='clang-format clang-tidy g++-mingw-w64-x86-64-posix wine64 googletest'
+
+say() { printf '\n== %s\n' "$*"; }
+fail() { printf './do: %s\n' "$*" >&2; exit 1; }
+asRoot() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
+isInstalled() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
+
+# Installs those of the named packages that are missing; asks nothing.
+need() {
+    command -v dpkg-query > /dev/null || return 0
+    missing=
+    for package in "$@"; do
+        isInstalled "$package" || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    say "installing$missing"
+    asRoot env DEBIAN_FRONTEND=noninteractive apt-get update -q
+    # shellcheck disable=SC2086 # one word a package
+    asRoot env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing < /dev/null
+}
+
+# build PRESET [CMAKE OPTION]...
+build() {
+    preset=$1
+    shift
+    say "building $preset"
+    cmake --preset "$preset" "$@"
+    cmake --build --preset "$preset" -j "$jobs"
+}
+
+buildRelease() {
+    # shellcheck disable=SC2086
+    need $forBuilding
+    build release -DBUILD_TESTING=OFF -DXMLCONFIG_BUILD_BENCHMARKS=OFF "$@"
+}
+
+doRun() {
+    buildRelease
+    say 'running the example'
+    sh examples/run-example.sh
+}
+
+doTest() {
+    # shellcheck disable=SC2086
+    need $forBuilding $forTesting
+    build dev
+    say 'testing'
+    ctest --preset dev -j "$jobs"
+}
+
+doBench() {
+    # shellcheck disable=SC2086
+    need $forBuilding $forBenchmarks
+    build release -DBUILD_TESTING=OFF -DXMLCONFIG_BUILD_BENCHMARKS=ON
+    say 'measuring'
+    mkdir -p out
+    build/release/bin/xmlconfig_bench --benchmark_out=out/bench.json --benchmark_out_format=json "$@"
+}
+
+checkFormat() {
+    say 'checking the format'
+    git ls-files -z -- '*.h' '*.cpp' | xargs -0 clang-format --dry-run --Werror
+}
+
+# The sources that other people's programs run; clang-tidy and the headers of GoogleTest would take an hour together.
+checkTidy() {
+    say 'running clang-tidy'
+    git ls-files -z -- 'platform/*.cpp' 'store/*.cpp' 'base/*.cpp' 'sections/*.cpp' 'manager/*.cpp' 'tools/*.cpp' \
+        ':!platform/windows/*' | xargs -0 -n 1 -P "$jobs" clang-tidy --quiet -p build/dev
+}
+
+doCheck() {
+    # shellcheck disable=SC2086
+    need $forBuilding $forTesting $forChecking
+    checkFormat
+    build dev
+    checkTidy
+    build asan
+    say 'testing with the sanitizers'
+    ctest --preset asan -j "$jobs"
+    if [ -e tests/windows/run.sh ]; then
+        say 'testing what is particular to Windows'
+        sh tests/windows/run.sh
+    fi
+    say 'using the static library as a consumer'
+    sh tests/consumer/run.sh build/consumer-static static
+    say 'all checks passed'
+}
+
+doInstall() {
+    prefix=${1:-/usr/local}
+    case $prefix in
+        /*) ;;
+        *) prefix=$root/$prefix ;;
+    esac
+    buildRelease -DCMAKE_INSTALL_PREFIX="$prefix"
+    say "installing below $prefix"
+    if mkdir -p "$prefix" 2> /dev/null && [ -w "$prefix" ]; then
+        cmake --install build/release
+    else
+        asRoot cmake --install build/release
+    fi
+    if [ "$prefix" = /usr/local ]; then asRoot ldconfig; fi
+    say "installed below $prefix"
+}
+
+doClean() {
+    rm -rf build out
+    say 'removed build/ and out/'
+}
+
+doHelp() {
+    cat <<'TEXT'
+./do run                build the release and run the shipped example
+./do test               build and run every test
+./do bench [OPTION]...  measure against raw Xerces-C; options go to xmlconfig_bench
+./do check              format, clang-tidy, sanitizers, Windows parts, static consumer
+./do install [PREFIX]   build the release and install it (default /usr/local)
+./do clean              remove what was built
+./do help               this list
+
+Missing Debian packages are installed by name, with sudo where it is needed.
+TEXT
+}
+
+verb=${1:-help}
+[ $# -eq 0 ] || shift
+case $verb in
+    run) doRun ;;
+    test) doTest ;;
+    bench) doBench "$@" ;;
+    check) doCheck ;;
+    install) doInstall "$@" ;;
+    clean) doClean ;;
+    help | -h | --help) doHelp ;;
+    *) doHelp >&2; fail "there is no verb '$verb'" ;;
+esac

@@ -1,0 +1,65 @@
+// Makes a document, saves it, loads it again and compares. The one argument is the folder to work in.
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "store/ConfigInfo.h"
+#include "store/ConfigInfoFactory.h"
+#include "store/CorvaneException.h"
+#include "store/Outline.h"
+
+namespace {
+
+int failures = 0;
+
+void expect(bool holds, const char* what) {
+    if (holds) return;
+    std::cerr << "consumer: " << what << " does not hold\n";
+    ++failures;
+}
+
+std::wstring widened(const std::string& ascii) { return std::wstring(ascii.begin(), ascii.end()); }
+
+void writeDocument(const std::wstring& path) {
+    const std::unique_ptr<ConfigInfo> document(ConfigInfoFactory::getInstance()->createNew());
+    document->setStringItem(L"Projector", L"Name", L"links oben \u00fc", L"1", L"", L"");
+    document->setDoubleItem(L"Projector", L"Designed|Frustum|FOVLeft", -0.25, L"1");
+    document->setPoint3DItem(L"Projector", L"Position", {1.0, 2.0, 3.0}, L"1");
+    expect(document->isDirty(), "a changed document is dirty");
+    expect(document->save(path), "the save succeeds");
+    expect(!document->isDirty(), "a saved document is clean");
+}
+
+void readDocument(const std::wstring& path) {
+    const std::unique_ptr<ConfigInfo> document(ConfigInfoFactory::getInstance()->createFromFile(path));
+    expect(document->getVersion() == 9.0, "the version is the latest");
+    expect(document->getStringItem(L"Projector", L"Name", L"", L"1", L"", L"") == L"links oben \u00fc", "the text is kept");
+    expect(document->getDoubleItem(L"Projector", L"Designed|Frustum|FOVLeft", 0.0, L"1") == -0.25, "the number is kept");
+    expect(document->getPoint3DItem(L"Projector", L"Position", {}, L"1") == Point_3Dim<double>(1.0, 2.0, 3.0),
+           "the point is kept");
+    expect(XMLConfig::outline(*document).size() == 5, "the outline has the header and the section");
+}
+
+void readMissingDocument(const std::wstring& path) {
+    try {
+        ConfigInfo missing(path);
+        expect(false, "a missing file is refused");
+    } catch (const CorvaneExceptionBase& error) {
+        expect(error.getMessage() == L"Error parseDataFile: Can not open file: " + path, "the message names the file");
+    }
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    if (argumentCount != 2) return EXIT_FAILURE;
+    const std::string folder = arguments[1];
+    writeDocument(widened(folder + "/made.skorrax"));
+    readDocument(widened(folder + "/made.skorrax"));
+    readMissingDocument(widened(folder + "/missing.skorrax"));
+    expect(std::ifstream(folder + "/made.skorrax").good(), "the file is there");
+    return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
