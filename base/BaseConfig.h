@@ -52,7 +52,7 @@ public:
     static const std::wstring TARGET_DATA_PROJECTOR_CENTRIC;
     static const std::wstring TARGET_DATA_PROJECTOR_POSE;
     static const std::wstring TARGET_DATA_SPHERICAL;
-    static const std::wstring TARGET_DATA_SPHERICAL_COLLIMATED;   ///< stored as "Collimated"
+    static const std::wstring TARGET_DATA_SPHERICAL_COLLIMATED;  ///< stored as "Collimated"
     static const int INPUT_IMAGE_SCALING_MODE_FULLSIZE;
     static const int INPUT_IMAGE_SCALING_MODE_NOSCALING;
     static const int OUTPUT_DEFAULT;
@@ -126,7 +126,7 @@ protected:
     template <typename T>
     void writeInitial(const XMLConfig::detail::Item<T>& item);
 
-    ConfigInfo* m_configInfo;   ///< the document every operation uses
+    ConfigInfo* m_configInfo;  ///< the document every operation uses
 
 private:
     static std::map<std::wstring, double> m_conversionMap;

@@ -56,7 +56,8 @@ public:
     using Given = typename ItemTypes<T>::Given;
 
     /// A new document does not hold the item.
-    constexpr Item(const wchar_t* itemKey, Kept itemFallback) : key(itemKey), fallback(itemFallback), initial(itemFallback) {}
+    constexpr Item(const wchar_t* itemKey, Kept itemFallback)
+        : key(itemKey), fallback(itemFallback), initial(itemFallback) {}
     /// A new document holds `itemInitial`.
     constexpr Item(const wchar_t* itemKey, Kept itemFallback, Kept itemInitial)
         : key(itemKey), fallback(itemFallback), initial(itemInitial), hasInitial(true) {}
@@ -96,7 +97,7 @@ public:
     using Given = typename ItemTypes<T>::Given;
     explicit ReadValue(Given given) : value(std::move(given)) {}
     template <typename U, typename = std::enable_if_t<std::is_same_v<U, Given>>>
-    operator U() const {   // NOLINT(google-explicit-constructor): exact type only
+    operator U() const {  // NOLINT(google-explicit-constructor): exact type only
         return value;
     }
     Given value;
@@ -113,7 +114,8 @@ inline int readItem(const ConfigInfo& c, const std::wstring& s, const std::wstri
 inline double readItem(const ConfigInfo& c, const std::wstring& s, const std::wstring& id, const Item<double>& i) {
     return c.getDoubleItem(s, i.key, i.fallback, id);
 }
-inline Point_2Dim<int> readItem(const ConfigInfo& c, const std::wstring& s, const std::wstring& id, const Item<Point_2Dim<int>>& i) {
+inline Point_2Dim<int> readItem(const ConfigInfo& c, const std::wstring& s, const std::wstring& id,
+                                const Item<Point_2Dim<int>>& i) {
     return c.getPoint2IItem(s, i.key, i.fallback, id);
 }
 inline Point_2Dim<double> readItem(const ConfigInfo& c, const std::wstring& s, const std::wstring& id,
@@ -124,7 +126,8 @@ inline Point_3Dim<double> readItem(const ConfigInfo& c, const std::wstring& s, c
                                    const Item<Point_3Dim<double>>& i) {
     return c.getPoint3DItem(s, i.key, i.fallback, id);
 }
-inline std::wstring readItem(const ConfigInfo& c, const std::wstring& s, const std::wstring& id, const Item<std::wstring>& i) {
+inline std::wstring readItem(const ConfigInfo& c, const std::wstring& s, const std::wstring& id,
+                             const Item<std::wstring>& i) {
     return c.getStringItem(s, i.key, i.fallback, id, {}, {});
 }
 inline std::wstring readItem(const ConfigInfo& c, const std::wstring& s, const std::wstring& id, const Item<Fragment>& i) {
@@ -169,7 +172,8 @@ inline void writeItem(ConfigInfo& c, const std::wstring& s, const std::wstring& 
                       const std::wstring& value) {
     c.setStringItemAsDOMElement(s, i.key, value, id);
 }
-inline void writeItem(ConfigInfo& c, const std::wstring& s, const std::wstring& id, const Item<Frustum>& i, const Frustum& value) {
+inline void writeItem(ConfigInfo& c, const std::wstring& s, const std::wstring& id, const Item<Frustum>& i,
+                      const Frustum& value) {
     c.setFrustum(s, i.key, value, id);
 }
 inline void writeItem(ConfigInfo& c, const std::wstring& s, const std::wstring& id,
@@ -236,12 +240,14 @@ constexpr bool keysAreDistinct(const std::tuple<Item<T>...>& items) {
 
 template <typename T>
 XMLConfig::detail::ReadValue<T> BaseConfig::read(const XMLConfig::detail::Item<T>& item) const {
-    return XMLConfig::detail::ReadValue<T>(XMLConfig::detail::readItem(*m_configInfo, getSectionName(), getSectionID(), item));
+    return XMLConfig::detail::ReadValue<T>(
+        XMLConfig::detail::readItem(*m_configInfo, getSectionName(), getSectionID(), item));
 }
 
 template <typename T, typename Value>
 void BaseConfig::write(const XMLConfig::detail::Item<T>& item, const Value& value) {
-    static_assert(std::is_same_v<Value, typename XMLConfig::detail::Item<T>::Given>, "the setter's type is not the descriptor's");
+    static_assert(std::is_same_v<Value, typename XMLConfig::detail::Item<T>::Given>,
+                  "the setter's type is not the descriptor's");
     XMLConfig::detail::writeItem(*m_configInfo, getSectionName(), getSectionID(), item, value);
 }
 

@@ -29,7 +29,7 @@ public:
         UnitType unitType;
         const wchar_t* name;
         const wchar_t* suffix;
-        double factor;   ///< how many of this unit make one meter or one radian
+        double factor;  ///< how many of this unit make one meter or one radian
     };
     static constexpr std::size_t size = 9;
     static const UnitSubTypeRecord staticConversionsTable[size];

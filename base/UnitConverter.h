@@ -42,7 +42,8 @@ private:
 };
 
 using LengthConverter = UnitConverter<UnitConversionTable::Length, UnitConversionTable::Meters, UnitConversionTable::Custom>;
-using AngleConverter = UnitConverter<UnitConversionTable::Angle, UnitConversionTable::Radians, UnitConversionTable::ArcMinutes>;
+using AngleConverter =
+    UnitConverter<UnitConversionTable::Angle, UnitConversionTable::Radians, UnitConversionTable::ArcMinutes>;
 
 extern template class UnitConverter<5, 0, 5>;
 extern template class UnitConverter<8, 6, 8>;

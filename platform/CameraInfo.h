@@ -15,7 +15,7 @@ public:
     void setIPAddress(const std::wstring& address);
     void setMACAddress(const std::wstring& address);
     void setModel(const std::wstring& model);
-    void setResolution(int x, int y);   ///< pixels
+    void setResolution(int x, int y);  ///< pixels
     void setSerialNumber(const std::wstring& number);
     void setSubnetMask(const std::wstring& mask);
 

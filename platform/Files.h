@@ -50,13 +50,13 @@ std::string readWholeFile(const std::wstring& path);
 /// On failure throws FileError; the old file stands as it was and no other file is left behind.
 void replaceFile(const std::wstring& path, std::string_view bytes);
 
-bool fileExists(const std::wstring& path);   ///< anything of that name, folders included
+bool fileExists(const std::wstring& path);  ///< anything of that name, folders included
 /// Makes one folder; true when it exists afterwards.
 bool makeFolder(const std::wstring& path);
 /// Makes a folder and those above it; true when it exists afterwards.
 bool makeFolders(const std::wstring& path);
 /// Copies a file's bytes to a new file that must not exist yet, flushed to the disk. Throws FileError.
 void copyToNewFile(const std::wstring& from, const std::wstring& to);
-bool removeFile(const std::wstring& path);   ///< true when it was there and is gone
+bool removeFile(const std::wstring& path);  ///< true when it was there and is gone
 
 }  // namespace XMLConfig::detail

@@ -8,9 +8,9 @@
 /// exponents of at least two digits; non-finite doubles are written "nan", "-nan", "inf" and "-inf".
 namespace XMLConfig::detail {
 
-std::wstring formatInteger(long long value);            ///< "%ld"
-std::wstring formatScientific(double value);            ///< "%.15e"
-std::wstring formatFixed(double value, int decimals);   ///< "%.<decimals>f"
+std::wstring formatInteger(long long value);           ///< "%ld"
+std::wstring formatScientific(double value);           ///< "%.15e"
+std::wstring formatFixed(double value, int decimals);  ///< "%.<decimals>f"
 /// "%g" of a float with six significant digits: a stream's standard form.
 std::wstring formatGeneral(float value);
 

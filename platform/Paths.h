@@ -13,10 +13,10 @@ std::wstring_view driveOf(std::wstring_view path);
 bool isAbsolute(std::wstring_view path);
 
 struct PathParts {
-    std::wstring drive;       ///< "C:", or empty
-    std::wstring directory;   ///< with its trailing separator, or empty
-    std::wstring name;        ///< without the extension
-    std::wstring extension;   ///< from the last "." of the last component on, or empty
+    std::wstring drive;      ///< "C:", or empty
+    std::wstring directory;  ///< with its trailing separator, or empty
+    std::wstring name;       ///< without the extension
+    std::wstring extension;  ///< from the last "." of the last component on, or empty
     [[nodiscard]] std::wstring joined() const { return drive + directory + name + extension; }
 };
 PathParts splitPath(std::wstring_view path);

@@ -25,8 +25,8 @@ bool equal(std::u16string_view left, std::wstring_view right);
 std::optional<std::wstring> fromUtf8Strictly(std::string_view text);
 
 struct CharacterFault {
-    std::size_t position;   ///< number of the character in the text, counted from 1, a surrogate pair being one
-    char32_t character;     ///< its code point
+    std::size_t position;  ///< number of the character in the text, counted from 1, a surrogate pair being one
+    char32_t character;    ///< its code point
 };
 /// The first character that XML 1.0 cannot hold: U+0000 to U+0008, U+000B, U+000C, U+000E to U+001F,
 /// U+FFFE, U+FFFF, a lone surrogate, or a value beyond U+10FFFF. Nothing when every character can be held.

@@ -8,13 +8,22 @@ class ConfigInfo;
 namespace XMLConfig::detail {
 
 struct Change {
-    enum class Kind { ItemAdded, ItemChanged, ItemRemoved, SectionAdded, SectionRemoved, SectionRenamed, SectionMoved, VersionChanged };
+    enum class Kind {
+        ItemAdded,
+        ItemChanged,
+        ItemRemoved,
+        SectionAdded,
+        SectionRemoved,
+        SectionRenamed,
+        SectionMoved,
+        VersionChanged
+    };
     Kind kind;
-    std::wstring section;      ///< tag
-    std::wstring sectionID;    ///< as it was before the change
-    std::wstring key;          ///< empty for a section as a whole; a subsection stands before the key as "Slot[3]|"
-    std::wstring oldValue;     ///< the old text, the old ID of a renamed section, or empty
-    std::wstring newValue;     ///< the new text, the new ID, or empty
+    std::wstring section;    ///< tag
+    std::wstring sectionID;  ///< as it was before the change
+    std::wstring key;        ///< empty for a section as a whole; a subsection stands before the key as "Slot[3]|"
+    std::wstring oldValue;   ///< the old text, the old ID of a renamed section, or empty
+    std::wstring newValue;   ///< the new text, the new ID, or empty
 };
 
 class ChangeObserver {

@@ -37,7 +37,8 @@ public:
     ConfigInfo& operator=(const ConfigInfo&) = delete;
 
     /// Writes the document, all or nothing, and clears the dirty flag; returns true. An empty path returns false and
-    /// does nothing. Throws "Error save(): ..." when the file cannot be written: it then stands as it was, the dirty flag too.
+    /// does nothing. Throws "Error save(): ..." when the file cannot be written: it then stands as it was, the dirty flag
+    /// too.
     bool save(const std::wstring& path);
 
     /// The number in "Version". Throws when the document has no such element.
@@ -57,8 +58,7 @@ public:
                                const std::wstring& sectionID, const std::wstring& subSectionName,
                                const std::wstring& subSectionID) const;
     void setStringItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& value,
-                       const std::wstring& sectionID, const std::wstring& subSectionName,
-                       const std::wstring& subSectionID);
+                       const std::wstring& sectionID, const std::wstring& subSectionName, const std::wstring& subSectionID);
     /// The item's first element as XML text, or its text when it holds nothing else; the default for an item that is
     /// missing or empty.
     std::wstring getStringItemAsDOMElement(const std::wstring& sectionName, const std::wstring& key,
@@ -106,11 +106,10 @@ public:
     /// Eight items below the key; each missing one gives the default's field.
     Frustum getFrustum(const std::wstring& sectionName, const std::wstring& key, const Frustum& defaultValue,
                        const std::wstring& sectionID) const;
-    void setFrustum(const std::wstring& sectionName, const std::wstring& key, Frustum value,
-                    const std::wstring& sectionID);
+    void setFrustum(const std::wstring& sectionName, const std::wstring& key, Frustum value, const std::wstring& sectionID);
     /// Four items below the key, each cut to 8 bits; fields of missing items stay as the caller set them.
-    void getPondOfMirrors(const std::wstring& sectionName, const std::wstring& key,
-                          BlackLevelBlending::PondOfMirrors& value, const std::wstring& sectionID) const;
+    void getPondOfMirrors(const std::wstring& sectionName, const std::wstring& key, BlackLevelBlending::PondOfMirrors& value,
+                          const std::wstring& sectionID) const;
     void setPondOfMirrors(const std::wstring& sectionName, const std::wstring& key,
                           const BlackLevelBlending::PondOfMirrors& value, const std::wstring& sectionID);
 
@@ -144,8 +143,8 @@ public:
     std::vector<std::wstring> getSubSectionIDs(const std::wstring& sectionName, const std::wstring& subSectionName) const;
     /// Removes the first match; false when there is none.
     bool removeSection(const std::wstring& sectionName, const std::wstring& sectionID);
-    bool removeSubSection(const std::wstring& sectionName, const std::wstring& subSectionName,
-                          const std::wstring& sectionID, const std::wstring& subSectionID);
+    bool removeSubSection(const std::wstring& sectionName, const std::wstring& subSectionName, const std::wstring& sectionID,
+                          const std::wstring& subSectionID);
     /// Changes the ID of the first match; false for an empty old ID or no match. The new ID may exist already.
     bool renameSection(const std::wstring& sectionName, const std::wstring& oldID, const std::wstring& newID);
     /// Swaps the section with its nearest neighbour of the same name, earlier (-1) or later (+1); false when there is

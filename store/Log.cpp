@@ -20,7 +20,8 @@ LogText toLogText(const std::wstring& text) {
 
 void log(const LoggerPtr& logger, const log4cxx::LevelPtr& level, const std::wstring& text) {
     if (logger->isEnabledFor(level))
-        logger->forcedLogLS(level, toLogText<log4cxx::LogString>(text), log4cxx::spi::LocationInfo::getLocationUnavailable());
+        logger->forcedLogLS(level, toLogText<log4cxx::LogString>(text),
+                            log4cxx::spi::LocationInfo::getLocationUnavailable());
 }
 
 }  // namespace

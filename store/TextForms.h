@@ -7,11 +7,11 @@
 /// The stored text of each simple type of value, in one place.
 namespace XMLConfig::detail {
 
-std::wstring textOf(bool value);                        ///< "true" or "false"
-std::wstring textOf(int value);                         ///< "%ld"
-std::wstring textOf(double value);                      ///< "%.15e"
-std::wstring textOf(const Point_2Dim<int>& value);      ///< "%d, %d"
-std::wstring textOf(const Point_2Dim<double>& value);   ///< "%.15e, %.15e"
-std::wstring textOf(const Point_3Dim<double>& value);   ///< "%.15e, %.15e, %.15e"
+std::wstring textOf(bool value);                       ///< "true" or "false"
+std::wstring textOf(int value);                        ///< "%ld"
+std::wstring textOf(double value);                     ///< "%.15e"
+std::wstring textOf(const Point_2Dim<int>& value);     ///< "%d, %d"
+std::wstring textOf(const Point_2Dim<double>& value);  ///< "%.15e, %.15e"
+std::wstring textOf(const Point_3Dim<double>& value);  ///< "%.15e, %.15e, %.15e"
 
 }  // namespace XMLConfig::detail

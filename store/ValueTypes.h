@@ -60,15 +60,15 @@ public:
     virtual ~Viewport();
 
     Point_3Dim<double> Offset;
-    Point_3Dim<double> RotationYPR;   ///< yaw, pitch, roll
+    Point_3Dim<double> RotationYPR;  ///< yaw, pitch, roll
     double FOVLeft = 0.0;
     double FOVRight = 0.0;
     double FOVTop = 0.0;
     double FOVBottom = 0.0;
-    std::int32_t ResolutionX = 0;   ///< pixels
-    std::int32_t ResolutionY = 0;   ///< pixels
-    std::array<double, 9> RotationMatrix{};          ///< row by row
-    std::array<double, 9> InverseRotationMatrix{};   ///< row by row
+    std::int32_t ResolutionX = 0;                   ///< pixels
+    std::int32_t ResolutionY = 0;                   ///< pixels
+    std::array<double, 9> RotationMatrix{};         ///< row by row
+    std::array<double, 9> InverseRotationMatrix{};  ///< row by row
 };
 
 /// A projector's viewport with the extents of its image plane at unit distance. A default-constructed one is all zeros.
@@ -81,10 +81,10 @@ public:
     Frustum& operator=(const Frustum&) = default;
     ~Frustum() override;
 
-    double TanLeft = 0.0;   ///< tan(FOVLeft)
-    double TanTop = 0.0;    ///< tan(FOVTop)
-    double Width = 0.0;     ///< tan(FOVRight) - tan(FOVLeft)
-    double Height = 0.0;    ///< tan(FOVBottom) - tan(FOVTop)
+    double TanLeft = 0.0;  ///< tan(FOVLeft)
+    double TanTop = 0.0;   ///< tan(FOVTop)
+    double Width = 0.0;    ///< tan(FOVRight) - tan(FOVLeft)
+    double Height = 0.0;   ///< tan(FOVBottom) - tan(FOVTop)
 };
 
 namespace BlackLevelBlending {

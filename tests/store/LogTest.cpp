@@ -46,6 +46,4 @@ TEST(Log, NothingIsLoggedBelowTheLoggersLevel) {
     EXPECT_THAT(log.lines(), testing::ElementsAre(LogLine{"Ulvano.XMLConfig.LogTest.Quiet", "WARN", "heard"}));
 }
 
-TEST(Log, OneLoggerForAName) {
-    EXPECT_EQ(logger(L"Ulvano.XMLConfig.LogTest"), logger(L"Ulvano.XMLConfig.LogTest"));
-}
+TEST(Log, OneLoggerForAName) { EXPECT_EQ(logger(L"Ulvano.XMLConfig.LogTest"), logger(L"Ulvano.XMLConfig.LogTest")); }

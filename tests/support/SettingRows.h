@@ -71,7 +71,8 @@ inline std::wstring innerText(const OutlineNode& node) {
     return text;
 }
 
-inline void appendLeaves(const std::vector<OutlineNode>& nodes, const std::wstring& path, std::vector<std::wstring>& leaves) {
+inline void appendLeaves(const std::vector<OutlineNode>& nodes, const std::wstring& path,
+                         std::vector<std::wstring>& leaves) {
     for (const OutlineNode& node : nodes) {
         if (node.children.empty()) leaves.push_back(path + pathStep(node) + L" = " + node.text);
         appendLeaves(node.children, path + pathStep(node) + L"|", leaves);
@@ -205,7 +206,8 @@ private:
     Row readRow(Getter getter, const std::wstring& key, const Sample<ValueOf<Getter>>& fallback,
                 const Sample<ValueOf<Getter>>& sample, std::optional<std::wstring> initialText) {
         using Value = ValueOf<Getter>;
-        EXPECT_FALSE(SameValue<Value>::of(fallback.value, sample.value)) << "sample is the default: " << testing::PrintToString(key);
+        EXPECT_FALSE(SameValue<Value>::of(fallback.value, sample.value))
+            << "sample is the default: " << testing::PrintToString(key);
         const auto expect = [getter](const Value& wanted) {
             return [getter, wanted](Section& section) {
                 const Value given = std::invoke(getter, section);
