@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -10,6 +11,7 @@
 #include "base/BaseConfig.h"
 #include "base/Setting.h"
 #include "base/UnitConversionTable.h"
+#include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/TextForms.h"
 
@@ -234,6 +236,19 @@ constexpr bool keysAreDistinct(const std::tuple<Item<T>...>& items) {
         for (std::size_t j = i + 1; j < count; ++j)
             if (std::wstring_view(keys[i]) == std::wstring_view(keys[j])) return false;
     return true;
+}
+
+/// A descriptor's key with its "%d" replaced by a number.
+inline std::wstring numberedKey(std::wstring_view pattern, int number) {
+    return std::wstring(pattern).replace(pattern.find(L"%d"), 2, formatInteger(number));
+}
+
+/// The reverse, for a pattern that ends in "%d"; nothing when the key is not of that pattern.
+inline std::optional<int> numberOfKey(std::wstring_view pattern, std::wstring_view key) {
+    const std::wstring_view prefix = pattern.substr(0, pattern.find(L"%d"));
+    if (key.substr(0, prefix.size()) != prefix) return std::nullopt;
+    const int number = leadingInteger(key.substr(prefix.size()));
+    return numberedKey(pattern, number) == key ? std::optional<int>(number) : std::nullopt;
 }
 
 }  // namespace XMLConfig::detail
