@@ -6,6 +6,7 @@
 #include <string_view>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "base/BaseConfig.h"
@@ -22,7 +23,10 @@ namespace XMLConfig::detail {
 /// Marks an item that holds an XML element; at the accessor it is text.
 struct Fragment {};
 /// Stands in descriptors for a record whose fields are all zero.
-struct AllZeros {};
+struct AllZeros {
+    operator Frustum() const { return {}; }                            // NOLINT(google-explicit-constructor)
+    operator BlackLevelBlending::PondOfMirrors() const { return {}; }  // NOLINT(google-explicit-constructor)
+};
 
 /// How a descriptor keeps a value of T (constant expressions only), and what an accessor gives.
 template <typename T>
@@ -104,6 +108,10 @@ public:
     }
     Given value;
 };
+
+/// Whether a setter's value has exactly the type that the descriptor gives.
+template <typename T, typename Value>
+inline constexpr bool isValueOf = std::is_same_v<Value, typename ItemTypes<T>::Given>;
 
 // The store's operations, chosen by the descriptor's type.
 
@@ -229,7 +237,7 @@ std::vector<Setting> settingsOf(const wchar_t* section, const std::tuple<Item<T>
 /// For static_assert: no two items of a section share a key.
 template <typename... T>
 constexpr bool keysAreDistinct(const std::tuple<Item<T>...>& items) {
-    const wchar_t* keys[sizeof...(T)] = {};
+    const wchar_t* keys[sizeof...(T) + 1] = {};  // an empty tuple is a table too
     std::size_t count = 0;
     std::apply([&](const auto&... item) { ((keys[count++] = item.key), ...); }, items);
     for (std::size_t i = 0; i < count; ++i)
@@ -261,8 +269,7 @@ XMLConfig::detail::ReadValue<T> BaseConfig::read(const XMLConfig::detail::Item<T
 
 template <typename T, typename Value>
 void BaseConfig::write(const XMLConfig::detail::Item<T>& item, const Value& value) {
-    static_assert(std::is_same_v<Value, typename XMLConfig::detail::Item<T>::Given>,
-                  "the setter's type is not the descriptor's");
+    static_assert(XMLConfig::detail::isValueOf<T, Value>, "the setter's type is not the descriptor's");
     XMLConfig::detail::writeItem(*m_configInfo, getSectionName(), getSectionID(), item, value);
 }
 

@@ -46,4 +46,8 @@ public:
     /// value * (factor(to) / factor(from)). Throws CorvaneException for a sub-type outside the table, and
     /// "Invalid conversion. To/from must be of the same type!" between a length and an angle.
     static double convertValue(const UnitSubType& from, const UnitSubType& to, const double& value);
+
+private:
+    /// Compiles only while the table has one row for each sub-type, in their order.
+    static void staticAssertTableSize();
 };
