@@ -1,0 +1,36 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "store/XmlLibrary.h"
+
+/// Parsing with limits and places. No other file is opened and no network reached, whatever the text asks for.
+namespace XMLConfig::detail {
+
+/// How deep elements may be nested, the root counted.
+inline constexpr int maximumDepth = 1000;
+
+/// Text that is refused, and where.
+class ParseFailure : public std::runtime_error {
+public:
+    ParseFailure(unsigned long long line, unsigned long long column, const std::wstring& reason);
+    /// "line L, column C: reason"
+    [[nodiscard]] const std::wstring& message() const { return m_message; }
+
+private:
+    std::wstring m_message;
+};
+
+struct ParsedDocument {
+    DocumentPointer document;   ///< has a document element
+    int depth = 0;              ///< levels of nested elements
+};
+
+/// Parses a file as it is read. Throws ParseFailure for text that is not well-formed, holds a document type or is nested
+/// too deeply, and FileError when reading fails.
+ParsedDocument parseFile(const std::wstring& path);
+/// Parses one element given as UTF-8. Throws ParseFailure likewise.
+ParsedDocument parseFragment(const std::string& text);
+
+}  // namespace XMLConfig::detail

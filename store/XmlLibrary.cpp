@@ -1,0 +1,58 @@
+#include "store/XmlLibrary.h"
+
+#include <mutex>
+#include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLException.hpp>
+
+#include "platform/Text.h"
+#include "store/CorvaneException.h"
+
+namespace XMLConfig::detail {
+
+namespace {
+
+constexpr std::size_t messageLength = 2047;   // what the XML library is asked for at most
+
+xercesc::DOMImplementation* start() {
+    try {
+        xercesc::XMLPlatformUtils::Initialize();
+    } catch (const xercesc::XMLException& exception) {
+        throw CorvaneException(L"Error: XMLPlatformUtils::Initialize() : " + fromUtf16(view(exception.getMessage())));
+    }
+    try {
+        return xercesc::DOMImplementationRegistry::getDOMImplementation(xmlText(u"LS"));
+    } catch (const xercesc::XMLException& exception) {
+        throw CorvaneException(L"Error: Xerces-c Initialization : " + fromUtf16(view(exception.getMessage())));
+    }
+}
+
+}  // namespace
+
+xercesc::DOMImplementation* startXmlLibrary() {
+    static std::once_flag once;
+    static xercesc::DOMImplementation* implementation = nullptr;
+    std::call_once(once, [] { implementation = start(); });
+    return implementation;
+}
+
+std::wstring messageOf(const xercesc::DOMException& exception) {
+    XMLCh text[messageLength + 1] = {};
+    if (!xercesc::DOMImplementation::loadDOMExceptionMsg(exception.code, text, messageLength)) return {};
+    return L" XML message is: " + fromUtf16(view(text));
+}
+
+void rethrow(const std::wstring& prefix) {
+    try {
+        throw;
+    } catch (const CorvaneExceptionBase&) {
+        throw;
+    } catch (const xercesc::XMLException& exception) {
+        throw CorvaneException(prefix + L" XML message is: " + fromUtf16(view(exception.getMessage())));
+    } catch (const xercesc::DOMException& exception) {
+        throw CorvaneException(prefix + messageOf(exception));
+    } catch (...) {
+        throw CorvaneException(prefix + L"Unknown error during parsing: ");
+    }
+}
+
+}  // namespace XMLConfig::detail
