@@ -48,7 +48,7 @@ public:
     StrictParser() {
         setParameter(xercesc::XMLUni::fgDOMDatatypeNormalization, true);
         setParameter(xercesc::XMLUni::fgXercesUserAdoptsDOMDocument, true);
-        getScanner()->setErrorReporter(this);   // without an error handler the library would not report at all
+        getScanner()->setErrorReporter(this);  // without an error handler the library would not report at all
     }
 
     ParsedDocument parseStrictly(const xercesc::InputSource& source) {
@@ -60,18 +60,20 @@ public:
         return parsed;
     }
 
-    void error(const unsigned int, const XMLCh* const, const xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* const text,
-               const XMLCh* const, const XMLCh* const, const XMLFileLoc line, const XMLFileLoc column) override {
+    void error(const unsigned int, const XMLCh* const, const xercesc::XMLErrorReporter::ErrTypes type,
+               const XMLCh* const text, const XMLCh* const, const XMLCh* const, const XMLFileLoc line,
+               const XMLFileLoc column) override {
         if (type != xercesc::XMLErrorReporter::ErrType_Warning) throw ParseFailure(line, column, fromUtf16(view(text)));
     }
 
-    void doctypeDecl(const xercesc::DTDElementDecl&, const XMLCh* const, const XMLCh* const, const bool, const bool) override {
+    void doctypeDecl(const xercesc::DTDElementDecl&, const XMLCh* const, const XMLCh* const, const bool,
+                     const bool) override {
         refuse(L"A document type is not allowed");
     }
 
     void startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const XMLCh* const prefix,
-                      const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t attributeCount, const bool isEmpty,
-                      const bool isRoot) override {
+                      const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t attributeCount,
+                      const bool isEmpty, const bool isRoot) override {
         if (++m_depth > maximumDepth) refuse(L"Elements are nested too deeply");
         m_deepest = std::max(m_deepest, m_depth);
         DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
@@ -97,7 +99,8 @@ private:
 
 ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, const std::wstring& reason)
     : std::runtime_error("malformed XML"),
-      m_message(L"line " + formatInteger(static_cast<long long>(line)) + L", column " + formatInteger(static_cast<long long>(column)) + L": " + reason) {}
+      m_message(L"line " + formatInteger(static_cast<long long>(line)) + L", column " +
+                formatInteger(static_cast<long long>(column)) + L": " + reason) {}
 
 ParsedDocument parseFile(const std::wstring& path) { return StrictParser().parseStrictly(FileSource(path)); }
 

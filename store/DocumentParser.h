@@ -23,8 +23,8 @@ private:
 };
 
 struct ParsedDocument {
-    DocumentPointer document;   ///< has a document element
-    int depth = 0;              ///< levels of nested elements
+    DocumentPointer document;  ///< has a document element
+    int depth = 0;             ///< levels of nested elements
 };
 
 /// Parses a file as it is read. Throws ParseFailure for text that is not well-formed, holds a document type or is nested

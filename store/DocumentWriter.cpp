@@ -9,7 +9,7 @@ namespace {
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
-constexpr int sectionLevel = 1;   // down to this level of a document text is no value, so white space alone is layout
+constexpr int sectionLevel = 1;  // down to this level of a document text is no value, so white space alone is layout
 constexpr int noLevel = -1;
 
 enum class Content { Empty, Layout, Verbatim };
@@ -30,12 +30,18 @@ public:
 
     void writeNode(const DOMNode& node, int level, bool isInside) {
         switch (node.getNodeType()) {
-            case DOMNode::ELEMENT_NODE: return writeElement(static_cast<const DOMElement&>(node), level, isInside);
-            case DOMNode::TEXT_NODE: return escape(view(node.getNodeValue()), false);
-            case DOMNode::CDATA_SECTION_NODE: return wrap("<![CDATA[", node.getNodeValue(), "]]>");
-            case DOMNode::COMMENT_NODE: return wrap("<!--", node.getNodeValue(), "-->");
-            case DOMNode::PROCESSING_INSTRUCTION_NODE: return writeInstruction(node);
-            default: return;
+            case DOMNode::ELEMENT_NODE:
+                return writeElement(static_cast<const DOMElement&>(node), level, isInside);
+            case DOMNode::TEXT_NODE:
+                return escape(view(node.getNodeValue()), false);
+            case DOMNode::CDATA_SECTION_NODE:
+                return wrap("<![CDATA[", node.getNodeValue(), "]]>");
+            case DOMNode::COMMENT_NODE:
+                return wrap("<!--", node.getNodeValue(), "-->");
+            case DOMNode::PROCESSING_INSTRUCTION_NODE:
+                return writeInstruction(node);
+            default:
+                return;
         }
     }
 
@@ -141,11 +147,16 @@ private:
 
     static const char* nameFor(char16_t c, bool isAttribute) {
         switch (c) {
-            case u'&': return "&amp;";
-            case u'<': return "&lt;";
-            case u'>': return "&gt;";
-            case u'"': return isAttribute ? "&quot;" : nullptr;
-            default: return nullptr;
+            case u'&':
+                return "&amp;";
+            case u'<':
+                return "&lt;";
+            case u'>':
+                return "&gt;";
+            case u'"':
+                return isAttribute ? "&quot;" : nullptr;
+            default:
+                return nullptr;
         }
     }
 

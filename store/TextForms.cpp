@@ -10,7 +10,9 @@ std::wstring textOf(double value) { return formatScientific(value); }
 
 std::wstring textOf(const Point_2Dim<int>& value) { return formatInteger(value.x) + L", " + formatInteger(value.y); }
 
-std::wstring textOf(const Point_2Dim<double>& value) { return formatScientific(value.x) + L", " + formatScientific(value.y); }
+std::wstring textOf(const Point_2Dim<double>& value) {
+    return formatScientific(value.x) + L", " + formatScientific(value.y);
+}
 
 std::wstring textOf(const Point_3Dim<double>& value) {
     return formatScientific(value.x) + L", " + formatScientific(value.y) + L", " + formatScientific(value.z);

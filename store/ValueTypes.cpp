@@ -5,7 +5,7 @@
 
 namespace {
 
-using Matrix3 = std::array<double, 9>;   // row by row
+using Matrix3 = std::array<double, 9>;  // row by row
 
 constexpr std::size_t at(std::size_t row, std::size_t column) { return row * 3 + column; }
 

@@ -11,7 +11,7 @@ namespace XMLConfig::detail {
 
 namespace {
 
-constexpr std::size_t messageLength = 2047;   // what the XML library is asked for at most
+constexpr std::size_t messageLength = 2047;  // what the XML library is asked for at most
 
 xercesc::DOMImplementation* start() {
     try {

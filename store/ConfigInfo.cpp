@@ -1,0 +1,118 @@
+#include "store/ConfigInfo.h"
+
+#include <log4cxx/logger.h>
+
+#include "platform/Files.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+#include "store/BuildIdentity.h"
+#include "store/CorvaneException.h"
+#include "store/Document.h"
+#include "store/DocumentWriter.h"
+#include "store/Log.h"
+
+using XMLConfig::detail::Change;
+using XMLConfig::detail::Document;
+using XMLConfig::detail::reporting;
+using XMLConfig::detail::wideTextOf;
+
+const std::shared_ptr<log4cxx::Logger> ConfigInfo::log = log4cxx::Logger::getLogger("Ulvano.XMLConfig.ConfigInfo");
+
+namespace {
+
+std::unique_ptr<Document> startedDocument() {
+    try {
+        auto document = std::make_unique<Document>();
+        document->initializeXerces();
+        return document;
+    } catch (...) {
+        throw CorvaneException(L"Error ConfigInfo: Unknown error during initializeXerces ");
+    }
+}
+
+xercesc::DOMElement& versionElement(const Document& document, const wchar_t* prefix) {
+    const auto* const section = document.getSection(L"Version", {});
+    if (section == nullptr) throw CorvaneException(prefix + std::wstring(L" No \"version\" node in XML file"));
+    return *section->element;
+}
+
+}  // namespace
+
+ConfigInfo::ConfigInfo() : m_document(startedDocument()) { m_document->initializeDOM(); }
+
+ConfigInfo::ConfigInfo(const std::wstring& path) : m_document(startedDocument()) { m_document->parseDataFile(path); }
+
+ConfigInfo::~ConfigInfo() = default;
+
+bool ConfigInfo::save(const std::wstring& path) {
+    if (path.empty()) return false;
+    if (!m_document->exists()) {
+        throw CorvaneException(
+            L"Error save(): Document not created, operation sequence is out of order, initialize document before using.");
+    }
+    try {
+        XMLConfig::detail::replaceFile(path, XMLConfig::detail::writeDocument(m_document->tree()));
+    } catch (const XMLConfig::detail::FileError& error) {
+        const std::wstring message =
+            L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" + error.message();
+        XMLConfig::detail::logWarn(log, message);
+        throw CorvaneException(message);
+    }
+    m_dirty = false;
+    return true;
+}
+
+double ConfigInfo::getVersion() const {
+    constexpr const wchar_t* prefix = L"Error getVersion: ";
+    return reporting(prefix, [&] {
+        std::u16string buffer;
+        return XMLConfig::detail::leadingDouble(XMLConfig::detail::textOf(versionElement(*m_document, prefix), buffer));
+    });
+}
+
+void ConfigInfo::setVersion(double version) {
+    constexpr const wchar_t* prefix = L"Error setVersion: ";
+    constexpr std::size_t versionLength = 31;
+    reporting(prefix, [&] {
+        xercesc::DOMElement& element = versionElement(*m_document, prefix);
+        const std::wstring text = XMLConfig::detail::formatFixed(version, 3).substr(0, versionLength);
+        const std::wstring before = m_document->observer == nullptr ? std::wstring() : wideTextOf(element);
+        m_document->setText(&element, text, {&element, m_document->getSection(L"Version", {})});
+        m_dirty = true;
+        if (m_document->observer != nullptr) {
+            m_document->observer->changed({Change::Kind::VersionChanged, L"Version", {}, {}, before, text});
+        }
+    });
+}
+
+void ConfigInfo::insertBuildDateAndNumber() {
+    if (!m_document->exists()) return;
+    reporting(L"Error insertBuildDateAndNumber(): ", [&] {
+        struct Stamp {
+            const wchar_t* name;
+            const std::wstring& text;
+            bool isSeen;
+        };
+        const std::wstring date = XMLConfig::detail::buildDate;
+        Stamp stamps[] = {{L"BuildDate", date, false}, {L"BuildNumber", XMLConfig::detail::buildNumber(), false}};
+        xercesc::DOMElement* maker = nullptr;
+        for (auto* child = m_document->root()->getFirstElementChild();
+             child != nullptr && !(stamps[0].isSeen && stamps[1].isSeen); child = child->getNextElementSibling()) {
+            const std::wstring name = XMLConfig::detail::fromUtf16(XMLConfig::detail::view(child->getNodeName()));
+            if (maker == nullptr && name == L"DevelopedBy") maker = child;
+            for (Stamp& stamp : stamps) {
+                if (name != stamp.name) continue;
+                stamp.isSeen = true;
+                if (wideTextOf(*child) == stamp.text) continue;
+                m_document->setText(child, stamp.text, {child, m_document->getSection(name, {})});
+            }
+        }
+        if (maker == nullptr) return;
+        for (const Stamp& stamp : stamps) {
+            if (!stamp.isSeen) m_document->insertHeaderBefore(maker, stamp.name, stamp.text);
+        }
+    });
+}
+
+bool ConfigInfo::isDirty() const { return m_dirty; }
+void ConfigInfo::setDirty(bool dirty) { m_dirty = dirty; }

@@ -1,0 +1,25 @@
+#include "store/ConfigInfoFactory.h"
+
+#include "store/BuildIdentity.h"
+#include "store/ConfigInfo.h"
+
+ConfigInfoFactory* ConfigInfoFactory::m_instance = nullptr;
+double ConfigInfoFactory::m_dFileVersion = XMLConfig::detail::latestFileVersion;
+
+ConfigInfoFactory* ConfigInfoFactory::getInstance() {
+    if (m_instance == nullptr) {
+        static ConfigInfoFactory factory;
+        m_instance = &factory;
+    }
+    return m_instance;
+}
+
+ConfigInfo* ConfigInfoFactory::createFromFile(const std::wstring& path) {
+    return std::make_unique<ConfigInfo>(path).release();
+}
+
+ConfigInfo* ConfigInfoFactory::createNew() { return std::make_unique<ConfigInfo>().release(); }
+
+double ConfigInfoFactory::getLatestFileVersionNumber() { return m_dFileVersion; }
+
+std::wstring ConfigInfoFactory::getBuildDate() { return XMLConfig::detail::buildDate; }

@@ -1,0 +1,148 @@
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+#include "store/ConfigInfo.h"
+#include "store/CorvaneException.h"
+#include "store/Document.h"
+#include "store/DocumentParser.h"
+#include "store/DocumentWriter.h"
+#include "store/Legality.h"
+
+using XMLConfig::detail::Address;
+using XMLConfig::detail::Change;
+using XMLConfig::detail::Container;
+using XMLConfig::detail::Document;
+using XMLConfig::detail::reporting;
+using XMLConfig::detail::wideTextOf;
+
+namespace {
+
+constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
+
+// A fragment that is about to be stored. Parsed before anything is changed.
+XMLConfig::detail::ParsedDocument parseElement(const Address& address, const std::wstring& value) {
+    try {
+        return XMLConfig::detail::parseFragment(XMLConfig::detail::toUtf8(value));
+    } catch (const XMLConfig::detail::ParseFailure& failure) {
+        throw CorvaneException(setItemPrefix + std::wstring(L" XML message is: ") + failure.message() + L" (" +
+                               XMLConfig::detail::describe(address) + L")");
+    }
+}
+
+void tell(const Document& document, Change::Kind kind, const Address& address, const std::wstring& before,
+          const std::wstring& after) {
+    if (document.observer == nullptr) return;
+    std::wstring key = address.key;
+    if (!address.subSectionName.empty()) {
+        key.insert(
+            0, address.subSectionName + (address.subSectionID.empty() ? L"" : L"[" + address.subSectionID + L"]") + L"|");
+    }
+    document.observer->changed({kind, address.sectionName, address.sectionID, key, before, after});
+}
+
+// What an observer is told of an item's content: its text, or its first element as XML text.
+std::wstring observed(const Document& document, const xercesc::DOMElement& item) {
+    if (document.observer == nullptr) return {};
+    const xercesc::DOMElement* const element = item.getFirstElementChild();
+    return element == nullptr ? wideTextOf(item) : XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*element));
+}
+
+}  // namespace
+
+std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const std::wstring& key,
+                                       const std::wstring& defaultValue, const std::wstring& sectionID,
+                                       const std::wstring& subSectionName, const std::wstring& subSectionID) const {
+    return reporting(L"Error getItem: ", [&] {
+        const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
+        const auto* const item = m_document->getItem(m_document->container(address), address);
+        return item == nullptr ? defaultValue : wideTextOf(*item);
+    });
+}
+
+void ConfigInfo::setStringItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& value,
+                               const std::wstring& sectionID, const std::wstring& subSectionName,
+                               const std::wstring& subSectionID) {
+    setItem(sectionName, key, value, sectionID, L"String", subSectionName, subSectionID);
+}
+
+std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionName, const std::wstring& key,
+                                                   const std::wstring& defaultValue, const std::wstring& sectionID) const {
+    return reporting(L"Error getItem: ", [&]() -> std::wstring {
+        const auto* const item = m_document->getItem(sectionName, key, sectionID);
+        if (item == nullptr || item->getFirstChild() == nullptr) return defaultValue;
+        const auto* const first = item->getFirstChild();
+        if (first->getNodeType() == xercesc::DOMNode::TEXT_NODE && first->getNextSibling() == nullptr)
+            return wideTextOf(*item);
+        const auto* const element = item->getFirstElementChild();
+        return element == nullptr ? defaultValue : XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*element));
+    });
+}
+
+void ConfigInfo::setStringItemAsDOMElement(const std::wstring& sectionName, const std::wstring& key,
+                                           const std::wstring& value, const std::wstring& sectionID) {
+    setItem(sectionName, key, value, sectionID, L"DOMElement", {}, {});
+}
+
+bool ConfigInfo::doesSectionExist(const std::wstring& sectionName, const std::wstring& sectionID) const {
+    return reporting(L"Error getSection: ", [&] { return m_document->getSection(sectionName, sectionID) != nullptr; });
+}
+
+bool ConfigInfo::doesSubSectionExist(const std::wstring& sectionName, const std::wstring& subSectionName,
+                                     const std::wstring& sectionID, const std::wstring& subSectionID) const {
+    return reporting(L"Error getSection: ", [&] {
+        return m_document->getSubSection(sectionName, subSectionName, sectionID, subSectionID) != nullptr;
+    });
+}
+
+bool ConfigInfo::doesItemExist(const std::wstring& sectionName, const std::wstring& key,
+                               const std::wstring& sectionID) const {
+    return reporting(L"Error getItem: ", [&] { return m_document->getItem(sectionName, key, sectionID) != nullptr; });
+}
+
+bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& sectionID) {
+    return reporting(L"Error removeItem(): ", [&] {
+        const Address address{sectionName, sectionID, key, {}, {}};
+        const Container container = m_document->container(address);
+        auto* const item = m_document->getItem(container, address);
+        if (item == nullptr) return false;
+        const std::wstring before = observed(*m_document, *item);
+        m_document->removeItem(*container.section, item);
+        m_dirty = true;
+        tell(*m_document, Change::Kind::ItemRemoved, address, before, {});
+        return true;
+    });
+}
+
+void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& value,
+                         const std::wstring& sectionID, const std::wstring& type, const std::wstring& subSectionName,
+                         const std::wstring& subSectionID) {
+    if (!m_document->exists()) return;
+    reporting(setItemPrefix, [&] {
+        const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
+        const bool isElement = type == L"DOMElement";
+        Container container = m_document->container(address);
+        auto* item = m_document->getItem(container, address);
+        const bool isNew = item == nullptr;
+        if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item, value))) return;
+
+        XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value);
+        const auto content =
+            isElement && !value.empty() ? parseElement(address, value) : XMLConfig::detail::ParsedDocument();
+        XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
+
+        const std::wstring before = isNew ? std::wstring() : observed(*m_document, *item);
+        if (isNew) {
+            if (container.element == nullptr) container = m_document->makeContainer(address);
+            item = m_document->makeItem(container, key);
+        }
+        bool isChanged = true;
+        if (content.document) {
+            isChanged = m_document->setElement(item, *content.document->getDocumentElement(), container) || isNew;
+        } else if (!isElement) {
+            m_document->setText(item, value, container);
+        }
+        if (!isChanged) return;
+        m_dirty = true;
+        tell(*m_document, isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged, address, before,
+             observed(*m_document, *item));
+    });
+}

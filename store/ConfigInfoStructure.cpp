@@ -1,0 +1,126 @@
+#include "platform/Text.h"
+#include "store/ConfigInfo.h"
+#include "store/Document.h"
+#include "store/Legality.h"
+
+using XMLConfig::detail::Change;
+using XMLConfig::detail::Document;
+using XMLConfig::detail::idOf;
+using XMLConfig::detail::reporting;
+using XMLConfig::detail::view;
+
+namespace {
+
+constexpr const wchar_t* sectionPrefix = L"Error getSection: ";
+
+void appendIDs(std::vector<std::wstring>& ids, const xercesc::DOMElement& element) {
+    if (element.hasAttribute(XMLConfig::detail::xmlText(u"ID"))) ids.push_back(idOf(element));
+}
+
+std::vector<xercesc::DOMElement*> subSections(const Document& document, const std::wstring& name,
+                                              const std::wstring& subName) {
+    std::vector<xercesc::DOMElement*> found;
+    const std::u16string tag = XMLConfig::detail::toUtf16(subName);
+    for (const auto* const section : document.sections(name)) {
+        for (auto* child = section->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
+            if (view(child->getNodeName()) == tag) found.push_back(child);
+        }
+    }
+    return found;
+}
+
+// The nearest section of the same name, earlier or later; null when there is none.
+xercesc::DOMElement* neighbour(xercesc::DOMElement* section, int direction) {
+    const std::u16string_view name = view(section->getNodeName());
+    do {
+        section = direction < 0 ? section->getPreviousElementSibling() : section->getNextElementSibling();
+    } while (section != nullptr && view(section->getNodeName()) != name);
+    return section;
+}
+
+void tell(const Document& document, Change::Kind kind, const std::wstring& name, const std::wstring& id,
+          const std::wstring& key, const std::wstring& before, const std::wstring& after) {
+    if (document.observer != nullptr) document.observer->changed({kind, name, id, key, before, after});
+}
+
+}  // namespace
+
+int ConfigInfo::getSectionCount(const std::wstring& sectionName) const {
+    return reporting(sectionPrefix, [&] { return static_cast<int>(m_document->sections(sectionName).size()); });
+}
+
+std::vector<std::wstring> ConfigInfo::getSectionIDs(const std::wstring& sectionName) const {
+    return reporting(sectionPrefix, [&] {
+        std::vector<std::wstring> ids;
+        for (const auto* const section : m_document->sections(sectionName)) appendIDs(ids, *section);
+        return ids;
+    });
+}
+
+int ConfigInfo::getSubSectionCount(const std::wstring& sectionName, const std::wstring& subSectionName) const {
+    return reporting(sectionPrefix,
+                     [&] { return static_cast<int>(subSections(*m_document, sectionName, subSectionName).size()); });
+}
+
+std::vector<std::wstring> ConfigInfo::getSubSectionIDs(const std::wstring& sectionName,
+                                                       const std::wstring& subSectionName) const {
+    return reporting(sectionPrefix, [&] {
+        std::vector<std::wstring> ids;
+        for (const auto* const subSection : subSections(*m_document, sectionName, subSectionName))
+            appendIDs(ids, *subSection);
+        return ids;
+    });
+}
+
+bool ConfigInfo::removeSection(const std::wstring& sectionName, const std::wstring& sectionID) {
+    return reporting(sectionPrefix, [&] {
+        auto* const section = m_document->getSection(sectionName, sectionID);
+        if (section == nullptr) return false;
+        m_document->removeSection(*section);
+        m_dirty = true;
+        tell(*m_document, Change::Kind::SectionRemoved, sectionName, sectionID, {}, {}, {});
+        return true;
+    });
+}
+
+bool ConfigInfo::removeSubSection(const std::wstring& sectionName, const std::wstring& subSectionName,
+                                  const std::wstring& sectionID, const std::wstring& subSectionID) {
+    return reporting(sectionPrefix, [&] {
+        auto* const subSection = m_document->getSubSection(sectionName, subSectionName, sectionID, subSectionID);
+        if (subSection == nullptr) return false;
+        m_document->removeSubSection(subSection);
+        m_dirty = true;
+        tell(*m_document, Change::Kind::SectionRemoved, sectionName, sectionID,
+             subSectionName + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]"), {}, {});
+        return true;
+    });
+}
+
+bool ConfigInfo::renameSection(const std::wstring& sectionName, const std::wstring& oldID, const std::wstring& newID) {
+    constexpr const wchar_t* prefix = L"Error renameSection: ";
+    if (oldID.empty()) return false;
+    return reporting(prefix, [&] {
+        auto* const section = m_document->getSection(sectionName, oldID);
+        if (section == nullptr) return false;
+        XMLConfig::detail::refuseIdentifier(prefix, sectionName, newID);
+        m_document->renameSection(*section, newID);
+        m_dirty = true;
+        tell(*m_document, Change::Kind::SectionRenamed, sectionName, oldID, {}, oldID, newID);
+        return true;
+    });
+}
+
+bool ConfigInfo::moveSection(int direction, const std::wstring& sectionName, const std::wstring& sectionID) {
+    if (direction != -1 && direction != 1) return false;
+    return reporting(sectionPrefix, [&] {
+        const auto* const section = m_document->getSection(sectionName, sectionID);
+        if (section == nullptr) return false;
+        auto* const element = section->element;
+        auto* const other = neighbour(element, direction);
+        if (other == nullptr) return false;
+        m_document->swapSections(direction < 0 ? other : element, direction < 0 ? element : other);
+        m_dirty = true;
+        tell(*m_document, Change::Kind::SectionMoved, sectionName, sectionID, {}, {}, {});
+        return true;
+    });
+}

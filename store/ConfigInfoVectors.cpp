@@ -1,0 +1,98 @@
+#include <cstdint>
+
+#include "store/ConfigInfo.h"
+#include "store/CorvaneException.h"
+#include "store/TextForms.h"
+#include "store/TokenItems.h"
+
+using XMLConfig::detail::Element;
+using XMLConfig::detail::readOr;
+using XMLConfig::detail::textOf;
+using XMLConfig::detail::tokensOf;
+
+namespace {
+
+std::wstring elementKey(const std::wstring& key, int i, int j) {
+    constexpr std::size_t keyLength = 127;
+    return (key + L"_" + textOf(i) + L"_" + textOf(j)).substr(0, keyLength);
+}
+
+template <typename T>
+void getVector(const ConfigInfo& configInfo, const std::wstring& sectionName, const std::wstring& key, int n, int m,
+               std::vector<T>& values, const std::wstring& sectionID) {
+    for (int j = 0; j < m; ++j) {
+        for (int i = 0; i < n; ++i) {
+            values.push_back(
+                readOr(tokensOf(configInfo, sectionName, elementKey(key, i, j), sectionID), Element<T>::placeholder()));
+        }
+    }
+}
+
+// The number of elements that a vector must hold, computed in 32 bits.
+std::size_t elementCount(int n, int m) {
+    const auto product = static_cast<std::int32_t>(static_cast<std::uint32_t>(n) * static_cast<std::uint32_t>(m));
+    return product < 0 ? 0 : static_cast<std::size_t>(product);
+}
+
+template <typename T, typename Set>
+void setVector(const wchar_t* tooSmall, const std::wstring& key, int n, int m, const std::vector<T>& values, Set setItem) {
+    if (values.size() < elementCount(n, m)) throw CorvaneException(tooSmall);
+    std::size_t k = 0;
+    for (int j = 0; j < m; ++j) {
+        for (int i = 0; i < n && k < values.size(); ++i, ++k) setItem(elementKey(key, i, j), textOf(values[k]));
+    }
+}
+
+}  // namespace
+
+void ConfigInfo::getDoubleVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                 std::vector<double>& values, const std::wstring& sectionID) const {
+    getVector(*this, sectionName, key, dimension1, dimension2, values, sectionID);
+}
+
+void ConfigInfo::setDoubleVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                 const std::vector<double>& values, const std::wstring& sectionID) {
+    setVector(L"Error: ConfigInfo::setDoubleVector: Passed buffer is too small to support dimensions", key, dimension1,
+              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
+                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+              });
+}
+
+void ConfigInfo::getPoint2IVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                  std::vector<Point_2Dim<int>>& values, const std::wstring& sectionID) const {
+    getVector(*this, sectionName, key, dimension1, dimension2, values, sectionID);
+}
+
+void ConfigInfo::setPoint2IVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                  const std::vector<Point_2Dim<int>>& values, const std::wstring& sectionID) {
+    setVector(L"Error: ConfigInfo::setPoint2IVector: Passed buffer is too small to support diamensions", key, dimension1,
+              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
+                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+              });
+}
+
+void ConfigInfo::getPoint2DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                  std::vector<Point_2Dim<double>>& values, const std::wstring& sectionID) const {
+    getVector(*this, sectionName, key, dimension1, dimension2, values, sectionID);
+}
+
+void ConfigInfo::setPoint2DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                  const std::vector<Point_2Dim<double>>& values, const std::wstring& sectionID) {
+    setVector(L"Error: ConfigInfo::setPoint2DVector: Passed buffer is too small to support diamensions", key, dimension1,
+              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
+                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+              });
+}
+
+void ConfigInfo::getPoint3DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                  std::vector<Point_3Dim<double>>& values, const std::wstring& sectionID) const {
+    getVector(*this, sectionName, key, dimension1, dimension2, values, sectionID);
+}
+
+void ConfigInfo::setPoint3DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
+                                  const std::vector<Point_3Dim<double>>& values, const std::wstring& sectionID) {
+    setVector(L"Error: ConfigInfo::setPoint3DVector: Passed buffer is too small to support diamensions", key, dimension1,
+              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
+                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+              });
+}

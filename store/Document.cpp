@@ -1,0 +1,154 @@
+#include "store/Document.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Files.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+#include "store/BuildIdentity.h"
+#include "store/ConfigInfo.h"
+#include "store/CorvaneException.h"
+#include "store/DocumentParser.h"
+
+namespace XMLConfig::detail {
+
+namespace {
+
+using xercesc::DOMElement;
+using xercesc::DOMNode;
+
+bool hasName(const DOMElement& element, std::u16string_view name) { return view(element.getNodeName()) == name; }
+
+}  // namespace
+
+Document& Document::of(ConfigInfo& configInfo) { return *configInfo.m_document; }
+const Document& Document::of(const ConfigInfo& configInfo) { return *configInfo.m_document; }
+
+ChangeObserver* setChangeObserver(ConfigInfo& document, ChangeObserver* observer) {
+    return std::exchange(Document::of(document).observer, observer);
+}
+
+void Document::initializeXerces() { m_implementation = startXmlLibrary(); }
+
+bool Document::parseDataFile(const std::wstring& path) {
+    if (m_implementation == nullptr) return false;
+    if (!canOpenForUpdate(path)) throw CorvaneException(L"Error parseDataFile: Can not open file: " + path);
+    const std::wstring failed = L"Error parseDataFile: Error during parsing: " + path;
+    try {
+        m_document = parseFile(path).document;
+    } catch (const ParseFailure& failure) {
+        throw CorvaneException(failed + L" XML message is: " + failure.message());
+    } catch (const xercesc::XMLException& exception) {
+        throw CorvaneException(failed + L" XML message is: " + fromUtf16(view(exception.getMessage())));
+    } catch (const xercesc::DOMException& exception) {
+        throw CorvaneException(failed + messageOf(exception));
+    } catch (...) {
+        throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + path);
+    }
+    m_index.reset(m_document->getDocumentElement());
+    return true;
+}
+
+void Document::initializeDOM() {
+    if (m_implementation == nullptr) {
+        throw CorvaneException(L"Error initializeDataFile: Requested implementation is not supported");
+    }
+    try {
+        m_document.reset(m_implementation->createDocument(nullptr, xmlText(u"ConfigInfo"), nullptr));
+        appendElement(root(), L"Version", formatFixed(latestFileVersion, 3));
+        appendElement(root(), L"BuildDate", buildDate);
+        appendElement(root(), L"BuildNumber", buildNumber());
+        appendElement(root(), L"DevelopedBy", makerName);
+    } catch (const xercesc::DOMException& exception) {
+        throw CorvaneException(L"Error initializeDataFile: DOMException code is: " + formatInteger(exception.code));
+    } catch (...) {
+        throw CorvaneException(L"Error initializeDataFile: An unknown error occurred creating the document");
+    }
+    m_index.reset(root());
+}
+
+DOMElement* Document::root() const { return m_document ? m_document->getDocumentElement() : nullptr; }
+
+Section* Document::getSection(const std::wstring& name, const std::wstring& id) const { return m_index.find(name, id); }
+
+DOMElement* Document::getSubSection(const std::wstring& name, const std::wstring& subName, const std::wstring& id,
+                                    const std::wstring& subID) const {
+    const Section* const first = getSection(name, id);
+    if (first == nullptr) return nullptr;
+    const std::u16string tag = toUtf16(name);
+    const std::u16string tagID = toUtf16(id);
+    const std::u16string subTag = toUtf16(subName);
+    const std::u16string subTagID = toUtf16(subID);
+    const auto matches = [](const DOMElement& element, const std::u16string& name16, const std::u16string& id16) {
+        return hasName(element, name16) && (id16.empty() || view(element.getAttribute(xmlText(u"ID"))) == id16);
+    };
+    for (DOMElement* section = first->element; section != nullptr; section = section->getNextElementSibling()) {
+        if (!matches(*section, tag, tagID)) continue;
+        for (DOMElement* child = section->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
+            if (matches(*child, subTag, subTagID)) return child;
+        }
+    }
+    return nullptr;
+}
+
+Container Document::container(const Address& address) const {
+    if (!address.subSectionName.empty()) {
+        return {getSubSection(address.sectionName, address.subSectionName, address.sectionID, address.subSectionID),
+                nullptr};
+    }
+    Section* const section = getSection(address.sectionName, address.sectionID);
+    return {section == nullptr ? nullptr : section->element, section};
+}
+
+DOMElement* Document::getItem(const Container& container, const Address& address) const {
+    if (container.section != nullptr) return SectionIndex::item(*container.section, address.key);
+    return container.element == nullptr ? nullptr : walkKey(container.element, toUtf16(address.key));
+}
+
+DOMElement* Document::getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const {
+    Section* const section = getSection(name, id);
+    return section == nullptr ? nullptr : SectionIndex::item(*section, key);
+}
+
+std::vector<DOMElement*> Document::sections(const std::wstring& name) const {
+    std::vector<DOMElement*> found;
+    const Section* const first = getSection(name, {});
+    const std::u16string tag = toUtf16(name);
+    for (DOMElement* element = first == nullptr ? nullptr : first->element; element != nullptr;
+         element = element->getNextElementSibling()) {
+        if (hasName(*element, tag)) found.push_back(element);
+    }
+    return found;
+}
+
+std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {
+    const DOMNode* const first = element.getFirstChild();
+    if (first == nullptr) return {};
+    if (first->getNodeType() == DOMNode::TEXT_NODE && first->getNextSibling() == nullptr) return view(first->getNodeValue());
+    const auto gather = [&buffer](const auto& self, const DOMNode& node) -> void {
+        for (const DOMNode* child = node.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
+            const auto type = child->getNodeType();
+            if (type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE) {
+                buffer += view(child->getNodeValue());
+            } else if (type == DOMNode::ELEMENT_NODE) {
+                self(self, *child);
+            }
+        }
+    };
+    buffer.clear();
+    gather(gather, element);
+    return buffer;
+}
+
+bool hasText(const DOMElement& element, const std::wstring& text) {
+    std::u16string buffer;
+    return equal(textOf(element, buffer), text);
+}
+
+std::wstring wideTextOf(const DOMElement& element) {
+    std::u16string buffer;
+    return fromUtf16(textOf(element, buffer));
+}
+
+}  // namespace XMLConfig::detail

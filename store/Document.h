@@ -1,0 +1,92 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "store/ChangeObserver.h"
+#include "store/SectionIndex.h"
+#include "store/XmlLibrary.h"
+
+class ConfigInfo;
+
+/// The tree behind a ConfigInfo: loading and making it, finding elements by address, and the primitive changes that the
+/// public operations are made of. Keeps the section index true.
+namespace XMLConfig::detail {
+
+/// Where a value is: a section, perhaps a subsection, and a key. References to the caller's text.
+struct Address {
+    const std::wstring& sectionName;
+    const std::wstring& sectionID;
+    const std::wstring& key;
+    const std::wstring& subSectionName;
+    const std::wstring& subSectionID;
+};
+
+/// The element below which a key is resolved. `section` is known only when it is the section itself.
+struct Container {
+    xercesc::DOMElement* element = nullptr;
+    Section* section = nullptr;
+};
+
+class Document {
+public:
+    static Document& of(ConfigInfo& configInfo);
+    static const Document& of(const ConfigInfo& configInfo);
+
+    /// Starts the XML library. Throws when it does not start.
+    void initializeXerces();
+    /// Replaces the tree by a file's. False when there is no parser; throws as ConfigInfo's file constructor.
+    bool parseDataFile(const std::wstring& path);
+    /// Replaces the tree by a new one: the root and its four header elements.
+    void initializeDOM();
+
+    [[nodiscard]] bool exists() const { return m_document != nullptr; }
+    [[nodiscard]] const xercesc::DOMDocument& tree() const { return *m_document; }
+    [[nodiscard]] xercesc::DOMElement* root() const;
+
+    // Looking up; null where there is nothing.
+    Section* getSection(const std::wstring& name, const std::wstring& id) const;
+    xercesc::DOMElement* getSubSection(const std::wstring& name, const std::wstring& subName, const std::wstring& id,
+                                       const std::wstring& subID) const;
+    [[nodiscard]] Container container(const Address& address) const;
+    xercesc::DOMElement* getItem(const Container& container, const Address& address) const;
+    xercesc::DOMElement* getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
+    /// Root children of that tag, in document order.
+    [[nodiscard]] std::vector<xercesc::DOMElement*> sections(const std::wstring& name) const;
+
+    // Changing. Callers set the dirty flag and tell the observer.
+    Container makeContainer(const Address& address);
+    /// Walks the key below the container, making what is missing.
+    xercesc::DOMElement* makeItem(const Container& container, const std::wstring& key);
+    void setText(xercesc::DOMElement* item, const std::wstring& value, const Container& container);
+    /// The element becomes the item's only content. True when that differs from what was there by more than layout.
+    bool setElement(xercesc::DOMElement* item, const xercesc::DOMElement& content, const Container& container);
+    void removeItem(Section& section, xercesc::DOMElement* item);
+    void removeSection(Section& section);
+    void removeSubSection(xercesc::DOMElement* subSection);
+    void renameSection(Section& section, const std::wstring& newID);
+    /// The sections have one tag and `earlier` stands before `later`; `later` goes immediately before `earlier`.
+    void swapSections(xercesc::DOMElement* earlier, xercesc::DOMElement* later);
+    xercesc::DOMElement* appendElement(xercesc::DOMNode* parent, const std::wstring& name, const std::wstring& text);
+    void insertHeaderBefore(xercesc::DOMElement* next, const std::wstring& name, const std::wstring& text);
+
+    ChangeObserver* observer = nullptr;  ///< not owned
+
+private:
+    xercesc::DOMElement* makeElement(const xercesc::DOMNode& parent, const std::wstring& name);
+    void forgetItemsOf(const Container& container);
+
+    xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
+    DocumentPointer m_document;
+    mutable SectionIndex m_index;
+};
+
+/// The text of an element with that of everything inside it. The view is into the tree where the element holds one piece
+/// of text, else into `buffer`; it is good until the tree or the buffer changes.
+std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& buffer);
+bool hasText(const xercesc::DOMElement& element, const std::wstring& text);
+std::wstring wideTextOf(const xercesc::DOMElement& element);
+/// Whether two trees are equal when text nodes made of layout only are left out.
+bool compareCollapsedNodes(const xercesc::DOMNode& left, const xercesc::DOMNode& right);
+
+}  // namespace XMLConfig::detail

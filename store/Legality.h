@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "store/Document.h"
+
+/// What is refused before anything is changed, so that a document that has been written can always be read again.
+namespace XMLConfig::detail {
+
+/// "section "Name" [ID], key "Key"" for messages.
+std::wstring describe(const Address& address);
+
+/// Throws CorvaneException for a value or an identifier with a character that XML 1.0 cannot hold; the message begins with
+/// the prefix and names the section, the key, the character's number and its place.
+void refuseWhatXmlCannotHold(const wchar_t* prefix, const Address& address, const std::wstring& value);
+/// The same for a section's new identifier.
+void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, const std::wstring& id);
+/// Throws CorvaneException where the item, with `depthInside` levels in it, would lie deeper than can be read again.
+void refuseDeepNesting(const wchar_t* prefix, const Address& address, int depthInside);
+
+}  // namespace XMLConfig::detail
