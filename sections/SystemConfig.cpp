@@ -1,0 +1,283 @@
+#include "sections/SystemConfig.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "base/Items.h"
+#include "sections/SystemItems.h"
+#include "sections/SystemTexts.h"
+#include "store/CorvaneException.h"
+#include "store/Outline.h"
+
+namespace items = XMLConfig::detail::systemItems;
+using XMLConfig::detail::blackBoxFromText;
+using XMLConfig::detail::blackBoxText;
+using XMLConfig::detail::numberedKey;
+using XMLConfig::detail::numberOfKey;
+using XMLConfig::detail::relayAssociationsFromText;
+using XMLConfig::detail::relayAssociationsText;
+
+const std::wstring SystemConfig::DEFAULT_FILE_BASENAME = L"untitled";
+const std::wstring SystemConfig::DEFAULT_SKORRA_FILE_EXTENSION = L".skorrax";
+const std::wstring SystemConfig::PROMPT_SUFFIX = L"-prompt";
+
+SystemConfig::SystemConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager> assetManager, const std::wstring& sectionID)
+    : BaseConfig(configInfo, items::sectionName, sectionID),
+      m_markerMethodTexts{{MarkerLocationManual, L"manual"},
+                          {MarkerLocationLed, L"led"},
+                          {MarkerLocationLedManual, L"led-manual"},
+                          {MarkerLocationAct, L"act"},
+                          {MarkerLocationMarkedSurfaceAutomatic, L"marked-surface-automatic"},
+                          {MarkerLocationStructuredLight, L"structured-light"},
+                          {MarkerLocationCheckerboard, L"checkerboard"}},
+      m_assetManager(std::move(assetManager)) {
+    for (const auto& [method, text] : m_markerMethodTexts) m_markerMethods.emplace(text, method);
+    for (const auto method : {MarkerLocationAct, MarkerLocationMarkedSurfaceAutomatic})
+        m_markerMethods.emplace(m_markerMethodTexts.at(method) + PROMPT_SUFFIX, method);
+}
+
+SystemConfig::~SystemConfig() = default;
+
+void SystemConfig::initialize() {
+    writeInitial(items::areBlindersUsed);
+    writeInitial(items::isCameraUsed);
+    writeInitial(items::availableBlackBoxPowerPorts);
+    writeInitial(items::parallelizeSends);
+    setACTCount(items::actCount.initial);
+    writeInitial(items::glareThresholdPercentage);
+    writeInitial(items::markedSurfaceMaskingExpansionPercentage);
+    writeInitial(items::markerLocationMethod);
+    writeInitial(items::lengthUnit);
+    writeInitial(items::angleUnit);
+}
+
+std::wstring SystemConfig::getLengthUnit() const { return read(items::lengthUnit); }
+std::wstring SystemConfig::getAngleUnit() const { return read(items::angleUnit); }
+
+double SystemConfig::getCinemaKeystoneValue() const { return read(items::cinemaKeystoneValue); }
+void SystemConfig::setCinemaKeystoneValue(double value) { write(items::cinemaKeystoneValue, value); }
+double SystemConfig::getCinemaVerticalShift() const { return read(items::cinemaVerticalShift); }
+void SystemConfig::setCinemaVerticalShift(double value) { write(items::cinemaVerticalShift, value); }
+double SystemConfig::getCinemaVerticalStretch() const { return read(items::cinemaVerticalStretch); }
+void SystemConfig::setCinemaVerticalStretch(double value) { write(items::cinemaVerticalStretch, value); }
+
+bool SystemConfig::getSupportsPellinor() const { return read(items::supportsPellinor); }
+void SystemConfig::setSupportsPellinor(bool value) { write(items::supportsPellinor, value); }
+bool SystemConfig::getOneShotMappersEnabled() const { return read(items::oneShotMappers); }
+void SystemConfig::setOneShotMappersEnabled(bool value) { write(items::oneShotMappers, value); }
+std::wstring SystemConfig::getSkorraFilename() const { return read(items::skorraFile); }
+bool SystemConfig::getAreBlindersUsed() const { return read(items::areBlindersUsed); }
+void SystemConfig::setAreBlindersUsed(bool value) { write(items::areBlindersUsed, value); }
+bool SystemConfig::getIsBlbUsed() const { return read(items::isBlbUsed); }
+void SystemConfig::setIsBlbUsed(bool value) { write(items::isBlbUsed, value); }
+bool SystemConfig::getIsCameraUsed() const { return read(items::isCameraUsed); }
+void SystemConfig::setIsCameraUsed(bool value) { write(items::isCameraUsed, value); }
+bool SystemConfig::isUseScreenAsMaskEnabled() const { return read(items::isReferenceOverlayMaskingEnabled); }
+void SystemConfig::enableUseScreenAsMask(bool value) { write(items::isReferenceOverlayMaskingEnabled, value); }
+bool SystemConfig::getPoseBlenderIgnoresOcclusions() const { return read(items::poseBlenderIgnoresShadows); }
+void SystemConfig::setPoseBlenderIgnoresOcclusions(bool value) { write(items::poseBlenderIgnoresShadows, value); }
+bool SystemConfig::getParallelizeSends() const { return read(items::parallelizeSends); }
+void SystemConfig::setParallelizeSends(bool value) { write(items::parallelizeSends, value); }
+int SystemConfig::getGlareThreshold() const { return read(items::glareThresholdPercentage); }
+void SystemConfig::setGlareThreshold(int percent) { write(items::glareThresholdPercentage, percent); }
+int SystemConfig::getMarkedSurfaceMaskingExpansionPct() const {
+    return read(items::markedSurfaceMaskingExpansionPercentage);
+}
+void SystemConfig::setMarkedSurfaceMaskingExpansionPct(int percent) {
+    write(items::markedSurfaceMaskingExpansionPercentage, percent);
+}
+int SystemConfig::getReferenceMappingsTimeStamp() const { return read(items::referenceMappingsTimestamp); }
+void SystemConfig::setReferenceMappingsTimeStamp(int timeStamp) { write(items::referenceMappingsTimestamp, timeStamp); }
+
+int SystemConfig::getNumAvailableBlackBoxPowerPorts() const { return read(items::availableBlackBoxPowerPorts); }
+void SystemConfig::setNumAvailableBlackBoxPowerPorts(int count) { write(items::availableBlackBoxPowerPorts, count); }
+BlackBoxInfo SystemConfig::getBlackBoxCamerasComm() const { return getGenericBlackBoxComm(items::blackBoxCamerasComm.key); }
+void SystemConfig::setBlackBoxCamerasComm(const BlackBoxInfo& info) {
+    setBlackBoxKeepingOtherPorts(items::blackBoxCamerasComm.key, info);
+}
+BlackBoxInfo SystemConfig::getBlackBoxLEDLightsComm() const {
+    return getGenericBlackBoxComm(items::blackBoxLEDLightsComm.key);
+}
+void SystemConfig::setBlackBoxLEDLightsComm(const BlackBoxInfo& info) {
+    setBlackBoxKeepingOtherPorts(items::blackBoxLEDLightsComm.key, info);
+}
+
+std::wstring SystemConfig::getMotoBlendInitCommand() const { return read(items::motoBlendInitCommand); }
+void SystemConfig::setMotoBlendInitCommand(const std::wstring& command) { write(items::motoBlendInitCommand, command); }
+std::wstring SystemConfig::getMotoBlendOpenCommand() const { return read(items::motoBlendOpenCommand); }
+void SystemConfig::setMotoBlendOpenCommand(const std::wstring& command) { write(items::motoBlendOpenCommand, command); }
+std::wstring SystemConfig::getMotoBlendCloseCommand() const { return read(items::motoBlendCloseCommand); }
+void SystemConfig::setMotoBlendCloseCommand(const std::wstring& command) { write(items::motoBlendCloseCommand, command); }
+
+int SystemConfig::getACTCount() { return read(items::actCount); }
+std::wstring SystemConfig::getACTBlobDetectionMethod() const { return read(items::actBlobDetectionMethod); }
+void SystemConfig::setACTBlobDetectionMethod(const std::wstring& method) { write(items::actBlobDetectionMethod, method); }
+double SystemConfig::getACTBlobMinArea() const { return read(items::actBlobMinArea); }
+void SystemConfig::setACTBlobMinArea(double area) { write(items::actBlobMinArea, area); }
+double SystemConfig::getACTBlobMaxArea() const { return read(items::actBlobMaxArea); }
+double SystemConfig::getACTBlobClusteringDistance() const { return read(items::actBlobClusteringDistance); }
+double SystemConfig::getACTBlobMinSeparationDistance() const { return read(items::actBlobMinSeparationDistance); }
+int SystemConfig::getACTBlobIntensityJumpThreshold() const { return read(items::actBlobIntensityJumpThreshold); }
+int SystemConfig::getACTBlobMaxObservations() const { return read(items::actBlobMaxObservations); }
+
+// Marker location method.
+
+SystemConfig::MarkerLocationMethodEnum SystemConfig::getMarkerLocationMethod() const {
+    return markerLocationMethodEnumFromString(read(items::markerLocationMethod).value);
+}
+
+void SystemConfig::setMarkerLocationMethod(MarkerLocationMethodEnum method) {
+    const auto known = m_markerMethodTexts.find(method);
+    if (known == m_markerMethodTexts.end()) throw CorvaneException(L"Unexpected marker location enum");
+    const bool automatic = method == MarkerLocationAct || method == MarkerLocationMarkedSurfaceAutomatic;
+    write(items::markerLocationMethod, automatic && m_promptUser ? known->second + PROMPT_SUFFIX : known->second);
+}
+
+bool SystemConfig::getPromptUserForAutomaticCameraCalibrationEnabledState() const {
+    return read(items::markerLocationMethod).value.find(PROMPT_SUFFIX) != std::wstring::npos;
+}
+
+void SystemConfig::setPromptUserForAutomaticCameraCalibrationEnabledState(bool enabled) {
+    m_promptUser = enabled;
+    setMarkerLocationMethod(getMarkerLocationMethod());
+}
+
+bool SystemConfig::isAutomaticCameraCalibrationEnabled() const {
+    const MarkerLocationMethodEnum method = getMarkerLocationMethod();
+    return method == MarkerLocationAct || method == MarkerLocationMarkedSurfaceAutomatic;
+}
+
+SystemConfig::MarkerLocationMethodEnum SystemConfig::markerLocationMethodEnumFromString(const std::wstring& text) const {
+    const auto known = m_markerMethods.find(text);
+    return known == m_markerMethods.end() ? MarkerLocationManual : known->second;
+}
+
+std::string SystemConfig::MarkerLocationMethodEnumToString(MarkerLocationMethodEnum method) {
+    switch (method) {
+        case MarkerLocationManual:
+            return "Manual";
+        case MarkerLocationLed:
+            return "LED Automatic";
+        case MarkerLocationLedManual:
+            return "LED Manual";
+        case MarkerLocationAct:
+            return "ACT Calibration";
+        case MarkerLocationMarkedSurfaceAutomatic:
+            return "Image-Based Calibration";
+        case MarkerLocationStructuredLight:
+            return "Structured Light Calibration";
+        default:
+            return "";
+    }
+}
+
+// Units.
+
+void SystemConfig::setLengthUnit(const std::wstring& name) {
+    const bool known = name == UNIT_MILLIMETERS() || name == UNIT_CENTIMETERS() || name == UNIT_INCHES() ||
+                       name == UNIT_FEET() || name == UNIT_METERS();
+    if (known) write(items::lengthUnit, name);
+}
+
+void SystemConfig::setAngleUnit(const std::wstring& name) {
+    if (name == ANGLE_UNIT_DEGREES() || name == ANGLE_UNIT_RADIANS()) write(items::angleUnit, name);
+}
+
+UnitConversionTable::UnitSubType SystemConfig::getLengthUnitByEnum() const {
+    return UnitConversionTable::getUnitSubTypeFromName(getLengthUnit());
+}
+
+void SystemConfig::setLengthUnitByEnum(UnitConversionTable::UnitSubType subType) {
+    switch (subType) {
+        case UnitConversionTable::Meters:
+        case UnitConversionTable::Centimeters:
+        case UnitConversionTable::Feet:
+        case UnitConversionTable::Inches:
+            setLengthUnit(UnitConversionTable::getUnitName(subType));
+            break;
+        default:
+            break;
+    }
+}
+
+UnitConversionTable::UnitSubType SystemConfig::getAngleUnitByEnum() const {
+    return UnitConversionTable::getUnitSubTypeFromName(getAngleUnit());
+}
+
+void SystemConfig::setAngleUnitByEnum(UnitConversionTable::UnitSubType subType) {
+    if (subType == UnitConversionTable::Radians || subType == UnitConversionTable::Degrees)
+        setAngleUnit(UnitConversionTable::getUnitName(subType));
+}
+
+// Run type, picture format and the warp file's name.
+
+RunType SystemConfig::getRunType() const { return StringToRunType(read(items::runType).value); }
+void SystemConfig::setRunType(RunType runType) { write(items::runType, RunTypeToString(runType)); }
+
+Cinema::Frame SystemConfig::getCinemaFrameType() const { return Cinema::StringToFrame(read(items::cinemaFrame).value); }
+void SystemConfig::setCinemaFrameType(Cinema::Frame frame) { write(items::cinemaFrame, Cinema::FrameToString(frame)); }
+
+void SystemConfig::setSkorraFilename(const std::wstring& name) {
+    const std::wstring& extension = DEFAULT_SKORRA_FILE_EXTENSION;
+    if (name.empty() || name == extension) return;
+    const bool complete =
+        name.size() > extension.size() && name.compare(name.size() - extension.size(), extension.size(), extension) == 0;
+    write(items::skorraFile, complete ? name : name + extension);
+}
+
+// Black boxes.
+
+BlackBoxInfo SystemConfig::getGenericBlackBoxComm(const std::wstring& key) const {
+    return blackBoxFromText(get(key, L"").value);
+}
+
+void SystemConfig::setGenericBlackBoxComm(const std::wstring& key, const BlackBoxInfo& info) {
+    set(key, blackBoxText(info));
+}
+
+void SystemConfig::setBlackBoxKeepingOtherPorts(const std::wstring& key, const BlackBoxInfo& info) {
+    std::vector<std::int32_t> storedPorts = getGenericBlackBoxComm(key).getOtherPowerPorts();
+    BlackBoxInfo stored = info;
+    stored.setOtherPowerPorts(storedPorts);
+    setGenericBlackBoxComm(key, stored);
+}
+
+// ACT units.
+
+void SystemConfig::setACTCount(int count) {
+    const int kept = std::max(count, 0);
+    removeACTUnits(kept, getACTCount());
+    write(items::actCount, kept);
+}
+
+// Visits the items there are, not the numbers there might be: a damaged file may claim two thousand million units.
+void SystemConfig::removeACTUnits(int first, int end) {
+    std::set<int> units;
+    for (const XMLConfig::OutlineNode& section : XMLConfig::outline(*m_configInfo)) {
+        if (section.name != getSectionName()) continue;
+        for (const XMLConfig::OutlineNode& item : section.children)
+            for (const wchar_t* pattern : {items::actAddress.key, items::actRelayAssociations.key})
+                if (const auto unit = numberOfKey(pattern, item.name); unit && *unit >= first && *unit < end)
+                    units.insert(*unit);
+    }
+    for (const int unit : units) {
+        m_configInfo->removeItem(getSectionName(), numberedKey(items::actAddress.key, unit), getSectionID());
+        m_configInfo->removeItem(getSectionName(), numberedKey(items::actRelayAssociations.key, unit), getSectionID());
+    }
+}
+
+std::wstring SystemConfig::getACTAddress(int unit) {
+    return get(numberedKey(items::actAddress.key, unit), items::actAddress.fallback).value;
+}
+void SystemConfig::setACTAddress(int unit, const std::wstring& address) {
+    set(numberedKey(items::actAddress.key, unit), address);
+}
+
+std::vector<ACTRelayAssociation> SystemConfig::getACTRelayAssociations(int unit) {
+    return relayAssociationsFromText(
+        get(numberedKey(items::actRelayAssociations.key, unit), items::actRelayAssociations.fallback).value);
+}
+void SystemConfig::setACTRelayAssociations(int unit, const std::vector<ACTRelayAssociation>& associations) {
+    set(numberedKey(items::actRelayAssociations.key, unit), relayAssociationsText(associations));
+}
