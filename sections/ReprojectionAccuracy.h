@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "base/BaseConfig.h"
+#include "platform/Export.h"
+
+/// The reprojection errors a calibration run measured, for the whole display and for each camera, in a results document
+/// of their own. A missing value reads 0.0; -1.0 in a new document stands for what has not been measured.
+/// The order of the virtual members is part of the interface.
+class XMLCONFIG_API ReprojectionAccuracy : public BaseConfig {
+public:
+    /// Takes ownership of `configInfo`, a results document: never pass a manager's document. Null gives the accessor a
+    /// new private document. `sectionID` tells apart several sets of whole-display values.
+    ReprojectionAccuracy(ConfigInfo* configInfo, const std::wstring& sectionID);
+    ~ReprojectionAccuracy() override;
+    /// The three whole-display values become -1.0.
+    void initialize() override;
+
+    /// An accessor of the results in a file, owned by the caller. Throws what ConfigInfoFactory::createFromFile throws;
+    /// null when the factory gives no document.
+    static ReprojectionAccuracy* loadFromFile(const std::wstring& path);
+
+    double getMaxError() const;
+    void setMaxError(double value);
+    double getRMSError() const;
+    void setRMSError(double value);
+    double getOverlapPercentage() const;
+    void setOverlapPercentage(double value);
+
+    double getMaxError(const std::wstring& cameraID) const;
+    void setMaxError(const std::wstring& cameraID, double value);
+    double getRMSError(const std::wstring& cameraID) const;
+    void setRMSError(const std::wstring& cameraID, double value);
+    double getOverlapPercentage(const std::wstring& cameraID) const;
+    void setOverlapPercentage(const std::wstring& cameraID, double value);
+
+    /// Writes the document as "temp.results" in the diagnostics folder, wherever it was loaded from. Returns and throws
+    /// what ConfigInfo::save does.
+    bool saveResults();
+
+private:
+    double readGlobal(const XMLConfig::detail::Item<double>& item) const;
+    void writeGlobal(const XMLConfig::detail::Item<double>& item, double value);
+    double readCamera(const XMLConfig::detail::Item<double>& item, const std::wstring& cameraID) const;
+    void writeCamera(const XMLConfig::detail::Item<double>& item, const std::wstring& cameraID, double value);
+
+    std::unique_ptr<ConfigInfo> m_results;  ///< null when the base owns the document
+};
