@@ -1,22 +1,12 @@
 #include "sections/SystemConfig.h"
 
-#include <algorithm>
-#include <set>
 #include <utility>
 
 #include "base/Items.h"
 #include "sections/SystemItems.h"
-#include "sections/SystemTexts.h"
 #include "store/CorvaneException.h"
-#include "store/Outline.h"
 
 namespace items = XMLConfig::detail::systemItems;
-using XMLConfig::detail::blackBoxFromText;
-using XMLConfig::detail::blackBoxText;
-using XMLConfig::detail::numberedKey;
-using XMLConfig::detail::numberOfKey;
-using XMLConfig::detail::relayAssociationsFromText;
-using XMLConfig::detail::relayAssociationsText;
 
 const std::wstring SystemConfig::DEFAULT_FILE_BASENAME = L"untitled";
 const std::wstring SystemConfig::DEFAULT_SKORRA_FILE_EXTENSION = L".skorrax";
@@ -90,36 +80,12 @@ void SystemConfig::setMarkedSurfaceMaskingExpansionPct(int percent) {
 int SystemConfig::getReferenceMappingsTimeStamp() const { return read(items::referenceMappingsTimestamp); }
 void SystemConfig::setReferenceMappingsTimeStamp(int timeStamp) { write(items::referenceMappingsTimestamp, timeStamp); }
 
-int SystemConfig::getNumAvailableBlackBoxPowerPorts() const { return read(items::availableBlackBoxPowerPorts); }
-void SystemConfig::setNumAvailableBlackBoxPowerPorts(int count) { write(items::availableBlackBoxPowerPorts, count); }
-BlackBoxInfo SystemConfig::getBlackBoxCamerasComm() const { return getGenericBlackBoxComm(items::blackBoxCamerasComm.key); }
-void SystemConfig::setBlackBoxCamerasComm(const BlackBoxInfo& info) {
-    setBlackBoxKeepingOtherPorts(items::blackBoxCamerasComm.key, info);
-}
-BlackBoxInfo SystemConfig::getBlackBoxLEDLightsComm() const {
-    return getGenericBlackBoxComm(items::blackBoxLEDLightsComm.key);
-}
-void SystemConfig::setBlackBoxLEDLightsComm(const BlackBoxInfo& info) {
-    setBlackBoxKeepingOtherPorts(items::blackBoxLEDLightsComm.key, info);
-}
-
 std::wstring SystemConfig::getMotoBlendInitCommand() const { return read(items::motoBlendInitCommand); }
 void SystemConfig::setMotoBlendInitCommand(const std::wstring& command) { write(items::motoBlendInitCommand, command); }
 std::wstring SystemConfig::getMotoBlendOpenCommand() const { return read(items::motoBlendOpenCommand); }
 void SystemConfig::setMotoBlendOpenCommand(const std::wstring& command) { write(items::motoBlendOpenCommand, command); }
 std::wstring SystemConfig::getMotoBlendCloseCommand() const { return read(items::motoBlendCloseCommand); }
 void SystemConfig::setMotoBlendCloseCommand(const std::wstring& command) { write(items::motoBlendCloseCommand, command); }
-
-int SystemConfig::getACTCount() { return read(items::actCount); }
-std::wstring SystemConfig::getACTBlobDetectionMethod() const { return read(items::actBlobDetectionMethod); }
-void SystemConfig::setACTBlobDetectionMethod(const std::wstring& method) { write(items::actBlobDetectionMethod, method); }
-double SystemConfig::getACTBlobMinArea() const { return read(items::actBlobMinArea); }
-void SystemConfig::setACTBlobMinArea(double area) { write(items::actBlobMinArea, area); }
-double SystemConfig::getACTBlobMaxArea() const { return read(items::actBlobMaxArea); }
-double SystemConfig::getACTBlobClusteringDistance() const { return read(items::actBlobClusteringDistance); }
-double SystemConfig::getACTBlobMinSeparationDistance() const { return read(items::actBlobMinSeparationDistance); }
-int SystemConfig::getACTBlobIntensityJumpThreshold() const { return read(items::actBlobIntensityJumpThreshold); }
-int SystemConfig::getACTBlobMaxObservations() const { return read(items::actBlobMaxObservations); }
 
 // Marker location method.
 
@@ -224,60 +190,4 @@ void SystemConfig::setSkorraFilename(const std::wstring& name) {
     const bool complete =
         name.size() > extension.size() && name.compare(name.size() - extension.size(), extension.size(), extension) == 0;
     write(items::skorraFile, complete ? name : name + extension);
-}
-
-// Black boxes.
-
-BlackBoxInfo SystemConfig::getGenericBlackBoxComm(const std::wstring& key) const {
-    return blackBoxFromText(get(key, L"").value);
-}
-
-void SystemConfig::setGenericBlackBoxComm(const std::wstring& key, const BlackBoxInfo& info) {
-    set(key, blackBoxText(info));
-}
-
-void SystemConfig::setBlackBoxKeepingOtherPorts(const std::wstring& key, const BlackBoxInfo& info) {
-    std::vector<std::int32_t> storedPorts = getGenericBlackBoxComm(key).getOtherPowerPorts();
-    BlackBoxInfo stored = info;
-    stored.setOtherPowerPorts(storedPorts);
-    setGenericBlackBoxComm(key, stored);
-}
-
-// ACT units.
-
-void SystemConfig::setACTCount(int count) {
-    const int kept = std::max(count, 0);
-    removeACTUnits(kept, getACTCount());
-    write(items::actCount, kept);
-}
-
-// Visits the items there are, not the numbers there might be: a damaged file may claim two thousand million units.
-void SystemConfig::removeACTUnits(int first, int end) {
-    std::set<int> units;
-    for (const XMLConfig::OutlineNode& section : XMLConfig::outline(*m_configInfo)) {
-        if (section.name != getSectionName()) continue;
-        for (const XMLConfig::OutlineNode& item : section.children)
-            for (const wchar_t* pattern : {items::actAddress.key, items::actRelayAssociations.key})
-                if (const auto unit = numberOfKey(pattern, item.name); unit && *unit >= first && *unit < end)
-                    units.insert(*unit);
-    }
-    for (const int unit : units) {
-        m_configInfo->removeItem(getSectionName(), numberedKey(items::actAddress.key, unit), getSectionID());
-        m_configInfo->removeItem(getSectionName(), numberedKey(items::actRelayAssociations.key, unit), getSectionID());
-    }
-}
-
-std::wstring SystemConfig::getACTAddress(int unit) {
-    return get(numberedKey(items::actAddress.key, unit), items::actAddress.fallback).value;
-}
-void SystemConfig::setACTAddress(int unit, const std::wstring& address) {
-    set(numberedKey(items::actAddress.key, unit), address);
-}
-
-std::vector<ACTRelayAssociation> SystemConfig::getACTRelayAssociations(int unit) {
-    return relayAssociationsFromText(
-        get(numberedKey(items::actRelayAssociations.key, unit), items::actRelayAssociations.fallback).value);
-}
-void SystemConfig::setACTRelayAssociations(int unit, const std::vector<ACTRelayAssociation>& associations) {
-    set(numberedKey(items::actRelayAssociations.key, unit), relayAssociationsText(associations));
 }
