@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,7 +19,7 @@ std::wstring fromUtf16(std::u16string_view text);
 void appendUtf16(std::u16string& out, std::wstring_view text);
 /// Appends UTF-16 as UTF-8; a lone surrogate becomes U+FFFD.
 void appendUtf8(std::string& out, std::u16string_view text);
-/// Whether both hold the same characters; no conversion is stored.
+/// Whether `left` is what toUtf16(right) gives; no conversion is stored.
 bool equal(std::u16string_view left, std::wstring_view right);
 
 /// Strict form of fromUtf8: nothing when the bytes are not well-formed UTF-8.
@@ -36,5 +37,8 @@ std::optional<CharacterFault> firstCharacterXmlCannotHold(std::wstring_view text
 std::wstring lowerAscii(std::wstring_view text);
 /// Whether the texts are the same but for the case of ASCII letters.
 bool equalIgnoringCase(std::wstring_view left, std::wstring_view right);
+
+/// "&", "<", ">" and double quotes as XML's entities: fit for an element's text and for an attribute in double quotes.
+std::wstring escapedForXml(std::wstring_view text);
 
 }  // namespace XMLConfig::detail
