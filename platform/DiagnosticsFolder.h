@@ -8,7 +8,7 @@ namespace UlvanoDiagnostics {
 
 /// The folder for the diagnostics data of this run, without a trailing separator. Made on first use:
 /// `UlvanoDiagnostics/<UTC date and time>-<process id>` below the temporary folder, one a process.
-/// A folder that cannot be made is returned all the same; writing into it then fails.
+/// May be called from several threads. A folder that cannot be made is returned all the same; writing into it then fails.
 XMLCONFIG_API std::wstring getDataSubDirectory();
 /// Replaces the folder. It is not made here.
 XMLCONFIG_API void setDataSubDirectory(const std::wstring& path);
