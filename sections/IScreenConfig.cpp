@@ -1,0 +1,3 @@
+#include "sections/IScreenConfig.h"
+
+IScreenConfig::~IScreenConfig() = default;
