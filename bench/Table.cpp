@@ -1,0 +1,144 @@
+#include "Table.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <optional>
+
+#include "Sample.h"
+
+namespace bench {
+namespace {
+
+using Medians = std::map<std::string, double>;
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    const std::size_t middle = values.size() / 2;
+    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2.0;
+}
+
+std::string shown(double value, const char* const (&units)[4], double step) {
+    std::size_t unit = 0;
+    for (; unit < 3 && value >= step; ++unit) value /= step;
+    char text[32];
+    std::snprintf(text, sizeof text, "%.*f %s", value < 10 ? 2 : value < 100 ? 1 : 0, value, units[unit]);
+    return text;
+}
+std::string shownTime(double nanoseconds) { return shown(nanoseconds, {"ns", "us", "ms", "s"}, 1000.0); }
+std::string shownSize(double bytes) { return shown(bytes, {"B", "KiB", "MiB", "GiB"}, 1024.0); }
+std::string shownRatio(double ratio) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.*f", ratio < 0.1 ? 4 : 2, ratio);
+    return text;
+}
+
+void printLine(const std::string& what, const std::string& size, const std::string& library, const std::string& raw,
+               const std::string& ratio, const std::string& floor, const std::string& verdict) {
+    std::printf("%-16s %10s %12s %12s %8s  %-10s %s\n", what.c_str(), size.c_str(), library.c_str(), raw.c_str(),
+                ratio.c_str(), floor.c_str(), verdict.c_str());
+}
+
+/// What a row is held to.
+struct Floor {
+    enum class Of { Nothing, Ratio, Value };
+    Of of = Of::Nothing;
+    double limit = 0.0;
+};
+
+class Printer {
+public:
+    explicit Printer(const Medians& medians) : m_medians(medians) {}
+
+    void row(const std::string& operation, int projectors, const Floor& floor, std::string (*show)(double)) {
+        const std::string size = std::to_string(projectors);
+        const auto library = find(operation + "/library/" + size);
+        const auto raw = find(operation + "/raw/" + size);
+        if (!library || !raw) return;
+        const double ratio = *library / *raw;
+        const double judged = floor.of == Floor::Of::Ratio ? ratio : *library;
+        const std::string limit = floor.of == Floor::Of::Nothing
+                                      ? ""
+                                      : "<= " + (floor.of == Floor::Of::Ratio ? shownRatio(floor.limit) : show(floor.limit));
+        printLine(operation, size, show(*library), show(*raw), shownRatio(ratio), limit, verdict(floor, judged));
+    }
+
+    /// How an operation of the library slows down with the size of the document.
+    void growth(const std::string& operation, int from, int to, double limit) {
+        const auto small = find(operation + "/library/" + std::to_string(from));
+        const auto large = find(operation + "/library/" + std::to_string(to));
+        if (!small || !large) return;
+        const std::string sizes = std::to_string(from) + "-" + std::to_string(to);
+        const Floor floor{Floor::Of::Ratio, limit};
+        printLine(operation + " growth", sizes, "", "", shownRatio(*large / *small), "<= " + shownRatio(limit),
+                  verdict(floor, *large / *small));
+    }
+
+    void end() const {
+        std::printf("\n%d of %d floors kept; medians of CPU time", m_kept, m_kept + m_missed);
+        std::printf("%s\n",
+                    m_missed > 0 ? "; what is missed may be the machine's noise: measure again when it is idle" : "");
+    }
+
+private:
+    [[nodiscard]] std::optional<double> find(const std::string& name) const {
+        const auto found = m_medians.find(name);
+        return found == m_medians.end() ? std::nullopt : std::optional<double>(found->second);
+    }
+    std::string verdict(const Floor& floor, double value) {
+        if (floor.of == Floor::Of::Nothing) return "";
+        ++(value <= floor.limit ? m_kept : m_missed);
+        return value <= floor.limit ? "kept" : "MISSED";
+    }
+
+    const Medians& m_medians;
+    int m_kept = 0;
+    int m_missed = 0;
+};
+
+}  // namespace
+
+bool Table::ReportContext(const Context& context) {
+    benchmark::BenchmarkReporter::PrintBasicContext(&std::cerr, context);
+    return true;
+}
+
+void Table::ReportRuns(const std::vector<Run>& runs) {
+    for (const Run& run : runs) {
+        if (run.error_occurred) {
+            std::cerr << run.benchmark_name() << ": " << run.error_message << "\n";
+            m_failed = true;
+        } else if (run.run_type == Run::RT_Iteration) {
+            const auto items = run.counters.find("items_per_second");
+            add(run.run_name.function_name,
+                items == run.counters.end() ? run.GetAdjustedCPUTime() : 1e9 / items->second.value);
+        }
+    }
+}
+
+void Table::add(const std::string& name, double value) { m_values[name].push_back(value); }
+
+bool Table::print() const {
+    Medians medians;
+    for (const auto& [name, values] : m_values) medians[name] = median(values);
+    Printer printer(medians);
+    std::printf("\n");
+    printLine("operation", "projectors", "XMLConfig", "Xerces-C", "ratio", "floor", "");
+    for (const int projectors : sizes()) printer.row("load", projectors, {Floor::Of::Ratio, 1.05}, shownTime);
+    for (const int projectors : sizes()) printer.row("peak_memory", projectors, {Floor::Of::Ratio, 1.05}, shownSize);
+    for (const int projectors : sizes()) printer.row("save", projectors, {Floor::Of::Ratio, 1.0}, shownTime);
+    printer.row("open_close", 6, {Floor::Of::Ratio, 1.1}, shownTime);
+    printer.row("get", 4, {Floor::Of::Value, 300.0}, shownTime);
+    for (const int projectors : {100, 1000, 10000}) printer.row("get", projectors, {}, shownTime);
+    printer.growth("get", 100, 10000, 1.2);
+    for (const char* kind : {"text", "int", "double", "point"})
+        for (const char* depth : {"_flat", "_deep"})
+            for (const int projectors : sizes()) printer.row(std::string("get_") + kind + depth, projectors, {}, shownTime);
+    printer.row("set", 4, {Floor::Of::Value, 1000.0}, shownTime);
+    for (const int projectors : {100, 1000, 10000}) printer.row("set", projectors, {}, shownTime);
+    printer.growth("set", 100, 10000, 1.2);
+    printer.end();
+    return !m_failed;
+}
+
+}  // namespace bench

@@ -1,0 +1,70 @@
+// Measures the library beside raw Xerces-C doing the same work in the same run. Options of Google Benchmark are taken.
+
+#include <benchmark/benchmark.h>
+
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "Loaded.h"
+#include "Memory.h"
+#include "Sample.h"
+#include "Suites.h"
+#include "Table.h"
+
+namespace {
+
+/// What the table needs, before the caller's own options, which win.
+std::vector<std::string> withDefaults(int argumentCount, char** arguments) {
+    std::vector<std::string> all = {arguments[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7",
+                                    "--benchmark_min_time=0.05"};
+    all.insert(all.end(), arguments + 1, arguments + argumentCount);
+    return all;
+}
+
+/// Google Benchmark keeps pointers into the options.
+bool initialize(std::vector<std::string>& options) {
+    std::vector<char*> pointers;
+    pointers.reserve(options.size());
+    for (std::string& option : options) pointers.push_back(option.data());
+    int count = static_cast<int>(pointers.size());
+    benchmark::Initialize(&count, pointers.data());
+    return !benchmark::ReportUnrecognizedArguments(count, pointers.data());
+}
+
+void measureMemory(bench::Table& table) {
+    for (const int projectors : bench::sizes())
+        for (const char* side : {"library", "raw"})
+            table.add(std::string("peak_memory/") + side + "/" + std::to_string(projectors),
+                      bench::peakOfLoading(side, bench::sampleFile(projectors)));
+}
+
+int measure() {
+    bench::Table table;
+    measureMemory(table);
+    bench::registerDocuments();
+    bench::registerGetting();
+    bench::registerSetting();
+    std::cerr << "measuring takes a few minutes\n";
+    benchmark::RunSpecifiedBenchmarks(&table);
+    bench::releaseLoadedDocuments();
+    return table.print() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    try {
+        if (bench::isChild(argumentCount, arguments)) return bench::runChild(arguments);
+        std::vector<std::string> options = withDefaults(argumentCount, arguments);
+        if (!initialize(options)) return 2;
+        const int status = measure();
+        bench::removeSamples();
+        return status;
+    } catch (const std::exception& error) {
+        std::cerr << "xmlconfig_bench: " << error.what() << "\n";
+        bench::removeSamples();
+        return 1;
+    }
+}
