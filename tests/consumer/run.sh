@@ -24,7 +24,7 @@ say "installing the $kind library"
 cmake -S "$sources" -B "$work/library" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
     -DCMAKE_BUILD_TYPE="${XMLCONFIG_BUILD_TYPE:-Release}" -DCMAKE_CXX_FLAGS="${XMLCONFIG_FLAGS:-}" \
     -DCMAKE_CXX_FLAGS_DEBUG="${XMLCONFIG_FLAGS_DEBUG:--g}" -DCMAKE_CXX_COMPILER_LAUNCHER="${XMLCONFIG_LAUNCHER:-}" \
-    -DXMLCONFIG_WARNINGS_AS_ERRORS=ON -DBUILD_TESTING=OFF -DBUILD_SHARED_LIBS=$shared \
+    --no-warn-unused-cli -DXMLCONFIG_WARNINGS_AS_ERRORS=ON -DBUILD_TESTING=OFF -DBUILD_SHARED_LIBS=$shared \
     -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON -DCMAKE_DISABLE_FIND_PACKAGE_benchmark=ON
 cmake --build "$work/library" -j "$jobs"
 rm -rf "$prefix"

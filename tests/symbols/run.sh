@@ -26,10 +26,9 @@ awk -F '\t' '
     FNR == NR { split($0, mark, " "); kind[mark[2]] = mark[1]; next }
     {
         count = split($1, parts, "::")
-        known = kind[parts[count]] == "function"
-        if (known) seen[parts[count]] = 1
+        known = 0
         for (i = 1; i <= count; i++)
-            if (kind[parts[i]] == "class") { known = 1; seen[parts[i]] = 1 }
+            if (parts[i] in kind && (kind[parts[i]] == "class" || i == count)) { known = 1; seen[parts[i]] = 1 }
         if (!known || $2 ~ /XMLConfig::detail|xercesc|log4cxx::/) { print "exported, but in no public header: " $2; failed++ }
     }
     END {
