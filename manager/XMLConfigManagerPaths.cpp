@@ -1,0 +1,81 @@
+#include "manager/AssetManager.h"
+#include "manager/ManagerLog.h"
+#include "manager/XMLConfigManager.h"
+#include "platform/Paths.h"
+#include "sections/ColorConfig.h"
+#include "sections/MediaServerConfig.h"
+#include "sections/ScreenConfig.h"
+#include "sections/SystemConfig.h"
+
+using XMLConfig::detail::folderOf;
+using XMLConfig::detail::isAbsolute;
+using XMLConfig::detail::logInfo;
+using XMLConfig::detail::managerLog;
+using XMLConfig::detail::PathParts;
+using XMLConfig::detail::splitPath;
+
+namespace {
+
+std::wstring withCurrentExtension(const std::wstring& path) {
+    PathParts parts = splitPath(path);
+    if (parts.extension != L".skorra") return path;
+    parts.extension = SystemConfig::DEFAULT_SKORRA_FILE_EXTENSION;
+    return parts.joined();
+}
+
+}  // namespace
+
+std::wstring XMLConfigManager::getFileName() const { return m_fileName; }
+
+void XMLConfigManager::setFileName(const std::wstring& fileName) { m_fileName = fileName; }
+
+std::wstring XMLConfigManager::getFileNameNoPath() const {
+    std::size_t separator = m_fileName.rfind(L'/');
+    if (separator == std::wstring::npos) separator = m_fileName.rfind(L'\\');
+    return separator == std::wstring::npos ? m_fileName : m_fileName.substr(separator + 1);
+}
+
+std::wstring XMLConfigManager::getFileNameNoPathNoExtension() const {
+    const std::wstring name = getFileNameNoPath();
+    return name.substr(0, name.rfind(L'.'));
+}
+
+std::wstring XMLConfigManager::getSkorraFilename() { return processPath(getSystemConfig()->getSkorraFilename()); }
+
+std::wstring XMLConfigManager::getAdvancedColorFilename() const {
+    return processPath(m_colorConfig->getAdvancedColorFilename());
+}
+
+std::wstring XMLConfigManager::getMpcdiOutputFilename() const {
+    std::wstring outputFile;
+    m_mediaServerConfig->get(L"outputFile", outputFile);
+    if (!outputFile.empty()) return outputFile;
+    const std::size_t dot = m_fileName.rfind(L'.');
+    if (dot == std::wstring::npos) return L"mpcdi.xml";
+    return m_fileName.substr(0, dot) + L".mpcdi.xml";
+}
+
+void XMLConfigManager::setConfigUntitledIfDeprecatedExtension(const std::wstring& path) {
+    const std::size_t dot = path.rfind(L'.');
+    const bool hasExtension = dot != std::wstring::npos && dot + 1 < path.size();
+    setFileName(hasExtension && path.substr(dot) != configExtension() ? L"" : path);
+}
+
+std::wstring XMLConfigManager::processPath(const std::wstring& path) const {
+    std::wstring result = withCurrentExtension(path);
+    if (!isAbsolute(result) && isAbsolute(m_fileName)) {
+        const PathParts file = splitPath(m_fileName);
+        result = file.drive + file.directory + result;
+    }
+    logInfo(managerLog, L"processFileName( '" + path + L"' ) = '" + result + L"'");
+    return result;
+}
+
+void XMLConfigManager::updateRelativeFilePaths(const std::wstring& newConfigPath) {
+    const std::wstring oldRoot = m_assetManager->getRootPath();
+    const std::wstring newFolder = folderOf(newConfigPath);
+    // A relative folder stays as it is in relative form, so it is compared too.
+    if (newFolder == oldRoot || m_assetManager->getPath(newFolder, BaseConfig::FilePathRelative).empty()) return;
+    m_assetManager->setRootPath(newConfigPath);
+    m_screenConfig->updateRelativeFilePaths(oldRoot);
+}
