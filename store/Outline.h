@@ -12,7 +12,7 @@ namespace XMLConfig {
 /// An element of a document: a section, a subsection, an item or a part of a fragment.
 struct OutlineNode {
     std::wstring name;                                              ///< the tag
-    std::vector<std::pair<std::wstring, std::wstring>> attributes;  ///< name and value, in document order
+    std::vector<std::pair<std::wstring, std::wstring>> attributes;  ///< name and value, by name
     std::wstring text;                                              ///< what an element without child elements holds
     std::vector<OutlineNode> children;                              ///< child elements, in document order
 
