@@ -105,8 +105,12 @@ ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, c
 ParsedDocument parseFile(const std::wstring& path) { return StrictParser().parseStrictly(FileSource(path)); }
 
 ParsedDocument parseFragment(const std::string& text) {
-    const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(text.data()), text.size(), xmlText(u"tmpSrc"));
-    return StrictParser().parseStrictly(source);
+    xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(text.data()), text.size(), xmlText(u"tmpSrc"));
+    source.setEncoding(xmlText(u"UTF-8"));  // whatever a declaration within the text names
+    ParsedDocument parsed = StrictParser().parseStrictly(source);
+    // XML 1.1 allows characters and names that the document, being XML 1.0, could not be read with again.
+    if (view(parsed.document->getXmlVersion()) == u"1.1") throw ParseFailure(1, 1, L"XML 1.1 is not allowed here");
+    return parsed;
 }
 
 }  // namespace XMLConfig::detail
