@@ -28,15 +28,25 @@ XMLConfig::detail::ParsedDocument parseElement(const Address& address, const std
     }
 }
 
+std::wstring observedSubSection(const Address& address) {
+    return address.subSectionName + (address.subSectionID.empty() ? L"" : L"[" + address.subSectionID + L"]");
+}
+
 void tell(const Document& document, Change::Kind kind, const Address& address, const std::wstring& before,
           const std::wstring& after) {
     if (document.observer == nullptr) return;
     std::wstring key = address.key;
-    if (!address.subSectionName.empty()) {
-        key.insert(
-            0, address.subSectionName + (address.subSectionID.empty() ? L"" : L"[" + address.subSectionID + L"]") + L"|");
-    }
+    if (!address.subSectionName.empty()) key.insert(0, observedSubSection(address) + L"|");
     document.observer->changed({kind, address.sectionName, address.sectionID, key, before, after});
+}
+
+void tellAdded(const Document& document, const Address& address, bool isSectionNew) {
+    if (document.observer == nullptr) return;
+    const auto told = [&](const std::wstring& key) {
+        document.observer->changed({Change::Kind::SectionAdded, address.sectionName, address.sectionID, key, {}, {}});
+    };
+    if (isSectionNew) told({});
+    if (!address.subSectionName.empty()) told(observedSubSection(address));
 }
 
 // What an observer is told of an item's content: its text, or its first element as XML text.
@@ -130,8 +140,10 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
 
         const std::wstring before = isNew ? std::wstring() : observed(*m_document, *item);
+        const bool isContainerNew = container.element == nullptr;
+        const bool isSectionNew = isContainerNew && m_document->getSection(sectionName, sectionID) == nullptr;
         if (isNew) {
-            if (container.element == nullptr) container = m_document->makeContainer(address);
+            if (isContainerNew) container = m_document->makeContainer(address);
             item = m_document->makeItem(container, key);
         }
         bool isChanged = true;
@@ -142,6 +154,7 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         }
         if (!isChanged) return;
         m_dirty = true;
+        if (isContainerNew) tellAdded(*m_document, address, isSectionNew);
         tell(*m_document, isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged, address, before,
              observed(*m_document, *item));
     });
