@@ -77,7 +77,7 @@ void ConfigInfo::setVersion(double version) {
         xercesc::DOMElement& element = versionElement(*m_document, prefix);
         const std::wstring text = XMLConfig::detail::formatFixed(version, 3).substr(0, versionLength);
         const std::wstring before = m_document->observer == nullptr ? std::wstring() : wideTextOf(element);
-        m_document->setText(&element, text, {&element, m_document->getSection(L"Version", {})});
+        m_document->setSectionText(&element, text);
         m_dirty = true;
         if (m_document->observer != nullptr) {
             m_document->observer->changed({Change::Kind::VersionChanged, L"Version", {}, {}, before, text});
@@ -103,8 +103,7 @@ void ConfigInfo::insertBuildDateAndNumber() {
             for (Stamp& stamp : stamps) {
                 if (name != stamp.name) continue;
                 stamp.isSeen = true;
-                if (wideTextOf(*child) == stamp.text) continue;
-                m_document->setText(child, stamp.text, {child, m_document->getSection(name, {})});
+                if (wideTextOf(*child) != stamp.text) m_document->setSectionText(child, stamp.text);
             }
         }
         if (maker == nullptr) return;

@@ -58,6 +58,7 @@ public:
     Container makeContainer(const Address& address);
     /// Walks the key below the container, making what is missing.
     xercesc::DOMElement* makeItem(const Container& container, const std::wstring& key);
+    void setSectionText(xercesc::DOMElement* section, const std::wstring& value);
     void setText(xercesc::DOMElement* item, const std::wstring& value, const Container& container);
     /// The element becomes the item's only content. True when that differs from what was there by more than layout.
     bool setElement(xercesc::DOMElement* item, const xercesc::DOMElement& content, const Container& container);

@@ -1,3 +1,5 @@
+#include <xercesc/util/XMLChar.hpp>
+
 #include "platform/Text.h"
 #include "store/Document.h"
 
@@ -25,8 +27,9 @@ void removeLayoutBehind(DOMElement* element) {
 DOMElement* Document::makeElement(const DOMNode& parent, const std::wstring& name) {
     const std::u16string tag = toUtf16(name);
     const std::size_t colon = tag.find(u':');
-    // A prefix that nothing declares could be written but never be read again.
-    if (colon != std::u16string::npos && parent.lookupNamespaceURI(xmlText(tag.substr(0, colon))) == nullptr) {
+    // What is not one declared prefix and one name could be written but never be read again.
+    if (colon != std::u16string::npos && (!xercesc::XMLChar1_0::isValidQName(xmlText(tag), tag.size()) ||
+                                          parent.lookupNamespaceURI(xmlText(tag.substr(0, colon))) == nullptr)) {
         throw xercesc::DOMException(xercesc::DOMException::NAMESPACE_ERR);
     }
     return m_document->createElement(xmlText(tag));
@@ -52,6 +55,7 @@ Container Document::makeContainer(const Address& address) {
     }
     if (address.subSectionName.empty()) return {section->element, section};
     DOMElement* const subSection = make(section->element, address.subSectionName, address.subSectionID);
+    SectionIndex::itemAppended(*section, subSection);
     removeLayoutBehind(section->element);
     return {subSection, nullptr};
 }
@@ -68,6 +72,10 @@ DOMElement* Document::makeItem(const Container& container, const std::wstring& k
         if (end == std::wstring::npos) return element;
         begin = end + 1;
     }
+}
+
+void Document::setSectionText(DOMElement* section, const std::wstring& value) {
+    setText(section, value, {section, &m_index.sectionOf(section)});
 }
 
 void Document::setText(DOMElement* item, const std::wstring& value, const Container& container) {
