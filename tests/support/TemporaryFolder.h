@@ -8,6 +8,14 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/Text.h"
+
+/// A path as the library takes it and back; the standard library's own conversion fails under the "C" locale.
+inline std::wstring wideOf(const std::filesystem::path& path) { return XMLConfig::detail::fromUtf8(path.u8string()); }
+inline std::filesystem::path pathOf(const std::wstring& path) {
+    return std::filesystem::u8path(XMLConfig::detail::toUtf8(path));
+}
+
 /// A folder of a test's own below the temporary folder; gone with everything in it when destroyed.
 class TemporaryFolder {
 public:
@@ -29,18 +37,18 @@ public:
 
     const std::filesystem::path& path() const { return m_path; }
     /// The full path of a file of that name (it need not exist), as the library takes it.
-    std::wstring file(const std::wstring& name) const { return (m_path / name).wstring(); }
+    std::wstring file(const std::wstring& name) const { return wideOf(m_path / pathOf(name)); }
     /// Writes a file and returns its full path.
     std::wstring write(const std::wstring& name, const std::string& bytes) const {
-        std::ofstream out(m_path / name, std::ios::binary | std::ios::trunc);
+        std::ofstream out(m_path / pathOf(name), std::ios::binary | std::ios::trunc);
         out << bytes;
         out.close();
         if (!out) throw std::runtime_error("cannot write a test file");
         return file(name);
     }
-    std::string read(const std::wstring& name) const { return readFile(m_path / name); }
+    std::string read(const std::wstring& name) const { return readFile(m_path / pathOf(name)); }
     bool has(const std::wstring& name) const {
-        return std::filesystem::exists(std::filesystem::symlink_status(m_path / name));
+        return std::filesystem::exists(std::filesystem::symlink_status(m_path / pathOf(name)));
     }
     /// Number of entries in the folder, hidden ones included.
     std::size_t entries() const {

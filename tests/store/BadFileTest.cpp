@@ -1,0 +1,188 @@
+#include <regex>
+
+#include "tests/store/BadFileSupport.h"
+#include "tests/store/StoreSupport.h"
+
+namespace fs = std::filesystem;
+
+namespace storetests {
+
+namespace {
+
+std::string nested(int levels) {
+    std::string text = "<ConfigInfo>";
+    for (int i = 1; i < levels; ++i) text += "<a>";
+    for (int i = 1; i < levels; ++i) text += "</a>";
+    return text + "</ConfigInfo>";
+}
+
+}  // namespace
+
+TEST(BadFile, Missing) {
+    const TemporaryFolder folder;
+    const auto path = folder.file(L"none.skorrax");
+    EXPECT_EQ(loadMessage(path), L"Error parseDataFile: Can not open file: " + path);
+    EXPECT_EQ(folder.entries(), 0u);
+    EXPECT_EQ(loadMessage(L""), L"Error parseDataFile: Can not open file: ");
+}
+
+TEST(BadFile, ReadOnly) {
+    const TemporaryFolder folder;
+    const auto path = folder.write(L"a.skorrax", "<ConfigInfo/>");
+    fs::permissions(pathOf(path), fs::perms(0444));
+    EXPECT_EQ(loadMessage(path), L"Error parseDataFile: Can not open file: " + path);
+}
+
+TEST(BadFile, AFolder) {
+    const TemporaryFolder folder;
+    const auto path = wideOf(folder.path());
+    EXPECT_EQ(loadMessage(path), L"Error parseDataFile: Can not open file: " + path);
+    EXPECT_EQ(loadMessage(path + L"/"), L"Error parseDataFile: Can not open file: " + path + L"/");
+}
+
+TEST(BadFile, Empty) { expectMalformed("", "an empty file"); }
+
+TEST(BadFile, Malformed) {
+    for (const char* text : {"<",
+                             "x",
+                             "<ConfigInfo>",
+                             "</ConfigInfo>",
+                             "<ConfigInfo></configinfo>",
+                             "<ConfigInfo/><ConfigInfo/>",
+                             "<ConfigInfo/>text",
+                             "<ConfigInfo a=1/>",
+                             "<ConfigInfo a=\"1\" a=\"2\"/>",
+                             "<ConfigInfo a=\"<\"/>",
+                             "<ConfigInfo>&nbsp;</ConfigInfo>",
+                             "<ConfigInfo>&</ConfigInfo>",
+                             "<ConfigInfo>&#0;</ConfigInfo>",
+                             "<ConfigInfo>&#xFFFE;</ConfigInfo>",
+                             "<ConfigInfo><!-- -- --></ConfigInfo>",
+                             "<ConfigInfo>]]></ConfigInfo>",
+                             "<ConfigInfo><![CDATA[</ConfigInfo>",
+                             "<ConfigInfo><1/></ConfigInfo>",
+                             "<?xml version=\"1.0\"?>",
+                             " <?xml version=\"1.0\"?><ConfigInfo/>",
+                             "   \n  ",
+                             "<!-- only -->",
+                             "<?xml version=\"1.0\" encoding=\"no-such\"?><ConfigInfo/>",
+                             "<ConfigInfo><A></ConfigInfo></A>",
+                             "<ConfigInfo><p:A/></ConfigInfo>",
+                             "<ConfigInfo><A p:x=\"1\"/></ConfigInfo>",
+                             "<ConfigInfo><:A/></ConfigInfo>",
+                             "<ConfigInfo xmlns:p=\"u\"><p:A:B/></ConfigInfo>"})
+        expectMalformed(text, text);
+}
+
+TEST(BadFile, MalformedTellsThePlace) {
+    const TemporaryFolder folder;
+    const auto path = folder.write(L"bad.skorrax", "<ConfigInfo>\n  <A>\n    <B>1</C>\n  </A>\n</ConfigInfo>\n");
+    EXPECT_STARTS_WITH(loadMessage(path),
+                       L"Error parseDataFile: Error during parsing: " + path + L" XML message is: line 3, column ");
+}
+
+TEST(BadFile, TruncatedAnywhere) {
+    const std::string whole =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ConfigInfo><!--c--><S "
+        "ID=\"1\"><A>\xc3\xbc&amp;</A><B/></S></ConfigInfo>";
+    EXPECT_EQ(get(*load(whole), L"S", L"A"), L"\u00fc&");
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        expectMalformed(whole.substr(0, size), "cut at " + std::to_string(size));
+}
+
+TEST(BadFile, Binary) {
+    using namespace std::string_literals;
+    expectMalformed(std::string(1000, '\0'), "zeros");
+    expectMalformed(
+        "\x7f"s
+        "ELF\x02\x01\x01\0\0\0\0"s,
+        "a program");
+    expectMalformed("<ConfigInfo><A>\0</A></ConfigInfo>"s, "a zero in a value");
+    expectMalformed("<ConfigInfo><A>\x01</A></ConfigInfo>", "a control character");
+    expectMalformed("<ConfigInfo><A>\xff\xfe</A></ConfigInfo>", "no UTF-8");
+    expectMalformed("<ConfigInfo><A>\xc3</A></ConfigInfo>", "a cut sequence");
+    expectMalformed("<ConfigInfo><A>\xed\xa0\x80</A></ConfigInfo>", "a surrogate in UTF-8");
+    expectMalformed("<ConfigInfo><A>\xef\xbf\xbf</A></ConfigInfo>", "U+FFFF");
+    expectMalformed("\xff\xfe<\0C\0"s, "cut UTF-16");
+    std::string noise;
+    unsigned state = 1;
+    for (int i = 0; i < 5000; ++i) noise += static_cast<char>((state = state * 1664525u + 1013904223u) >> 24);
+    expectMalformed(noise, "noise");
+}
+
+TEST(BadFile, EnormousIsLoaded) {
+    const TemporaryFolder folder;
+    std::string text = "<ConfigInfo><Version>9.000</Version>\n";
+    const std::string value(100000, 'v');
+    for (int i = 0; i < 600; ++i) text += "<S ID=\"" + std::to_string(i) + "\"><A>" + value + "</A></S>\n";
+    text += "</ConfigInfo>";
+    const ConfigInfo document(folder.write(L"big.skorrax", text));
+    EXPECT_EQ(document.getSectionCount(L"S"), 600);
+    EXPECT_EQ(get(document, L"S", L"A", L"599"), std::wstring(value.begin(), value.end()));
+}
+
+TEST(BadFile, EnormousGarbageIsRefused) {
+    const TemporaryFolder folder;
+    for (const std::string& text : {std::string(60000000, 'x'), "<ConfigInfo>" + std::string(60000000, 'x')}) {
+        const auto path = folder.write(L"big.skorrax", text);
+        EXPECT_STARTS_WITH(loadMessage(path),
+                           L"Error parseDataFile: Error during parsing: " + path + L" XML message is: line 1, column ");
+    }
+}
+
+TEST(BadFile, NestedDeeperThanAThousandLevels) {
+    EXPECT_EQ(load(nested(1000))->getSectionCount(L"a"), 1);
+    EXPECT_EQ(textOf(*load(textOf(*load(nested(1000))))), textOf(*load(nested(1000))));
+    expectMalformed(nested(1001), "1,001 levels");
+    expectMalformed(nested(200000), "200,000 levels");
+    std::string open = "<ConfigInfo>";
+    for (int i = 0; i < 1000000; ++i) open += "<a>";
+    expectMalformed(open, "a million open elements");
+}
+
+TEST(BadFile, AnotherRootIsNothingSpecial) {
+    const Document document = load("<Anything><Version>8.000</Version><S ID=\"1\"><A>1</A></S></Anything>");
+    EXPECT_EQ(document->getVersion(), 8.0);
+    EXPECT_EQ(get(*document, L"S", L"A", L"1"), L"1");
+    set(*document, L"S", L"A", L"2", L"2");
+    EXPECT_EQ(textOf(*document), xmlHead +
+                                     "<Anything>\n  <Version>8.000</Version>\n  <S ID=\"1\">\n    <A>1</A>\n  </S>\n"
+                                     "  <S ID=\"2\">\n    <A>2</A>\n  </S>\n</Anything>\n");
+}
+
+TEST(BadFile, SectionsWithoutAndWithEmptyAndRepeatedIds) {
+    const Document document = load(
+        "<ConfigInfo><S><A>1</A></S><S ID=\"\"><A>2</A></S><S ID=\"x\"><A>3</A></S><S ID=\"x\"><A>4</A></S></ConfigInfo>");
+    EXPECT_EQ(document->getSectionCount(L"S"), 4);
+    EXPECT_EQ(document->getSectionIDs(L"S"), (std::vector<std::wstring>{L"", L"x", L"x"}));
+    EXPECT_EQ(get(*document, L"S", L"A", L""), L"1");
+    EXPECT_EQ(get(*document, L"S", L"A", L"x"), L"3");
+    EXPECT_TRUE(document->removeSection(L"S", L"x"));
+    EXPECT_EQ(get(*document, L"S", L"A", L"x"), L"4");
+}
+
+#ifndef _WIN32
+
+TEST(BadFile, Unreadable) {
+    const TemporaryFolder folder;
+    fs::permissions(folder.path(), fs::perms(0755));
+    const auto path = folder.write(L"a.skorrax", "<ConfigInfo/>");
+    fs::permissions(pathOf(path), fs::perms(0222));
+    const OrdinaryUser user;
+    ASSERT_TRUE(user.active());
+    EXPECT_EQ(loadMessage(path), L"Error parseDataFile: Can not open file: " + path);
+}
+
+TEST(BadFile, OfAnotherUserIsReadOnly) {
+    if (geteuid() != 0) GTEST_SKIP() << "only the superuser can make another user's file";
+    const TemporaryFolder folder;
+    fs::permissions(folder.path(), fs::perms(0755));
+    const auto path = folder.write(L"a.skorrax", "<ConfigInfo/>");
+    fs::permissions(pathOf(path), fs::perms(0644));
+    const OrdinaryUser user;
+    EXPECT_EQ(loadMessage(path), L"Error parseDataFile: Can not open file: " + path);
+}
+
+#endif
+
+}  // namespace storetests

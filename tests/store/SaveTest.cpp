@@ -1,0 +1,133 @@
+#include <log4cxx/fileappender.h>
+#include <log4cxx/logger.h>
+#include <log4cxx/patternlayout.h>
+
+#include "tests/store/StoreSupport.h"
+
+namespace fs = std::filesystem;
+
+namespace storetests {
+
+TEST(Save, ClearsTheDirtyFlag) {
+    const TemporaryFolder folder;
+    ConfigInfo document;
+    document.setDirty(true);
+    EXPECT_TRUE(document.save(folder.file(L"a.skorrax")));
+    EXPECT_FALSE(document.isDirty());
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
+TEST(Save, DoesNothingForAnEmptyPath) {
+    ConfigInfo document;
+    for (const bool dirty : {false, true}) {
+        document.setDirty(dirty);
+        EXPECT_FALSE(document.save(L""));
+        EXPECT_EQ(document.isDirty(), dirty);
+    }
+}
+
+TEST(Save, WritesWhatIsLoadedBack) {
+    const TemporaryFolder folder;
+    const auto path = folder.file(L"a.skorrax");
+    ConfigInfo document;
+    set(document, L"Projector", L"Designed|Name", L"\u00fc & <\u65e5\u672c> \U0001F3A5", L"1");
+    EXPECT_TRUE(document.save(path));
+    EXPECT_EQ(get(ConfigInfo(path), L"Projector", L"Designed|Name", L"1"), L"\u00fc & <\u65e5\u672c> \U0001F3A5");
+}
+
+TEST(Save, ReplacesALongerFile) {
+    const TemporaryFolder folder;
+    const auto path = folder.write(L"a.skorrax", std::string(100000, 'x'));
+    ConfigInfo document;
+    EXPECT_TRUE(document.save(path));
+    EXPECT_EQ(folder.read(L"a.skorrax"), textOf(document));
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
+TEST(Save, CanBeRepeated) {
+    const TemporaryFolder folder;
+    ConfigInfo document;
+    EXPECT_TRUE(document.save(folder.file(L"a.skorrax")));
+    EXPECT_TRUE(document.save(folder.file(L"a.skorrax")));
+    EXPECT_TRUE(document.save(folder.file(L"b.skorrax")));
+    EXPECT_EQ(folder.read(L"a.skorrax"), folder.read(L"b.skorrax"));
+}
+
+TEST(Save, WritesTwoSpacesALevelAndNoBlankLine) {
+    const Document document =
+        load("<ConfigInfo>\n\n<Version>1</Version>\r\n\t<S   ID='1'><A><B>x</B></A>\n\n\n</S></ConfigInfo>");
+    EXPECT_EQ(textOf(*document),
+              savedRoot("  <Version>1</Version>\n  <S ID=\"1\">\n    <A>\n      <B>x</B>\n    </A>\n  </S>\n"));
+}
+
+TEST(Save, FailsAsAnExceptionAndStaysDirty) {
+    const TemporaryFolder folder;
+    ConfigInfo document;
+    set(document, L"S", L"A", L"1");
+    const auto message = messageOf([&] { document.save(folder.file(L"no such folder/a.skorrax")); });
+    EXPECT_STARTS_WITH(message, L"Error save(): An error occurred trying to save DOM tree to file. Msg is:");
+    EXPECT_GT(message.size(),
+              std::wstring(L"Error save(): An error occurred trying to save DOM tree to file. Msg is:").size());
+    EXPECT_TRUE(document.isDirty());
+    EXPECT_EQ(folder.entries(), 0u);
+}
+
+TEST(Save, LogsItsFailureAsAWarning) {
+    const TemporaryFolder folder;
+    const auto logger = log4cxx::Logger::getLogger("Ulvano.XMLConfig.ConfigInfo");
+    const log4cxx::LayoutPtr layout(new log4cxx::PatternLayout(LOG4CXX_STR("%p|%c|%m%n")));
+    const log4cxx::AppenderPtr appender(
+        new log4cxx::FileAppender(layout, LOG4CXX_STR("") + (folder.path() / "log.txt").string(), false));
+    logger->addAppender(appender);
+    ConfigInfo document;
+    const auto message = messageOf([&] { document.save(folder.file(L"none/a.skorrax")); });
+    EXPECT_TRUE(document.save(folder.file(L"good.skorrax")));
+    EXPECT_FALSE(document.save(L""));
+    logger->removeAppender(appender);
+    appender->close();
+    const std::string log = folder.read(L"log.txt");
+    EXPECT_EQ(log, "WARN|Ulvano.XMLConfig.ConfigInfo|" + std::string(message.begin(), message.end()) + "\n");
+}
+
+#ifndef _WIN32
+
+TEST(Save, KeepsTheTargetsPermissions) {
+    const TemporaryFolder folder;
+    const auto path = folder.write(L"a.skorrax", "old");
+    fs::permissions(pathOf(path), fs::perms(0640));
+    ConfigInfo document;
+    EXPECT_TRUE(document.save(path));
+    EXPECT_EQ(fs::status(pathOf(path)).permissions(), fs::perms(0640));
+}
+
+TEST(Save, FollowsASymbolicLink) {
+    const TemporaryFolder folder;
+    folder.write(L"real.skorrax", "old");
+    fs::create_symlink("real.skorrax", folder.path() / "link.skorrax");
+    ConfigInfo document;
+    EXPECT_TRUE(document.save(folder.file(L"link.skorrax")));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "link.skorrax"));
+    EXPECT_EQ(folder.read(L"real.skorrax"), textOf(document));
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST(Save, MakesTheTargetOfADanglingLink) {
+    const TemporaryFolder folder;
+    fs::create_symlink("real.skorrax", folder.path() / "link.skorrax");
+    ConfigInfo document;
+    EXPECT_TRUE(document.save(folder.file(L"link.skorrax")));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "link.skorrax"));
+    EXPECT_EQ(folder.read(L"real.skorrax"), textOf(document));
+}
+
+TEST(Save, WritesToADevice) {
+    ConfigInfo document;
+    document.setDirty(true);
+    EXPECT_TRUE(document.save(L"/dev/null"));
+    EXPECT_FALSE(document.isDirty());
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+#endif
+
+}  // namespace storetests

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "store/ConfigInfo.h"
+#include "store/CorvaneException.h"
+#include "tests/support/TemporaryFolder.h"
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+/// What the tests of the store share.
+namespace storetests {
+
+using Document = std::unique_ptr<ConfigInfo>;
+
+inline const std::string xmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\" ?>\n";
+
+inline Document load(const std::string& text) {
+    const TemporaryFolder folder;
+    return std::make_unique<ConfigInfo>(folder.write(L"input.skorrax", text));
+}
+
+/// What the document would be saved as; the dirty flag stays as it is.
+inline std::string textOf(ConfigInfo& document) {
+    const TemporaryFolder folder;
+    const bool wasDirty = document.isDirty();
+    EXPECT_TRUE(document.save(folder.file(L"output.skorrax")));
+    document.setDirty(wasDirty);
+    return folder.read(L"output.skorrax");
+}
+
+/// The document as it is after a save and a load.
+inline Document reloaded(ConfigInfo& document) { return load(textOf(document)); }
+
+/// The saved form of a document whose root holds `lines`, each already indented.
+inline std::string savedRoot(const std::string& lines) { return xmlHead + "<ConfigInfo>\n" + lines + "</ConfigInfo>\n"; }
+
+/// The message of the CorvaneException that `action` throws; a failed test and "" when it throws none.
+template <typename Action>
+std::wstring messageOf(Action&& action) {
+    try {
+        std::forward<Action>(action)();
+    } catch (const CorvaneException& exception) {
+        EXPECT_EQ(exception.getText(), "");
+        EXPECT_EQ(exception.getCode(), -1);
+        return exception.getMessage();
+    } catch (const std::exception& exception) {
+        ADD_FAILURE() << "another exception: " << exception.what();
+        return {};
+    }
+    ADD_FAILURE() << "no exception";
+    return {};
+}
+
+inline bool startsWith(const std::wstring& text, const std::wstring& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
+inline bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+inline bool contains(const std::wstring& text, const std::wstring& part) { return text.find(part) != std::wstring::npos; }
+inline std::size_t occurrences(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
+    return count;
+}
+inline bool hasBlankLine(const std::string& text) {
+    bool blank = true;
+    for (const char character : text) {
+        if (character == '\n') {
+            if (blank) return true;
+            blank = true;
+        } else if (character != ' ' && character != '\t' && character != '\r') {
+            blank = false;
+        }
+    }
+    return false;
+}
+
+#define EXPECT_STARTS_WITH(text, start) \
+    EXPECT_PRED2([](const std::wstring& a, const std::wstring& b) { return storetests::startsWith(a, b); }, text, start)
+#define EXPECT_CONTAINS(text, part) \
+    EXPECT_TRUE(storetests::contains(text, part)) << "in:\n" << (text) << "\nmissing:\n" << (part)
+
+inline std::wstring get(const ConfigInfo& document, const std::wstring& section, const std::wstring& key,
+                        const std::wstring& id = L"", const std::wstring& subSection = L"",
+                        const std::wstring& subID = L"") {
+    return document.getStringItem(section, key, L"(default)", id, subSection, subID);
+}
+inline void set(ConfigInfo& document, const std::wstring& section, const std::wstring& key, const std::wstring& value,
+                const std::wstring& id = L"", const std::wstring& subSection = L"", const std::wstring& subID = L"") {
+    document.setStringItem(section, key, value, id, subSection, subID);
+}
+inline std::wstring fragment(const ConfigInfo& document, const std::wstring& section, const std::wstring& key,
+                             const std::wstring& id = L"") {
+    return document.getStringItemAsDOMElement(section, key, L"(default)", id);
+}
+
+/// Takes the document's saved form and flag when made; unchanged() tells whether both are the same again.
+class Untouched {
+public:
+    explicit Untouched(ConfigInfo& document) : m_document(document), m_dirty(document.isDirty()), m_text(textOf(document)) {}
+    testing::AssertionResult unchanged() const {
+        if (m_document.isDirty() != m_dirty) return testing::AssertionFailure() << "the dirty flag became " << !m_dirty;
+        const std::string now = textOf(m_document);
+        if (now != m_text) return testing::AssertionFailure() << "was:\n" << m_text << "is:\n" << now;
+        return testing::AssertionSuccess();
+    }
+
+private:
+    ConfigInfo& m_document;
+    bool m_dirty;
+    std::string m_text;
+};
+
+#ifndef _WIN32
+/// While it lives, this process acts with the rights of an ordinary user, also when the superuser runs the tests.
+class OrdinaryUser {
+public:
+    OrdinaryUser() : m_wasRoot(geteuid() == 0) {
+        if (m_wasRoot) m_active = seteuid(65534) == 0;
+    }
+    ~OrdinaryUser() {
+        if (m_wasRoot && m_active && seteuid(0) != 0) std::abort();
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    bool active() const { return m_active; }
+
+private:
+    bool m_wasRoot;
+    bool m_active = true;
+};
+#endif
+
+}  // namespace storetests
