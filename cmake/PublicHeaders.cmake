@@ -10,6 +10,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     platform/MapperType.h
     platform/RunType.h
     platform/Utf8.h
+    store/Address.h
     store/ConfigInfo.h
     store/ConfigInfoFactory.h
     store/CorvaneException.h
