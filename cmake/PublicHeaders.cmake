@@ -36,5 +36,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     sections/TargetLocatorConfig.h
     manager/AssetManager.h
     manager/Catalogue.h
+    manager/Check.h
+    manager/SettingSearch.h
     manager/UlvanoDiagnostics.h
     manager/XMLConfigManager.h)

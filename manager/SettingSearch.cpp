@@ -1,0 +1,125 @@
+#include "manager/SettingSearch.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "manager/Catalogue.h"
+
+namespace XMLConfig {
+namespace {
+
+struct Part {
+    const wchar_t* type;
+    const wchar_t* key;
+    const wchar_t* partType;
+};
+constexpr Part parts[] = {
+    {L"frustum", L"|Offset", L"3-D point"}, {L"frustum", L"|RotationYPR", L"3-D point"},
+    {L"frustum", L"|FOVLeft", L"double"},   {L"frustum", L"|FOVRight", L"double"},
+    {L"frustum", L"|FOVTop", L"double"},    {L"frustum", L"|FOVBottom", L"double"},
+    {L"frustum", L"|ResolutionX", L"int"},  {L"frustum", L"|ResolutionY", L"int"},
+    {L"pond of mirrors", L"|Top", L"int"},  {L"pond of mirrors", L"|Bottom", L"int"},
+    {L"pond of mirrors", L"|Left", L"int"}, {L"pond of mirrors", L"|Right", L"int"},
+};
+
+std::vector<Setting> settingsWithParts() {
+    std::vector<Setting> settings;
+    for (const Setting& setting : catalogue()) {
+        settings.push_back(setting);
+        for (const Part& part : parts) {
+            if (setting.type != part.type) continue;
+            settings.push_back(setting);
+            settings.back().key += part.key;
+            settings.back().type = part.partType;
+        }
+    }
+    return settings;
+}
+
+const std::vector<Setting>& knownSettings() {
+    static const std::vector<Setting> known = settingsWithParts();
+    return known;
+}
+
+bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
+
+/// Length of the decimal number that begins the text; 0 when none does.
+std::size_t numberLength(std::wstring_view text) {
+    std::size_t length = text.substr(0, 1) == L"-" ? 1 : 0;
+    const std::size_t digits = length;
+    while (length < text.size() && isDigit(text[length])) ++length;
+    return length == digits ? 0 : length;
+}
+
+/// "%d" stands for a number, "%s" for one character or more, everything else for itself.
+bool matchesPattern(std::wstring_view text, std::wstring_view pattern) {
+    const std::size_t percent = pattern.find(L'%');
+    if (percent == std::wstring_view::npos) return text == pattern;
+    if (text.substr(0, percent) != pattern.substr(0, percent)) return false;
+    const std::wstring_view rest = text.substr(percent);
+    const std::wstring_view restOfPattern = pattern.substr(percent + 2);
+    if (pattern[percent + 1] == L'd') {
+        const std::size_t length = numberLength(rest);
+        return length > 0 && matchesPattern(rest.substr(length), restOfPattern);
+    }
+    for (std::size_t length = 1; length <= rest.size(); ++length)
+        if (matchesPattern(rest.substr(length), restOfPattern)) return true;
+    return false;
+}
+
+/// The address below its section in the catalogue's spelling.
+std::wstring pathOf(const Address& address) {
+    if (address.subSection.empty()) return address.key;
+    const std::wstring id = address.subSectionID.empty() ? L"" : L"[" + address.subSectionID + L"]";
+    return address.subSection + id + (address.key.empty() ? L"" : L"|" + address.key);
+}
+
+}  // namespace
+
+std::optional<Setting> findSetting(const Address& address) {
+    const std::wstring path = pathOf(address);
+    for (const Setting& setting : knownSettings())
+        if (setting.section == address.section && matchesPattern(path, setting.key)) return setting;
+    return std::nullopt;
+}
+
+bool isGroupOfSettings(const Address& address) {
+    const std::wstring path = pathOf(address);
+    const auto isBelow = [&](const Setting& setting) {
+        if (setting.section != address.section) return false;
+        for (std::size_t end = setting.key.find(L'|'); end != std::wstring::npos; end = setting.key.find(L'|', end + 1))
+            if (matchesPattern(path, std::wstring_view(setting.key).substr(0, end))) return true;
+        return false;
+    };
+    return std::any_of(knownSettings().begin(), knownSettings().end(), isBelow);
+}
+
+std::vector<Setting> settingsOfSection(const std::wstring& section) {
+    std::vector<Setting> settings;
+    for (const Setting& setting : catalogue())
+        if (setting.section == section) settings.push_back(setting);
+    return settings;
+}
+
+std::wstring addressKey(const Setting& setting) {
+    std::wstring key = setting.key;
+    std::replace(key.begin(), key.end(), L'|', L'/');
+    return key;
+}
+
+bool isOpenSection(const std::wstring& section) { return section == L"MediaServer" || section == L"ProjMap"; }
+
+bool isDeviceSection(const std::wstring& section) { return section == L"Projector" || section == L"Camera"; }
+
+std::vector<std::wstring> sectionNames() {
+    std::vector<std::wstring> names;
+    const auto add = [&](const std::wstring& name) {
+        if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+    };
+    for (const Setting& setting : knownSettings()) add(setting.section);
+    add(L"MediaServer");
+    add(L"ProjMap");
+    return names;
+}
+
+}  // namespace XMLConfig

@@ -1,0 +1,108 @@
+#include "manager/Check.h"
+
+#include <gtest/gtest.h>
+
+#include "store/ConfigInfo.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using Lines = std::vector<std::wstring>;
+using Kind = XMLConfig::Finding::Kind;
+
+/// What is found in a document with that content, as "address: message".
+Lines findingsIn(const std::string& content) {
+    const TemporaryFolder folder;
+    const std::wstring file =
+        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version>" + content + "</ConfigInfo>");
+    Lines lines;
+    for (const XMLConfig::Finding& finding : XMLConfig::check(ConfigInfo(file)))
+        lines.push_back(finding.address + L": " + finding.message);
+    return lines;
+}
+
+TEST(Check, NewDocumentIsInOrder) { EXPECT_TRUE(XMLConfig::check(ConfigInfo()).empty()); }
+
+TEST(Check, FindsValuesOfAnotherType) {
+    EXPECT_EQ(findingsIn("<System><Is_Camera_Used>maybe</Is_Camera_Used><ACT_Count>two</ACT_Count></System>"
+                         "<Geometry><Box_Spacing>1,5</Box_Spacing><Box_Size>21</Box_Size></Geometry>"),
+              (Lines{L"System/Is_Camera_Used: \"maybe\" is not of type bool",
+                     L"System/ACT_Count: \"two\" is not of type int", L"Geometry/Box_Spacing: \"1,5\" is not of type double",
+                     L"Geometry/Box_Size: \"21\" is not of type 2-D integer point"}));
+}
+
+TEST(Check, FindsElementsInPlaceOfAValue) {
+    EXPECT_EQ(findingsIn("<Geometry><Box_Spacing><x>1</x></Box_Spacing></Geometry>"),
+              (Lines{L"Geometry/Box_Spacing: holds elements instead of a value"}));
+}
+
+TEST(Check, LooksIntoGroupsAndRecords) {
+    EXPECT_EQ(findingsIn("<Projector ID='1'><Channel_Extents><Heading><Yaw>0</Yaw><Jaw>0</Jaw></Heading></Channel_Extents>"
+                         "<Designed><Frustum><Offset>0, 0</Offset></Frustum></Designed></Projector>"),
+              (Lines{L"Projector[1]/Channel_Extents/Heading/Jaw: there is no such setting",
+                     L"Projector[1]/Designed/Frustum/Offset: \"0, 0\" is not of type 3-D point"}));
+}
+
+TEST(Check, FragmentsAreNotLookedInto) {
+    EXPECT_TRUE(
+        findingsIn("<Camera ID='1'><DeviceSnippet><device UID='x'><id>1</id></device></DeviceSnippet></Camera>").empty());
+}
+
+TEST(Check, FindsUnknownSettingsOnceEach) {
+    EXPECT_EQ(findingsIn("<System><RunTipe>ClassicRun</RunTipe><Extra><A/><B/></Extra></System>"),
+              (Lines{L"System/RunTipe: there is no such setting", L"System/Extra: there is no such setting"}));
+}
+
+TEST(Check, FindsUnknownSectionsWithoutTheirContent) {
+    EXPECT_EQ(findingsIn("<Sistem><RunType>ClassicRun</RunType></Sistem>"), (Lines{L"Sistem: there is no such section"}));
+}
+
+TEST(Check, OpenSectionsHoldAnyKey) {
+    EXPECT_TRUE(findingsIn("<MediaServer><outputFile>x</outputFile><any><key>1</key></any></MediaServer>"
+                           "<ProjMap><list>1, 2, </list></ProjMap>")
+                    .empty());
+}
+
+TEST(Check, NotedOldIdentifiersAreInOrder) {
+    EXPECT_TRUE(findingsIn("<Projector ID='2'><OldSectionID>1</OldSectionID></Projector>").empty());
+}
+
+TEST(Check, FindsRepeatedIdentifiers) {
+    EXPECT_EQ(findingsIn("<Projector ID='1'/><Projector ID='2'/><Projector ID='1'/><Camera ID='1'/><Screen/><Screen/>"),
+              (Lines{L"Projector[1]: is hidden by an earlier one", L"Screen: is hidden by an earlier one"}));
+}
+
+TEST(Check, FindsRepeatedItemsAndSlots) {
+    EXPECT_EQ(findingsIn("<ProjectorApprovedSlots><Slot ID='3'><Name>A</Name></Slot><Slot ID='3'><Name>B</Name></Slot>"
+                         "<CurrentSlotID>1</CurrentSlotID><CurrentSlotID>2</CurrentSlotID></ProjectorApprovedSlots>"),
+              (Lines{L"ProjectorApprovedSlots/Slot[3]: is hidden by an earlier one",
+                     L"ProjectorApprovedSlots/CurrentSlotID: is hidden by an earlier one"}));
+}
+
+TEST(Check, FindsSlotsWithoutANumber) {
+    EXPECT_EQ(findingsIn("<ProjectorApprovedSlots><Slot ID='left'><Name>A</Name></Slot></ProjectorApprovedSlots>"),
+              (Lines{L"ProjectorApprovedSlots/Slot[left]: there is no such setting"}));
+}
+
+TEST(Check, FindsDevicesWithoutIdentifiers) {
+    EXPECT_EQ(findingsIn("<Projector/><Camera/><Camera ID=''/>"),
+              (Lines{L"Projector: a device has no ID", L"Camera: a device has no ID", L"Camera: a device has no ID"}));
+}
+
+TEST(Check, AddressesCanBeParsed) {
+    EXPECT_EQ(findingsIn("<Projector ID='a]/b'><Name/><Nickname/></Projector>"),
+              (Lines{L"Projector[a]]/b]/Nickname: there is no such setting"}));
+}
+
+TEST(Check, TellsTheKindOfEachFinding) {
+    const TemporaryFolder folder;
+    const ConfigInfo document(folder.write(L"hall.skorrax",
+                                           "<ConfigInfo><Version>9.000</Version><Camera/><Foo/>"
+                                           "<System><X/><ACT_Count>x</ACT_Count></System><System/></ConfigInfo>"));
+    std::vector<Kind> kinds;
+    for (const XMLConfig::Finding& finding : XMLConfig::check(document)) kinds.push_back(finding.kind);
+    EXPECT_EQ(kinds, (std::vector<Kind>{Kind::MissingID, Kind::UnknownSection, Kind::UnknownSetting, Kind::WrongType,
+                                        Kind::RepeatedID}));
+}
+
+}  // namespace
