@@ -37,6 +37,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/AssetManager.h
     manager/Catalogue.h
     manager/Check.h
+    manager/LogOutput.h
     manager/SettingSearch.h
     manager/UlvanoDiagnostics.h
     manager/XMLConfigManager.h)
