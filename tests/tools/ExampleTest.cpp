@@ -1,0 +1,49 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "manager/Check.h"
+#include "manager/XMLConfigManager.h"
+#include "platform/IQuorvelProductInfo.h"
+#include "store/ConfigInfo.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+const std::filesystem::path example = "examples/dome.skorrax";
+
+class Product : public IQuorvelProductInfo {
+public:
+    std::string getConfigFileExtension() const override { return ".skorrax"; }
+};
+
+/// A copy that may be written.
+std::wstring copyIn(const TemporaryFolder& folder) {
+    return folder.write(L"dome.skorrax", TemporaryFolder::readFile(example));
+}
+
+TEST(Example, IsAFixedPoint) {
+    const TemporaryFolder folder;
+    const std::wstring file = copyIn(folder);
+    ConfigInfo document(file);
+    document.insertBuildDateAndNumber();
+    EXPECT_TRUE(document.save(file));
+    EXPECT_EQ(folder.read(L"dome.skorrax"), TemporaryFolder::readFile(example));
+}
+
+TEST(Example, IsInOrder) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(XMLConfig::check(ConfigInfo(copyIn(folder))).empty());
+}
+
+TEST(Example, LoadsAsACurrentFile) {
+    const TemporaryFolder folder;
+    const std::unique_ptr<XMLConfigManager> manager(
+        XMLConfigManager::loadConfiguration(std::make_shared<Product>(), copyIn(folder)));
+    EXPECT_EQ(manager->getVersionUpgradeStatus(), XMLConfig::NoUpgradeRequired);
+    EXPECT_EQ(manager->getProjectorConfigCount(), 4);
+    EXPECT_EQ(manager->getCameraConfigCount(), 2);
+    EXPECT_FALSE(manager->isConfigDirty());
+}
+
+}  // namespace
