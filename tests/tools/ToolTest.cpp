@@ -1,0 +1,438 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using Arguments = std::vector<std::string>;
+
+const char* const hall = R"(<?xml version="1.0" encoding="UTF-8" standalone="no" ?>
+<ConfigInfo>
+  <Version>9.000</Version>
+  <BuildDate>Mar 11 2019</BuildDate>
+  <BuildNumber>2.1.1.14</BuildNumber>
+  <DevelopedBy>Somebody</DevelopedBy>
+  <System>
+    <RunType>ClassicRun</RunType>
+    <Is_Camera_Used>true</Is_Camera_Used>
+  </System>
+  <Projector ID="a/b=c">
+    <Name>Größe 日本</Name>
+    <DeviceSnippet>
+      <device UID="X***1">
+        <id>1</id>
+      </device>
+    </DeviceSnippet>
+    <Channel_Extents>
+      <Heading>
+        <Yaw>1.000000000000000e+00</Yaw>
+      </Heading>
+    </Channel_Extents>
+  </Projector>
+  <Camera ID="1">
+    <Camera_Calibration_Points>
+		1, 10.000000, 20.000000,
+		2, 30.000000, 40.000000
+</Camera_Calibration_Points>
+  </Camera>
+  <ProjectorApprovedSlots>
+    <Slot ID="3">
+      <Name>Lobby</Name>
+    </Slot>
+  </ProjectorApprovedSlots>
+
+</ConfigInfo>
+)";
+
+class Tool : public testing::Test {
+protected:
+    std::string hallFile() const {
+        folder.write(L"hall.skorrax", hall);
+        return (folder.path() / "hall.skorrax").string();
+    }
+    std::string fileOf(const std::string& content) const {
+        folder.write(L"other.skorrax", content);
+        return (folder.path() / "other.skorrax").string();
+    }
+    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
+
+    TemporaryFolder folder;
+};
+
+void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors) {
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(run.output, output);
+    EXPECT_EQ(run.errors, errors);
+}
+
+const char* const verbNames[] = {"new", "show", "get", "set", "describe", "check"};
+
+TEST_F(Tool, TellsItsVersionEverywhere) {
+    expectRun(runTool({"--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");
+    for (const char* verb : verbNames)
+        expectRun(runTool({verb, "--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");
+}
+
+TEST_F(Tool, HelpsEverywhere) {
+    const ToolRun run = runTool({"--help"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, "");
+    EXPECT_THAT(run.output, HasSubstr("only \"]\" is written twice"));
+    EXPECT_THAT(run.output, HasSubstr("Exit status: 0 done, 1 not found or refused, 2 wrong usage."));
+    for (const char* verb : verbNames) {
+        EXPECT_THAT(run.output, HasSubstr(std::string("\n  ") + verb + " "));
+        const ToolRun help = runTool({verb, "--help"});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_THAT(help.output, HasSubstr(std::string("xmlconfig ") + verb + " "));
+        EXPECT_THAT(help.output, HasSubstr("Exit status:"));
+    }
+}
+
+TEST_F(Tool, WrongUsageIsStatusTwo) {
+    expectRun(
+        runTool({"shw", "x"}), 2, "",
+        "xmlconfig: there is no verb \"shw\"; did you mean \"show\"?\nxmlconfig: 'xmlconfig --help' lists the verbs\n");
+    expectRun(runTool({"frobnicate"}), 2, "",
+              "xmlconfig: there is no verb \"frobnicate\"\nxmlconfig: 'xmlconfig --help' lists the verbs\n");
+    expectRun(runTool({"show"}), 2, "", "xmlconfig: FILE is required\nxmlconfig: see 'xmlconfig show --help'\n");
+    for (const Arguments& arguments : {Arguments{}, Arguments{"show", "--what", "x"}, Arguments{"get", "x"},
+                                       Arguments{"set", "x"}, Arguments{"show", "x", "y"}, Arguments{"--what"}}) {
+        const ToolRun run = runTool(arguments);
+        EXPECT_EQ(run.status, 2) << testing::PrintToString(arguments);
+        EXPECT_EQ(run.output, "");
+        EXPECT_THAT(run.errors, StartsWith("xmlconfig: "));
+    }
+}
+
+TEST_F(Tool, ArgumentsMustBeUtf8) {
+    const ToolRun run = runTool({"show", "\xFF.skorrax"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.errors, "xmlconfig: an argument is not UTF-8: \xFF.skorrax\n");
+}
+
+TEST_F(Tool, UnreadableFilesAreRefused) {
+    const std::string missing = path("missing.skorrax");
+    const std::string message = "xmlconfig: Error parseDataFile: Can not open file: " + missing + "\n";
+    expectRun(runTool({"show", missing}), 1, "", message);
+    expectRun(runTool({"check", missing}), 1, "", message);
+    expectRun(runTool({"get", missing, "System"}), 1, "", message);
+    expectRun(runTool({"set", missing, "System/RunType=x"}), 1, "", message);
+    const ToolRun run = runTool({"show", fileOf("<ConfigInfo><Version>")});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors, HasSubstr("line 1, column "));
+}
+
+TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
+    const std::string file = path("neu.skorrax");
+    expectRun(runTool({"new", file}), 0, "", "");
+    expectRun(runTool({"check", file}), 0, "", "");
+    expectRun(runTool({"get", file, "Screen/Shape", "Geometry/Box_Size"}), 0, "Flat\n21, 21\n", "");
+}
+
+TEST_F(Tool, NewReplacesAFileOnlyByForce) {
+    const std::string file = hallFile();
+    expectRun(runTool({"new", file}), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+    expectRun(runTool({"new", "--force", file}), 0, "", "");
+    expectRun(runTool({"get", file, "Screen/Shape"}), 0, "Flat\n", "");
+}
+
+TEST_F(Tool, NewWantsTheExtension) {
+    for (const char* name : {"hall.xml", "hall", "hall.skorra", ".skorrax"}) {
+        const std::string file = name[0] == '.' ? name : path(name);
+        expectRun(runTool({"new", file}), 1, "",
+                  "xmlconfig: " + file + ": the name of a configuration ends in \".skorrax\"\n");
+    }
+    EXPECT_EQ(folder.entries(), 0U);
+}
+
+TEST_F(Tool, NewTellsWhenTheFolderIsMissing) {
+    const ToolRun run = runTool({"new", path("nowhere/hall.skorrax")});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors, HasSubstr("xmlconfig: Error save(): "));
+}
+
+TEST_F(Tool, ShowPrintsHeaderSummaryAndTree) {
+    const ToolRun run = runTool({"show", hallFile()});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, "");
+    EXPECT_THAT(run.output, StartsWith("File        version 9.000\n"
+                                       "Build date  Mar 11 2019\n"
+                                       "Build       2.1.1.14\n"
+                                       "Maker       Somebody\n"
+                                       "\n"
+                                       "Projectors  1 (1 x 1)\n"));
+    EXPECT_THAT(run.output, testing::EndsWith("\n"
+                                              "System\n"
+                                              "  RunType = ClassicRun\n"
+                                              "  Is_Camera_Used = true\n"
+                                              "\n"
+                                              "Projector [a/b=c]\n"
+                                              "  Name = Größe 日本\n"
+                                              "  DeviceSnippet\n"
+                                              "    device UID=\"X***1\"\n"
+                                              "      id = 1\n"
+                                              "  Channel_Extents\n"
+                                              "    Heading\n"
+                                              "      Yaw = 1.000000000000000e+00\n"
+                                              "\n"
+                                              "Camera [1]\n"
+                                              "  Camera_Calibration_Points =\n"
+                                              "    1, 10.000000, 20.000000,\n"
+                                              "    2, 30.000000, 40.000000\n"
+                                              "\n"
+                                              "ProjectorApprovedSlots\n"
+                                              "  Slot [3]\n"
+                                              "    Name = Lobby\n"));
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+}
+
+TEST_F(Tool, SummaryTellsTheExample) {
+    expectRun(
+        runTool({"show", "--summary", "examples/dome.skorrax"}), 0,
+        "File        version 9.000\n"
+        "Build date  Mar 11 2019\n"
+        "Build       2.1.1.14\n"
+        "Maker       Ulvano\n"
+        "\n"
+        "Projectors  4 (4 x 1)\n"
+        "  ID                          Name    Pixels       Yaw     Pitch  Roll  Field      Blends left/right/top/bottom\n"
+        "  VELDAR***00:0a:0b:0c:0d:01  Dome 1  1920 x 1200  -67.5°  22°    0°    60° x 50°  0 / 25 / 0 / 0\n"
+        "  VELDAR***00:0a:0b:0c:0d:02  Dome 2  1920 x 1200  -22.5°  22°    0°    60° x 50°  25 / 25 / 0 / 0\n"
+        "  VELDAR***00:0a:0b:0c:0d:03  Dome 3  1920 x 1200  22.5°   22°    0°    60° x 50°  25 / 25 / 0 / 0\n"
+        "  VELDAR***00:0a:0b:0c:0d:1f  Dome 4  1920 x 1200  67.5°   22°    0°    60° x 50°  25 / 0 / 0 / 0\n"
+        "Cameras     2\n"
+        "  ID                       Name        Exposure  Gain\n"
+        "  PGR***02:1c:00:51:00:a0  Dome left   120000    3\n"
+        "  PGR***02:1c:00:51:00:a4  Dome right  120000    3\n"
+        "Screen      Sphere, radius 5.2 m, -90° to 90° around, -10° to 60° up\n"
+        "Target      Spherical\n"
+        "Runs        27 succeeded, 2 failed, the last one at 2019-03-11 14:05:09 UTC\n"
+        "Slots       2 approved: 1 \"Opening show\", 2 \"Sternenhimmel für Kinder\"; current slot 3\n",
+        "");
+}
+
+TEST_F(Tool, SummaryIsInTheDocumentsUnits) {
+    const std::string file = fileOf(
+        "<ConfigInfo><Version>9.000</Version><System><Length_Unit>Centimeters</Length_Unit></System>"
+        "<Screen><Screen_Width>2.5</Screen_Width></Screen></ConfigInfo>");
+    const ToolRun run = runTool({"show", "--summary", file});
+    EXPECT_THAT(run.output, HasSubstr("Projectors  0\nCameras     0\nScreen      Flat, 250 x ? cm\n"));
+}
+
+TEST_F(Tool, ShowTakesOlderFilesAsTheyAre) {
+    expectRun(runTool({"show", fileOf("<ConfigInfo><Version>2.003</Version><System><Old>1</Old></System></ConfigInfo>")}), 0,
+              "File        version 2.003\n\nSystem\n  Old = 1\n", "");
+}
+
+TEST_F(Tool, GetPrintsStoredValues) {
+    expectRun(runTool({"get", hallFile(), "System/RunType", "Projector[a/b=c]/Name", "Projector/Channel_Extents/Heading/Yaw",
+                       "ProjectorApprovedSlots/Slot[3]/Name"}),
+              0, "ClassicRun\nGröße 日本\n1.000000000000000e+00\nLobby\n", "");
+}
+
+TEST_F(Tool, GetPrintsElementsAsXmlAndGroupsAsTrees) {
+    expectRun(runTool({"get", hallFile(), "Projector/DeviceSnippet"}), 0,
+              "<device UID=\"X***1\">\n  <id>1</id>\n</device>\n", "");
+    expectRun(runTool({"get", path("hall.skorrax"), "Projector/Channel_Extents", "ProjectorApprovedSlots/Slot[3]"}), 0,
+              "Channel_Extents\n  Heading\n    Yaw = 1.000000000000000e+00\nSlot [3]\n  Name = Lobby\n", "");
+}
+
+TEST_F(Tool, GetTellsWhatIsMissingAndPrintsTheRest) {
+    const std::string file = hallFile();
+    expectRun(runTool({"get", file, "System/Nothing", "System/RunType", "Camera[2]/Name"}), 1, "ClassicRun\n",
+              "xmlconfig: " + file + ": holds no System/Nothing\nxmlconfig: " + file + ": holds no Camera[2]/Name\n");
+}
+
+TEST_F(Tool, GetRefusesWhatIsNoAddress) {
+    expectRun(runTool({"get", hallFile(), "Projector[1/Name"}), 1, "",
+              "xmlconfig: Error parseAddress: \"Projector[1/Name\", character 10: the identifier has no end\n");
+}
+
+TEST_F(Tool, SetChangesExactlyWhatIsNamed) {
+    const std::string file = hallFile();
+    expectRun(runTool({"set", file, "Projector[a/b=c]/Name=x=y ü", "System/RunType=CinemaRun"}), 0, "", "");
+    std::string expected = hall;
+    expected.replace(expected.find("Größe 日本"), std::string("Größe 日本").size(), "x=y ü");
+    expected.replace(expected.find("ClassicRun"), 10, "CinemaRun");
+    const std::string changed = folder.read(L"hall.skorrax");
+    const auto lines = [](std::string text) {
+        for (std::size_t i; (i = text.find("\n\n")) != std::string::npos;) text.erase(i, 1);
+        return text;
+    };
+    EXPECT_EQ(lines(changed), lines(expected));
+}
+
+TEST_F(Tool, SetStoresXmlElementsAsElements) {
+    const std::string file = hallFile();
+    expectRun(runTool({"set", file, "Projector/DeviceSnippet=<device UID=\"Y***2\"><id>2</id></device>"}), 0, "", "");
+    expectRun(runTool({"get", file, "Projector/DeviceSnippet"}), 0, "<device UID=\"Y***2\">\n  <id>2</id>\n</device>\n", "");
+}
+
+TEST_F(Tool, SetAddsKnownSettings) {
+    const std::string file = hallFile();
+    expectRun(runTool({"set", file, "Geometry/Box_Spacing=1.75", "ProjectorApprovedSlots/Slot[4]/Name=Foyer",
+                       "ProjMap/any/key=1"}),
+              0, "", "");
+    expectRun(runTool({"get", file, "Geometry/Box_Spacing", "ProjectorApprovedSlots/Slot[4]/Name", "ProjMap/any/key"}), 0,
+              "1.75\nFoyer\n1\n", "");
+    expectRun(runTool({"check", file}), 0, "", "");
+}
+
+TEST_F(Tool, SetIsAllOrNothing) {
+    const std::string file = hallFile();
+    const std::pair<std::string, std::string> faults[] = {
+        {"System/RunTipe=x",
+         "System/RunTipe: there is no such setting; did you mean \"RunType\"? --force stores it all the same"},
+        {"Sistem/RunType=x",
+         "Sistem/RunType: there is no such setting; did you mean \"System\"? --force stores it all the same"},
+        {"System/Is_Camera_Used=maybe",
+         "System/Is_Camera_Used: \"maybe\" is not of type bool; --force stores it all the same"},
+        {"Projector[2]/Name=x", "Projector[2]/Name: there is no such section; --force adds it"},
+        {"System[2]/RunType=x", "System[2]/RunType: there is no such section; --force adds it"},
+        {"System=x", "System: a section has no value; name a setting in it"},
+        {"Projector/Channel_Extents=1", "Projector/Channel_Extents: holds other settings and no value"},
+        {"Camera[1]/DeviceSnippet/device=1",
+         "Camera[1]/DeviceSnippet/device: there is no such setting; --force stores it all the same"},
+        {"System/RunType", "Error parseAddress: \"System/RunType\", character 15: \"=\" and a value are missing"},
+    };
+    for (const auto& [change, message] : faults) {
+        const ToolRun run = runTool({"set", file, "System/RunType=CinemaRun", change});
+        EXPECT_EQ(run.status, 1) << change;
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.errors, "xmlconfig: " + message + "\n");
+        EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+    }
+    expectRun(runTool({"set", "--force", file, "System/RunType=CinemaRun", "Projector/Channel_Extents=1"}), 1, "",
+              "xmlconfig: Projector/Channel_Extents: holds other settings and no value\n");
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+}
+
+TEST_F(Tool, SetRefusesWhatXmlCannotHold) {
+    const std::string file = hallFile();
+    const ToolRun run = runTool({"set", file, "System/RunType=CinemaRun", "System/Skorra_File=a\x01z"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors, StartsWith("xmlconfig: Error setItem: "));
+    const ToolRun element = runTool({"set", file, "System/RunType=CinemaRun", "Projector/DeviceSnippet=<device>"});
+    EXPECT_EQ(element.status, 1);
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+}
+
+TEST_F(Tool, SetByForceStoresAnything) {
+    const std::string file = hallFile();
+    expectRun(runTool({"set", "--force", file, "System/Is_Camera_Used=maybe", "Projector[2]/Nickname=x", "Mine/Own=1"}), 0,
+              "", "");
+    expectRun(runTool({"get", file, "System/Is_Camera_Used", "Projector[2]/Nickname", "Mine/Own"}), 0, "maybe\nx\n1\n", "");
+    expectRun(runTool({"check", file}), 1,
+              "warning: System/Is_Camera_Used: \"maybe\" is not of type bool\n"
+              "warning: Projector[2]/Nickname: there is no such setting\n"
+              "warning: Mine: there is no such section\n",
+              "");
+}
+
+TEST_F(Tool, SettingWhatIsStoredLeavesTheFileAlone) {
+    const std::string file = hallFile();
+    const auto before = std::filesystem::last_write_time(file);
+    expectRun(runTool({"set", file, "System/RunType=ClassicRun"}), 0, "", "");
+    EXPECT_EQ(std::filesystem::last_write_time(file), before);
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+}
+
+TEST_F(Tool, FilesOfOtherVersionsAreNeitherChangedNorChecked) {
+    const std::string older = "<ConfigInfo><Version>2.003</Version></ConfigInfo>";
+    const std::string file = fileOf(older);
+    const std::string message = "xmlconfig: " + file + ": is of file version 2.003, which must be converted first\n";
+    expectRun(runTool({"set", file, "System/RunType=x"}), 1, "", message);
+    expectRun(runTool({"check", file}), 1, "", message);
+    EXPECT_EQ(folder.read(L"other.skorrax"), older);
+    expectRun(runTool({"check", fileOf("<ConfigInfo><Version>9.001</Version></ConfigInfo>")}), 1, "",
+              "xmlconfig: " + file + ": is of file version 9.001, which is newer than this program\n");
+    expectRun(runTool({"check", fileOf("<ConfigInfo/>")}), 1, "",
+              "xmlconfig: Error getVersion:  No \"version\" node in XML file\n");
+}
+
+TEST_F(Tool, CheckFindsNothingInTheExample) { expectRun(runTool({"check", "examples/dome.skorrax"}), 0, "", ""); }
+
+TEST_F(Tool, DescribeListsTheCatalogue) {
+    const ToolRun all = runTool({"describe"});
+    EXPECT_EQ(all.status, 0);
+    for (const char* address : {"Color/", "Geometry/Box_Spacing ", "Projector/Channel_Extents/Heading/Yaw ",
+                                "ProjectorApprovedSlots/Slot[%d]/Name ", "MediaServer/outputFile "})
+        EXPECT_THAT(all.output, testing::AnyOf(HasSubstr(std::string("\n") + address), StartsWith(address)));
+    const ToolRun section = runTool({"describe", "SiteAnalytics"});
+    EXPECT_EQ(std::count(section.output.begin(), section.output.end(), '\n'), 4);
+    EXPECT_THAT(section.output, StartsWith("SiteAnalytics/SuccessfulRunNumber  int "));
+}
+
+TEST_F(Tool, DescribeDetailsOneSetting) {
+    expectRun(runTool({"describe", "SiteAnalytics/VisitTimestamp"}), 0,
+              "SiteAnalytics/VisitTimestamp\n"
+              "  meaning       when the installation was first visited; 0 for not yet\n"
+              "  type          int\n"
+              "  unit          seconds since 1970-01-01 UTC\n"
+              "  when missing  \"0\"\n"
+              "  when new      not stored\n",
+              "");
+    const ToolRun inherited = runTool({"describe", "Projector/Box_Spacing"});
+    EXPECT_THAT(inherited.output, HasSubstr("when missing  that of Geometry, else \"1.500000000000000e+00\"\n"));
+    const ToolRun group = runTool({"describe", "Projector/Channel_Extents/Heading"});
+    EXPECT_EQ(std::count(group.output.begin(), group.output.end(), '\n'), 3);
+}
+
+TEST_F(Tool, DescribeSuggestsWhatIsMeant) {
+    expectRun(runTool({"describe", "Sistem"}), 1, "",
+              "xmlconfig: there is no \"Sistem\" among the settings; did you mean \"System\"?\n");
+    expectRun(runTool({"describe", "System/RuntType"}), 1, "",
+              "xmlconfig: there is no \"System/RuntType\" among the settings; did you mean \"System/RunType\"?\n");
+}
+
+TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
+    for (const std::string locale : {"LC_ALL=C", "LC_ALL=de_DE.UTF-8", "LC_ALL=POSIX"}) {
+        const std::string file = path("Größe 日本 " + locale + ".skorrax");
+        expectRun(runTool({"new", file}, locale), 0, "", "");
+        expectRun(runTool({"new", file}, locale), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
+        expectRun(runTool({"set", file, "System/Skorra_File=Zürich 🎥.skorrax", "Geometry/Box_Spacing=1.5"}, locale), 0, "",
+                  "");
+        expectRun(runTool({"get", file, "System/Skorra_File"}, locale), 0, "Zürich 🎥.skorrax\n", "");
+        expectRun(runTool({"get", file, "System/Größe"}, locale), 1, "", "xmlconfig: " + file + ": holds no System/Größe\n");
+    }
+    EXPECT_EQ(folder.entries(), 3U);
+}
+
+TEST_F(Tool, LibraryIsHeardOnlyWhenAsked) {
+    const std::string file = path("hall.skorrax");
+    expectRun(runTool({"new", "--verbose", file}), 0, "",
+              "xmlconfig: INFO: newConfiguration()\nxmlconfig: INFO: saveConfiguration('" + file + "')\n");
+    expectRun(runTool({"--verbose", "new", "--force", file}), 0, "",
+              "xmlconfig: INFO: newConfiguration()\nxmlconfig: INFO: saveConfiguration('" + file + "')\n");
+}
+
+TEST_F(Tool, FullOutputIsAFailure) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
+    const std::string command = shellQuoted(toolPath()) + " --version > /dev/full 2> /dev/null";
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+    const std::string show = shellQuoted(toolPath()) + " show examples/dome.skorrax > /dev/full 2> /dev/null";
+    EXPECT_EQ(WEXITSTATUS(std::system(show.c_str())), 1);
+}
+
+TEST_F(Tool, ExampleRuns) {
+    const std::string command =
+        "XMLCONFIG_TOOL=" + shellQuoted(toolPath()) + " sh examples/run-example.sh > " + shellQuoted(path("out")) + " 2>&1";
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 0);
+    EXPECT_THAT(folder.read(L"out"), testing::EndsWith("50c50\n"
+                                                       "<     <Box_Spacing>1.500000000000000e+00</Box_Spacing>\n"
+                                                       "---\n"
+                                                       ">     <Box_Spacing>1.75</Box_Spacing>\n"
+                                                       "298c298\n"
+                                                       "<     <Name>Dome 2</Name>\n"
+                                                       "---\n"
+                                                       ">     <Name>Dome, left of the middle</Name>\n"));
+}
+
+}  // namespace

@@ -1,0 +1,125 @@
+#include "tools/CommandLine.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "manager/LogOutput.h"
+#include "platform/Utf8.h"
+#include "store/ConfigInfoFactory.h"
+#include "store/CorvaneException.h"
+#include "tools/Output.h"
+#include "tools/Suggestion.h"
+#include "tools/Verb.h"
+
+namespace tool {
+namespace {
+
+const char* const summary = "Reads, checks and changes the configuration files of the projector calibration.";
+const char* const exitStatuses = "Exit status: 0 done, 1 not found or refused, 2 wrong usage.";
+
+/// 9.0, the same under every locale.
+std::string fileVersion() {
+    char text[32];
+    const auto end = std::to_chars(std::begin(text), std::end(text), ConfigInfoFactory::getLatestFileVersionNumber(),
+                                   std::chars_format::fixed, 1);
+    return std::string(text, end.ptr);
+}
+
+std::string versionText() { return "xmlconfig " XMLCONFIG_VERSION " (file version " + fileVersion() + ")"; }
+
+/// The options every verb has.
+void setUpCommon(CLI::App& app, bool& verbose) {
+    app.set_help_flag("-h,--help", "Show this help");
+    app.set_version_flag("--version", versionText(), "Show the version");
+    app.add_flag("--verbose", verbose, "Tell what the library does");
+    app.get_formatter()->column_width(28);
+    app.footer(exitStatuses);
+}
+
+class CommandLine {
+public:
+    CommandLine() : m_app(summary, "xmlconfig") {
+        setUpCommon(m_app, m_verbose);
+        m_app.require_subcommand(1);
+        m_app.footer(addressHelp);
+        m_requests.reserve(verbs().size());
+        for (const Verb& verb : verbs()) {
+            CLI::App* const app = m_app.add_subcommand(verb.name, verb.summary);
+            setUpCommon(*app, m_verbose);
+            m_requests.emplace_back();
+            verb.setUp(*app, m_requests.back());
+        }
+    }
+
+    int run(const std::vector<std::string>& arguments) {
+        if (const std::optional<std::string> unknown = unknownVerb(arguments)) return tellUnknown(*unknown);
+        try {
+            m_app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        } catch (const CLI::ParseError& error) {
+            return tell(error);
+        }
+        XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : XMLConfig::LogLevel::Warn);
+        return runVerb();
+    }
+
+private:
+    static std::optional<std::string> unknownVerb(const std::vector<std::string>& arguments) {
+        const auto isWord = [](const std::string& argument) { return argument.empty() || argument[0] != '-'; };
+        const auto word = std::find_if(arguments.begin(), arguments.end(), isWord);
+        if (word == arguments.end()) return std::nullopt;
+        const auto isIt = [&](const Verb& verb) { return verb.name == *word; };
+        return std::any_of(verbs().begin(), verbs().end(), isIt) ? std::nullopt : std::optional<std::string>(*word);
+    }
+
+    static int tellUnknown(const std::string& word) {
+        std::vector<std::wstring> names;
+        for (const Verb& verb : verbs()) names.push_back(XMLConfig::wideFromUtf8(verb.name));
+        const std::wstring wide = XMLConfig::wideFromUtf8(word);
+        complain(L"there is no verb \"" + wide + L"\"" + suggestion(wide, names));
+        complain("'xmlconfig --help' lists the verbs");
+        return WrongUsage;
+    }
+
+    /// Help and version are no faults; everything else is wrong usage.
+    int tell(const CLI::ParseError& error) const {
+        if (error.get_exit_code() == 0) {
+            m_app.exit(error);
+            return flushOutput() ? Done : Refused;
+        }
+        const std::vector<CLI::App*> chosen = m_app.get_subcommands();
+        complain(std::string(error.what()));
+        complain("see 'xmlconfig " + (chosen.empty() ? "" : chosen[0]->get_name() + " ") + "--help'");
+        return WrongUsage;
+    }
+
+    int runVerb() const {
+        const std::string name = m_app.get_subcommands()[0]->get_name();
+        for (std::size_t i = 0; i < verbs().size(); ++i) {
+            if (verbs()[i].name != name) continue;
+            const ExitStatus status = verbs()[i].run(m_requests[i]);
+            if (flushOutput()) return status;
+        }
+        throw Refusal(L"standard output cannot be written");
+    }
+
+    CLI::App m_app;
+    bool m_verbose = false;
+    std::vector<Request> m_requests;
+};
+
+}  // namespace
+
+int run(const std::vector<std::string>& arguments) {
+    try {
+        return CommandLine().run(arguments);
+    } catch (const std::exception& fault) {
+        complain(std::string(fault.what()));
+    }
+    return Refused;
+}
+
+}  // namespace tool

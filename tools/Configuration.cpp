@@ -1,0 +1,50 @@
+#include "tools/Configuration.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/Utf8.h"
+#include "store/ConfigInfoFactory.h"
+#include "store/Outline.h"
+#include "tools/Output.h"
+
+namespace tool {
+namespace {
+
+std::wstring storedVersion(const ConfigInfo& document) {
+    for (const XMLConfig::OutlineNode& node : XMLConfig::outline(document))
+        if (node.name == L"Version") return node.text;
+    return L"";
+}
+
+}  // namespace
+
+std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
+    const std::wstring path = XMLConfig::wideFromUtf8(file);
+    return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
+}
+
+bool isOfLatestVersion(const ConfigInfo& document) {
+    return !storedVersion(document).empty() && document.getVersion() == ConfigInfoFactory::getLatestFileVersionNumber();
+}
+
+void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
+    if (isOfLatestVersion(document)) return;
+    const bool isOlder = document.getVersion() < ConfigInfoFactory::getLatestFileVersionNumber();
+    throw Refusal(XMLConfig::wideFromUtf8(file) + L": is of file version " + storedVersion(document) +
+                  (isOlder ? L", which must be converted first" : L", which is newer than this program"));
+}
+
+void saveDocument(ConfigInfo& document, const std::string& file) {
+    document.insertBuildDateAndNumber();
+    if (!document.save(XMLConfig::wideFromUtf8(file))) throw Refusal(L"an empty file name");
+}
+
+bool exists(const std::string& file) {
+    std::string path = file;
+    if (std::filesystem::path::preferred_separator == '/') std::replace(path.begin(), path.end(), '\\', '/');
+    std::error_code ignored;
+    return std::filesystem::exists(std::filesystem::symlink_status(std::filesystem::u8path(path), ignored));
+}
+
+}  // namespace tool

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/IQuorvelProductInfo.h"
+#include "store/ConfigInfo.h"
+
+/// Files as the verbs take them.
+namespace tool {
+
+/// The tool as a product: its configurations end in ".skorrax".
+class ProductInfo : public IQuorvelProductInfo {
+public:
+    std::string getConfigFileExtension() const override { return ".skorrax"; }
+};
+
+/// The document as it stands in the file: nothing is converted, counted or stamped. Throws what ConfigInfo's file
+/// constructor throws.
+std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
+bool isOfLatestVersion(const ConfigInfo& document);
+/// Throws a Refusal unless the document is of the version that this library writes.
+void requireLatestVersion(const ConfigInfo& document, const std::string& file);
+/// Brings the build stamps up to date and writes the document back to its file.
+void saveDocument(ConfigInfo& document, const std::string& file);
+
+/// Whether anything of that name exists.
+bool exists(const std::string& file);
+
+}  // namespace tool

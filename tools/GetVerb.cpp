@@ -1,0 +1,58 @@
+#include <CLI/App.hpp>
+
+#include "manager/SettingSearch.h"
+#include "platform/Utf8.h"
+#include "store/Address.h"
+#include "tools/Configuration.h"
+#include "tools/Output.h"
+#include "tools/Tree.h"
+#include "tools/Verb.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Address;
+using XMLConfig::OutlineNode;
+
+bool holdsElement(const Address& address) {
+    const auto setting = XMLConfig::findSetting(address);
+    return setting && setting->type == L"XML element";
+}
+
+/// A value as it is stored, an XML element as XML, everything else as a tree.
+std::wstring textAt(const ConfigInfo& document, const Address& address, const OutlineNode& node) {
+    if (node.children.empty() && !address.key.empty()) return node.text;
+    if (holdsElement(address))
+        return document.getStringItemAsDOMElement(address.section, address.key, L"", address.sectionID);
+    return treeText(node);
+}
+
+}  // namespace
+
+void setUpGet(CLI::App& app, Request& request) {
+    app.add_option("FILE", request.file, "The file to read")->required();
+    app.add_option("ADDRESS", request.operands, "Where a value stands; a whole section or group is shown as a tree")
+        ->required();
+    app.footer(addressHelp);
+}
+
+ExitStatus runGet(const Request& request) {
+    std::vector<Address> addresses;
+    for (const std::string& operand : request.operands)
+        addresses.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+    const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
+    const std::vector<OutlineNode> nodes = XMLConfig::outline(*document);
+    ExitStatus status = Done;
+    for (const Address& address : addresses) {
+        if (const OutlineNode* const node = XMLConfig::findNode(nodes, address)) {
+            const std::wstring text = textAt(*document, address, *node);
+            print(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
+        } else {
+            complain(XMLConfig::wideFromUtf8(request.file) + L": holds no " + XMLConfig::addressText(address));
+            status = Refused;
+        }
+    }
+    return status;
+}
+
+}  // namespace tool

@@ -1,0 +1,90 @@
+#include <CLI/App.hpp>
+
+#include "manager/SettingSearch.h"
+#include "platform/Utf8.h"
+#include "store/Address.h"
+#include "tools/Configuration.h"
+#include "tools/Output.h"
+#include "tools/Suggestion.h"
+#include "tools/Verb.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Address;
+using XMLConfig::Assignment;
+using XMLConfig::OutlineNode;
+using XMLConfig::Setting;
+
+[[noreturn]] void refuse(const Address& address, const std::wstring& fault) {
+    throw Refusal(XMLConfig::addressText(address) + L": " + fault);
+}
+
+[[noreturn]] void refuseUnknown(const Address& address) {
+    std::vector<std::wstring> names;
+    for (const Setting& setting : XMLConfig::settingsOfSection(address.section))
+        names.push_back(XMLConfig::addressKey(setting));
+    const std::wstring key =
+        XMLConfig::addressText({L"x", L"", address.subSection, address.subSectionID, address.key}).substr(2);
+    const std::wstring nearest =
+        names.empty() ? suggestion(address.section, XMLConfig::sectionNames()) : suggestion(key, names);
+    refuse(address,
+           L"there is no such setting" + nearest + (nearest.empty() ? L"; " : L" ") + L"--force stores it all the same");
+}
+
+/// Faults that --force overrules.
+void checkKnown(const Assignment& assignment, const std::vector<OutlineNode>& nodes) {
+    const Address& address = assignment.address;
+    const auto setting = XMLConfig::findSetting(address);
+    if (!setting && !XMLConfig::isOpenSection(address.section) && XMLConfig::findNode(nodes, address) == nullptr)
+        refuseUnknown(address);
+    if (setting && !XMLConfig::isOfType(assignment.value, setting->type))
+        refuse(address,
+               L"\"" + assignment.value + L"\" is not of type " + setting->type + L"; --force stores it all the same");
+    const bool mayBeMissing = address.sectionID.empty() && !XMLConfig::isDeviceSection(address.section);
+    if (!mayBeMissing && XMLConfig::findNode(nodes, {address.section, address.sectionID, L"", L"", L""}) == nullptr)
+        refuse(address, L"there is no such section; --force adds it");
+}
+
+void checkAssignment(const Assignment& assignment, const std::vector<OutlineNode>& nodes, bool force) {
+    const Address& address = assignment.address;
+    if (address.key.empty()) refuse(address, L"a section has no value; name a setting in it");
+    if (!force) checkKnown(assignment, nodes);
+    const OutlineNode* const node = XMLConfig::findNode(nodes, address);
+    const auto setting = XMLConfig::findSetting(address);
+    const bool holdsElement = setting && setting->type == L"XML element";
+    if (!holdsElement && node != nullptr && !node->children.empty()) refuse(address, L"holds other settings and no value");
+    if (holdsElement && !address.subSection.empty()) refuse(address, L"an XML element stands directly in its section");
+}
+
+void store(ConfigInfo& document, const Assignment& assignment) {
+    const auto& [section, sectionID, subSection, subSectionID, key] = assignment.address;
+    const auto setting = XMLConfig::findSetting(assignment.address);
+    if (setting && setting->type == L"XML element")
+        document.setStringItemAsDOMElement(section, key, assignment.value, sectionID);
+    else document.setStringItem(section, key, assignment.value, sectionID, subSection, subSectionID);
+}
+
+}  // namespace
+
+void setUpSet(CLI::App& app, Request& request) {
+    app.add_option("FILE", request.file, "The file to change")->required();
+    app.add_option("CHANGE", request.operands, "ADDRESS=VALUE: where a value is stored, and the value")->required();
+    app.add_flag("--force", request.force, "Add unknown settings and sections too, and store values of another form");
+    app.footer(addressHelp);
+}
+
+ExitStatus runSet(const Request& request) {
+    std::vector<Assignment> assignments;
+    for (const std::string& operand : request.operands)
+        assignments.push_back(XMLConfig::parseAssignment(XMLConfig::wideFromUtf8(operand)));
+    const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
+    requireLatestVersion(*document, request.file);
+    const std::vector<OutlineNode> nodes = XMLConfig::outline(*document);
+    for (const Assignment& assignment : assignments) checkAssignment(assignment, nodes, request.force);
+    for (const Assignment& assignment : assignments) store(*document, assignment);
+    if (document->isDirty()) saveDocument(*document, request.file);
+    return Done;
+}
+
+}  // namespace tool

@@ -1,0 +1,50 @@
+#include "tools/Tree.h"
+
+#include <algorithm>
+
+namespace tool {
+namespace {
+
+using XMLConfig::OutlineNode;
+
+std::wstring indent(int depth) { return std::wstring(2 * static_cast<std::size_t>(depth), L' '); }
+
+std::wstring attributesText(const OutlineNode& node) {
+    std::wstring text;
+    for (const auto& [name, value] : node.attributes)
+        text += name == L"ID" ? L" [" + value + L"]" : L" " + name + L"=\"" + value + L"\"";
+    return text;
+}
+
+std::wstring trimmed(const std::wstring& line) {
+    const std::size_t start = line.find_first_not_of(L" \t\r");
+    return start == std::wstring::npos ? L"" : line.substr(start, line.find_last_not_of(L" \t\r") - start + 1);
+}
+
+std::wstring linesText(const std::wstring& text, int depth) {
+    std::wstring lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(L'\n', start), text.size());
+        const std::wstring line = trimmed(text.substr(start, end - start));
+        if (!line.empty()) lines += indent(depth) + line + L"\n";
+        start = end + 1;
+    }
+    return lines;
+}
+
+std::wstring valueText(const std::wstring& text, int depth) {
+    if (text.find(L'\n') == std::wstring::npos) return L" = " + text + L"\n";
+    return L" =\n" + linesText(text, depth + 1);
+}
+
+}  // namespace
+
+std::wstring treeText(const OutlineNode& node, int depth) {
+    std::wstring text = indent(depth) + node.name + attributesText(node);
+    if (node.children.empty() && (depth > 0 || !node.text.empty())) return text + valueText(node.text, depth);
+    text += L"\n";
+    for (const OutlineNode& child : node.children) text += treeText(child, depth + 1);
+    return text;
+}
+
+}  // namespace tool

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace tool {
+
+/// What the command line asked for; each verb takes the fields that it set up. Text is UTF-8.
+struct Request {
+    std::string file;
+    std::vector<std::string> operands;
+    bool force = false;
+    bool brief = false;
+};
+
+/// What a program of this tool answers with.
+enum ExitStatus : int { Done = 0, Refused = 1, WrongUsage = 2 };
+
+struct Verb {
+    const char* name;
+    const char* summary;                             ///< one line
+    void (*setUp)(CLI::App& app, Request& request);  ///< names the operands and options
+    ExitStatus (*run)(const Request& request);       ///< what it throws is told as a refusal
+};
+
+/// How addresses are written, for the help of verbs that take them.
+extern const char* const addressHelp;
+
+/// The table of verbs, in the order in which they are listed.
+const std::vector<Verb>& verbs();
+
+// One source file a verb.
+
+void setUpNew(CLI::App& app, Request& request);
+ExitStatus runNew(const Request& request);
+void setUpShow(CLI::App& app, Request& request);
+ExitStatus runShow(const Request& request);
+void setUpGet(CLI::App& app, Request& request);
+ExitStatus runGet(const Request& request);
+void setUpSet(CLI::App& app, Request& request);
+ExitStatus runSet(const Request& request);
+void setUpDescribe(CLI::App& app, Request& request);
+ExitStatus runDescribe(const Request& request);
+void setUpCheck(CLI::App& app, Request& request);
+ExitStatus runCheck(const Request& request);
+
+}  // namespace tool

@@ -1,0 +1,25 @@
+#include "tools/Verb.h"
+
+namespace tool {
+
+const char* const addressHelp =
+    "An ADDRESS is Section[ID]/Key/Nested or Section[ID]/Subsection[ID]/Key. Identifiers may be left out;\n"
+    "then the first section counts. In an identifier every character stands for itself, \"/\" and \"=\"\n"
+    "too; only \"]\" is written twice: Projector[a]]b]/Name is the name of the projector \"a]b\".\n"
+    "The shell wants addresses in quotes: 'Camera[PGR***00:0a:0b:0c:0d:0e]/Camera_Gain'.\n"
+    "\n"
+    "Exit status: 0 done, 1 not found or refused, 2 wrong usage.";
+
+const std::vector<Verb>& verbs() {
+    static const std::vector<Verb> table = {
+        {"new", "Make a file that holds a new configuration", setUpNew, runNew},
+        {"show", "Show what a file holds", setUpShow, runShow},
+        {"get", "Print the values at addresses", setUpGet, runGet},
+        {"set", "Change the values at addresses, all or none", setUpSet, runSet},
+        {"describe", "List the settings the library knows", setUpDescribe, runDescribe},
+        {"check", "Look for values, settings and identifiers that are not in order", setUpCheck, runCheck},
+    };
+    return table;
+}
+
+}  // namespace tool
