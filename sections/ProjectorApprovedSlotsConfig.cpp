@@ -1,6 +1,7 @@
 #include "sections/ProjectorApprovedSlotsConfig.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/Numbers.h"
 #include "sections/ApprovedSlotsItems.h"
@@ -37,6 +38,7 @@ std::wstring ProjectorApprovedSlotsConfig::getSlotName(int slot) const {
                                        formatInteger(slot));
 }
 
+void ProjectorApprovedSlotsConfig::setSlotName(int slot, std::wstring& name) { setSlotName(slot, std::as_const(name)); }
 void ProjectorApprovedSlotsConfig::setSlotName(int slot, const std::wstring& name) {
     m_configInfo->setStringItem(getSectionName(), nameKey, name, getSectionID(), slotTag, formatInteger(slot));
 }

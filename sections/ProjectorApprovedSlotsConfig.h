@@ -20,13 +20,14 @@ public:
 
     int getCurrentSlotID() const;  ///< -1 when it is missing
     void setCurrentSlotID(const int& slot);
-    std::wstring getTimeOfLastRun() const;
+    std::wstring getTimeOfLastRun() const;  ///< empty when it is missing
     void setTimeOfLastRun(const std::wstring& time);
-    std::wstring getDiagnosticsFolderOfLastRun() const;
+    std::wstring getDiagnosticsFolderOfLastRun() const;  ///< empty when it is missing
     void setDiagnosticsFolderOfLastRun(const std::wstring& folder);
     /// Empty for a slot that is not approved or has no name.
     std::wstring getSlotName(int slot) const;
-    /// A slot that is named is approved.
+    // A slot that is named is approved. The name is only read.
+    void setSlotName(int slot, std::wstring& name);
     void setSlotName(int slot, const std::wstring& name);
 
     /// Approved: the slot is approved under `name`. Otherwise the slot is no longer approved, and with CurrentRun it

@@ -168,6 +168,14 @@ TEST_F(ApprovedSlots, NamingASlotApprovesIt) {
     EXPECT_EQ(detailsOf(slots, 2, 5).status, Slots::Approved);
 }
 
+TEST_F(ApprovedSlots, NameOfASlotMayBeAVariable) {
+    void (Slots::*const setSlotName)(int, std::wstring&) = &Slots::setSlotName;
+    std::wstring name = L"Foyer";
+    (slots.*setSlotName)(2, name);
+    EXPECT_EQ(slots.getSlotName(2), L"Foyer");
+    EXPECT_EQ(name, L"Foyer");
+}
+
 TEST_F(ApprovedSlots, IdentifierIsReadAsFarAsItIsANumber) {
     document.setStringItem(sectionName, L"Name", L"Lobby", L"", L"Slot", L"  +3b");
     const Details details = detailsOf(slots, 3, 5);
