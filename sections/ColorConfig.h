@@ -68,7 +68,7 @@ public:
     std::wstring getAdvancedColorFilename() const;
     void setAdvancedColorFilename(const std::wstring& value);
     /// A point that both cameras see, and a channel for each. (A, B) and (B, A) are different pairs. Leaves the outputs
-    /// alone when the item is missing or does not hold exactly five numbers.
+    /// alone when the item is missing or does not hold exactly five pieces; a piece that is no number reads 0.
     void getCameraOverlapPointAndChannel(const std::wstring& cameraA, const std::wstring& cameraB, Point_3Dim<double>& point,
                                          int& channelA, int& channelB) const;
 };

@@ -14,7 +14,7 @@ public:
     /// Writes nothing.
     void initialize() override;
 
-    // `value` is left as it was when the item is missing.
+    // `value` is left as it was when the item is missing, a truth value also when the text holds none.
     void get(const std::wstring& key, std::wstring& value) const;
     void get(const std::wstring& key, bool& value) const;
 

@@ -15,7 +15,8 @@ public:
     /// Writes nothing.
     void initialize() override;
 
-    // `value` is left as it was when the item is missing. A list is replaced, by an empty one too.
+    // `value` is left as it was when the item is missing, a truth value or a point also when the text holds none. A list
+    // is replaced, by an empty one too.
     void get(const std::wstring& key, bool& value) const;
     void get(const std::wstring& key, int& value) const;
     void get(const std::wstring& key, float& value) const;

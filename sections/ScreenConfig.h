@@ -137,13 +137,13 @@ public:
     void setMarkedSurfaceImageSize(const Point_2Dim<int>& size);
     /// Up to the last complete point. Missing: no points.
     std::vector<Point_3Dim<double>> getCalibrationPoints() override;
-    /// Keeps six decimals.
+    /// Keeps six decimals, and of a point with its separators 127 characters.
     void setCalibrationPoints(const std::vector<Point_3Dim<double>>& points) override;
     /// The calibration points in the marked surface's image: x to the right of its middle, z above it.
     std::vector<Point_2Dim<double>> getMarkedSurfaceCalibrationPoints() const;
-    /// Missing, or not sixteen numbers: the identity.
+    /// Missing, or not sixteen pieces: the identity. A piece that is no number reads 0.
     Matrix<double, 4> getLocateGuessTransform() const;
-    /// Keeps six decimals.
+    /// Keeps six decimals, and of a row with its separators 127 characters.
     void setLocateGuessTransform(const Matrix<double, 4>& transform);
 
 private:
