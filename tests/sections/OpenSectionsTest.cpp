@@ -93,7 +93,7 @@ protected:
 using Kinds = testing::Types<Kind<MediaServerConfig, bool>, Kind<MediaServerConfig, std::wstring>, Kind<ProjMapConfig, bool>,
                              Kind<ProjMapConfig, int>, Kind<ProjMapConfig, float>, Kind<ProjMapConfig, Point>,
                              Kind<ProjMapConfig, Floats>>;
-TYPED_TEST_SUITE(OpenItem, Kinds);
+TYPED_TEST_SUITE(OpenItem, Kinds, );  // the comma: a variadic macro needs an argument there
 
 TYPED_TEST(OpenItem, MissingLeavesTheCallersValueAndCreatesNothing) {
     EXPECT_EQ(this->got(this->first), this->first);
