@@ -2,6 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#if defined(__GLIBC__)
+#if __GLIBC_PREREQ(2, 33)
+#include <malloc.h>
+#define TESTS_SEE_THE_HEAP 1
+#endif
+#endif
+
 #include "platform/DiagnosticsFolder.h"
 #include "sections/ReprojectionAccuracyItems.h"
 #include "store/ConfigInfoFactory.h"
@@ -137,6 +146,21 @@ TEST(ReprojectionAccuracy, WithoutADocumentItWorksOnAPrivateOne) {
     EXPECT_TRUE(accuracy.saveResults());
     EXPECT_TRUE(folder.has(L"temp.results"));
 }
+
+#ifdef TESTS_SEE_THE_HEAP
+TEST(ReprojectionAccuracy, DestroyingItDestroysItsDocument) {
+    const std::wstring text(10000, L'x');
+    const auto useOne = [&] {
+        auto document = std::make_unique<ConfigInfo>();
+        document->setStringItem(L"Notes", L"Note", text, L"", L"", L"");
+        const ReprojectionAccuracy accuracy(document.release(), L"");
+    };
+    useOne();  // what is made once for the process is made now
+    const std::size_t before = mallinfo2().uordblks;
+    for (int i = 0; i < 100; ++i) useOne();
+    EXPECT_LT(mallinfo2().uordblks, before + 100 * text.size());
+}
+#endif
 
 TEST(ReprojectionAccuracy, ResultsAreSavedInTheDiagnosticsFolder) {
     TemporaryFolder folder;
