@@ -26,10 +26,9 @@ bool BaseConfig::moveSection(int position) const { return m_configInfo->moveSect
 
 void BaseConfig::renameSection(const std::wstring& newSectionID) {
     const std::wstring oldID = m_sectionID;
-    const std::wstring newID = newSectionID;
-    m_configInfo->renameSection(m_sectionName, oldID, newID);
-    m_configInfo->setStringItem(m_sectionName, oldSectionIDTagName(), oldID, newID, {}, {});
-    m_sectionID = newID;
+    m_configInfo->renameSection(m_sectionName, oldID, newSectionID);
+    m_configInfo->setStringItem(m_sectionName, oldSectionIDTagName(), oldID, newSectionID, {}, {});
+    m_sectionID = newSectionID;
 }
 
 std::wstring BaseConfig::oldSectionIDTagName() { return L"OldSectionID"; }

@@ -48,8 +48,7 @@ XMLConfigManager* XMLConfigManager::loadConfiguration(std::shared_ptr<IQuorvelPr
     }
     XMLConfig::detail::applyVirtualDevices(*document);
 
-    std::unique_ptr<XMLConfigManager> manager(new XMLConfigManager(std::move(productInfo), document.get(), path));
-    document.release();
+    std::unique_ptr<XMLConfigManager> manager = taking(std::move(document), std::move(productInfo), path);
     manager->setFileName(path);
     manager->setConfigUntitledIfDeprecatedExtension(path);
     manager->m_versionUpgradeStatus = status;
@@ -60,10 +59,17 @@ XMLConfigManager* XMLConfigManager::loadConfiguration(std::shared_ptr<IQuorvelPr
 XMLConfigManager* XMLConfigManager::newConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo) {
     logInfo(managerLog, L"newConfiguration()");
     std::unique_ptr<ConfigInfo> document(ConfigInfoFactory::getInstance()->createNew());
-    std::unique_ptr<XMLConfigManager> manager(new XMLConfigManager(std::move(productInfo), document.get(), L""));
-    document.release();
+    std::unique_ptr<XMLConfigManager> manager = taking(std::move(document), std::move(productInfo), L"");
     manager->initializeSections();
     return manager.release();
+}
+
+std::unique_ptr<XMLConfigManager> XMLConfigManager::taking(std::unique_ptr<ConfigInfo> document,
+                                                           std::shared_ptr<IQuorvelProductInfo> productInfo,
+                                                           const std::wstring& path) {
+    std::unique_ptr<XMLConfigManager> manager(new XMLConfigManager(std::move(productInfo), document.get(), path));
+    static_cast<void>(document.release());
+    return manager;
 }
 
 XMLConfigManager::XMLConfigManager(std::shared_ptr<IQuorvelProductInfo> productInfo, ConfigInfo* document,

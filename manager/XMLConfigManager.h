@@ -146,6 +146,9 @@ protected:
     void setFileName(const std::wstring& fileName);
 
 private:
+    static std::unique_ptr<XMLConfigManager> taking(std::unique_ptr<ConfigInfo> document,
+                                                    std::shared_ptr<IQuorvelProductInfo> productInfo,
+                                                    const std::wstring& path);
     std::wstring configExtension() const;
     void makeSections();
     void initializeSections();
