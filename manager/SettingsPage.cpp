@@ -1,0 +1,61 @@
+#include "manager/SettingsPage.h"
+
+#include "manager/Catalogue.h"
+
+namespace XMLConfig::detail {
+
+namespace {
+
+constexpr const wchar_t* introduction =
+    L"# Settings\n"
+    L"\n"
+    L"Every setting of every section, made from the descriptors that the accessors themselves use. \"Default\" is what a "
+    L"getter gives\n"
+    L"for a missing item, \"new\" what a new section holds (\u2013 where it is not written). `%d` and `%s` stand for a "
+    L"number and an\n"
+    L"identifier. How the types are written: [file-format.md](file-format.md).\n";
+
+// A cell's text: nothing in it may end the cell, and layout shows as escapes.
+std::wstring cell(const std::wstring& text) {
+    std::wstring result;
+    for (const wchar_t c : text) {
+        if (c == L'|') result += L"\\|";
+        else if (c == L'\n') result += L"\\n";
+        else if (c == L'\t') result += L"\\t";
+        else result += c;
+    }
+    return result;
+}
+
+std::wstring code(const std::wstring& text) { return text.empty() ? L"\"\"" : L"`" + cell(text) + L"`"; }
+
+std::wstring remarks(const Setting& setting) {
+    std::wstring text = cell(setting.meaning);
+    const auto add = [&text](const std::wstring& remark) { text += (text.empty() ? L"" : L"; ") + remark; };
+    if (!setting.inheritsFrom.empty()) add(L"inherited from `" + setting.inheritsFrom + L"` when missing");
+    if (setting.readOnly) add(L"only read");
+    return text;
+}
+
+std::wstring row(const Setting& setting) {
+    const std::wstring initial = setting.initialText ? code(*setting.initialText) : L"\u2013";
+    return L"| " + code(setting.key) + L" | " + setting.type + L" | " + code(setting.defaultText) + L" | " + initial +
+           L" | " + setting.unit + L" | " + remarks(setting) + L" |\n";
+}
+
+}  // namespace
+
+std::wstring settingsPage() {
+    std::wstring page = introduction;
+    std::wstring section;
+    for (const Setting& setting : catalogue()) {
+        if (setting.section != section) {
+            section = setting.section;
+            page += L"\n## " + section + L"\n\n| key | type | default | new | unit | meaning |\n|---|---|---|---|---|---|\n";
+        }
+        page += row(setting);
+    }
+    return page;
+}
+
+}  // namespace XMLConfig::detail
