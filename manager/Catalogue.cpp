@@ -38,7 +38,7 @@ std::vector<Setting> everySetting() {
     append(settings, detail::mediaServerItems::sectionName, detail::mediaServerItems::all);
     append(settings, detail::projectorItems::sectionName, detail::projectorItems::all);
     append(settings, detail::cameraItems::sectionName, detail::cameraItems::all);
-    append(settings, detail::reprojectionAccuracyItems::sectionName, detail::reprojectionAccuracyItems::all);
+    append(settings, detail::reprojectionAccuracyItems::globalSectionName, detail::reprojectionAccuracyItems::all);
     return settings;
 }
 

@@ -47,7 +47,7 @@ TEST(Catalogue, SectionsStandInTheOrderOfANewDocument) {
         if (sections.empty() || sections.back() != setting.section) sections.push_back(setting.section);
     EXPECT_THAT(sections, testing::ElementsAre(L"Color", L"Geometry", L"Screen", L"System", L"TargetLocator",
                                                L"ProjectorApprovedSlots", L"SiteAnalytics", L"MediaServer", L"Projector",
-                                               L"Camera", L"AnalyticResults"));
+                                               L"Camera", L"global"));
 }
 
 TEST(Catalogue, SettingsAreListedOnceWithTypeAndMeaning) {
