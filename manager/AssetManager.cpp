@@ -26,5 +26,6 @@ std::wstring AssetManager::getAbsolutePath(const std::wstring& path) const {
 }
 
 std::wstring AssetManager::relocate(const std::wstring& path, const std::wstring& otherRoot) const {
+    if (path.empty()) return path;
     return getPath(m_pathHelper->resolve(path, otherRoot), BaseConfig::FilePathRelative);
 }

@@ -22,6 +22,7 @@ TEST(AssetManager, EmptyPathsStayEmpty) {
         EXPECT_EQ(assets.getPath(L"", relative), L"");
         EXPECT_EQ(assets.getAbsolutePath(L""), L"");
         EXPECT_EQ(assets.getRelativePath(L""), L"");
+        EXPECT_EQ(assets.relocate(L"", L"/old"), L"");
     }
 }
 
