@@ -23,6 +23,13 @@ std::wstring_view shareOf(std::wstring_view path) {
     return path.substr(0, path.find_first_of(separators, server + 1));
 }
 
+bool sameShare(std::wstring_view left, std::wstring_view right) {
+    const auto isSame = [](wchar_t a, wchar_t b) { return a == b || (isSeparator(a) && isSeparator(b)); };
+    const std::wstring_view one = shareOf(left);
+    const std::wstring_view other = shareOf(right);
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(), isSame);
+}
+
 /// The drive or the share.
 std::wstring_view volumeOf(std::wstring_view path) {
     const std::wstring_view drive = driveOf(path);
@@ -145,7 +152,7 @@ std::wstring foldPath(std::wstring_view path) {
 bool sameDrive(std::wstring_view left, std::wstring_view right) { return equalIgnoringCase(driveOf(left), driveOf(right)); }
 
 std::wstring relativeTo(std::wstring_view path, std::wstring_view root) {
-    if (!isRooted(path) || !isRooted(root) || !sameDrive(path, root) || shareOf(path) != shareOf(root)) {
+    if (!isRooted(path) || !isRooted(root) || !sameDrive(path, root) || !sameShare(path, root)) {
         return std::wstring(path);
     }
     const bool ignoringCase = !driveOf(root).empty();

@@ -75,6 +75,14 @@ TEST(AssetManager, RelocatedPathsNameTheSameFile) {
     EXPECT_EQ(drive.relocate(L"dome.obj", L"E:\\old"), L"E:\\old\\dome.obj");
 }
 
+TEST(AssetManager, SharesAreTheSameInEitherSpelling) {
+    const AssetManager assets(L"\\\\server\\share\\shows\\hall.skorrax");
+    EXPECT_EQ(assets.getRelativePath(L"\\\\server/share/shows/dome.obj"), L"dome.obj");
+    EXPECT_EQ(assets.getRelativePath(L"\\\\server/share/shows"), L"");
+    EXPECT_EQ(assets.getRelativePath(L"\\\\server/share2/dome.obj"), L"\\\\server/share2/dome.obj");
+    EXPECT_EQ(assets.getRelativePath(L"\\\\server/sh"), L"\\\\server/sh");
+}
+
 #if defined(TESTS_KNOW_VIRTUAL_SLOTS)
 TEST(AssetManager, VirtualMembersStandInOrder) {
     EXPECT_EQ(misplacedSlots(0, {NAMED_SLOT(AssetManager, setRootPath), NAMED_SLOT(AssetManager, getRootPath),
