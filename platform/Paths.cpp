@@ -165,7 +165,9 @@ std::wstring relativeTo(std::wstring_view path, std::wstring_view root) {
     const std::wstring separator(1, joiningSeparator(root));
     std::vector<Component> way(static_cast<std::size_t>(rootNames.end() - fork.second), {L"..", separator});
     way.insert(way.end(), fork.first, names.end());
-    return spelled(way, false);
+    const std::wstring relative = spelled(way, false);
+    // A name like "T:dome.obj" would be taken for a path on a drive.
+    return isAbsolute(relative) ? L"." + separator + relative : relative;
 }
 
 }  // namespace XMLConfig::detail

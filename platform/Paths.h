@@ -35,7 +35,8 @@ std::wstring foldPath(std::wstring_view path);
 /// Whether the drives are the same, without regard to case (two paths without a drive: yes).
 bool sameDrive(std::wstring_view left, std::wstring_view right);
 /// `path` as seen from the absolute folder `root`: "" for the root itself, ".." where it lies beside or above,
-/// unchanged when it is relative, when the root is empty or when it lies on another drive.
+/// unchanged when it is relative, when the root is empty or when it lies on another drive. A name that looks like a drive
+/// gets a "." before it.
 /// Drive paths compare without case, others with it.
 std::wstring relativeTo(std::wstring_view path, std::wstring_view root);
 

@@ -75,6 +75,15 @@ TEST(AssetManager, RelocatedPathsNameTheSameFile) {
     EXPECT_EQ(drive.relocate(L"dome.obj", L"E:\\old"), L"E:\\old\\dome.obj");
 }
 
+TEST(AssetManager, NameThatLooksLikeADriveIsFoundAgain) {
+    const AssetManager assets(L"/shows/hall.skorrax");
+    EXPECT_EQ(assets.getRelativePath(L"/shows/T:dome.obj"), L"./T:dome.obj");
+    EXPECT_EQ(assets.getAbsolutePath(L"./T:dome.obj"), L"/shows/T:dome.obj");
+    EXPECT_EQ(assets.getRelativePath(L"/shows/meshes/T:dome.obj"), L"meshes/T:dome.obj");
+    EXPECT_EQ(assets.getRelativePath(L"/T:/dome.obj"), L"../T:/dome.obj");
+    EXPECT_EQ(assets.relocate(L"./T:dome.obj", L"/shows"), L"./T:dome.obj");
+}
+
 TEST(AssetManager, SharesAreTheSameInEitherSpelling) {
     const AssetManager assets(L"\\\\server\\share\\shows\\hall.skorrax");
     EXPECT_EQ(assets.getRelativePath(L"\\\\server/share/shows/dome.obj"), L"dome.obj");
