@@ -61,6 +61,15 @@ TEST(Catalogue, SettingsAreListedOnceWithTypeAndMeaning) {
     }
 }
 
+// A meaning goes on from its key; only what is written in capitals begins with one.
+TEST(Catalogue, MeaningsBeginSmall) {
+    for (const Setting& setting : catalogue()) {
+        const std::wstring begin = setting.meaning.substr(0, 2);
+        const auto isCapital = [](wchar_t character) { return character >= L'A' && character <= L'Z'; };
+        EXPECT_TRUE(!isCapital(begin.front()) || isCapital(begin.back())) << utf8(setting.section + L"/" + setting.key);
+    }
+}
+
 TEST(Catalogue, IsMadeOnce) { EXPECT_EQ(&catalogue(), &catalogue()); }
 
 TEST(Catalogue, HoldsKnownSettings) {
