@@ -115,6 +115,7 @@ public:
     /// Saves under that path, which becomes the file name; names relative to the old folder are rewritten first. Does
     /// nothing for an extension that is not the product's or a path that begins with its only "."; throws
     /// std::out_of_range for a path without a ".". When the save fails the file stands as it was, the new file name stays.
+    /// Give full paths: names relative to a folder that is itself given as relative cannot follow the file elsewhere.
     void saveConfiguration(const std::wstring& path);
     /// Writes the document to another file. File name, dirty flag and build stamps stay.
     void copyConfiguration(const std::wstring& path);
