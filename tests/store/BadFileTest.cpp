@@ -1,5 +1,3 @@
-#include <regex>
-
 #include "tests/store/BadFileSupport.h"
 #include "tests/store/StoreSupport.h"
 

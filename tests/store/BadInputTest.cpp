@@ -1,5 +1,3 @@
-#include <regex>
-
 #include "tests/store/StoreSupport.h"
 
 namespace storetests {
@@ -148,8 +146,7 @@ TEST(BadFragment, IsRefusedWithItsPlace) {
             const Untouched before(*document);
             const auto message =
                 messageOf([&, s = section, k = key] { document->setStringItemAsDOMElement(s, k, value, L"1"); });
-            EXPECT_TRUE(
-                std::regex_match(message, std::wregex(L"Error setItem:  XML message is: line [0-9]+, column [0-9]+: [^]+")))
+            EXPECT_TRUE(namesPlace(message, L"Error setItem:  XML message is: "))
                 << std::string(message.begin(), message.end()) << "\n"
                 << value;
             EXPECT_TRUE(before.unchanged()) << value;

@@ -1,7 +1,5 @@
 #include "store/ConfigInfo.h"
 
-#include <regex>
-
 #include "tests/store/StoreSupport.h"
 
 namespace fs = std::filesystem;
@@ -10,11 +8,15 @@ namespace storetests {
 
 TEST(NewDocument, HoldsTheRootAndTheFourHeaderElements) {
     ConfigInfo document;
-    const std::regex expected(
-        R"(<\?xml version="1\.0" encoding="UTF-8" standalone="no" \?>)"
-        "\n<ConfigInfo>\n  <Version>9\\.000</Version>\n  <BuildDate>Mar 11 2019</BuildDate>\n"
-        "  <BuildNumber>2\\.1\\.1\\.14</BuildNumber>\n  <DevelopedBy>[^<>\n]+</DevelopedBy>\n</ConfigInfo>\n");
-    EXPECT_TRUE(std::regex_match(textOf(document), expected)) << textOf(document);
+    const std::string text = textOf(document);
+    const std::string start =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\" ?>\n<ConfigInfo>\n  <Version>9.000</Version>\n"
+        "  <BuildDate>Mar 11 2019</BuildDate>\n  <BuildNumber>2.1.1.14</BuildNumber>\n  <DevelopedBy>";
+    const std::string end = "</DevelopedBy>\n</ConfigInfo>\n";
+    ASSERT_GT(text.size(), start.size() + end.size());
+    EXPECT_EQ(text.substr(0, start.size()), start);
+    EXPECT_EQ(text.substr(text.size() - end.size()), end);
+    EXPECT_EQ(text.substr(start.size()).find('<'), text.size() - start.size() - end.size());
 }
 
 TEST(NewDocument, IsNotDirtyAndAtTheLatestVersion) {

@@ -1,3 +1,5 @@
+#include <ostream>
+
 #include "store/Outline.h"
 #include "tests/store/StoreSupport.h"
 
@@ -10,6 +12,7 @@ struct OddFile {
     std::string text;
     std::vector<std::string> kept;  ///< what the saved text holds, byte for byte
 };
+void PrintTo(const OddFile& file, std::ostream* out) { *out << file.subject; }
 
 std::string root(const std::string& body) { return "<ConfigInfo>" + body + "</ConfigInfo>"; }
 

@@ -1,3 +1,5 @@
+#include <ostream>
+
 #include "tests/store/StoreSupport.h"
 
 namespace storetests {
@@ -64,6 +66,7 @@ struct StampRow {
     const char* body;
     const char* expected;
 };
+void PrintTo(const StampRow& row, std::ostream* out) { *out << row.subject; }
 
 class BuildStamps : public testing::TestWithParam<StampRow> {};
 

@@ -63,6 +63,22 @@ inline bool startsWith(const std::wstring& text, const std::wstring& start) {
 }
 inline bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 inline bool contains(const std::wstring& text, const std::wstring& part) { return text.find(part) != std::wstring::npos; }
+/// Whether `text` is `start` and then "line L, column C: " and a reason.
+inline bool namesPlace(const std::wstring& text, const std::wstring& start) {
+    std::size_t at = 0;
+    const auto literal = [&](const std::wstring& part) {
+        const bool isThere = text.compare(at, part.size(), part) == 0;
+        at += part.size();
+        return isThere && at < text.size();
+    };
+    const auto number = [&] {
+        const std::size_t end = text.find_first_not_of(L"0123456789", at);
+        const bool isThere = end != at && end != std::wstring::npos;
+        at = end;
+        return isThere;
+    };
+    return literal(start) && literal(L"line ") && number() && literal(L", column ") && number() && literal(L": ");
+}
 inline std::size_t occurrences(const std::string& text, const std::string& part) {
     std::size_t count = 0;
     for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;

@@ -7,7 +7,6 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
-#include <cstdio>
 #include <cstdlib>
 
 #include "tests/store/StoreSupport.h"
@@ -91,16 +90,6 @@ public:
     void deallocate(void* block) override { std::free(block); }
     std::size_t bytes = 0;
 };
-
-#ifdef __linux__
-long residentPages() {
-    std::FILE* const file = std::fopen("/proc/self/statm", "r");
-    long all = 0, resident = 0;
-    if (!file || std::fscanf(file, "%ld %ld", &all, &resident) != 2) resident = -1;
-    if (file) std::fclose(file);
-    return resident;
-}
-#endif
 
 }  // namespace
 
@@ -193,56 +182,5 @@ TEST_F(XmlLibraryFacts, EveryTextContentOfAnElementIsAllocatedFromTheDocument) {
         EXPECT_GT(memory.bytes, before + 1000000u);
     }
 }
-
-#ifdef __linux__
-
-TEST(StoreMemory, DoesNotGrowWithAMillionReads) {
-    ConfigInfo document;
-    set(document, L"S", L"A|B", std::wstring(200, L'x'), L"1", L"", L"");
-    set(document, L"S", L"C", L"12.5", L"1");
-    document.setStringItemAsDOMElement(L"S", L"F", L"<d><e>1</e></d>", L"1");
-    const auto reads = [&document](int count) {
-        for (int i = 0; i < count; ++i) {
-            (void)get(document, L"S", L"A|B", L"1");
-            (void)get(document, L"S", L"A", L"1");
-            (void)document.getDoubleItem(L"S", L"C", 0, L"1");
-            (void)document.getIntegerItem(L"S", L"C", 0, L"1");
-        }
-    };
-    reads(1000);
-    const long before = residentPages();
-    ASSERT_GT(before, 0);
-    reads(250000);
-    EXPECT_LT(residentPages() - before, 512) << "pages";
-}
-
-TEST(StoreMemory, DoesNotGrowWithEqualWritesAndFragments) {
-    ConfigInfo document;
-    const auto work = [&document](int count) {
-        for (int i = 0; i < count; ++i) {
-            set(document, L"S", L"A", std::wstring(200, L'x'), L"1");
-            (void)fragment(document, L"S", L"F", L"1");
-            (void)document.getVersion();
-        }
-    };
-    document.setStringItemAsDOMElement(L"S", L"F", L"<d><e>1</e></d>", L"1");
-    work(1000);
-    const long before = residentPages();
-    work(50000);
-    EXPECT_LT(residentPages() - before, 512) << "pages";
-}
-
-TEST(StoreMemory, IsGivenBackWithTheDocument) {
-    const auto live = [] {
-        ConfigInfo document;
-        for (int i = 0; i < 200; ++i) set(document, L"S", L"A", std::wstring(5000, L'x'), std::to_wstring(i));
-    };
-    for (int i = 0; i < 5; ++i) live();
-    const long before = residentPages();
-    for (int i = 0; i < 50; ++i) live();
-    EXPECT_LT(residentPages() - before, 2048) << "pages";
-}
-
-#endif
 
 }  // namespace storetests
