@@ -1,9 +1,12 @@
 #include "platform/Numbers.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 #include <system_error>
 
@@ -27,10 +30,11 @@ struct Text {
     void skipSpace() {
         while (startsWithSpace()) ++at;
     }
-    std::size_t skipDigits() {
+    /// Appends digits to `value`, which wraps around beyond 19 of them; gives their number.
+    std::int64_t takeDigits(std::uint64_t& value) {
         const Unit* const from = at;
-        while (startsWithDigit()) ++at;
-        return static_cast<std::size_t>(at - from);
+        for (; startsWithDigit(); ++at) value = value * 10 + static_cast<std::uint64_t>(*at - Unit('0'));
+        return at - from;
     }
     /// `word` in lower case; the text's letters may have any case.
     bool startsWithWord(std::string_view word) const {
@@ -70,38 +74,61 @@ IntegerRead readInteger(Text<Unit> text) {
     return {found, value <= limit, static_cast<std::int32_t>(negative ? -saturated : saturated)};
 }
 
-/// Steps over digits with at most one point; false, and nothing stepped over, where there is no digit.
+/// Digits and decimals of a number's text.
+struct Mantissa {
+    std::uint64_t value = 0;  // means nothing beyond 19 digits
+    std::int64_t digits = 0;
+    std::int64_t decimals = 0;
+};
+
+/// Digits with at most one point; nothing is taken where there is no digit.
 template <typename Unit>
-bool skipMantissa(Text<Unit>& text) {
+Mantissa takeMantissa(Text<Unit>& text) {
     const Unit* const from = text.at;
-    std::size_t digits = text.skipDigits();
-    if (text.skip('.')) digits += text.skipDigits();
-    if (digits == 0) text.at = from;
-    return digits > 0;
+    Mantissa mantissa;
+    mantissa.digits = text.takeDigits(mantissa.value);
+    if (text.skip('.')) mantissa.decimals = text.takeDigits(mantissa.value);
+    mantissa.digits += mantissa.decimals;
+    if (mantissa.digits == 0) text.at = from;
+    return mantissa;
 }
 
-/// Steps over an exponent, if a complete one follows.
+/// A complete exponent, saturated; 0, and nothing taken, where there is none.
 template <typename Unit>
-void skipExponent(Text<Unit>& text) {
+std::int64_t takeExponent(Text<Unit>& text) {
     const Unit* const from = text.at;
-    if (!text.skip('e') && !text.skip('E')) return;
-    skipSign(text);
-    if (text.skipDigits() == 0) text.at = from;
+    if (!text.skip('e') && !text.skip('E')) return 0;
+    const bool negative = skipSign(text);
+    if (!text.startsWithDigit()) text.at = from;
+    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+    std::int64_t value = 0;
+    for (; text.startsWithDigit(); ++text.at)
+        value = std::min(value * 10 + static_cast<std::int64_t>(*text.at - Unit('0')), most);
+    return negative ? -value : value;
 }
 
-/// The number behind an exponent's letter; 0 for no exponent.
-std::int64_t exponentOf(std::string_view exponent) {
-    return exponent.empty() ? 0 : readInteger(Text<char>(exponent.substr(1))).value;
+constexpr double powersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                  1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// The usual number: both sides of one product or quotient are exact, so the result is rounded once and rightly.
+std::optional<double> exactNumber(const Mantissa& mantissa, std::int64_t exponent) {
+    constexpr std::uint64_t exactIntegers = std::uint64_t(1) << std::numeric_limits<double>::digits;
+    constexpr std::int64_t exactPowers = std::size(powersOfTen) - 1;
+    if (FLT_EVAL_METHOD != 0 || mantissa.digits > 19 || mantissa.value > exactIntegers) return std::nullopt;
+    const std::int64_t shift = exponent - mantissa.decimals;
+    if (shift < -exactPowers || shift > exactPowers) return std::nullopt;
+    const auto value = static_cast<double>(mantissa.value);
+    return shift < 0 ? value / powersOfTen[-shift] : value * powersOfTen[shift];
 }
 
 /// Whether an unsigned number that no double can hold is too large, rather than too small.
 bool isTooLarge(std::string_view number) {
-    const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
-    const std::string_view mantissa = number.substr(0, mantissaEnd);
-    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-    const std::size_t leading = std::min(mantissa.find_first_of("123456789"), mantissa.size());
-    const auto magnitude = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
-    return magnitude + exponentOf(number.substr(mantissaEnd)) > 0;
+    const auto leading = static_cast<std::int64_t>(std::min(number.find_first_of("123456789"), number.size()));
+    Text<char> text(number);
+    const Mantissa mantissa = takeMantissa(text);
+    const bool isAfterPoint = number.find('.') < number.size() && static_cast<std::int64_t>(number.find('.')) < leading;
+    const std::int64_t before = isAfterPoint ? leading - 1 : leading;  // digits that are zeros
+    return mantissa.digits - mantissa.decimals - before + takeExponent(text) > 0;
 }
 
 double unsignedNumber(const char* begin, const char* end) {
@@ -130,9 +157,10 @@ double readDouble(Text<Unit> text) {
     const bool negative = skipSign(text);
     const Unit* const begin = text.at;
     double value = 0.0;
-    if (skipMantissa(text)) {
-        skipExponent(text);
-        value = unsignedNumber(begin, text.at);
+    const Mantissa mantissa = takeMantissa(text);
+    if (mantissa.digits > 0) {
+        const std::optional<double> exact = exactNumber(mantissa, takeExponent(text));
+        value = exact ? *exact : unsignedNumber(begin, text.at);
     } else if (text.startsWithWord("nan")) {
         value = std::numeric_limits<double>::quiet_NaN();
     } else if (text.startsWithWord("inf")) {

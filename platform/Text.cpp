@@ -14,7 +14,7 @@ constexpr char32_t valueOf(Unit unit) {
     return static_cast<std::make_unsigned_t<Unit>>(unit);
 }
 
-constexpr bool isSurrogate(char32_t value) { return value >= 0xD800 && value <= 0xDFFF; }
+constexpr bool isSurrogate(char32_t value) { return value - 0xD800 < 0x800; }
 constexpr bool isHighSurrogate(char32_t value) { return value >= 0xD800 && value <= 0xDBFF; }
 constexpr bool isLowSurrogate(char32_t value) { return value >= 0xDC00 && value <= 0xDFFF; }
 
@@ -117,8 +117,27 @@ Unit* putCharacter(Unit* out, char32_t value) {
     }
 }
 
+/// Text of the basic plane, which is one unit to one; false, and nothing appended, for any other.
+template <typename Out, typename Unit>
+bool appendUnitByUnit(std::basic_string<Out>& out, std::basic_string_view<Unit> text) {
+    const std::size_t sizeBefore = out.size();
+    out.resize(sizeBefore + text.size());
+    Out* const put = out.data() + sizeBefore;
+    char32_t others = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char32_t value = valueOf(text[i]);
+        others |= static_cast<char32_t>(isSurrogate(value)) | (value >> 16);
+        put[i] = static_cast<Out>(value);
+    }
+    if (others != 0) out.resize(sizeBefore);
+    return others == 0;
+}
+
 template <typename Out, typename Unit>
 void convertAndAppend(std::basic_string<Out>& out, std::basic_string_view<Unit> text) {
+    if constexpr (sizeof(Out) > 1 && sizeof(Unit) > 1) {
+        if (appendUnitByUnit(out, text)) return;
+    }
     Out buffer[(chunk + 1) * 4];  // no unit gives more than four
     const Unit* at = text.data();
     const Unit* const end = at + text.size();
@@ -145,25 +164,6 @@ constexpr bool xmlHolds(char32_t character) {
     return character != illFormed && character != 0xFFFE && character != 0xFFFF;
 }
 
-constexpr wchar_t lowerAscii(wchar_t character) {
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
-}
-
-const wchar_t* xmlEscape(wchar_t character) {
-    switch (character) {
-        case L'&':
-            return L"&amp;";
-        case L'<':
-            return L"&lt;";
-        case L'>':
-            return L"&gt;";
-        case L'"':
-            return L"&quot;";
-        default:
-            return nullptr;
-    }
-}
-
 }  // namespace
 
 std::string toUtf8(std::wstring_view text) { return converted<char>(text); }
@@ -180,6 +180,9 @@ bool equal(std::u16string_view left, std::wstring_view right) {
     const char16_t* const leftEnd = at + left.size();
     const wchar_t* from = right.data();
     const wchar_t* const end = from + right.size();
+    for (; from != end && at != leftEnd && valueOf(*from) < 0xD800; ++from, ++at) {
+        if (valueOf(*from) != *at) return false;
+    }
     while (from != end) {
         const char32_t character = takeCharacter(from, end);
         char16_t units[2];
@@ -209,33 +212,6 @@ std::optional<CharacterFault> firstCharacterXmlCannotHold(std::wstring_view text
         if (!xmlHolds(character)) return CharacterFault{position, character == illFormed ? first : character};
     }
     return std::nullopt;
-}
-
-std::wstring lowerAscii(std::wstring_view text) {
-    std::wstring lower(text);
-    for (wchar_t& character : lower) character = lowerAscii(character);
-    return lower;
-}
-
-bool equalIgnoringCase(std::wstring_view left, std::wstring_view right) {
-    if (left.size() != right.size()) return false;
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (lowerAscii(left[i]) != lowerAscii(right[i])) return false;
-    }
-    return true;
-}
-
-std::wstring escapedForXml(std::wstring_view text) {
-    std::wstring escaped;
-    escaped.reserve(text.size());
-    for (const wchar_t character : text) {
-        if (const wchar_t* const escape = xmlEscape(character)) {
-            escaped += escape;
-        } else {
-            escaped += character;
-        }
-    }
-    return escaped;
 }
 
 }  // namespace XMLConfig::detail

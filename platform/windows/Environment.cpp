@@ -1,0 +1,37 @@
+#include "platform/Environment.h"
+
+#include <cstddef>
+
+#include "platform/windows/System.h"
+
+namespace XMLConfig::detail {
+
+std::optional<std::wstring> environmentVariable(const std::wstring& name) {
+    constexpr DWORD longest = 256;
+    wchar_t value[longest + 1];
+    ::SetLastError(ERROR_SUCCESS);
+    const DWORD size = ::GetEnvironmentVariableW(name.c_str(), value, longest + 1);
+    // An empty value gives no characters and no error.
+    if (size > longest || (size == 0 && ::GetLastError() != ERROR_SUCCESS)) return std::nullopt;
+    return std::wstring(value, size);
+}
+
+void setEnvironmentVariable(const std::wstring& name, const std::wstring& value) {
+    ::SetEnvironmentVariableW(name.c_str(), value.c_str());
+}
+
+std::wstring temporaryFolder() {
+    wchar_t buffer[MAX_PATH + 2];
+    std::wstring folder(buffer, ::GetTempPathW(MAX_PATH + 2, buffer));
+    while (folder.size() > 3 && folder.back() == L'\\') folder.pop_back();
+    return folder;
+}
+
+long processId() { return static_cast<long>(::GetCurrentProcessId()); }
+
+bool isTerminal(int stream) {
+    DWORD mode = 0;
+    return ::GetConsoleMode(::GetStdHandle(stream == 1 ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE), &mode) != 0;
+}
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+
+#include "platform/Files.h"
+
+/// The system's file calls, told of failures by exceptions. Included by the sources of this folder only.
+namespace XMLConfig::detail {
+
+/// The system's name of a path: every "/" a "\", and long paths in the form that has no limit of 260 characters.
+/// Empty, which names no file, when the path holds a null character.
+std::wstring systemPath(std::wstring_view path);
+/// Whether an attribute word is that of something that exists and is no folder.
+bool isFile(DWORD attributes);
+
+class SystemError : public FileError {
+public:
+    SystemError(const std::wstring& message, DWORD code) : FileError(message), m_code(code) {}
+    DWORD code() const { return m_code; }
+
+private:
+    DWORD m_code;
+};
+
+/// Throws SystemError "<what> <path>: <reason>", the reason in English whatever the user's language.
+[[noreturn]] void throwFileError(std::wstring_view what, std::wstring_view path, DWORD error);
+
+/// An open file; closed when destroyed. Whatever fails throws SystemError.
+class OpenFile {
+public:
+    struct Mode {
+        DWORD access;
+        DWORD sharing;
+        DWORD disposition;
+    };
+
+    /// `name` as systemPath gives it. Messages begin with `purpose` and name `shownAs`.
+    OpenFile(const std::wstring& name, std::wstring_view purpose, std::wstring_view shownAs, const Mode& mode);
+    ~OpenFile();
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    /// A file on a disk, not a device or a pipe.
+    bool isOnDisk() const;
+    /// The name the system reaches it by, over all links.
+    std::wstring finalName() const;
+    std::int64_t size() const;
+    std::size_t read(void* buffer, std::size_t size);
+    void write(std::string_view bytes);
+    /// Out to the disk; what cannot be flushed (a pipe, a device) counts as flushed.
+    void flush();
+    void resize(std::int64_t size);
+    void rewind();
+    void close();
+    [[noreturn]] void fail(DWORD error) const;
+
+private:
+    void seek(std::int64_t position);
+
+    std::wstring m_shownAs;
+    std::wstring m_purpose;
+    HANDLE m_handle;
+};
+
+}  // namespace XMLConfig::detail
