@@ -36,20 +36,20 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::filesystem::path& path() const { return m_path; }
-    /// The full path of a file of that name (it need not exist), as the library takes it.
-    std::wstring file(const std::wstring& name) const { return wideOf(m_path / pathOf(name)); }
+    /// The full path of a file of that name (it need not exist).
+    std::filesystem::path at(const std::wstring& name) const { return m_path / pathOf(name); }
+    /// The same as the library takes it.
+    std::wstring file(const std::wstring& name) const { return wideOf(at(name)); }
     /// Writes a file and returns its full path.
     std::wstring write(const std::wstring& name, const std::string& bytes) const {
-        std::ofstream out(m_path / pathOf(name), std::ios::binary | std::ios::trunc);
+        std::ofstream out(at(name), std::ios::binary | std::ios::trunc);
         out << bytes;
         out.close();
         if (!out) throw std::runtime_error("cannot write a test file");
         return file(name);
     }
-    std::string read(const std::wstring& name) const { return readFile(m_path / pathOf(name)); }
-    bool has(const std::wstring& name) const {
-        return std::filesystem::exists(std::filesystem::symlink_status(m_path / pathOf(name)));
-    }
+    std::string read(const std::wstring& name) const { return readFile(at(name)); }
+    bool has(const std::wstring& name) const { return std::filesystem::exists(std::filesystem::symlink_status(at(name))); }
     /// Number of entries in the folder, hidden ones included.
     std::size_t entries() const {
         return static_cast<std::size_t>(
