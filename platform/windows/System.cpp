@@ -78,7 +78,8 @@ bool isFile(DWORD attributes) {
 }
 
 void throwFileError(std::wstring_view what, std::wstring_view path, DWORD error) {
-    throw SystemError(std::wstring(what) + L' ' + std::wstring(path) + L": " + reasonText(error), error);
+    const std::wstring name(path.substr(0, path.find(L'\0')));
+    throw SystemError(std::wstring(what) + L' ' + name + L": " + reasonText(error), error);
 }
 
 OpenFile::OpenFile(const std::wstring& name, std::wstring_view purpose, std::wstring_view shownAs, const Mode& mode)
