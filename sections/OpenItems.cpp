@@ -9,6 +9,7 @@ std::vector<float> numbersOf(const std::wstring& text) {
     std::vector<std::wstring> tokens;
     ConfigInfo::createTokenVector(tokens, text, L" ,\n\t");
     std::vector<float> numbers;
+    numbers.reserve(tokens.size());
     for (const std::wstring& token : tokens) numbers.push_back(static_cast<float>(leadingDouble(token)));
     return numbers;
 }

@@ -43,6 +43,7 @@ void ProjectorApprovedSlotsConfig::setSlotName(int slot, const std::wstring& nam
     m_configInfo->setStringItem(getSectionName(), nameKey, name, getSectionID(), slotTag, formatInteger(slot));
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes the name by value
 void ProjectorApprovedSlotsConfig::updateSlot(int slot, std::wstring name, SlotStatus status) {
     if (status == Approved) {
         addSlotDetails(slot, name);

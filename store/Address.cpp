@@ -50,7 +50,7 @@ private:
 
     std::wstring name() {
         const std::size_t end = std::min(m_text.find_first_of(m_end, m_place), m_text.size());
-        const std::wstring name = m_text.substr(m_place, end - m_place);
+        std::wstring name = m_text.substr(m_place, end - m_place);
         const std::u16string units = detail::toUtf16(name);
         if (name.empty()) fail(L"a name is missing");
         if (!xercesc::XMLChar1_0::isValidName(detail::xmlText(units), units.size())) fail(L"\"" + name + L"\" is no name");

@@ -49,7 +49,7 @@ void printDetails(const Setting& setting) {
 std::vector<Setting> settingsAt(const std::wstring& text) {
     const std::size_t slash = text.find(L'/');
     const std::wstring section = text.substr(0, slash);
-    const std::vector<Setting> settings = XMLConfig::settingsOfSection(section);
+    std::vector<Setting> settings = XMLConfig::settingsOfSection(section);
     if (settings.empty()) refuseUnknown(section, XMLConfig::sectionNames());
     if (slash == std::wstring::npos) return settings;
     std::vector<Setting> found;
