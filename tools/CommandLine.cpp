@@ -31,6 +31,14 @@ std::string fileVersion() {
 
 std::string versionText() { return "xmlconfig " XMLCONFIG_VERSION " (file version " + fileVersion() + ")"; }
 
+/// "help VERB" asks for what "VERB --help" asks for.
+std::vector<std::string> withoutHelpWord(std::vector<std::string> arguments) {
+    if (arguments.empty() || arguments[0] != "help") return arguments;
+    arguments.erase(arguments.begin());
+    arguments.emplace_back("--help");
+    return arguments;
+}
+
 /// The options every verb has.
 void setUpCommon(CLI::App& app, bool& verbose) {
     app.set_help_flag("-h,--help", "Show this help");
@@ -115,7 +123,7 @@ private:
 
 int run(const std::vector<std::string>& arguments) {
     try {
-        return CommandLine().run(arguments);
+        return CommandLine().run(withoutHelpWord(arguments));
     } catch (const std::exception& fault) {
         complain(std::string(fault.what()));
     }

@@ -94,6 +94,12 @@ TEST_F(Tool, HelpsEverywhere) {
     }
 }
 
+TEST_F(Tool, HelpMayBeAskedForByAWord) {
+    expectRun(runTool({"help"}), 0, runTool({"--help"}).output, "");
+    expectRun(runTool({"help", "set"}), 0, runTool({"set", "--help"}).output, "");
+    EXPECT_EQ(runTool({"help", "shw"}).status, 2);
+}
+
 TEST_F(Tool, WrongUsageIsStatusTwo) {
     expectRun(
         runTool({"shw", "x"}), 2, "",
