@@ -150,6 +150,8 @@ private:
     static std::unique_ptr<XMLConfigManager> taking(std::unique_ptr<ConfigInfo> document,
                                                     std::shared_ptr<IQuorvelProductInfo> productInfo,
                                                     const std::wstring& path);
+    /// The file whose folder is the root of relative names: a relative path is one in the current folder.
+    static std::wstring rootFile(const std::wstring& configFile);
     std::wstring configExtension() const;
     void makeSections();
     void initializeSections();

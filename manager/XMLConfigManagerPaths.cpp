@@ -1,6 +1,7 @@
 #include "manager/AssetManager.h"
 #include "manager/ManagerLog.h"
 #include "manager/XMLConfigManager.h"
+#include "platform/Environment.h"
 #include "platform/Paths.h"
 #include "sections/ColorConfig.h"
 #include "sections/MediaServerConfig.h"
@@ -24,6 +25,13 @@ std::wstring withCurrentExtension(const std::wstring& path) {
 }
 
 }  // namespace
+
+// Names are kept relative to a folder, so that folder must be known as a whole: between two relative folders there is no
+// telling the way.
+std::wstring XMLConfigManager::rootFile(const std::wstring& configFile) {
+    if (configFile.empty() || isAbsolute(configFile)) return configFile;
+    return XMLConfig::detail::foldPath(XMLConfig::detail::joinPath(XMLConfig::detail::currentFolder(), configFile));
+}
 
 std::wstring XMLConfigManager::getFileName() const { return m_fileName; }
 
@@ -73,9 +81,8 @@ std::wstring XMLConfigManager::processPath(const std::wstring& path) const {
 
 void XMLConfigManager::updateRelativeFilePaths(const std::wstring& newConfigPath) {
     const std::wstring oldRoot = m_assetManager->getRootPath();
-    const std::wstring newFolder = folderOf(newConfigPath);
-    // A relative folder stays as it is in relative form, so it is compared too.
-    if (newFolder == oldRoot || m_assetManager->getPath(newFolder, BaseConfig::FilePathRelative).empty()) return;
-    m_assetManager->setRootPath(newConfigPath);
+    const std::wstring newFile = rootFile(newConfigPath);
+    if (m_assetManager->getPath(folderOf(newFile), BaseConfig::FilePathRelative).empty()) return;
+    m_assetManager->setRootPath(newFile);
     m_screenConfig->updateRelativeFilePaths(oldRoot);
 }

@@ -11,6 +11,8 @@ std::optional<std::wstring> environmentVariable(const std::wstring& name);
 void setEnvironmentVariable(const std::wstring& name, const std::wstring& value);
 /// The user's folder for temporary files, without a trailing separator (TMPDIR, else /tmp, on POSIX systems).
 std::wstring temporaryFolder();
+/// The folder that relative file names are opened in; empty when it cannot be told.
+std::wstring currentFolder();
 /// This process's number.
 long processId();
 /// Whether standard output (1) or standard error (2) is a terminal.

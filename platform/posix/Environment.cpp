@@ -1,6 +1,7 @@
 #include "platform/Environment.h"
 
 #include <cstdlib>
+#include <memory>
 
 #include <unistd.h>
 
@@ -26,6 +27,11 @@ std::wstring temporaryFolder() {
     std::wstring folder = bytes == nullptr || *bytes == '\0' ? L"/tmp" : fromUtf8(bytes);
     while (folder.size() > 1 && folder.back() == L'/') folder.pop_back();
     return folder;
+}
+
+std::wstring currentFolder() {
+    const std::unique_ptr<char, decltype(&std::free)> bytes(::getcwd(nullptr, 0), &std::free);
+    return bytes == nullptr ? std::wstring() : fromUtf8(bytes.get());
 }
 
 long processId() { return ::getpid(); }

@@ -27,6 +27,12 @@ std::wstring temporaryFolder() {
     return folder;
 }
 
+std::wstring currentFolder() {
+    std::wstring folder(::GetCurrentDirectoryW(0, nullptr), L'\0');
+    folder.resize(::GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+    return folder;
+}
+
 long processId() { return static_cast<long>(::GetCurrentProcessId()); }
 
 bool isTerminal(int stream) {

@@ -182,6 +182,19 @@ TEST(ManagerSaving, RelativeFolderIsTheSameFolderAgain) {
     EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"dome.obj");
 }
 
+TEST(ManagerSaving, NamesFollowTheFileBetweenRelativeFolders) {
+    TestManager manager(L"hall.skorrax");
+    const std::wstring here = XMLConfig::detail::fromUtf8(std::filesystem::current_path().u8string());
+    EXPECT_EQ(manager.getAssetManager()->getRootPath(), here);
+    manager.document.setStringItem(L"Screen", L"VRML", L"dome.obj", L"", L"", L"");
+    manager.updateRelativeFilePaths(L"backup/hall.skorrax");
+    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"../dome.obj");
+    manager.updateRelativeFilePaths(L"./backup/../hall.skorrax");
+    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"dome.obj");
+    manager.updateRelativeFilePaths(here + L"/hall.skorrax");
+    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"dome.obj");
+}
+
 TEST(ManagerSaving, NamesOnDrivesFollowTheFile) {
     TestManager manager(L"D:\\shows\\hall.skorrax");
     manager.document.setStringItem(L"Screen", L"VRML", L"dome.obj", L"", L"", L"");
