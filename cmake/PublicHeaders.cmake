@@ -40,4 +40,5 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/LogOutput.h
     manager/SettingSearch.h
     manager/UlvanoDiagnostics.h
+    manager/Upgrade.h
     manager/XMLConfigManager.h)

@@ -1,11 +1,11 @@
 #include "manager/upgrade/VersionUpgrade.h"
 
-#include "manager/XMLConfigManager.h"
+#include "manager/Upgrade.h"
+#include "manager/upgrade/StepRecorder.h"
+#include "manager/upgrade/UpgradeChain.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
-#include "store/CorvaneException.h"
-#include "store/Log.h"
 
 namespace XMLConfig::detail {
 
@@ -13,25 +13,60 @@ namespace {
 
 const LoggerPtr upgradeLog = logger(L"Ulvano.XMLConfig.VersionUpgrade");
 
-std::wstring shown(double version) { return formatFixed(version, 3); }
+std::wstring versionText(double version) { return formatFixed(version, 3); }
+
+void apply(const UpgradeStep& step, ConfigInfo& document, UpgradeObserver* observer) {
+    if (observer == nullptr) return step.apply(document);
+    StepRecorder recorder(document, step);
+    step.apply(document);
+    observer->stepDone(recorder.report());
+}
 
 }  // namespace
 
-VersionUpgradeEnum doFileVersionConversion(ConfigInfo* document) {
+const LoggerPtr& versionUpgradeLog() { return upgradeLog; }
+
+VersionUpgradeEnum doFileVersionConversion(ConfigInfo* document, UpgradeObserver* observer) {
     if (document == nullptr) return UpgradeFailed;
     const double latest = ConfigInfoFactory::getLatestFileVersionNumber();
     const double current = document->getVersion();
-    logTrace(upgradeLog, L"doFileVersionConversion(" + shown(current) + L") -> " + shown(latest));
+    logTrace(upgradeLog, L"doFileVersionConversion(" + versionText(current) + L") -> " + versionText(latest));
     if (current == latest) {
         logInfo(upgradeLog, L"   -> already at current version - no conversion req'd");
         return NoUpgradeRequired;
     }
-    if (current > latest) {
-        logError(upgradeLog, L"   -> ERROR:  unsupported file version #: " + shown(current));
+    // A version that is no number at all, such as "nan", is newer than nothing and older than nothing.
+    if (!(current < latest)) {
+        logError(upgradeLog, L"   -> ERROR:  unsupported file version #: " + versionText(current));
         return UpgradeFailed;
     }
-    throw CorvaneException(L"Error doFileVersionConversion: no conversion of version " + shown(current) + L" to " +
-                           shown(latest));
+    logWarn(upgradeLog, L"   -> converting " + versionText(current) + L" file to " + versionText(latest));
+    if (observer != nullptr) observer->upgradeBegins(current, latest);
+    for (const UpgradeStep& step : upgradeChain) {
+        if (current < step.below) apply(step, *document, observer);
+    }
+    document->setVersion(latest);
+    document->insertBuildDateAndNumber();
+    return Upgraded;
 }
 
 }  // namespace XMLConfig::detail
+
+namespace XMLConfig {
+
+UpgradeObserver::~UpgradeObserver() = default;
+UpgradeReceipt::~UpgradeReceipt() = default;
+
+void UpgradeReceipt::upgradeBegins(double from, double to) {
+    fromVersion = from;
+    toVersion = to;
+    steps.clear();
+}
+
+void UpgradeReceipt::stepDone(const UpgradeStepReport& step) { steps.push_back(step); }
+
+VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observer) {
+    return detail::doFileVersionConversion(&document, observer);
+}
+
+}  // namespace XMLConfig

@@ -1,15 +1,20 @@
 #pragma once
 
-class ConfigInfo;
+#include "manager/XMLConfigManager.h"
+#include "store/Log.h"
 
+class ConfigInfo;
 namespace XMLConfig {
-enum VersionUpgradeEnum : int;
+class UpgradeObserver;
 }
 
 namespace XMLConfig::detail {
 
-/// Brings a document to the latest file version, in memory. A null document and one that is newer than the library
-/// give UpgradeFailed and are left untouched. Throws what a conversion throws.
-VersionUpgradeEnum doFileVersionConversion(ConfigInfo* document);
+/// The upgrade driver. Null gives UpgradeFailed. Every step's threshold is compared with the version the document had at
+/// the start. Throws what the document throws.
+VersionUpgradeEnum doFileVersionConversion(ConfigInfo* document, UpgradeObserver* observer = nullptr);
+
+/// "Ulvano.XMLConfig.VersionUpgrade"
+const LoggerPtr& versionUpgradeLog();
 
 }  // namespace XMLConfig::detail

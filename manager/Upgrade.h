@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "manager/XMLConfigManager.h"
+#include "platform/Export.h"
+
+class ConfigInfo;
+
+/// Bringing a document of an older release up to the latest version, and being told what that did.
+namespace XMLConfig {
+
+/// One thing that a conversion step did to the document.
+struct UpgradeChange {
+    enum class Kind { Added, Changed, Moved, Renamed, Removed };
+    Kind kind;
+    std::wstring section;     ///< tag of the section
+    std::wstring sectionID;   ///< its "ID" before the change; "" without one
+    std::wstring key;         ///< of the item; "" where the section as a whole was added, renamed or removed
+    std::wstring oldValue;    ///< the text, XML element or ID before; "" for what is added
+    std::wstring newValue;    ///< the text, XML element or ID after; "" for what is removed
+    std::wstring newSection;  ///< of a moved item: where it is now
+    std::wstring newKey;      ///< of a moved item
+};
+
+/// What one conversion step did.
+struct UpgradeStepReport {
+    double version = 0.0;  ///< the version that the step leads to
+    std::wstring summary;  ///< one line for people
+    std::vector<UpgradeChange> changes;
+};
+
+/// Is told of an upgrade while it runs. Nothing is gathered where there is none.
+class XMLCONFIG_API UpgradeObserver {
+public:
+    virtual ~UpgradeObserver();
+    /// Called once, before the first step; not for a document that needs none.
+    virtual void upgradeBegins(double fromVersion, double toVersion) = 0;
+    /// Called after each step that was applied, also where it found nothing to do.
+    virtual void stepDone(const UpgradeStepReport& step) = 0;
+};
+
+/// Keeps everything it is told.
+class XMLCONFIG_API UpgradeReceipt : public UpgradeObserver {
+public:
+    ~UpgradeReceipt() override;
+    void upgradeBegins(double from, double to) override;
+    void stepDone(const UpgradeStepReport& step) override;
+
+    double fromVersion = 0.0;
+    double toVersion = 0.0;
+    std::vector<UpgradeStepReport> steps;
+};
+
+/// Applies the conversion steps that the document's version asks for, in memory, and stamps the latest version.
+/// UpgradeFailed for a document newer than the library, which is left alone. Throws what the document throws, e.g. without
+/// a version; the document may be half converted then and should be thrown away.
+XMLCONFIG_API VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observer = nullptr);
+
+}  // namespace XMLConfig

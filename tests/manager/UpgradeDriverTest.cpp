@@ -1,0 +1,128 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "manager/Upgrade.h"
+#include "manager/upgrade/UpgradeChain.h"
+#include "manager/upgrade/VersionUpgrade.h"
+#include "store/CorvaneException.h"
+#include "tests/manager/TestManager.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestDocument.h"
+#include "tests/support/Thrown.h"
+
+using testing::ElementsAre;
+using XMLConfig::detail::doFileVersionConversion;
+
+namespace {
+
+constexpr const char* upgradeLogger = "Ulvano.XMLConfig.VersionUpgrade";
+
+LogLine line(const char* level, const std::string& text) { return {upgradeLogger, level, text}; }
+
+// The versions that the applied steps lead to.
+std::vector<double> stepsFor(const std::string& version) {
+    const TestDocument document(fileText("", version));
+    XMLConfig::UpgradeReceipt receipt;
+    EXPECT_EQ(XMLConfig::upgradeDocument(*document, &receipt), XMLConfig::Upgraded) << version;
+    std::vector<double> versions;
+    for (const auto& step : receipt.steps) versions.push_back(step.version);
+    return versions;
+}
+
+}  // namespace
+
+TEST(UpgradeDriver, NullDocumentFailsWithoutALogLine) {
+    const LogCapture log;
+    EXPECT_EQ(doFileVersionConversion(nullptr), 2);
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST(UpgradeDriver, LatestVersionIsLeftUntouched) {
+    const LogCapture log;
+    const TestDocument document(fileText("<Screen><Unit>Feet</Unit></Screen>", "9.000"));
+    const std::string before = document.text();
+    EXPECT_EQ(doFileVersionConversion(&*document), 0);
+    EXPECT_EQ(document.text(), before);
+    EXPECT_FALSE(document->isDirty());
+    EXPECT_THAT(log.linesOf(upgradeLogger),
+                ElementsAre(line("TRACE", "doFileVersionConversion(9.000) -> 9.000"),
+                            line("INFO", "   -> already at current version - no conversion req'd")));
+}
+
+TEST(UpgradeDriver, NewerVersionIsLeftUntouched) {
+    const LogCapture log;
+    const TestDocument document(fileText("<Screen><Unit>Feet</Unit></Screen>", "9.001"));
+    const std::string before = document.text();
+    EXPECT_EQ(doFileVersionConversion(&*document), 2);
+    EXPECT_EQ(document.text(), before);
+    EXPECT_THAT(log.linesOf(upgradeLogger), ElementsAre(line("TRACE", "doFileVersionConversion(9.001) -> 9.000"),
+                                                        line("ERROR", "   -> ERROR:  unsupported file version #: 9.001")));
+}
+
+TEST(UpgradeDriver, OlderVersionIsConvertedAndStamped) {
+    const LogCapture log;
+    const TestDocument document(fileText("", "1.5"));
+    EXPECT_EQ(doFileVersionConversion(&*document), 1);
+    EXPECT_EQ(document->getVersion(), 9.0);
+    EXPECT_NE(document.text().find("<Version>9.000</Version>\n  <BuildDate>Mar 11 2019</BuildDate>\n"
+                                   "  <BuildNumber>2.1.1.14</BuildNumber>\n"),
+              std::string::npos);
+    EXPECT_TRUE(document->isDirty());
+    EXPECT_THAT(log.linesOf(upgradeLogger), ElementsAre(line("TRACE", "doFileVersionConversion(1.500) -> 9.000"),
+                                                        line("WARN", "   -> converting 1.500 file to 9.000")));
+}
+
+TEST(UpgradeDriver, StepsAreChosenByTheVersionAtTheStart) {
+    EXPECT_THAT(stepsFor("1.5"), ElementsAre(2.0, 2.005, 3.0, 4.0, 5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("2.000"), ElementsAre(2.005, 3.0, 4.0, 5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("2.003"), ElementsAre(2.005, 3.0, 4.0, 5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("2.004999"), ElementsAre(2.005, 3.0, 4.0, 5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("2.005"), ElementsAre(3.0, 4.0, 5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("3.000"), ElementsAre(4.0, 5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("4.000"), ElementsAre(5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("5.000"), ElementsAre(6.0, 8.0, 9.0));
+    EXPECT_THAT(stepsFor("6.000"), ElementsAre(8.0, 9.0));
+    EXPECT_THAT(stepsFor("7.000"), ElementsAre(8.0, 9.0));
+    EXPECT_THAT(stepsFor("7.999"), ElementsAre(8.0, 9.0));
+    EXPECT_THAT(stepsFor("8.000"), ElementsAre(9.0));
+    EXPECT_THAT(stepsFor("8.999"), ElementsAre(9.0));
+}
+
+TEST(UpgradeDriver, VersionThatIsNoNumberCountsAsZero) {
+    const LogCapture log;
+    EXPECT_THAT(stepsFor("abc"), ElementsAre(2.0, 2.005, 3.0, 4.0, 5.0, 6.0, 8.0, 9.0));
+    EXPECT_THAT(log.linesOf(upgradeLogger), ElementsAre(line("TRACE", "doFileVersionConversion(0.000) -> 9.000"),
+                                                        line("WARN", "   -> converting 0.000 file to 9.000")));
+}
+
+TEST(UpgradeDriver, NumberIsReadFromTheVersionsBeginning) { EXPECT_THAT(stepsFor(" 8.5beta"), ElementsAre(9.0)); }
+
+TEST(UpgradeDriver, VersionThatComparesWithNothingIsRefused) {
+    const TestDocument document(fileText("", "nan"));
+    EXPECT_EQ(doFileVersionConversion(&*document), 2);
+    EXPECT_NE(document.text().find("<Version>nan</Version>"), std::string::npos);
+}
+
+TEST(UpgradeDriver, FileWithoutVersionThrows) {
+    const TestDocument document("<ConfigInfo><System/></ConfigInfo>");
+    EXPECT_EQ(thrownMessage<CorvaneException>([&] { doFileVersionConversion(&*document); }),
+              L"Error getVersion:  No \"version\" node in XML file");
+}
+
+TEST(UpgradeDriver, LoadUpgradesInMemoryOnly) {
+    const TemporaryFolder folder;
+    const std::string old = fileText("<Camera ID=\"1\"><CameraType>-1</CameraType></Camera>", "8.500");
+    const std::wstring path = folder.write(L"old.skorrax", old);
+    const auto manager = loadedManager(path);
+    EXPECT_EQ(manager->getVersionUpgradeStatus(), XMLConfig::Upgraded);
+    EXPECT_TRUE(manager->isConfigDirty());
+    EXPECT_TRUE(manager->getCameraIDs().empty());
+    EXPECT_EQ(folder.read(L"old.skorrax"), old);
+    manager->saveConfiguration(path);
+    EXPECT_EQ(loadedManager(path)->getVersionUpgradeStatus(), XMLConfig::NoUpgradeRequired);
+}
+
+TEST(UpgradeDriver, EveryStepHasASummary) {
+    for (const auto& step : XMLConfig::detail::upgradeChain) EXPECT_NE(std::wstring(step.summary), L"");
+    EXPECT_EQ(std::size(XMLConfig::detail::upgradeChain), 8u);
+}
