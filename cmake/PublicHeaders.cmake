@@ -41,4 +41,5 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/SettingSearch.h
     manager/UlvanoDiagnostics.h
     manager/Upgrade.h
+    manager/UpgradeFile.h
     manager/XMLConfigManager.h)

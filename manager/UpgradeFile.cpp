@@ -1,0 +1,74 @@
+#include "manager/UpgradeFile.h"
+
+#include "platform/Files.h"
+#include "platform/Numbers.h"
+#include "store/ConfigInfo.h"
+#include "store/CorvaneException.h"
+
+namespace XMLConfig {
+
+namespace {
+
+using detail::FileError;
+
+[[noreturn]] void refuse(const std::wstring& path, const std::wstring& reason) {
+    throw CorvaneException(L"Error upgradeFile: " + path + L": " + reason);
+}
+
+std::wstring versionText(double version) { return detail::formatFixed(version, 3); }
+
+// The first name of its kind that nothing has yet.
+std::wstring freeBackupName(const std::wstring& path, double version) {
+    const std::wstring first = path + L".v" + versionText(version) + L".bak";
+    std::wstring name = first;
+    for (int number = 2; detail::fileExists(name); ++number) name = first + L"." + detail::formatInteger(number);
+    return name;
+}
+
+void copy(const std::wstring& from, const std::wstring& to) {
+    try {
+        detail::copyToNewFile(from, to);
+    } catch (const FileError& error) {
+        refuse(from, error.message());
+    }
+}
+
+// The backup stands before the file is touched, and goes again where the file then stays as it was.
+void replaceKeepingBackup(ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
+    copy(path, backup);
+    try {
+        document.save(path);
+    } catch (...) {
+        detail::removeFile(backup);
+        throw;
+    }
+}
+
+void write(ConfigInfo& document, const UpgradeFileRequest& request, const UpgradeFileReport& report) {
+    if (report.status == NoUpgradeRequired) {
+        if (!request.target.empty()) copy(request.path, report.target);
+    } else if (request.target.empty()) {
+        replaceKeepingBackup(document, report.target, report.backup);
+    } else {
+        document.save(report.target);
+    }
+}
+
+}  // namespace
+
+UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
+    if (!request.target.empty() && detail::fileExists(request.target)) refuse(request.target, L"exists already");
+    ConfigInfo document(request.path);
+    const double version = document.getVersion();
+    UpgradeFileReport report;
+    report.target = request.target.empty() ? request.path : request.target;
+    report.status = upgradeDocument(document, &report.receipt);
+    if (report.status == UpgradeFailed) {
+        refuse(request.path, L"is of file version " + versionText(version) + L", which is newer than this library");
+    }
+    if (report.status == Upgraded && request.target.empty()) report.backup = freeBackupName(request.path, version);
+    if (request.writesFiles) write(document, request, report);
+    return report;
+}
+
+}  // namespace XMLConfig

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "manager/Upgrade.h"
+#include "platform/Export.h"
+
+namespace XMLConfig {
+
+/// What upgradeFile does.
+struct UpgradeFileRequest {
+    std::wstring path;         ///< the file to convert
+    std::wstring target = {};  ///< where the result goes, a file that does not exist yet; "" for `path` itself
+    bool writesFiles = true;   ///< false to convert in memory only, and be told what would be done
+};
+
+/// What upgradeFile did, or would do.
+struct UpgradeFileReport {
+    VersionUpgradeEnum status = NoUpgradeRequired;  ///< never UpgradeFailed
+    std::wstring target;                            ///< the file that holds the result
+    std::wstring backup;                            ///< the file that holds the old one; "" where none is kept
+    UpgradeReceipt receipt;                         ///< what each step did
+};
+
+/// Brings a file to the latest version.
+///
+/// In place, the old file is kept beside it, byte for byte, as "<name>.v1.500.bak" with the version it had, or
+/// "<name>.v1.500.bak.2" and so on where that name is taken. A file at the latest version is left alone in place, and
+/// copied byte for byte to another target.
+///
+/// Throws CorvaneException for a file that cannot be read or converted, that is newer than the library, or whose result
+/// cannot be written, and for a target that exists. Every file is then as it was, and no other is left behind.
+XMLCONFIG_API UpgradeFileReport upgradeFile(const UpgradeFileRequest& request);
+
+}  // namespace XMLConfig
