@@ -1,5 +1,5 @@
 #!/bin/sh
-# Shows the example, changes a setting in a copy of it, and shows what that changed.
+# Shows the example, changes a setting in a copy of it, shows what that changed, and upgrades the dome's file of 1.5.
 # XMLCONFIG_TOOL names the tool; without it the release build's is taken.
 set -eu
 examples=$(cd "$(dirname "$0")" && pwd)
@@ -33,3 +33,12 @@ if diff "$examples/dome.skorrax" dome.skorrax; then
     echo 'run-example.sh: the file was not changed' >&2
     exit 1
 fi
+
+say xmlconfig upgrade --explain history/dome-1.500.skorra -o upgraded.skorrax
+mkdir history
+cp "$examples/history/dome-1.500.skorra" history/
+chmod u+w history/dome-1.500.skorra
+"$xmlconfig" upgrade --explain history/dome-1.500.skorra -o upgraded.skorrax
+
+say xmlconfig show upgraded.skorrax
+"$xmlconfig" show upgraded.skorrax

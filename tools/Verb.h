@@ -15,6 +15,10 @@ struct Request {
     std::vector<std::string> operands;
     bool force = false;
     bool brief = false;
+    std::string target;
+    bool explain = false;
+    bool json = false;
+    bool dryRun = false;
 };
 
 /// What a program of this tool answers with.
@@ -47,5 +51,7 @@ void setUpDescribe(CLI::App& app, Request& request);
 ExitStatus runDescribe(const Request& request);
 void setUpCheck(CLI::App& app, Request& request);
 ExitStatus runCheck(const Request& request);
+void setUpUpgrade(CLI::App& app, Request& request);
+ExitStatus runUpgrade(const Request& request);
 
 }  // namespace tool

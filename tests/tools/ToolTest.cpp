@@ -71,7 +71,7 @@ void expectRun(const ToolRun& run, int status, const std::string& output, const 
     EXPECT_EQ(run.errors, errors);
 }
 
-const char* const verbNames[] = {"new", "show", "get", "set", "describe", "check"};
+const char* const verbNames[] = {"new", "show", "get", "set", "describe", "check", "upgrade"};
 
 TEST_F(Tool, TellsItsVersionEverywhere) {
     expectRun(runTool({"--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");
@@ -431,14 +431,18 @@ TEST_F(Tool, ExampleRuns) {
     const std::string command =
         "XMLCONFIG_TOOL=" + shellQuoted(toolPath()) + " sh examples/run-example.sh > " + shellQuoted(path("out")) + " 2>&1";
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 0);
-    EXPECT_THAT(folder.read(L"out"), testing::EndsWith("50c50\n"
-                                                       "<     <Box_Spacing>1.500000000000000e+00</Box_Spacing>\n"
-                                                       "---\n"
-                                                       ">     <Box_Spacing>1.75</Box_Spacing>\n"
-                                                       "298c298\n"
-                                                       "<     <Name>Dome 2</Name>\n"
-                                                       "---\n"
-                                                       ">     <Name>Dome, left of the middle</Name>\n"));
+    const std::string output = folder.read(L"out");
+    EXPECT_THAT(output, HasSubstr("50c50\n"
+                                  "<     <Box_Spacing>1.500000000000000e+00</Box_Spacing>\n"
+                                  "---\n"
+                                  ">     <Box_Spacing>1.75</Box_Spacing>\n"
+                                  "298c298\n"
+                                  "<     <Name>Dome 2</Name>\n"
+                                  "---\n"
+                                  ">     <Name>Dome, left of the middle</Name>\n"));
+    EXPECT_THAT(output, HasSubstr("\nhistory/dome-1.500.skorra: version 1.500 -> 9.000, in upgraded.skorrax\n"));
+    EXPECT_THAT(output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed\n"));
+    EXPECT_THAT(output, HasSubstr("\nFile        version 9.000\n"));
 }
 
 }  // namespace

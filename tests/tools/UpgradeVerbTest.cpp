@@ -1,0 +1,169 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/manager/TestManager.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class UpgradeVerb : public testing::Test {
+protected:
+    std::string write(const std::string& name, const std::string& version, const std::string& sections = "") const {
+        folder.write(std::wstring(name.begin(), name.end()), fileText(sections, version));
+        return path(name);
+    }
+    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
+
+    TemporaryFolder folder;
+};
+
+const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";
+
+}  // namespace
+
+TEST_F(UpgradeVerb, ConvertsInPlaceAndKeepsTheOldFile) {
+    const std::string file = write("hall.skorra", "1.5", feet);
+    const ToolRun run = runTool({"upgrade", file});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, file + ": version 1.500 -> 9.000, the old file is " + file + ".v1.500.bak\n" +
+                              "1 upgraded, 0 at the latest version already, 0 failed\n");
+    EXPECT_EQ(folder.read(L"hall.skorra.v1.500.bak"), fileText(feet, "1.5"));
+    EXPECT_THAT(folder.read(L"hall.skorra"), HasSubstr("<Version>9.000</Version>"));
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST_F(UpgradeVerb, SecondRunChangesNothing) {
+    const std::string file = write("hall.skorra", "1.5");
+    runTool({"upgrade", file});
+    const std::string once = folder.read(L"hall.skorra");
+    const ToolRun run = runTool({"upgrade", file});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, file + ": at the latest version already\n0 upgraded, 1 at the latest version already, 0 failed\n");
+    EXPECT_EQ(run.errors, "");
+    EXPECT_EQ(folder.read(L"hall.skorra"), once);
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST_F(UpgradeVerb, OutputLeavesTheOldFileAlone) {
+    const std::string file = write("old.skorra", "3.0");
+    const ToolRun run = runTool({"upgrade", file, "-o", path("new.skorrax")});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, HasSubstr(file + ": version 3.000 -> 9.000, in " + path("new.skorrax") + "\n"));
+    EXPECT_EQ(folder.read(L"old.skorra"), fileText("", "3.0"));
+    EXPECT_EQ(runTool({"check", path("new.skorrax")}).errors, "");
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST_F(UpgradeVerb, OutputThatExistsIsRefused) {
+    const std::string file = write("old.skorra", "3.0");
+    const std::string other = write("new.skorrax", "9.000", feet);
+    const ToolRun run = runTool({"upgrade", file, "-o", other});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors, HasSubstr(other + ": exists already"));
+    EXPECT_EQ(folder.read(L"new.skorrax"), fileText(feet));
+}
+
+TEST_F(UpgradeVerb, OutputGoesWithOneFileOnly) {
+    const std::string one = write("1.skorra", "3.0");
+    const std::string two = write("2.skorra", "3.0");
+    const ToolRun run = runTool({"upgrade", one, two, "-o", path("new.skorrax")});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors, "xmlconfig: --output goes with one FILE only\nxmlconfig: see 'xmlconfig upgrade --help'\n");
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST_F(UpgradeVerb, GoesOnAfterAFileThatFails) {
+    const std::string newer = write("newer.skorrax", "9.001");
+    const std::string current = write("current.skorrax", "9.000");
+    const std::string old = write("old.skorrax", "8.0");
+    const ToolRun run = runTool({"upgrade", newer, path("missing.skorrax"), current, old});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr(old + ": version 8.000 -> 9.000"));
+    EXPECT_THAT(run.output, HasSubstr("\n1 upgraded, 1 at the latest version already, 2 failed\n"));
+    EXPECT_THAT(run.errors, HasSubstr("xmlconfig: " + newer + ": not upgraded: "));
+    EXPECT_THAT(run.errors, HasSubstr("xmlconfig: " + path("missing.skorrax") + ": not upgraded: "));
+    EXPECT_THAT(run.errors, Not(HasSubstr("\r")));
+    EXPECT_EQ(folder.read(L"newer.skorrax"), fileText("", "9.001"));
+    EXPECT_EQ(folder.entries(), 4u);
+}
+
+TEST_F(UpgradeVerb, DryRunWritesNothing) {
+    const std::string file = write("hall.skorra", "1.5");
+    const ToolRun run = runTool({"upgrade", "--dry-run", file});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, HasSubstr(".v1.500.bak (dry run, nothing written)\n"));
+    EXPECT_EQ(folder.read(L"hall.skorra"), fileText("", "1.5"));
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
+TEST_F(UpgradeVerb, ExplainTellsWhatEachStepDid) {
+    const std::string file = write("hall.skorrax", "7.5",
+                                   "<Screen><Unit>Feet</Unit></Screen><Geometry><Fit_Solver>5</Fit_Solver></Geometry>"
+                                   "<Camera ID=\"1\"><CameraType>0</CameraType></Camera><Camera ID=\"2\"/>");
+    const ToolRun run = runTool({"upgrade", "--explain", "--dry-run", file});
+    EXPECT_THAT(run.output,
+                HasSubstr("\n  to 8.000: fit solver and overlap unit\n"
+                          "    changed Geometry/Fit_Solver: 5 -> 1\n"
+                          "    added TargetLocator\n"
+                          "    added TargetLocator/Overlap_Display_Unit = Percent\n"
+                          "  to 9.000: camera device snippets, units, geometry defaults from projectors\n"
+                          "    added Camera[1]/DeviceSnippet = <device UID=\"PGR***\" name=\"\" password=\"\" type=\"PGR\" "
+                          "version=\"1.0\"><bayerPattern>0</bayerPattern>"));
+    EXPECT_THAT(run.output, HasSubstr("    removed Camera[1]/CameraType (was 0)\n    renamed Camera[1] -> PGR***\n"
+                                      "    removed Camera[2], the whole section\n"));
+    EXPECT_THAT(run.output, HasSubstr("    moved Screen/Unit -> System/Length_Unit = Feet\n"));
+}
+
+TEST_F(UpgradeVerb, StepThatFoundNothingSaysSo) {
+    const std::string file = write("hall.skorrax", "7.5",
+                                   "<Geometry><Fit_Solver>1</Fit_Solver></Geometry>"
+                                   "<TargetLocator><Overlap_Display_Unit>Percent</Overlap_Display_Unit></TargetLocator>");
+    EXPECT_THAT(runTool({"upgrade", "--explain", "--dry-run", file}).output,
+                HasSubstr("  to 8.000: fit solver and overlap unit\n    nothing to do\n"));
+}
+
+TEST_F(UpgradeVerb, JsonTellsTheSame) {
+    const std::string old = write("old.skorrax", "8.0", feet);
+    const std::string current = write("current.skorrax", "9.000");
+    const ToolRun run = runTool({"upgrade", "--json", old, current, path("missing.skorrax")});
+    EXPECT_EQ(run.status, 1);
+    const auto json = nlohmann::json::parse(run.output);
+    EXPECT_EQ(json["upgraded"], 1);
+    EXPECT_EQ(json["current"], 1);
+    EXPECT_EQ(json["failed"], 1);
+    EXPECT_EQ(json["dryRun"], false);
+    const auto& first = json["files"][0];
+    EXPECT_EQ(first["status"], "upgraded");
+    EXPECT_EQ(first["file"], old);
+    EXPECT_EQ(first["target"], old);
+    EXPECT_EQ(first["backup"], old + ".v8.000.bak");
+    EXPECT_EQ(first["from"], 8.0);
+    EXPECT_EQ(first["to"], 9.0);
+    ASSERT_EQ(first["steps"].size(), 1u);
+    EXPECT_EQ(first["steps"][0]["version"], 9.0);
+    const nlohmann::json move = {{"kind", "moved"},        {"section", "Screen"},    {"id", ""},
+                                 {"key", "Unit"},          {"oldValue", "Feet"},     {"newValue", "Feet"},
+                                 {"newSection", "System"}, {"newKey", "Length_Unit"}};
+    EXPECT_THAT(first["steps"][0]["changes"], testing::Contains(move));
+    EXPECT_EQ(json["files"][1]["status"], "current");
+    EXPECT_EQ(json["files"][2]["status"], "failed");
+    EXPECT_THAT(json["files"][2]["error"].get<std::string>(), HasSubstr("Can not open file"));
+}
+
+TEST_F(UpgradeVerb, NamesOutsideAsciiWorkUnderTheCLocale) {
+    folder.write(L"B\u00fchne.skorra", fileText("", "1.5"));
+    const std::string file = path("B\xC3\xBChne.skorra");
+    const ToolRun run = runTool({"upgrade", file}, "LC_ALL=C");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, HasSubstr(file + ".v1.500.bak"));
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST_F(UpgradeVerb, WithoutFilesIsWrongUsage) { EXPECT_EQ(runTool({"upgrade"}).status, 2); }

@@ -1,0 +1,168 @@
+#include "tools/UpgradeText.h"
+
+#include <charconv>
+#include <nlohmann/json.hpp>
+
+#include "platform/Utf8.h"
+#include "store/Address.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::UpgradeChange;
+using Json = nlohmann::ordered_json;
+
+std::wstring versionText(double version) {
+    char text[400];
+    const auto end = std::to_chars(std::begin(text), std::end(text), version, std::chars_format::fixed, 3);
+    return XMLConfig::wideFromUtf8(std::string(text, end.ptr));
+}
+
+const char* nameOf(UpgradeChange::Kind kind) {
+    switch (kind) {
+        case UpgradeChange::Kind::Added:
+            return "added";
+        case UpgradeChange::Kind::Changed:
+            return "changed";
+        case UpgradeChange::Kind::Moved:
+            return "moved";
+        case UpgradeChange::Kind::Renamed:
+            return "renamed";
+        case UpgradeChange::Kind::Removed:
+            break;
+    }
+    return "removed";
+}
+
+// On one line: line breaks and the blanks behind them go.
+std::wstring oneLine(const std::wstring& text) {
+    std::wstring line;
+    bool isBehindBreak = false;
+    for (const wchar_t character : text) {
+        const bool isBreak = character == L'\n' || character == L'\r' || character == L'\t';
+        if (!isBreak && !(isBehindBreak && character == L' ')) line += character;
+        isBehindBreak = isBreak || (isBehindBreak && character == L' ');
+    }
+    return line;
+}
+
+std::wstring placeOf(const UpgradeChange& change) {
+    return XMLConfig::addressText({change.section, change.sectionID, L"", L"", change.key});
+}
+
+std::wstring placeBehind(const UpgradeChange& change) {
+    return XMLConfig::addressText({change.newSection, L"", L"", L"", change.newKey});
+}
+
+std::wstring whatHappened(const UpgradeChange& change) {
+    const std::wstring before = oneLine(change.oldValue);
+    const std::wstring after = oneLine(change.newValue);
+    switch (change.kind) {
+        case UpgradeChange::Kind::Added:
+            return change.key.empty() ? L"" : L" = " + after;
+        case UpgradeChange::Kind::Removed:
+            return change.key.empty() ? L", the whole section" : L" (was " + before + L")";
+        case UpgradeChange::Kind::Moved:
+            return change.newKey.empty() ? L"" : L" -> " + placeBehind(change) + L" = " + after;
+        case UpgradeChange::Kind::Renamed:
+            return L" -> " + after;
+        case UpgradeChange::Kind::Changed:
+            break;
+    }
+    return L": " + before + L" -> " + after;
+}
+
+Json jsonOf(const std::wstring& text) { return XMLConfig::utf8FromWide(text); }
+
+Json jsonOf(const UpgradeChange& change) {
+    Json json = {{"kind", nameOf(change.kind)},         {"section", jsonOf(change.section)},
+                 {"id", jsonOf(change.sectionID)},      {"key", jsonOf(change.key)},
+                 {"oldValue", jsonOf(change.oldValue)}, {"newValue", jsonOf(change.newValue)}};
+    if (!change.newKey.empty()) {
+        json["newSection"] = jsonOf(change.newSection);
+        json["newKey"] = jsonOf(change.newKey);
+    }
+    return json;
+}
+
+Json jsonOf(const XMLConfig::UpgradeStepReport& step) {
+    Json changes = Json::array();
+    for (const UpgradeChange& change : step.changes) changes.push_back(jsonOf(change));
+    return {{"version", step.version}, {"summary", jsonOf(step.summary)}, {"changes", changes}};
+}
+
+Json jsonOf(const UpgradeOutcome& outcome) {
+    Json json = {{"file", jsonOf(outcome.file)}};
+    if (!outcome.fault.empty()) {
+        json["status"] = "failed";
+        json["error"] = jsonOf(outcome.fault);
+        return json;
+    }
+    const bool isUpgraded = outcome.report.status == XMLConfig::Upgraded;
+    json["status"] = isUpgraded ? "upgraded" : "current";
+    json["target"] = jsonOf(outcome.report.target);
+    if (!outcome.report.backup.empty()) json["backup"] = jsonOf(outcome.report.backup);
+    if (!isUpgraded) return json;
+    json["from"] = outcome.report.receipt.fromVersion;
+    json["to"] = outcome.report.receipt.toVersion;
+    json["steps"] = Json::array();
+    for (const auto& step : outcome.report.receipt.steps) json["steps"].push_back(jsonOf(step));
+    return json;
+}
+
+}  // namespace
+
+UpgradeCounts countOf(const std::vector<UpgradeOutcome>& outcomes) {
+    UpgradeCounts counts;
+    for (const UpgradeOutcome& outcome : outcomes) {
+        if (!outcome.fault.empty()) ++counts.failed;
+        else if (outcome.report.status == XMLConfig::Upgraded) ++counts.upgraded;
+        else ++counts.current;
+    }
+    return counts;
+}
+
+std::wstring upgradeLine(const UpgradeOutcome& outcome) {
+    const XMLConfig::UpgradeFileReport& report = outcome.report;
+    std::wstring line = outcome.file + L": ";
+    if (report.status == XMLConfig::Upgraded) {
+        line += L"version " + versionText(report.receipt.fromVersion) + L" -> " + versionText(report.receipt.toVersion);
+    } else {
+        line += L"at the latest version already";
+    }
+    if (report.target != outcome.file) line += L", in " + report.target;
+    if (!report.backup.empty()) line += L", the old file is " + report.backup;
+    return outcome.isDryRun ? line + L" (dry run, nothing written)" : line;
+}
+
+std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt) {
+    std::wstring text;
+    for (const auto& step : receipt.steps) {
+        text += L"  to " + versionText(step.version) + L": " + step.summary + L"\n";
+        if (step.changes.empty()) text += L"    nothing to do\n";
+        for (const UpgradeChange& change : step.changes) {
+            text += L"    " + XMLConfig::wideFromUtf8(nameOf(change.kind)) + L" " + placeOf(change) + whatHappened(change) +
+                    L"\n";
+        }
+    }
+    return text;
+}
+
+std::wstring countLine(const std::vector<UpgradeOutcome>& outcomes) {
+    const UpgradeCounts counts = countOf(outcomes);
+    return XMLConfig::wideFromUtf8(std::to_string(counts.upgraded) + " upgraded, " + std::to_string(counts.current) +
+                                   " at the latest version already, " + std::to_string(counts.failed) + " failed");
+}
+
+std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes) {
+    const UpgradeCounts counts = countOf(outcomes);
+    Json json = {{"dryRun", !outcomes.empty() && outcomes.front().isDryRun},
+                 {"upgraded", counts.upgraded},
+                 {"current", counts.current},
+                 {"failed", counts.failed},
+                 {"files", Json::array()}};
+    for (const UpgradeOutcome& outcome : outcomes) json["files"].push_back(jsonOf(outcome));
+    return XMLConfig::wideFromUtf8(json.dump(2)) + L"\n";
+}
+
+}  // namespace tool

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "manager/UpgradeFile.h"
+
+/// What an upgrade did, as text and as JSON.
+namespace tool {
+
+struct UpgradeOutcome {
+    std::wstring file;
+    bool isDryRun = false;
+    std::wstring fault;  ///< why it failed; "" where it did not
+    XMLConfig::UpgradeFileReport report;
+};
+
+struct UpgradeCounts {
+    std::size_t upgraded = 0;
+    std::size_t current = 0;
+    std::size_t failed = 0;
+};
+UpgradeCounts countOf(const std::vector<UpgradeOutcome>& outcomes);
+
+/// One line about a file that did not fail.
+std::wstring upgradeLine(const UpgradeOutcome& outcome);
+/// Lines about each step and each change; "" where there was no step.
+std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt);
+/// "2 upgraded, 1 at the latest version already, 0 failed"
+std::wstring countLine(const std::vector<UpgradeOutcome>& outcomes);
+/// One object, with a line end.
+std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes);
+
+}  // namespace tool

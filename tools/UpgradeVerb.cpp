@@ -1,0 +1,90 @@
+#include <CLI/App.hpp>
+
+#include "manager/UpgradeFile.h"
+#include "platform/Terminal.h"
+#include "platform/Utf8.h"
+#include "tools/Output.h"
+#include "tools/UpgradeText.h"
+#include "tools/Verb.h"
+
+namespace tool {
+namespace {
+
+// One line that is written over and over, where someone may be watching and there is something to wait for.
+class Progress {
+public:
+    explicit Progress(std::size_t count) : m_count(count), m_isShown(count > 1 && XMLConfig::isErrorATerminal()) {}
+    ~Progress() { clear(); }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void begin(const std::string& file) {
+        ++m_done;
+        if (m_isShown) hint("\r" + std::to_string(m_done) + "/" + std::to_string(m_count) + " " + file + "\x1b[K");
+    }
+    void clear() const {
+        if (m_isShown) hint("\r\x1b[K");
+    }
+
+private:
+    std::size_t m_count;
+    std::size_t m_done = 0;
+    bool m_isShown;
+};
+
+// What must not end the other files' upgrade is told of this one.
+UpgradeOutcome upgradeOne(const std::string& file, const Request& request) {
+    UpgradeOutcome outcome;
+    outcome.file = XMLConfig::wideFromUtf8(file);
+    outcome.isDryRun = request.dryRun;
+    try {
+        outcome.report = XMLConfig::upgradeFile({outcome.file, XMLConfig::wideFromUtf8(request.target), !request.dryRun});
+    } catch (const std::exception& fault) {
+        outcome.fault = XMLConfig::wideFromUtf8(fault.what());
+    }
+    return outcome;
+}
+
+void tell(const UpgradeOutcome& outcome, const Request& request) {
+    if (!outcome.fault.empty()) complain(outcome.file + L": not upgraded: " + outcome.fault);
+    if (request.json) return;
+    if (outcome.fault.empty()) print(upgradeLine(outcome) + L"\n");
+    if (request.explain) print(explanation(outcome.report.receipt));
+}
+
+}  // namespace
+
+void setUpUpgrade(CLI::App& app, Request& request) {
+    app.add_option("FILE", request.operands, "The files to bring to the latest version")->required();
+    app.add_option("-o,--output", request.target, "Where the result goes, a file that does not exist yet");
+    app.add_flag("--explain", request.explain, "Tell what each step did");
+    app.add_flag("--json", request.json, "Tell everything as JSON");
+    app.add_flag("--dry-run", request.dryRun, "Write nothing");
+    app.footer(
+        "Without --output a file is converted in place; the old one is kept beside it as FILE.v1.500.bak,\n"
+        "with the version it had. A file that fails is left as it was, and the others are gone on with.\n"
+        "\n"
+        "Exit status: 0 all done, 1 some failed, 2 wrong usage.");
+}
+
+ExitStatus runUpgrade(const Request& request) {
+    if (!request.target.empty() && request.operands.size() > 1) {
+        complain(std::string("--output goes with one FILE only"));
+        complain(std::string("see 'xmlconfig upgrade --help'"));
+        return WrongUsage;
+    }
+    std::vector<UpgradeOutcome> outcomes;
+    Progress progress(request.operands.size());
+    for (const std::string& file : request.operands) {
+        progress.begin(file);
+        outcomes.push_back(upgradeOne(file, request));
+        progress.clear();
+        tell(outcomes.back(), request);
+        if (!request.json) outcomes.back().report.receipt.steps.clear();  // told, and large
+    }
+    print(request.json ? upgradeJson(outcomes) : countLine(outcomes) + L"\n");
+    const bool isAllDone = countOf(outcomes).failed == 0;
+    return isAllDone ? Done : Refused;
+}
+
+}  // namespace tool
