@@ -51,7 +51,7 @@ std::int64_t now() {
 void setClock(std::function<std::int64_t()> clock) { clockInUse() = std::move(clock); }
 
 std::wstring utcStamp(std::int64_t seconds) {
-    constexpr std::int64_t secondsADay = 24 * 60 * 60;
+    constexpr std::int64_t secondsADay = 86400;
     const std::int64_t day = floorDivided(seconds, secondsADay);
     const std::int64_t second = seconds - day * secondsADay;
     const Date date = dateOf(day);

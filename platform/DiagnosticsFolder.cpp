@@ -26,7 +26,7 @@ Folder& folderOfThisRun() {
 
 std::wstring makeFolderOfThisRun() {
     const std::wstring run = detail::utcStamp(detail::now()) + L'-' + detail::formatInteger(detail::processId());
-    const std::wstring path = detail::joinPath(detail::joinPath(detail::temporaryFolder(), L"UlvanoDiagnostics"), run);
+    std::wstring path = detail::joinPath(detail::joinPath(detail::temporaryFolder(), L"UlvanoDiagnostics"), run);
     detail::makeFolders(path);  // writing into it tells when that failed
     return path;
 }

@@ -8,7 +8,7 @@ namespace XMLConfig::detail {
 FileError::FileError(const std::wstring& message) : std::runtime_error(toUtf8(message)), m_message(message) {}
 
 std::string readWholeFile(const std::wstring& path) {
-    constexpr std::size_t step = 64 * 1024;
+    constexpr std::size_t step = 65536;
     FileReader reader(path);
     std::string bytes;
     for (std::size_t size = 0;;) {

@@ -67,11 +67,10 @@ std::vector<Component> folded(const std::vector<Component>& components, bool isR
     std::vector<Component> result;
     for (const Component& component : components) {
         if (component.name == L".") continue;
-        if (component.name != L"..") {
-            result.push_back(component);
-        } else if (!result.empty() && result.back().name != L"..") {
+        const bool isClimbing = component.name == L"..";
+        if (isClimbing && !result.empty() && result.back().name != L"..") {
             result.pop_back();
-        } else if (!isRooted) {
+        } else if (!isClimbing || !isRooted) {
             result.push_back(component);
         }
     }

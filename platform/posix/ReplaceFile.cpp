@@ -109,15 +109,15 @@ void copyPermissions(const OpenFile& from, OpenFile& to) {
     copyAccessList(from.descriptor(), to.descriptor());
 }
 
-void complete(OpenFile& file, std::string_view bytes) {
-    file.write(bytes);
+void finish(OpenFile& file) {
     file.flush();
     file.close();
 }
 
 void createFile(const std::string& target, std::string_view bytes) {
     NewFile created(target, 0666);
-    complete(created.file(), bytes);
+    created.file().write(bytes);
+    finish(created.file());
     created.place();
     flushFolder(systemFolder(target));
 }
@@ -129,8 +129,9 @@ bool isRefusal(int error) { return error == EACCES || error == EPERM || error ==
 bool exchange(const std::string& target, const OpenFile& old, std::string_view bytes) {
     try {
         NewFile created(target, S_IRUSR | S_IWUSR);
-        copyPermissions(old, created.file());
-        complete(created.file(), bytes);
+        created.file().write(bytes);
+        copyPermissions(old, created.file());  // last, since writing may cut them
+        finish(created.file());
         created.place();
     } catch (const SystemError& error) {
         if (!isRefusal(error.code())) throw;
@@ -208,7 +209,8 @@ void replaceFile(const std::wstring& path, std::string_view bytes) {
         replaceRegular(name, bytes);
     } else {
         OpenFile device(name, purpose, O_WRONLY);
-        complete(device, bytes);
+        device.write(bytes);
+        finish(device);
     }
 }
 

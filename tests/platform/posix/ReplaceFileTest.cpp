@@ -105,6 +105,17 @@ TEST_F(ReplaceFile, KeepsTheTargetsMode) {
     }
 }
 
+TEST_F(ReplaceFile, KeepsModesThatAWriteWouldCut) {
+    const std::wstring path = m_folder.write(L"a", "old");
+    giveToNobody(m_folder.path());
+    giveToNobody(m_folder.at(L"a"));
+    const Unprivileged user;
+    ASSERT_TRUE(user.isDone());
+    ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 02775), 0);
+    replaceFile(path, "new");
+    EXPECT_EQ(modeOf(m_folder.at(L"a")), 02775u);
+}
+
 TEST_F(ReplaceFile, KeepsTheTargetsOwner) {
     if (::geteuid() != 0) GTEST_SKIP() << "only the superuser may give files away";
     const std::wstring path = m_folder.write(L"a", "old");
