@@ -7,7 +7,6 @@ namespace XMLConfig::detail {
 
 namespace {
 
-using xercesc::DOMElement;
 using xercesc::DOMNode;
 
 // Steps through children, taking neighbouring pieces of text as one and leaving out text that is layout only.
