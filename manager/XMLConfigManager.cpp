@@ -74,7 +74,9 @@ std::unique_ptr<XMLConfigManager> XMLConfigManager::taking(std::unique_ptr<Confi
 
 XMLConfigManager::XMLConfigManager(std::shared_ptr<IQuorvelProductInfo> productInfo, ConfigInfo* document,
                                    const std::wstring& path)
-    : m_productInfo(std::move(productInfo)), m_configInfo(document), m_assetManager(std::make_shared<AssetManager>(rootFile(path))) {
+    : m_productInfo(std::move(productInfo)),
+      m_configInfo(document),
+      m_assetManager(std::make_shared<AssetManager>(rootFile(path))) {
     makeSections();
 }
 
