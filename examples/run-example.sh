@@ -1,5 +1,6 @@
 #!/bin/sh
-# Shows the example, changes a setting in a copy of it, shows what that changed, and upgrades the dome's file of 1.5.
+# Shows the example, changes a setting in a copy of it, shows what that changed, tours it through the manager, and upgrades
+# the dome's file of 1.5.
 # XMLCONFIG_TOOL names the tool; without it the release build's is taken.
 set -eu
 examples=$(cd "$(dirname "$0")" && pwd)
@@ -33,6 +34,10 @@ if diff "$examples/dome.skorrax" dome.skorrax; then
     echo 'run-example.sh: the file was not changed' >&2
     exit 1
 fi
+
+say tour dome.skorrax spare/dome.skorrax
+mkdir spare
+"$(dirname "$xmlconfig")/tour" dome.skorrax spare/dome.skorrax
 
 say xmlconfig upgrade --explain history/dome-1.500.skorra -o upgraded.skorrax
 mkdir history
