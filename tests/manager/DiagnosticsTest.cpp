@@ -3,7 +3,6 @@
 
 #include "manager/UlvanoDiagnostics.h"
 #include "tests/manager/TestManager.h"
-#include "tests/support/Environment.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -21,7 +20,6 @@ protected:
     TemporaryFolder folder;
 
 private:
-    EnvironmentVariable m_temporaryFolder{"TMPDIR", folder.path().string()};
     std::wstring m_before;
 };
 
