@@ -129,12 +129,12 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
     reporting(setItemPrefix, [&] {
         const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
         const bool isElement = type == L"DOMElement";
+        XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value);
         Container container = m_document->container(address);
         auto* item = m_document->getItem(container, address);
         const bool isNew = item == nullptr;
         if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item, value))) return;
 
-        XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value);
         const auto content =
             isElement && !value.empty() ? parseElement(address, value) : XMLConfig::detail::ParsedDocument();
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);

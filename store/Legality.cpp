@@ -40,8 +40,13 @@ std::wstring describe(const Address& address) {
 
 void refuseWhatXmlCannotHold(const wchar_t* prefix, const Address& address, const std::wstring& value) {
     const auto isHeld = [](const std::wstring& text) { return !firstCharacterXmlCannotHold(text); };
-    if (isHeld(value) && isHeld(address.sectionID) && isHeld(address.subSectionID)) return;
+    if (isHeld(value) && isHeld(address.sectionName) && isHeld(address.sectionID) && isHeld(address.key) &&
+        isHeld(address.subSectionName) && isHeld(address.subSectionID))
+        return;
     const std::wstring where = describe(address);
+    refuse(prefix, where, L"the section's name", address.sectionName);
+    refuse(prefix, where, L"the subsection's name", address.subSectionName);
+    refuse(prefix, where, L"the key", address.key);
     refuse(prefix, where, L"the section's ID", address.sectionID);
     refuse(prefix, where, L"the subsection's ID", address.subSectionID);
     refuse(prefix, where, L"the value", value);

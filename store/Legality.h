@@ -10,8 +10,8 @@ namespace XMLConfig::detail {
 /// "section "Name" [ID], key "Key"" for messages.
 std::wstring describe(const Address& address);
 
-/// Throws CorvaneException for a value or an identifier with a character that XML 1.0 cannot hold; the message begins with
-/// the prefix and names the section, the key, the character's number and its place.
+/// Throws CorvaneException for a value or a part of the address with a character that XML 1.0 cannot hold; the message
+/// begins with the prefix and names the section, the key, the character's number and its place.
 void refuseWhatXmlCannotHold(const wchar_t* prefix, const Address& address, const std::wstring& value);
 /// The same for a section's new identifier.
 void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, const std::wstring& id);

@@ -123,6 +123,27 @@ TEST(IllegalCharacter, InAnIdIsRefused) {
     }
 }
 
+TEST(IllegalCharacter, InANameIsRefused) {
+    for (const wchar_t character : forbidden()) {
+        for (const char* head : {"<?xml version=\"1.0\"?>", "<?xml version=\"1.1\"?>"}) {
+            const Document document = load(head + std::string("<ConfigInfo><S ID=\"1\"><A>old</A></S></ConfigInfo>"));
+            const Untouched before(*document);
+            const std::wstring name = std::wstring(L"A") + character + L"B";
+            EXPECT_STARTS_WITH(messageOf([&] { set(*document, name, L"A", L"v", L"1"); }), L"Error setItem: ");
+            EXPECT_STARTS_WITH(messageOf([&] { set(*document, L"S", name, L"v", L"1"); }), L"Error setItem: ");
+            EXPECT_STARTS_WITH(messageOf([&] { set(*document, L"S", L"A|" + name, L"v", L"1"); }), L"Error setItem: ");
+            EXPECT_STARTS_WITH(messageOf([&] { set(*document, L"S", L"A", L"v", L"1", name); }), L"Error setItem: ");
+            EXPECT_TRUE(before.unchanged()) << static_cast<unsigned long>(character);
+        }
+    }
+}
+
+TEST(IllegalCharacter, IsRefusedWhereItsSubstituteIsStored) {
+    ConfigInfo document;
+    set(document, L"S", L"A", L"\ufffd");
+    EXPECT_STARTS_WITH(messageOf([&] { set(document, L"S", L"A", std::wstring(1, wchar_t(0xd800))); }), L"Error setItem: ");
+}
+
 TEST(IllegalCharacter, InAFragmentIsRefused) {
     for (const wchar_t character : forbidden()) {
         for (const wchar_t* key : {L"F", L"New|Deep"}) {
