@@ -71,6 +71,13 @@ public:
         refuse(L"A document type is not allowed");
     }
 
+    void XMLDecl(const XMLCh* const version, const XMLCh* const encoding, const XMLCh* const standalone,
+                 const XMLCh* const actualEncoding) override {
+        // The parser reads "1.2" and the tree throws at it, without a place.
+        if (view(version) != u"1.0" && view(version) != u"1.1") refuse(L"This version of XML is not supported");
+        DOMLSParserImpl::XMLDecl(version, encoding, standalone, actualEncoding);
+    }
+
     void startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const XMLCh* const prefix,
                       const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t attributeCount,
                       const bool isEmpty, const bool isRoot) override {

@@ -64,6 +64,8 @@ TEST(BadFile, Malformed) {
                              "   \n  ",
                              "<!-- only -->",
                              "<?xml version=\"1.0\" encoding=\"no-such\"?><ConfigInfo/>",
+                             "<?xml version=\"1.2\"?><ConfigInfo/>",
+                             "<?xml version=\"2.0\"?><ConfigInfo/>",
                              "<ConfigInfo><A></ConfigInfo></A>",
                              "<ConfigInfo><p:A/></ConfigInfo>",
                              "<ConfigInfo><A p:x=\"1\"/></ConfigInfo>",
