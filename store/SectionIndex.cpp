@@ -8,6 +8,9 @@ namespace XMLConfig::detail {
 
 namespace {
 
+// Below this number of a key, each section has a place for it whether it holds the item or not.
+constexpr std::size_t commonKeys = 256;
+
 void list(Section& section) {
     auto& sameID = section.tag->byID[section.id];
     const auto earlier = [](const Section* left, const Section* right) { return left->order < right->order; };
@@ -35,7 +38,13 @@ std::size_t numberOf(SectionTag& tag, const std::wstring& key) {
 }
 
 void remember(Section& section, std::size_t number, xercesc::DOMElement* item) {
-    if (number >= section.items.size()) section.items.resize(std::max(number + 1, section.tag->keyNumbers.size()));
+    if (number >= commonKeys) {
+        section.rareItems.emplace(number, item);
+        return;
+    }
+    if (number >= section.items.size()) {
+        section.items.resize(std::max(number + 1, std::min(section.tag->keyNumbers.size(), commonKeys)));
+    }
     if (section.items[number] == nullptr) section.items[number] = item;
 }
 
@@ -56,8 +65,10 @@ void scan(Section& section) {
 
 xercesc::DOMElement* known(const Section& section, const std::wstring& key) {
     const auto found = section.tag->keyNumbers.find(key);
-    const bool isKnown = found != section.tag->keyNumbers.end() && found->second < section.items.size();
-    return isKnown ? section.items[found->second] : nullptr;
+    if (found == section.tag->keyNumbers.end()) return nullptr;
+    if (found->second < commonKeys) return found->second < section.items.size() ? section.items[found->second] : nullptr;
+    const auto rare = section.rareItems.find(found->second);
+    return rare == section.rareItems.end() ? nullptr : rare->second;
 }
 
 }  // namespace

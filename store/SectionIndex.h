@@ -21,11 +21,13 @@ struct Section {
     std::uint64_t order = 0;                  ///< ascending in document order among the sections of one tag
     std::wstring id;                          ///< "" without an "ID" attribute
     std::vector<xercesc::DOMElement*> items;  ///< known items by the number of their key; null where not known
-    bool isScanned = false;                   ///< whether every child element is among the known items
+    std::unordered_map<std::size_t, xercesc::DOMElement*> rareItems;  ///< those of high numbers, which few sections have
+    bool isScanned = false;  ///< whether every child element is among the known items
 
     /// To be called after an item that may be known has gone.
     void forgetItems() {
         items.clear();
+        rareItems.clear();
         isScanned = false;
     }
 };

@@ -63,6 +63,25 @@ TEST(StoreMemory, DoesNotGrowWithEqualWritesAndFragments) {
     EXPECT_LT(residentPages() - before, 512) << "pages";
 }
 
+TEST(StoreMemory, GrowsWithTheItemsAndNotWithTheSectionsTimesTheKeys) {
+    std::string text = "<ConfigInfo>";
+    int key = 0;
+    for (int i = 0; i < 2000; ++i) {
+        text += "<P ID=\"" + std::to_string(i) + "\">";
+        for (int j = 0; j < 20; ++j, ++key)
+            text += "<K" + std::to_string(key) + ">" + std::to_string(key) + "</K" + std::to_string(key) + ">";
+        text += "</P>";
+    }
+    const Document document = load(text + "</ConfigInfo>");
+    const long before = residentPages();
+    for (int i = 0; i < 2000; ++i) {
+        const auto ofSection = L"K" + std::to_wstring(20 * i + 19);
+        EXPECT_EQ(document->getIntegerItem(L"P", ofSection, -1, std::to_wstring(i)), 20 * i + 19);
+        EXPECT_EQ(document->getIntegerItem(L"P", ofSection, -1, std::to_wstring((i + 1) % 2000)), -1);
+    }
+    EXPECT_LT(residentPages() - before, 8192) << "pages";
+}
+
 TEST(StoreMemory, IsGivenBackWithTheDocument) {
     const auto live = [] {
         ConfigInfo document;
