@@ -1,6 +1,7 @@
 #include "manager/Check.h"
 
 #include <algorithm>
+#include <set>
 
 #include "manager/SettingSearch.h"
 #include "store/Address.h"
@@ -11,58 +12,49 @@ namespace {
 
 using Kind = Finding::Kind;
 
-const std::wstring headerElements[] = {L"Version", L"BuildDate", L"BuildNumber", L"DevelopedBy"};
-
 class Checker {
 public:
     std::vector<Finding> run(const std::vector<OutlineNode>& nodes) {
-        m_sections = sectionNames();
-        for (std::size_t i = 0; i < nodes.size(); ++i)
-            if (!isOneOf(nodes[i].name, headerElements)) checkSection(nodes, i);
+        Met met;
+        for (const OutlineNode& node : nodes)
+            if (!isHeaderElement(node.name)) checkSection(node, met);
         return std::move(m_findings);
     }
 
 private:
-    template <typename Names>
-    static bool isOneOf(const std::wstring& name, const Names& names) {
-        return std::find(std::begin(names), std::end(names), name) != std::end(names);
-    }
+    using Met = std::set<std::pair<std::wstring, std::wstring>>;  // names and IDs of one level
 
     void add(Kind kind, const Address& address, const std::wstring& message) {
         m_findings.push_back({kind, addressText(address), message});
     }
 
-    void checkSection(const std::vector<OutlineNode>& nodes, std::size_t place) {
-        const OutlineNode& section = nodes[place];
+    void checkSection(const OutlineNode& section, Met& met) {
         Address address;
         address.section = section.name;
         address.sectionID = section.id();
-        if (!isOneOf(section.name, m_sections)) {
+        if (std::find(m_sections.begin(), m_sections.end(), section.name) == m_sections.end()) {
             add(Kind::UnknownSection, address, L"there is no such section");
             return;
         }
         if (isDeviceSection(section.name) && section.id().empty()) add(Kind::MissingID, address, L"a device has no ID");
-        else checkRepeated(nodes, place, address);
-        for (std::size_t i = 0; i < section.children.size(); ++i) checkChild(section.children, i, address);
+        else checkRepeated(section, met, address);
+        Met metInside;
+        for (const OutlineNode& child : section.children) checkChild(child, metInside, address);
     }
 
     /// Of several with the same name and ID the library reaches the first only.
-    void checkRepeated(const std::vector<OutlineNode>& nodes, std::size_t place, const Address& address) {
-        const OutlineNode& node = nodes[place];
-        const auto isSame = [&](const OutlineNode& other) { return other.name == node.name && other.id() == node.id(); };
-        const auto end = nodes.begin() + static_cast<std::ptrdiff_t>(place);
-        if (std::any_of(nodes.begin(), end, isSame)) add(Kind::RepeatedID, address, L"is hidden by an earlier one");
+    void checkRepeated(const OutlineNode& node, Met& met, const Address& address) {
+        if (!met.emplace(node.name, node.id()).second) add(Kind::RepeatedID, address, L"is hidden by an earlier one");
     }
 
-    void checkChild(const std::vector<OutlineNode>& children, std::size_t place, Address address) {
-        const OutlineNode& child = children[place];
+    void checkChild(const OutlineNode& child, Met& met, Address address) {
         if (child.id().empty()) {
             address.key = child.name;
         } else {
             address.subSection = child.name;
             address.subSectionID = child.id();
         }
-        checkRepeated(children, place, address);
+        checkRepeated(child, met, address);
         checkItem(child, address);
     }
 
@@ -89,7 +81,7 @@ private:
             add(Kind::WrongType, address, L"\"" + item.text + L"\" is not of type " + setting.type);
     }
 
-    std::vector<std::wstring> m_sections;
+    const std::vector<std::wstring> m_sections = sectionNames();
     std::vector<Finding> m_findings;
 };
 

@@ -111,6 +111,10 @@ bool isOpenSection(const std::wstring& section) { return section == L"MediaServe
 
 bool isDeviceSection(const std::wstring& section) { return section == L"Projector" || section == L"Camera"; }
 
+bool isHeaderElement(const std::wstring& name) {
+    return name == L"Version" || name == L"BuildDate" || name == L"BuildNumber" || name == L"DevelopedBy";
+}
+
 std::vector<std::wstring> sectionNames() {
     std::vector<std::wstring> names;
     const auto add = [&](const std::wstring& name) {
