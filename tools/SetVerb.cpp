@@ -46,14 +46,30 @@ void checkKnown(const Assignment& assignment, const std::vector<OutlineNode>& no
         refuse(address, L"there is no such section; --force adds it");
 }
 
+/// Whether a value stands where the address wants other elements.
+bool standsInValue(const Address& address, const std::vector<OutlineNode>& nodes) {
+    Address above = address;
+    for (std::size_t end = address.key.rfind(L'|'); end != std::wstring::npos && end != 0;
+         end = address.key.rfind(L'|', end - 1)) {
+        above.key.resize(end);
+        const OutlineNode* const node = XMLConfig::findNode(nodes, above);
+        if (node != nullptr) return node->children.empty() && !node->text.empty();
+    }
+    return false;
+}
+
 void checkAssignment(const Assignment& assignment, const std::vector<OutlineNode>& nodes, bool force) {
     const Address& address = assignment.address;
     if (address.key.empty()) refuse(address, L"a section has no value; name a setting in it");
+    if (XMLConfig::isHeaderElement(address.section)) refuse(address, L"there are no settings in " + address.section);
     if (!force) checkKnown(assignment, nodes);
     const OutlineNode* const node = XMLConfig::findNode(nodes, address);
     const auto setting = XMLConfig::findSetting(address);
     const bool holdsElement = setting && setting->type == L"XML element";
     if (!holdsElement && node != nullptr && !node->children.empty()) refuse(address, L"holds other settings and no value");
+    if (standsInValue(address, nodes)) refuse(address, L"a value stands where this setting belongs");
+    if (holdsElement && assignment.value.empty() && node != nullptr && !node->children.empty())
+        refuse(address, L"an XML element cannot be made empty");
     if (holdsElement && !address.subSection.empty()) refuse(address, L"an XML element stands directly in its section");
 }
 
@@ -80,9 +96,10 @@ ExitStatus runSet(const Request& request) {
         assignments.push_back(XMLConfig::parseAssignment(XMLConfig::wideFromUtf8(operand)));
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
-    const std::vector<OutlineNode> nodes = XMLConfig::outline(*document);
-    for (const Assignment& assignment : assignments) checkAssignment(assignment, nodes, request.force);
-    for (const Assignment& assignment : assignments) store(*document, assignment);
+    for (const Assignment& assignment : assignments) {  // each as those before have left the document
+        checkAssignment(assignment, XMLConfig::outline(*document), request.force);
+        store(*document, assignment);
+    }
     if (document->isDirty()) saveDocument(*document, request.file);
     return Done;
 }

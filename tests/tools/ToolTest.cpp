@@ -342,6 +342,37 @@ TEST_F(Tool, SetByForceStoresAnything) {
               "");
 }
 
+TEST_F(Tool, SetNeverMixesValuesAndSettings) {
+    const std::string file = hallFile();
+    const auto refused = [&](const std::vector<std::string>& changes, const std::string& message) {
+        std::vector<std::string> words{"set", "--force", file};
+        words.insert(words.end(), changes.begin(), changes.end());
+        expectRun(runTool(words), 1, "", "xmlconfig: " + message + "\n");
+        EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+    };
+    refused({"System/Own=1", "System/Own/Part=2"}, "System/Own/Part: a value stands where this setting belongs");
+    refused({"System/Own/Part=2", "System/Own=1"}, "System/Own: holds other settings and no value");
+    refused({"System/RunType/a/b=1"}, "System/RunType/a/b: a value stands where this setting belongs");
+    expectRun(runTool({"set", "--force", file, "System/Own=", "System/Own/Part=2"}), 0, "", "");
+    expectRun(runTool({"get", file, "System/Own/Part"}), 0, "2\n", "");
+}
+
+TEST_F(Tool, SetLeavesTheHeaderAlone) {
+    const std::string file = hallFile();
+    for (const std::string name : {"Version", "BuildDate", "BuildNumber", "DevelopedBy"}) {
+        expectRun(runTool({"set", "--force", file, name + "/x=1"}), 1, "",
+                  "xmlconfig: " + name + "/x: there are no settings in " + name + "\n");
+    }
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+}
+
+TEST_F(Tool, SetTellsThatAnElementStays) {
+    const std::string file = hallFile();
+    EXPECT_EQ(runTool({"set", file, "Projector/DeviceSnippet=<device/>"}).status, 0);
+    expectRun(runTool({"set", file, "Projector/DeviceSnippet="}), 1, "",
+              "xmlconfig: Projector/DeviceSnippet: an XML element cannot be made empty\n");
+}
+
 TEST_F(Tool, SettingWhatIsStoredLeavesTheFileAlone) {
     const std::string file = hallFile();
     const auto before = std::filesystem::last_write_time(file);
