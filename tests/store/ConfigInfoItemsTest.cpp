@@ -115,6 +115,12 @@ TEST(SubSectionAddress, IsMadeWithItsSection) {
                   "  <U>\n    <T>\n      <A>w</A>\n    </T>\n  </U>\n"));
 }
 
+TEST(SubSectionAddress, TakesTheWhiteSpaceBehindItsSectionAway) {
+    const Document document = load("<ConfigInfo>text<S/> \n <T/> \n </ConfigInfo>");
+    set(*document, L"S", L"A", L"v", L"", L"Slot", L"1");
+    EXPECT_EQ(textOf(*document), xmlHead + "<ConfigInfo>text<S><Slot ID=\"1\"><A>v</A></Slot></S><T/> \n </ConfigInfo>\n");
+}
+
 TEST(ItemKey, NamesNestedElements) {
     const Document document = load("<ConfigInfo><S><A><B><C>deep</C></B></A></S></ConfigInfo>");
     EXPECT_EQ(get(*document, L"S", L"A|B|C"), L"deep");
@@ -187,6 +193,19 @@ TEST(RemoveItem, RemovesADirectChild) {
     EXPECT_TRUE(document->removeItem(L"S", L"A", L""));
     EXPECT_TRUE(document->removeItem(L"S", L"B", L""));
     EXPECT_EQ(textOf(*document), savedRoot("  <S/>\n"));
+}
+
+TEST(RemoveItem, FindsAndForgetsEachOfVeryManyItems) {
+    ConfigInfo document;
+    constexpr int count = 600;
+    const auto key = [](int i) { return L"K" + std::to_wstring(i); };
+    for (int i = 0; i < count; ++i) set(document, L"S", key(i) + L"|B", std::to_wstring(i));
+    for (int i = 0; i < count; ++i) EXPECT_EQ(get(document, L"S", key(i) + L"|B"), std::to_wstring(i));
+    for (int i = 0; i < count; i += 2) EXPECT_TRUE(document.removeItem(L"S", key(i), L""));
+    for (int i = 0; i < count; ++i) {
+        EXPECT_EQ(document.doesItemExist(L"S", key(i), L""), i % 2 == 1) << i;
+        EXPECT_EQ(get(document, L"S", key(i) + L"|B"), i % 2 == 1 ? std::to_wstring(i) : L"(default)");
+    }
 }
 
 TEST(RemoveItem, LeavesAnythingElseAlone) {

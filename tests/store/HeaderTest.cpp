@@ -108,4 +108,14 @@ constexpr StampRow stampRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, BuildStamps, testing::ValuesIn(stampRows),
                          [](const auto& row) { return std::string(row.param.subject); });
 
+TEST(InsertedBuildStamps, AreFoundAtOnce) {
+    const Document document = load("<ConfigInfo><S ID=\"1\"><A>1</A></S><DevelopedBy>m</DevelopedBy></ConfigInfo>");
+    EXPECT_EQ(get(*document, L"S", L"A", L"1"), L"1");
+    EXPECT_FALSE(document->doesSectionExist(L"BuildNumber", L""));
+    document->insertBuildDateAndNumber();
+    EXPECT_EQ(document->getSectionCount(L"BuildDate"), 1);
+    EXPECT_TRUE(document->doesSectionExist(L"BuildNumber", L""));
+    EXPECT_EQ(get(*document, L"S", L"A", L"1"), L"1");
+}
+
 }  // namespace storetests
