@@ -124,6 +124,9 @@ private:
 int run(const std::vector<std::string>& arguments) {
     try {
         return CommandLine().run(withoutHelpWord(arguments));
+    } catch (const CorvaneParseException& fault) {  // an operand that is no address
+        complain(std::string(fault.what()));
+        return WrongUsage;
     } catch (const std::exception& fault) {
         complain(std::string(fault.what()));
     }
