@@ -116,6 +116,7 @@ protected:
     void set(const std::wstring& key, const Point_2Dim<int>& value);
     void set(const std::wstring& key, const Point_3Dim<double>& value);
     void set(const std::wstring& key, const std::wstring& value);
+    void set(const std::wstring& key, const wchar_t* value) = delete;  // would be taken for a bool
 
     /// A described setting of this section; base/Items.h defines these for every type a descriptor can have.
     template <typename T>
