@@ -37,6 +37,8 @@ protected:
 
 log4cxx::LevelPtr levelOf(LogLevel level) {
     switch (level) {
+        case LogLevel::Error:
+            return log4cxx::Level::getError();
         case LogLevel::Trace:
             return log4cxx::Level::getTrace();
         case LogLevel::Info:

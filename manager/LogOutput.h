@@ -4,7 +4,7 @@
 
 namespace XMLConfig {
 
-enum class LogLevel { Warn, Info, Trace };
+enum class LogLevel { Error, Warn, Info, Trace };
 
 /// Sends what the library logs from that level up to standard error, a line each as "xmlconfig: WARN: text" in UTF-8
 /// whatever the locale, and nowhere else. A later call replaces the level. For programs that do not set up the

@@ -70,7 +70,6 @@ public:
         } catch (const CLI::ParseError& error) {
             return tell(error);
         }
-        XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : XMLConfig::LogLevel::Warn);
         return runVerb();
     }
 
@@ -108,6 +107,7 @@ private:
         const std::string name = m_app.get_subcommands()[0]->get_name();
         for (std::size_t i = 0; i < verbs().size(); ++i) {
             if (verbs()[i].name != name) continue;
+            XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : verbs()[i].log);
             const ExitStatus status = verbs()[i].run(m_requests[i]);
             if (flushOutput()) return status;
         }

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "manager/LogOutput.h"
+
 namespace CLI {
 class App;
 }
@@ -29,6 +31,8 @@ struct Verb {
     const char* summary;                             ///< one line
     void (*setUp)(CLI::App& app, Request& request);  ///< names the operands and options
     ExitStatus (*run)(const Request& request);       ///< what it throws is told as a refusal
+    /// From which level up the library's log is shown without --verbose.
+    XMLConfig::LogLevel log = XMLConfig::LogLevel::Warn;
 };
 
 /// How addresses are written, for the help of verbs that take them.

@@ -18,7 +18,9 @@ const std::vector<Verb>& verbs() {
         {"set", "Change the values at addresses, all or none", setUpSet, runSet},
         {"describe", "List the settings the library knows", setUpDescribe, runDescribe},
         {"check", "Look for values, settings and identifiers that are not in order", setUpCheck, runCheck},
-        {"upgrade", "Bring files of older releases to the latest version", setUpUpgrade, runUpgrade},
+        // Each conversion is logged as a warning, and is what was asked for here.
+        {"upgrade", "Bring files of older releases to the latest version", setUpUpgrade, runUpgrade,
+         XMLConfig::LogLevel::Error},
     };
     return table;
 }

@@ -166,4 +166,18 @@ TEST_F(UpgradeVerb, NamesOutsideAsciiWorkUnderTheCLocale) {
     EXPECT_EQ(folder.entries(), 2u);
 }
 
+TEST_F(UpgradeVerb, ConversionsAreNoWarnings) {
+    const std::string file = write("hall.skorra", "1.5");
+    EXPECT_EQ(runTool({"upgrade", "--dry-run", file}).errors, "");
+    EXPECT_EQ(runTool({"upgrade", "--dry-run", "--json", file}).errors, "");
+    EXPECT_THAT(runTool({"upgrade", "--dry-run", "--verbose", file}).errors,
+                HasSubstr("xmlconfig: WARN:    -> converting 1.500 file to 9.000\n"));
+}
+
+TEST_F(UpgradeVerb, RemovedCameraIsAnError) {
+    const std::string file = write("hall.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
+    EXPECT_EQ(runTool({"upgrade", file}).errors,
+              "xmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\n");
+}
+
 TEST_F(UpgradeVerb, WithoutFilesIsWrongUsage) { EXPECT_EQ(runTool({"upgrade"}).status, 2); }
