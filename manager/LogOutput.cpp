@@ -9,6 +9,7 @@
 #include <string>
 #include <type_traits>
 
+#include "platform/Terminal.h"
 #include "platform/Text.h"
 #include "store/Log.h"
 
@@ -29,8 +30,10 @@ public:
 
 protected:
     void append(const log4cxx::spi::LoggingEventPtr& event, log4cxx::helpers::Pool& /*pool*/) override {
-        const std::string line =
-            "xmlconfig: " + utf8Of(event->getLevel()->toString()) + ": " + utf8Of(event->getRenderedMessage()) + "\n";
+        // Over the unfinished line that a program may be showing its progress in.
+        const std::string line = std::string(isErrorATerminal() ? "\r\x1b[K" : "") +
+                                 "xmlconfig: " + utf8Of(event->getLevel()->toString()) + ": " +
+                                 utf8Of(event->getRenderedMessage()) + "\n";
         std::fwrite(line.data(), 1, line.size(), stderr);
     }
 };

@@ -4,7 +4,8 @@
 
 namespace XMLConfig {
 
-/// Whether someone may be watching standard error: false where it goes to a file or another program.
+/// Whether someone may be watching standard error, on a terminal that follows escape sequences: false where it goes to a
+/// file or another program.
 XMLCONFIG_API bool isErrorATerminal();
 
 }  // namespace XMLConfig

@@ -1,7 +1,13 @@
+#include <algorithm>
+#include <cstdlib>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "tests/manager/TestManager.h"
 #include "tests/support/TemporaryFolder.h"
@@ -11,6 +17,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 class UpgradeVerb : public testing::Test {
 protected:
@@ -22,6 +29,23 @@ protected:
 
     TemporaryFolder folder;
 };
+
+// What the tool writes to a terminal as its standard error.
+std::string shownOnATerminal(const std::vector<std::string>& arguments) {
+    const int screen = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (screen < 0 || ::grantpt(screen) != 0 || ::unlockpt(screen) != 0) return "no terminal";
+    const std::string name = ::ptsname(screen);  // NOLINT(concurrency-mt-unsafe)
+    const int kept = ::open(name.c_str(), O_RDWR | O_NOCTTY);
+    std::string command = shellQuoted(toolPath());
+    for (const std::string& argument : arguments) command += " " + shellQuoted(argument);
+    command += " > /dev/null 2> " + name;
+    const int status = std::system(command.c_str());  // NOLINT(concurrency-mt-unsafe,cert-env33-c)
+    std::string shown(4096, '\0');
+    const ssize_t size = status == 0 ? ::read(screen, shown.data(), shown.size()) : 0;
+    ::close(kept);
+    ::close(screen);
+    return shown.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+}
 
 const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";
 
@@ -178,6 +202,15 @@ TEST_F(UpgradeVerb, RemovedCameraIsAnError) {
     const std::string file = write("hall.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
     EXPECT_EQ(runTool({"upgrade", file}).errors,
               "xmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\n");
+}
+
+TEST_F(UpgradeVerb, LogLinesTakeThePlaceOfTheProgress) {
+    const std::string one = write("1.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
+    const std::string two = write("2.skorrax", "8.0");
+    EXPECT_THAT(shownOnATerminal({"upgrade", one, two}),
+                StartsWith("\r1/2 " + one + "\x1b[K" +
+                           "\r\x1b[Kxmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\r\n" +
+                           "\r\x1b[K" + "\r2/2 " + two + "\x1b[K\r\x1b[K"));
 }
 
 TEST_F(UpgradeVerb, WithoutFilesIsWrongUsage) { EXPECT_EQ(runTool({"upgrade"}).status, 2); }
