@@ -1,11 +1,10 @@
 #include "manager/upgrade/CommonProjectorValues.h"
 
-#include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <memory>
 #include <vector>
 
+#include "manager/upgrade/MostFrequent.h"
 #include "manager/upgrade/StepTools.h"
 #include "sections/GeometryConfig.h"
 #include "sections/ProjectorConfig.h"
@@ -15,31 +14,6 @@ namespace XMLConfig::detail {
 namespace {
 
 using Projectors = std::vector<std::unique_ptr<ProjectorConfig>>;
-
-bool isSame(int left, int right) { return left == right; }
-bool isSame(double left, double right) { return std::fabs(left - right) < 1e-10; }
-bool isSame(const Point_2Dim<int>& left, const Point_2Dim<int>& right) { return left == right; }
-
-// The value of the largest group; a value belongs to the first group whose founder it equals.
-template <typename Value>
-Value mostFrequent(const std::vector<Value>& values) {
-    struct Group {
-        Value founder;
-        std::size_t votes;
-    };
-    std::vector<Group> groups;
-    for (const Value& value : values) {
-        const auto group =
-            std::find_if(groups.begin(), groups.end(), [&](const Group& known) { return isSame(known.founder, value); });
-        if (group == groups.end()) {
-            groups.push_back({value, 1});
-        } else {
-            ++group->votes;
-        }
-    }
-    const auto fewerVotes = [](const Group& left, const Group& right) { return left.votes < right.votes; };
-    return std::max_element(groups.begin(), groups.end(), fewerVotes)->founder;
-}
 
 // Found for all settings before any projector loses its own value: a projector without one reads the geometry section.
 template <typename Value>
