@@ -18,8 +18,8 @@ struct UpgradeChange {
     std::wstring section;     ///< tag of the section
     std::wstring sectionID;   ///< its "ID" before the change; "" without one
     std::wstring key;         ///< of the item; "" where the section as a whole was added, renamed or removed
-    std::wstring oldValue;    ///< the text, XML element or ID before; "" for what is added
-    std::wstring newValue;    ///< the text, XML element or ID after; "" for what is removed
+    std::wstring oldValue;    ///< the text, XML elements or ID before; "" for what is added
+    std::wstring newValue;    ///< the text, XML elements or ID after; "" for what is removed
     std::wstring newSection;  ///< of a moved item: where it is now
     std::wstring newKey;      ///< of a moved item
 };

@@ -49,11 +49,13 @@ void tellAdded(const Document& document, const Address& address, bool isSectionN
     if (!address.subSectionName.empty()) told(observedSubSection(address));
 }
 
-// What an observer is told of an item's content: its text, or its first element as XML text.
+// What an observer is told of an item's content: its text, or its elements as XML text.
 std::wstring observed(const Document& document, const xercesc::DOMElement& item) {
     if (document.observer == nullptr) return {};
-    const xercesc::DOMElement* const element = item.getFirstElementChild();
-    return element == nullptr ? wideTextOf(item) : XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*element));
+    std::string elements;
+    for (auto* element = item.getFirstElementChild(); element != nullptr; element = element->getNextElementSibling())
+        elements += XMLConfig::detail::writeElement(*element);
+    return elements.empty() ? wideTextOf(item) : XMLConfig::detail::fromUtf8(elements);
 }
 
 }  // namespace

@@ -139,6 +139,15 @@ TEST(UpgradeReceipt, TellsAddedSections) {
     EXPECT_EQ(theChange(receipt.steps[0], UpgradeChange::Kind::Added, L"Geometry", L"").newValue, L"");
 }
 
+TEST(UpgradeReceipt, EveryElementOfARemovedItemIsTold) {
+    const UpgradeReceipt receipt = receiptOf(
+        "<Camera ID=\"1\"><CameraType>0</CameraType><Connection><MAC_Address>m</MAC_Address><IP_Address>i</IP_Address>"
+        "</Connection></Camera>",
+        "8.0");
+    EXPECT_EQ(theChange(receipt.steps[0], UpgradeChange::Kind::Removed, L"Camera", L"Connection").oldValue,
+              L"<MAC_Address>m</MAC_Address><IP_Address>i</IP_Address>");
+}
+
 TEST(UpgradeReceipt, SnippetsAreTold) {
     const UpgradeReceipt receipt = receiptOf("<Projector ID=\"1\"/>", "2.0");
     const auto change = theChange(receipt.steps[0], UpgradeChange::Kind::Added, L"Projector", L"DeviceSnippet");
