@@ -19,7 +19,7 @@ struct Choice {
     Kind kind;
     bool deep;
     [[nodiscard]] bool takes(const Address& address) const {
-        return everyKind || (address.item->kind == kind && address.isDeep() == deep);
+        return everyKind || (address.item.kind == kind && address.isDeep() == deep);
     }
 };
 
@@ -37,15 +37,15 @@ constexpr Choice choices[] = {
 
 std::vector<Address> chosen(const Choice& choice, int projectors) {
     std::vector<Address> addresses;
-    for (Address& address : addressesOf(projectors))
-        if (choice.takes(address)) addresses.push_back(std::move(address));
+    for (const Address& address : addressesOf(projectors))
+        if (choice.takes(address)) addresses.push_back(address);
     return addresses;
 }
 
 void getOne(const ConfigInfo& document, const Address& at) {
     static const std::wstring none;
     static const Point_3Dim<double> origin;
-    switch (at.item->kind) {
+    switch (at.item.kind) {
         case Kind::Text:
             benchmark::DoNotOptimize(document.getStringItem(at.section, at.key, none, at.id, none, none));
             return;

@@ -25,8 +25,7 @@ std::unique_ptr<Loaded>& all() {
 }
 
 void refuse(const Address& address, const char* side) {
-    throw std::runtime_error(std::string(side) + " reads another value of " + address.item->section + " " +
-                             address.item->key);
+    throw std::runtime_error(std::string(side) + " reads another value of " + address.item.section + " " + address.item.key);
 }
 
 ConfigInfo& libraryDocument(Documents& documents, int projectors) {
@@ -34,7 +33,7 @@ ConfigInfo& libraryDocument(Documents& documents, int projectors) {
     if (document) return *document;
     document = std::make_unique<ConfigInfo>(widened(sampleFile(projectors)));
     for (const Address& at : addressesOf(projectors))
-        if (document->getStringItem(at.section, at.key, L"", at.id, L"", L"") != widened(at.item->text))
+        if (document->getStringItem(at.section, at.key, L"", at.id, L"", L"") != widened(at.item.text))
             refuse(at, "XMLConfig");
     return *document;
 }
@@ -47,7 +46,7 @@ xercesc::DOMDocument& rawDocument(Documents& documents, int projectors) {
     for (const Address& at : addressesOf(projectors)) {
         if (at.id != L"1") continue;
         const xercesc::DOMElement* item = raw::find(*document, raw::Place(at));
-        if (item == nullptr || raw::textOf(widened(at.item->text)) != item->getTextContent()) refuse(at, "Xerces-C");
+        if (item == nullptr || raw::textOf(widened(at.item.text)) != item->getTextContent()) refuse(at, "Xerces-C");
     }
     return *document;
 }

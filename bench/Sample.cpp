@@ -1,11 +1,11 @@
 #include "Sample.h"
 
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <stdexcept>
+#include <unordered_set>
 
 namespace bench {
 namespace {
@@ -177,11 +177,16 @@ std::string& folder() {
     return made;
 }
 
+const std::wstring& kept(const std::wstring& text) {
+    static std::unordered_set<std::wstring> texts;
+    return *texts.insert(text).first;
+}
+
 template <typename Items>
 void appendAddresses(std::vector<Address>& out, const Items& items, int count) {
     for (int id = 1; id <= count; ++id)
         for (const SampleItem& item : items)
-            out.push_back({widened(item.section), std::to_wstring(id), widened(item.key), &item});
+            out.push_back({kept(widened(item.section)), kept(std::to_wstring(id)), kept(widened(item.key)), item});
 }
 
 }  // namespace

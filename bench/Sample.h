@@ -16,12 +16,13 @@ struct SampleItem {
     const char* other;  ///< what is stored in its place when storing is measured
 };
 
-/// One item of a document.
+/// One item of a document. The texts are kept once for all addresses, as a program's own are: names and keys are its
+/// constants, an identifier belongs to its accessor.
 struct Address {
-    std::wstring section;
-    std::wstring id;
-    std::wstring key;
-    const SampleItem* item;
+    const std::wstring& section;
+    const std::wstring& id;
+    const std::wstring& key;
+    const SampleItem& item;
     [[nodiscard]] bool isDeep() const;
 };
 

@@ -16,17 +16,16 @@ namespace {
 
 /// Both values of an item, ready to be stored.
 struct Values {
-    explicit Values(Address from) : at(std::move(from)) {
-        const std::array<const char*, 2> forms = {at.item->text, at.item->other};
+    explicit Values(const SampleItem& item) {
+        const std::array<const char*, 2> forms = {item.text, item.other};
         for (std::size_t i = 0; i < forms.size(); ++i) {
             text[i] = widened(forms[i]);
             rawText[i] = raw::textOf(text[i]);
-            if (at.item->kind == Kind::Integer) integer[i] = std::stoi(forms[i]);
-            if (at.item->kind == Kind::Real) real[i] = std::stod(forms[i]);
-            if (at.item->kind == Kind::Point) std::sscanf(forms[i], "%lf, %lf, %lf", &point[i].x, &point[i].y, &point[i].z);
+            if (item.kind == Kind::Integer) integer[i] = std::stoi(forms[i]);
+            if (item.kind == Kind::Real) real[i] = std::stod(forms[i]);
+            if (item.kind == Kind::Point) std::sscanf(forms[i], "%lf, %lf, %lf", &point[i].x, &point[i].y, &point[i].z);
         }
     }
-    Address at;
     std::array<std::wstring, 2> text;
     std::array<raw::Text, 2> rawText;
     std::array<int, 2> integer{};
@@ -34,16 +33,20 @@ struct Values {
     std::array<Point_3Dim<double>, 2> point;
 };
 
+const Values& valuesOf(const SampleItem& item) {
+    static std::map<const SampleItem*, Values> values;
+    return values.try_emplace(&item, item).first->second;
+}
+
 /// Which of the values a document holds, so that every round stores the other.
 int& held(const void* document) {
     static std::map<const void*, int> values;
     return values[document];
 }
 
-void setOne(ConfigInfo& document, const Values& values, std::size_t which) {
+void setOne(ConfigInfo& document, const Address& at, const Values& values, std::size_t which) {
     static const std::wstring none;
-    const Address& at = values.at;
-    switch (at.item->kind) {
+    switch (at.item.kind) {
         case Kind::Text:
             document.setStringItem(at.section, at.key, values.text[which], at.id, none, none);
             return;
@@ -61,12 +64,12 @@ void setOne(ConfigInfo& document, const Values& values, std::size_t which) {
 
 void setLibrary(benchmark::State& state, int projectors) {
     ConfigInfo& document = documentForStoring(projectors);
-    std::vector<Values> items;
-    for (Address& address : addressesOf(projectors)) items.emplace_back(std::move(address));
+    std::vector<std::pair<Address, const Values&>> items;
+    for (const Address& address : addressesOf(projectors)) items.emplace_back(address, valuesOf(address.item));
     int& which = held(&document);
     for ([[maybe_unused]] auto step : state) {
         which = 1 - which;
-        for (const Values& item : items) setOne(document, item, static_cast<std::size_t>(which));
+        for (const auto& [at, values] : items) setOne(document, at, values, static_cast<std::size_t>(which));
     }
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(items.size()));
 }
@@ -74,9 +77,10 @@ void setLibrary(benchmark::State& state, int projectors) {
 void setRaw(benchmark::State& state, int projectors) {
     const xercesc::DOMDocument& document = rawDocumentForStoring(projectors);
     const std::vector<Address> addresses = addressesOf(projectors);
-    std::vector<std::pair<raw::Place, Values>> items;
+    std::vector<std::pair<raw::Place, const Values&>> items;
     const std::size_t stride = std::max<std::size_t>(1, addresses.size() / 300);
-    for (std::size_t i = 0; i < addresses.size(); i += stride) items.emplace_back(addresses[i], addresses[i]);
+    for (std::size_t i = 0; i < addresses.size(); i += stride)
+        items.emplace_back(raw::Place(addresses[i]), valuesOf(addresses[i].item));
     int& which = held(&document);
     for ([[maybe_unused]] auto step : state) {
         which = 1 - which;
