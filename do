@@ -95,7 +95,8 @@ doCheck() {
         sh tests/windows/run.sh
     fi
     say 'using the static library as a consumer'
-    sh tests/consumer/run.sh build/consumer-static static
+    XMLCONFIG_BUILD_TYPE=Debug XMLCONFIG_FLAGS_DEBUG=-O0 XMLCONFIG_LAUNCHER=ccache \
+        sh tests/consumer/run.sh build/consumer-static static
     say 'all checks passed'
 }
 
