@@ -56,7 +56,9 @@ void tell(const UpgradeOutcome& outcome, const Request& request) {
 
 void setUpUpgrade(CLI::App& app, Request& request) {
     app.add_option("FILE", request.operands, "The files to bring to the latest version")->required();
-    app.add_option("-o,--output", request.target, "Where the result goes, a file that does not exist yet");
+    // An empty name, as an unset variable gives, must not fall back to converting in place.
+    const auto isNamed = [](const std::string& name) { return std::string(name.empty() ? "the file name is empty" : ""); };
+    app.add_option("-o,--output", request.target, "Where the result goes, a file that does not exist yet")->check(isNamed);
     app.add_flag("--explain", request.explain, "Tell what each step did");
     app.add_flag("--json", request.json, "Tell everything as JSON");
     app.add_flag("--dry-run", request.dryRun, "Write nothing");

@@ -103,6 +103,15 @@ TEST_F(UpgradeVerb, OutputGoesWithOneFileOnly) {
     EXPECT_EQ(folder.entries(), 2u);
 }
 
+TEST_F(UpgradeVerb, EmptyOutputIsWrongUsage) {
+    const std::string file = write("1.skorra", "3.0");
+    const ToolRun run = runTool({"upgrade", file, "-o", ""});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.errors, HasSubstr("the file name is empty"));
+    EXPECT_EQ(folder.read(L"1.skorra"), fileText("", "3.0"));
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
 TEST_F(UpgradeVerb, GoesOnAfterAFileThatFails) {
     const std::string newer = write("newer.skorrax", "9.001");
     const std::string current = write("current.skorrax", "9.000");
