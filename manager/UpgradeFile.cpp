@@ -33,13 +33,21 @@ void copy(const std::wstring& from, const std::wstring& to) {
     }
 }
 
-// The backup stands before the file is touched, and goes again where the file then stays as it was.
+bool isSameContent(const std::wstring& left, const std::wstring& right) {
+    try {
+        return detail::readWholeFile(left) == detail::readWholeFile(right);
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
+// The backup stands before the file is touched, and goes again only where the file has surely stayed as it was.
 void replaceKeepingBackup(ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
     copy(path, backup);
     try {
         document.save(path);
     } catch (...) {
-        detail::removeFile(backup);
+        if (isSameContent(path, backup)) detail::removeFile(backup);
         throw;
     }
 }
