@@ -212,6 +212,8 @@ std::string sampleFile(int projectors) {
     return path;
 }
 
+std::string sampleFolder() { return folder(); }
+
 std::string scratchFile() { return folder() + "/saved.skorrax"; }
 
 void removeSamples() { std::filesystem::remove_all(folder()); }

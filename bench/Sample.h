@@ -32,6 +32,8 @@ std::vector<int> sizes();
 std::vector<Address> addressesOf(int projectors);
 /// The file of such a document; written when it is first asked for, to memory where the machine has a folder for that.
 std::string sampleFile(int projectors);
+/// The folder of these files.
+std::string sampleFolder();
 /// A file in the same folder to save to.
 std::string scratchFile();
 /// Removes the folder.

@@ -7,4 +7,9 @@ void registerDocuments();  ///< load, save, open and close
 void registerGetting();
 void registerSetting();
 
+// Beside other work of the library, which is the side "store" or "current".
+void registerAccessors();  ///< every setting of projectors; time of one projector
+void releaseAccessors();   ///< to be called before the process ends
+void registerUpgrade();    ///< every conversion step; time of one device
+
 }  // namespace bench

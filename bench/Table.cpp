@@ -50,10 +50,11 @@ class Printer {
 public:
     explicit Printer(const Medians& medians) : m_medians(medians) {}
 
-    void row(const std::string& operation, int projectors, const Floor& floor, std::string (*show)(double)) {
+    void row(const std::string& operation, int projectors, const Floor& floor, std::string (*show)(double),
+             const char* beside = "raw") {
         const std::string size = std::to_string(projectors);
         const auto library = find(operation + "/library/" + size);
-        const auto raw = find(operation + "/raw/" + size);
+        const auto raw = find(operation + "/" + beside + "/" + size);
         if (!library || !raw) return;
         const double ratio = *library / *raw;
         const double judged = floor.of == Floor::Of::Ratio ? ratio : *library;
@@ -137,6 +138,19 @@ bool Table::print() const {
     printer.row("set", 4, {Floor::Of::Value, 1000.0}, shownTime);
     for (const int projectors : {100, 1000, 10000}) printer.row("set", projectors, {}, shownTime);
     printer.growth("set", 100, 10000, 1.2);
+
+    printLine("one projector", "projectors", "accessors", "store", "ratio", "floor", "");
+    printer.row("accessors", 100, {}, shownTime, "store");
+    printer.row("accessors", 1000, {Floor::Of::Ratio, 2.0}, shownTime, "store");
+    printer.row("accessors", 10000, {}, shownTime, "store");
+    printer.growth("accessors", 100, 10000, 1.2);
+    printLine("one device", "projectors", "from 1.5", "from 9.0", "ratio", "floor", "");
+    printer.row("upgrade", 100, {}, shownTime, "current");
+    printer.row("upgrade", 1000, {Floor::Of::Ratio, 3.0}, shownTime, "current");
+    printer.row("upgrade", 10000, {}, shownTime, "current");
+    printer.growth("upgrade", 100, 1000, 1.2);
+    printer.growth("upgrade", 1000, 10000, 1.2);
+    printer.growth("upgrade", 100, 10000, 1.2);
     printer.end();
     return !m_failed;
 }

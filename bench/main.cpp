@@ -46,9 +46,12 @@ int measure() {
     bench::registerDocuments();
     bench::registerGetting();
     bench::registerSetting();
+    bench::registerAccessors();
+    bench::registerUpgrade();
     std::cerr << "measuring takes a few minutes\n";
     benchmark::RunSpecifiedBenchmarks(&table);
     bench::releaseLoadedDocuments();
+    bench::releaseAccessors();
     return table.print() ? 0 : 1;
 }
 
