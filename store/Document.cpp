@@ -46,6 +46,8 @@ bool Document::parseDataFile(const std::wstring& path) {
     } catch (...) {
         throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + path);
     }
+    m_spareItems.clear();
+    m_spareTexts.clear();
     m_index.reset(m_document->getDocumentElement());
     return true;
 }
@@ -54,6 +56,8 @@ void Document::initializeDOM() {
     if (m_implementation == nullptr) {
         throw CorvaneException(L"Error initializeDataFile: Requested implementation is not supported");
     }
+    m_spareItems.clear();
+    m_spareTexts.clear();
     try {
         m_document.reset(m_implementation->createDocument(nullptr, xmlText(u"ConfigInfo"), nullptr));
         appendElement(root(), L"Version", formatFixed(latestFileVersion, 3));

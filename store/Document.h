@@ -75,11 +75,19 @@ public:
 
 private:
     xercesc::DOMElement* makeElement(const xercesc::DOMNode& parent, const std::wstring& name);
+    xercesc::DOMText* makeText(const std::wstring& text);
+    /// Ends a node that has no parent any more.
+    void release(xercesc::DOMNode* node);
+    void removeAndRelease(xercesc::DOMNode* node);
+    void removeChildren(xercesc::DOMElement* element);
+    void removeLayoutBehind(xercesc::DOMElement* element);
     void forgetItemsOf(const Container& container);
 
     xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
     DocumentPointer m_document;
     mutable SectionIndex m_index;
+    std::vector<xercesc::DOMElement*> m_spareItems;  // removed; taken apart only when a text is asked for
+    std::vector<xercesc::DOMText*> m_spareTexts;     // the XML library walks all it has kept whenever it makes a text
 };
 
 /// The text of an element with that of everything inside it. The view is into the tree where the element holds one piece

@@ -10,19 +10,42 @@ namespace {
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
-void removeAndRelease(DOMNode* node) { node->getParentNode()->removeChild(node)->release(); }
-
-void removeChildren(DOMElement* element) {
-    while (DOMNode* const child = element->getFirstChild()) removeAndRelease(child);
-}
-
-void removeLayoutBehind(DOMElement* element) {
-    DOMNode* const next = element->getNextSibling();
-    if (next == nullptr || next->getNodeType() != DOMNode::TEXT_NODE) return;
-    if (view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos) removeAndRelease(next);
-}
+bool isText(const DOMNode* node) { return node != nullptr && node->getNodeType() == DOMNode::TEXT_NODE; }
+bool isOneText(const DOMNode* first) { return isText(first) && first->getNextSibling() == nullptr; }
 
 }  // namespace
+
+xercesc::DOMText* Document::makeText(const std::wstring& text) {
+    const std::u16string value = toUtf16(text);
+    if (m_spareTexts.empty() && !m_spareItems.empty()) {
+        DOMElement* const item = m_spareItems.back();
+        m_spareItems.pop_back();
+        release(item);
+    }
+    if (m_spareTexts.empty()) return m_document->createTextNode(xmlText(value));
+    xercesc::DOMText* const spare = m_spareTexts.back();
+    spare->setNodeValue(xmlText(value));
+    m_spareTexts.pop_back();
+    return spare;
+}
+
+void Document::release(DOMNode* node) {
+    if (isText(node)) return m_spareTexts.push_back(static_cast<xercesc::DOMText*>(node));
+    while (DOMNode* const child = node->getFirstChild()) release(node->removeChild(child));
+    node->release();
+}
+
+void Document::removeAndRelease(DOMNode* node) { release(node->getParentNode()->removeChild(node)); }
+
+void Document::removeChildren(DOMElement* element) {
+    while (DOMNode* const child = element->getFirstChild()) release(element->removeChild(child));
+}
+
+void Document::removeLayoutBehind(DOMElement* element) {
+    DOMNode* const next = element->getNextSibling();
+    if (!isText(next)) return;
+    if (view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos) removeAndRelease(next);
+}
 
 DOMElement* Document::makeElement(const DOMNode& parent, const std::wstring& name) {
     const std::u16string tag = toUtf16(name);
@@ -37,7 +60,7 @@ DOMElement* Document::makeElement(const DOMNode& parent, const std::wstring& nam
 
 DOMElement* Document::appendElement(DOMNode* parent, const std::wstring& name, const std::wstring& text) {
     DOMElement* const element = makeElement(*parent, name);
-    if (!text.empty()) element->appendChild(m_document->createTextNode(xmlText(toUtf16(text))));
+    if (!text.empty()) element->appendChild(makeText(text));
     parent->appendChild(element);
     return element;
 }
@@ -80,30 +103,28 @@ void Document::setSectionText(DOMElement* section, const std::wstring& value) {
 
 void Document::setText(DOMElement* item, const std::wstring& value, const Container& container) {
     DOMNode* const first = item->getFirstChild();
-    const std::u16string text = toUtf16(value);
-    const bool isOneText =
-        first != nullptr && first->getNodeType() == DOMNode::TEXT_NODE && first->getNextSibling() == nullptr;
-    if (isOneText && !text.empty()) return first->setNodeValue(xmlText(text));
-    if (first != nullptr && !isOneText) forgetItemsOf(container);
+    if (isOneText(first) && !value.empty()) return first->setNodeValue(xmlText(toUtf16(value)));
+    if (first != nullptr && !isOneText(first)) forgetItemsOf(container);
     removeChildren(item);
-    if (!text.empty()) item->appendChild(m_document->createTextNode(xmlText(text)));
+    if (!value.empty()) item->appendChild(makeText(value));
 }
 
 bool Document::setElement(DOMElement* item, const DOMElement& content, const Container& container) {
     DOMNode* const before = item->cloneNode(true);
     DOMNode* const imported = m_document->importNode(&content, true);
-    forgetItemsOf(container);
+    if (item->getFirstElementChild() != nullptr) forgetItemsOf(container);
     removeChildren(item);
     item->appendChild(imported);
     const bool isDifferent = !compareCollapsedNodes(*before, *item);
-    before->release();
+    release(before);
     return isDifferent;
 }
 
 void Document::removeItem(Section& section, DOMElement* item) {
     DOMNode* const removed = section.element->removeChild(item);
-    section.forgetItems();
-    removed->release();
+    SectionIndex::itemRemoved(section, item);
+    if (isOneText(item->getFirstChild())) return m_spareItems.push_back(item);
+    release(removed);
 }
 
 void Document::removeSection(Section& section) {
@@ -122,6 +143,9 @@ void Document::removeSubSection(DOMElement* subSection) {
 void Document::renameSection(Section& section, const std::wstring& newID) {
     DOMElement* const element = section.element;
     m_index.renamed(element, newID);
+    DOMNode* const text = element->getAttributeNode(xmlText(u"ID"))->getFirstChild();
+    // Setting the attribute would leave one more text with the XML library.
+    if (isOneText(text) && !newID.empty()) return text->setNodeValue(xmlText(toUtf16(newID)));
     element->setAttribute(xmlText(u"ID"), xmlText(toUtf16(newID)));
 }
 

@@ -39,13 +39,14 @@ std::size_t numberOf(SectionTag& tag, const std::wstring& key) {
 
 void remember(Section& section, std::size_t number, xercesc::DOMElement* item) {
     if (number >= commonKeys) {
-        section.rareItems.emplace(number, item);
+        if (!section.rareItems.emplace(number, item).second) section.hasNamesakes = true;
         return;
     }
     if (number >= section.items.size()) {
         section.items.resize(std::max(number + 1, std::min(section.tag->keyNumbers.size(), commonKeys)));
     }
     if (section.items[number] == nullptr) section.items[number] = item;
+    else section.hasNamesakes = true;
 }
 
 void rememberChild(Section& section, xercesc::DOMElement* child) {
@@ -131,6 +132,15 @@ xercesc::DOMElement* SectionIndex::item(Section& section, const std::wstring& ke
 
 void SectionIndex::itemAppended(Section& section, xercesc::DOMElement* child) {
     if (section.isScanned) rememberChild(section, child);
+}
+
+void SectionIndex::itemRemoved(Section& section, const xercesc::DOMElement* child) {
+    if (!section.isScanned) return;
+    const auto number = section.tag->nameNumbers.find(child->getNodeName());
+    const bool isAlone = !section.hasNamesakes && child->getFirstElementChild() == nullptr;
+    if (!isAlone || number == section.tag->nameNumbers.end()) return section.forgetItems();
+    if (number->second >= commonKeys) section.rareItems.erase(number->second);
+    else if (number->second < section.items.size()) section.items[number->second] = nullptr;
 }
 
 void SectionIndex::appended(xercesc::DOMElement* element) {

@@ -22,13 +22,15 @@ struct Section {
     std::wstring id;                          ///< "" without an "ID" attribute
     std::vector<xercesc::DOMElement*> items;  ///< known items by the number of their key; null where not known
     std::unordered_map<std::size_t, xercesc::DOMElement*> rareItems;  ///< those of high numbers, which few sections have
-    bool isScanned = false;  ///< whether every child element is among the known items
+    bool isScanned = false;     ///< whether every child element is among the known items
+    bool hasNamesakes = false;  ///< whether children of one name were met, of which the first is known
 
     /// To be called after an item that may be known has gone.
     void forgetItems() {
         items.clear();
         rareItems.clear();
         isScanned = false;
+        hasNamesakes = false;
     }
 };
 
@@ -53,6 +55,8 @@ public:
     static xercesc::DOMElement* item(Section& section, const std::wstring& key);
     /// A child was appended to the section.
     static void itemAppended(Section& section, xercesc::DOMElement* child);
+    /// A child was removed from the section and still has its content.
+    static void itemRemoved(Section& section, const xercesc::DOMElement* child);
 
     void appended(xercesc::DOMElement* element);
     void removing(xercesc::DOMElement* element);
