@@ -19,9 +19,9 @@ namespace {
 constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
 
 // A fragment that is about to be stored. Parsed before anything is changed.
-XMLConfig::detail::ParsedDocument parseElement(const Address& address, const std::wstring& value) {
+XMLConfig::detail::ParsedDocument parseElement(Document& document, const Address& address, const std::wstring& value) {
     try {
-        return XMLConfig::detail::parseFragment(XMLConfig::detail::toUtf8(value));
+        return document.parseElement(XMLConfig::detail::toUtf8(value));
     } catch (const XMLConfig::detail::ParseFailure& failure) {
         throw CorvaneException(setItemPrefix + std::wstring(L" XML message is: ") + failure.message() + L" (" +
                                XMLConfig::detail::describe(address) + L")");
@@ -138,7 +138,7 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item, value))) return;
 
         const auto content =
-            isElement && !value.empty() ? parseElement(address, value) : XMLConfig::detail::ParsedDocument();
+            isElement && !value.empty() ? parseElement(*m_document, address, value) : XMLConfig::detail::ParsedDocument();
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
 
         const std::wstring before = isNew ? std::wstring() : observed(*m_document, *item);

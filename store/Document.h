@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "store/ChangeObserver.h"
+#include "store/DocumentParser.h"
 #include "store/SectionIndex.h"
 #include "store/XmlLibrary.h"
 
@@ -56,6 +57,8 @@ public:
 
     // Changing. Callers set the dirty flag and tell the observer.
     Container makeContainer(const Address& address);
+    /// Parses an element that is to be stored. Throws ParseFailure for anything else.
+    ParsedDocument parseElement(const std::string& text);
     /// Walks the key below the container, making what is missing.
     xercesc::DOMElement* makeItem(const Container& container, const std::wstring& key);
     void setSectionText(xercesc::DOMElement* section, const std::wstring& value);
@@ -86,6 +89,7 @@ private:
     xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
     DocumentPointer m_document;
     mutable SectionIndex m_index;
+    std::unique_ptr<FragmentParser> m_fragmentParser;
     std::vector<xercesc::DOMElement*> m_spareItems;  // removed; taken apart only when a text is asked for
     std::vector<xercesc::DOMText*> m_spareTexts;     // the XML library walks all it has kept whenever it makes a text
 };

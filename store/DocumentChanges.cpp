@@ -97,6 +97,16 @@ DOMElement* Document::makeItem(const Container& container, const std::wstring& k
     }
 }
 
+ParsedDocument Document::parseElement(const std::string& text) {
+    if (m_fragmentParser == nullptr) m_fragmentParser = std::make_unique<FragmentParser>();
+    try {
+        return m_fragmentParser->parse(text);
+    } catch (...) {
+        m_fragmentParser.reset();
+        throw;
+    }
+}
+
 void Document::setSectionText(DOMElement* section, const std::wstring& value) {
     setText(section, value, {section, &m_index.sectionOf(section)});
 }
@@ -110,8 +120,12 @@ void Document::setText(DOMElement* item, const std::wstring& value, const Contai
 }
 
 bool Document::setElement(DOMElement* item, const DOMElement& content, const Container& container) {
-    DOMNode* const before = item->cloneNode(true);
     DOMNode* const imported = m_document->importNode(&content, true);
+    if (item->getFirstChild() == nullptr) {
+        item->appendChild(imported);
+        return true;
+    }
+    DOMNode* const before = item->cloneNode(true);
     if (item->getFirstElementChild() != nullptr) forgetItemsOf(container);
     removeChildren(item);
     item->appendChild(imported);

@@ -53,6 +53,7 @@ public:
 
     ParsedDocument parseStrictly(const xercesc::InputSource& source) {
         const xercesc::Wrapper4InputSource input(const_cast<xercesc::InputSource*>(&source), false);
+        m_depth = m_deepest = 0;
         ParsedDocument parsed{DocumentPointer(parse(&input)), m_deepest};
         if (!parsed.document || parsed.document->getDocumentElement() == nullptr) {
             throw ParseFailure(1, 1, L"There is no document element");
@@ -111,13 +112,21 @@ ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, c
 
 ParsedDocument parseFile(const std::wstring& path) { return StrictParser().parseStrictly(FileSource(path)); }
 
-ParsedDocument parseFragment(const std::string& text) {
+struct FragmentParser::Parser : StrictParser {};
+
+FragmentParser::FragmentParser() : m_parser(std::make_unique<Parser>()) {}
+
+FragmentParser::~FragmentParser() = default;
+
+ParsedDocument FragmentParser::parse(const std::string& text) {
     xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(text.data()), text.size(), xmlText(u"tmpSrc"));
     source.setEncoding(xmlText(u"UTF-8"));  // whatever a declaration within the text names
-    ParsedDocument parsed = StrictParser().parseStrictly(source);
+    ParsedDocument parsed = m_parser->parseStrictly(source);
     // XML 1.1 allows characters and names that the document, being XML 1.0, could not be read with again.
     if (view(parsed.document->getXmlVersion()) == u"1.1") throw ParseFailure(1, 1, L"XML 1.1 is not allowed here");
     return parsed;
 }
+
+ParsedDocument parseFragment(const std::string& text) { return FragmentParser().parse(text); }
 
 }  // namespace XMLConfig::detail

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -30,6 +31,22 @@ struct ParsedDocument {
 /// Parses a file as it is read. Throws ParseFailure for text that is not well-formed, holds a document type or is nested
 /// too deeply, and FileError when reading fails.
 ParsedDocument parseFile(const std::wstring& path);
+/// Parses elements given as UTF-8, one after the other: making a parser costs more than most elements.
+class FragmentParser {
+public:
+    FragmentParser();
+    ~FragmentParser();
+    FragmentParser(const FragmentParser&) = delete;
+    FragmentParser& operator=(const FragmentParser&) = delete;
+
+    /// Throws ParseFailure likewise; the parser should be thrown away then.
+    ParsedDocument parse(const std::string& text);
+
+private:
+    struct Parser;
+    std::unique_ptr<Parser> m_parser;
+};
+
 /// Parses one element given as UTF-8. Throws ParseFailure likewise.
 ParsedDocument parseFragment(const std::string& text);
 
