@@ -65,8 +65,10 @@ std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const st
                                        const std::wstring& subSectionName, const std::wstring& subSectionID) const {
     return reporting(L"Error getItem: ", [&] {
         const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
-        const auto* const item = m_document->getItem(m_document->container(address), address);
-        return item == nullptr ? defaultValue : wideTextOf(*item);
+        const auto item = m_document->getItem(m_document->container(address), address);
+        if (item.element == nullptr) return defaultValue;
+        std::u16string buffer;
+        return XMLConfig::detail::fromUtf16(XMLConfig::detail::textOf(item, buffer));
     });
 }
 
@@ -79,7 +81,7 @@ void ConfigInfo::setStringItem(const std::wstring& sectionName, const std::wstri
 std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionName, const std::wstring& key,
                                                    const std::wstring& defaultValue, const std::wstring& sectionID) const {
     return reporting(L"Error getItem: ", [&]() -> std::wstring {
-        const auto* const item = m_document->getItem(sectionName, key, sectionID);
+        const auto* const item = m_document->getItem(sectionName, key, sectionID).element;
         if (item == nullptr || item->getFirstChild() == nullptr) return defaultValue;
         const auto* const first = item->getFirstChild();
         if (first->getNodeType() == xercesc::DOMNode::TEXT_NODE && first->getNextSibling() == nullptr)
@@ -107,14 +109,15 @@ bool ConfigInfo::doesSubSectionExist(const std::wstring& sectionName, const std:
 
 bool ConfigInfo::doesItemExist(const std::wstring& sectionName, const std::wstring& key,
                                const std::wstring& sectionID) const {
-    return reporting(L"Error getItem: ", [&] { return m_document->getItem(sectionName, key, sectionID) != nullptr; });
+    return reporting(L"Error getItem: ",
+                     [&] { return m_document->getItem(sectionName, key, sectionID).element != nullptr; });
 }
 
 bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& sectionID) {
     return reporting(L"Error removeItem(): ", [&] {
         const Address address{sectionName, sectionID, key, {}, {}};
         const Container container = m_document->container(address);
-        auto* const item = m_document->getItem(container, address);
+        auto* const item = m_document->getItem(container, address).element;
         if (item == nullptr) return false;
         const std::wstring before = observed(*m_document, *item);
         m_document->removeItem(*container.section, item);
@@ -133,15 +136,15 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         const bool isElement = type == L"DOMElement";
         XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value);
         Container container = m_document->container(address);
-        auto* item = m_document->getItem(container, address);
-        const bool isNew = item == nullptr;
-        if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item, value))) return;
+        auto item = m_document->getItem(container, address);
+        const bool isNew = item.element == nullptr;
+        if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item.element, value))) return;
 
         const auto content =
             isElement && !value.empty() ? parseElement(*m_document, address, value) : XMLConfig::detail::ParsedDocument();
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
 
-        const std::wstring before = isNew ? std::wstring() : observed(*m_document, *item);
+        const std::wstring before = isNew ? std::wstring() : observed(*m_document, *item.element);
         const bool isContainerNew = container.element == nullptr;
         const bool isSectionNew = isContainerNew && m_document->getSection(sectionName, sectionID) == nullptr;
         if (isNew) {
@@ -158,6 +161,6 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         m_dirty = true;
         if (isContainerNew) tellAdded(*m_document, address, isSectionNew);
         tell(*m_document, isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged, address, before,
-             observed(*m_document, *item));
+             observed(*m_document, *item.element));
     });
 }

@@ -22,10 +22,10 @@ template <typename Number, typename Convert>
 Number numberItem(const Document& document, const std::wstring& sectionName, const std::wstring& key, Number defaultValue,
                   const std::wstring& sectionID, Convert convert) {
     return reporting(L"Error getItem: ", [&] {
-        const auto* const item = document.getItem(sectionName, key, sectionID);
-        if (item == nullptr) return defaultValue;
+        const auto item = document.getItem(sectionName, key, sectionID);
+        if (item.element == nullptr) return defaultValue;
         std::u16string buffer;
-        return static_cast<Number>(convert(textOf(*item, buffer)));
+        return static_cast<Number>(convert(textOf(item, buffer)));
     });
 }
 

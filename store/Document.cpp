@@ -20,6 +20,19 @@ using xercesc::DOMNode;
 
 bool hasName(const DOMElement& element, std::u16string_view name) { return view(element.getNodeName()) == name; }
 
+Item knownItem(Section& section, const std::wstring& key) {
+    KnownItem* const known = SectionIndex::item(section, key);
+    return known == nullptr ? Item() : Item{known->element, known, &section};
+}
+
+// The text that is the element's only content; null elsewhere.
+const xercesc::DOMText* onlyText(const DOMElement& element) {
+    const DOMNode* const first = element.getFirstChild();
+    const bool isOneText =
+        first != nullptr && first->getNodeType() == DOMNode::TEXT_NODE && first->getNextSibling() == nullptr;
+    return isOneText ? static_cast<const xercesc::DOMText*>(first) : nullptr;
+}
+
 }  // namespace
 
 Document& Document::of(ConfigInfo& configInfo) { return *configInfo.m_document; }
@@ -105,14 +118,15 @@ Container Document::container(const Address& address) const {
     return {section == nullptr ? nullptr : section->element, section};
 }
 
-DOMElement* Document::getItem(const Container& container, const Address& address) const {
-    if (container.section != nullptr) return SectionIndex::item(*container.section, address.key);
-    return container.element == nullptr ? nullptr : walkKey(container.element, toUtf16(address.key));
+Item Document::getItem(const Container& container, const Address& address) const {
+    if (container.section != nullptr) return knownItem(*container.section, address.key);
+    if (container.element == nullptr) return {};
+    return {walkKey(container.element, toUtf16(address.key)), nullptr, nullptr};
 }
 
-DOMElement* Document::getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const {
+Item Document::getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const {
     Section* const section = getSection(name, id);
-    return section == nullptr ? nullptr : SectionIndex::item(*section, key);
+    return section == nullptr ? Item() : knownItem(*section, key);
 }
 
 std::vector<DOMElement*> Document::sections(const std::wstring& name) const {
@@ -127,9 +141,7 @@ std::vector<DOMElement*> Document::sections(const std::wstring& name) const {
 }
 
 std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {
-    const DOMNode* const first = element.getFirstChild();
-    if (first == nullptr) return {};
-    if (first->getNodeType() == DOMNode::TEXT_NODE && first->getNextSibling() == nullptr) return view(first->getNodeValue());
+    if (const xercesc::DOMText* const text = onlyText(element)) return view(text->getNodeValue());
     const auto gather = [&buffer](const auto& self, const DOMNode& node) -> void {
         for (const DOMNode* child = node.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
             const auto type = child->getNodeType();
@@ -143,6 +155,17 @@ std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {
     buffer.clear();
     gather(gather, element);
     return buffer;
+}
+
+std::u16string_view textOf(const Item& item, std::u16string& buffer) {
+    if (item.known == nullptr) return textOf(*item.element, buffer);
+    SectionItems& items = item.section->items;
+    const std::u16string_view known = items.text(*item.known);
+    if (!known.empty()) return known;
+    const xercesc::DOMText* const only = onlyText(*item.element);
+    if (only == nullptr) return textOf(*item.element, buffer);
+    items.rememberText(*item.known, view(only->getNodeValue()));
+    return view(only->getNodeValue());
 }
 
 bool hasText(const DOMElement& element, const std::wstring& text) {

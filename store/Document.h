@@ -29,6 +29,13 @@ struct Container {
     Section* section = nullptr;
 };
 
+/// An item that was found; without an element where there is none.
+struct Item {
+    xercesc::DOMElement* element = nullptr;
+    KnownItem* known = nullptr;  ///< the index's own record of it, which subsections' items have none of
+    Section* section = nullptr;  ///< where that record is kept
+};
+
 class Document {
 public:
     static Document& of(ConfigInfo& configInfo);
@@ -50,8 +57,8 @@ public:
     xercesc::DOMElement* getSubSection(const std::wstring& name, const std::wstring& subName, const std::wstring& id,
                                        const std::wstring& subID) const;
     [[nodiscard]] Container container(const Address& address) const;
-    xercesc::DOMElement* getItem(const Container& container, const Address& address) const;
-    xercesc::DOMElement* getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
+    [[nodiscard]] Item getItem(const Container& container, const Address& address) const;
+    [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
     /// Root children of that tag, in document order.
     [[nodiscard]] std::vector<xercesc::DOMElement*> sections(const std::wstring& name) const;
 
@@ -60,11 +67,11 @@ public:
     /// Parses an element that is to be stored. Throws ParseFailure for anything else.
     ParsedDocument parseElement(const std::string& text);
     /// Walks the key below the container, making what is missing.
-    xercesc::DOMElement* makeItem(const Container& container, const std::wstring& key);
+    Item makeItem(const Container& container, const std::wstring& key);
     void setSectionText(xercesc::DOMElement* section, const std::wstring& value);
-    void setText(xercesc::DOMElement* item, const std::wstring& value, const Container& container);
+    void setText(const Item& item, const std::wstring& value, const Container& container);
     /// The element becomes the item's only content. True when that differs from what was there by more than layout.
-    bool setElement(xercesc::DOMElement* item, const xercesc::DOMElement& content, const Container& container);
+    bool setElement(const Item& item, const xercesc::DOMElement& content, const Container& container);
     void removeItem(Section& section, xercesc::DOMElement* item);
     void removeSection(Section& section);
     void removeSubSection(xercesc::DOMElement* subSection);
@@ -78,13 +85,14 @@ public:
 
 private:
     xercesc::DOMElement* makeElement(const xercesc::DOMNode& parent, const std::wstring& name);
-    xercesc::DOMText* makeText(const std::wstring& text);
+    xercesc::DOMText* makeText(const std::u16string& text);
     /// Ends a node that has no parent any more.
     void release(xercesc::DOMNode* node);
     void removeAndRelease(xercesc::DOMNode* node);
     void removeChildren(xercesc::DOMElement* element);
     void removeLayoutBehind(xercesc::DOMElement* element);
-    void forgetItemsOf(const Container& container);
+    Section& sectionOf(const Container& container);
+    void forgetText(const Item& item, const Container& container);
 
     xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
     DocumentPointer m_document;
@@ -97,6 +105,8 @@ private:
 /// The text of an element with that of everything inside it. The view is into the tree where the element holds one piece
 /// of text, else into `buffer`; it is good until the tree or the buffer changes.
 std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& buffer);
+/// The same of an item, which is remembered where it is one short piece of text.
+std::u16string_view textOf(const Item& item, std::u16string& buffer);
 bool hasText(const xercesc::DOMElement& element, const std::wstring& text);
 std::wstring wideTextOf(const xercesc::DOMElement& element);
 /// Whether two trees are equal when text nodes made of layout only are left out.

@@ -15,16 +15,15 @@ bool isOneText(const DOMNode* first) { return isText(first) && first->getNextSib
 
 }  // namespace
 
-xercesc::DOMText* Document::makeText(const std::wstring& text) {
-    const std::u16string value = toUtf16(text);
+xercesc::DOMText* Document::makeText(const std::u16string& text) {
     if (m_spareTexts.empty() && !m_spareItems.empty()) {
         DOMElement* const item = m_spareItems.back();
         m_spareItems.pop_back();
         release(item);
     }
-    if (m_spareTexts.empty()) return m_document->createTextNode(xmlText(value));
+    if (m_spareTexts.empty()) return m_document->createTextNode(xmlText(text));
     xercesc::DOMText* const spare = m_spareTexts.back();
-    spare->setNodeValue(xmlText(value));
+    spare->setNodeValue(xmlText(text));
     m_spareTexts.pop_back();
     return spare;
 }
@@ -60,7 +59,7 @@ DOMElement* Document::makeElement(const DOMNode& parent, const std::wstring& nam
 
 DOMElement* Document::appendElement(DOMNode* parent, const std::wstring& name, const std::wstring& text) {
     DOMElement* const element = makeElement(*parent, name);
-    if (!text.empty()) element->appendChild(makeText(text));
+    if (!text.empty()) element->appendChild(makeText(toUtf16(text)));
     parent->appendChild(element);
     return element;
 }
@@ -83,16 +82,18 @@ Container Document::makeContainer(const Address& address) {
     return {subSection, nullptr};
 }
 
-DOMElement* Document::makeItem(const Container& container, const std::wstring& key) {
+Item Document::makeItem(const Container& container, const std::wstring& key) {
     DOMElement* element = container.element;
     for (std::size_t begin = 0;;) {
         const std::size_t end = key.find(L'|', begin);
         const std::wstring part = key.substr(begin, end == std::wstring::npos ? end : end - begin);
         DOMElement* const child = childNamed(element, toUtf16(part));
         const bool isInSection = container.section != nullptr && element == container.element;
+        if (child == nullptr && !isInSection && isOneText(element->getFirstChild()))
+            sectionOf(container).items.forgetTexts();
         element = child != nullptr ? child : appendElement(element, part, {});
         if (child == nullptr && isInSection) SectionIndex::itemAppended(*container.section, element);
-        if (end == std::wstring::npos) return element;
+        if (end == std::wstring::npos) return {element, nullptr, nullptr};
         begin = end + 1;
     }
 }
@@ -108,28 +109,30 @@ ParsedDocument Document::parseElement(const std::string& text) {
 }
 
 void Document::setSectionText(DOMElement* section, const std::wstring& value) {
-    setText(section, value, {section, &m_index.sectionOf(section)});
+    setText({section, nullptr, nullptr}, value, {section, &m_index.sectionOf(section)});
 }
 
-void Document::setText(DOMElement* item, const std::wstring& value, const Container& container) {
-    DOMNode* const first = item->getFirstChild();
+void Document::setText(const Item& item, const std::wstring& value, const Container& container) {
+    forgetText(item, container);
+    DOMNode* const first = item.element->getFirstChild();
     if (isOneText(first) && !value.empty()) return first->setNodeValue(xmlText(toUtf16(value)));
-    if (first != nullptr && !isOneText(first)) forgetItemsOf(container);
-    removeChildren(item);
-    if (!value.empty()) item->appendChild(makeText(value));
+    if (first != nullptr && !isOneText(first)) sectionOf(container).items.clear();
+    removeChildren(item.element);
+    if (!value.empty()) item.element->appendChild(makeText(toUtf16(value)));
 }
 
-bool Document::setElement(DOMElement* item, const DOMElement& content, const Container& container) {
+bool Document::setElement(const Item& item, const DOMElement& content, const Container& container) {
     DOMNode* const imported = m_document->importNode(&content, true);
-    if (item->getFirstChild() == nullptr) {
-        item->appendChild(imported);
+    if (item.element->getFirstChild() == nullptr) {
+        item.element->appendChild(imported);
         return true;
     }
-    DOMNode* const before = item->cloneNode(true);
-    if (item->getFirstElementChild() != nullptr) forgetItemsOf(container);
-    removeChildren(item);
-    item->appendChild(imported);
-    const bool isDifferent = !compareCollapsedNodes(*before, *item);
+    forgetText(item, container);
+    DOMNode* const before = item.element->cloneNode(true);
+    if (item.element->getFirstElementChild() != nullptr) sectionOf(container).items.clear();
+    removeChildren(item.element);
+    item.element->appendChild(imported);
+    const bool isDifferent = !compareCollapsedNodes(*before, *item.element);
     release(before);
     return isDifferent;
 }
@@ -149,7 +152,7 @@ void Document::removeSection(Section& section) {
 }
 
 void Document::removeSubSection(DOMElement* subSection) {
-    m_index.sectionOf(static_cast<DOMElement*>(subSection->getParentNode())).forgetItems();
+    m_index.sectionOf(static_cast<DOMElement*>(subSection->getParentNode())).items.clear();
     removeLayoutBehind(subSection);
     removeAndRelease(subSection);
 }
@@ -174,9 +177,15 @@ void Document::insertHeaderBefore(DOMElement* next, const std::wstring& name, co
     m_index.reset(root());
 }
 
-void Document::forgetItemsOf(const Container& container) {
-    if (container.section != nullptr) return container.section->forgetItems();
-    m_index.sectionOf(static_cast<DOMElement*>(container.element->getParentNode())).forgetItems();
+Section& Document::sectionOf(const Container& container) {
+    if (container.section != nullptr) return *container.section;
+    return m_index.sectionOf(static_cast<DOMElement*>(container.element->getParentNode()));
+}
+
+// What is in a subsection may be known by a longer key of the section too. What was made just now is not known yet.
+void Document::forgetText(const Item& item, const Container& container) {
+    if (item.known != nullptr) item.section->items.forgetText(*item.known);
+    else if (container.section == nullptr) sectionOf(container).items.forgetTexts();
 }
 
 }  // namespace XMLConfig::detail

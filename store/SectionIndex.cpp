@@ -8,9 +8,6 @@ namespace XMLConfig::detail {
 
 namespace {
 
-// Below this number of a key, each section has a place for it whether it holds the item or not.
-constexpr std::size_t commonKeys = 256;
-
 void list(Section& section) {
     auto& sameID = section.tag->byID[section.id];
     const auto earlier = [](const Section* left, const Section* right) { return left->order < right->order; };
@@ -37,16 +34,8 @@ std::size_t numberOf(SectionTag& tag, const std::wstring& key) {
     return tag.keyNumbers.emplace(key, tag.keyNumbers.size()).first->second;
 }
 
-void remember(Section& section, std::size_t number, xercesc::DOMElement* item) {
-    if (number >= commonKeys) {
-        if (!section.rareItems.emplace(number, item).second) section.hasNamesakes = true;
-        return;
-    }
-    if (number >= section.items.size()) {
-        section.items.resize(std::max(number + 1, std::min(section.tag->keyNumbers.size(), commonKeys)));
-    }
-    if (section.items[number] == nullptr) section.items[number] = item;
-    else section.hasNamesakes = true;
+KnownItem& remember(Section& section, std::size_t number, xercesc::DOMElement* element) {
+    return section.items.add(number, element, section.tag->keyNumbers.size());
 }
 
 void rememberChild(Section& section, xercesc::DOMElement* child) {
@@ -58,18 +47,15 @@ void rememberChild(Section& section, xercesc::DOMElement* child) {
 }
 
 void scan(Section& section) {
-    section.isScanned = true;
+    section.items.isScanned = true;
     for (auto* child = section.element->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
         rememberChild(section, child);
     }
 }
 
-xercesc::DOMElement* known(const Section& section, const std::wstring& key) {
+KnownItem* known(Section& section, const std::wstring& key) {
     const auto found = section.tag->keyNumbers.find(key);
-    if (found == section.tag->keyNumbers.end()) return nullptr;
-    if (found->second < commonKeys) return found->second < section.items.size() ? section.items[found->second] : nullptr;
-    const auto rare = section.rareItems.find(found->second);
-    return rare == section.rareItems.end() ? nullptr : rare->second;
+    return found == section.tag->keyNumbers.end() ? nullptr : section.items.find(found->second);
 }
 
 }  // namespace
@@ -118,29 +104,27 @@ Section& SectionIndex::sectionOf(xercesc::DOMElement* element) {
     return **std::find_if(sameID.begin(), sameID.end(), [&](const Section* section) { return section->element == element; });
 }
 
-xercesc::DOMElement* SectionIndex::item(Section& section, const std::wstring& key) {
-    if (!section.isScanned) scan(section);
-    if (xercesc::DOMElement* const found = known(section, key)) return found;
+KnownItem* SectionIndex::item(Section& section, const std::wstring& key) {
+    if (!section.items.isScanned) scan(section);
+    if (KnownItem* const found = known(section, key)) return found;
     const std::size_t end = key.find(L'|');
     if (end == std::wstring::npos) return nullptr;
-    xercesc::DOMElement* const first = known(section, key.substr(0, end));
+    const KnownItem* const first = known(section, key.substr(0, end));
     xercesc::DOMElement* const found =
-        first == nullptr ? nullptr : walkKey(first, toUtf16(std::wstring_view(key).substr(end + 1)));
-    if (found != nullptr) remember(section, numberOf(*section.tag, key), found);
-    return found;
+        first == nullptr ? nullptr : walkKey(first->element, toUtf16(std::wstring_view(key).substr(end + 1)));
+    return found == nullptr ? nullptr : &remember(section, numberOf(*section.tag, key), found);
 }
 
 void SectionIndex::itemAppended(Section& section, xercesc::DOMElement* child) {
-    if (section.isScanned) rememberChild(section, child);
+    if (section.items.isScanned) rememberChild(section, child);
 }
 
 void SectionIndex::itemRemoved(Section& section, const xercesc::DOMElement* child) {
-    if (!section.isScanned) return;
+    if (!section.items.isScanned) return;
     const auto number = section.tag->nameNumbers.find(child->getNodeName());
-    const bool isAlone = !section.hasNamesakes && child->getFirstElementChild() == nullptr;
-    if (!isAlone || number == section.tag->nameNumbers.end()) return section.forgetItems();
-    if (number->second >= commonKeys) section.rareItems.erase(number->second);
-    else if (number->second < section.items.size()) section.items[number->second] = nullptr;
+    const bool isAlone = !section.items.hasNamesakes && child->getFirstElementChild() == nullptr;
+    if (!isAlone || number == section.tag->nameNumbers.end()) return section.items.clear();
+    section.items.remove(number->second);
 }
 
 void SectionIndex::appended(xercesc::DOMElement* element) {

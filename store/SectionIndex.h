@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "store/SectionItems.h"
 #include "store/XmlLibrary.h"
 
 /// Finds the children of the root by tag and ID, and items below them by key, without walking. Its answers are those of
@@ -18,20 +19,9 @@ struct SectionTag;
 struct Section {
     xercesc::DOMElement* element = nullptr;
     SectionTag* tag = nullptr;
-    std::uint64_t order = 0;                  ///< ascending in document order among the sections of one tag
-    std::wstring id;                          ///< "" without an "ID" attribute
-    std::vector<xercesc::DOMElement*> items;  ///< known items by the number of their key; null where not known
-    std::unordered_map<std::size_t, xercesc::DOMElement*> rareItems;  ///< those of high numbers, which few sections have
-    bool isScanned = false;     ///< whether every child element is among the known items
-    bool hasNamesakes = false;  ///< whether children of one name were met, of which the first is known
-
-    /// To be called after an item that may be known has gone.
-    void forgetItems() {
-        items.clear();
-        rareItems.clear();
-        isScanned = false;
-        hasNamesakes = false;
-    }
+    std::uint64_t order = 0;  ///< ascending in document order among the sections of one tag
+    std::wstring id;          ///< "" without an "ID" attribute
+    SectionItems items;       ///< by the numbers of their keys
 };
 
 /// The sections of one tag. Keys are numbered for all of them together, so that a section needs no map of its own.
@@ -51,8 +41,8 @@ public:
     Section* find(const std::wstring& tag, const std::wstring& id);
     /// The section of that element, which must be a child of the root.
     Section& sectionOf(xercesc::DOMElement* element);
-    /// The element that the key leads to; null when there is none.
-    static xercesc::DOMElement* item(Section& section, const std::wstring& key);
+    /// The item that the key leads to, good until the section's items change; null when there is none.
+    static KnownItem* item(Section& section, const std::wstring& key);
     /// A child was appended to the section.
     static void itemAppended(Section& section, xercesc::DOMElement* child);
     /// A child was removed from the section and still has its content.

@@ -63,6 +63,20 @@ TEST(StoreMemory, DoesNotGrowWithEqualWritesAndFragments) {
     EXPECT_LT(residentPages() - before, 512) << "pages";
 }
 
+TEST(StoreMemory, DoesNotGrowWithReadsBetweenWrites) {
+    ConfigInfo document;
+    const auto work = [&document](int count) {
+        for (int i = 0; i < count; ++i) {
+            set(document, L"S", L"A", std::wstring(static_cast<std::size_t>(i % 100 + 1), L'x'), L"1");
+            EXPECT_EQ(get(document, L"S", L"A", L"1").size(), static_cast<std::size_t>(i % 100 + 1));
+        }
+    };
+    work(1000);
+    const long before = residentPages();
+    work(200000);
+    EXPECT_LT(residentPages() - before, 512) << "pages";
+}
+
 TEST(StoreMemory, GrowsWithTheItemsAndNotWithTheSectionsTimesTheKeys) {
     std::string text = "<ConfigInfo>";
     int key = 0;

@@ -1,0 +1,70 @@
+#include "store/SectionItems.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace XMLConfig::detail {
+
+namespace {
+
+// Below this number of a key, each section has a place for it whether it holds the item or not.
+constexpr std::size_t commonKeys = 256;
+// Most values are numbers or a few of them; what is longer takes long to read anyway.
+constexpr std::size_t longestText = 128;
+constexpr std::size_t longestCopies = UINT32_MAX - longestText;
+
+}  // namespace
+
+KnownItem* SectionItems::find(std::size_t number) {
+    if (number >= commonKeys) {
+        const auto rare = m_rareItems.find(number);
+        return rare == m_rareItems.end() ? nullptr : &rare->second;
+    }
+    if (number >= m_items.size() || m_items[number].element == nullptr) return nullptr;
+    return &m_items[number];
+}
+
+KnownItem& SectionItems::add(std::size_t number, xercesc::DOMElement* element, std::size_t expectedNumbers) {
+    const bool isCommon = number < commonKeys;
+    if (isCommon && number >= m_items.size()) m_items.resize(std::max(number + 1, std::min(expectedNumbers, commonKeys)));
+    KnownItem& item = isCommon ? m_items[number] : m_rareItems[number];
+    if (item.element == nullptr) item.element = element;
+    else hasNamesakes = true;
+    return item;
+}
+
+void SectionItems::remove(std::size_t number) {
+    KnownItem* const item = find(number);
+    if (item == nullptr) return;
+    forgetText(*item);
+    if (number >= commonKeys) m_rareItems.erase(number);
+    else *item = {};
+}
+
+void SectionItems::clear() { *this = {}; }
+
+std::u16string_view SectionItems::text(const KnownItem& item) const {
+    return {m_copies.data() + (item.textLength == 0 ? 0 : item.textBegin), item.textLength};
+}
+
+void SectionItems::rememberText(KnownItem& item, std::u16string_view text) {
+    if (text.size() > longestText || m_copies.size() > longestCopies) return;
+    item.textBegin = static_cast<std::uint32_t>(m_copies.size());
+    item.textLength = static_cast<std::uint32_t>(text.size());
+    m_copies += text;
+}
+
+void SectionItems::forgetText(KnownItem& item) {
+    m_unused += std::exchange(item.textLength, 0);
+    if (m_unused > m_copies.size() / 2 + m_items.size() + m_rareItems.size()) forgetTexts();
+}
+
+void SectionItems::forgetTexts() {
+    if (m_copies.empty()) return;
+    for (KnownItem& item : m_items) item.textLength = 0;
+    for (auto& [number, item] : m_rareItems) item.textLength = 0;
+    m_copies.clear();
+    m_unused = 0;
+}
+
+}  // namespace XMLConfig::detail

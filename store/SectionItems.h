@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "store/XmlLibrary.h"
+
+namespace XMLConfig::detail {
+
+/// An item that is known by the number of its key, and the place of its text's copy where that is known too.
+struct KnownItem {
+    xercesc::DOMElement* element = nullptr;
+    std::uint32_t textBegin = 0;
+    std::uint32_t textLength = 0;  ///< 0 where the text is not known
+};
+
+/// What is known of one section's items: which element a key leads to, and the text of those that hold one piece of text.
+/// The texts are copies that lie side by side, for those in the tree are spread over so much memory that a large document
+/// would answer more slowly than a small one. Every change of the tree must be told.
+class SectionItems {
+public:
+    bool isScanned = false;     ///< whether every child element of the section is known
+    bool hasNamesakes = false;  ///< whether several elements were added for one number, of which the first is known
+
+    /// Null where there is none. Good until the next call that is not const, as what `add` gives.
+    [[nodiscard]] KnownItem* find(std::size_t number);
+    KnownItem& add(std::size_t number, xercesc::DOMElement* element, std::size_t expectedNumbers);
+    void remove(std::size_t number);
+    void clear();
+
+    /// The item's text where it is known, else nothing; good until another is remembered.
+    [[nodiscard]] std::u16string_view text(const KnownItem& item) const;
+    /// The text of an item that holds nothing else. Long ones are not kept.
+    void rememberText(KnownItem& item, std::u16string_view text);
+    void forgetText(KnownItem& item);
+    void forgetTexts();
+
+private:
+    std::vector<KnownItem> m_items;                          // by number; without an element where there is none
+    std::unordered_map<std::size_t, KnownItem> m_rareItems;  // those of high numbers, which few sections have
+    std::u16string m_copies;
+    std::size_t m_unused = 0;  // how much of the copies belongs to no item any more
+};
+
+}  // namespace XMLConfig::detail
