@@ -78,7 +78,7 @@ public:
     void renameSection(Section& section, const std::wstring& newID);
     /// The sections have one tag and `earlier` stands before `later`; `later` goes immediately before `earlier`.
     void swapSections(xercesc::DOMElement* earlier, xercesc::DOMElement* later);
-    xercesc::DOMElement* appendElement(xercesc::DOMNode* parent, const std::wstring& name, const std::wstring& text);
+    xercesc::DOMElement* appendElement(xercesc::DOMElement* parent, const std::wstring& name, const std::wstring& text);
     void insertHeaderBefore(xercesc::DOMElement* next, const std::wstring& name, const std::wstring& text);
 
     ChangeObserver* observer = nullptr;  ///< not owned
@@ -88,9 +88,9 @@ private:
     xercesc::DOMText* makeText(const std::u16string& text);
     /// Ends a node that has no parent any more.
     void release(xercesc::DOMNode* node);
-    void removeAndRelease(xercesc::DOMNode* node);
+    void removeAndRelease(xercesc::DOMElement* parent, xercesc::DOMNode* child);
     void removeChildren(xercesc::DOMElement* element);
-    void removeLayoutBehind(xercesc::DOMElement* element);
+    void removeLayoutBehind(xercesc::DOMElement* parent, xercesc::DOMElement* child);
     Section& sectionOf(const Container& container);
     void forgetText(const Item& item, const Container& container);
 

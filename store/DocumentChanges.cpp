@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "store/Document.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -30,20 +31,24 @@ xercesc::DOMText* Document::makeText(const std::u16string& text) {
 
 void Document::release(DOMNode* node) {
     if (isText(node)) return m_spareTexts.push_back(static_cast<xercesc::DOMText*>(node));
-    while (DOMNode* const child = node->getFirstChild()) release(node->removeChild(child));
+    if (node->getNodeType() == DOMNode::ELEMENT_NODE) removeChildren(static_cast<DOMElement*>(node));
     node->release();
 }
 
-void Document::removeAndRelease(DOMNode* node) { release(node->getParentNode()->removeChild(node)); }
-
-void Document::removeChildren(DOMElement* element) {
-    while (DOMNode* const child = element->getFirstChild()) release(element->removeChild(child));
+void Document::removeAndRelease(DOMElement* parent, DOMNode* child) {
+    unlink(*parent, *child);
+    release(child);
 }
 
-void Document::removeLayoutBehind(DOMElement* element) {
-    DOMNode* const next = element->getNextSibling();
+void Document::removeChildren(DOMElement* element) {
+    while (DOMNode* const child = element->getFirstChild()) removeAndRelease(element, child);
+}
+
+void Document::removeLayoutBehind(DOMElement* parent, DOMElement* child) {
+    DOMNode* const next = child->getNextSibling();
     if (!isText(next)) return;
-    if (view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos) removeAndRelease(next);
+    const bool isLayout = view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos;
+    if (isLayout) removeAndRelease(parent, next);
 }
 
 DOMElement* Document::makeElement(const DOMNode& parent, const std::wstring& name) {
@@ -57,10 +62,10 @@ DOMElement* Document::makeElement(const DOMNode& parent, const std::wstring& nam
     return m_document->createElement(xmlText(tag));
 }
 
-DOMElement* Document::appendElement(DOMNode* parent, const std::wstring& name, const std::wstring& text) {
+DOMElement* Document::appendElement(DOMElement* parent, const std::wstring& name, const std::wstring& text) {
     DOMElement* const element = makeElement(*parent, name);
-    if (!text.empty()) element->appendChild(makeText(toUtf16(text)));
-    parent->appendChild(element);
+    if (!text.empty()) append(*element, *makeText(toUtf16(text)));
+    append(*parent, *element);
     return element;
 }
 
@@ -78,7 +83,7 @@ Container Document::makeContainer(const Address& address) {
     if (address.subSectionName.empty()) return {section->element, section};
     DOMElement* const subSection = make(section->element, address.subSectionName, address.subSectionID);
     SectionIndex::itemAppended(*section, subSection);
-    removeLayoutBehind(section->element);
+    removeLayoutBehind(root(), section->element);
     return {subSection, nullptr};
 }
 
@@ -118,43 +123,44 @@ void Document::setText(const Item& item, const std::wstring& value, const Contai
     if (isOneText(first) && !value.empty()) return first->setNodeValue(xmlText(toUtf16(value)));
     if (first != nullptr && !isOneText(first)) sectionOf(container).items.clear();
     removeChildren(item.element);
-    if (!value.empty()) item.element->appendChild(makeText(toUtf16(value)));
+    if (!value.empty()) append(*item.element, *makeText(toUtf16(value)));
 }
 
 bool Document::setElement(const Item& item, const DOMElement& content, const Container& container) {
-    DOMNode* const imported = m_document->importNode(&content, true);
+    DOMElement* const copy = copyInto(*m_document, content);
     if (item.element->getFirstChild() == nullptr) {
-        item.element->appendChild(imported);
+        append(*item.element, *copy);
         return true;
     }
     forgetText(item, container);
     DOMNode* const before = item.element->cloneNode(true);
     if (item.element->getFirstElementChild() != nullptr) sectionOf(container).items.clear();
     removeChildren(item.element);
-    item.element->appendChild(imported);
+    append(*item.element, *copy);
     const bool isDifferent = !compareCollapsedNodes(*before, *item.element);
     release(before);
     return isDifferent;
 }
 
 void Document::removeItem(Section& section, DOMElement* item) {
-    DOMNode* const removed = section.element->removeChild(item);
+    unlink(*section.element, *item);
     SectionIndex::itemRemoved(section, item);
     if (isOneText(item->getFirstChild())) return m_spareItems.push_back(item);
-    release(removed);
+    release(item);
 }
 
 void Document::removeSection(Section& section) {
     DOMElement* const element = section.element;
     m_index.removing(element);
-    removeLayoutBehind(element);
-    removeAndRelease(element);
+    removeLayoutBehind(root(), element);
+    removeAndRelease(root(), element);
 }
 
 void Document::removeSubSection(DOMElement* subSection) {
-    m_index.sectionOf(static_cast<DOMElement*>(subSection->getParentNode())).items.clear();
-    removeLayoutBehind(subSection);
-    removeAndRelease(subSection);
+    auto* const section = static_cast<DOMElement*>(subSection->getParentNode());
+    m_index.sectionOf(section).items.clear();
+    removeLayoutBehind(section, subSection);
+    removeAndRelease(section, subSection);
 }
 
 void Document::renameSection(Section& section, const std::wstring& newID) {
