@@ -7,35 +7,24 @@ using XMLConfig::detail::Change;
 using XMLConfig::detail::Document;
 using XMLConfig::detail::idOf;
 using XMLConfig::detail::reporting;
+using XMLConfig::detail::Section;
 using XMLConfig::detail::view;
 
 namespace {
 
 constexpr const wchar_t* sectionPrefix = L"Error getSection: ";
 
-void appendIDs(std::vector<std::wstring>& ids, const xercesc::DOMElement& element) {
-    if (element.hasAttribute(XMLConfig::detail::xmlText(u"ID"))) ids.push_back(idOf(element));
-}
-
 std::vector<xercesc::DOMElement*> subSections(const Document& document, const std::wstring& name,
                                               const std::wstring& subName) {
     std::vector<xercesc::DOMElement*> found;
     const std::u16string tag = XMLConfig::detail::toUtf16(subName);
-    for (const auto* const section : document.sections(name)) {
-        for (auto* child = section->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
+    for (const Section* section = document.getSection(name, {}); section != nullptr; section = section->next) {
+        for (auto* child = section->element->getFirstElementChild(); child != nullptr;
+             child = child->getNextElementSibling()) {
             if (view(child->getNodeName()) == tag) found.push_back(child);
         }
     }
     return found;
-}
-
-// The nearest section of the same name, earlier or later; null when there is none.
-xercesc::DOMElement* neighbour(xercesc::DOMElement* section, int direction) {
-    const std::u16string_view name = view(section->getNodeName());
-    do {
-        section = direction < 0 ? section->getPreviousElementSibling() : section->getNextElementSibling();
-    } while (section != nullptr && view(section->getNodeName()) != name);
-    return section;
 }
 
 void tell(const Document& document, Change::Kind kind, const std::wstring& name, const std::wstring& id,
@@ -46,13 +35,14 @@ void tell(const Document& document, Change::Kind kind, const std::wstring& name,
 }  // namespace
 
 int ConfigInfo::getSectionCount(const std::wstring& sectionName) const {
-    return reporting(sectionPrefix, [&] { return static_cast<int>(m_document->sections(sectionName).size()); });
+    return reporting(sectionPrefix, [&] { return static_cast<int>(m_document->countSections(sectionName)); });
 }
 
 std::vector<std::wstring> ConfigInfo::getSectionIDs(const std::wstring& sectionName) const {
     return reporting(sectionPrefix, [&] {
         std::vector<std::wstring> ids;
-        for (const auto* const section : m_document->sections(sectionName)) appendIDs(ids, *section);
+        for (const Section* section = m_document->getSection(sectionName, {}); section != nullptr; section = section->next)
+            if (section->hasID) ids.push_back(section->id);
         return ids;
     });
 }
@@ -67,7 +57,7 @@ std::vector<std::wstring> ConfigInfo::getSubSectionIDs(const std::wstring& secti
     return reporting(sectionPrefix, [&] {
         std::vector<std::wstring> ids;
         for (const auto* const subSection : subSections(*m_document, sectionName, subSectionName))
-            appendIDs(ids, *subSection);
+            if (subSection->hasAttribute(XMLConfig::detail::xmlText(u"ID"))) ids.push_back(idOf(*subSection));
         return ids;
     });
 }
@@ -113,12 +103,11 @@ bool ConfigInfo::renameSection(const std::wstring& sectionName, const std::wstri
 bool ConfigInfo::moveSection(int direction, const std::wstring& sectionName, const std::wstring& sectionID) {
     if (direction != -1 && direction != 1) return false;
     return reporting(sectionPrefix, [&] {
-        const auto* const section = m_document->getSection(sectionName, sectionID);
+        auto* const section = m_document->getSection(sectionName, sectionID);
         if (section == nullptr) return false;
-        auto* const element = section->element;
-        auto* const other = neighbour(element, direction);
+        auto* const other = direction < 0 ? section->previous : section->next;
         if (other == nullptr) return false;
-        m_document->swapSections(direction < 0 ? other : element, direction < 0 ? element : other);
+        m_document->swapSections(direction < 0 ? *other : *section, direction < 0 ? *section : *other);
         m_dirty = true;
         tell(*m_document, Change::Kind::SectionMoved, sectionName, sectionID, {}, {}, {});
         return true;

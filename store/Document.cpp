@@ -18,13 +18,6 @@ namespace {
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
-bool hasName(const DOMElement& element, std::u16string_view name) { return view(element.getNodeName()) == name; }
-
-Item knownItem(Section& section, const std::wstring& key) {
-    KnownItem* const known = SectionIndex::item(section, key);
-    return known == nullptr ? Item() : Item{known->element, known, &section};
-}
-
 // The text that is the element's only content; null elsewhere.
 const xercesc::DOMText* onlyText(const DOMElement& element) {
     const DOMNode* const first = element.getFirstChild();
@@ -34,6 +27,11 @@ const xercesc::DOMText* onlyText(const DOMElement& element) {
 }
 
 }  // namespace
+
+Item knownItem(Section& section, const std::wstring& key) {
+    KnownItem* const known = SectionIndex::item(section, key);
+    return known == nullptr ? Item() : Item{known->element, known, &section};
+}
 
 Document& Document::of(ConfigInfo& configInfo) { return *configInfo.m_document; }
 const Document& Document::of(const ConfigInfo& configInfo) { return *configInfo.m_document; }
@@ -91,19 +89,14 @@ Section* Document::getSection(const std::wstring& name, const std::wstring& id) 
 
 DOMElement* Document::getSubSection(const std::wstring& name, const std::wstring& subName, const std::wstring& id,
                                     const std::wstring& subID) const {
-    const Section* const first = getSection(name, id);
-    if (first == nullptr) return nullptr;
-    const std::u16string tag = toUtf16(name);
-    const std::u16string tagID = toUtf16(id);
     const std::u16string subTag = toUtf16(subName);
     const std::u16string subTagID = toUtf16(subID);
-    const auto matches = [](const DOMElement& element, const std::u16string& name16, const std::u16string& id16) {
-        return hasName(element, name16) && (id16.empty() || view(element.getAttribute(xmlText(u"ID"))) == id16);
-    };
-    for (DOMElement* section = first->element; section != nullptr; section = section->getNextElementSibling()) {
-        if (!matches(*section, tag, tagID)) continue;
-        for (DOMElement* child = section->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
-            if (matches(*child, subTag, subTagID)) return child;
+    for (const Section* section = getSection(name, id); section != nullptr; section = section->next) {
+        if (!id.empty() && section->id != id) continue;
+        for (DOMElement* child = section->element->getFirstElementChild(); child != nullptr;
+             child = child->getNextElementSibling()) {
+            const bool isNamed = view(child->getNodeName()) == subTag;
+            if (isNamed && (subTagID.empty() || view(child->getAttribute(xmlText(u"ID"))) == subTagID)) return child;
         }
     }
     return nullptr;
@@ -127,17 +120,6 @@ Item Document::getItem(const Container& container, const Address& address) const
 Item Document::getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const {
     Section* const section = getSection(name, id);
     return section == nullptr ? Item() : knownItem(*section, key);
-}
-
-std::vector<DOMElement*> Document::sections(const std::wstring& name) const {
-    std::vector<DOMElement*> found;
-    const Section* const first = getSection(name, {});
-    const std::u16string tag = toUtf16(name);
-    for (DOMElement* element = first == nullptr ? nullptr : first->element; element != nullptr;
-         element = element->getNextElementSibling()) {
-        if (hasName(*element, tag)) found.push_back(element);
-    }
-    return found;
 }
 
 std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {

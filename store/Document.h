@@ -36,6 +36,9 @@ struct Item {
     Section* section = nullptr;  ///< where that record is kept
 };
 
+/// The item of a section that a key leads to.
+Item knownItem(Section& section, const std::wstring& key);
+
 class Document {
 public:
     static Document& of(ConfigInfo& configInfo);
@@ -59,8 +62,8 @@ public:
     [[nodiscard]] Container container(const Address& address) const;
     [[nodiscard]] Item getItem(const Container& container, const Address& address) const;
     [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
-    /// Root children of that tag, in document order.
-    [[nodiscard]] std::vector<xercesc::DOMElement*> sections(const std::wstring& name) const;
+    /// How many sections of that tag there are.
+    [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
 
     // Changing. Callers set the dirty flag and tell the observer.
     Container makeContainer(const Address& address);
@@ -76,8 +79,8 @@ public:
     void removeSection(Section& section);
     void removeSubSection(xercesc::DOMElement* subSection);
     void renameSection(Section& section, const std::wstring& newID);
-    /// The sections have one tag and `earlier` stands before `later`; `later` goes immediately before `earlier`.
-    void swapSections(xercesc::DOMElement* earlier, xercesc::DOMElement* later);
+    /// `later`, the next section of the same tag, goes immediately before `earlier`.
+    void swapSections(Section& earlier, Section& later);
     xercesc::DOMElement* appendElement(xercesc::DOMElement* parent, const std::wstring& name, const std::wstring& text);
     void insertHeaderBefore(xercesc::DOMElement* next, const std::wstring& name, const std::wstring& text);
 

@@ -92,8 +92,9 @@ Item Document::makeItem(const Container& container, const std::wstring& key) {
     for (std::size_t begin = 0;;) {
         const std::size_t end = key.find(L'|', begin);
         const std::wstring part = key.substr(begin, end == std::wstring::npos ? end : end - begin);
-        DOMElement* const child = childNamed(element, toUtf16(part));
         const bool isInSection = container.section != nullptr && element == container.element;
+        DOMElement* const child =
+            isInSection ? knownItem(*container.section, part).element : childNamed(element, toUtf16(part));
         if (child == nullptr && !isInSection && isOneText(element->getFirstChild()))
             sectionOf(container).items.forgetTexts();
         element = child != nullptr ? child : appendElement(element, part, {});
@@ -151,7 +152,7 @@ void Document::removeItem(Section& section, DOMElement* item) {
 
 void Document::removeSection(Section& section) {
     DOMElement* const element = section.element;
-    m_index.removing(element);
+    m_index.removing(section);
     removeLayoutBehind(root(), element);
     removeAndRelease(root(), element);
 }
@@ -164,17 +165,17 @@ void Document::removeSubSection(DOMElement* subSection) {
 }
 
 void Document::renameSection(Section& section, const std::wstring& newID) {
+    m_index.renamed(section, newID);
     DOMElement* const element = section.element;
-    m_index.renamed(element, newID);
     DOMNode* const text = element->getAttributeNode(xmlText(u"ID"))->getFirstChild();
     // Setting the attribute would leave one more text with the XML library.
     if (isOneText(text) && !newID.empty()) return text->setNodeValue(xmlText(toUtf16(newID)));
     element->setAttribute(xmlText(u"ID"), xmlText(toUtf16(newID)));
 }
 
-void Document::swapSections(DOMElement* earlier, DOMElement* later) {
+void Document::swapSections(Section& earlier, Section& later) {
     m_index.swapped(earlier, later);
-    root()->insertBefore(later, earlier);
+    root()->insertBefore(later.element, earlier.element);
 }
 
 void Document::insertHeaderBefore(DOMElement* next, const std::wstring& name, const std::wstring& text) {

@@ -1,49 +1,14 @@
 #include "store/SectionIndex.h"
 
-#include <algorithm>
-
 #include "platform/Text.h"
 
 namespace XMLConfig::detail {
 
 namespace {
 
-void list(Section& section) {
-    auto& sameID = section.tag->byID[section.id];
-    const auto earlier = [](const Section* left, const Section* right) { return left->order < right->order; };
-    sameID.insert(std::upper_bound(sameID.begin(), sameID.end(), &section, earlier), &section);
-}
-
-void unlist(const Section& section) {
-    const auto found = section.tag->byID.find(section.id);
-    auto& sameID = found->second;
-    sameID.erase(std::find(sameID.begin(), sameID.end(), &section));
-    if (sameID.empty()) section.tag->byID.erase(found);
-}
-
-void add(SectionTag& tag, std::uint64_t order, xercesc::DOMElement* element) {
-    Section& section = tag.sections.emplace_hint(tag.sections.end(), order, Section())->second;
-    section.element = element;
-    section.tag = &tag;
-    section.order = order;
-    section.id = idOf(*element);
-    list(section);
-}
-
-std::size_t numberOf(SectionTag& tag, const std::wstring& key) {
-    return tag.keyNumbers.emplace(key, tag.keyNumbers.size()).first->second;
-}
-
-KnownItem& remember(Section& section, std::size_t number, xercesc::DOMElement* element) {
-    return section.items.add(number, element, section.tag->keyNumbers.size());
-}
-
 void rememberChild(Section& section, xercesc::DOMElement* child) {
-    const XMLCh* const name = child->getNodeName();
-    auto& numbers = section.tag->nameNumbers;
-    auto found = numbers.find(name);
-    if (found == numbers.end()) found = numbers.emplace(name, numberOf(*section.tag, fromUtf16(view(name)))).first;
-    remember(section, found->second, child);
+    const std::size_t number = section.tag->numberOfName(child->getNodeName());
+    section.items.add(number, child, section.tag->countNumbers());
 }
 
 void scan(Section& section) {
@@ -54,13 +19,11 @@ void scan(Section& section) {
 }
 
 KnownItem* known(Section& section, const std::wstring& key) {
-    const auto found = section.tag->keyNumbers.find(key);
-    return found == section.tag->keyNumbers.end() ? nullptr : section.items.find(found->second);
+    const std::size_t* const number = section.tag->findNumber(key);
+    return number == nullptr ? nullptr : section.items.find(*number);
 }
 
 }  // namespace
-
-std::wstring idOf(const xercesc::DOMElement& element) { return fromUtf16(view(element.getAttribute(xmlText(u"ID")))); }
 
 xercesc::DOMElement* childNamed(const xercesc::DOMElement* element, std::u16string_view name) {
     xercesc::DOMNode* child = element->getFirstChild();
@@ -87,21 +50,29 @@ void SectionIndex::reset(xercesc::DOMElement* root) {
 }
 
 Section* SectionIndex::find(const std::wstring& tag, const std::wstring& id) {
-    if (m_lastSection != nullptr && id == m_lastID && tag == m_lastTag) return m_lastSection;
-    SectionTag* const named = tagNamed(tag);
-    if (named == nullptr || named->sections.empty()) return nullptr;
-    const auto sameID = id.empty() ? named->byID.end() : named->byID.find(id);
-    if (!id.empty() && sameID == named->byID.end()) return nullptr;
+    if (m_lastSection != nullptr && tag == m_lastTag) {
+        if (id == m_lastID) return m_lastSection;
+        Section* const next = m_lastSection->next;  // and sections are mostly read one after the other
+        if (next != nullptr && next->isFirstOfID && !id.empty() && next->id == id) {
+            m_lastID = id;
+            return m_lastSection = next;
+        }
+    }
+    const SectionTag* const named = tagNamed(tag);
+    Section* const found = named == nullptr ? nullptr : id.empty() ? named->first() : named->find(id);
+    if (found == nullptr) return nullptr;
     m_lastTag = tag;
     m_lastID = id;
-    m_lastSection = id.empty() ? &named->sections.begin()->second : sameID->second.front();
-    return m_lastSection;
+    return m_lastSection = found;
 }
 
-Section& SectionIndex::sectionOf(xercesc::DOMElement* element) {
-    SectionTag& tag = *tagNamed(fromUtf16(view(element->getNodeName())));
-    const auto& sameID = tag.byID.at(idOf(*element));
-    return **std::find_if(sameID.begin(), sameID.end(), [&](const Section* section) { return section->element == element; });
+std::size_t SectionIndex::count(const std::wstring& tag) {
+    const SectionTag* const named = tagNamed(tag);
+    return named == nullptr ? 0 : named->count();
+}
+
+Section& SectionIndex::sectionOf(const xercesc::DOMElement* element) {
+    return tagNamed(fromUtf16(view(element->getNodeName())))->of(element);
 }
 
 KnownItem* SectionIndex::item(Section& section, const std::wstring& key) {
@@ -112,7 +83,9 @@ KnownItem* SectionIndex::item(Section& section, const std::wstring& key) {
     const KnownItem* const first = known(section, key.substr(0, end));
     xercesc::DOMElement* const found =
         first == nullptr ? nullptr : walkKey(first->element, toUtf16(std::wstring_view(key).substr(end + 1)));
-    return found == nullptr ? nullptr : &remember(section, numberOf(*section.tag, key), found);
+    if (found == nullptr) return nullptr;
+    const std::size_t number = section.tag->numberOfNested(key);
+    return &section.items.add(number, found, section.tag->countNumbers());
 }
 
 void SectionIndex::itemAppended(Section& section, xercesc::DOMElement* child) {
@@ -121,46 +94,31 @@ void SectionIndex::itemAppended(Section& section, xercesc::DOMElement* child) {
 
 void SectionIndex::itemRemoved(Section& section, const xercesc::DOMElement* child) {
     if (!section.items.isScanned) return;
-    const auto number = section.tag->nameNumbers.find(child->getNodeName());
-    const bool isAlone = !section.items.hasNamesakes && child->getFirstElementChild() == nullptr;
-    if (!isAlone || number == section.tag->nameNumbers.end()) return section.items.clear();
-    section.items.remove(number->second);
+    if (section.items.hasNamesakes) return section.items.clear();
+    const std::size_t number = section.tag->numberOfName(child->getNodeName());
+    section.items.remove(number);
+    if (child->getFirstElementChild() == nullptr) return;
+    for (const std::size_t nested : section.tag->nestedIn(number)) section.items.remove(nested);
 }
 
 void SectionIndex::appended(xercesc::DOMElement* element) {
-    if (m_isBuilt) add(m_tags[fromUtf16(view(element->getNodeName()))], m_nextOrder++, element);
+    if (m_isBuilt) m_tags[fromUtf16(view(element->getNodeName()))].append(element, m_nextOrder++);
 }
 
-void SectionIndex::removing(xercesc::DOMElement* element) {
+void SectionIndex::removing(Section& section) {
     m_lastSection = nullptr;
-    const Section& section = sectionOf(element);
-    unlist(section);
-    section.tag->sections.erase(section.order);
+    section.tag->remove(section);
 }
 
-void SectionIndex::renamed(xercesc::DOMElement* element, const std::wstring& newID) {
-    m_lastSection = nullptr;
-    Section& section = sectionOf(element);
-    unlist(section);
-    section.id = newID;
-    list(section);
+void SectionIndex::renamed(Section& section, const std::wstring& newID) {
+    section.tag->rename(section, newID);
+    if (m_lastSection == &section && section.isFirstOfID && !newID.empty()) m_lastID = newID;
+    else m_lastSection = nullptr;
 }
 
-void SectionIndex::swapped(xercesc::DOMElement* one, xercesc::DOMElement* other) {
+void SectionIndex::swapped(Section& earlier, Section& later) {
     m_lastSection = nullptr;
-    Section& first = sectionOf(one);
-    Section& second = sectionOf(other);
-    auto& sections = first.tag->sections;
-    unlist(first);
-    unlist(second);
-    auto firstNode = sections.extract(first.order);
-    auto secondNode = sections.extract(second.order);
-    std::swap(firstNode.key(), secondNode.key());
-    std::swap(first.order, second.order);
-    sections.insert(std::move(firstNode));
-    sections.insert(std::move(secondNode));
-    list(first);
-    list(second);
+    earlier.tag->swap(earlier, later);
 }
 
 void SectionIndex::build() {
@@ -173,7 +131,7 @@ void SectionIndex::build() {
         const std::u16string_view name = view(child->getNodeName());
         if (lastTag == nullptr || name != lastName) lastTag = &m_tags[fromUtf16(name)];
         lastName = name;
-        add(*lastTag, m_nextOrder++, child);
+        lastTag->append(child, m_nextOrder++);
     }
 }
 

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "store/SectionItems.h"
+#include "store/XmlLibrary.h"
+
+namespace XMLConfig::detail {
+
+class SectionTag;
+
+/// A child element of the root.
+struct Section {
+    xercesc::DOMElement* element = nullptr;
+    SectionTag* tag = nullptr;
+    Section* previous = nullptr;  ///< in document order, among those of one tag
+    Section* next = nullptr;
+    std::uint64_t order = 0;  ///< ascends with it
+    bool hasID = false;       ///< whether there is an "ID" attribute, which may be empty
+    bool isFirstOfID = false;
+    std::wstring id;
+    SectionItems items;  ///< by the numbers of their keys
+};
+
+/// The sections of one tag, which stay where they are in memory. Item keys are numbered for all of them together, so that
+/// a section needs no map of its own.
+class SectionTag {
+public:
+    [[nodiscard]] Section* first() const { return m_first; }
+    /// The first of that ID.
+    [[nodiscard]] Section* find(const std::wstring& id) const;
+    [[nodiscard]] Section& of(const xercesc::DOMElement* element) { return m_sections.at(element); }
+    [[nodiscard]] std::size_t count() const { return m_sections.size(); }
+
+    void append(xercesc::DOMElement* element, std::uint64_t order);
+    void remove(Section& section);
+    void rename(Section& section, const std::wstring& newID);
+    /// `later` is the next one.
+    void swap(Section& earlier, Section& later);
+
+    /// The key's number; null where none of the sections was asked for it or has it.
+    [[nodiscard]] const std::size_t* findNumber(const std::wstring& key) const;
+    std::size_t numberOf(const std::wstring& key);
+    /// That of a key of several parts.
+    std::size_t numberOfNested(const std::wstring& key);
+    /// That of a child's name, which must be the document's own copy of it.
+    std::size_t numberOfName(const XMLCh* name);
+    [[nodiscard]] std::size_t countNumbers() const { return m_numbers.size(); }
+    /// Those that begin with that key and have more parts.
+    [[nodiscard]] const std::vector<std::size_t>& nestedIn(std::size_t number) { return m_nested[number]; }
+
+private:
+    void list(Section& section);
+    void unlist(Section& section);
+
+    std::unordered_map<const xercesc::DOMElement*, Section> m_sections;
+    std::unordered_map<std::wstring, std::vector<Section*>> m_byID;  // each list by order
+    Section* m_first = nullptr;
+    Section* m_last = nullptr;
+    std::unordered_map<std::wstring, std::size_t> m_numbers;
+    std::unordered_map<const XMLCh*, std::size_t> m_nameNumbers;
+    std::unordered_map<std::size_t, std::vector<std::size_t>> m_nested;
+};
+
+/// The "ID" attribute's value; "" when there is none.
+std::wstring idOf(const xercesc::DOMElement& element);
+
+}  // namespace XMLConfig::detail
