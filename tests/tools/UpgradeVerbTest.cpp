@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,12 +31,18 @@ protected:
     TemporaryFolder folder;
 };
 
-// What the tool writes to a terminal as its standard error.
-std::string shownOnATerminal(const std::vector<std::string>& arguments) {
+// What the tool writes to a terminal as its standard error; nothing where the system gives no terminal.
+std::optional<std::string> shownOnATerminal(const std::vector<std::string>& arguments) {
     const int screen = ::posix_openpt(O_RDWR | O_NOCTTY);
-    if (screen < 0 || ::grantpt(screen) != 0 || ::unlockpt(screen) != 0) return "no terminal";
-    const std::string name = ::ptsname(screen);  // NOLINT(concurrency-mt-unsafe)
+    if (screen < 0) return std::nullopt;
+    const bool isGranted = ::grantpt(screen) == 0 && ::unlockpt(screen) == 0;
+    const char* const found = isGranted ? ::ptsname(screen) : nullptr;  // NOLINT(concurrency-mt-unsafe)
+    const std::string name = found == nullptr ? "" : found;
     const int kept = ::open(name.c_str(), O_RDWR | O_NOCTTY);
+    if (kept < 0) {
+        ::close(screen);
+        return std::nullopt;
+    }
     std::string command = shellQuoted(toolPath());
     for (const std::string& argument : arguments) command += " " + shellQuoted(argument);
     command += " > /dev/null 2> " + name;
@@ -216,7 +223,9 @@ TEST_F(UpgradeVerb, RemovedCameraIsAnError) {
 TEST_F(UpgradeVerb, LogLinesTakeThePlaceOfTheProgress) {
     const std::string one = write("1.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
     const std::string two = write("2.skorrax", "8.0");
-    EXPECT_THAT(shownOnATerminal({"upgrade", one, two}),
+    const std::optional<std::string> shown = shownOnATerminal({"upgrade", one, two});
+    if (!shown) GTEST_SKIP() << "no terminal can be made here";
+    EXPECT_THAT(*shown,
                 StartsWith("\r1/2 " + one + "\x1b[K" +
                            "\r\x1b[Kxmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\r\n" +
                            "\r\x1b[K" + "\r2/2 " + two + "\x1b[K\r\x1b[K"));
