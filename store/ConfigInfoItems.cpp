@@ -83,9 +83,7 @@ std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionNa
     return reporting(L"Error getItem: ", [&]() -> std::wstring {
         const auto* const item = m_document->getItem(sectionName, key, sectionID).element;
         if (item == nullptr || item->getFirstChild() == nullptr) return defaultValue;
-        const auto* const first = item->getFirstChild();
-        if (first->getNodeType() == xercesc::DOMNode::TEXT_NODE && first->getNextSibling() == nullptr)
-            return wideTextOf(*item);
+        if (XMLConfig::detail::isOneText(item->getFirstChild())) return wideTextOf(*item);
         const auto* const element = item->getFirstElementChild();
         return element == nullptr ? defaultValue : XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*element));
     });

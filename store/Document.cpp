@@ -1,6 +1,5 @@
 #include "store/Document.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/Files.h"
@@ -13,20 +12,8 @@
 
 namespace XMLConfig::detail {
 
-namespace {
-
 using xercesc::DOMElement;
 using xercesc::DOMNode;
-
-// The text that is the element's only content; null elsewhere.
-const xercesc::DOMText* onlyText(const DOMElement& element) {
-    const DOMNode* const first = element.getFirstChild();
-    const bool isOneText =
-        first != nullptr && first->getNodeType() == DOMNode::TEXT_NODE && first->getNextSibling() == nullptr;
-    return isOneText ? static_cast<const xercesc::DOMText*>(first) : nullptr;
-}
-
-}  // namespace
 
 Item knownItem(Section& section, const std::wstring& key) {
     KnownItem* const known = SectionIndex::item(section, key);
@@ -122,8 +109,14 @@ Item Document::getItem(const std::wstring& name, const std::wstring& key, const 
     return section == nullptr ? Item() : knownItem(*section, key);
 }
 
+bool isOneText(const DOMNode* firstChild) {
+    return firstChild != nullptr && firstChild->getNodeType() == DOMNode::TEXT_NODE &&
+           firstChild->getNextSibling() == nullptr;
+}
+
 std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {
-    if (const xercesc::DOMText* const text = onlyText(element)) return view(text->getNodeValue());
+    const DOMNode* const first = element.getFirstChild();
+    if (isOneText(first)) return view(first->getNodeValue());
     const auto gather = [&buffer](const auto& self, const DOMNode& node) -> void {
         for (const DOMNode* child = node.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
             const auto type = child->getNodeType();
@@ -144,10 +137,9 @@ std::u16string_view textOf(const Item& item, std::u16string& buffer) {
     SectionItems& items = item.section->items;
     const std::u16string_view known = items.text(*item.known);
     if (!known.empty()) return known;
-    const xercesc::DOMText* const only = onlyText(*item.element);
-    if (only == nullptr) return textOf(*item.element, buffer);
-    items.rememberText(*item.known, view(only->getNodeValue()));
-    return view(only->getNodeValue());
+    const std::u16string_view found = textOf(*item.element, buffer);
+    if (isOneText(item.element->getFirstChild())) items.rememberText(*item.known, found);
+    return found;
 }
 
 bool hasText(const DOMElement& element, const std::wstring& text) {

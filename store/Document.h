@@ -105,10 +105,13 @@ private:
     std::vector<xercesc::DOMText*> m_spareTexts;     // the XML library walks all it has kept whenever it makes a text
 };
 
+/// Whether a node's first child, null where it has none, is a text and its only child.
+bool isOneText(const xercesc::DOMNode* firstChild);
 /// The text of an element with that of everything inside it. The view is into the tree where the element holds one piece
 /// of text, else into `buffer`; it is good until the tree or the buffer changes.
 std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& buffer);
-/// The same of an item, which is remembered where it is one short piece of text.
+/// The same of an item, which is remembered where it is one short piece of text: the view is good until another item is
+/// read or anything changes.
 std::u16string_view textOf(const Item& item, std::u16string& buffer);
 bool hasText(const xercesc::DOMElement& element, const std::wstring& text);
 std::wstring wideTextOf(const xercesc::DOMElement& element);

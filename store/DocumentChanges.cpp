@@ -12,7 +12,6 @@ using xercesc::DOMElement;
 using xercesc::DOMNode;
 
 bool isText(const DOMNode* node) { return node != nullptr && node->getNodeType() == DOMNode::TEXT_NODE; }
-bool isOneText(const DOMNode* first) { return isText(first) && first->getNextSibling() == nullptr; }
 
 }  // namespace
 

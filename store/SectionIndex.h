@@ -22,7 +22,8 @@ public:
     std::size_t count(const std::wstring& tag);
     /// The section of that element, which must be a child of the root.
     Section& sectionOf(const xercesc::DOMElement* element);
-    /// The item that the key leads to, good until the section's items change; null when there is none.
+    /// The item that the key leads to, good until the section's items change or another is asked for; null when there is
+    /// none.
     static KnownItem* item(Section& section, const std::wstring& key);
     /// A child was appended to the section.
     static void itemAppended(Section& section, xercesc::DOMElement* child);

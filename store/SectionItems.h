@@ -26,13 +26,13 @@ public:
     bool isScanned = false;     ///< whether every child element of the section is known
     bool hasNamesakes = false;  ///< whether several elements were added for one number, of which the first is known
 
-    /// Null where there is none. Good until the next call that is not const, as what `add` gives.
+    /// Null where there is none. Good, as what `add` gives, until the next add, remove or clear.
     [[nodiscard]] KnownItem* find(std::size_t number);
     KnownItem& add(std::size_t number, xercesc::DOMElement* element, std::size_t expectedNumbers);
     void remove(std::size_t number);
     void clear();
 
-    /// The item's text where it is known, else nothing; good until another is remembered.
+    /// The item's text where it is known, else nothing; good until any text is remembered or forgotten.
     [[nodiscard]] std::u16string_view text(const KnownItem& item) const;
     /// The text of an item that holds nothing else. Long ones are not kept.
     void rememberText(KnownItem& item, std::u16string_view text);

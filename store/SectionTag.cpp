@@ -37,7 +37,6 @@ void SectionTag::remove(Section& section) {
 
 void SectionTag::rename(Section& section, const std::wstring& newID) {
     unlist(section);
-    section.hasID = true;
     section.id = newID;
     list(section);
 }

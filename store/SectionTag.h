@@ -19,7 +19,7 @@ struct Section {
     SectionTag* tag = nullptr;
     Section* previous = nullptr;  ///< in document order, among those of one tag
     Section* next = nullptr;
-    std::uint64_t order = 0;  ///< ascends with it
+    std::uint64_t order = 0;  ///< ascends in document order
     bool hasID = false;       ///< whether there is an "ID" attribute, which may be empty
     bool isFirstOfID = false;
     std::wstring id;

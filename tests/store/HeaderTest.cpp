@@ -118,4 +118,13 @@ TEST(InsertedBuildStamps, AreFoundAtOnce) {
     EXPECT_EQ(get(*document, L"S", L"A", L"1"), L"1");
 }
 
+TEST(InsertedBuildStamps, LeaveTheSectionThatWasReadLastReadable) {
+    const Document document = load("<ConfigInfo><S ID=\"1\"><A>1</A></S><DevelopedBy>m</DevelopedBy></ConfigInfo>");
+    EXPECT_EQ(get(*document, L"S", L"A", L"1"), L"1");
+    document->insertBuildDateAndNumber();
+    EXPECT_EQ(get(*document, L"S", L"A", L"1"), L"1");
+    set(*document, L"S", L"A", L"2", L"1");
+    EXPECT_CONTAINS(textOf(*document), "<A>2</A>");
+}
+
 }  // namespace storetests

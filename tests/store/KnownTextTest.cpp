@@ -28,13 +28,31 @@ TEST(KnownText, IsThatOfTheLastWrite) {
 }
 
 TEST(KnownText, ChangesWhenTheItemGetsAnItemInside) {
-    const Document document = load("<ConfigInfo><S><A>x</A><T><A>y</A></T></S></ConfigInfo>");
+    const Document document = load("<ConfigInfo><S><A>x</A></S></ConfigInfo>");
     EXPECT_EQ(get(*document, L"S", L"A", L""), L"x");
-    EXPECT_EQ(get(*document, L"S", L"T|A", L""), L"y");
     set(*document, L"S", L"A|B|C", L"1", L"");
-    set(*document, L"S", L"A|B", L"2", L"", L"T", L"");
     EXPECT_EQ(get(*document, L"S", L"A", L""), L"x1");
+}
+
+TEST(KnownText, ChangesWhenASubsectionPutsAnItemInside) {
+    const Document document = load("<ConfigInfo><S><T><A>y</A></T></S></ConfigInfo>");
+    EXPECT_EQ(get(*document, L"S", L"T|A", L""), L"y");
+    set(*document, L"S", L"A|B", L"2", L"", L"T", L"");
     EXPECT_EQ(get(*document, L"S", L"T|A", L""), L"y2");
+}
+
+TEST(KnownText, IsThatOfAllPiecesTogether) {
+    const Document document = load("<ConfigInfo><S><A>a<!--c-->b</A><B><![CDATA[d]]></B></S></ConfigInfo>");
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(get(*document, L"S", L"A", L""), L"ab");
+        EXPECT_EQ(get(*document, L"S", L"B", L""), L"d");
+    }
+    set(*document, L"S", L"A", L"e", L"");
+    set(*document, L"S", L"B", L"f", L"");
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(get(*document, L"S", L"A", L""), L"e");
+        EXPECT_EQ(get(*document, L"S", L"B", L""), L"f");
+    }
 }
 
 TEST(KnownText, ChangesWhenASubsectionWritesIt) {
@@ -92,6 +110,18 @@ TEST(KnownText, OfOthersOutlivesManyChangesOfOne) {
     }
     EXPECT_LT(forgotten, 400);  // now and then all are forgotten, or the copies would grow for ever
     EXPECT_GT(forgotten, 0);
+}
+
+TEST(KnownText, IsForgottenOfAllItems) {
+    SectionItems items;
+    for (const std::size_t number : {std::size_t(3), std::size_t(300)})
+        items.rememberText(items.add(number, element(number), 400), u"text");
+    items.forgetTexts();
+    EXPECT_TRUE(items.text(*items.find(3)).empty());
+    EXPECT_TRUE(items.text(*items.find(300)).empty());
+    items.rememberText(*items.find(300), u"other");
+    EXPECT_TRUE(items.text(*items.find(3)).empty());
+    EXPECT_EQ(items.text(*items.find(300)), u"other");
 }
 
 TEST(KnownText, GoesWithItsItem) {

@@ -77,6 +77,22 @@ TEST(StoreMemory, DoesNotGrowWithReadsBetweenWrites) {
     EXPECT_LT(residentPages() - before, 512) << "pages";
 }
 
+TEST(StoreMemory, DoesNotGrowWithItemsThatAreReadAndRemoved) {
+    ConfigInfo document;
+    set(document, L"S", L"Other", L"kept", L"1");
+    const auto work = [&document](int count) {
+        for (int i = 0; i < count; ++i) {
+            set(document, L"S", L"A", std::wstring(100, L'x'), L"1");
+            EXPECT_EQ(get(document, L"S", L"A", L"1").size(), 100u);
+            EXPECT_TRUE(document.removeItem(L"S", L"A", L"1"));
+        }
+    };
+    work(1000);
+    const long before = residentPages();
+    work(100000);
+    EXPECT_LT(residentPages() - before, 512) << "pages";
+}
+
 TEST(StoreMemory, GrowsWithTheItemsAndNotWithTheSectionsTimesTheKeys) {
     std::string text = "<ConfigInfo>";
     int key = 0;
