@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "store/ConfigInfo.h"
@@ -19,7 +21,7 @@ namespace {
 constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
 
 // A fragment that is about to be stored. Parsed before anything is changed.
-XMLConfig::detail::ParsedDocument parseElement(Document& document, const Address& address, const std::wstring& value) {
+XMLConfig::detail::NewElement parseElement(Document& document, const Address& address, const std::wstring& value) {
     try {
         return document.parseElement(XMLConfig::detail::toUtf8(value));
     } catch (const XMLConfig::detail::ParseFailure& failure) {
@@ -138,8 +140,8 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         const bool isNew = item.element == nullptr;
         if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item.element, value))) return;
 
-        const auto content =
-            isElement && !value.empty() ? parseElement(*m_document, address, value) : XMLConfig::detail::ParsedDocument();
+        auto content =
+            isElement && !value.empty() ? parseElement(*m_document, address, value) : XMLConfig::detail::NewElement();
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
 
         const std::wstring before = isNew ? std::wstring() : observed(*m_document, *item.element);
@@ -150,8 +152,8 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
             item = m_document->makeItem(container, key);
         }
         bool isChanged = true;
-        if (content.document) {
-            isChanged = m_document->setElement(item, *content.document->getDocumentElement(), container) || isNew;
+        if (content.element) {
+            isChanged = m_document->setElement(item, std::move(content), container) || isNew;
         } else if (!isElement) {
             m_document->setText(item, value, container);
         }

@@ -34,7 +34,7 @@ bool Document::parseDataFile(const std::wstring& path) {
     if (!canOpenForUpdate(path)) throw CorvaneException(L"Error parseDataFile: Can not open file: " + path);
     const std::wstring failed = L"Error parseDataFile: Error during parsing: " + path;
     try {
-        m_document = parseFile(path).document;
+        m_document = parseFile(path);
     } catch (const ParseFailure& failure) {
         throw CorvaneException(failed + L" XML message is: " + failure.message());
     } catch (const xercesc::XMLException& exception) {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "store/ChangeObserver.h"
-#include "store/DocumentParser.h"
+#include "store/FragmentParser.h"
 #include "store/SectionIndex.h"
 #include "store/XmlLibrary.h"
 
@@ -13,6 +13,8 @@ class ConfigInfo;
 /// The tree behind a ConfigInfo: loading and making it, finding elements by address, and the primitive changes that the
 /// public operations are made of. Keeps the section index true.
 namespace XMLConfig::detail {
+
+class Document;
 
 /// Where a value is: a section, perhaps a subsection, and a key. References to the caller's text.
 struct Address {
@@ -34,6 +36,17 @@ struct Item {
     xercesc::DOMElement* element = nullptr;
     KnownItem* known = nullptr;  ///< the index's own record of it, which subsections' items have none of
     Section* section = nullptr;  ///< where that record is kept
+};
+
+struct ReleaseElement {
+    Document* document = nullptr;
+    void operator()(xercesc::DOMElement* element) const;
+};
+
+/// An element that was parsed to be stored. It belongs to the document but is no part of its tree.
+struct NewElement {
+    std::unique_ptr<xercesc::DOMElement, ReleaseElement> element;
+    int depth = 0;  ///< levels of nested elements, itself counted
 };
 
 /// The item of a section that a key leads to.
@@ -68,13 +81,13 @@ public:
     // Changing. Callers set the dirty flag and tell the observer.
     Container makeContainer(const Address& address);
     /// Parses an element that is to be stored. Throws ParseFailure for anything else.
-    ParsedDocument parseElement(const std::string& text);
+    NewElement parseElement(const std::string& text);
     /// Walks the key below the container, making what is missing.
     Item makeItem(const Container& container, const std::wstring& key);
     void setSectionText(xercesc::DOMElement* section, const std::wstring& value);
     void setText(const Item& item, const std::wstring& value, const Container& container);
     /// The element becomes the item's only content. True when that differs from what was there by more than layout.
-    bool setElement(const Item& item, const xercesc::DOMElement& content, const Container& container);
+    bool setElement(const Item& item, NewElement content, const Container& container);
     void removeItem(Section& section, xercesc::DOMElement* item);
     void removeSection(Section& section);
     void removeSubSection(xercesc::DOMElement* subSection);
@@ -87,6 +100,8 @@ public:
     ChangeObserver* observer = nullptr;  ///< not owned
 
 private:
+    friend struct ReleaseElement;
+
     xercesc::DOMElement* makeElement(const xercesc::DOMNode& parent, const std::wstring& name);
     xercesc::DOMText* makeText(const std::u16string& text);
     /// Ends a node that has no parent any more.

@@ -103,10 +103,16 @@ Item Document::makeItem(const Container& container, const std::wstring& key) {
     }
 }
 
-ParsedDocument Document::parseElement(const std::string& text) {
+void ReleaseElement::operator()(DOMElement* element) const { document->release(element); }
+
+NewElement Document::parseElement(const std::string& text) {
     if (m_fragmentParser == nullptr) m_fragmentParser = std::make_unique<FragmentParser>();
+    const NewElement parent{{m_document->createElement(xmlText(u"Parsed")), {this}}};
     try {
-        return m_fragmentParser->parse(text);
+        const int depth = m_fragmentParser->parse(text, *parent.element);
+        DOMElement* const element = parent.element->getFirstElementChild();
+        unlink(*parent.element, *element);
+        return {{element, {this}}, depth};
     } catch (...) {
         m_fragmentParser.reset();
         throw;
@@ -126,17 +132,16 @@ void Document::setText(const Item& item, const std::wstring& value, const Contai
     if (!value.empty()) append(*item.element, *makeText(toUtf16(value)));
 }
 
-bool Document::setElement(const Item& item, const DOMElement& content, const Container& container) {
-    DOMElement* const copy = copyInto(*m_document, content);
+bool Document::setElement(const Item& item, NewElement content, const Container& container) {
     if (item.element->getFirstChild() == nullptr) {
-        append(*item.element, *copy);
+        append(*item.element, *content.element.release());
         return true;
     }
     forgetText(item, container);
     DOMNode* const before = item.element->cloneNode(true);
     if (item.element->getFirstElementChild() != nullptr) sectionOf(container).items.clear();
     removeChildren(item.element);
-    append(*item.element, *copy);
+    append(*item.element, *content.element.release());
     const bool isDifferent = !compareCollapsedNodes(*before, *item.element);
     release(before);
     return isDifferent;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -23,31 +22,8 @@ private:
     std::wstring m_message;
 };
 
-struct ParsedDocument {
-    DocumentPointer document;  ///< has a document element
-    int depth = 0;             ///< levels of nested elements
-};
-
-/// Parses a file as it is read. Throws ParseFailure for text that is not well-formed, holds a document type or is nested
-/// too deeply, and FileError when reading fails.
-ParsedDocument parseFile(const std::wstring& path);
-/// Parses elements given as UTF-8, one after the other: making a parser costs more than most elements.
-class FragmentParser {
-public:
-    FragmentParser();
-    ~FragmentParser();
-    FragmentParser(const FragmentParser&) = delete;
-    FragmentParser& operator=(const FragmentParser&) = delete;
-
-    /// Throws ParseFailure likewise; the parser should be thrown away then.
-    ParsedDocument parse(const std::string& text);
-
-private:
-    struct Parser;
-    std::unique_ptr<Parser> m_parser;
-};
-
-/// Parses one element given as UTF-8. Throws ParseFailure likewise.
-ParsedDocument parseFragment(const std::string& text);
+/// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
+/// holds a document type or is nested too deeply, and FileError when reading fails.
+DocumentPointer parseFile(const std::wstring& path);
 
 }  // namespace XMLConfig::detail

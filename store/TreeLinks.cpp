@@ -85,14 +85,4 @@ void unlink(DOMElement& parent, DOMNode& child) { parent.removeChild(&child); }
 
 #endif
 
-DOMElement* copyInto(xercesc::DOMDocument& document, const DOMElement& element) {
-    auto* const copy = static_cast<DOMElement*>(document.importNode(&element, false));
-    for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-        const bool isElement = child->getNodeType() == DOMNode::ELEMENT_NODE;
-        append(*copy,
-               isElement ? *copyInto(document, static_cast<const DOMElement&>(*child)) : *document.importNode(child, false));
-    }
-    return copy;
-}
-
 }  // namespace XMLConfig::detail

@@ -13,7 +13,5 @@ namespace XMLConfig::detail {
 void append(xercesc::DOMElement& parent, xercesc::DOMNode& child);
 /// `child` leaves `parent`. Throws DOMException (NOT_FOUND_ERR), as the XML library does, when it is no child of it.
 void unlink(xercesc::DOMElement& parent, xercesc::DOMNode& child);
-/// A copy, without a parent, of an element of another document and of all that is in it.
-xercesc::DOMElement* copyInto(xercesc::DOMDocument& document, const xercesc::DOMElement& element);
 
 }  // namespace XMLConfig::detail

@@ -4,6 +4,7 @@
 #include "store/CorvaneException.h"
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
+#include "store/FragmentParser.h"
 #include "store/SectionIndex.h"
 #include "store/XmlLibrary.h"
 
@@ -16,7 +17,7 @@ constexpr const wchar_t* prefix = L"Error XmlFragment: ";
 DocumentPointer parsed(const std::wstring& xml) {
     startXmlLibrary();
     try {
-        return parseFragment(toUtf8(xml)).document;
+        return parseFragment(toUtf8(xml));
     } catch (const ParseFailure& failure) {
         throw CorvaneException(prefix + std::wstring(L" XML message is: ") + failure.message());
     }

@@ -93,6 +93,20 @@ TEST(StoreMemory, DoesNotGrowWithItemsThatAreReadAndRemoved) {
     EXPECT_LT(residentPages() - before, 512) << "pages";
 }
 
+TEST(StoreMemory, DoesNotGrowWithElementsThatAreRefused) {
+    ConfigInfo document;
+    const std::string open = "<device><a x=\"1\">" + std::string(200, 'x') + "</a>";
+    const std::wstring value(open.begin(), open.end());
+    const auto work = [&](int count) {
+        for (int i = 0; i < count; ++i)
+            EXPECT_THROW(document.setStringItemAsDOMElement(L"S", L"A", value, L"1"), CorvaneException);
+    };
+    work(200);
+    const long before = residentPages();
+    work(5000);
+    EXPECT_LT(residentPages() - before, 512) << "pages";
+}
+
 TEST(StoreMemory, GrowsWithTheItemsAndNotWithTheSectionsTimesTheKeys) {
     std::string text = "<ConfigInfo>";
     int key = 0;

@@ -2,8 +2,7 @@
 
 #include <random>
 
-#include "store/DocumentParser.h"
-#include "tests/store/StoreSupport.h"
+#include "tests/store/TreeSupport.h"
 
 // What the store's own links make of a tree is held against what the XML library's functions make of its twin.
 
@@ -14,35 +13,6 @@ namespace {
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 using XMLConfig::detail::DocumentPointer;
-
-DocumentPointer parsed(const std::string& text) {
-    XMLConfig::detail::startXmlLibrary();
-    return XMLConfig::detail::parseFragment(text).document;
-}
-
-// Every way from the element to its children and back, as the XML library walks it.
-std::string described(const DOMNode& node) {
-    std::string text = std::to_string(node.getNodeType());
-    const auto name = XMLConfig::detail::view(node.getNodeName());
-    text.append(name.begin(), name.end());
-    const auto value = XMLConfig::detail::view(node.getNodeValue());
-    text.append("=").append(value.begin(), value.end());
-    const DOMNode* previous = nullptr;
-    for (const DOMNode* child = node.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-        EXPECT_EQ(child->getParentNode(), &node);
-        EXPECT_EQ(child->getPreviousSibling(), previous);
-        EXPECT_EQ(child->getOwnerDocument(), node.getOwnerDocument());
-        text += " (" + described(*child) + ")";
-        previous = child;
-    }
-    EXPECT_EQ(node.getLastChild(), previous);
-    const auto* const listed = node.getChildNodes();
-    XMLSize_t count = 0;
-    for (const DOMNode* child = node.getFirstChild(); child != nullptr; child = child->getNextSibling(), ++count)
-        EXPECT_EQ(listed->item(count), child);
-    EXPECT_EQ(listed->getLength(), count);
-    return text;
-}
 
 void expectAlone(const DOMNode& node) {
     EXPECT_EQ(node.getParentNode(), nullptr);
@@ -121,25 +91,6 @@ TEST(TreeLinks, RefuseWhatIsNoChild) {
         }
     }
     EXPECT_EQ(described(*root), before);
-}
-
-TEST(TreeLinks, CopyAnElementWithAllThatIsInIt) {
-    const DocumentPointer from = parsed(mixed);
-    const DocumentPointer to = parsed("<other/>");
-    DOMElement* const copy = XMLConfig::detail::copyInto(*to, *from->getDocumentElement());
-    expectAlone(*copy);
-    EXPECT_EQ(copy->getOwnerDocument(), to.get());
-    EXPECT_TRUE(copy->isEqualNode(from->getDocumentElement()));
-    EXPECT_EQ(described(*copy), described(*from->getDocumentElement()));
-    XMLConfig::detail::append(*to->getDocumentElement(), *copy);
-    EXPECT_EQ(copy->getParentNode(), to->getDocumentElement());
-}
-
-TEST(TreeLinks, CopyNamespaces) {
-    const DocumentPointer from = parsed("<p:a xmlns:p=\"urn:p\" p:x=\"1\"><p:b/><c xmlns=\"urn:c\"/></p:a>");
-    const DocumentPointer to = parsed("<other/>");
-    DOMElement* const copy = XMLConfig::detail::copyInto(*to, *from->getDocumentElement());
-    EXPECT_TRUE(copy->isEqualNode(from->getDocumentElement()));
 }
 
 }  // namespace storetests

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "store/XmlLibrary.h"
+
+namespace XMLConfig::detail {
+
+/// Parses elements given as UTF-8, one after the other, into a tree that there is: making a parser and a document for each
+/// costs more than most elements.
+class FragmentParser {
+public:
+    FragmentParser();
+    ~FragmentParser();
+    FragmentParser(const FragmentParser&) = delete;
+    FragmentParser& operator=(const FragmentParser&) = delete;
+
+    /// The element becomes the last child of `parent`; comments beside it come along. Gives how many levels of elements it
+    /// has, itself counted. Throws ParseFailure as parseFile does, and for XML 1.1: then something may be in `parent`, and
+    /// the parser must be thrown away.
+    int parse(const std::string& text, xercesc::DOMElement& parent);
+
+private:
+    class Builder;
+    std::unique_ptr<Builder> m_builder;
+};
+
+/// Parses one element given as UTF-8 into a document of its own. Throws likewise.
+DocumentPointer parseFragment(const std::string& text);
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,138 @@
+#include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/framework/Wrapper4InputSource.hpp>
+
+#include <filesystem>
+#include <random>
+
+#include "store/DocumentParser.h"
+#include "store/StrictParser.h"
+#include "tests/store/StoreSupport.h"
+#include "tests/store/TreeSupport.h"
+
+// The store's parsers join most elements to the tree themselves: what they make is held against what the XML library's own
+// parser makes of the same text.
+
+namespace storetests {
+
+namespace {
+
+using xercesc::DOMElement;
+using XMLConfig::detail::DocumentPointer;
+using XMLConfig::detail::FragmentParser;
+using XMLConfig::detail::ParseFailure;
+using XMLConfig::detail::xmlText;
+
+DocumentPointer parsedByTheLibrary(const std::string& text) {
+    xercesc::DOMLSParserImpl parser;
+    parser.setParameter(xercesc::XMLUni::fgXercesUserAdoptsDOMDocument, true);
+    const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(text.data()), text.size(), "memory");
+    const xercesc::Wrapper4InputSource input(const_cast<xercesc::MemBufInputSource*>(&source), false);
+    return DocumentPointer(parser.parse(&input));
+}
+
+int depthOf(const DOMElement& element) {
+    int inside = 0;
+    for (const auto* child = element.getFirstElementChild(); child != nullptr; child = child->getNextElementSibling())
+        inside = std::max(inside, depthOf(*child));
+    return inside + 1;
+}
+
+void expectTheLibrarysTree(FragmentParser& fragments, const std::string& text) {
+    SCOPED_TRACE(text.substr(0, 500));
+    const DocumentPointer own = parsed(text);
+    const DocumentPointer theirs = parsedByTheLibrary(text);
+    const std::string expected = described(*theirs->getDocumentElement());
+    EXPECT_EQ(described(*own->getDocumentElement()), expected);
+    EXPECT_EQ(own->getChildNodes()->getLength(), theirs->getChildNodes()->getLength());
+
+    DOMElement* const parent = theirs->createElement(xmlText(u"parent"));
+    EXPECT_EQ(fragments.parse(text, *parent), depthOf(*theirs->getDocumentElement()));
+    ASSERT_EQ(parent->getChildElementCount(), 1U);
+    EXPECT_EQ(described(*parent->getFirstElementChild()), expected);
+    EXPECT_EQ(parent->getChildNodes()->getLength(), theirs->getChildNodes()->getLength());
+    EXPECT_EQ(described(*theirs->getDocumentElement()), expected);
+}
+
+const char* const fragmentTexts[] = {
+    "<a/>",
+    "<a></a>",
+    "<a>text</a>",
+    "<a x=\"1\"/>",
+    "<a><b/><c></c><d>1</d><b/></a>",
+    "<a>\n  <b>1</b>\n  <c y=\"2\" x=\"1\">\n    <d/>\n  </c>\n</a>",
+    "<a>one<b/>two<!--c-->three<?p i?>four<![CDATA[<five>]]>six</a>",
+    "<!--before--><?p i?><a><b/></a><!--behind--> \n",
+    "<a>&amp;&lt;&gt;&quot;&apos;&#65;&#x1F600;</a>",
+    "<a x=\"&amp;&#10;&quot;\"><b/></a>",
+    "<p:a xmlns:p=\"urn:p\" p:x=\"1\" x=\"2\"><p:b/><b/><c xmlns=\"urn:c\"><d/><e x=\"3\"/></c><f/></p:a>",
+    "<a xmlns=\"urn:a\"><b><c xmlns=\"\"><d/></c></b></a>",
+    "<a xml:space=\"preserve\" xml:id=\"i\"> <b/> </a>",
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?><a><b/>\xC3\xA4</a>",
+};
+
+std::string randomElement(std::mt19937& random, int level) {
+    const std::string name(1, static_cast<char>('a' + random() % 4));
+    std::string text = "<" + name;
+    if (random() % 3 == 0) text += " x=\"" + std::to_string(random() % 9) + "\"";
+    if (random() % 9 == 0) text += " xmlns=\"urn:" + name + "\"";
+    if (random() % 5 == 0) return text + "/>";
+    text += ">";
+    for (auto count = random() % 5; count > 0; --count) {
+        const auto kind = random() % 8;
+        if (kind < 4 && level < 6) text += randomElement(random, level + 1);
+        else if (kind < 6) text += random() % 2 == 0 ? "\n  " : "text";
+        else if (kind == 6) text += "<!--c-->";
+        else text += "<![CDATA[d]]>";
+    }
+    return text + "</" + name + ">";
+}
+
+}  // namespace
+
+TEST(Parser, MakesTheTreesOfTheXmlLibrary) {
+    XMLConfig::detail::startXmlLibrary();
+    FragmentParser fragments;
+    for (const char* const text : fragmentTexts) expectTheLibrarysTree(fragments, text);
+}
+
+TEST(Parser, MakesTheTreesOfTheXmlLibraryAtRandom) {
+    XMLConfig::detail::startXmlLibrary();
+    FragmentParser fragments;
+    std::mt19937 random(20190311);
+    for (int i = 0; i < 2000 && !testing::Test::HasFailure(); ++i)
+        expectTheLibrarysTree(fragments, randomElement(random, 0));
+}
+
+TEST(Parser, MakesTheTreesOfTheXmlLibraryOfTheExamples) {
+    XMLConfig::detail::startXmlLibrary();
+    int count = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator("examples")) {
+        if (entry.path().extension() != ".skorra" && entry.path().extension() != ".skorrax") continue;
+        const DocumentPointer own = XMLConfig::detail::parseFile(wideOf(entry.path()));
+        std::ifstream file(entry.path(), std::ios::binary);
+        const DocumentPointer theirs = parsedByTheLibrary(std::string(std::istreambuf_iterator<char>(file), {}));
+        EXPECT_EQ(described(*own->getDocumentElement()), described(*theirs->getDocumentElement())) << entry.path();
+        ++count;
+    }
+    EXPECT_EQ(count, 11);
+}
+
+TEST(Parser, LeavesTheTreeToItsOwnerAfterAFailure) {
+    const DocumentPointer document = parsed("<r><kept>1</kept></r>");
+    const std::string before = described(*document->getDocumentElement());
+    for (const char* const text :
+         {"", " ", "text", "<a>", "<a/><b/>", "<a><b></a>", "<a>&unknown;</a>", "<!--c-->", "<p:a/>",
+          "<?xml version=\"1.1\"?><a/>", "<?xml version=\"1.2\"?><a/>", "<!DOCTYPE a><a/>"}) {
+        FragmentParser parser;
+        DOMElement* const parent = document->createElement(xmlText(u"parent"));
+        EXPECT_THROW(parser.parse(text, *parent), ParseFailure) << text;
+        parent->release();
+    }
+    EXPECT_EQ(described(*document->getDocumentElement()), before);
+    FragmentParser parser;
+    EXPECT_EQ(parser.parse("<a><b/></a>", *document->getDocumentElement()), 2);
+    EXPECT_EQ(described(*document->getDocumentElement()->getLastElementChild()),
+              described(*parsed("<a><b/></a>")->getDocumentElement()));
+}
+
+}  // namespace storetests
