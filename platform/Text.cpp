@@ -208,6 +208,10 @@ std::optional<CharacterFault> firstCharacterXmlCannotHold(std::wstring_view text
     const wchar_t* const end = at + text.size();
     for (std::size_t position = 1; at != end; ++position) {
         const char32_t first = valueOf(*at);
+        if (first >= 0x20 && first < 0xD800) {
+            ++at;
+            continue;
+        }
         const char32_t character = takeCharacter(at, end);
         if (!xmlHolds(character)) return CharacterFault{position, character == illFormed ? first : character};
     }

@@ -24,7 +24,7 @@ inline void setTextItem(ConfigInfo& document, const wchar_t* section, const wcha
 }
 
 /// Items that the section lacks are passed over.
-inline void removeItems(ConfigInfo& document, const wchar_t* section, std::initializer_list<const wchar_t*> keys,
+inline void removeItems(ConfigInfo& document, const std::wstring& section, std::initializer_list<const wchar_t*> keys,
                         const std::wstring& id = {}) {
     for (const wchar_t* key : keys) document.removeItem(section, key, id);
 }

@@ -14,7 +14,8 @@ constexpr int channelCount = 50;
 constexpr int sampleCount = 4;
 
 void removeNumbered(ConfigInfo& document, const wchar_t* prefix, int count, const std::wstring& id) {
-    for (int i = 0; i < count; ++i) document.removeItem(L"Camera", prefix + formatInteger(i), id);
+    const std::wstring section = L"Camera";
+    for (int i = 0; i < count; ++i) document.removeItem(section, prefix + formatInteger(i), id);
 }
 
 void removeCalibration(ConfigInfo& document, const std::wstring& id) {
