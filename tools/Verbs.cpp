@@ -12,7 +12,8 @@ const char* const addressHelp =
 
 const std::vector<Verb>& verbs() {
     static const std::vector<Verb> table = {
-        {"new", "Make a file that holds a new configuration", setUpNew, runNew},
+        // A save that fails is logged and thrown; once is enough.
+        {"new", "Make a file that holds a new configuration", setUpNew, runNew, XMLConfig::LogLevel::Error},
         {"show", "Show what a file holds", setUpShow, runShow},
         {"get", "Print the values at addresses", setUpGet, runGet},
         {"set", "Change the values at addresses, all or none", setUpSet, runSet},
