@@ -44,8 +44,7 @@ bool Document::parseDataFile(const std::wstring& path) {
     } catch (...) {
         throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + path);
     }
-    m_spareItems.clear();
-    m_spareTexts.clear();
+    forgetTree();
     m_index.reset(m_document->getDocumentElement());
     return true;
 }
@@ -54,8 +53,7 @@ void Document::initializeDOM() {
     if (m_implementation == nullptr) {
         throw CorvaneException(L"Error initializeDataFile: Requested implementation is not supported");
     }
-    m_spareItems.clear();
-    m_spareTexts.clear();
+    forgetTree();
     try {
         m_document.reset(m_implementation->createDocument(nullptr, xmlText(u"ConfigInfo"), nullptr));
         appendElement(root(), L"Version", formatFixed(latestFileVersion, 3));
@@ -68,6 +66,12 @@ void Document::initializeDOM() {
         throw CorvaneException(L"Error initializeDataFile: An unknown error occurred creating the document");
     }
     m_index.reset(root());
+}
+
+void Document::forgetTree() {
+    m_spareItems.clear();
+    m_spareTexts.clear();
+    m_parsed = nullptr;
 }
 
 DOMElement* Document::root() const { return m_document ? m_document->getDocumentElement() : nullptr; }

@@ -104,6 +104,8 @@ private:
 
     xercesc::DOMElement* makeElement(const xercesc::DOMNode& parent, const std::wstring& name);
     xercesc::DOMText* makeText(const std::u16string& text);
+    /// There is another tree.
+    void forgetTree();
     /// Ends a node that has no parent any more.
     void release(xercesc::DOMNode* node);
     void removeAndRelease(xercesc::DOMElement* parent, xercesc::DOMNode* child);
@@ -116,6 +118,7 @@ private:
     DocumentPointer m_document;
     mutable SectionIndex m_index;
     std::unique_ptr<FragmentParser> m_fragmentParser;
+    xercesc::DOMElement* m_parsed = nullptr;         // holds what is parsed until it is stored; made when it is needed
     std::vector<xercesc::DOMElement*> m_spareItems;  // removed; taken apart only when a text is asked for
     std::vector<xercesc::DOMText*> m_spareTexts;     // the XML library walks all it has kept whenever it makes a text
 };

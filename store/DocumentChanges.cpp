@@ -103,18 +103,30 @@ Item Document::makeItem(const Container& container, const std::wstring& key) {
     }
 }
 
-void ReleaseElement::operator()(DOMElement* element) const { document->release(element); }
+void ReleaseElement::operator()(DOMElement* element) const {
+    try {
+        document->release(element);
+    } catch (...) {  // without memory what is left of it goes with the document
+    }
+}
 
 NewElement Document::parseElement(const std::string& text) {
-    if (m_fragmentParser == nullptr) m_fragmentParser = std::make_unique<FragmentParser>();
-    const NewElement parent{{m_document->createElement(xmlText(u"Parsed")), {this}}};
+    if (m_fragmentParser == nullptr) {
+        // What is refused half way leaves memory with the tree, so that text is suspect until one was good.
+        [[maybe_unused]] const DocumentPointer tried = parseFragment(text);
+        m_fragmentParser = std::make_unique<FragmentParser>();
+    }
+    if (m_parsed == nullptr) m_parsed = m_document->createElement(xmlText(u"Parsed"));
     try {
-        const int depth = m_fragmentParser->parse(text, *parent.element);
-        DOMElement* const element = parent.element->getFirstElementChild();
-        unlink(*parent.element, *element);
-        return {{element, {this}}, depth};
+        const int depth = m_fragmentParser->parse(text, *m_parsed);
+        DOMElement* const element = m_parsed->getFirstElementChild();
+        unlink(*m_parsed, *element);
+        NewElement parsed{{element, {this}}, depth};
+        removeChildren(m_parsed);
+        return parsed;
     } catch (...) {
         m_fragmentParser.reset();
+        removeChildren(m_parsed);
         throw;
     }
 }

@@ -74,7 +74,10 @@ private:
     class Loan {
     public:
         Loan(Builder& builder, DOMElement& parent) : m_builder(builder) { builder.m_parent = &parent; }
-        ~Loan() { m_builder.fDocument = nullptr; }
+        ~Loan() {
+            m_builder.m_parent = nullptr;
+            m_builder.fDocument = nullptr;
+        }
         Loan(const Loan&) = delete;
         Loan& operator=(const Loan&) = delete;
 

@@ -16,9 +16,9 @@ public:
     FragmentParser(const FragmentParser&) = delete;
     FragmentParser& operator=(const FragmentParser&) = delete;
 
-    /// The element becomes the last child of `parent`; comments beside it come along. Gives how many levels of elements it
-    /// has, itself counted. Throws ParseFailure as parseFile does, and for XML 1.1: then something may be in `parent`, and
-    /// the parser must be thrown away.
+    /// The element becomes the last child of `parent`; comments and instructions beside it come along. Gives how many
+    /// levels of elements it has, itself counted. Throws ParseFailure as parseFile does, and for XML 1.1: then something may
+    /// be in `parent`, and the parser must be thrown away.
     int parse(const std::string& text, xercesc::DOMElement& parent);
 
 private:

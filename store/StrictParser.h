@@ -7,8 +7,8 @@
 namespace XMLConfig::detail {
 
 /// The XML library's parser, which never says that text is malformed unless it is asked. This one stops at the first fault
-/// with a ParseFailure, and must be thrown away then. It opens no other file. Elements without attributes, as most are, it
-/// joins to the tree by their links (see TreeLinks.h), since the library takes longer to join than to read them.
+/// with a ParseFailure, and must be thrown away then. It opens no other file. Elements without attributes and namespace, as
+/// most are, it joins to the tree by their links (see TreeLinks.h): the library takes longer to join than to read them.
 class StrictParser : public xercesc::DOMLSParserImpl {
 public:
     StrictParser();

@@ -1,11 +1,14 @@
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <random>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
+#include <xercesc/parsers/DOMLSParserImpl.hpp>
 
-#include <filesystem>
-#include <random>
-
+#include "platform/Text.h"
+#include "store/Document.h"
 #include "store/DocumentParser.h"
-#include "store/StrictParser.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/store/TreeSupport.h"
 
@@ -51,6 +54,17 @@ void expectTheLibrarysTree(FragmentParser& fragments, const std::string& text) {
     EXPECT_EQ(described(*parent->getFirstElementChild()), expected);
     EXPECT_EQ(parent->getChildNodes()->getLength(), theirs->getChildNodes()->getLength());
     EXPECT_EQ(described(*theirs->getDocumentElement()), expected);
+}
+
+// The element that the document holds after `text` was stored, as the XML library's own parser reads it.
+void expectStored(ConfigInfo& document, const std::string& text) {
+    SCOPED_TRACE(text.substr(0, 500));
+    document.setStringItemAsDOMElement(L"S", L"A", XMLConfig::detail::fromUtf8(text), L"1");
+    const std::wstring stored = document.getStringItemAsDOMElement(L"S", L"A", L"", L"1");
+    const DocumentPointer own = parsedByTheLibrary(XMLConfig::detail::toUtf8(stored));
+    const DocumentPointer theirs = parsedByTheLibrary(text);
+    EXPECT_TRUE(XMLConfig::detail::compareCollapsedNodes(*own->getDocumentElement(), *theirs->getDocumentElement()))
+        << XMLConfig::detail::toUtf8(stored);
 }
 
 const char* const fragmentTexts[] = {
@@ -133,6 +147,40 @@ TEST(Parser, LeavesTheTreeToItsOwnerAfterAFailure) {
     EXPECT_EQ(parser.parse("<a><b/></a>", *document->getDocumentElement()), 2);
     EXPECT_EQ(described(*document->getDocumentElement()->getLastElementChild()),
               described(*parsed("<a><b/></a>")->getDocumentElement()));
+}
+
+TEST(StoredElements, AreThoseOfTheText) {
+    ConfigInfo document;
+    for (const char* const text : fragmentTexts) expectStored(document, text);
+    std::mt19937 random(20190311);
+    for (int i = 0; i < 1000 && !testing::Test::HasFailure(); ++i) expectStored(document, randomElement(random, 0));
+}
+
+TEST(StoredElements, MayHaveAnyNameThatCanBeReadAgain) {
+    const Document document = load("<ConfigInfo><S ID=\"1\"/></ConfigInfo>");
+    const std::wstring text = XMLConfig::detail::fromUtf8("<a><\xF0\x90\x90\x80 \xF0\x90\x90\x81=\"1\"/></a>");
+    document->setStringItemAsDOMElement(L"S", L"A", text, L"1");
+    EXPECT_EQ(document->getStringItemAsDOMElement(L"S", L"A", L"", L"1"),
+              XMLConfig::detail::fromUtf8("<a>\n  <\xF0\x90\x90\x80 \xF0\x90\x90\x81=\"1\"/>\n</a>"));
+    EXPECT_EQ(textOf(*reloaded(*document)), textOf(*document));
+}
+
+TEST(StoredElements, AreRefusedOnlyAsOftenAsTheyAreMalformed) {
+    const Document document = load("<ConfigInfo><S ID=\"1\"><A>1</A></S></ConfigInfo>");
+    const auto store = [&](const wchar_t* text) { document->setStringItemAsDOMElement(L"S", L"A", text, L"1"); };
+    for (int i = 0; i < 3; ++i) {
+        const std::string before = textOf(*document);
+        document->setDirty(false);
+        for (const wchar_t* const text : {L"<a>", L"<!--c--><a/><b/>", L"<a><b>1</b>"}) {
+            EXPECT_THROW(store(text), CorvaneException);
+            EXPECT_FALSE(document->isDirty());
+            EXPECT_EQ(textOf(*document), before);
+        }
+        store(i % 2 == 0 ? L"<!--c--><a><b>1</b></a>" : L"<a>2</a>");
+        EXPECT_TRUE(document->isDirty());
+        EXPECT_EQ(document->getStringItemAsDOMElement(L"S", L"A", L"", L"1"),
+                  i % 2 == 0 ? L"<a>\n  <b>1</b>\n</a>" : L"<a>2</a>");
+    }
 }
 
 }  // namespace storetests
