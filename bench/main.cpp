@@ -17,8 +17,8 @@ namespace {
 
 /// What the table needs, before the caller's own options, which win.
 std::vector<std::string> withDefaults(int argumentCount, char** arguments) {
-    std::vector<std::string> all = {arguments[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=11",
-                                    "--benchmark_min_time=0.05"};
+    std::vector<std::string> all = {arguments[0], "--benchmark_enable_random_interleaving=true",
+                                    "--benchmark_repetitions=11", "--benchmark_min_time=0.05"};
     all.insert(all.end(), arguments + 1, arguments + argumentCount);
     return all;
 }
