@@ -22,6 +22,16 @@ std::string readWholeFile(const std::wstring& path) {
     }
 }
 
+std::string gather(const ByteSource& source) {
+    std::string bytes;
+    source([&bytes](std::string_view piece) { bytes += piece; });
+    return bytes;
+}
+
+void replaceFile(const std::wstring& path, std::string_view bytes) {
+    replaceFile(path, [bytes](const ByteSink& sink) { sink(bytes); });
+}
+
 bool makeFolders(const std::wstring& path) {
     if (makeFolder(path)) return true;
     const std::wstring above = folderOf(path);

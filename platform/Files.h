@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -42,12 +43,21 @@ private:
 /// The whole file. Throws FileError.
 std::string readWholeFile(const std::wstring& path);
 
+/// Takes a piece of a file's bytes. The view is good during the call.
+using ByteSink = std::function<void(std::string_view)>;
+/// Gives all the bytes of a file, piece by piece and in order. May be asked more than once and gives the same again.
+using ByteSource = std::function<void(const ByteSink&)>;
+
+/// All that a source gives.
+std::string gather(const ByteSource& source);
+
 /// Replaces the file's content, all or nothing: the bytes are written completely to a new file in the same folder,
 /// flushed to the disk, and that file takes the target's place. The target's permissions are kept (a new file gets
 /// 0666 less the umask) and a symbolic link is followed (a dangling one gets its target made). A target that may not
 /// be written (no write permission bit, for the superuser too) is refused. Where the folder admits no second file, or
 /// the target is no regular file (a device, a pipe), the bytes are written straight to it.
-/// On failure throws FileError; the old file stands as it was and no other file is left behind.
+/// On failure throws FileError, or what the source throws; the old file stands as it was and no other file is left.
+void replaceFile(const std::wstring& path, const ByteSource& source);
 void replaceFile(const std::wstring& path, std::string_view bytes);
 
 bool fileExists(const std::wstring& path);  ///< anything of that name, folders included

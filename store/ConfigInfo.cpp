@@ -51,7 +51,9 @@ bool ConfigInfo::save(const std::wstring& path) {
             L"Error save(): Document not created, operation sequence is out of order, initialize document before using.");
     }
     try {
-        XMLConfig::detail::replaceFile(path, XMLConfig::detail::writeDocument(m_document->tree()));
+        XMLConfig::detail::replaceFile(path, [this](const XMLConfig::detail::ByteSink& sink) {
+            XMLConfig::detail::writeDocument(m_document->tree(), sink);
+        });
     } catch (const XMLConfig::detail::FileError& error) {
         const std::wstring message =
             L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" + error.message();

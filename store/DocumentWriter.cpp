@@ -11,6 +11,7 @@ using xercesc::DOMNode;
 
 constexpr int sectionLevel = 1;  // down to this level of a document text is no value, so white space alone is layout
 constexpr int noLevel = -1;
+constexpr std::size_t pieceSize = 64 * 1024;
 
 enum class Content { Empty, Layout, Verbatim };
 
@@ -20,12 +21,15 @@ bool isText(const DOMNode& node) {
 
 class Writer {
 public:
-    Writer(bool isXml11, int lastLayoutLevel) : m_isXml11(isXml11), m_lastLayoutLevel(lastLayoutLevel) {}
+    /// Without a sink the text is kept until it is taken.
+    Writer(bool isXml11, int lastLayoutLevel, const ByteSink* sink = nullptr)
+        : m_isXml11(isXml11), m_lastLayoutLevel(lastLayoutLevel), m_sink(sink) {}
 
     void writeLine(const DOMNode& node, int level) {
         m_out.append(static_cast<std::size_t>(level) * 2, ' ');
         writeNode(node, level, false);
         m_out += '\n';
+        if (m_sink != nullptr && m_out.size() >= pieceSize) passOn();
     }
 
     void writeNode(const DOMNode& node, int level, bool isInside) {
@@ -47,6 +51,10 @@ public:
 
     void append(const char* text) { m_out += text; }
     std::string take() { return std::move(m_out); }
+    void passOn() {
+        (*m_sink)(m_out);
+        m_out.clear();
+    }
 
 private:
     void writeElement(const DOMElement& element, int level, bool isInside) {
@@ -181,6 +189,7 @@ private:
 
     bool m_isXml11;
     int m_lastLayoutLevel;
+    const ByteSink* m_sink;
     std::string m_out;
 };
 
@@ -188,15 +197,15 @@ private:
 
 bool isLayout(std::u16string_view text) { return text.find_first_not_of(u" \t\n") == std::u16string_view::npos; }
 
-std::string writeDocument(const xercesc::DOMDocument& document) {
+void writeDocument(const xercesc::DOMDocument& document, const ByteSink& sink) {
     const bool isXml11 = view(document.getXmlVersion()) == u"1.1";
-    Writer writer(isXml11, sectionLevel);
+    Writer writer(isXml11, sectionLevel, &sink);
     writer.append(isXml11 ? "<?xml version=\"1.1\"" : "<?xml version=\"1.0\"");
     writer.append(" encoding=\"UTF-8\" standalone=\"no\" ?>\n");
     for (const DOMNode* node = document.getFirstChild(); node != nullptr; node = node->getNextSibling()) {
         writer.writeLine(*node, 0);
     }
-    return writer.take();
+    writer.passOn();
 }
 
 std::string writeElement(const xercesc::DOMElement& element) {

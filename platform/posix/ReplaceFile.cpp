@@ -114,9 +114,13 @@ void finish(OpenFile& file) {
     file.close();
 }
 
-void createFile(const std::string& target, std::string_view bytes) {
+void write(OpenFile& file, const ByteSource& source) {
+    source([&file](std::string_view bytes) { file.write(bytes); });
+}
+
+void createFile(const std::string& target, const ByteSource& source) {
     NewFile created(target, 0666);
-    created.file().write(bytes);
+    write(created.file(), source);
     finish(created.file());
     created.place();
     flushFolder(systemFolder(target));
@@ -126,10 +130,10 @@ void createFile(const std::string& target, std::string_view bytes) {
 bool isRefusal(int error) { return error == EACCES || error == EPERM || error == EBUSY; }
 
 /// False, and nothing changed, when the folder admits no second file in the target's place.
-bool exchange(const std::string& target, const OpenFile& old, std::string_view bytes) {
+bool exchange(const std::string& target, const OpenFile& old, const ByteSource& source) {
     try {
         NewFile created(target, S_IRUSR | S_IWUSR);
-        created.file().write(bytes);
+        write(created.file(), source);
         copyPermissions(old, created.file());  // last, since writing may cut them
         finish(created.file());
         created.place();
@@ -184,32 +188,32 @@ void overwrite(const std::string& target, OpenFile& old, std::string_view bytes)
     }
 }
 
-void replaceRegular(const std::string& path, std::string_view bytes) {
+void replaceRegular(const std::string& path, const ByteSource& source) {
     OpenFile old(path, purpose, O_WRONLY);
     const std::string target = resolved(path);
     const std::optional<struct stat> status = statusOf(target);
     // A name below /proc can lead to a file that no folder names any more.
     const bool isNamed = status && isSameFile(*status, old.status());
-    if (!isNamed || !exchange(target, old, bytes)) overwrite(path, old, bytes);
+    if (!isNamed || !exchange(target, old, source)) overwrite(path, old, gather(source));
 }
 
 }  // namespace
 
-void replaceFile(const std::wstring& path, std::string_view bytes) {
+void replaceFile(const std::wstring& path, const ByteSource& source) {
     const QuietWrites quiet;
     const std::string name = systemPath(path);
     const std::optional<struct stat> status = statusOf(name);
     if (!status) {
-        createFile(resolved(name), bytes);
+        createFile(resolved(name), source);
     } else if (S_ISDIR(status->st_mode)) {
         throwFileError(purpose, name, EISDIR);
     } else if ((status->st_mode & writeBits) == 0) {
         throwFileError(purpose, name, EACCES);
     } else if (S_ISREG(status->st_mode)) {
-        replaceRegular(name, bytes);
+        replaceRegular(name, source);
     } else {
         OpenFile device(name, purpose, O_WRONLY);
-        device.write(bytes);
+        write(device, source);
         finish(device);
     }
 }

@@ -22,6 +22,10 @@ std::wstring secretNameBeside(const std::wstring& target) {
     return name;
 }
 
+void write(OpenFile& file, const ByteSource& source) {
+    source([&file](std::string_view bytes) { file.write(bytes); });
+}
+
 /// A file beside the target, until it takes the target's place. Removed otherwise.
 class NewFile {
 public:
@@ -37,8 +41,8 @@ public:
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
-    void complete(std::string_view bytes) {
-        m_file->write(bytes);
+    void complete(const ByteSource& source) {
+        write(*m_file, source);
         m_file->flush();
         m_file->close();
     }
@@ -62,14 +66,14 @@ private:
     bool m_placed = false;
 };
 
-void createFile(const std::wstring& name, const std::wstring& shownAs, std::string_view bytes) {
+void createFile(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
     NewFile created(name, shownAs);
-    created.complete(bytes);
+    created.complete(source);
     created.placeAsNew();
 }
 
 /// False, and nothing changed, when the folder admits no second file.
-bool exchange(const std::wstring& name, const std::wstring& shownAs, std::string_view bytes) {
+bool exchange(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
     std::optional<NewFile> created;
     try {
         created.emplace(name, shownAs);
@@ -77,7 +81,7 @@ bool exchange(const std::wstring& name, const std::wstring& shownAs, std::string
         if (error.code() != ERROR_ACCESS_DENIED) throw;
         return false;
     }
-    created->complete(bytes);
+    created->complete(source);
     created->placeInstead();
     return true;
 }
@@ -121,32 +125,32 @@ bool isLink(DWORD attributes) {
 }
 
 /// A link to nothing gets an empty target first, whose name the system then tells.
-void createBehindLink(const std::wstring& link, const std::wstring& shownAs, std::string_view bytes) {
+void createBehindLink(const std::wstring& link, const std::wstring& shownAs, const ByteSource& source) {
     std::wstring name;
     {
         const OpenFile made(link, purpose, shownAs, {GENERIC_WRITE, shareReading, OPEN_ALWAYS});
         name = made.finalName();
     }
     try {
-        createFile(name, shownAs, bytes);
-    } catch (const SystemError&) {
+        createFile(name, shownAs, source);
+    } catch (...) {
         ::DeleteFileW(name.c_str());
         throw;
     }
 }
 
-void replaceExisting(const std::wstring& name, const std::wstring& shownAs, std::string_view bytes) {
+void replaceExisting(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
     std::wstring target;
     {
         OpenFile old(name, purpose, shownAs, {GENERIC_WRITE, shareReading, OPEN_EXISTING});
         if (!old.isOnDisk()) {
-            old.write(bytes);
+            write(old, source);
             old.flush();
             return;
         }
         target = old.finalName();
     }
-    if (!exchange(target, shownAs, bytes)) overwrite(target, shownAs, bytes);
+    if (!exchange(target, shownAs, source)) overwrite(target, shownAs, gather(source));
 }
 
 bool isMissing(const SystemError& error) {
@@ -155,20 +159,20 @@ bool isMissing(const SystemError& error) {
 
 }  // namespace
 
-void replaceFile(const std::wstring& path, std::string_view bytes) {
+void replaceFile(const std::wstring& path, const ByteSource& source) {
     const std::wstring name = systemPath(path);
     const DWORD attributes = ::GetFileAttributesW(name.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && !isFile(attributes)) throwFileError(purpose, path, ERROR_DIRECTORY);
     if (isFile(attributes) && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         throwFileError(purpose, path, ERROR_ACCESS_DENIED);
     try {
-        replaceExisting(name, path, bytes);
+        replaceExisting(name, path, source);
     } catch (const SystemError& error) {
         if (!isMissing(error)) throw;
         if (isLink(attributes)) {
-            createBehindLink(name, path, bytes);
+            createBehindLink(name, path, source);
         } else {
-            createFile(name, path, bytes);
+            createFile(name, path, source);
         }
     }
 }

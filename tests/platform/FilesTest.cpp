@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <filesystem>
+#include <stdexcept>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -44,6 +45,33 @@ TEST_F(Files, AreReplacedAndReadBackByteForByte) {
     EXPECT_EQ(m_folder.read(L"hall.skorrax"), "\r\n");
     replaceFile(path, "");
     EXPECT_EQ(readWholeFile(path), "");
+    EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(Files, AreReplacedByAllThePiecesOfASource) {
+    const std::string piece(100000, 'x');
+    const ByteSource source = [&piece](const ByteSink& sink) {
+        for (const std::string_view bytes : {std::string_view("first "), std::string_view(piece), std::string_view()}) {
+            sink(bytes);
+        }
+        sink(" last");
+    };
+    const std::wstring path = m_folder.write(L"a", std::string(300000, 'o'));
+    replaceFile(path, source);
+    replaceFile(m_folder.file(L"new"), source);
+    EXPECT_EQ(m_folder.read(L"a"), "first " + piece + " last");
+    EXPECT_EQ(m_folder.read(L"new"), "first " + piece + " last");
+    EXPECT_EQ(gather(source), "first " + piece + " last");
+}
+
+TEST_F(Files, StandAsTheyWereWhereTheSourceFails) {
+    const ByteSource source = [](const ByteSink& sink) {
+        sink(std::string(100000, 'x'));
+        throw std::out_of_range("no more");
+    };
+    EXPECT_THROW(replaceFile(m_folder.write(L"a", "old"), source), std::out_of_range);
+    EXPECT_THROW(replaceFile(m_folder.file(L"new"), source), std::out_of_range);
+    EXPECT_EQ(m_folder.read(L"a"), "old");
     EXPECT_EQ(m_folder.entries(), 1u);
 }
 

@@ -2,6 +2,8 @@
 #include <log4cxx/logger.h>
 #include <log4cxx/patternlayout.h>
 
+#include "store/Document.h"
+#include "store/DocumentWriter.h"
 #include "tests/store/StoreSupport.h"
 
 namespace fs = std::filesystem;
@@ -42,6 +44,31 @@ TEST(Save, ReplacesALongerFile) {
     EXPECT_TRUE(document.save(path));
     EXPECT_EQ(folder.read(L"a.skorrax"), textOf(document));
     EXPECT_EQ(folder.entries(), 1u);
+}
+
+TEST(Save, HandsOnALargeDocumentInPieces) {
+    ConfigInfo document;
+    for (int id = 1; id <= 300; ++id) {
+        const std::wstring text(1000, static_cast<wchar_t>(L'a' + id % 26));
+        set(document, L"Projector", L"Designed|Name", text, std::to_wstring(id));
+    }
+    std::vector<std::string> pieces;
+    XMLConfig::detail::writeDocument(XMLConfig::detail::Document::of(document).tree(),
+                                     [&pieces](std::string_view piece) { pieces.emplace_back(piece); });
+    ASSERT_GT(pieces.size(), 3u);
+    std::string all;
+    for (const std::string& piece : pieces) {
+        EXPECT_LT(piece.size(), 70000u);
+        all += piece;
+    }
+    const TemporaryFolder folder;
+    document.save(folder.file(L"a.skorrax"));
+    EXPECT_EQ(folder.read(L"a.skorrax"), all);
+    const ConfigInfo loaded(folder.file(L"a.skorrax"));
+    for (int id = 1; id <= 300; ++id) {
+        EXPECT_EQ(get(loaded, L"Projector", L"Designed|Name", std::to_wstring(id)),
+                  get(document, L"Projector", L"Designed|Name", std::to_wstring(id)));
+    }
 }
 
 TEST(Save, CanBeRepeated) {

@@ -20,7 +20,8 @@ public:
     ConfigInfo* operator->() const { return m_document.get(); }
 
     std::string text() const {
-        return XMLConfig::detail::writeDocument(XMLConfig::detail::Document::of(*m_document).tree());
+        using namespace XMLConfig::detail;
+        return gather([this](const ByteSink& sink) { writeDocument(Document::of(*m_document).tree(), sink); });
     }
     /// The item's text, or "(none)".
     std::wstring item(const std::wstring& section, const std::wstring& key, const std::wstring& id = L"") const {
