@@ -31,7 +31,9 @@ bool isOfLatestVersion(const ConfigInfo& document) {
 void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
     if (isOfLatestVersion(document)) return;
     const bool isOlder = document.getVersion() < ConfigInfoFactory::getLatestFileVersionNumber();
-    throw Refusal(XMLConfig::wideFromUtf8(file) + L": is of file version " + storedVersion(document) +
+    const std::wstring version = storedVersion(document);
+    throw Refusal(XMLConfig::wideFromUtf8(file) +
+                  (version.empty() ? L": is of no file version" : L": is of file version " + version) +
                   (isOlder ? L", which must be converted first" : L", which is newer than this program"));
 }
 

@@ -16,7 +16,7 @@ const std::vector<Verb>& verbs() {
         {"new", "Make a file that holds a new configuration", setUpNew, runNew, XMLConfig::LogLevel::Error},
         {"show", "Show what a file holds", setUpShow, runShow},
         {"get", "Print the values at addresses", setUpGet, runGet},
-        {"set", "Change the values at addresses, all or none", setUpSet, runSet},
+        {"set", "Change the values at addresses, all or none", setUpSet, runSet, XMLConfig::LogLevel::Error},
         {"describe", "List the settings the library knows", setUpDescribe, runDescribe},
         {"check", "Look for values, settings and identifiers that are not in order", setUpCheck, runCheck},
         // Each conversion is logged as a warning, and is what was asked for here.

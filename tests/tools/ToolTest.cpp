@@ -383,6 +383,16 @@ TEST_F(Tool, SettingWhatIsStoredLeavesTheFileAlone) {
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
 }
 
+TEST_F(Tool, SetTellsOnceThatTheFileCannotBeSaved) {
+    const std::string file = hallFile();
+    expectRun(runTool({"set", file, "System/RunType=CinemaRun", "Projector/Name=" + std::string(2000, 'x')}, "ulimit -f 1;"),
+              1, "",
+              "xmlconfig: Error save(): An error occurred trying to save DOM tree to file. Msg is:Can not write file " +
+                  file + ": File too large\n");
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
 TEST_F(Tool, FilesOfOtherVersionsAreNeitherChangedNorChecked) {
     const std::string older = "<ConfigInfo><Version>2.003</Version></ConfigInfo>";
     const std::string file = fileOf(older);
@@ -392,6 +402,8 @@ TEST_F(Tool, FilesOfOtherVersionsAreNeitherChangedNorChecked) {
     EXPECT_EQ(folder.read(L"other.skorrax"), older);
     expectRun(runTool({"check", fileOf("<ConfigInfo><Version>9.001</Version></ConfigInfo>")}), 1, "",
               "xmlconfig: " + file + ": is of file version 9.001, which is newer than this program\n");
+    expectRun(runTool({"check", fileOf("<ConfigInfo><Version/></ConfigInfo>")}), 1, "",
+              "xmlconfig: " + file + ": is of no file version, which must be converted first\n");
     expectRun(runTool({"check", fileOf("<ConfigInfo/>")}), 1, "",
               "xmlconfig: Error getVersion:  No \"version\" node in XML file\n");
 }
