@@ -56,7 +56,7 @@ std::string gather(const ByteSource& source);
 /// 0666 less the umask) and a symbolic link is followed (a dangling one gets its target made). A target that may not
 /// be written (no write permission bit, for the superuser too) is refused. Where the folder admits no second file, or
 /// the target is no regular file (a device, a pipe), the bytes are written straight to it.
-/// On failure throws FileError, or what the source throws; the old file stands as it was and no other file is left.
+/// On failure throws FileError, or what the source throws; an old file stands as it was and no other file is left.
 void replaceFile(const std::wstring& path, const ByteSource& source);
 void replaceFile(const std::wstring& path, std::string_view bytes);
 

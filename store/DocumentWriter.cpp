@@ -29,7 +29,6 @@ public:
         m_out.append(static_cast<std::size_t>(level) * 2, ' ');
         writeNode(node, level, false);
         m_out += '\n';
-        if (m_sink != nullptr && m_out.size() >= pieceSize) passOn();
     }
 
     void writeNode(const DOMNode& node, int level, bool isInside) {
@@ -82,6 +81,7 @@ private:
         m_out += "</";
         appendUtf8(m_out, name);
         m_out += '>';
+        if (m_sink != nullptr && m_out.size() >= pieceSize) passOn();
     }
 
     static Content contentInside(const DOMElement& element) {

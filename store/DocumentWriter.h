@@ -13,8 +13,8 @@
 /// mixed content at every save and cuts the output at what it cannot write, so it is not used.
 namespace XMLConfig::detail {
 
-/// With the XML declaration and a final line feed. The sink gets it in pieces of about 64 KiB, so that a large document
-/// is never held twice; what the sink throws passes.
+/// With the XML declaration and a final line feed. The sink gets it in pieces of 64 KiB and up to one value more;
+/// what the sink throws passes.
 void writeDocument(const xercesc::DOMDocument& document, const ByteSink& sink);
 /// The element alone, without a declaration and without a final line feed.
 std::string writeElement(const xercesc::DOMElement& element);

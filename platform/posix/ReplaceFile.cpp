@@ -69,7 +69,8 @@ class NewFile {
 public:
     NewFile(const std::string& target, mode_t mode)
         : m_target(target),
-          m_name(secretName(systemFolder(target))),
+          m_folder(systemFolder(target)),
+          m_name(secretName(m_folder)),
           m_file(m_name, purpose, O_WRONLY | O_CREAT | O_EXCL, mode, target) {}
     ~NewFile() {
         if (!m_placed) ::unlink(m_name.c_str());
@@ -81,10 +82,12 @@ public:
     void place() {
         m_placed = ::rename(m_name.c_str(), m_target.c_str()) == 0;
         if (!m_placed) throwFileError(purpose, m_target, errno);
+        flushFolder(m_folder);
     }
 
 private:
     std::string m_target;
+    std::string m_folder;
     std::string m_name;
     OpenFile m_file;
     bool m_placed = false;
@@ -123,7 +126,6 @@ void createFile(const std::string& target, const ByteSource& source) {
     write(created.file(), source);
     finish(created.file());
     created.place();
-    flushFolder(systemFolder(target));
 }
 
 /// Whether an error says that a second file may not stand here, though the first may be written.
@@ -141,7 +143,6 @@ bool exchange(const std::string& target, const OpenFile& old, const ByteSource& 
         if (!isRefusal(error.code())) throw;
         return false;
     }
-    flushFolder(systemFolder(target));
     return true;
 }
 
@@ -157,12 +158,17 @@ std::optional<std::string> contentIfReadable(const std::string& path) {
     }
 }
 
+/// Whether an error says that the file system cannot take room in advance; EBADF where the system library tries to do
+/// that itself and may not read the file.
+bool cannotReserve(int error) { return error == EINVAL || error == ENOTSUP || error == ENODEV || error == EBADF; }
+
 /// Takes the room for the new content while the old one still stands, so that a full disk is noticed in time.
 void reserve(OpenFile& file, std::size_t size) {
     if (size == 0) return;
     const off_t sizeBefore = file.status().st_size;
-    const int error = ::posix_fallocate(file.descriptor(), 0, static_cast<off_t>(size));
-    if (error == 0 || error == EINVAL || error == ENOTSUP || error == ENODEV) return;
+    int error = EINTR;
+    while (error == EINTR) error = ::posix_fallocate(file.descriptor(), 0, static_cast<off_t>(size));
+    if (error == 0 || cannotReserve(error)) return;
     file.resize(sizeBefore);
     file.fail(error);
 }
@@ -213,7 +219,7 @@ void replaceFile(const std::wstring& path, const ByteSource& source) {
         replaceRegular(name, source);
     } else {
         OpenFile device(name, purpose, O_WRONLY);
-        write(device, source);
+        device.write(gather(source));
         finish(device);
     }
 }

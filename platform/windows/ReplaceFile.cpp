@@ -144,7 +144,7 @@ void replaceExisting(const std::wstring& name, const std::wstring& shownAs, cons
     {
         OpenFile old(name, purpose, shownAs, {GENERIC_WRITE, shareReading, OPEN_EXISTING});
         if (!old.isOnDisk()) {
-            write(old, source);
+            old.write(gather(source));
             old.flush();
             return;
         }
