@@ -7,6 +7,7 @@
 
 #include "store/DocumentParser.h"
 #include "store/StrictParser.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -67,6 +68,14 @@ public:
                     const XMLCh* const prefix) override {
         StrictParser::endElement(declaration, uri, isRoot, prefix);
         if (isRoot) fWithinElement = false;
+    }
+
+    void docCharacters(const XMLCh* const text, const XMLSize_t length, const bool isCdata) override {
+        const bool isFirst = fWithinElement && !isCdata && fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE;
+        if (!isFirst) return StrictParser::docCharacters(text, length, isCdata);
+        xercesc::DOMText* const node = createText(text, length);
+        append(static_cast<DOMElement&>(*fCurrentParent), *node);
+        fCurrentNode = node;
     }
 
 private:
