@@ -65,8 +65,7 @@ doBench() {
     need $forBuilding $forBenchmarks
     build release -DBUILD_TESTING=OFF -DXMLCONFIG_BUILD_BENCHMARKS=ON
     say 'measuring'
-    mkdir -p out
-    build/release/bin/xmlconfig_bench --benchmark_out=out/bench.json --benchmark_out_format=json "$@"
+    build/release/bin/xmlconfig_bench "$@"
 }
 
 checkFormat() {

@@ -3,19 +3,25 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
-#include <optional>
 
 #include "Sample.h"
 
 namespace bench {
 namespace {
 
-using Medians = std::map<std::string, double>;
+using Values = std::vector<double>;
 
 double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     const std::size_t middle = values.size() / 2;
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2.0;
+}
+
+/// The median of each round's own ratio.
+double medianRatio(const Values& above, const Values& below) {
+    Values ratios;
+    for (std::size_t i = 0; i < std::min(above.size(), below.size()); ++i) ratios.push_back(above[i] / below[i]);
+    return median(ratios);
 }
 
 std::string shown(double value, const char* const (&units)[4], double step) {
@@ -48,43 +54,44 @@ struct Floor {
 
 class Printer {
 public:
-    explicit Printer(const Medians& medians) : m_medians(medians) {}
+    explicit Printer(const std::map<std::string, Values>& values) : m_values(values) {}
 
     void row(const std::string& operation, int projectors, const Floor& floor, std::string (*show)(double),
              const char* beside = "raw") {
         const std::string size = std::to_string(projectors);
-        const auto library = find(operation + "/library/" + size);
-        const auto raw = find(operation + "/" + beside + "/" + size);
-        if (!library || !raw) return;
-        const double ratio = *library / *raw;
-        const double judged = floor.of == Floor::Of::Ratio ? ratio : *library;
+        const Values* const library = find(operation + "/library/" + size);
+        const Values* const raw = find(operation + "/" + beside + "/" + size);
+        if (library == nullptr || raw == nullptr) return;
+        const double ratio = medianRatio(*library, *raw);
+        const double judged = floor.of == Floor::Of::Ratio ? ratio : median(*library);
         const std::string limit = floor.of == Floor::Of::Nothing
                                       ? ""
                                       : "<= " + (floor.of == Floor::Of::Ratio ? shownRatio(floor.limit) : show(floor.limit));
-        printLine(operation, size, show(*library), show(*raw), shownRatio(ratio), limit, verdict(floor, judged));
+        printLine(operation, size, show(median(*library)), show(median(*raw)), shownRatio(ratio), limit,
+                  verdict(floor, judged));
     }
 
     /// How an operation of the library slows down with the size of the document.
     void growth(const std::string& operation, int from, int to, double limit) {
-        const auto small = find(operation + "/library/" + std::to_string(from));
-        const auto large = find(operation + "/library/" + std::to_string(to));
-        if (!small || !large) return;
+        const Values* const small = find(operation + "/library/" + std::to_string(from));
+        const Values* const large = find(operation + "/library/" + std::to_string(to));
+        if (small == nullptr || large == nullptr) return;
+        const double ratio = medianRatio(*large, *small);
         const std::string sizes = std::to_string(from) + "-" + std::to_string(to);
         const Floor floor{Floor::Of::Ratio, limit};
-        printLine(operation + " growth", sizes, "", "", shownRatio(*large / *small), "<= " + shownRatio(limit),
-                  verdict(floor, *large / *small));
+        printLine(operation + " growth", sizes, "", "", shownRatio(ratio), "<= " + shownRatio(limit), verdict(floor, ratio));
     }
 
     void end() const {
-        std::printf("\n%d of %d floors kept; medians of CPU time", m_kept, m_kept + m_missed);
+        std::printf("\n%d of %d floors kept; medians of CPU time and of each round's ratios", m_kept, m_kept + m_missed);
         std::printf("%s\n",
                     m_missed > 0 ? "; what is missed may be the machine's noise: measure again when it is idle" : "");
     }
 
 private:
-    [[nodiscard]] std::optional<double> find(const std::string& name) const {
-        const auto found = m_medians.find(name);
-        return found == m_medians.end() ? std::nullopt : std::optional<double>(found->second);
+    [[nodiscard]] const Values* find(const std::string& name) const {
+        const auto found = m_values.find(name);
+        return found == m_values.end() ? nullptr : &found->second;
     }
     std::string verdict(const Floor& floor, double value) {
         if (floor.of == Floor::Of::Nothing) return "";
@@ -92,7 +99,7 @@ private:
         return value <= floor.limit ? "kept" : "MISSED";
     }
 
-    const Medians& m_medians;
+    const std::map<std::string, Values>& m_values;
     int m_kept = 0;
     int m_missed = 0;
 };
@@ -100,7 +107,8 @@ private:
 }  // namespace
 
 bool Table::ReportContext(const Context& context) {
-    benchmark::BenchmarkReporter::PrintBasicContext(&std::cerr, context);
+    if (!m_isContextShown) benchmark::BenchmarkReporter::PrintBasicContext(&std::cerr, context);
+    m_isContextShown = true;
     return true;
 }
 
@@ -120,9 +128,7 @@ void Table::ReportRuns(const std::vector<Run>& runs) {
 void Table::add(const std::string& name, double value) { m_values[name].push_back(value); }
 
 bool Table::print() const {
-    Medians medians;
-    for (const auto& [name, values] : m_values) medians[name] = median(values);
-    Printer printer(medians);
+    Printer printer(m_values);
     std::printf("\n");
     printLine("operation", "projectors", "XMLConfig", "Xerces-C", "ratio", "floor", "");
     for (const int projectors : sizes()) printer.row("load", projectors, {Floor::Of::Ratio, 1.05}, shownTime);

@@ -20,7 +20,8 @@ public:
     bool print() const;
 
 private:
-    std::map<std::string, std::vector<double>> m_values;  ///< nanoseconds of CPU time (of one item), or bytes
+    std::map<std::string, std::vector<double>> m_values;  ///< of each round: nanoseconds of CPU time (of one item), or bytes
+    bool m_isContextShown = false;
     bool m_failed = false;
 };
 
