@@ -11,13 +11,13 @@ namespace {
 
 using Values = std::vector<double>;
 
-double median(std::vector<double> values) {
+double median(Values values) {
     std::sort(values.begin(), values.end());
     const std::size_t middle = values.size() / 2;
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2.0;
 }
 
-/// The median of each round's own ratio.
+/// The median of the rounds' own ratios.
 double medianRatio(const Values& above, const Values& below) {
     Values ratios;
     for (std::size_t i = 0; i < std::min(above.size(), below.size()); ++i) ratios.push_back(above[i] / below[i]);

@@ -70,6 +70,7 @@ public:
         if (isRoot) fWithinElement = false;
     }
 
+    // A text can come in several pieces, and its first is joined here.
     void docCharacters(const XMLCh* const text, const XMLSize_t length, const bool isCdata) override {
         const bool isFirst = fWithinElement && !isCdata && fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE;
         if (!isFirst) return StrictParser::docCharacters(text, length, isCdata);

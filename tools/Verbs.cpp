@@ -12,7 +12,7 @@ const char* const addressHelp =
 
 const std::vector<Verb>& verbs() {
     static const std::vector<Verb> table = {
-        // A save that fails is logged and thrown; once is enough.
+        // new, set: a save that fails is logged and thrown; once is enough.
         {"new", "Make a file that holds a new configuration", setUpNew, runNew, XMLConfig::LogLevel::Error},
         {"show", "Show what a file holds", setUpShow, runShow},
         {"get", "Print the values at addresses", setUpGet, runGet},

@@ -39,10 +39,9 @@ TEST_F(FullDisk, AdmitsNoNewFileThatDoesNotFit) {
 TEST_F(FullDisk, IsNoticedBeforeAStraightWrite) {
     const std::string old(20000, 'o');
     const std::wstring path = m_folder.write(L"a", old);
-    giveToNobody(m_folder.path());
-    giveToNobody(m_folder.at(L"a"));
-    ASSERT_EQ(::chmod(m_folder.path().c_str(), 0555), 0);
+    admitNoSecondFile();
     const Unprivileged user;
+    ASSERT_TRUE(user.isDone());
     EXPECT_EQ(replaceError(path, std::string(100000, 'n')), refusal(path, L"No space left on device"));
     EXPECT_EQ(m_folder.read(L"a"), old);
     replaceFile(path, std::string(50000, 'n'));  // more than fits beside the old one

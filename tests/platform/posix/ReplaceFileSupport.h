@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -44,12 +45,26 @@ inline ino_t inodeOf(const fs::path& path) {
     return status.st_ino;
 }
 
+/// Ends half way with std::out_of_range.
+inline ByteSource failingSource() {
+    return [](const ByteSink& sink) {
+        sink(std::string(100000, 'c'));
+        throw std::out_of_range("no more");
+    };
+}
+
 class ReplaceFile : public testing::Test {
 protected:
     ReplaceFile() { ::umask(022); }
     void giveToNobody(const fs::path& path) {
         if (::geteuid() != 0) return;
         ASSERT_EQ(::chown(path.c_str(), Unprivileged::nobody, Unprivileged::nobody), 0);
+    }
+    /// For an unprivileged user: the file "a" may be written, but none stand beside it.
+    void admitNoSecondFile() {
+        giveToNobody(m_folder.path());
+        giveToNobody(m_folder.at(L"a"));
+        EXPECT_EQ(::chmod(m_folder.path().c_str(), 0555), 0);
     }
     TemporaryFolder m_folder;
 };

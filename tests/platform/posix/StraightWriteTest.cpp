@@ -13,9 +13,7 @@ using StraightWrite = ReplaceFile;
 
 TEST_F(StraightWrite, WritesStraightWhereTheFolderAdmitsNoSecondFile) {
     const std::wstring path = m_folder.write(L"a", std::string(5000, 'o'));
-    giveToNobody(m_folder.path());
-    giveToNobody(m_folder.at(L"a"));
-    ASSERT_EQ(::chmod(m_folder.path().c_str(), 0555), 0);
+    admitNoSecondFile();
     const ino_t inode = inodeOf(m_folder.at(L"a"));
     const Unprivileged user;
     ASSERT_TRUE(user.isDone());
@@ -34,9 +32,15 @@ TEST_F(StraightWrite, WritesStraightWhereTheFolderLetsNobodyTakeTheTargetsPlace)
     ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 0666), 0);
     const Unprivileged user;
     ASSERT_TRUE(user.isDone());
-    replaceFile(path, "new");
-    EXPECT_EQ(m_folder.read(L"a"), "new");
+    int asked = 0;
+    replaceFile(path, [&asked](const ByteSink& sink) {
+        ++asked;
+        sink("first ");
+        sink("last");
+    });
+    EXPECT_EQ(m_folder.read(L"a"), "first last");
     EXPECT_EQ(m_folder.entries(), 1u);
+    EXPECT_EQ(asked, 2);  // for a new file, which may not take the place, and for the old one
 }
 
 TEST_F(StraightWrite, WritesStraightIntoAFileThatIsAMountPoint) {
@@ -52,11 +56,9 @@ TEST_F(StraightWrite, WritesStraightIntoAFileThatIsAMountPoint) {
     EXPECT_EQ(m_folder.entries(), 2u);
 }
 
-TEST_F(StraightWrite, WritesStraightWhatASourceGivesAgain) {
+TEST_F(StraightWrite, TakesAllPiecesOfASourceOrNone) {
     const std::wstring path = m_folder.write(L"a", std::string(300000, 'o'));
-    giveToNobody(m_folder.path());
-    giveToNobody(m_folder.at(L"a"));
-    ASSERT_EQ(::chmod(m_folder.path().c_str(), 0555), 0);
+    admitNoSecondFile();
     const Unprivileged user;
     ASSERT_TRUE(user.isDone());
     int asked = 0;
@@ -66,31 +68,9 @@ TEST_F(StraightWrite, WritesStraightWhatASourceGivesAgain) {
         sink("b");
     });
     EXPECT_EQ(m_folder.read(L"a"), std::string(100000, 'a') + "b");
-    const ByteSource failing = [](const ByteSink& sink) {
-        sink(std::string(100000, 'c'));
-        throw std::out_of_range("no more");
-    };
-    EXPECT_THROW(replaceFile(path, failing), std::out_of_range);
+    EXPECT_THROW(replaceFile(path, failingSource()), std::out_of_range);
     EXPECT_EQ(m_folder.read(L"a"), std::string(100000, 'a') + "b");
     EXPECT_EQ(asked, 1);
-}
-
-TEST_F(StraightWrite, AsksASourceAgainWhereTheNewFileMayNotTakeThePlace) {
-    if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can own another's file";
-    const std::wstring path = m_folder.write(L"a", "old");
-    ASSERT_EQ(::chmod(m_folder.path().c_str(), 01777), 0);
-    ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 0666), 0);
-    const Unprivileged user;
-    ASSERT_TRUE(user.isDone());
-    int asked = 0;
-    replaceFile(path, [&asked](const ByteSink& sink) {
-        ++asked;
-        sink("first ");
-        sink("last");
-    });
-    EXPECT_EQ(m_folder.read(L"a"), "first last");
-    EXPECT_EQ(m_folder.entries(), 1u);
-    EXPECT_EQ(asked, 2);
 }
 
 TEST_F(StraightWrite, WritesStraightWhereNoRoomCanBeTakenInAdvance) {
@@ -98,11 +78,10 @@ TEST_F(StraightWrite, WritesStraightWhereNoRoomCanBeTakenInAdvance) {
         GTEST_SKIP() << "this user may not mount";
     }
     const std::wstring path = m_folder.write(L"a", std::string(20000, 'o'));
-    giveToNobody(m_folder.path());
-    giveToNobody(m_folder.at(L"a"));
-    EXPECT_EQ(::chmod(m_folder.path().c_str(), 0555), 0);
+    admitNoSecondFile();
     {
         const Unprivileged user;
+        EXPECT_TRUE(user.isDone());
         for (const std::string& bytes : {std::string(30000, 'n'), std::string("short")}) {
             EXPECT_EQ(replaceError(path, bytes), L"no error");
             EXPECT_EQ(m_folder.read(L"a"), bytes);
@@ -133,11 +112,7 @@ TEST_F(StraightWrite, WritesNothingToAPipeWhereTheSourceFails) {
     ASSERT_EQ(::mkfifo(m_folder.at(L"pipe").c_str(), 0600), 0);
     std::string seen;
     std::thread reader([&] { seen = readWholeFile(m_folder.file(L"pipe")); });
-    const ByteSource failing = [](const ByteSink& sink) {
-        sink(std::string(100000, 'c'));
-        throw std::out_of_range("no more");
-    };
-    EXPECT_THROW(replaceFile(m_folder.file(L"pipe"), failing), std::out_of_range);
+    EXPECT_THROW(replaceFile(m_folder.file(L"pipe"), failingSource()), std::out_of_range);
     reader.join();
     EXPECT_EQ(seen, "");
 }
@@ -169,10 +144,9 @@ TEST_F(StraightWrite, ReachesAFileThroughItsDescriptorsName) {
 
 TEST_F(StraightWrite, LeavesTheOldFileWhenAStraightWriteMeetsALimit) {
     const std::wstring path = m_folder.write(L"a", std::string(3000, 'o'));
-    giveToNobody(m_folder.path());
-    giveToNobody(m_folder.at(L"a"));
-    ASSERT_EQ(::chmod(m_folder.path().c_str(), 0555), 0);
+    admitNoSecondFile();
     const Unprivileged user;
+    ASSERT_TRUE(user.isDone());
     const SizeLimit limit(4096);
     EXPECT_EQ(replaceError(path, std::string(100000, 'n')), refusal(path, L"File too large"));
     EXPECT_EQ(m_folder.read(L"a"), std::string(3000, 'o'));
