@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdlib>
 #include <optional>
 
@@ -47,11 +46,21 @@ std::optional<std::string> shownOnATerminal(const std::vector<std::string>& argu
     for (const std::string& argument : arguments) command += " " + shellQuoted(argument);
     command += " > /dev/null 2> " + name;
     const int status = std::system(command.c_str());  // NOLINT(concurrency-mt-unsafe,cert-env33-c)
-    std::string shown(4096, '\0');
-    const ssize_t size = status == 0 ? ::read(screen, shown.data(), shown.size()) : 0;
+    // The system hands on what was written in its own time: all of it has come when the mark behind it has.
+    const std::string mark = "<end>";
+    std::string shown;
+    std::size_t end = std::string::npos;
+    for (ssize_t size = ::write(kept, mark.data(), mark.size()); size > 0 && end == std::string::npos;) {
+        char piece[4096];
+        size = ::read(screen, piece, sizeof piece);
+        if (size > 0) shown.append(piece, static_cast<std::size_t>(size));
+        end = shown.find(mark);
+    }
     ::close(kept);
     ::close(screen);
-    return shown.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    EXPECT_EQ(status, 0);
+    EXPECT_NE(end, std::string::npos);
+    return shown.substr(0, end);
 }
 
 const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";
