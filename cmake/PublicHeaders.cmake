@@ -15,6 +15,8 @@ set(XMLCONFIG_PUBLIC_HEADERS
     store/ConfigInfo.h
     store/ConfigInfoFactory.h
     store/CorvaneException.h
+    store/ElementView.h
+    store/FilePlaces.h
     store/Outline.h
     store/ValueTypes.h
     base/BaseConfig.h

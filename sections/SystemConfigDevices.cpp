@@ -7,7 +7,7 @@
 #include "sections/SystemConfig.h"
 #include "sections/SystemItems.h"
 #include "sections/SystemTexts.h"
-#include "store/Outline.h"
+#include "store/ElementView.h"
 
 namespace items = XMLConfig::detail::systemItems;
 using XMLConfig::detail::blackBoxFromText;
@@ -69,11 +69,10 @@ void SystemConfig::setACTCount(int count) {
 // Visits the items there are, not the numbers there might be: a damaged file may claim two thousand million units.
 void SystemConfig::removeACTUnits(int first, int end) {
     std::set<int> units;
-    for (const XMLConfig::OutlineNode& section : XMLConfig::outline(*m_configInfo)) {
-        if (section.name != getSectionName()) continue;
-        for (const XMLConfig::OutlineNode& item : section.children)
+    for (const XMLConfig::ElementView& section : XMLConfig::sectionElements(*m_configInfo, getSectionName())) {
+        for (const XMLConfig::ElementView& item : section.children())
             for (const wchar_t* pattern : {items::actAddress.key, items::actRelayAssociations.key})
-                if (const auto unit = numberOfKey(pattern, item.name); unit && *unit >= first && *unit < end)
+                if (const auto unit = numberOfKey(pattern, item.name()); unit && *unit >= first && *unit < end)
                     units.insert(*unit);
     }
     for (const int unit : units) {

@@ -1,6 +1,5 @@
 #include "store/DocumentParser.h"
 
-#include <xercesc/sax/InputSource.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 
 #include "platform/Files.h"
@@ -43,6 +42,8 @@ ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, c
     : std::runtime_error("malformed XML"),
       m_message(L"line " + formatInteger(static_cast<long long>(line)) + L", column " +
                 formatInteger(static_cast<long long>(column)) + L": " + reason) {}
+
+std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path) { return std::make_unique<FileSource>(path); }
 
 DocumentPointer parseFile(const std::wstring& path) { return StrictParser().parseDocument(FileSource(path)); }
 

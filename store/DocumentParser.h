@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <stdexcept>
 #include <string>
+#include <xercesc/sax/InputSource.hpp>
 
 #include "store/XmlLibrary.h"
 
@@ -21,6 +23,9 @@ public:
 private:
     std::wstring m_message;
 };
+
+/// The bytes of a file of any name, for a parser. Its stream throws FileError.
+std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 
 /// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
 /// holds a document type or is nested too deeply, and FileError when reading fails.

@@ -4,6 +4,7 @@
 
 #include "platform/Text.h"
 #include "store/Document.h"
+#include "store/ElementAccess.h"
 
 namespace XMLConfig {
 
@@ -35,6 +36,10 @@ std::wstring OutlineNode::id() const {
 std::vector<OutlineNode> outline(const ConfigInfo& document) {
     const auto& tree = detail::Document::of(document);
     return tree.exists() ? nodeOf(*tree.root()).children : std::vector<OutlineNode>();
+}
+
+OutlineNode outline(const ElementView& element) {
+    return element ? nodeOf(*ElementAccess::element(element)) : OutlineNode();
 }
 
 }  // namespace XMLConfig

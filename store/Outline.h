@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/Export.h"
+#include "store/ElementView.h"
 
 class ConfigInfo;
 
@@ -20,7 +21,10 @@ struct OutlineNode {
     XMLCONFIG_API std::wstring id() const;
 };
 
-/// A copy of the root's child elements as a tree: header elements and sections, in document order.
+/// A copy of the root's child elements as a tree: header elements and sections, in document order. Whoever wants a few of
+/// them only had better walk there by ElementView.
 XMLCONFIG_API std::vector<OutlineNode> outline(const ConfigInfo& document);
+/// A copy of one element with everything inside it; an empty node where there is none.
+XMLCONFIG_API OutlineNode outline(const ElementView& element);
 
 }  // namespace XMLConfig

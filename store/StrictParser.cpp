@@ -44,7 +44,7 @@ void StrictParser::XMLDecl(const XMLCh* const version, const XMLCh* const encodi
 void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri,
                                 const XMLCh* const prefix, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                 const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) {
-    if (++m_depth > maximumDepth) refuse(L"Elements are nested too deeply");
+    enterLevel();
     const bool isPlain = attributeCount == 0 && uri == getScanner()->getEmptyNamespaceId();
     if (!isPlain || isRoot)
         return DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
@@ -54,8 +54,12 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
 
 void StrictParser::endElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const bool isRoot,
                               const XMLCh* const prefix) {
-    --m_depth;
+    leaveLevel();
     DOMLSParserImpl::endElement(declaration, uri, isRoot, prefix);
+}
+
+void StrictParser::enterLevel() {
+    if (++m_depth > maximumDepth) refuse(L"Elements are nested too deeply");
 }
 
 void StrictParser::enter(const XMLCh* const name) {

@@ -28,6 +28,9 @@ public:
 
 protected:
     [[nodiscard]] int depth() const { return m_depth; }
+    /// To be called at each start and end of an element by those who do not call this class's own functions for them.
+    void enterLevel();
+    void leaveLevel() { --m_depth; }
     void refuseOtherVersions(const XMLCh* version) const;
     static void refuseEmptiness(bool isEmpty);
 

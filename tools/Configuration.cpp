@@ -4,17 +4,17 @@
 #include <filesystem>
 
 #include "platform/Utf8.h"
+#include "store/Address.h"
 #include "store/ConfigInfoFactory.h"
-#include "store/Outline.h"
+#include "store/ElementView.h"
 #include "tools/Output.h"
 
 namespace tool {
 namespace {
 
 std::wstring storedVersion(const ConfigInfo& document) {
-    for (const XMLConfig::OutlineNode& node : XMLConfig::outline(document))
-        if (node.name == L"Version") return node.text;
-    return L"";
+    const XMLConfig::ElementView version = XMLConfig::findElement(document, {L"Version", L"", L"", L"", L""});
+    return version.firstChild() ? L"" : version.text();
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace tool {
 namespace {
 
 using XMLConfig::Address;
-using XMLConfig::OutlineNode;
+using XMLConfig::ElementView;
 
 bool holdsElement(const Address& address) {
     const auto setting = XMLConfig::findSetting(address);
@@ -20,11 +20,11 @@ bool holdsElement(const Address& address) {
 }
 
 /// A value as it is stored, an XML element as XML, everything else as a tree.
-std::wstring textAt(const ConfigInfo& document, const Address& address, const OutlineNode& node) {
-    if (node.children.empty() && !address.key.empty()) return node.text;
+std::wstring textAt(const ConfigInfo& document, const Address& address, const ElementView& element) {
+    if (!element.firstChild() && !address.key.empty()) return element.text();
     if (holdsElement(address))
         return document.getStringItemAsDOMElement(address.section, address.key, L"", address.sectionID);
-    return treeText(node);
+    return treeText(XMLConfig::outline(element));
 }
 
 }  // namespace
@@ -41,11 +41,10 @@ ExitStatus runGet(const Request& request) {
     for (const std::string& operand : request.operands)
         addresses.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
-    const std::vector<OutlineNode> nodes = XMLConfig::outline(*document);
     ExitStatus status = Done;
     for (const Address& address : addresses) {
-        if (const OutlineNode* const node = XMLConfig::findNode(nodes, address)) {
-            const std::wstring text = textAt(*document, address, *node);
+        if (const ElementView element = XMLConfig::findElement(*document, address)) {
+            const std::wstring text = textAt(*document, address, element);
             print(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
         } else {
             complain(XMLConfig::wideFromUtf8(request.file) + L": holds no " + XMLConfig::addressText(address));

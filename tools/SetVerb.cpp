@@ -13,7 +13,7 @@ namespace {
 
 using XMLConfig::Address;
 using XMLConfig::Assignment;
-using XMLConfig::OutlineNode;
+using XMLConfig::ElementView;
 using XMLConfig::Setting;
 
 [[noreturn]] void refuse(const Address& address, const std::wstring& fault) {
@@ -33,43 +33,42 @@ using XMLConfig::Setting;
 }
 
 /// Faults that --force overrules.
-void checkKnown(const Assignment& assignment, const std::vector<OutlineNode>& nodes) {
+void checkKnown(const Assignment& assignment, const ConfigInfo& document) {
     const Address& address = assignment.address;
     const auto setting = XMLConfig::findSetting(address);
-    if (!setting && !XMLConfig::isOpenSection(address.section) && XMLConfig::findNode(nodes, address) == nullptr)
+    if (!setting && !XMLConfig::isOpenSection(address.section) && !XMLConfig::findElement(document, address))
         refuseUnknown(address);
     if (setting && !XMLConfig::isOfType(assignment.value, setting->type))
         refuse(address,
                L"\"" + assignment.value + L"\" is not of type " + setting->type + L"; --force stores it all the same");
     const bool mayBeMissing = address.sectionID.empty() && !XMLConfig::isDeviceSection(address.section);
-    if (!mayBeMissing && XMLConfig::findNode(nodes, {address.section, address.sectionID, L"", L"", L""}) == nullptr)
+    if (!mayBeMissing && !document.doesSectionExist(address.section, address.sectionID))
         refuse(address, L"there is no such section; --force adds it");
 }
 
 /// Whether a value stands where the address wants other elements.
-bool standsInValue(const Address& address, const std::vector<OutlineNode>& nodes) {
+bool standsInValue(const Address& address, const ConfigInfo& document) {
     Address above = address;
     for (std::size_t end = address.key.rfind(L'|'); end != std::wstring::npos && end != 0;
          end = address.key.rfind(L'|', end - 1)) {
         above.key.resize(end);
-        const OutlineNode* const node = XMLConfig::findNode(nodes, above);
-        if (node != nullptr) return node->children.empty() && !node->text.empty();
+        if (const ElementView element = XMLConfig::findElement(document, above))
+            return !element.firstChild() && !element.text().empty();
     }
     return false;
 }
 
-void checkAssignment(const Assignment& assignment, const std::vector<OutlineNode>& nodes, bool force) {
+void checkAssignment(const Assignment& assignment, const ConfigInfo& document, bool force) {
     const Address& address = assignment.address;
     if (address.key.empty()) refuse(address, L"a section has no value; name a setting in it");
     if (XMLConfig::isHeaderElement(address.section)) refuse(address, L"there are no settings in " + address.section);
-    if (!force) checkKnown(assignment, nodes);
-    const OutlineNode* const node = XMLConfig::findNode(nodes, address);
+    if (!force) checkKnown(assignment, document);
+    const bool holdsOthers = bool(XMLConfig::findElement(document, address).firstChild());
     const auto setting = XMLConfig::findSetting(address);
     const bool holdsElement = setting && setting->type == L"XML element";
-    if (!holdsElement && node != nullptr && !node->children.empty()) refuse(address, L"holds other settings and no value");
-    if (standsInValue(address, nodes)) refuse(address, L"a value stands where this setting belongs");
-    if (holdsElement && assignment.value.empty() && node != nullptr && !node->children.empty())
-        refuse(address, L"an XML element cannot be made empty");
+    if (!holdsElement && holdsOthers) refuse(address, L"holds other settings and no value");
+    if (standsInValue(address, document)) refuse(address, L"a value stands where this setting belongs");
+    if (holdsElement && assignment.value.empty() && holdsOthers) refuse(address, L"an XML element cannot be made empty");
     if (holdsElement && !address.subSection.empty()) refuse(address, L"an XML element stands directly in its section");
 }
 
@@ -97,7 +96,7 @@ ExitStatus runSet(const Request& request) {
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
     for (const Assignment& assignment : assignments) {  // each as those before have left the document
-        checkAssignment(assignment, XMLConfig::outline(*document), request.force);
+        checkAssignment(assignment, *document, request.force);
         store(*document, assignment);
     }
     if (document->isDirty()) saveDocument(*document, request.file);

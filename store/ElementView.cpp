@@ -1,0 +1,72 @@
+#include "store/ElementView.h"
+
+#include "platform/Text.h"
+#include "store/Address.h"
+#include "store/Document.h"
+#include "store/ElementAccess.h"
+
+namespace XMLConfig {
+
+namespace {
+
+const xercesc::DOMElement* elementOf(const ElementView& view) { return ElementAccess::element(view); }
+
+}  // namespace
+
+std::wstring ElementView::name() const {
+    return m_element == nullptr ? std::wstring() : detail::fromUtf16(detail::view(elementOf(*this)->getNodeName()));
+}
+
+bool ElementView::isNamed(const std::wstring& tag) const {
+    return m_element != nullptr && detail::equal(detail::view(elementOf(*this)->getNodeName()), tag);
+}
+
+std::optional<std::wstring> ElementView::attribute(const std::wstring& attributeName) const {
+    if (m_element == nullptr) return std::nullopt;
+    const std::u16string name = detail::toUtf16(attributeName);
+    const xercesc::DOMAttr* const found = elementOf(*this)->getAttributeNode(detail::xmlText(name));
+    return found == nullptr ? std::nullopt : std::optional(detail::fromUtf16(detail::view(found->getValue())));
+}
+
+std::wstring ElementView::text() const {
+    return m_element == nullptr ? std::wstring() : detail::wideTextOf(*elementOf(*this));
+}
+
+ElementView ElementView::firstChild() const {
+    return m_element == nullptr ? ElementView() : ElementAccess::view(elementOf(*this)->getFirstElementChild());
+}
+
+ElementView ElementView::next() const {
+    return m_element == nullptr ? ElementView() : ElementAccess::view(elementOf(*this)->getNextElementSibling());
+}
+
+ElementView ElementView::parent() const {
+    const xercesc::DOMNode* const parent = m_element == nullptr ? nullptr : elementOf(*this)->getParentNode();
+    const bool isElement = parent != nullptr && parent->getNodeType() == xercesc::DOMNode::ELEMENT_NODE;
+    return isElement ? ElementAccess::view(static_cast<const xercesc::DOMElement*>(parent)) : ElementView();
+}
+
+ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view(detail::Document::of(document).root()); }
+
+std::vector<ElementView> sectionElements(const ConfigInfo& document, const std::wstring& tag) {
+    return detail::reporting(L"Error getSection: ", [&] {
+        const detail::Document& tree = detail::Document::of(document);
+        std::vector<ElementView> sections;
+        sections.reserve(tree.countSections(tag));
+        for (const detail::Section* section = tree.getSection(tag, {}); section != nullptr; section = section->next)
+            sections.push_back(ElementAccess::view(section->element));
+        return sections;
+    });
+}
+
+ElementView findElement(const ConfigInfo& document, const Address& address) {
+    return detail::reporting(L"Error getItem: ", [&] {
+        const detail::Document& tree = detail::Document::of(document);
+        const auto& [section, sectionID, subSection, subSectionID, key] = address;
+        const detail::Address place{section, sectionID, key, subSection, subSectionID};
+        const detail::Container container = tree.container(place);
+        return ElementAccess::view(key.empty() ? container.element : tree.getItem(container, place).element);
+    });
+}
+
+}  // namespace XMLConfig

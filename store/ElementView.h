@@ -1,0 +1,87 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Export.h"
+
+class ConfigInfo;
+
+namespace XMLConfig {
+
+struct Address;
+
+/// An element of a document, read where it stands: a section, a subsection, an item or a part of a fragment. It is one
+/// pointer, made to be copied, and borrows the document: good until the document changes or ends. A view of no element
+/// gives empty texts and no other elements.
+class XMLCONFIG_API ElementView {
+public:
+    class Children;
+
+    ElementView() = default;  ///< of no element
+    explicit operator bool() const { return m_element != nullptr; }
+
+    /// The tag.
+    std::wstring name() const;
+    /// Compares the tag without making wide text of it.
+    bool isNamed(const std::wstring& tag) const;
+    /// An attribute's value; nothing where there is no such attribute.
+    std::optional<std::wstring> attribute(const std::wstring& attributeName) const;
+    /// The "ID" attribute's value; "" where there is none.
+    std::wstring id() const { return attribute(L"ID").value_or(std::wstring()); }
+    /// The element's text with that of everything inside it.
+    std::wstring text() const;
+
+    /// The first element inside this one.
+    ElementView firstChild() const;
+    /// The next element beside this one.
+    ElementView next() const;
+    /// The element around this one; the root has none.
+    ElementView parent() const;
+    /// For range-based loops over the elements inside this one, in document order.
+    Children children() const;
+
+    bool operator==(const ElementView& other) const { return m_element == other.m_element; }
+    bool operator!=(const ElementView& other) const { return m_element != other.m_element; }
+
+private:
+    friend struct ElementAccess;
+
+    const void* m_element = nullptr;  // not owned
+};
+
+class ElementView::Children {
+public:
+    class Iterator {
+    public:
+        explicit Iterator(ElementView place) : m_place(place) {}
+        ElementView operator*() const { return m_place; }
+        Iterator& operator++() {
+            m_place = m_place.next();
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return m_place != other.m_place; }
+
+    private:
+        ElementView m_place;
+    };
+
+    explicit Children(ElementView first) : m_first(first) {}
+    Iterator begin() const { return Iterator(m_first); }
+    static Iterator end() { return Iterator(ElementView()); }
+
+private:
+    ElementView m_first;
+};
+
+inline ElementView::Children ElementView::children() const { return Children(firstChild()); }
+
+/// The root, whose children are the header elements and the sections.
+XMLCONFIG_API ElementView rootElement(const ConfigInfo& document);
+/// The sections of that tag in document order, those without ID too. Nothing else of the document is visited.
+XMLCONFIG_API std::vector<ElementView> sectionElements(const ConfigInfo& document, const std::wstring& tag);
+/// What the address names, found as ConfigInfo finds it; a view of no element where there is nothing.
+XMLCONFIG_API ElementView findElement(const ConfigInfo& document, const Address& address);
+
+}  // namespace XMLConfig
