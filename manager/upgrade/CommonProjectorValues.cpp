@@ -1,75 +1,68 @@
 #include "manager/upgrade/CommonProjectorValues.h"
 
 #include <cstddef>
-#include <memory>
+#include <tuple>
 #include <vector>
 
 #include "manager/upgrade/MostFrequent.h"
 #include "manager/upgrade/StepTools.h"
-#include "sections/GeometryConfig.h"
-#include "sections/ProjectorConfig.h"
 
 namespace XMLConfig::detail {
 
 namespace {
 
-using Projectors = std::vector<std::unique_ptr<ProjectorConfig>>;
+using Projectors = std::vector<StepSection>;
 
-// Found for all settings before any projector loses its own value: a projector without one reads the geometry section.
+int read(const StepSection& section, const wchar_t* key, int fallback) { return section.integer(key, fallback); }
+double read(const StepSection& section, const wchar_t* key, double fallback) { return section.number(key, fallback); }
+Point_2Dim<int> read(const StepSection& section, const wchar_t* key, const Point_2Dim<int>& fallback) {
+    return section.point(key, fallback);
+}
+
+void write(StepSection& section, const wchar_t* key, int value) { section.setInteger(key, value); }
+void write(StepSection& section, const wchar_t* key, double value) { section.setNumber(key, value); }
+void write(StepSection& section, const wchar_t* key, const Point_2Dim<int>& value) { section.setPoint(key, value); }
+
+// One of the settings, with the value of each projector: its own, else that of the geometry section, else the fallback.
 template <typename Value>
-class Vote {
+class SharedSetting {
 public:
-    Vote(const Projectors& projectors, Value (ProjectorConfig::*get)() const) {
-        for (const auto& projector : projectors) m_values.push_back((projector.get()->*get)());
-        m_common = mostFrequent(m_values);
+    SharedSetting(const Projectors& projectors, const StepSection& geometry, const wchar_t* key, const Value& fallback)
+        : m_key(key), m_common(fallback) {
+        for (const StepSection& projector : projectors) {
+            m_values.push_back(read(projector.has(key) ? projector : geometry, key, fallback));
+        }
+        if (!m_values.empty()) m_common = mostFrequent(m_values);
     }
-    [[nodiscard]] const Value& common() const { return m_common; }
-    [[nodiscard]] bool isCommon(std::size_t projector) const { return isSame(m_values[projector], m_common); }
+
+    void writeCommonValue(StepSection& geometry) const { write(geometry, m_key, m_common); }
+    void removeFromProjector(Projectors& projectors, std::size_t number) const {
+        if (isSame(m_values[number], m_common)) projectors[number].removeItem(m_key);
+    }
 
 private:
+    const wchar_t* m_key;
     std::vector<Value> m_values;
     Value m_common;
 };
 
-void setFixedValues(GeometryConfig& geometry) {
-    geometry.setPortraitMode(0);
-    geometry.setBoxSize({21, 21});
-    geometry.setBoxSpacing(1.5);
-    geometry.setImageResolutionX(1400);
-    geometry.setImageResolutionY(1050);
-    geometry.setInputImageScalingMode(0);
-}
-
 }  // namespace
 
 void shareCommonProjectorValues(ConfigInfo& document) {
-    GeometryConfig geometry(&document, {});
-    Projectors projectors;
-    for (const std::wstring& id : projectorsOf(document))
-        projectors.push_back(std::make_unique<ProjectorConfig>(&document, id));
-    if (projectors.empty()) return setFixedValues(geometry);
+    StepSection geometry(document, L"Geometry");
+    Projectors projectors = projectorsOf(document);
+    const Point_2Dim<int> boxSize(21, 21);
+    // All are read before any is written: a projector without a value of its own has that of the geometry section.
+    const std::tuple settings(SharedSetting(projectors, geometry, L"Portrait_Mode", 0),
+                              SharedSetting(projectors, geometry, L"Box_Size", boxSize),
+                              SharedSetting(projectors, geometry, L"Box_Spacing", 1.5),
+                              SharedSetting(projectors, geometry, L"ImageResolution_X", 1400),
+                              SharedSetting(projectors, geometry, L"ImageResolution_Y", 1050),
+                              SharedSetting(projectors, geometry, L"InputImageScaling_Mode", 0));
 
-    const Vote<int> portraitMode(projectors, &ProjectorConfig::getPortraitMode);
-    const Vote<Point_2Dim<int>> boxSize(projectors, &ProjectorConfig::getBoxSize);
-    const Vote<double> boxSpacing(projectors, &ProjectorConfig::getBoxSpacing);
-    const Vote<int> imageResolutionX(projectors, &ProjectorConfig::getImageResolutionX);
-    const Vote<int> imageResolutionY(projectors, &ProjectorConfig::getImageResolutionY);
-    const Vote<int> scalingMode(projectors, &ProjectorConfig::getInputImageScalingMode);
-
-    geometry.setPortraitMode(portraitMode.common());
-    geometry.setBoxSize(boxSize.common());
-    geometry.setBoxSpacing(boxSpacing.common());
-    geometry.setImageResolutionX(imageResolutionX.common());
-    geometry.setImageResolutionY(imageResolutionY.common());
-    geometry.setInputImageScalingMode(scalingMode.common());
-
+    std::apply([&](const auto&... setting) { (setting.writeCommonValue(geometry), ...); }, settings);
     for (std::size_t i = 0; i < projectors.size(); ++i) {
-        if (portraitMode.isCommon(i)) projectors[i]->unsetPortraitMode();
-        if (boxSize.isCommon(i)) projectors[i]->unsetBoxSize();
-        if (boxSpacing.isCommon(i)) projectors[i]->unsetBoxSpacing();
-        if (imageResolutionX.isCommon(i)) projectors[i]->unsetImageResolutionX();
-        if (imageResolutionY.isCommon(i)) projectors[i]->unsetImageResolutionY();
-        if (scalingMode.isCommon(i)) projectors[i]->unsetInputImageScalingMode();
+        std::apply([&](const auto&... setting) { (setting.removeFromProjector(projectors, i), ...); }, settings);
     }
 }
 

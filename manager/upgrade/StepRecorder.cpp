@@ -52,7 +52,7 @@ StepRecorder::~StepRecorder() { setChangeObserver(m_document, m_before); }
 
 UpgradeStepReport StepRecorder::report() const {
     UpgradeStepReport report{m_step.below, m_step.summary, m_changes};
-    for (std::size_t i = 0; i < m_step.moveCount; ++i) joinMove(report.changes, m_step.moves[i]);
+    for (const ItemMove& move : m_step.moves) joinMove(report.changes, move);
     return report;
 }
 

@@ -4,32 +4,57 @@
 #include <string>
 #include <vector>
 
-#include "platform/Text.h"
 #include "store/ConfigInfo.h"
 
-/// What several conversion steps need.
+/// The words in which conversion steps are written.
 namespace XMLConfig::detail {
 
-inline std::vector<std::wstring> projectorsOf(const ConfigInfo& document) { return document.getSectionIDs(L"Projector"); }
-inline std::vector<std::wstring> camerasOf(const ConfigInfo& document) { return document.getSectionIDs(L"Camera"); }
+/// One section of the document as a step addresses it. The step names every key and fixes every value in literals of its
+/// own; the store's text form of each type is all that it shares with the rest of the library. So an old step writes
+/// today what it wrote in its release, whatever has become of the setting.
+class StepSection {
+public:
+    /// `document` is borrowed. Without an `id` the first section of that name is meant. Creates nothing.
+    StepSection(ConfigInfo& document, const wchar_t* name, std::wstring id = {});
+    [[nodiscard]] const std::wstring& id() const { return m_id; }
 
-inline std::wstring textItem(const ConfigInfo& document, const wchar_t* section, const wchar_t* key,
-                             const std::wstring& fallback, const std::wstring& id = {}) {
-    return document.getStringItem(section, key, fallback, id, {}, {});
-}
+    // Reading creates nothing; a missing item gives the fallback.
 
-inline void setTextItem(ConfigInfo& document, const wchar_t* section, const wchar_t* key, const std::wstring& value,
-                        const std::wstring& id = {}) {
-    document.setStringItem(section, key, value, id, {}, {});
-}
+    [[nodiscard]] bool has(const std::wstring& key) const;
+    [[nodiscard]] bool flag(const std::wstring& key, bool fallback) const;
+    [[nodiscard]] int integer(const std::wstring& key, int fallback) const;
+    [[nodiscard]] double number(const std::wstring& key, double fallback) const;
+    [[nodiscard]] Point_2Dim<int> point(const std::wstring& key, const Point_2Dim<int>& fallback) const;
+    [[nodiscard]] std::wstring text(const std::wstring& key, const std::wstring& fallback = {}) const;
+    /// XML text of the element that the item holds; "" where there is none.
+    [[nodiscard]] std::wstring element(const std::wstring& key) const;
 
-/// Items that the section lacks are passed over.
-inline void removeItems(ConfigInfo& document, const std::wstring& section, std::initializer_list<const wchar_t*> keys,
-                        const std::wstring& id = {}) {
-    for (const wchar_t* key : keys) document.removeItem(section, key, id);
-}
+    // Writing creates what is missing, the section too.
+
+    void setFlag(const std::wstring& key, bool value);
+    void setInteger(const std::wstring& key, int value);
+    void setNumber(const std::wstring& key, double value);
+    void setPoint(const std::wstring& key, const Point_2Dim<int>& value);
+    void setText(const std::wstring& key, const std::wstring& value);
+    void setElement(const std::wstring& key, const std::wstring& xml);
+
+    /// Items that the section lacks are passed over.
+    void removeItem(const std::wstring& key);
+    void removeItems(std::initializer_list<const wchar_t*> keys);
+    void rename(const std::wstring& newID);
+    void remove();
+
+private:
+    ConfigInfo* m_document;
+    std::wstring m_name;
+    std::wstring m_id;
+};
+
+/// The sections that have an ID, in document order. They are found once: later renames and removals do not change the list.
+std::vector<StepSection> projectorsOf(ConfigInfo& document);
+std::vector<StepSection> camerasOf(ConfigInfo& document);
 
 /// UTF-8 with "&", "<", ">" and quotes escaped, so that a snippet built of it always parses.
-inline std::string escaped(const std::wstring& text) { return toUtf8(escapedForXml(text)); }
+std::string escaped(const std::wstring& text);
 
 }  // namespace XMLConfig::detail

@@ -1,25 +1,21 @@
 #include "manager/upgrade/StepTools.h"
-#include "manager/upgrade/Steps.h"
-#include "sections/ColorConfig.h"
-#include "sections/GeometryConfig.h"
-#include "sections/ProjectorConfig.h"
+#include "manager/upgrade/UpgradeChain.h"
 
 // Version 4.0 tells a projector's image from its panel: until then the image had the panel's resolution.
 namespace XMLConfig::detail {
 
 void toVersion4(ConfigInfo& document) {
-    for (const std::wstring& id : projectorsOf(document)) {
-        ProjectorConfig projector(&document, id);
-        projector.setImageResolutionX(projector.getResolutionX());
-        projector.setImageResolutionY(projector.getResolutionY());
-        projector.setInputImageScalingMode(0);
+    for (StepSection& projector : projectorsOf(document)) {
+        projector.setInteger(L"ImageResolution_X", projector.integer(L"Resolution_X", 1400));
+        projector.setInteger(L"ImageResolution_Y", projector.integer(L"Resolution_Y", 1050));
+        projector.setInteger(L"InputImageScaling_Mode", 0);
     }
-    for (const std::wstring& id : camerasOf(document)) {
-        document.setBoolItem(L"Camera", L"Automatic_Binarization", false, id);
-        document.setBoolItem(L"Camera", L"ShowOnOffMapperBlobs", true, id);
+    for (StepSection& camera : camerasOf(document)) {
+        camera.setFlag(L"Automatic_Binarization", false);
+        camera.setFlag(L"ShowOnOffMapperBlobs", true);
     }
-    GeometryConfig(&document, {}).setFitOrder(3);
-    ColorConfig(&document, {}).setColorimeterType(0);
+    StepSection(document, L"Geometry").setInteger(L"Fit_Order", 3);
+    StepSection(document, L"Color").setInteger(L"Colorimeter_Type", 0);
 }
 
 }  // namespace XMLConfig::detail

@@ -1,10 +1,24 @@
 #pragma once
 
 #include <cstddef>
+#include <iterator>
 
-#include "manager/upgrade/Steps.h"
+#include "store/BuildIdentity.h"
 
+class ConfigInfo;
+
+/// The conversions between historical layouts, oldest first.
 namespace XMLConfig::detail {
+
+// Each is named by the version it leads to and stands in the file of its name. It writes and removes in a fixed order.
+void toVersion2(ConfigInfo& document);
+void toVersion2005(ConfigInfo& document);
+void toVersion3(ConfigInfo& document);
+void toVersion4(ConfigInfo& document);
+void toVersion5(ConfigInfo& document);
+void toVersion6(ConfigInfo& document);
+void toVersion8(ConfigInfo& document);
+void toVersion9(ConfigInfo& document);
 
 /// An item that a step carries to another place; a receipt tells it as one thing instead of two.
 struct ItemMove {
@@ -14,12 +28,26 @@ struct ItemMove {
     const wchar_t* toKey;
 };
 
+/// The moves of one step: an array that lives as long as the program.
+class ItemMoves {
+public:
+    constexpr ItemMoves() = default;
+    template <std::size_t N>
+    constexpr ItemMoves(const ItemMove (&moves)[N])  // NOLINT(google-explicit-constructor): a row names its array
+        : m_begin(moves), m_end(moves + N) {}
+    [[nodiscard]] constexpr const ItemMove* begin() const { return m_begin; }
+    [[nodiscard]] constexpr const ItemMove* end() const { return m_end; }
+
+private:
+    const ItemMove* m_begin = nullptr;
+    const ItemMove* m_end = nullptr;
+};
+
 struct UpgradeStep {
     double below;  ///< applied to documents below this version, to which it leads
     const wchar_t* summary;
     void (*apply)(ConfigInfo& document);
-    const ItemMove* moves = nullptr;
-    std::size_t moveCount = 0;
+    ItemMoves moves = {};
 };
 
 inline constexpr ItemMove movesTo5[] = {{L"Geometry", L"Warp_Memory_Location", L"Geometry", L"Memory_Location"},
@@ -33,18 +61,20 @@ inline constexpr UpgradeStep upgradeChain[] = {
     {2.005, L"projector device snippets; obsolete items go", &toVersion2005},
     {3.0, L"camera connection items", &toVersion3},
     {4.0, L"image resolution, binarisation and fit order", &toVersion4},
-    {5.0, L"warp memory and input resolution", &toVersion5, movesTo5, 2},
+    {5.0, L"warp memory and input resolution", &toVersion5, movesTo5},
     {6.0, L"calibration items of projectors and cameras go; marker location method", &toVersion6},
     {8.0, L"fit solver and overlap unit", &toVersion8},
-    {9.0, L"camera device snippets, units, geometry defaults from projectors", &toVersion9, movesTo9, 2},
+    {9.0, L"camera device snippets, units, geometry defaults from projectors", &toVersion9, movesTo9},
 };
 
-constexpr bool ascends(const UpgradeStep* steps, std::size_t count) {
-    for (std::size_t i = 1; i < count; ++i) {
+template <std::size_t N>
+constexpr bool ascends(const UpgradeStep (&steps)[N]) {
+    for (std::size_t i = 1; i < N; ++i) {
         if (!(steps[i - 1].below < steps[i].below)) return false;
     }
     return true;
 }
-static_assert(ascends(upgradeChain, sizeof(upgradeChain) / sizeof(upgradeChain[0])), "steps must ascend");
+static_assert(ascends(upgradeChain), "steps must ascend");
+static_assert(std::rbegin(upgradeChain)->below == latestFileVersion, "the last step must lead to the version of new files");
 
 }  // namespace XMLConfig::detail

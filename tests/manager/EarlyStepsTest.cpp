@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "manager/upgrade/Steps.h"
+#include "manager/upgrade/UpgradeChain.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/TestDocument.h"
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "manager/upgrade/Steps.h"
+#include "manager/upgrade/UpgradeChain.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestDocument.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "manager/Upgrade.h"
-#include "manager/upgrade/Steps.h"
+#include "manager/upgrade/UpgradeChain.h"
 #include "tests/support/GoldenFile.h"
 #include "tests/support/TestDocument.h"
 
