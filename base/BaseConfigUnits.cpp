@@ -2,8 +2,9 @@
 
 #include "base/BaseConfig.h"
 #include "base/UnitConversionTable.h"
+#include "platform/Early.h"
 
-std::map<std::wstring, double> BaseConfig::m_conversionMap;
+XMLCONFIG_EARLY std::map<std::wstring, double> BaseConfig::m_conversionMap;
 bool BaseConfig::m_conversionMapSetup = false;
 
 namespace {

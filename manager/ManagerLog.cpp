@@ -1,3 +1,5 @@
 #include "manager/ManagerLog.h"
 
-const XMLConfig::detail::LoggerPtr XMLConfig::detail::managerLog = logger(L"Ulvano.XMLConfig.XMLConfigManager");
+#include "platform/Early.h"
+
+XMLCONFIG_EARLY const XMLConfig::detail::LoggerPtr XMLConfig::detail::managerLog = logger(L"Ulvano.XMLConfig.XMLConfigManager");

@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "manager/XMLConfigManager.h"
+#include "platform/Early.h"
 #include "platform/IQuorvelProductInfo.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -13,7 +14,7 @@ namespace UlvanoDiagnostics {
 
 namespace {
 
-const XMLConfig::detail::LoggerPtr diagnosticsLog = XMLConfig::detail::logger(L"Ulvano.UlvanoDiagnostics");
+XMLCONFIG_EARLY const XMLConfig::detail::LoggerPtr diagnosticsLog = XMLConfig::detail::logger(L"Ulvano.UlvanoDiagnostics");
 
 bool isVirtualLoad = false;
 

@@ -12,8 +12,8 @@ using XMLConfig::detail::strictInteger;
 
 namespace {
 
-const std::wstring slotTag(items::slotTag);
-const std::wstring nameKey(items::nameKey);
+std::wstring slotTag() { return std::wstring(items::slotTag); }
+std::wstring nameKey() { return std::wstring(items::nameKey); }
 
 }  // namespace
 
@@ -34,13 +34,13 @@ void ProjectorApprovedSlotsConfig::setDiagnosticsFolderOfLastRun(const std::wstr
 }
 
 std::wstring ProjectorApprovedSlotsConfig::getSlotName(int slot) const {
-    return m_configInfo->getStringItem(getSectionName(), nameKey, items::slotName.fallback, getSectionID(), slotTag,
+    return m_configInfo->getStringItem(getSectionName(), nameKey(), items::slotName.fallback, getSectionID(), slotTag(),
                                        formatInteger(slot));
 }
 
 void ProjectorApprovedSlotsConfig::setSlotName(int slot, std::wstring& name) { setSlotName(slot, std::as_const(name)); }
 void ProjectorApprovedSlotsConfig::setSlotName(int slot, const std::wstring& name) {
-    m_configInfo->setStringItem(getSectionName(), nameKey, name, getSectionID(), slotTag, formatInteger(slot));
+    m_configInfo->setStringItem(getSectionName(), nameKey(), name, getSectionID(), slotTag(), formatInteger(slot));
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the interface takes the name by value
@@ -71,12 +71,12 @@ void ProjectorApprovedSlotsConfig::getSlotDetails(std::wstring& name, SlotStatus
 void ProjectorApprovedSlotsConfig::addSlotDetails(int slot, const std::wstring& name) { setSlotName(slot, name); }
 
 void ProjectorApprovedSlotsConfig::removeSlotDetails(int slot) {
-    m_configInfo->removeSubSection(getSectionName(), slotTag, getSectionID(), formatInteger(slot));
+    m_configInfo->removeSubSection(getSectionName(), slotTag(), getSectionID(), formatInteger(slot));
 }
 
 std::vector<int> ProjectorApprovedSlotsConfig::getApprovedSlotIDs() const {
     std::vector<int> slots;
-    for (const std::wstring& id : m_configInfo->getSubSectionIDs(getSectionName(), slotTag))
+    for (const std::wstring& id : m_configInfo->getSubSectionIDs(getSectionName(), slotTag()))
         slots.push_back(strictInteger(id));
     return slots;
 }

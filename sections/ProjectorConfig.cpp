@@ -1,5 +1,6 @@
 #include "sections/ProjectorConfig.h"
 
+#include "platform/Early.h"
 #include "sections/DeviceNames.h"
 #include "sections/ProjectorItems.h"
 
@@ -7,9 +8,9 @@ namespace items = XMLConfig::detail::projectorItems;
 using XMLConfig::detail::Item;
 using XMLConfig::detail::ReadValue;
 
-const std::wstring ProjectorConfig::LAMP_MODE_SINGLE1 = L"Single1";
-const std::wstring ProjectorConfig::LAMP_MODE_SINGLE2 = L"Single2";
-const std::wstring ProjectorConfig::LAMP_MODE_DUAL = L"Dual";
+XMLCONFIG_EARLY const std::wstring ProjectorConfig::LAMP_MODE_SINGLE1 = L"Single1";
+XMLCONFIG_EARLY const std::wstring ProjectorConfig::LAMP_MODE_SINGLE2 = L"Single2";
+XMLCONFIG_EARLY const std::wstring ProjectorConfig::LAMP_MODE_DUAL = L"Dual";
 
 ProjectorConfig::ProjectorConfig(ConfigInfo* configInfo, const std::wstring& sectionID)
     : BaseConfig(configInfo, items::sectionName, sectionID) {}

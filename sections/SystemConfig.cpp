@@ -3,14 +3,15 @@
 #include <utility>
 
 #include "base/Items.h"
+#include "platform/Early.h"
 #include "sections/SystemItems.h"
 #include "store/CorvaneException.h"
 
 namespace items = XMLConfig::detail::systemItems;
 
-const std::wstring SystemConfig::DEFAULT_FILE_BASENAME = L"untitled";
-const std::wstring SystemConfig::DEFAULT_SKORRA_FILE_EXTENSION = L".skorrax";
-const std::wstring SystemConfig::PROMPT_SUFFIX = L"-prompt";
+XMLCONFIG_EARLY const std::wstring SystemConfig::DEFAULT_FILE_BASENAME = L"untitled";
+XMLCONFIG_EARLY const std::wstring SystemConfig::DEFAULT_SKORRA_FILE_EXTENSION = L".skorrax";
+XMLCONFIG_EARLY const std::wstring SystemConfig::PROMPT_SUFFIX = L"-prompt";
 
 SystemConfig::SystemConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager> assetManager, const std::wstring& sectionID)
     : BaseConfig(configInfo, items::sectionName, sectionID),

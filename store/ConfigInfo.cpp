@@ -1,7 +1,6 @@
 #include "store/ConfigInfo.h"
 
-#include <log4cxx/logger.h>
-
+#include "platform/Early.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -16,7 +15,8 @@ using XMLConfig::detail::Document;
 using XMLConfig::detail::reporting;
 using XMLConfig::detail::wideTextOf;
 
-const std::shared_ptr<log4cxx::Logger> ConfigInfo::log = log4cxx::Logger::getLogger("Ulvano.XMLConfig.ConfigInfo");
+XMLCONFIG_EARLY const std::shared_ptr<log4cxx::Logger> ConfigInfo::log =
+    XMLConfig::detail::logger(L"Ulvano.XMLConfig.ConfigInfo");
 
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include <log4cxx/level.h>
 #include <log4cxx/logger.h>
+#include <log4cxx/logmanager.h>
+#include <log4cxx/spi/loggerrepository.h>
 
 #include "platform/Text.h"
 
@@ -18,15 +20,27 @@ LogText toLogText(const std::wstring& text) {
     else return toUtf8(text);
 }
 
+// Without an appender log4cxx complains on standard error, in programs that never heard of it.
+bool hasAppender(const LoggerPtr& logger) {
+    for (LoggerPtr one = logger; one != nullptr; one = one->getParent()) {
+        if (!one->getAllAppenders().empty()) return true;
+        if (!one->getAdditivity()) return false;
+    }
+    return false;
+}
+
 void log(const LoggerPtr& logger, const log4cxx::LevelPtr& level, const std::wstring& text) {
-    if (logger->isEnabledFor(level))
+    if (logger->isEnabledFor(level) && hasAppender(logger))
         logger->forcedLogLS(level, toLogText<log4cxx::LogString>(text),
                             log4cxx::spi::LocationInfo::getLocationUnavailable());
 }
 
 }  // namespace
 
-LoggerPtr logger(const std::wstring& name) { return log4cxx::Logger::getLoggerLS(toLogText<log4cxx::LogString>(name)); }
+// Not by way of Logger::getLogger: that looks for files such as log4cxx.properties in the current folder and obeys them.
+LoggerPtr logger(const std::wstring& name) {
+    return log4cxx::LogManager::getLoggerRepository()->getLogger(toLogText<log4cxx::LogString>(name));
+}
 
 void logTrace(const LoggerPtr& logger, const std::wstring& text) { log(logger, log4cxx::Level::getTrace(), text); }
 void logInfo(const LoggerPtr& logger, const std::wstring& text) { log(logger, log4cxx::Level::getInfo(), text); }

@@ -3,6 +3,7 @@
 #include "manager/Upgrade.h"
 #include "manager/upgrade/StepRecorder.h"
 #include "manager/upgrade/UpgradeChain.h"
+#include "platform/Early.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
@@ -11,7 +12,7 @@ namespace XMLConfig::detail {
 
 namespace {
 
-const LoggerPtr upgradeLog = logger(L"Ulvano.XMLConfig.VersionUpgrade");
+XMLCONFIG_EARLY const LoggerPtr upgradeLog = logger(L"Ulvano.XMLConfig.VersionUpgrade");
 
 std::wstring versionText(double version) { return formatFixed(version, 3); }
 

@@ -30,6 +30,12 @@ cmake --build "$work/library" -j "$jobs"
 rm -rf "$prefix"
 cmake --install "$work/library" > /dev/null
 
+if [ "$kind" = static ] && command -v readelf > /dev/null; then
+    # What is made at the usual time may be used before it is made: platform/Early.h
+    late=$(readelf -SW "$(find "$prefix" -name libXMLConfig.a)" | grep -c '\.init_array ' || true)
+    [ "$late" = 0 ] || { say "$late sources make static objects without XMLCONFIG_EARLY" >&2; exit 1; }
+fi
+
 say "compiling every installed header alone"
 headers=$prefix/include/XMLConfig
 (cd "$headers" && find . -name '*.h' | sort) > "$work/headers"
@@ -39,10 +45,15 @@ sed 's/^\.\///' "$work/headers" | xargs -P "$jobs" -I '{}' sh -c \
     sh "$compiler" "$headers" '{}'
 say "$(wc -l < "$work/headers") headers compile alone"
 
+# The program runs where a file would have the log written to a file, of which a program that configures no log knows
+# nothing: neither that file nor a complaint about the log may come of it.
 tryProgram() {
-    rm -rf "$work/files"
-    mkdir "$work/files"
-    LC_ALL=C "$1" "$work/files"
+    rm -rf "$work/files" "$work/current"
+    mkdir "$work/files" "$work/current"
+    cp "$here/log4cxx.properties" "$work/current"
+    (cd "$work/current" && LC_ALL=C "$1" "$work/files") 2> "$work/errors" || { cat "$work/errors" >&2; exit 1; }
+    [ ! -s "$work/errors" ] || { say "$2: on standard error: $(cat "$work/errors")" >&2; exit 1; }
+    [ "$(ls "$work/current")" = log4cxx.properties ] || { say "$2: a file of the folder set up the log" >&2; exit 1; }
     say "$2: the program works"
 }
 
@@ -51,6 +62,7 @@ cmake -S "$here" -B "$work/by-cmake" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" -
     -DCMAKE_BUILD_TYPE=Release > /dev/null
 cmake --build "$work/by-cmake"
 tryProgram "$work/by-cmake/consumer" "by CMake"
+tryProgram "$work/by-cmake/early" "before main and after it"
 
 # shellcheck disable=SC2046 # the flags are words
 pkgConfigFile=$(find "$prefix" -name XMLConfig.pc)
