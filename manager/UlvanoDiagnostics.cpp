@@ -2,11 +2,10 @@
 
 #include <exception>
 
+#include "manager/ProductExtension.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/Early.h"
-#include "platform/IQuorvelProductInfo.h"
 #include "platform/Paths.h"
-#include "platform/Text.h"
 #include "sections/SystemConfig.h"
 #include "store/Log.h"
 
@@ -21,8 +20,7 @@ bool isVirtualLoad = false;
 std::wstring snapshotName(XMLConfigManager& manager) {
     const std::wstring name = manager.getFileName();
     if (!name.empty()) return XMLConfig::detail::lastComponent(name);
-    return SystemConfig::DEFAULT_FILE_BASENAME +
-           XMLConfig::detail::fromUtf8(manager.getProductInfo()->getConfigFileExtension());
+    return SystemConfig::DEFAULT_FILE_BASENAME + XMLConfig::detail::extensionOf(manager.getProductInfo());
 }
 
 }  // namespace

@@ -5,10 +5,9 @@
 
 #include "manager/AssetManager.h"
 #include "manager/ManagerLog.h"
+#include "manager/ProductExtension.h"
 #include "manager/VirtualDevices.h"
 #include "manager/upgrade/VersionUpgrade.h"
-#include "platform/IQuorvelProductInfo.h"
-#include "platform/Text.h"
 #include "sections/CameraConfig.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/SiteAnalyticsConfig.h"
@@ -97,7 +96,7 @@ void XMLConfigManager::startSiteAnalytics() {
 }
 
 std::wstring XMLConfigManager::configExtension() const {
-    return XMLConfig::detail::fromUtf8(m_productInfo->getConfigFileExtension());
+    return XMLConfig::detail::extensionOf(m_productInfo.get());
 }
 
 void XMLConfigManager::saveConfiguration(const std::wstring& path) {

@@ -47,9 +47,11 @@ class XMLCONFIG_API XMLConfigManager {
 public:
     /// Opens a file and brings its document to the latest version. The caller owns the manager.
     /// A path whose extension is not the product's gives an untitled configuration.
-    /// Throws CorvaneException for a file that cannot be opened for update, is malformed, or is newer than the library.
+    /// Throws CorvaneException for a file that cannot be opened for update, is malformed, or is newer than the library,
+    /// and without product information for a path with an extension.
     static XMLConfigManager* loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path);
     /// A new, untitled configuration whose fixed sections hold their initial values. The caller owns the manager.
+    /// Without product information it can be copied, but not saved: saveConfiguration throws CorvaneException.
     static XMLConfigManager* newConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo);
 
     XMLConfigManager(const XMLConfigManager&) = default;
