@@ -1,5 +1,6 @@
 #include "manager/UpgradeFile.h"
 
+#include "platform/Cancellation.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
@@ -65,6 +66,7 @@ void write(ConfigInfo& document, const UpgradeFileRequest& request, const Upgrad
 }  // namespace
 
 UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
+    const detail::HeldCancellation held;
     if (!request.target.empty() && detail::fileExists(request.target)) refuse(request.target, L"exists already");
     ConfigInfo document(request.path);
     const double version = document.getVersion();

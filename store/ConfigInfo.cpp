@@ -1,5 +1,6 @@
 #include "store/ConfigInfo.h"
 
+#include "platform/Cancellation.h"
 #include "platform/Early.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
@@ -40,12 +41,17 @@ xercesc::DOMElement& versionElement(const Document& document, const wchar_t* pre
 
 ConfigInfo::ConfigInfo() : m_document(startedDocument()) { m_document->initializeDOM(); }
 
-ConfigInfo::ConfigInfo(const std::wstring& path) : m_document(startedDocument()) { m_document->parseDataFile(path); }
+ConfigInfo::ConfigInfo(const std::wstring& path) {
+    const XMLConfig::detail::HeldCancellation held;
+    m_document = startedDocument();
+    m_document->parseDataFile(path);
+}
 
 ConfigInfo::~ConfigInfo() = default;
 
 bool ConfigInfo::save(const std::wstring& path) {
     if (path.empty()) return false;
+    const XMLConfig::detail::HeldCancellation held;
     if (!m_document->exists()) {
         throw CorvaneException(
             L"Error save(): Document not created, operation sequence is out of order, initialize document before using.");

@@ -7,6 +7,7 @@
 #include <log4cxx/logmanager.h>
 #include <log4cxx/spi/loggerrepository.h>
 
+#include "platform/Cancellation.h"
 #include "platform/Text.h"
 
 namespace XMLConfig::detail {
@@ -30,6 +31,7 @@ bool hasAppender(const LoggerPtr& logger) {
 }
 
 void log(const LoggerPtr& logger, const log4cxx::LevelPtr& level, const std::wstring& text) {
+    const HeldCancellation held;
     if (logger->isEnabledFor(level) && hasAppender(logger))
         logger->forcedLogLS(level, toLogText<log4cxx::LogString>(text),
                             log4cxx::spi::LocationInfo::getLocationUnavailable());
