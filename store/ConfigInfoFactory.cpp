@@ -7,11 +7,11 @@ ConfigInfoFactory* ConfigInfoFactory::m_instance = nullptr;
 double ConfigInfoFactory::m_dFileVersion = XMLConfig::detail::latestFileVersion;
 
 ConfigInfoFactory* ConfigInfoFactory::getInstance() {
-    if (m_instance == nullptr) {
+    static ConfigInfoFactory* const made = [] {
         static ConfigInfoFactory factory;
-        m_instance = &factory;
-    }
-    return m_instance;
+        return m_instance = &factory;
+    }();
+    return made;
 }
 
 ConfigInfo* ConfigInfoFactory::createFromFile(const std::wstring& path) {

@@ -9,7 +9,7 @@ class ConfigInfo;
 /// Makes documents and knows the newest file version and this build's identity.
 class XMLCONFIG_API ConfigInfoFactory {
 public:
-    /// The one factory; it lives as long as the process.
+    /// The one factory; it lives as long as the process. May be called from any thread.
     static ConfigInfoFactory* getInstance();
 
     /// A document loaded from a file, owned by the caller. Throws what ConfigInfo's file constructor throws.
