@@ -2,4 +2,5 @@
 
 #include "platform/Early.h"
 
-XMLCONFIG_EARLY const XMLConfig::detail::LoggerPtr XMLConfig::detail::managerLog = logger(L"Ulvano.XMLConfig.XMLConfigManager");
+XMLCONFIG_EARLY const XMLConfig::detail::LoggerPtr XMLConfig::detail::managerLog =
+    logger(L"Ulvano.XMLConfig.XMLConfigManager");

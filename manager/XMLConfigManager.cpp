@@ -95,9 +95,7 @@ void XMLConfigManager::startSiteAnalytics() {
     setConfigDirty(dirty);
 }
 
-std::wstring XMLConfigManager::configExtension() const {
-    return XMLConfig::detail::extensionOf(m_productInfo.get());
-}
+std::wstring XMLConfigManager::configExtension() const { return XMLConfig::detail::extensionOf(m_productInfo.get()); }
 
 void XMLConfigManager::saveConfiguration(const std::wstring& path) {
     const std::size_t dot = path.rfind(L'.');
