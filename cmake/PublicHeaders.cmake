@@ -19,6 +19,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     store/FilePlaces.h
     store/Outline.h
     store/ValueTypes.h
+    base/AssetManager.h
     base/BaseConfig.h
     base/Setting.h
     base/UnitConversionTable.h

@@ -1,42 +1,4 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
-#include "base/BaseConfig.h"
-#include "platform/Export.h"
-
-class IPathHelper;
-
-// The interface has it that the destructor is not virtual; compilers would complain of it here and in every make_shared.
-#if defined(__GNUC__)
-#pragma GCC system_header
-#endif
-
-/// Turns the file names that settings hold into absolute paths and back. They are kept relative to a root, the folder of
-/// the configuration file, so that a folder moves as a whole. Text only: nothing is looked up on a disk.
-/// An empty path is always given back empty. The order of the virtual members is part of the interface.
-class XMLCONFIG_API AssetManager {
-public:
-    /// `rootPath` is the full path of the configuration file; empty for a new configuration, which has no root.
-    explicit AssetManager(const std::wstring& rootPath);
-    AssetManager(const AssetManager&) = delete;
-    AssetManager& operator=(const AssetManager&) = delete;
-    ~AssetManager();
-
-    /// The root becomes the folder of that configuration file.
-    virtual void setRootPath(const std::wstring& configFile);
-    /// The folder, without a trailing separator; empty without a root.
-    virtual std::wstring getRootPath() const;
-    /// The path in the form asked for; every mode but FilePathRelative gives the absolute one.
-    virtual std::wstring getPath(const std::wstring& path, BaseConfig::FilePathMode mode) const;
-    /// As seen from the root: "" for the root itself; left absolute on another drive and without a root.
-    virtual std::wstring getRelativePath(const std::wstring& path) const;
-    virtual std::wstring getAbsolutePath(const std::wstring& path) const;
-
-    /// A path that was relative to `otherRoot`, as seen from this root.
-    std::wstring relocate(const std::wstring& path, const std::wstring& otherRoot) const;
-
-private:
-    std::unique_ptr<IPathHelper> m_pathHelper;
-};
+/// Where this header stood before; new code includes base/AssetManager.h.
+#include "base/AssetManager.h"

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "manager/ManagerLog.h"
 #include "manager/ProductExtension.h"
 #include "manager/VirtualDevices.h"

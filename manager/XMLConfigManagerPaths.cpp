@@ -1,4 +1,4 @@
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "manager/ManagerLog.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/Environment.h"

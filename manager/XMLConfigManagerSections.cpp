@@ -1,6 +1,6 @@
 #include <memory>
 
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "manager/XMLConfigManager.h"
 #include "sections/ColorConfig.h"
 #include "sections/GeometryConfig.h"

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "sections/ScreenItems.h"
 #include "sections/ScreenTexts.h"
 #include "store/CorvaneException.h"

@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "platform/Clock.h"
 #include "platform/IResourceCache.h"
 #include "sections/CameraConfig.h"

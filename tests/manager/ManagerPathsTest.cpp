@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "sections/ColorConfig.h"
 #include "sections/MediaServerConfig.h"
 #include "sections/SystemConfig.h"

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "sections/ColorConfig.h"
 #include "sections/ScreenConfig.h"
 #include "store/CorvaneException.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 #include "sections/ScreenConfig.h"
 #include "tests/support/SettingRows.h"
 

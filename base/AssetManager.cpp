@@ -1,4 +1,4 @@
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 
 #include "platform/IPathHelper.h"
 

@@ -1,4 +1,4 @@
-#include "manager/AssetManager.h"
+#include "base/AssetManager.h"
 
 #include <type_traits>
 
