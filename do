@@ -89,6 +89,9 @@ doCheck() {
     build asan
     say 'testing with the sanitizers'
     ctest --preset asan -j "$jobs"
+    build tsan
+    say 'testing threads with the thread sanitizer'
+    ctest --preset tsan
     if [ -e tests/windows/run.sh ]; then
         say 'testing what is particular to Windows'
         sh tests/windows/run.sh
@@ -126,7 +129,7 @@ doHelp() {
 ./do run                build the release and run the shipped example
 ./do test               build and run every test
 ./do bench [OPTION]...  measure against raw Xerces-C; options go to xmlconfig_bench
-./do check              format, clang-tidy, sanitizers, Windows parts, static consumer
+./do check              format, clang-tidy, sanitizers, threads, Windows parts, static consumer
 ./do install [PREFIX]   build the release and install it (default /usr/local)
 ./do clean              remove what was built
 ./do help               this list

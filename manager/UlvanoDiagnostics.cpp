@@ -1,5 +1,6 @@
 #include "manager/UlvanoDiagnostics.h"
 
+#include <atomic>
 #include <exception>
 
 #include "manager/ProductExtension.h"
@@ -15,7 +16,7 @@ namespace {
 
 XMLCONFIG_EARLY const XMLConfig::detail::LoggerPtr diagnosticsLog = XMLConfig::detail::logger(L"Ulvano.UlvanoDiagnostics");
 
-bool isVirtualLoad = false;
+std::atomic<bool> isVirtualLoad{false};
 
 std::wstring snapshotName(XMLConfigManager& manager) {
     const std::wstring name = manager.getFileName();
