@@ -41,6 +41,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/AssetManager.h
     manager/Catalogue.h
     manager/Check.h
+    manager/Layout.h
     manager/LogOutput.h
     manager/SettingSearch.h
     manager/UlvanoDiagnostics.h

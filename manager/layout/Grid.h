@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "manager/layout/Image.h"
+#include "manager/layout/Surface.h"
+
+namespace XMLConfig::detail {
+
+/// A surface as points every half degree, and how many channels show each.
+class Grid {
+public:
+    explicit Grid(const Surface& surface);
+
+    /// Counts the channel at the points it shows. What is surely in or out is decided for many points at once.
+    void add(const Channel& channel);
+
+    [[nodiscard]] int columns() const { return m_columns; }
+    [[nodiscard]] int rows() const { return m_rows; }
+    /// 3 stands for more as well.
+    [[nodiscard]] int countAt(int column, int row) const { return m_counts[index(column, row)]; }
+    /// The area that a point of the row stands for, as a share of the surface.
+    [[nodiscard]] double shareOf(int row) const { return m_shares[static_cast<std::size_t>(row)]; }
+    /// Where a column, or a row, begins: it ends where the next one begins.
+    [[nodiscard]] double around(int column) const;
+    [[nodiscard]] double phi(int row) const;
+    [[nodiscard]] const Surface& surface() const { return m_surface; }
+
+private:
+    struct Block {  ///< neighbouring points and a ball around them
+        int column = 0;
+        int row = 0;
+        int endColumn = 0;
+        int endRow = 0;
+        Vector centre;
+        double radius = 0.0;
+    };
+
+    [[nodiscard]] std::size_t index(int column, int row) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns) + static_cast<std::size_t>(column);
+    }
+    [[nodiscard]] double height(int row) const;
+    void makePoints();
+    void makeBlocks();
+    [[nodiscard]] Block blockAt(int column, int row) const;
+    void count(int column, int row);
+
+    Surface m_surface;
+    int m_columns;
+    int m_rows;
+    std::vector<Vector> m_points;
+    std::vector<double> m_shares;
+    std::vector<Block> m_blocks;
+    std::vector<std::uint8_t> m_counts;
+};
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "manager/Layout.h"
+#include "manager/layout/Vector.h"
+
+/// A channel's image as a plane, and what of it another channel shows.
+namespace XMLConfig::detail {
+
+/// The planes through the eye that bound a channel: before the eye, right of the left edge, left of the right one, below
+/// the top one, above the bottom one. A direction is in the channel where its product with none of these normals, of
+/// length 1, is negative.
+using Planes = std::array<Vector, 5>;
+Planes planesOf(const Channel& channel);
+
+/// The direction that the image holds at x, y.
+Vector directionAt(const Channel& channel, double x, double y);
+
+/// Bottom left, bottom right, top right, top left.
+std::array<Vector, 4> cornersOf(const Channel& channel);
+
+/// What the image's outline reaches.
+Range yawSpanOf(const Channel& channel);
+Range pitchSpanOf(const Channel& channel);
+
+/// How another channel, given by its planes, lies over this one's image. All zeros where it does not.
+Overlap overlapOn(const Channel& channel, const Planes& other);
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "manager/Layout.h"
+
+/// The parts that a layout is reckoned in, each from those before it.
+namespace XMLConfig::detail {
+
+/// Every projector's channel as stored, with the directions and spans of the usable ones.
+std::vector<Channel> readChannels(const ConfigInfo& document);
+std::vector<CameraPlace> readCameras(const ConfigInfo& document);
+LayoutScreen readScreen(const ConfigInfo& document);
+/// What is wanted, and how the target is seen.
+void readWanted(Layout& layout, const ConfigInfo& document);
+
+/// Which usable channels overlap. Marks those that are crowded.
+std::vector<ChannelPair> findPairs(std::vector<Channel>& channels);
+std::vector<ChannelRow> findRows(const std::vector<Channel>& channels, const std::vector<ChannelPair>& pairs);
+/// Says of each usable channel how much of it is off the screen.
+std::optional<Coverage> findCoverage(std::vector<Channel>& channels, const LayoutScreen& screen);
+
+}  // namespace XMLConfig::detail

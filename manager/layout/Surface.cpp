@@ -1,0 +1,118 @@
+#include "manager/layout/Surface.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "sections/ScreenConfig.h"
+
+namespace XMLConfig::detail {
+namespace {
+
+constexpr double rounding = 1e-9;
+constexpr double turn = 2.0 * pi;
+
+bool isRange(const Range& range) {
+    return std::isfinite(range.from) && std::isfinite(range.to) && range.from < range.to && std::abs(range.from) <= turn &&
+           std::abs(range.to) <= turn;
+}
+
+}  // namespace
+
+std::optional<Surface> Surface::of(const LayoutScreen& screen) {
+    const bool isSphere = screen.shape == BaseConfig::SHAPE_SPHERE;
+    if (!isSphere && screen.shape != BaseConfig::SHAPE_CYLINDER) return std::nullopt;
+    Surface surface(screen, isSphere);
+    return surface.setLimits() ? std::optional<Surface>(surface) : std::nullopt;
+}
+
+/// What is more than a whole sphere counts as a whole one. A cylinder without a height has the angles of a sphere.
+bool Surface::setLimits() {
+    constexpr double highestCylinder = 80.0 * degree;
+    const LayoutScreen& screen = m_screen;
+    const bool isSized = std::isfinite(screen.radius) && screen.radius > 0.0 && isFinite(screen.centre);
+    if (!isSized || !isRange(screen.theta)) return false;
+    m_around = {screen.theta.from, std::min(screen.theta.to, screen.theta.from + turn)};
+    if (!m_isSphere && std::isfinite(screen.height) && screen.height > 0.0) {
+        m_heights = {-screen.height / 2.0, screen.height / 2.0};
+        return std::abs(phiOf(m_heights.to)) <= highestCylinder;
+    }
+    if (!isRange(screen.phi)) return false;
+    const double highest = m_isSphere ? pi / 2.0 : highestCylinder;
+    const Range phi{std::max(screen.phi.from, -highest), std::min(screen.phi.to, highest)};
+    m_heights = {heightOf(phi.from), heightOf(phi.to)};
+    return phi.from < phi.to;
+}
+
+double Surface::heightStep() const { return (m_isSphere ? 1.0 : m_screen.radius) * 0.5 * degree; }
+bool Surface::isClosed() const { return m_around.to - m_around.from > turn - rounding; }
+bool Surface::endsBelow() const { return !m_isSphere || m_heights.from > -pi / 2.0 + rounding; }
+bool Surface::endsAbove() const { return !m_isSphere || m_heights.to < pi / 2.0 - rounding; }
+
+Vector Surface::pointAt(double around, double height) const {
+    const double level = m_isSphere ? std::cos(height) : 1.0;
+    const Vector fromCentre{m_screen.radius * level * std::sin(around), m_screen.radius * level * std::cos(around),
+                            m_isSphere ? m_screen.radius * std::sin(height) : height};
+    return plus(m_screen.centre, fromCentre);
+}
+
+double Surface::areaBetween(double low, double high) const {
+    return m_isSphere ? std::sin(high) - std::sin(low) : high - low;
+}
+
+double Surface::phiOf(double height) const { return m_isSphere ? height : std::atan(height / m_screen.radius); }
+double Surface::heightOf(double phi) const { return m_isSphere ? phi : m_screen.radius * std::tan(phi); }
+
+/// The far one of the two places that a ray meets on the whole surface: the eye is inside as a rule.
+bool Surface::isMetBy(const Vector& from, const Vector& direction) const {
+    Vector across = direction;
+    Vector start = minus(from, m_screen.centre);
+    if (!m_isSphere) across.z = start.z = 0.0;
+    const double a = dot(across, across);
+    const double b = dot(start, across);
+    const double c = dot(start, start) - m_screen.radius * m_screen.radius;
+    const double root = b * b - a * c;
+    if (a <= 0.0 || root < 0.0) return false;
+    const double distance = (std::sqrt(root) - b) / a;
+    return distance > 0.0 && holds(plus(minus(from, m_screen.centre), times(distance, direction)));
+}
+
+bool Surface::holds(const Vector& fromCentre) const {
+    const double height = m_isSphere ? std::asin(std::clamp(fromCentre.z / m_screen.radius, -1.0, 1.0)) : fromCentre.z;
+    if (height < m_heights.from || height > m_heights.to) return false;
+    const double middle = (m_around.from + m_around.to) / 2.0;
+    const double around = std::remainder(std::atan2(fromCentre.x, fromCentre.y) - middle, turn);
+    return std::abs(around) <= (m_around.to - m_around.from) / 2.0;
+}
+
+}  // namespace XMLConfig::detail
+
+namespace XMLConfig {
+
+std::optional<ScreenPatch> limitsOf(const LayoutScreen& screen) {
+    const auto surface = detail::Surface::of(screen);
+    if (!surface) return std::nullopt;
+    const Range& heights = surface->heights();
+    return ScreenPatch{surface->around(), {surface->phiOf(heights.from), surface->phiOf(heights.to)}};
+}
+
+std::vector<Point_3Dim<double>> outlineOf(const LayoutScreen& screen, const Point_3Dim<double>& from,
+                                          const ScreenPatch& part, int points) {
+    std::vector<Point_3Dim<double>> outline;
+    const auto surface = detail::Surface::of(screen);
+    if (!surface) return outline;
+    const Point_2Dim<double> corners[] = {{part.theta.from, part.phi.from},
+                                          {part.theta.to, part.phi.from},
+                                          {part.theta.to, part.phi.to},
+                                          {part.theta.from, part.phi.to},
+                                          {part.theta.from, part.phi.from}};
+    for (int side = 0; side < 4; ++side)
+        for (int i = 0; i < points; ++i) {
+            const double share = static_cast<double>(i) / points;
+            const double theta = corners[side].x + share * (corners[side + 1].x - corners[side].x);
+            const double phi = corners[side].y + share * (corners[side + 1].y - corners[side].y);
+            outline.push_back(detail::minus(surface->pointAt(theta, surface->heightOf(phi)), from));
+        }
+    return outline;
+}
+
+}  // namespace XMLConfig

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+
+#include "manager/Layout.h"
+#include "manager/layout/Vector.h"
+
+namespace XMLConfig::detail {
+
+/// A sphere's or cylinder's surface within its limits. A place on it is an angle around and a height: of a sphere the angle
+/// up, of a cylinder the length up from its centre.
+class Surface {
+public:
+    /// None where the screen has another shape, or where its size is not stored or makes no sense.
+    static std::optional<Surface> of(const LayoutScreen& screen);
+
+    [[nodiscard]] const Range& around() const { return m_around; }
+    [[nodiscard]] const Range& heights() const { return m_heights; }
+    /// How high half a degree is.
+    [[nodiscard]] double heightStep() const;
+    /// Whether it goes all the way round.
+    [[nodiscard]] bool isClosed() const;
+    /// Whether it ends below, or above, rather than at a pole.
+    [[nodiscard]] bool endsBelow() const;
+    [[nodiscard]] bool endsAbove() const;
+
+    [[nodiscard]] Vector pointAt(double around, double height) const;
+    /// How much area lies between two heights, in a measure of its own.
+    [[nodiscard]] double areaBetween(double low, double high) const;
+    /// The angle up, as seen from the centre, and back.
+    [[nodiscard]] double phiOf(double height) const;
+    [[nodiscard]] double heightOf(double phi) const;
+    /// Whether a ray meets it.
+    [[nodiscard]] bool isMetBy(const Vector& from, const Vector& direction) const;
+
+private:
+    explicit Surface(const LayoutScreen& screen, bool isSphere) : m_screen(screen), m_isSphere(isSphere) {}
+    bool setLimits();
+    [[nodiscard]] bool holds(const Vector& fromCentre) const;
+
+    LayoutScreen m_screen;
+    bool m_isSphere;
+    Range m_around;
+    Range m_heights;
+};
+
+}  // namespace XMLConfig::detail

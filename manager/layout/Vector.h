@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cmath>
+
+#include "store/ValueTypes.h"
+
+/// Reckoning with directions and points.
+namespace XMLConfig::detail {
+
+using Vector = Point_3Dim<double>;
+
+inline constexpr double pi = 3.14159265358979323846;
+inline constexpr double degree = pi / 180.0;
+
+inline double dot(const Vector& a, const Vector& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+inline Vector plus(const Vector& a, const Vector& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
+inline Vector minus(const Vector& a, const Vector& b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
+inline Vector times(double factor, const Vector& a) { return {factor * a.x, factor * a.y, factor * a.z}; }
+inline double lengthOf(const Vector& a) { return std::sqrt(dot(a, a)); }
+inline Vector unit(const Vector& a) { return times(1.0 / lengthOf(a), a); }
+inline bool isFinite(const Vector& a) { return std::isfinite(a.x) && std::isfinite(a.y) && std::isfinite(a.z); }
+
+}  // namespace XMLConfig::detail

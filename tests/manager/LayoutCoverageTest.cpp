@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "manager/Layout.h"
+#include "tests/support/Rig.h"
+
+namespace {
+
+using XMLConfig::Coverage;
+using XMLConfig::Layout;
+using XMLConfig::detail::degree;
+
+double sumOf(const Coverage& coverage) { return coverage.inNone + coverage.inOne + coverage.inTwo + coverage.inMore; }
+
+TEST(Coverage, TiledSphereIsWhole) {
+    ConfigInfo document;
+    put(document, cube());
+    putSphere(document, -180.0, 180.0, -90.0, 90.0);
+    const Layout layout = XMLConfig::layout(document);
+    ASSERT_TRUE(layout.coverage);
+    EXPECT_EQ(layout.coverage->inNone, 0.0);
+    EXPECT_NEAR(sumOf(*layout.coverage), 1.0, 1e-9);
+    EXPECT_TRUE(layout.coverage->uncovered.empty());
+    EXPECT_TRUE(layout.coverage->uncoveredBands.empty());
+    for (const XMLConfig::Channel& channel : layout.channels) EXPECT_EQ(channel.offScreen, 0.0);
+}
+
+TEST(Coverage, TiledSphereIsWholeFromAnyEyePoint) {
+    ConfigInfo document;
+    const std::vector<RigChannel> sides = cube();
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+        const std::wstring id = std::to_wstring(i + 1);
+        ProjectorConfig(&document, id).setEyePoint({1.5, -2.0, 0.7});
+        put(document, id, sides[i]);
+    }
+    putSphere(document, -180.0, 180.0, -90.0, 90.0);
+    EXPECT_EQ(XMLConfig::layout(document).coverage->inNone, 0.0);
+}
+
+TEST(Coverage, EachSideOfACubeIsASixth) {
+    for (const RigChannel& side : cube()) {
+        ConfigInfo document;
+        put(document, {side});
+        putSphere(document, -180.0, 180.0, -90.0, 90.0);
+        const Coverage coverage = *XMLConfig::layout(document).coverage;
+        EXPECT_NEAR(coverage.inOne, 1.0 / 6.0, 0.001);
+        EXPECT_NEAR(coverage.inNone, 5.0 / 6.0, 0.001);
+    }
+}
+
+TEST(Coverage, CountsHowManyChannelsMeet) {
+    ConfigInfo document;
+    const RigChannel half{0.0, 0.0, 0.0, -45.0, 45.0, 45.0, -45.0};
+    put(document, {half, half, half, half});
+    putSphere(document, -20.0, 20.0, -20.0, 20.0);
+    const Layout layout = XMLConfig::layout(document);
+    EXPECT_NEAR(layout.coverage->inMore, 1.0, 1e-9);
+    ConfigInfo two;
+    put(two, {half, half});
+    putSphere(two, -20.0, 20.0, -20.0, 20.0);
+    EXPECT_NEAR(XMLConfig::layout(two).coverage->inTwo, 1.0, 1e-9);
+}
+
+TEST(Coverage, SideThatIsMissingIsAHole) {
+    ConfigInfo document;
+    std::vector<RigChannel> sides = cube();
+    sides.erase(sides.begin());  // ahead
+    put(document, sides);
+    putSphere(document, -180.0, 180.0, -90.0, 90.0);
+    const Coverage coverage = *XMLConfig::layout(document).coverage;
+    ASSERT_EQ(coverage.uncovered.size(), 1u);
+    const XMLConfig::UncoveredPart& hole = coverage.uncovered[0];
+    EXPECT_TRUE(hole.isHole);
+    EXPECT_NEAR(hole.share, coverage.inNone, 1e-12);
+    EXPECT_NEAR(hole.theta.from / degree, -45.0, 0.5);
+    EXPECT_NEAR(hole.theta.to / degree, 45.0, 0.5);
+    EXPECT_NEAR(hole.phi.from / degree, -45.0, 0.5);
+    EXPECT_NEAR(hole.phi.to / degree, 45.0, 0.5);
+    EXPECT_EQ(hole.patches.size(), static_cast<std::size_t>(std::lround((hole.phi.to - hole.phi.from) / degree * 2.0)));
+    EXPECT_TRUE(coverage.uncoveredBands.empty());
+}
+
+TEST(Coverage, HoleBehindTheViewerIsOnePart) {
+    ConfigInfo document;
+    std::vector<RigChannel> sides = cube();
+    sides.erase(sides.begin() + 2);  // behind
+    put(document, sides);
+    putSphere(document, -180.0, 180.0, -90.0, 90.0);
+    const Coverage coverage = *XMLConfig::layout(document).coverage;
+    ASSERT_EQ(coverage.uncovered.size(), 1u);
+    EXPECT_TRUE(coverage.uncovered[0].isHole);
+}
+
+TEST(Coverage, HoleAtThePoleIsAHole) {
+    ConfigInfo document;
+    std::vector<RigChannel> sides = cube();
+    sides.erase(sides.begin() + 4);  // above
+    put(document, sides);
+    putSphere(document, -180.0, 180.0, -90.0, 90.0);
+    const Coverage whole = *XMLConfig::layout(document).coverage;
+    ASSERT_EQ(whole.uncovered.size(), 1u);
+    EXPECT_TRUE(whole.uncovered[0].isHole);
+    putSphere(document, -180.0, 180.0, -90.0, 80.0);
+    const Coverage cut = *XMLConfig::layout(document).coverage;
+    ASSERT_EQ(cut.uncovered.size(), 1u);
+    EXPECT_FALSE(cut.uncovered[0].isHole);
+    EXPECT_TRUE(cut.uncovered[0].patches.empty());
+    ASSERT_EQ(cut.uncoveredBands.size(), 1u);
+    EXPECT_NEAR(cut.uncoveredBands[0].to / degree, 80.0, 1e-9);
+}
+
+TEST(Coverage, CylinderIsCoveredAllTheWayUp) {
+    ConfigInfo document;
+    put(document, {{0.0, 0.0, 0.0, -30.0, 30.0, 60.0, -60.0}});
+    putSphere(document, -90.0, 90.0, -90.0, 90.0);
+    ScreenConfig screen(&document, nullptr, L"");
+    screen.setShape(BaseConfig::SHAPE_CYLINDER);
+    screen.setHeight(4.0);
+    const Layout layout = XMLConfig::layout(document);
+    ASSERT_TRUE(layout.coverage);
+    EXPECT_NEAR(layout.coverage->inOne, 1.0 / 3.0, 1e-9);
+    // Above and below the cylinder: atan(2 / 5) of the field of 60 degrees, in its middle.
+    EXPECT_NEAR(*layout.channels[0].offScreen, 1.0 - 0.4 * 1.1 / std::tan(60.0 * degree), 0.05);
+    EXPECT_NEAR(limitsOf(layout.screen)->phi.to, std::atan(0.4), 1e-12);
+}
+
+TEST(Coverage, CylinderWithoutHeightHasTheAnglesOfASphere) {
+    ConfigInfo document;
+    put(document, {{}});
+    putSphere(document, -90.0, 90.0, -10.0, 20.0);
+    ScreenConfig(&document, nullptr, L"").setShape(BaseConfig::SHAPE_CYLINDER);
+    const Layout layout = XMLConfig::layout(document);
+    ASSERT_TRUE(layout.coverage);
+    EXPECT_NEAR(limitsOf(layout.screen)->phi.to / degree, 20.0, 1e-9);
+    EXPECT_NEAR(limitsOf(layout.screen)->phi.from / degree, -10.0, 1e-9);
+}
+
+TEST(Coverage, ScreenWithoutAnglesOrSizeHasNone) {
+    ConfigInfo document;
+    put(document, {{}});
+    ScreenConfig screen(&document, nullptr, L"");
+    EXPECT_FALSE(XMLConfig::layout(document).coverage);
+    putSphere(document, -90.0, 90.0, -10.0, 20.0);
+    EXPECT_TRUE(XMLConfig::layout(document).coverage);
+    for (const wchar_t* shape : {L"Flat", L"VRML", L"Toroid"}) {
+        screen.setShape(shape);
+        EXPECT_FALSE(XMLConfig::layout(document).coverage) << shape;
+        EXPECT_FALSE(XMLConfig::layout(document).channels[0].offScreen);
+        EXPECT_FALSE(limitsOf(XMLConfig::layout(document).screen));
+    }
+    screen.setShape(BaseConfig::SHAPE_SPHERE);
+    screen.setRadius(0.0);
+    EXPECT_FALSE(XMLConfig::layout(document).coverage);
+    putSphere(document, 90.0, -90.0, -10.0, 20.0);
+    EXPECT_FALSE(XMLConfig::layout(document).coverage);
+    putSphere(document, -90.0 / degree, 90.0 / degree, -10.0, 20.0);  // degrees in place of radians
+    EXPECT_FALSE(XMLConfig::layout(document).coverage);
+}
+
+TEST(Coverage, MoreThanASphereIsASphere) {
+    ConfigInfo document;
+    put(document, cube());
+    putSphere(document, -200.0, 200.0, -100.0, 100.0);
+    const Layout layout = XMLConfig::layout(document);
+    ASSERT_TRUE(layout.coverage);
+    EXPECT_EQ(layout.coverage->inNone, 0.0);
+    EXPECT_NEAR(limitsOf(layout.screen)->phi.to / degree, 90.0, 1e-9);
+}
+
+TEST(Coverage, OutlineOfTheScreenIsSeenFromTheEye) {
+    ConfigInfo document;
+    putSphere(document, -90.0, 90.0, 0.0, 60.0);
+    const XMLConfig::LayoutScreen screen = XMLConfig::layout(document).screen;
+    const auto outline = outlineOf(screen, {0.0, 0.0, 0.0}, *limitsOf(screen), 10);
+    ASSERT_EQ(outline.size(), 40u);
+    EXPECT_NEAR(XMLConfig::headingOf(outline[0]).yaw / degree, -90.0, 1e-9);
+    EXPECT_NEAR(XMLConfig::headingOf(outline[20]).pitch / degree, 60.0, 1e-9);
+    const auto below = outlineOf(screen, {0.0, 0.0, -1.0}, *limitsOf(screen), 10);
+    EXPECT_GT(XMLConfig::headingOf(below[0]).pitch, 0.1);
+}
+
+}  // namespace
