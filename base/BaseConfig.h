@@ -90,6 +90,8 @@ public:
     bool moveSection(int position) const;
     /// Gives the section a new ID, notes the old one in it as "OldSectionID", and goes on under the new ID; the note is
     /// written also when the document had no section to rename.
+    /// Cameras and projectors that a manager has given out are renamed and removed by the manager, which is not told of what
+    /// is done here: it would go on giving this accessor out for the old ID and make a second one for the new ID.
     void renameSection(const std::wstring& newSectionID);
 
     /// value * factor. An unknown pair of units gives 0.0.

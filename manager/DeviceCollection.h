@@ -12,39 +12,37 @@
 
 namespace XMLConfig::detail {
 
-/// How the log names a kind of device.
+/// What is different between one kind of device and another.
 struct DeviceKind {
     const wchar_t* section;  ///< the tag of its sections
-    const wchar_t* noun;
+    const wchar_t* noun;     ///< its name in the log
+    bool renamesDisplace;    ///< whether a device may take an ID under which another accessor is known
 };
 
-/// The operations on one kind of device. It works on the manager's own members, so that managers copy plainly.
-///
-/// The document says which devices there are; `accessors` only caches the owned accessors that were asked for, by ID.
-/// Identifiers are taken by value, because a caller may pass an accessor's own, which renaming changes.
+/// The devices of one kind. The document says which there are; the collection owns the accessors that were asked for and
+/// finds them by ID. Identifiers are taken by value, because a caller may pass an accessor's own, which renaming changes.
 template <typename Device>
 class DeviceCollection {
 public:
-    using Accessors = std::map<std::wstring, Device*>;
+    /// Borrows the document.
+    DeviceCollection(const DeviceKind& kind, ConfigInfo& document) : m_kind(kind), m_document(document) {}
 
-    /// A kind whose renames may displace an accessor names the list that keeps those; null refuses such renames.
-    DeviceCollection(const DeviceKind& kind, ConfigInfo& document, Accessors& accessors, std::vector<Device*>* displaced)
-        : m_kind(kind), m_document(document), m_accessors(accessors), m_displaced(displaced) {}
+    [[nodiscard]] std::vector<std::wstring> ids() const { return m_document.getSectionIDs(m_kind.section); }
+    [[nodiscard]] int count() const { return m_document.getSectionCount(m_kind.section); }
 
     Device* get(const std::wstring& id) {
         const auto found = m_accessors.find(id);
-        if (found != m_accessors.end()) return found->second;
+        if (found != m_accessors.end()) return found->second.get();
         auto device = std::make_unique<Device>(&m_document, id);
         if (!m_document.doesSectionExist(m_kind.section, id)) device->initialize();
-        m_accessors.emplace(id, device.get());
-        return device.release();
+        return m_accessors.emplace(id, std::move(device)).first->second.get();
     }
 
     bool rename(const std::wstring oldId, const std::wstring newId) {
         if (oldId == newId) return true;
         const auto found = m_accessors.find(oldId);
         if (found == m_accessors.end()) return false;
-        if (m_displaced == nullptr && m_accessors.count(newId) != 0) return false;
+        if (!m_kind.renamesDisplace && m_accessors.count(newId) != 0) return false;
         found->second->renameSection(newId);
         rekey(found, newId);
         logInfo(managerLog, std::wstring(L"Remapped ") + m_kind.noun + L" id from " + oldId + L" to " + newId +
@@ -57,7 +55,6 @@ public:
         const bool removed = found != m_accessors.end();
         if (removed) {
             found->second->removeSection();
-            const std::unique_ptr<Device> device(found->second);
             m_accessors.erase(found);
         }
         logResult(L"remove", L"'" + id + L"'", removed);
@@ -71,11 +68,19 @@ public:
         return moved;
     }
 
+    /// Frees the accessors. The document is not touched.
+    void clear() {
+        m_accessors.clear();
+        m_displaced.clear();
+    }
+
 private:
+    using Accessors = std::map<std::wstring, std::unique_ptr<Device>>;
+
     void rekey(typename Accessors::iterator entry, const std::wstring& newId) {
         const auto known = m_accessors.find(newId);
         if (known != m_accessors.end()) {
-            m_displaced->push_back(known->second);
+            m_displaced.push_back(std::move(known->second));
             m_accessors.erase(known);
         }
         auto node = m_accessors.extract(entry);
@@ -90,8 +95,8 @@ private:
 
     const DeviceKind& m_kind;
     ConfigInfo& m_document;
-    Accessors& m_accessors;
-    std::vector<Device*>* m_displaced;
+    Accessors m_accessors;
+    std::vector<std::unique_ptr<Device>> m_displaced;  // callers may hold them still
 };
 
 }  // namespace XMLConfig::detail

@@ -3,21 +3,18 @@
 #include <stdexcept>
 #include <utility>
 
-#include "base/AssetManager.h"
 #include "manager/ManagerLog.h"
+#include "manager/OpenConfiguration.h"
 #include "manager/ProductExtension.h"
 #include "manager/VirtualDevices.h"
 #include "manager/upgrade/VersionUpgrade.h"
-#include "sections/CameraConfig.h"
-#include "sections/ProjectorConfig.h"
-#include "sections/SiteAnalyticsConfig.h"
-#include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 
 using XMLConfig::detail::logInfo;
 using XMLConfig::detail::logWarn;
 using XMLConfig::detail::managerLog;
+using XMLConfig::detail::OpenConfiguration;
 
 namespace {
 
@@ -26,11 +23,6 @@ namespace {
         L"Error loadConfiguration(): doFileVersionUpgrade() failed attempting to upgrade file: " + path;
     logWarn(managerLog, message);
     throw CorvaneException(message);
-}
-
-template <typename Owned>
-void freeAll(const Owned& devices) {
-    for (const auto& [id, device] : devices) delete device;
 }
 
 }  // namespace
@@ -47,7 +39,7 @@ XMLConfigManager* XMLConfigManager::loadConfiguration(std::shared_ptr<IQuorvelPr
     }
     XMLConfig::detail::applyVirtualDevices(*document);
 
-    std::unique_ptr<XMLConfigManager> manager = taking(std::move(document), std::move(productInfo), path);
+    std::unique_ptr<XMLConfigManager> manager = managerOf(std::move(document), std::move(productInfo), path);
     manager->setFileName(path);
     manager->setConfigUntitledIfDeprecatedExtension(path);
     manager->m_versionUpgradeStatus = status;
@@ -58,40 +50,30 @@ XMLConfigManager* XMLConfigManager::loadConfiguration(std::shared_ptr<IQuorvelPr
 XMLConfigManager* XMLConfigManager::newConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo) {
     logInfo(managerLog, L"newConfiguration()");
     std::unique_ptr<ConfigInfo> document(ConfigInfoFactory::getInstance()->createNew());
-    std::unique_ptr<XMLConfigManager> manager = taking(std::move(document), std::move(productInfo), L"");
+    std::unique_ptr<XMLConfigManager> manager = managerOf(std::move(document), std::move(productInfo), L"");
     manager->initializeSections();
     return manager.release();
 }
 
-std::unique_ptr<XMLConfigManager> XMLConfigManager::taking(std::unique_ptr<ConfigInfo> document,
-                                                           std::shared_ptr<IQuorvelProductInfo> productInfo,
-                                                           const std::wstring& path) {
-    std::unique_ptr<XMLConfigManager> manager(new XMLConfigManager(std::move(productInfo), document.get(), path));
-    static_cast<void>(document.release());
-    return manager;
+std::unique_ptr<XMLConfigManager> XMLConfigManager::managerOf(std::unique_ptr<ConfigInfo> document,
+                                                              std::shared_ptr<IQuorvelProductInfo> productInfo,
+                                                              const std::wstring& path) {
+    return std::unique_ptr<XMLConfigManager>(new XMLConfigManager(std::move(productInfo), document.release(), path));
 }
 
 XMLConfigManager::XMLConfigManager(std::shared_ptr<IQuorvelProductInfo> productInfo, ConfigInfo* document,
                                    const std::wstring& path)
-    : m_productInfo(std::move(productInfo)),
-      m_configInfo(document),
-      m_assetManager(std::make_shared<AssetManager>(rootFile(path))) {
-    makeSections();
+    : m_productInfo(std::move(productInfo)) {
+    std::unique_ptr<ConfigInfo> owned(document);
+    m_open = std::make_shared<OpenConfiguration>(std::move(owned), rootFile(path));
 }
 
-XMLConfigManager::~XMLConfigManager() {
-    delete m_configInfo;
-    m_configInfo = nullptr;
-    freeAll(m_cameras);
-    for (CameraConfig* camera : m_displacedCameras) delete camera;
-    freeSections();
-    freeAll(m_projectors);
-}
+XMLConfigManager::~XMLConfigManager() = default;
 
 // A visit is counted in the open document only: opening a file is no change to save.
 void XMLConfigManager::startSiteAnalytics() {
     const bool dirty = isConfigDirty();
-    m_siteAnalyticsConfig->onLoad();
+    m_open->siteAnalytics->onLoad();
     setConfigDirty(dirty);
 }
 
@@ -105,18 +87,18 @@ void XMLConfigManager::saveConfiguration(const std::wstring& path) {
     setFileName(path);
     updateRelativeFilePaths(m_fileName);
     logInfo(managerLog, L"saveConfiguration('" + m_fileName + L"')");
-    m_configInfo->insertBuildDateAndNumber();
-    m_configInfo->save(m_fileName);
+    m_open->document->insertBuildDateAndNumber();
+    m_open->document->save(m_fileName);
 }
 
 void XMLConfigManager::copyConfiguration(const std::wstring& path) {
     logInfo(managerLog, L"copyConfiguration('" + path + L"')");
-    const bool dirty = m_configInfo->isDirty();
-    m_configInfo->save(path);
-    m_configInfo->setDirty(dirty);
+    const bool dirty = m_open->document->isDirty();
+    m_open->document->save(path);
+    m_open->document->setDirty(dirty);
 }
 
-std::shared_ptr<AssetManager> XMLConfigManager::getAssetManager() const { return m_assetManager; }
+std::shared_ptr<AssetManager> XMLConfigManager::getAssetManager() const { return m_open->assetManager; }
 
 const IQuorvelProductInfo* XMLConfigManager::getProductInfo() const { return m_productInfo.get(); }
 
@@ -126,6 +108,6 @@ void XMLConfigManager::setResourceCache(IResourceCache* resourceCache) { m_resou
 
 XMLConfig::VersionUpgradeEnum XMLConfigManager::getVersionUpgradeStatus() const { return m_versionUpgradeStatus; }
 
-bool XMLConfigManager::isConfigDirty() const { return m_configInfo->isDirty(); }
+bool XMLConfigManager::isConfigDirty() const { return m_open->document->isDirty(); }
 
-void XMLConfigManager::setConfigDirty(bool dirty) { m_configInfo->setDirty(dirty); }
+void XMLConfigManager::setConfigDirty(bool dirty) { m_open->document->setDirty(dirty); }

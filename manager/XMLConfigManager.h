@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +22,10 @@ class SiteAnalyticsConfig;
 class SystemConfig;
 class TargetLocatorConfig;
 
+namespace XMLConfig::detail {
+struct OpenConfiguration;
+}
+
 namespace XMLConfig {
 
 /// What loading did to the document. The file itself is never changed by a load.
@@ -36,13 +39,13 @@ enum VersionUpgradeEnum : int {
 
 /// One open configuration: the document, its sections, its devices and its file.
 ///
-/// The manager owns the document and every accessor it hands out; they are gone with it. It shares the asset manager and
-/// the product information and never owns the resource cache. A manager and what it hands out are used by one thread at
-/// a time. What the document throws reaches the caller unchanged. The order of the virtual members is part of the
+/// The manager owns the document and every accessor it hands out; they are gone with it and its copies. It shares the asset
+/// manager and the product information and never owns the resource cache. A manager and what it hands out are used by one
+/// thread at a time. What the document throws reaches the caller unchanged. The order of the virtual members is part of the
 /// interface.
 ///
-/// A copy is shallow: it refers to the same objects, and each destructor deletes them, so only one of the two may ever
-/// be destroyed. Accessors that one of them makes later are unknown to the other.
+/// A copy shares the document and every accessor, those too that either of them makes later; they are freed with the last
+/// of the copies. File name, upgrade status and resource cache are the copy's own.
 class XMLCONFIG_API XMLConfigManager {
 public:
     /// Opens a file and brings its document to the latest version. The caller owns the manager.
@@ -86,6 +89,9 @@ public:
     std::vector<std::wstring> getProjectorIDs() const;
     int getCameraConfigCount() const;
     int getProjectorConfigCount() const;
+
+    // A device is renamed and removed here only. The accessor's own renameSection() and removeSection() do the same to the
+    // document, but the manager is not told: it goes on giving that accessor out for the old ID.
 
     /// Gives a camera a new ID; true also when the IDs are equal, false when no accessor of `oldId` was ever asked for.
     /// An accessor known under `newId` is displaced: it stays valid, but the manager gives it out no more. IDs that other
@@ -149,33 +155,18 @@ protected:
     void setFileName(const std::wstring& fileName);
 
 private:
-    static std::unique_ptr<XMLConfigManager> taking(std::unique_ptr<ConfigInfo> document,
-                                                    std::shared_ptr<IQuorvelProductInfo> productInfo,
-                                                    const std::wstring& path);
+    static std::unique_ptr<XMLConfigManager> managerOf(std::unique_ptr<ConfigInfo> document,
+                                                       std::shared_ptr<IQuorvelProductInfo> productInfo,
+                                                       const std::wstring& path);
     /// The file whose folder is the root of relative names: a relative path is one in the current folder.
     static std::wstring rootFile(const std::wstring& configFile);
     std::wstring configExtension() const;
-    void makeSections();
     void initializeSections();
-    void freeSections();
     void startSiteAnalytics();
 
     std::shared_ptr<IQuorvelProductInfo> m_productInfo;
     XMLConfig::VersionUpgradeEnum m_versionUpgradeStatus = XMLConfig::NoUpgradeRequired;
     IResourceCache* m_resourceCache = nullptr;
     std::wstring m_fileName;
-    ConfigInfo* m_configInfo;
-    std::shared_ptr<AssetManager> m_assetManager;
-    std::map<std::wstring, CameraConfig*> m_cameras;
-    std::map<std::wstring, ProjectorConfig*> m_projectors;
-    ColorConfig* m_colorConfig = nullptr;
-    GeometryConfig* m_geometryConfig = nullptr;
-    ScreenConfig* m_screenConfig = nullptr;
-    SystemConfig* m_systemConfig = nullptr;
-    TargetLocatorConfig* m_targetLocatorConfig = nullptr;
-    ProjectorApprovedSlotsConfig* m_projectorApprovedSlotsConfig = nullptr;
-    SiteAnalyticsConfig* m_siteAnalyticsConfig = nullptr;
-    ProjMapConfig* m_projMapConfig = nullptr;
-    MediaServerConfig* m_mediaServerConfig = nullptr;
-    std::vector<CameraConfig*> m_displacedCameras;  ///< owned
+    std::shared_ptr<XMLConfig::detail::OpenConfiguration> m_open;  // with the copies of this manager
 };

@@ -1,12 +1,8 @@
-#include "base/AssetManager.h"
 #include "manager/ManagerLog.h"
+#include "manager/OpenConfiguration.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/Environment.h"
 #include "platform/Paths.h"
-#include "sections/ColorConfig.h"
-#include "sections/MediaServerConfig.h"
-#include "sections/ScreenConfig.h"
-#include "sections/SystemConfig.h"
 
 using XMLConfig::detail::folderOf;
 using XMLConfig::detail::isAbsolute;
@@ -51,12 +47,12 @@ std::wstring XMLConfigManager::getFileNameNoPathNoExtension() const {
 std::wstring XMLConfigManager::getSkorraFilename() { return processPath(getSystemConfig()->getSkorraFilename()); }
 
 std::wstring XMLConfigManager::getAdvancedColorFilename() const {
-    return processPath(m_colorConfig->getAdvancedColorFilename());
+    return processPath(m_open->color->getAdvancedColorFilename());
 }
 
 std::wstring XMLConfigManager::getMpcdiOutputFilename() const {
     std::wstring outputFile;
-    m_mediaServerConfig->get(L"outputFile", outputFile);
+    m_open->mediaServer->get(L"outputFile", outputFile);
     if (!outputFile.empty()) return outputFile;
     const std::size_t dot = m_fileName.rfind(L'.');
     if (dot == std::wstring::npos) return L"mpcdi.xml";
@@ -80,9 +76,9 @@ std::wstring XMLConfigManager::processPath(const std::wstring& path) const {
 }
 
 void XMLConfigManager::updateRelativeFilePaths(const std::wstring& newConfigPath) {
-    const std::wstring oldRoot = m_assetManager->getRootPath();
+    const std::wstring oldRoot = m_open->assetManager->getRootPath();
     const std::wstring newFile = rootFile(newConfigPath);
-    if (m_assetManager->getPath(folderOf(newFile), BaseConfig::FilePathRelative).empty()) return;
-    m_assetManager->setRootPath(newFile);
-    m_screenConfig->updateRelativeFilePaths(oldRoot);
+    if (m_open->assetManager->getPath(folderOf(newFile), BaseConfig::FilePathRelative).empty()) return;
+    m_open->assetManager->setRootPath(newFile);
+    m_open->screen->updateRelativeFilePaths(oldRoot);
 }

@@ -1,6 +1,5 @@
 #include <clocale>
 #include <memory>
-#include <new>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
@@ -267,6 +266,32 @@ TEST(ManagerLifeCycle, SharesAreReleasedWithTheManager) {
     EXPECT_TRUE(assets.expired());
 }
 
+namespace {
+
+// Notes whether the asset manager was gone when it was destroyed itself.
+class WatchingProduct : public TestProduct {
+public:
+    WatchingProduct(const std::weak_ptr<AssetManager>& assets, bool& sawThemGone)
+        : TestProduct(".skorrax"), m_assets(assets), m_sawThemGone(sawThemGone) {}
+    ~WatchingProduct() override { m_sawThemGone = m_assets.expired(); }
+
+private:
+    const std::weak_ptr<AssetManager>& m_assets;
+    bool& m_sawThemGone;
+};
+
+}  // namespace
+
+TEST(ManagerLifeCycle, ProductInformationIsReleasedLast) {
+    std::weak_ptr<AssetManager> assets;
+    bool sawThemGone = false;
+    std::unique_ptr<XMLConfigManager> manager(
+        XMLConfigManager::newConfiguration(std::make_shared<WatchingProduct>(assets, sawThemGone)));
+    assets = manager->getAssetManager();
+    manager.reset();
+    EXPECT_TRUE(sawThemGone);
+}
+
 TEST(ManagerLifeCycle, EverythingIsFreedWithTheManager) {  // the sanitizers look on
     const auto manager = newManager();
     manager->getCameraConfig(L"a");
@@ -281,63 +306,74 @@ TEST(ManagerLifeCycle, EverythingIsFreedWithTheManager) {  // the sanitizers loo
     EXPECT_EQ(manager->getProjectorConfigCount(), 1);
 }
 
-namespace {
-
-// Only one of two copies may be destroyed: this one never is.
-template <typename T>
-class NeverDestroyed {
-public:
-    explicit NeverDestroyed(const T& original) : m_value(new (m_space) T(original)) {}
-    T* operator->() { return m_value; }
-    T& operator*() { return *m_value; }
-
-private:
-    alignas(T) unsigned char m_space[sizeof(T)];
-    T* m_value;
-};
-
-}  // namespace
-
 TEST(ManagerLifeCycle, CopyRefersToTheSameObjects) {
     const auto manager = newManager();
     Cache cache;
     manager->setResourceCache(&cache);
     CameraConfig* camera = manager->getCameraConfig(L"a");
     ProjectorConfig* projector = manager->getProjectorConfig(L"a");
-    static NeverDestroyed<XMLConfigManager> copy(*manager);
-    EXPECT_EQ(copy->getColorConfig(), manager->getColorConfig());
-    EXPECT_EQ(copy->getGeometryConfig(), manager->getGeometryConfig());
-    EXPECT_EQ(copy->getScreenConfig(), manager->getScreenConfig());
-    EXPECT_EQ(copy->getSystemConfig(), manager->getSystemConfig());
-    EXPECT_EQ(copy->getTargetLocatorConfig(), manager->getTargetLocatorConfig());
-    EXPECT_EQ(copy->getProjectorApprovedSlotsConfig(), manager->getProjectorApprovedSlotsConfig());
-    EXPECT_EQ(copy->getSiteAnalyticsConfig(), manager->getSiteAnalyticsConfig());
-    EXPECT_EQ(copy->getProjMapConfig(), manager->getProjMapConfig());
-    EXPECT_EQ(copy->getMediaServerConfig(), manager->getMediaServerConfig());
-    EXPECT_EQ(copy->getCameraConfig(L"a"), camera);
-    EXPECT_EQ(copy->getProjectorConfig(L"a"), projector);
-    EXPECT_EQ(copy->getAssetManager(), manager->getAssetManager());
-    EXPECT_EQ(copy->getProductInfo(), manager->getProductInfo());
-    EXPECT_EQ(copy->getResourceCache(), &cache);
-    EXPECT_EQ(copy->getVersionUpgradeStatus(), manager->getVersionUpgradeStatus());
+    XMLConfigManager copy(*manager);
+    EXPECT_EQ(copy.getColorConfig(), manager->getColorConfig());
+    EXPECT_EQ(copy.getGeometryConfig(), manager->getGeometryConfig());
+    EXPECT_EQ(copy.getScreenConfig(), manager->getScreenConfig());
+    EXPECT_EQ(copy.getSystemConfig(), manager->getSystemConfig());
+    EXPECT_EQ(copy.getTargetLocatorConfig(), manager->getTargetLocatorConfig());
+    EXPECT_EQ(copy.getProjectorApprovedSlotsConfig(), manager->getProjectorApprovedSlotsConfig());
+    EXPECT_EQ(copy.getSiteAnalyticsConfig(), manager->getSiteAnalyticsConfig());
+    EXPECT_EQ(copy.getProjMapConfig(), manager->getProjMapConfig());
+    EXPECT_EQ(copy.getMediaServerConfig(), manager->getMediaServerConfig());
+    EXPECT_EQ(copy.getCameraConfig(L"a"), camera);
+    EXPECT_EQ(copy.getProjectorConfig(L"a"), projector);
+    EXPECT_EQ(copy.getAssetManager(), manager->getAssetManager());
+    EXPECT_EQ(copy.getProductInfo(), manager->getProductInfo());
+    EXPECT_EQ(copy.getResourceCache(), &cache);
+    EXPECT_EQ(copy.getVersionUpgradeStatus(), manager->getVersionUpgradeStatus());
     manager->setConfigDirty(false);
-    EXPECT_FALSE(copy->isConfigDirty());
-    copy->getColorConfig()->setTargetSizeX(99);
+    EXPECT_FALSE(copy.isConfigDirty());
+    copy.getColorConfig()->setTargetSizeX(99);
     EXPECT_TRUE(manager->isConfigDirty());
 }
 
-TEST(ManagerLifeCycle, CopiesHaveMapsAndNamesOfTheirOwn) {
+TEST(ManagerLifeCycle, CopyOutlivesItsOriginal) {  // the sanitizers look on
+    const auto product = TestProduct::make();
+    auto manager = std::unique_ptr<XMLConfigManager>(XMLConfigManager::newConfiguration(product));
+    CameraConfig* camera = manager->getCameraConfig(L"a");
+    auto copy = std::make_unique<XMLConfigManager>(*manager);
+    const std::weak_ptr<AssetManager> assets = copy->getAssetManager();
+    manager.reset();
+    camera->setCameraGain(7);
+    EXPECT_EQ(copy->getCameraConfig(L"a"), camera);
+    EXPECT_EQ(copy->getCameraConfig(L"a")->getCameraGain(), 7);
+    EXPECT_EQ(copy->getSystemConfig()->getFileVersion(), 9.0);
+    EXPECT_EQ(copy->getProductInfo(), product.get());
+    copy.reset();
+    EXPECT_TRUE(assets.expired());
+    EXPECT_EQ(product.use_count(), 1);
+}
+
+TEST(ManagerLifeCycle, AssignmentFreesWhatNoCopyHasOpenAnyMore) {
+    const auto first = newManager();
+    const auto second = newManager();
+    const std::weak_ptr<AssetManager> assets = first->getAssetManager();
+    *first = *second;
+    EXPECT_TRUE(assets.expired());
+    EXPECT_EQ(first->getColorConfig(), second->getColorConfig());
+}
+
+TEST(ManagerLifeCycle, CopiesShareDevicesAndHaveNamesOfTheirOwn) {
     const TemporaryFolder folder;
     const auto manager = newManager();
-    static NeverDestroyed<XMLConfigManager> copy(*manager);
+    XMLConfigManager copy(*manager);
     manager->saveConfiguration(folder.file(L"a.skorrax"));
+    EXPECT_EQ(copy.getFileName(), L"");
     CameraConfig* camera = manager->getCameraConfig(L"a");
-    EXPECT_EQ(copy->getFileName(), L"");
-    EXPECT_FALSE(copy->renameCameraConfig(L"a", L"b"));  // the copy never gave it out
-    EXPECT_EQ(copy->getCameraConfigCount(), 1);          // but it has the same document
-    *copy = *manager;
-    EXPECT_EQ(copy->getFileName(), folder.file(L"a.skorrax"));
-    EXPECT_EQ(copy->getCameraConfig(L"a"), camera);
+    EXPECT_EQ(copy.getCameraConfig(L"a"), camera);
+    EXPECT_TRUE(copy.renameCameraConfig(L"a", L"b"));
+    EXPECT_EQ(manager->getCameraConfig(L"b"), camera);
+    EXPECT_TRUE(copy.removeCameraConfig(L"b"));
+    EXPECT_FALSE(manager->removeCameraConfig(L"b"));
+    copy = *manager;
+    EXPECT_EQ(copy.getFileName(), folder.file(L"a.skorrax"));
 }
 
 namespace {
