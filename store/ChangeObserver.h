@@ -29,7 +29,7 @@ struct Change {
 class ChangeObserver {
 public:
     virtual ~ChangeObserver() = default;
-    /// Called after each effective change; must not change the document.
+    /// Called after each effective change; must not change the document. What it throws passes, and the change stands.
     virtual void changed(const Change& change) = 0;
 };
 

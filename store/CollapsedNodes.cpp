@@ -66,4 +66,10 @@ bool compareCollapsedNodes(const DOMNode& left, const DOMNode& right) {
     }
 }
 
+bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content) {
+    Children held(element);
+    const bool isHeld = held.step() && held.node != nullptr && compareCollapsedNodes(*held.node, content);
+    return isHeld && !held.step();
+}
+
 }  // namespace XMLConfig::detail

@@ -27,14 +27,15 @@ std::unique_ptr<Document> startedDocument() {
         document->initializeXerces();
         return document;
     } catch (...) {
+        XMLConfig::detail::passShortage();
         throw CorvaneException(L"Error ConfigInfo: Unknown error during initializeXerces ");
     }
 }
 
-xercesc::DOMElement& versionElement(const Document& document, const wchar_t* prefix) {
-    const auto* const section = document.getSection(L"Version", {});
+XMLConfig::detail::Section& versionSection(const Document& document, const wchar_t* prefix) {
+    auto* const section = document.getSection(L"Version", {});
     if (section == nullptr) throw CorvaneException(prefix + std::wstring(L" No \"version\" node in XML file"));
-    return *section->element;
+    return *section;
 }
 
 }  // namespace
@@ -74,7 +75,8 @@ double ConfigInfo::getVersion() const {
     constexpr const wchar_t* prefix = L"Error getVersion: ";
     return reporting(prefix, [&] {
         std::u16string buffer;
-        return XMLConfig::detail::leadingDouble(XMLConfig::detail::textOf(versionElement(*m_document, prefix), buffer));
+        return XMLConfig::detail::leadingDouble(
+            XMLConfig::detail::textOf(*versionSection(*m_document, prefix).element, buffer));
     });
 }
 
@@ -82,14 +84,13 @@ void ConfigInfo::setVersion(double version) {
     constexpr const wchar_t* prefix = L"Error setVersion: ";
     constexpr std::size_t versionLength = 31;
     reporting(prefix, [&] {
-        xercesc::DOMElement& element = versionElement(*m_document, prefix);
+        XMLConfig::detail::Section& section = versionSection(*m_document, prefix);
         const std::wstring text = XMLConfig::detail::formatFixed(version, 3).substr(0, versionLength);
-        const std::wstring before = m_document->observer == nullptr ? std::wstring() : wideTextOf(element);
-        m_document->setSectionText(&element, text);
+        Change change{Change::Kind::VersionChanged, L"Version", {}, {}, {}, text};
+        if (m_document->observer != nullptr) change.oldValue = wideTextOf(*section.element);
+        m_document->setSectionText(section, text);
         m_dirty = true;
-        if (m_document->observer != nullptr) {
-            m_document->observer->changed({Change::Kind::VersionChanged, L"Version", {}, {}, before, text});
-        }
+        if (m_document->observer != nullptr) m_document->observer->changed(change);
     });
 }
 
@@ -98,11 +99,12 @@ void ConfigInfo::insertBuildDateAndNumber() {
     reporting(L"Error insertBuildDateAndNumber(): ", [&] {
         struct Stamp {
             const wchar_t* name;
-            const std::wstring& text;
+            std::wstring text;
             bool isSeen;
         };
-        const std::wstring date = XMLConfig::detail::buildDate;
-        Stamp stamps[] = {{L"BuildDate", date, false}, {L"BuildNumber", XMLConfig::detail::buildNumber(), false}};
+        Stamp stamps[] = {{L"BuildDate", XMLConfig::detail::buildDate, false},
+                          {L"BuildNumber", XMLConfig::detail::buildNumber(), false}};
+        std::vector<XMLConfig::detail::Header> headers;
         xercesc::DOMElement* maker = nullptr;
         for (auto* child = m_document->root()->getFirstElementChild();
              child != nullptr && !(stamps[0].isSeen && stamps[1].isSeen); child = child->getNextElementSibling()) {
@@ -111,13 +113,13 @@ void ConfigInfo::insertBuildDateAndNumber() {
             for (Stamp& stamp : stamps) {
                 if (name != stamp.name) continue;
                 stamp.isSeen = true;
-                if (wideTextOf(*child) != stamp.text) m_document->setSectionText(child, stamp.text);
+                if (wideTextOf(*child) != stamp.text) headers.push_back({child, stamp.name, stamp.text});
             }
         }
-        if (maker == nullptr) return;
         for (const Stamp& stamp : stamps) {
-            if (!stamp.isSeen) m_document->insertHeaderBefore(maker, stamp.name, stamp.text);
+            if (!stamp.isSeen && maker != nullptr) headers.push_back({nullptr, stamp.name, stamp.text});
         }
+        if (!headers.empty()) m_document->setHeaders(headers, maker);
     });
 }
 

@@ -22,8 +22,9 @@ class Document;
 /// Values are text; the typed operations fix their form. Look-ups that find nothing give the caller's default and create
 /// nothing; setters create what is missing and mark the document dirty when the stored text changes.
 ///
-/// Every failure is a CorvaneException that begins "Error <operation>: ". A value or identifier that XML 1.0 cannot hold
-/// is refused before anything is changed. A document is used by one thread at a time; different documents may be used by
+/// Every failure is a CorvaneException that begins "Error <operation>: ", but for a shortage of memory, which is
+/// std::bad_alloc everywhere and leaves the document as it was. A value or identifier that XML 1.0 cannot hold is refused
+/// before anything is changed. A document is used by one thread at a time; different documents may be used by
 /// different threads.
 class XMLCONFIG_API ConfigInfo {
 public:

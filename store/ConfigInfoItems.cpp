@@ -1,4 +1,5 @@
 #include <utility>
+#include <vector>
 
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -11,6 +12,7 @@
 
 using XMLConfig::detail::Address;
 using XMLConfig::detail::Change;
+using XMLConfig::detail::ChangeObserver;
 using XMLConfig::detail::Container;
 using XMLConfig::detail::Document;
 using XMLConfig::detail::reporting;
@@ -30,26 +32,34 @@ XMLConfig::detail::NewElement parseElement(Document& document, const Address& ad
     }
 }
 
-std::wstring observedSubSection(const Address& address) {
-    return address.subSectionName + (address.subSectionID.empty() ? L"" : L"[" + address.subSectionID + L"]");
-}
+/// What an observer is to be told of one operation, gathered before the change is made.
+class Told {
+public:
+    Told(const Document& document, const Address& address) : m_observer(document.observer), m_address(address) {}
 
-void tell(const Document& document, Change::Kind kind, const Address& address, const std::wstring& before,
-          const std::wstring& after) {
-    if (document.observer == nullptr) return;
-    std::wstring key = address.key;
-    if (!address.subSectionName.empty()) key.insert(0, observedSubSection(address) + L"|");
-    document.observer->changed({kind, address.sectionName, address.sectionID, key, before, after});
-}
+    void addSection() { add(Change::Kind::SectionAdded, {}, {}, {}); }
+    void addSubSection() { add(Change::Kind::SectionAdded, subSection(), {}, {}); }
+    void addItem(Change::Kind kind, const std::wstring& before, const std::wstring& after) {
+        add(kind, (m_address.subSectionName.empty() ? L"" : subSection() + L"|") + m_address.key, before, after);
+    }
+    void tell() const {
+        for (const Change& change : m_changes) m_observer->changed(change);
+    }
 
-void tellAdded(const Document& document, const Address& address, bool isSectionNew) {
-    if (document.observer == nullptr) return;
-    const auto told = [&](const std::wstring& key) {
-        document.observer->changed({Change::Kind::SectionAdded, address.sectionName, address.sectionID, key, {}, {}});
-    };
-    if (isSectionNew) told({});
-    if (!address.subSectionName.empty()) told(observedSubSection(address));
-}
+private:
+    void add(Change::Kind kind, const std::wstring& key, const std::wstring& before, const std::wstring& after) {
+        if (m_observer != nullptr)
+            m_changes.push_back({kind, m_address.sectionName, m_address.sectionID, key, before, after});
+    }
+    [[nodiscard]] std::wstring subSection() const {
+        const std::wstring& id = m_address.subSectionID;
+        return m_address.subSectionName + (id.empty() ? L"" : L"[" + id + L"]");
+    }
+
+    ChangeObserver* m_observer;
+    const Address& m_address;
+    std::vector<Change> m_changes;
+};
 
 // What an observer is told of an item's content: its text, or its elements as XML text.
 std::wstring observed(const Document& document, const xercesc::DOMElement& item) {
@@ -60,6 +70,19 @@ std::wstring observed(const Document& document, const xercesc::DOMElement& item)
     return elements.empty() ? wideTextOf(item) : XMLConfig::detail::fromUtf8(elements);
 }
 
+void gather(Told& told, const Document& document, const Address& address, const Container& container,
+            const XMLConfig::detail::Item& item, const XMLConfig::detail::NewElement& content, const std::wstring& value) {
+    const bool isNew = item.element == nullptr;
+    const bool isContainerNew = container.element == nullptr;
+    const bool isSectionNew = isContainerNew && document.getSection(address.sectionName, address.sectionID) == nullptr;
+    if (isSectionNew) told.addSection();
+    if (isContainerNew && !address.subSectionName.empty()) told.addSubSection();
+    const std::wstring after =
+        content.element ? XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*content.element)) : value;
+    told.addItem(isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged,
+                 isNew ? std::wstring() : observed(document, *item.element), after);
+}
+
 }  // namespace
 
 std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const std::wstring& key,
@@ -67,7 +90,7 @@ std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const st
                                        const std::wstring& subSectionName, const std::wstring& subSectionID) const {
     return reporting(L"Error getItem: ", [&] {
         const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
-        const auto item = m_document->getItem(m_document->container(address), address);
+        const auto item = m_document->getItem(m_document->container(address), key);
         if (item.element == nullptr) return defaultValue;
         std::u16string buffer;
         return XMLConfig::detail::fromUtf16(XMLConfig::detail::textOf(item, buffer));
@@ -103,7 +126,8 @@ bool ConfigInfo::doesSectionExist(const std::wstring& sectionName, const std::ws
 bool ConfigInfo::doesSubSectionExist(const std::wstring& sectionName, const std::wstring& subSectionName,
                                      const std::wstring& sectionID, const std::wstring& subSectionID) const {
     return reporting(L"Error getSection: ", [&] {
-        return m_document->getSubSection(sectionName, subSectionName, sectionID, subSectionID) != nullptr;
+        if (subSectionName.empty()) return false;
+        return m_document->container({sectionName, sectionID, {}, subSectionName, subSectionID}).element != nullptr;
     });
 }
 
@@ -116,13 +140,13 @@ bool ConfigInfo::doesItemExist(const std::wstring& sectionName, const std::wstri
 bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& sectionID) {
     return reporting(L"Error removeItem(): ", [&] {
         const Address address{sectionName, sectionID, key, {}, {}};
-        const Container container = m_document->container(address);
-        auto* const item = m_document->getItem(container, address).element;
-        if (item == nullptr) return false;
-        const std::wstring before = observed(*m_document, *item);
-        m_document->removeItem(*container.section, item);
+        const auto item = m_document->getItem(sectionName, key, sectionID);
+        if (item.element == nullptr) return false;
+        Told told(*m_document, address);
+        told.addItem(Change::Kind::ItemRemoved, observed(*m_document, *item.element), {});
+        m_document->removeItem(*item.section, *item.element);
         m_dirty = true;
-        tell(*m_document, Change::Kind::ItemRemoved, address, before, {});
+        told.tell();
         return true;
     });
 }
@@ -135,32 +159,23 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
         const bool isElement = type == L"DOMElement";
         XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value);
-        Container container = m_document->container(address);
-        auto item = m_document->getItem(container, address);
+        const Container container = m_document->container(address);
+        const auto item = m_document->getItem(container, key);
         const bool isNew = item.element == nullptr;
         if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item.element, value))) return;
 
-        auto content =
-            isElement && !value.empty() ? parseElement(*m_document, address, value) : XMLConfig::detail::NewElement();
+        const bool isParsed = isElement && !value.empty();
+        auto content = isParsed ? parseElement(*m_document, address, value) : XMLConfig::detail::NewElement();
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
 
-        const std::wstring before = isNew ? std::wstring() : observed(*m_document, *item.element);
-        const bool isContainerNew = container.element == nullptr;
-        const bool isSectionNew = isContainerNew && m_document->getSection(sectionName, sectionID) == nullptr;
-        if (isNew) {
-            if (isContainerNew) container = m_document->makeContainer(address);
-            item = m_document->makeItem(container, key);
-        }
+        Told told(*m_document, address);
+        if (m_document->observer != nullptr) gather(told, *m_document, address, container, item, content, value);
         bool isChanged = true;
-        if (content.element) {
-            isChanged = m_document->setElement(item, std::move(content), container) || isNew;
-        } else if (!isElement) {
-            m_document->setText(item, value, container);
-        }
+        if (isNew) m_document->addItem(address, container, {value, std::move(content.element)});
+        else if (isParsed) isChanged = m_document->setElement(item, std::move(content.element));
+        else m_document->setText(item, value);
         if (!isChanged) return;
         m_dirty = true;
-        if (isContainerNew) tellAdded(*m_document, address, isSectionNew);
-        tell(*m_document, isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged, address, before,
-             observed(*m_document, *item.element));
+        told.tell();
     });
 }

@@ -27,9 +27,12 @@ std::vector<xercesc::DOMElement*> subSections(const Document& document, const st
     return found;
 }
 
-void tell(const Document& document, Change::Kind kind, const std::wstring& name, const std::wstring& id,
-          const std::wstring& key, const std::wstring& before, const std::wstring& after) {
-    if (document.observer != nullptr) document.observer->changed({kind, name, id, key, before, after});
+// Makes a change that an observer is told of afterwards; what it is told is made before, for making it can fail.
+template <typename Operation>
+void perform(Document& document, bool& isDirty, Change&& change, Operation operation) {
+    operation();
+    isDirty = true;
+    if (document.observer != nullptr) document.observer->changed(change);
 }
 
 }  // namespace
@@ -66,9 +69,8 @@ bool ConfigInfo::removeSection(const std::wstring& sectionName, const std::wstri
     return reporting(sectionPrefix, [&] {
         auto* const section = m_document->getSection(sectionName, sectionID);
         if (section == nullptr) return false;
-        m_document->removeSection(*section);
-        m_dirty = true;
-        tell(*m_document, Change::Kind::SectionRemoved, sectionName, sectionID, {}, {}, {});
+        perform(*m_document, m_dirty, {Change::Kind::SectionRemoved, sectionName, sectionID, {}, {}, {}},
+                [&] { m_document->removeSection(*section); });
         return true;
     });
 }
@@ -76,12 +78,12 @@ bool ConfigInfo::removeSection(const std::wstring& sectionName, const std::wstri
 bool ConfigInfo::removeSubSection(const std::wstring& sectionName, const std::wstring& subSectionName,
                                   const std::wstring& sectionID, const std::wstring& subSectionID) {
     return reporting(sectionPrefix, [&] {
-        auto* const subSection = m_document->getSubSection(sectionName, subSectionName, sectionID, subSectionID);
-        if (subSection == nullptr) return false;
-        m_document->removeSubSection(subSection);
-        m_dirty = true;
-        tell(*m_document, Change::Kind::SectionRemoved, sectionName, sectionID,
-             subSectionName + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]"), {}, {});
+        if (subSectionName.empty()) return false;
+        const auto subSection = m_document->container({sectionName, sectionID, {}, subSectionName, subSectionID});
+        if (subSection.element == nullptr) return false;
+        const std::wstring told = subSectionName + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]");
+        perform(*m_document, m_dirty, {Change::Kind::SectionRemoved, sectionName, sectionID, told, {}, {}},
+                [&] { m_document->removeSubSection(subSection); });
         return true;
     });
 }
@@ -93,9 +95,8 @@ bool ConfigInfo::renameSection(const std::wstring& sectionName, const std::wstri
         auto* const section = m_document->getSection(sectionName, oldID);
         if (section == nullptr) return false;
         XMLConfig::detail::refuseIdentifier(prefix, sectionName, newID);
-        m_document->renameSection(*section, newID);
-        m_dirty = true;
-        tell(*m_document, Change::Kind::SectionRenamed, sectionName, oldID, {}, oldID, newID);
+        perform(*m_document, m_dirty, {Change::Kind::SectionRenamed, sectionName, oldID, {}, oldID, newID},
+                [&] { m_document->renameSection(*section, newID); });
         return true;
     });
 }
@@ -107,9 +108,8 @@ bool ConfigInfo::moveSection(int direction, const std::wstring& sectionName, con
         if (section == nullptr) return false;
         auto* const other = direction < 0 ? section->previous : section->next;
         if (other == nullptr) return false;
-        m_document->swapSections(direction < 0 ? *other : *section, direction < 0 ? *section : *other);
-        m_dirty = true;
-        tell(*m_document, Change::Kind::SectionMoved, sectionName, sectionID, {}, {}, {});
+        perform(*m_document, m_dirty, {Change::Kind::SectionMoved, sectionName, sectionID, {}, {}, {}},
+                [&] { m_document->swapSections(direction < 0 ? *other : *section, direction < 0 ? *section : *other); });
         return true;
     });
 }

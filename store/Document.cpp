@@ -9,16 +9,12 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "store/DocumentParser.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
 using xercesc::DOMElement;
 using xercesc::DOMNode;
-
-Item knownItem(Section& section, const std::wstring& key) {
-    KnownItem* const known = SectionIndex::item(section, key);
-    return known == nullptr ? Item() : Item{known->element, known, &section};
-}
 
 Document& Document::of(ConfigInfo& configInfo) { return *configInfo.m_document; }
 const Document& Document::of(const ConfigInfo& configInfo) { return *configInfo.m_document; }
@@ -34,7 +30,7 @@ bool Document::parseDataFile(const std::wstring& path) {
     if (!canOpenForUpdate(path)) throw CorvaneException(L"Error parseDataFile: Can not open file: " + path);
     const std::wstring failed = L"Error parseDataFile: Error during parsing: " + path;
     try {
-        m_document = parseFile(path);
+        adopt(parseFile(path));
     } catch (const ParseFailure& failure) {
         throw CorvaneException(failed + L" XML message is: " + failure.message());
     } catch (const xercesc::XMLException& exception) {
@@ -42,10 +38,9 @@ bool Document::parseDataFile(const std::wstring& path) {
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(failed + messageOf(exception));
     } catch (...) {
+        passShortage();
         throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + path);
     }
-    forgetTree();
-    m_index.reset(m_document->getDocumentElement());
     return true;
 }
 
@@ -53,64 +48,53 @@ void Document::initializeDOM() {
     if (m_implementation == nullptr) {
         throw CorvaneException(L"Error initializeDataFile: Requested implementation is not supported");
     }
-    forgetTree();
     try {
-        m_document.reset(m_implementation->createDocument(nullptr, xmlText(u"ConfigInfo"), nullptr));
-        appendElement(root(), L"Version", formatFixed(latestFileVersion, 3));
-        appendElement(root(), L"BuildDate", buildDate);
-        appendElement(root(), L"BuildNumber", buildNumber());
-        appendElement(root(), L"DevelopedBy", makerName);
+        DocumentPointer made(m_implementation->createDocument(nullptr, xmlText(u"ConfigInfo"), nullptr));
+        const auto add = [&made](const wchar_t* name, const std::wstring& text) {
+            DOMElement* const element = made->createElement(xmlText(toUtf16(name)));
+            append(*element, *made->createTextNode(xmlText(toUtf16(text))));
+            append(*made->getDocumentElement(), *element);
+        };
+        add(L"Version", formatFixed(latestFileVersion, 3));
+        add(L"BuildDate", buildDate);
+        add(L"BuildNumber", buildNumber());
+        add(L"DevelopedBy", makerName);
+        adopt(std::move(made));
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(L"Error initializeDataFile: DOMException code is: " + formatInteger(exception.code));
     } catch (...) {
+        passShortage();
         throw CorvaneException(L"Error initializeDataFile: An unknown error occurred creating the document");
     }
+}
+
+void Document::adopt(DocumentPointer document) noexcept {
+    m_reader.forgetTree();
+    m_tree.adopt(std::move(document));
     m_index.reset(root());
 }
 
-void Document::forgetTree() {
-    m_spareItems.clear();
-    m_spareTexts.clear();
-    m_parsed = nullptr;
-}
-
-DOMElement* Document::root() const { return m_document ? m_document->getDocumentElement() : nullptr; }
-
-Section* Document::getSection(const std::wstring& name, const std::wstring& id) const { return m_index.find(name, id); }
-
-DOMElement* Document::getSubSection(const std::wstring& name, const std::wstring& subName, const std::wstring& id,
-                                    const std::wstring& subID) const {
-    const std::u16string subTag = toUtf16(subName);
-    const std::u16string subTagID = toUtf16(subID);
-    for (const Section* section = getSection(name, id); section != nullptr; section = section->next) {
-        if (!id.empty() && section->id != id) continue;
-        for (DOMElement* child = section->element->getFirstElementChild(); child != nullptr;
-             child = child->getNextElementSibling()) {
-            const bool isNamed = view(child->getNodeName()) == subTag;
-            if (isNamed && (subTagID.empty() || view(child->getAttribute(xmlText(u"ID"))) == subTagID)) return child;
-        }
-    }
-    return nullptr;
-}
-
 Container Document::container(const Address& address) const {
-    if (!address.subSectionName.empty()) {
-        return {getSubSection(address.sectionName, address.subSectionName, address.sectionID, address.subSectionID),
-                nullptr};
+    Section* section = getSection(address.sectionName, address.sectionID);
+    if (section == nullptr) return {};
+    if (address.subSectionName.empty()) return {section->element, section};
+    for (; section != nullptr; section = SectionIndex::next(*section, address.sectionID)) {
+        DOMElement* const found = SectionIndex::subSection(*section, address.subSectionName, address.subSectionID);
+        if (found != nullptr) return {found, section};
     }
-    Section* const section = getSection(address.sectionName, address.sectionID);
-    return {section == nullptr ? nullptr : section->element, section};
+    return {};
 }
 
-Item Document::getItem(const Container& container, const Address& address) const {
-    if (container.section != nullptr) return knownItem(*container.section, address.key);
+Item Document::getItem(const Container& container, const std::wstring& key) const {
     if (container.element == nullptr) return {};
-    return {walkKey(container.element, toUtf16(address.key)), nullptr, nullptr};
+    if (!container.isSection()) return {m_index.walk(container.element, toUtf16(key)), nullptr, container.section};
+    KnownItem* const known = m_index.item(*container.section, key);
+    return known == nullptr ? Item() : Item{known->element, known, container.section};
 }
 
 Item Document::getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const {
     Section* const section = getSection(name, id);
-    return section == nullptr ? Item() : knownItem(*section, key);
+    return section == nullptr ? Item() : getItem({section->element, section}, key);
 }
 
 bool isOneText(const DOMNode* firstChild) {

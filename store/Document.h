@@ -1,20 +1,20 @@
 #pragma once
 
+#include <exception>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "store/ChangeObserver.h"
-#include "store/FragmentParser.h"
+#include "store/ElementReader.h"
 #include "store/SectionIndex.h"
-#include "store/XmlLibrary.h"
+#include "store/Tree.h"
 
 class ConfigInfo;
 
-/// The tree behind a ConfigInfo: loading and making it, finding elements by address, and the primitive changes that the
-/// public operations are made of. Keeps the section index true.
+/// The tree behind a ConfigInfo with its index: finding elements by address, and the primitive changes that the public
+/// operations are made of.
 namespace XMLConfig::detail {
-
-class Document;
 
 /// Where a value is: a section, perhaps a subsection, and a key. References to the caller's text.
 struct Address {
@@ -25,33 +25,36 @@ struct Address {
     const std::wstring& subSectionID;
 };
 
-/// The element below which a key is resolved. `section` is known only when it is the section itself.
+/// The element below which a key is resolved: a section or a subsection of it.
 struct Container {
     xercesc::DOMElement* element = nullptr;
     Section* section = nullptr;
+    [[nodiscard]] bool isSection() const { return section != nullptr && element == section->element; }
 };
 
 /// An item that was found; without an element where there is none.
 struct Item {
     xercesc::DOMElement* element = nullptr;
     KnownItem* known = nullptr;  ///< the index's own record of it, which subsections' items have none of
-    Section* section = nullptr;  ///< where that record is kept
+    Section* section = nullptr;  ///< what it is in
 };
 
-struct ReleaseElement {
-    Document* document = nullptr;
-    void operator()(xercesc::DOMElement* element) const;
+/// What an item holds: a text, which may be empty, or one element.
+struct Content {
+    const std::wstring& text;
+    LooseElement element;
 };
 
-/// An element that was parsed to be stored. It belongs to the document but is no part of its tree.
-struct NewElement {
-    std::unique_ptr<xercesc::DOMElement, ReleaseElement> element;
-    int depth = 0;  ///< levels of nested elements, itself counted
+/// A header element's text that is to be.
+struct Header {
+    xercesc::DOMElement* element = nullptr;  ///< null where it is missing
+    std::wstring name;
+    std::wstring text;
 };
 
-/// The item of a section that a key leads to.
-Item knownItem(Section& section, const std::wstring& key);
-
+/// Whatever an operation needs it makes beside the tree, and joins it last, which cannot fail: an operation that throws,
+/// for want of memory too, leaves the tree as it was. After each change all elements, sections and items that were found
+/// before are worth nothing: the tree may have been copied.
 class Document {
 public:
     static Document& of(ConfigInfo& configInfo);
@@ -64,63 +67,53 @@ public:
     /// Replaces the tree by a new one: the root and its four header elements.
     void initializeDOM();
 
-    [[nodiscard]] bool exists() const { return m_document != nullptr; }
-    [[nodiscard]] const xercesc::DOMDocument& tree() const { return *m_document; }
-    [[nodiscard]] xercesc::DOMElement* root() const;
+    [[nodiscard]] bool exists() const { return m_tree.exists(); }
+    [[nodiscard]] const xercesc::DOMDocument& tree() const { return m_tree.document(); }
+    [[nodiscard]] xercesc::DOMElement* root() const { return m_tree.root(); }
 
     // Looking up; null where there is nothing.
-    Section* getSection(const std::wstring& name, const std::wstring& id) const;
-    xercesc::DOMElement* getSubSection(const std::wstring& name, const std::wstring& subName, const std::wstring& id,
-                                       const std::wstring& subID) const;
+    Section* getSection(const std::wstring& name, const std::wstring& id) const { return m_index.find(name, id); }
     [[nodiscard]] Container container(const Address& address) const;
-    [[nodiscard]] Item getItem(const Container& container, const Address& address) const;
+    [[nodiscard]] Item getItem(const Container& container, const std::wstring& key) const;
     [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
     /// How many sections of that tag there are.
     [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
 
     // Changing. Callers set the dirty flag and tell the observer.
-    Container makeContainer(const Address& address);
     /// Parses an element that is to be stored. Throws ParseFailure for anything else.
-    NewElement parseElement(const std::string& text);
-    /// Walks the key below the container, making what is missing.
-    Item makeItem(const Container& container, const std::wstring& key);
-    void setSectionText(xercesc::DOMElement* section, const std::wstring& value);
-    void setText(const Item& item, const std::wstring& value, const Container& container);
+    NewElement parseElement(const std::string& text) { return m_reader.read(text, m_tree); }
+    /// Adds an item that is missing, with the section, the subsection and the groups that are missing around it. Where a
+    /// name is illegal, throws DOMException and leaves what comes before it; nothing else leaves a part.
+    void addItem(const Address& address, const Container& container, Content content);
+    void setText(const Item& item, const std::wstring& value);
     /// The element becomes the item's only content. True when that differs from what was there by more than layout.
-    bool setElement(const Item& item, NewElement content, const Container& container);
-    void removeItem(Section& section, xercesc::DOMElement* item);
+    bool setElement(const Item& item, LooseElement content);
+    void setSectionText(Section& section, const std::wstring& value);
+    void removeItem(Section& section, xercesc::DOMElement& item);
     void removeSection(Section& section);
-    void removeSubSection(xercesc::DOMElement* subSection);
+    void removeSubSection(const Container& subSection);
     void renameSection(Section& section, const std::wstring& newID);
     /// `later`, the next section of the same tag, goes immediately before `earlier`.
     void swapSections(Section& earlier, Section& later);
-    xercesc::DOMElement* appendElement(xercesc::DOMElement* parent, const std::wstring& name, const std::wstring& text);
-    void insertHeaderBefore(xercesc::DOMElement* next, const std::wstring& name, const std::wstring& text);
+    /// Those that are missing are inserted before `next`.
+    void setHeaders(const std::vector<Header>& headers, xercesc::DOMElement* next);
 
     ChangeObserver* observer = nullptr;  ///< not owned
 
 private:
-    friend struct ReleaseElement;
-
-    xercesc::DOMElement* makeElement(const xercesc::DOMNode& parent, const std::wstring& name);
-    xercesc::DOMText* makeText(const std::u16string& text);
-    /// There is another tree.
-    void forgetTree();
-    /// Ends a node that has no parent any more.
-    void release(xercesc::DOMNode* node);
-    void removeAndRelease(xercesc::DOMElement* parent, xercesc::DOMNode* child);
-    void removeChildren(xercesc::DOMElement* element);
-    void removeLayoutBehind(xercesc::DOMElement* parent, xercesc::DOMElement* child);
-    Section& sectionOf(const Container& container);
-    void forgetText(const Item& item, const Container& container);
+    /// Each primitive change ends here.
+    void changed(const TreeChange& change) noexcept;
+    void adopt(DocumentPointer document) noexcept;
+    struct Missing;
+    [[nodiscard]] Missing missingOf(const Address& address, const Container& container) const;
+    /// What is missing, up to the first name that is illegal.
+    LooseElement build(const Missing& missing, Content content, std::exception_ptr& illegalName);
+    void removeLayoutAfter(xercesc::DOMElement& parent, const xercesc::DOMElement& child) noexcept;
 
     xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
-    DocumentPointer m_document;
+    Tree m_tree;
     mutable SectionIndex m_index;
-    std::unique_ptr<FragmentParser> m_fragmentParser;
-    xercesc::DOMElement* m_parsed = nullptr;         // holds what is parsed until it is stored; made when it is needed
-    std::vector<xercesc::DOMElement*> m_spareItems;  // removed; taken apart only when a text is asked for
-    std::vector<xercesc::DOMText*> m_spareTexts;     // the XML library walks all it has kept whenever it makes a text
+    ElementReader m_reader;
 };
 
 /// Whether a node's first child, null where it has none, is a text and its only child.
@@ -135,5 +128,7 @@ bool hasText(const xercesc::DOMElement& element, const std::wstring& text);
 std::wstring wideTextOf(const xercesc::DOMElement& element);
 /// Whether two trees are equal when text nodes made of layout only are left out.
 bool compareCollapsedNodes(const xercesc::DOMNode& left, const xercesc::DOMNode& right);
+/// Whether an element holds `content` and layout, and nothing else, where layout inside of both does not count.
+bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content);
 
 }  // namespace XMLConfig::detail

@@ -1,4 +1,6 @@
-#include <xercesc/util/XMLChar.hpp>
+#include <exception>
+#include <utility>
+#include <vector>
 
 #include "platform/Text.h"
 #include "store/Document.h"
@@ -10,205 +12,184 @@ namespace {
 
 using xercesc::DOMElement;
 using xercesc::DOMNode;
+using Kind = TreeChange::Kind;
 
-bool isText(const DOMNode* node) { return node != nullptr && node->getNodeType() == DOMNode::TEXT_NODE; }
-
-}  // namespace
-
-xercesc::DOMText* Document::makeText(const std::u16string& text) {
-    if (m_spareTexts.empty() && !m_spareItems.empty()) {
-        DOMElement* const item = m_spareItems.back();
-        m_spareItems.pop_back();
-        release(item);
-    }
-    if (m_spareTexts.empty()) return m_document->createTextNode(xmlText(text));
-    xercesc::DOMText* const spare = m_spareTexts.back();
-    spare->setNodeValue(xmlText(text));
-    m_spareTexts.pop_back();
-    return spare;
-}
-
-void Document::release(DOMNode* node) {
-    if (isText(node)) return m_spareTexts.push_back(static_cast<xercesc::DOMText*>(node));
-    if (node->getNodeType() == DOMNode::ELEMENT_NODE) removeChildren(static_cast<DOMElement*>(node));
-    node->release();
-}
-
-void Document::removeAndRelease(DOMElement* parent, DOMNode* child) {
-    unlink(*parent, *child);
-    release(child);
-}
-
-void Document::removeChildren(DOMElement* element) {
-    while (DOMNode* const child = element->getFirstChild()) removeAndRelease(element, child);
-}
-
-void Document::removeLayoutBehind(DOMElement* parent, DOMElement* child) {
-    DOMNode* const next = child->getNextSibling();
-    if (!isText(next)) return;
-    const bool isLayout = view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos;
-    if (isLayout) removeAndRelease(parent, next);
-}
-
-DOMElement* Document::makeElement(const DOMNode& parent, const std::wstring& name) {
-    const std::u16string tag = toUtf16(name);
-    const std::size_t colon = tag.find(u':');
-    // What is not one declared prefix and one name could be written but never be read again.
-    if (colon != std::u16string::npos && (!xercesc::XMLChar1_0::isValidQName(xmlText(tag), tag.size()) ||
-                                          parent.lookupNamespaceURI(xmlText(tag.substr(0, colon))) == nullptr)) {
-        throw xercesc::DOMException(xercesc::DOMException::NAMESPACE_ERR);
-    }
-    return m_document->createElement(xmlText(tag));
-}
-
-DOMElement* Document::appendElement(DOMElement* parent, const std::wstring& name, const std::wstring& text) {
-    DOMElement* const element = makeElement(*parent, name);
-    if (!text.empty()) append(*element, *makeText(toUtf16(text)));
-    append(*parent, *element);
-    return element;
-}
-
-Container Document::makeContainer(const Address& address) {
-    const auto make = [this](DOMElement* parent, const std::wstring& name, const std::wstring& id) {
-        DOMElement* const element = appendElement(parent, name, {});
-        if (!id.empty()) element->setAttribute(xmlText(u"ID"), xmlText(toUtf16(id)));
-        return element;
-    };
-    Section* section = getSection(address.sectionName, address.sectionID);
-    if (section == nullptr) {
-        m_index.appended(make(root(), address.sectionName, address.sectionID));
-        section = getSection(address.sectionName, address.sectionID);
-    }
-    if (address.subSectionName.empty()) return {section->element, section};
-    DOMElement* const subSection = make(section->element, address.subSectionName, address.subSectionID);
-    SectionIndex::itemAppended(*section, subSection);
-    removeLayoutBehind(root(), section->element);
-    return {subSection, nullptr};
-}
-
-Item Document::makeItem(const Container& container, const std::wstring& key) {
-    DOMElement* element = container.element;
+std::vector<std::wstring> partsOf(const std::wstring& key) {
+    std::vector<std::wstring> parts;
     for (std::size_t begin = 0;;) {
         const std::size_t end = key.find(L'|', begin);
-        const std::wstring part = key.substr(begin, end == std::wstring::npos ? end : end - begin);
-        const bool isInSection = container.section != nullptr && element == container.element;
-        DOMElement* const child =
-            isInSection ? knownItem(*container.section, part).element : childNamed(element, toUtf16(part));
-        if (child == nullptr && !isInSection && isOneText(element->getFirstChild()))
-            sectionOf(container).items.forgetTexts();
-        element = child != nullptr ? child : appendElement(element, part, {});
-        if (child == nullptr && isInSection) SectionIndex::itemAppended(*container.section, element);
-        if (end == std::wstring::npos) return {element, nullptr, nullptr};
+        parts.push_back(key.substr(begin, end == std::wstring::npos ? end : end - begin));
+        if (end == std::wstring::npos) return parts;
         begin = end + 1;
     }
 }
 
-void ReleaseElement::operator()(DOMElement* element) const {
-    try {
-        document->release(element);
-    } catch (...) {  // without memory what is left of it goes with the document
-    }
+void setID(DOMElement& element, const std::wstring& id) {
+    if (!id.empty()) element.setAttribute(xmlText(u"ID"), xmlText(toUtf16(id)));
 }
 
-NewElement Document::parseElement(const std::string& text) {
-    if (m_fragmentParser == nullptr) {
-        // What is refused half way leaves memory with the tree, so that text is suspect until one was good.
-        [[maybe_unused]] const DocumentPointer tried = parseFragment(text);
-        m_fragmentParser = std::make_unique<FragmentParser>();
-    }
-    if (m_parsed == nullptr) m_parsed = m_document->createElement(xmlText(u"Parsed"));
-    try {
-        const int depth = m_fragmentParser->parse(text, *m_parsed);
-        DOMElement* const element = m_parsed->getFirstElementChild();
-        unlink(*m_parsed, *element);
-        NewElement parsed{{element, {this}}, depth};
-        removeChildren(m_parsed);
-        return parsed;
-    } catch (...) {
-        m_fragmentParser.reset();
-        removeChildren(m_parsed);
-        throw;
-    }
+}  // namespace
+
+/// The elements that an address wants and the tree lacks: where the first of them is to be joined, and their names and IDs.
+struct Document::Missing {
+    struct Step {
+        std::wstring name;
+        std::wstring id;
+    };
+    DOMElement* place = nullptr;
+    Section* section = nullptr;  // what the place is in; null for the root
+    std::vector<Step> steps;
+    bool isSubSection = false;  // whether a subsection is among them
+};
+
+void Document::removeLayoutAfter(DOMElement& parent, const DOMElement& child) noexcept {
+    DOMNode* const next = child.getNextSibling();
+    if (next == nullptr || next->getNodeType() != DOMNode::TEXT_NODE) return;
+    const bool isLayout = view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos;
+    if (isLayout) m_tree.remove(parent, *next);
 }
 
-void Document::setSectionText(DOMElement* section, const std::wstring& value) {
-    setText({section, nullptr, nullptr}, value, {section, &m_index.sectionOf(section)});
+Document::Missing Document::missingOf(const Address& address, const Container& container) const {
+    Missing missing{container.element, container.section, {}, false};
+    if (container.element == nullptr) {
+        missing.section = getSection(address.sectionName, address.sectionID);
+        missing.place = missing.section == nullptr ? root() : missing.section->element;
+        missing.isSubSection = !address.subSectionName.empty();
+        if (missing.section == nullptr) missing.steps.push_back({address.sectionName, address.sectionID});
+        if (missing.isSubSection) missing.steps.push_back({address.subSectionName, address.subSectionID});
+    }
+    for (const std::wstring& part : partsOf(address.key)) {
+        DOMElement* const found = missing.steps.empty() ? getItem({missing.place, missing.section}, part).element : nullptr;
+        if (found != nullptr) missing.place = found;
+        else missing.steps.push_back({part, {}});
+    }
+    return missing;
 }
 
-void Document::setText(const Item& item, const std::wstring& value, const Container& container) {
-    forgetText(item, container);
+LooseElement Document::build(const Missing& missing, Content content, std::exception_ptr& illegalName) {
+    LooseElement outermost;
+    DOMElement* innermost = nullptr;
+    for (const Missing::Step& step : missing.steps) {
+        LooseElement element;
+        try {
+            element = m_tree.makeElement(*missing.place, step.name);
+        } catch (const xercesc::DOMException&) {
+            illegalName = std::current_exception();
+            return outermost;
+        }
+        setID(*element, step.id);
+        DOMElement* const inner = element.get();
+        if (innermost == nullptr) outermost = std::move(element);
+        else append(*innermost, *element.release());
+        innermost = inner;
+    }
+    if (content.element) append(*innermost, *content.element.release());
+    else if (!content.text.empty()) append(*innermost, *m_tree.makeText(content.text));
+    return outermost;
+}
+
+void Document::addItem(const Address& address, const Container& container, Content content) {
+    const Missing missing = missingOf(address, container);
+    std::exception_ptr illegalName;
+    DOMElement* const added = build(missing, std::move(content), illegalName).release();
+    if (added != nullptr) {
+        append(*missing.place, *added);
+        const bool isSection = missing.section == nullptr;
+        if (missing.isSubSection) removeLayoutAfter(*root(), isSection ? *added : *missing.section->element);
+        const bool isChild = !isSection && missing.place == missing.section->element;
+        changed({isSection ? Kind::SectionAdded : isChild ? Kind::ChildAdded : Kind::InsideAdded, missing.section, added});
+    }
+    if (illegalName) std::rethrow_exception(illegalName);
+}
+
+void Document::setText(const Item& item, const std::wstring& value) {
     DOMNode* const first = item.element->getFirstChild();
-    if (isOneText(first) && !value.empty()) return first->setNodeValue(xmlText(toUtf16(value)));
-    if (first != nullptr && !isOneText(first)) sectionOf(container).items.clear();
-    removeChildren(item.element);
-    if (!value.empty()) append(*item.element, *makeText(toUtf16(value)));
+    const bool hadElements = item.element->getFirstElementChild() != nullptr;
+    if (isOneText(first) && !value.empty()) {
+        first->setNodeValue(xmlText(toUtf16(value)));
+    } else {
+        xercesc::DOMText* const text = value.empty() ? nullptr : m_tree.makeText(value);
+        m_tree.empty(*item.element);
+        if (text != nullptr) append(*item.element, *text);
+    }
+    const bool isKnownText = item.known != nullptr && !hadElements;
+    changed({isKnownText ? Kind::TextReplaced : Kind::InsideReplaced, item.section, item.element, nullptr, item.known});
 }
 
-bool Document::setElement(const Item& item, NewElement content, const Container& container) {
-    if (item.element->getFirstChild() == nullptr) {
-        append(*item.element, *content.element.release());
-        return true;
-    }
-    forgetText(item, container);
-    DOMNode* const before = item.element->cloneNode(true);
-    if (item.element->getFirstElementChild() != nullptr) sectionOf(container).items.clear();
-    removeChildren(item.element);
-    append(*item.element, *content.element.release());
-    const bool isDifferent = !compareCollapsedNodes(*before, *item.element);
-    release(before);
+bool Document::setElement(const Item& item, LooseElement content) {
+    const bool isDifferent = !holdsCollapsed(*item.element, *content);
+    m_tree.empty(*item.element);
+    append(*item.element, *content.release());
+    changed({Kind::InsideReplaced, item.section, item.element});
     return isDifferent;
 }
 
-void Document::removeItem(Section& section, DOMElement* item) {
-    unlink(*section.element, *item);
-    SectionIndex::itemRemoved(section, item);
-    if (isOneText(item->getFirstChild())) return m_spareItems.push_back(item);
-    release(item);
+void Document::setSectionText(Section& section, const std::wstring& value) {
+    setText({section.element, nullptr, &section}, value);
+}
+
+void Document::removeItem(Section& section, DOMElement& item) {
+    if (item.getParentNode() != section.element) throw xercesc::DOMException(xercesc::DOMException::NOT_FOUND_ERR);
+    m_tree.remove(*section.element, item);
+    changed({Kind::ChildRemoved, &section, &item});
 }
 
 void Document::removeSection(Section& section) {
-    DOMElement* const element = section.element;
-    m_index.removing(section);
-    removeLayoutBehind(root(), element);
-    removeAndRelease(root(), element);
+    removeLayoutAfter(*root(), *section.element);
+    m_tree.remove(*root(), *section.element);
+    changed({Kind::SectionRemoved, &section});
 }
 
-void Document::removeSubSection(DOMElement* subSection) {
-    auto* const section = static_cast<DOMElement*>(subSection->getParentNode());
-    m_index.sectionOf(section).items.clear();
-    removeLayoutBehind(section, subSection);
-    removeAndRelease(section, subSection);
+void Document::removeSubSection(const Container& subSection) {
+    removeLayoutAfter(*subSection.section->element, *subSection.element);
+    m_tree.remove(*subSection.section->element, *subSection.element);
+    changed({Kind::ChildRemoved, subSection.section, subSection.element});
 }
 
 void Document::renameSection(Section& section, const std::wstring& newID) {
-    m_index.renamed(section, newID);
-    DOMElement* const element = section.element;
-    DOMNode* const text = element->getAttributeNode(xmlText(u"ID"))->getFirstChild();
-    // Setting the attribute would leave one more text with the XML library.
-    if (isOneText(text) && !newID.empty()) return text->setNodeValue(xmlText(toUtf16(newID)));
-    element->setAttribute(xmlText(u"ID"), xmlText(toUtf16(newID)));
+    xercesc::DOMAttr* const attribute = section.element->getAttributeNode(xmlText(u"ID"));
+    DOMNode* const text = attribute->getFirstChild();
+    // Setting the attribute's value would leave the XML library without a value where memory runs out.
+    if (isOneText(text) && !newID.empty()) {
+        text->setNodeValue(xmlText(toUtf16(newID)));
+    } else {
+        DOMNode* const made = newID.empty() ? nullptr : m_tree.makeText(newID);
+        while (DOMNode* const child = attribute->getFirstChild()) m_tree.discard(*attribute->removeChild(child));
+        if (made != nullptr) attribute->appendChild(made);
+    }
+    changed({Kind::SectionRenamed, &section, nullptr, nullptr, nullptr, &newID});
 }
 
 void Document::swapSections(Section& earlier, Section& later) {
-    m_index.swapped(earlier, later);
     root()->insertBefore(later.element, earlier.element);
+    changed({Kind::SectionsSwapped, &earlier, nullptr, &later});
 }
 
-void Document::insertHeaderBefore(DOMElement* next, const std::wstring& name, const std::wstring& text) {
-    DOMElement* const element = appendElement(root(), name, text);
-    root()->insertBefore(element, next);
+void Document::setHeaders(const std::vector<Header>& headers, DOMElement* next) {
+    std::vector<LooseElement> made;
+    std::vector<DOMNode*> texts;
+    for (const Header& header : headers) {
+        made.push_back(header.element == nullptr ? m_tree.makeElement(*root(), header.name) : LooseElement());
+        texts.push_back(m_tree.makeText(header.text));
+    }
+    for (std::size_t i = 0; i < headers.size(); ++i) {
+        DOMElement* const element = made[i] ? made[i].get() : headers[i].element;
+        m_tree.empty(*element);
+        append(*element, *texts[i]);
+        if (made[i]) root()->insertBefore(made[i].release(), next);
+    }
+    changed({Kind::HeadersSet});
+}
+
+void Document::changed(const TreeChange& change) noexcept {
+    try {
+        m_index.changed(change);
+    } catch (...) {
+        m_index.reset(root());
+    }
+    if (!m_tree.shedWaste()) return;
+    m_reader.forgetTree();
     m_index.reset(root());
-}
-
-Section& Document::sectionOf(const Container& container) {
-    if (container.section != nullptr) return *container.section;
-    return m_index.sectionOf(static_cast<DOMElement*>(container.element->getParentNode()));
-}
-
-// What is in a subsection may be known by a longer key of the section too. What was made just now is not known yet.
-void Document::forgetText(const Item& item, const Container& container) {
-    if (item.known != nullptr) item.section->items.forgetText(*item.known);
-    else if (container.section == nullptr) sectionOf(container).items.forgetTexts();
 }
 
 }  // namespace XMLConfig::detail

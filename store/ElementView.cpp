@@ -65,7 +65,7 @@ ElementView findElement(const ConfigInfo& document, const Address& address) {
         const auto& [section, sectionID, subSection, subSectionID, key] = address;
         const detail::Address place{section, sectionID, key, subSection, subSectionID};
         const detail::Container container = tree.container(place);
-        return ElementAccess::view(key.empty() ? container.element : tree.getItem(container, place).element);
+        return ElementAccess::view(key.empty() ? container.element : tree.getItem(container, key).element);
     });
 }
 

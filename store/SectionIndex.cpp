@@ -12,9 +12,14 @@ void rememberChild(Section& section, xercesc::DOMElement* child) {
 }
 
 void scan(Section& section) {
-    section.items.isScanned = true;
-    for (auto* child = section.element->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
-        rememberChild(section, child);
+    if (section.items.isScanned) return;
+    try {
+        for (auto* child = section.element->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling())
+            rememberChild(section, child);
+        section.items.isScanned = true;
+    } catch (...) {
+        section.items.clear();
+        throw;
     }
 }
 
@@ -33,20 +38,44 @@ xercesc::DOMElement* childNamed(const xercesc::DOMElement* element, std::u16stri
     return static_cast<xercesc::DOMElement*>(child);
 }
 
-xercesc::DOMElement* walkKey(xercesc::DOMElement* element, std::u16string_view key) {
-    for (;;) {
-        const std::size_t end = key.find(u'|');
-        element = childNamed(element, key.substr(0, end));
-        if (element == nullptr || end == std::u16string_view::npos) return element;
-        key.remove_prefix(end + 1);
-    }
-}
-
-void SectionIndex::reset(xercesc::DOMElement* root) {
+void SectionIndex::reset(xercesc::DOMElement* root) noexcept {
     m_root = root;
     m_isBuilt = false;
+    m_nextOrder = 0;
     m_lastSection = nullptr;
     m_tags.clear();
+    m_groups.clear();
+}
+
+void SectionIndex::changed(const TreeChange& change) {
+    using Kind = TreeChange::Kind;
+    switch (change.kind) {
+        case Kind::SectionAdded:
+            if (m_isBuilt) m_tags[fromUtf16(view(change.element->getNodeName()))].append(change.element, m_nextOrder++);
+            return;
+        case Kind::SectionRemoved:
+            m_lastSection = nullptr;
+            return change.section->tag->remove(*change.section);
+        case Kind::SectionRenamed:
+            return sectionRenamed(*change.section, *change.newID);
+        case Kind::SectionsSwapped:
+            m_lastSection = nullptr;
+            return change.section->tag->swap(*change.section, *change.later);
+        case Kind::ChildAdded:
+            if (change.section->items.isScanned) rememberChild(*change.section, change.element);
+            return;
+        case Kind::ChildRemoved:
+            return childRemoved(*change.section, *change.element);
+        case Kind::InsideAdded:
+            return insideAdded(*change.section, *change.element);
+        case Kind::InsideReplaced:
+            m_groups.replaced(*change.element);
+            return forgetInside(*change.section, *change.element);
+        case Kind::TextReplaced:
+            return change.section->items.forgetText(*change.known);
+        case Kind::HeadersSet:
+            return reset(m_root);
+    }
 }
 
 Section* SectionIndex::find(const std::wstring& tag, const std::wstring& id) {
@@ -61,9 +90,14 @@ Section* SectionIndex::find(const std::wstring& tag, const std::wstring& id) {
     const SectionTag* const named = tagNamed(tag);
     Section* const found = named == nullptr ? nullptr : id.empty() ? named->first() : named->find(id);
     if (found == nullptr) return nullptr;
+    m_lastSection = nullptr;  // until both texts are there
     m_lastTag = tag;
     m_lastID = id;
     return m_lastSection = found;
+}
+
+Section* SectionIndex::next(const Section& section, const std::wstring& id) {
+    return id.empty() ? section.next : section.tag->nextOfID(section);
 }
 
 std::size_t SectionIndex::count(const std::wstring& tag) {
@@ -76,54 +110,79 @@ Section& SectionIndex::sectionOf(const xercesc::DOMElement* element) {
 }
 
 KnownItem* SectionIndex::item(Section& section, const std::wstring& key) {
-    if (!section.items.isScanned) scan(section);
+    scan(section);
     if (KnownItem* const found = known(section, key)) return found;
     const std::size_t end = key.find(L'|');
     if (end == std::wstring::npos) return nullptr;
     const KnownItem* const first = known(section, key.substr(0, end));
     xercesc::DOMElement* const found =
-        first == nullptr ? nullptr : walkKey(first->element, toUtf16(std::wstring_view(key).substr(end + 1)));
+        first == nullptr ? nullptr : walk(first->element, toUtf16(std::wstring_view(key).substr(end + 1)));
     if (found == nullptr) return nullptr;
     const std::size_t number = section.tag->numberOfNested(key);
     return &section.items.add(number, found, section.tag->countNumbers());
 }
 
-void SectionIndex::itemAppended(Section& section, xercesc::DOMElement* child) {
-    if (section.items.isScanned) rememberChild(section, child);
+xercesc::DOMElement* SectionIndex::subSection(Section& section, const std::wstring& tag, const std::wstring& id) {
+    scan(section);
+    if (tag.find(L'|') != std::wstring::npos) return nullptr;  // a key of several parts
+    const std::size_t* const number = section.tag->findNumber(tag);
+    const KnownItem* const first = number == nullptr ? nullptr : section.items.find(*number);
+    if (first == nullptr || id.empty()) return first == nullptr ? nullptr : first->element;
+    const std::u16string wanted = toUtf16(id);
+    if (view(first->element->getAttribute(xmlText(u"ID"))) == wanted) return first->element;
+    Namesakes* const others = section.items.after(*number);
+    return others == nullptr ? nullptr : others->withID(wanted, *section.element);
 }
 
-void SectionIndex::itemRemoved(Section& section, const xercesc::DOMElement* child) {
+xercesc::DOMElement* SectionIndex::walk(xercesc::DOMElement* element, std::u16string_view key) {
+    for (;;) {
+        const std::size_t end = key.find(u'|');
+        element = m_groups.child(*element, key.substr(0, end));
+        if (element == nullptr || end == std::u16string_view::npos) return element;
+        key.remove_prefix(end + 1);
+    }
+}
+
+void SectionIndex::sectionRenamed(Section& section, const std::wstring& newID) {
+    section.tag->rename(section, newID);
+    const bool isLast = m_lastSection == &section && section.isFirstOfID && !newID.empty();
+    m_lastSection = nullptr;
+    if (!isLast) return;
+    m_lastID = newID;
+    m_lastSection = &section;
+}
+
+void SectionIndex::insideAdded(Section& section, xercesc::DOMElement& added) {
+    auto& parent = static_cast<xercesc::DOMElement&>(*added.getParentNode());
+    m_groups.added(parent, added);
+    // Texts are known of those alone that hold nothing else.
+    if (added.getPreviousSibling() == parent.getFirstChild()) forgetInside(section, added);
+}
+
+void SectionIndex::childRemoved(Section& section, const xercesc::DOMElement& child) {
     if (!section.items.isScanned) return;
-    if (section.items.hasNamesakes) return section.items.clear();
+    forgetInside(section, child);
+    const std::size_t number = section.tag->numberOfName(child.getNodeName());
+    const KnownItem* const known = section.items.find(number);
+    if (known != nullptr && known->element == &child) section.items.removeFirst(number, *section.element);
+}
+
+// What is known inside of the section's child that holds the element, or is it.
+void SectionIndex::forgetInside(Section& section, const xercesc::DOMElement& element) {
+    if (!section.items.isScanned) return;
+    if (&element == section.element) return section.items.clear();
+    const xercesc::DOMNode* child = &element;
+    for (const auto* parent = child->getParentNode(); parent != nullptr && parent != section.element;
+         parent = child->getParentNode())
+        child = parent;
     const std::size_t number = section.tag->numberOfName(child->getNodeName());
-    section.items.remove(number);
-    if (child->getFirstElementChild() == nullptr) return;
+    KnownItem* const known = section.items.find(number);
+    if (known == nullptr || known->element != child) return;
+    section.items.forgetText(*known);
     for (const std::size_t nested : section.tag->nestedIn(number)) section.items.remove(nested);
 }
 
-void SectionIndex::appended(xercesc::DOMElement* element) {
-    if (m_isBuilt) m_tags[fromUtf16(view(element->getNodeName()))].append(element, m_nextOrder++);
-}
-
-void SectionIndex::removing(Section& section) {
-    m_lastSection = nullptr;
-    section.tag->remove(section);
-}
-
-void SectionIndex::renamed(Section& section, const std::wstring& newID) {
-    section.tag->rename(section, newID);
-    if (m_lastSection == &section && section.isFirstOfID && !newID.empty()) m_lastID = newID;
-    else m_lastSection = nullptr;
-}
-
-void SectionIndex::swapped(Section& earlier, Section& later) {
-    m_lastSection = nullptr;
-    earlier.tag->swap(earlier, later);
-}
-
 void SectionIndex::build() {
-    m_isBuilt = true;
-    m_nextOrder = 0;
     std::u16string_view lastName;
     SectionTag* lastTag = nullptr;
     for (xercesc::DOMElement* child = m_root->getFirstElementChild(); child != nullptr;
@@ -133,11 +192,19 @@ void SectionIndex::build() {
         lastName = name;
         lastTag->append(child, m_nextOrder++);
     }
+    m_isBuilt = true;
 }
 
 SectionTag* SectionIndex::tagNamed(const std::wstring& name) {
     if (m_root == nullptr) return nullptr;
-    if (!m_isBuilt) build();
+    if (!m_isBuilt) {
+        try {
+            build();
+        } catch (...) {
+            reset(m_root);
+            throw;
+        }
+    }
     const auto found = m_tags.find(name);
     return found == m_tags.end() ? nullptr : &found->second;
 }

@@ -29,7 +29,7 @@ KnownItem& SectionItems::add(std::size_t number, xercesc::DOMElement* element, s
     if (isCommon && number >= m_items.size()) m_items.resize(std::max(number + 1, std::min(expectedNumbers, commonKeys)));
     KnownItem& item = isCommon ? m_items[number] : m_rareItems[number];
     if (item.element == nullptr) item.element = element;
-    else hasNamesakes = true;
+    else m_namesakes[number].add(element);
     return item;
 }
 
@@ -37,11 +37,26 @@ void SectionItems::remove(std::size_t number) {
     KnownItem* const item = find(number);
     if (item == nullptr) return;
     forgetText(*item);
+    m_namesakes.erase(number);
     if (number >= commonKeys) m_rareItems.erase(number);
     else *item = {};
 }
 
-void SectionItems::clear() { *this = {}; }
+void SectionItems::removeFirst(std::size_t number, const xercesc::DOMElement& section) {
+    Namesakes* const others = after(number);
+    xercesc::DOMElement* const next = others == nullptr ? nullptr : others->takeFirst(section);
+    if (next == nullptr) return remove(number);
+    KnownItem& item = *find(number);
+    forgetText(item);
+    item.element = next;
+}
+
+void SectionItems::clear() noexcept { *this = {}; }
+
+Namesakes* SectionItems::after(std::size_t number) {
+    const auto found = m_namesakes.find(number);
+    return found == m_namesakes.end() ? nullptr : &found->second;
+}
 
 std::u16string_view SectionItems::text(const KnownItem& item) const {
     return {m_copies.data() + (item.textLength == 0 ? 0 : item.textBegin), item.textLength};
@@ -49,9 +64,10 @@ std::u16string_view SectionItems::text(const KnownItem& item) const {
 
 void SectionItems::rememberText(KnownItem& item, std::u16string_view text) {
     if (text.size() > longestText || m_copies.size() > longestCopies) return;
-    item.textBegin = static_cast<std::uint32_t>(m_copies.size());
+    const std::size_t begin = m_copies.size();
+    m_copies += text;  // what can fail comes first
+    item.textBegin = static_cast<std::uint32_t>(begin);
     item.textLength = static_cast<std::uint32_t>(text.size());
-    m_copies += text;
 }
 
 void SectionItems::forgetText(KnownItem& item) {

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "store/Namesakes.h"
 #include "store/XmlLibrary.h"
 
 namespace XMLConfig::detail {
@@ -23,14 +24,19 @@ struct KnownItem {
 /// would answer more slowly than a small one. Every change of the tree must be told.
 class SectionItems {
 public:
-    bool isScanned = false;     ///< whether every child element of the section is known
-    bool hasNamesakes = false;  ///< whether several elements were added for one number, of which the first is known
+    bool isScanned = false;  ///< whether every child element of the section is known
 
     /// Null where there is none. Good, as what `add` gives, until the next add, remove or clear.
     [[nodiscard]] KnownItem* find(std::size_t number);
+    /// Where an element is known for the number already, the added one is listed among those after it.
     KnownItem& add(std::size_t number, xercesc::DOMElement* element, std::size_t expectedNumbers);
+    /// The number leads nowhere any more.
     void remove(std::size_t number);
-    void clear();
+    /// The number leads to the next element that was added for it and still is in `section`, or nowhere.
+    void removeFirst(std::size_t number, const xercesc::DOMElement& section);
+    void clear() noexcept;
+    /// Those that were added after the first; null where there were none.
+    [[nodiscard]] Namesakes* after(std::size_t number);
 
     /// The item's text where it is known, else nothing; good until any text is remembered or forgotten.
     [[nodiscard]] std::u16string_view text(const KnownItem& item) const;
@@ -42,6 +48,7 @@ public:
 private:
     std::vector<KnownItem> m_items;                          // by number; without an element where there is none
     std::unordered_map<std::size_t, KnownItem> m_rareItems;  // those of high numbers, which few sections have
+    std::unordered_map<std::size_t, Namesakes> m_namesakes;
     std::u16string m_copies;
     std::size_t m_unused = 0;  // how much of the copies belongs to no item any more
 };

@@ -1,6 +1,5 @@
 #include "store/SectionTag.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/Text.h"
@@ -10,8 +9,15 @@ namespace XMLConfig::detail {
 std::wstring idOf(const xercesc::DOMElement& element) { return fromUtf16(view(element.getAttribute(xmlText(u"ID")))); }
 
 Section* SectionTag::find(const std::wstring& id) const {
-    const auto found = m_byID.find(id);
-    return found == m_byID.end() ? nullptr : found->second.front();
+    const auto found = m_firstOfID.find(id);
+    return found == m_firstOfID.end() ? nullptr : found->second;
+}
+
+Section* SectionTag::nextOfID(const Section& section) const {
+    const auto others = m_othersOfID.find(section.id);
+    if (others == m_othersOfID.end()) return nullptr;
+    const auto next = others->second.upper_bound(const_cast<Section*>(&section));
+    return next == others->second.end() ? nullptr : *next;
 }
 
 void SectionTag::append(xercesc::DOMElement* element, std::uint64_t order) {
@@ -62,8 +68,10 @@ std::size_t SectionTag::numberOf(const std::wstring& key) { return m_numbers.emp
 
 std::size_t SectionTag::numberOfNested(const std::wstring& key) {
     if (const std::size_t* const known = findNumber(key)) return *known;
-    const std::size_t outer = numberOf(key.substr(0, key.find(L'|')));
-    return m_nested[outer].emplace_back(numberOf(key));
+    std::vector<std::size_t>& nested = m_nested[numberOf(key.substr(0, key.find(L'|')))];
+    if (nested.size() == nested.capacity())
+        nested.reserve(2 * nested.size() + 1);  // nothing may fail after the key is known
+    return nested.emplace_back(numberOf(key));
 }
 
 std::size_t SectionTag::numberOfName(const XMLCh* name) {
@@ -72,21 +80,31 @@ std::size_t SectionTag::numberOfName(const XMLCh* name) {
     return m_nameNumbers.emplace(name, numberOf(fromUtf16(view(name)))).first->second;
 }
 
+void SectionTag::lead(Section*& leader, Section* next) {
+    leader = next;
+    next->isFirstOfID = true;
+}
+
 void SectionTag::list(Section& section) {
-    auto& sameID = m_byID[section.id];
-    const auto earlier = [](const Section* left, const Section* right) { return left->order < right->order; };
-    if (!sameID.empty()) sameID.front()->isFirstOfID = false;
-    sameID.insert(std::upper_bound(sameID.begin(), sameID.end(), &section, earlier), &section);
-    sameID.front()->isFirstOfID = true;
+    const auto [place, isFirst] = m_firstOfID.emplace(section.id, &section);
+    if (isFirst) return lead(place->second, &section);
+    Section* other = &section;
+    if (section.order < place->second->order) {
+        other = place->second;
+        other->isFirstOfID = false;
+        lead(place->second, &section);
+    }
+    m_othersOfID[section.id].insert(other);
 }
 
 void SectionTag::unlist(Section& section) {
-    const auto found = m_byID.find(section.id);
-    auto& sameID = found->second;
-    sameID.erase(std::find(sameID.begin(), sameID.end(), &section));
+    const auto first = m_firstOfID.find(section.id);
+    const auto others = m_othersOfID.find(section.id);
+    if (first->second != &section) others->second.erase(&section);
+    else if (others == m_othersOfID.end()) m_firstOfID.erase(first);
+    else lead(first->second, others->second.extract(others->second.begin()).value());
     section.isFirstOfID = false;
-    if (sameID.empty()) m_byID.erase(found);
-    else sameID.front()->isFirstOfID = true;
+    if (others != m_othersOfID.end() && others->second.empty()) m_othersOfID.erase(others);
 }
 
 }  // namespace XMLConfig::detail

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -33,6 +34,8 @@ public:
     [[nodiscard]] Section* first() const { return m_first; }
     /// The first of that ID.
     [[nodiscard]] Section* find(const std::wstring& id) const;
+    /// The next one of the same ID; null after the last.
+    [[nodiscard]] Section* nextOfID(const Section& section) const;
     [[nodiscard]] Section& of(const xercesc::DOMElement* element) { return m_sections.at(element); }
     [[nodiscard]] std::size_t count() const { return m_sections.size(); }
 
@@ -54,11 +57,18 @@ public:
     [[nodiscard]] const std::vector<std::size_t>& nestedIn(std::size_t number) { return m_nested[number]; }
 
 private:
+    struct ByOrder {
+        bool operator()(const Section* left, const Section* right) const { return left->order < right->order; }
+    };
+    using Namesakes = std::set<Section*, ByOrder>;
+
     void list(Section& section);
     void unlist(Section& section);
+    void lead(Section*& leader, Section* next);
 
     std::unordered_map<const xercesc::DOMElement*, Section> m_sections;
-    std::unordered_map<std::wstring, std::vector<Section*>> m_byID;  // each list by order
+    std::unordered_map<std::wstring, Section*> m_firstOfID;
+    std::unordered_map<std::wstring, Namesakes> m_othersOfID;  // where there are several, those after the first
     Section* m_first = nullptr;
     Section* m_last = nullptr;
     std::unordered_map<std::wstring, std::size_t> m_numbers;

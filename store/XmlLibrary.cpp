@@ -1,6 +1,8 @@
 #include "store/XmlLibrary.h"
 
 #include <mutex>
+#include <new>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLException.hpp>
 
@@ -41,6 +43,17 @@ std::wstring messageOf(const xercesc::DOMException& exception) {
     return L" XML message is: " + fromUtf16(view(text));
 }
 
+void passShortage() {
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const xercesc::OutOfMemoryException&) {
+        throw std::bad_alloc();
+    } catch (...) {  // anything else is the caller's
+    }
+}
+
 void rethrow(const std::wstring& prefix) {
     try {
         throw;
@@ -51,6 +64,7 @@ void rethrow(const std::wstring& prefix) {
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(prefix + messageOf(exception));
     } catch (...) {
+        passShortage();
         throw CorvaneException(prefix + L"Unknown error during parsing: ");
     }
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "store/FragmentParser.h"
+#include "store/Tree.h"
+
+namespace XMLConfig::detail {
+
+/// An element that was parsed to be stored.
+struct NewElement {
+    LooseElement element;
+    int depth = 0;  ///< levels of nested elements, itself counted
+};
+
+/// Parses elements that are to be stored, for one tree.
+class ElementReader {
+public:
+    /// Throws ParseFailure for anything but one element.
+    NewElement read(const std::string& text, Tree& tree);
+    /// There is another tree.
+    void forgetTree() noexcept { m_holder = nullptr; }
+
+private:
+    std::unique_ptr<FragmentParser> m_parser;
+    xercesc::DOMElement* m_holder = nullptr;  // what is parsed is in it until it is taken
+};
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+#include <unordered_map>
+
+#include "store/XmlLibrary.h"
+
+namespace XMLConfig::detail {
+
+/// Finds children by name in elements of many children, once it has walked through them. Every change must be told.
+class GroupIndex {
+public:
+    /// The first child element of that name; null when there is none.
+    xercesc::DOMElement* child(xercesc::DOMElement& parent, std::u16string_view name);
+    /// The parent has one more child, its last.
+    void added(const xercesc::DOMElement& parent, xercesc::DOMElement& child);
+    /// The parent has other children.
+    void replaced(const xercesc::DOMElement& parent) { m_groups.erase(&parent); }
+    void clear() noexcept { m_groups.clear(); }
+
+private:
+    using ByName = std::unordered_map<std::u16string_view, xercesc::DOMElement*>;  // the tree's own copies of names
+    const ByName& list(const xercesc::DOMElement& parent);
+
+    std::unordered_map<const xercesc::DOMElement*, ByName> m_groups;
+};
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,41 @@
+#include "store/Namesakes.h"
+
+namespace XMLConfig::detail {
+
+namespace {
+
+std::u16string idOf(const xercesc::DOMElement& element) {
+    return std::u16string(view(element.getAttribute(xmlText(u"ID"))));
+}
+
+}  // namespace
+
+xercesc::DOMElement* ElementQueue::first(const xercesc::DOMElement& parent) {
+    while (m_passed < m_elements.size() && m_elements[m_passed]->getParentNode() != &parent) ++m_passed;
+    return m_passed == m_elements.size() ? nullptr : m_elements[m_passed];
+}
+
+xercesc::DOMElement* ElementQueue::takeFirst(const xercesc::DOMElement& parent) {
+    xercesc::DOMElement* const taken = first(parent);
+    if (taken != nullptr) ++m_passed;
+    return taken;
+}
+
+void Namesakes::add(xercesc::DOMElement* element) {
+    m_all.add(element);
+    if (m_isListedByID) m_byID[idOf(*element)].add(element);
+}
+
+xercesc::DOMElement* Namesakes::withID(const std::u16string& id, const xercesc::DOMElement& parent) {
+    if (!m_isListedByID) listByID();
+    const auto found = m_byID.find(id);
+    return found == m_byID.end() ? nullptr : found->second.first(parent);
+}
+
+void Namesakes::listByID() {
+    m_byID.clear();
+    for (xercesc::DOMElement* const element : m_all) m_byID[idOf(*element)].add(element);
+    m_isListedByID = true;
+}
+
+}  // namespace XMLConfig::detail

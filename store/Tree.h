@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include "store/XmlLibrary.h"
+
+namespace XMLConfig::detail {
+
+class Tree;
+
+struct Discard {
+    Tree* tree = nullptr;
+    void operator()(xercesc::DOMElement* element) const;
+};
+/// An element that belongs to the tree's document and is no part of the tree. What is not joined to it is discarded.
+using LooseElement = std::unique_ptr<xercesc::DOMElement, Discard>;
+
+/// The XML library's document, and new nodes for it.
+///
+/// The library gives memory back with the whole document only. So a node that is not wanted any more is left where it is,
+/// and when such waste outweighs the content, the tree is copied into a new document and the old one ends.
+class Tree {
+public:
+    /// Replaces the tree.
+    void adopt(DocumentPointer document) noexcept;
+    [[nodiscard]] bool exists() const { return m_document != nullptr; }
+    [[nodiscard]] const xercesc::DOMDocument& document() const { return *m_document; }
+    [[nodiscard]] xercesc::DOMElement* root() const { return m_document ? m_document->getDocumentElement() : nullptr; }
+
+    /// Throws DOMException for a name that could not be read again below `place`.
+    LooseElement makeElement(const xercesc::DOMElement& place, const std::wstring& name);
+    LooseElement makeElement(const char16_t* name);
+    xercesc::DOMText* makeText(const std::wstring& text);
+
+    /// Takes the children out of an element.
+    void empty(xercesc::DOMElement& element) noexcept;
+    /// Takes a child out of its parent.
+    void remove(xercesc::DOMElement& parent, xercesc::DOMNode& child) noexcept;
+    /// Counts a node that is no part of the tree, and everything in it, as waste.
+    void discard(const xercesc::DOMNode& node) noexcept;
+    void countWaste(std::size_t bytes) noexcept { m_waste += bytes; }
+    /// Copies the tree when there is much waste. True when it did: no pointer into the tree is good then. Where memory is
+    /// short it does without.
+    bool shedWaste() noexcept;
+
+private:
+    DocumentPointer m_document;
+    std::size_t m_waste = 0;         // bytes, estimated
+    std::size_t m_allowedWaste = 0;  // how much there may be until the content is weighed again
+};
+
+}  // namespace XMLConfig::detail
