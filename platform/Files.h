@@ -52,11 +52,13 @@ using ByteSource = std::function<void(const ByteSink&)>;
 std::string gather(const ByteSource& source);
 
 /// Replaces the file's content, all or nothing: the bytes are written completely to a new file in the same folder,
-/// flushed to the disk, and that file takes the target's place. The target's permissions are kept (a new file gets
-/// 0666 less the umask) and a symbolic link is followed (a dangling one gets its target made). A target that may not
-/// be written (no write permission bit, for the superuser too) is refused. Where the folder admits no second file, or
-/// the target is no regular file (a device, a pipe), the bytes are written straight to it.
+/// flushed to the disk, and that file takes the target's place. It has the target's owner, group, mode, access list and
+/// attributes (a new file gets 0666 less the umask). A symbolic link is followed (a dangling one gets its target made); of
+/// several hard links only this one leads to the new file. A target that may not be written (no write permission bit, for
+/// the superuser too) is refused. Where the folder admits no second file, this process cannot give it the target's rights,
+/// or the target is no regular file (a device, a pipe), the bytes are written straight to it.
 /// On failure throws FileError, or what the source throws; an old file stands as it was and no other file is left.
+/// Removes what saves that were killed have left in the folder.
 void replaceFile(const std::wstring& path, const ByteSource& source);
 void replaceFile(const std::wstring& path, std::string_view bytes);
 
@@ -65,7 +67,8 @@ bool fileExists(const std::wstring& path);  ///< anything of that name, folders 
 bool makeFolder(const std::wstring& path);
 /// Makes a folder and those above it; true when it exists afterwards.
 bool makeFolders(const std::wstring& path);
-/// Copies a file's bytes to a new file that must not exist yet, flushed to the disk. Throws FileError.
+/// Copies a file's bytes and rights to a new file that must not exist yet, flushed to the disk; without the rights that
+/// this process cannot give, and then for nobody else to read. Throws FileError, and leaves no part of it.
 void copyToNewFile(const std::wstring& from, const std::wstring& to);
 bool removeFile(const std::wstring& path);  ///< true when it was there and is gone
 

@@ -1,11 +1,14 @@
 #include "platform/Files.h"
 
 #include <cerrno>
+#include <optional>
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
 
+#include "platform/posix/FileRights.h"
+#include "platform/posix/NewFile.h"
 #include "platform/posix/System.h"
 
 namespace XMLConfig::detail {
@@ -18,18 +21,20 @@ bool isWritableRegular(const struct stat& status) { return S_ISREG(status.st_mod
 /// A shared lock, so that threads of this process that load the same file do not deny each other.
 bool anotherHoldsIt(int descriptor) { return ::flock(descriptor, LOCK_SH | LOCK_NB) == -1 && errno == EWOULDBLOCK; }
 
-/// The new file is only as open to others as the one it is copied from.
-void copyBytes(OpenFile& source, const std::string& target) {
-    OpenFile copy(target, "Can not write file", O_WRONLY | O_CREAT | O_EXCL, source.status().st_mode & 0777);
-    try {
-        char buffer[64 * 1024];
-        while (const std::size_t count = source.read(buffer, sizeof buffer)) copy.write({buffer, count});
-        copy.flush();
-        copy.close();
-    } catch (...) {
-        ::unlink(target.c_str());
-        throw;
-    }
+void copyBytes(OpenFile& source, OpenFile& copy) {
+    char buffer[64 * 1024];
+    while (const std::size_t count = source.read(buffer, sizeof buffer)) copy.write({buffer, count});
+}
+
+bool give(const FileRights& rights, OpenFile& file) { return rights.giveOwnership(file) && rights.giveTo(file); }
+
+/// The rights of the source, or those but for the owner, who is then the one who copies. Where neither can be given,
+/// nobody else has any: a part of them could mean more to somebody than the whole.
+void giveRights(const OpenFile& source, OpenFile& copy) {
+    const uid_t maker = copy.status().st_uid;
+    const std::optional<FileRights> rights = FileRights::of(source);
+    const bool isDone = rights && (give(*rights, copy) || give(rights->ownedBy(maker), copy));
+    if (!isDone) makePrivate(copy);
 }
 
 }  // namespace
@@ -75,8 +80,12 @@ void copyToNewFile(const std::wstring& from, const std::wstring& to) {
     const std::string target = systemPath(to);
     OpenFile source(systemPath(from), "Can not read file", O_RDONLY);
     if (S_ISDIR(source.status().st_mode)) source.fail(EISDIR);
-    copyBytes(source, target);
-    flushFolder(systemFolder(target));
+    makeBeside(target, S_IRUSR | S_IWUSR, [&source](NewFile& copy) {
+        source.rewind();
+        copyBytes(source, copy.file());
+        giveRights(source, copy.file());
+        copy.becomeTarget();
+    });
 }
 
 bool removeFile(const std::wstring& path) { return ::unlink(systemPath(path).c_str()) == 0; }

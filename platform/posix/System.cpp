@@ -80,6 +80,10 @@ std::string systemFolder(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
+bool isSameFile(const struct stat& left, const struct stat& right) {
+    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
 void throwFileError(std::string_view what, const std::string& path, int error) {
     throw SystemError(fromUtf8(what) + L' ' + fromUtf8(path) + L": " + reasonText(error), error);
 }
@@ -133,13 +137,6 @@ void OpenFile::rewind() {
 void OpenFile::close() {
     // Interrupted, it is closed all the same.
     if (::close(std::exchange(m_descriptor, -1)) == -1 && errno != EINTR) fail(errno);
-}
-
-void flushFolder(const std::string& folder) {
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor == -1) return;
-    uninterrupted([&] { return ::fsync(descriptor); });
-    ::close(descriptor);
 }
 
 QuietWrites::QuietWrites() {

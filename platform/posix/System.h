@@ -17,6 +17,8 @@ std::string systemPath(std::wstring_view path);
 /// The folder a file of this name stands in; "." for a bare name.
 std::string systemFolder(const std::string& path);
 
+bool isSameFile(const struct stat& left, const struct stat& right);
+
 class SystemError : public FileError {
 public:
     SystemError(const std::wstring& message, int code) : FileError(message), m_code(code) {}
@@ -56,9 +58,6 @@ private:
     std::string m_purpose;
     int m_descriptor;
 };
-
-/// Flushes a folder's entries as far as the system lets us: what was written is complete either way.
-void flushFolder(const std::string& folder);
 
 /// While it lives, a write this thread makes to a pipe without a reader or beyond a size limit fails with an error, as
 /// a write to a full disk does, instead of ending the process with a signal.

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "platform/Files.h"
+#include "platform/Text.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Unprivileged.h"
 
@@ -20,13 +21,17 @@ namespace replacetests {
 using namespace XMLConfig::detail;
 namespace fs = std::filesystem;
 
-inline std::wstring replaceError(const std::wstring& path, std::string_view bytes = "new") {
+inline std::wstring replaceError(const std::wstring& path, const ByteSource& source) {
     try {
-        replaceFile(path, bytes);
+        replaceFile(path, source);
     } catch (const FileError& error) {
         return error.message();
     }
     return L"no error";
+}
+
+inline std::wstring replaceError(const std::wstring& path, std::string_view bytes = "new") {
+    return replaceError(path, [bytes](const ByteSink& sink) { sink(bytes); });
 }
 
 inline std::wstring refusal(const std::wstring& path, const std::wstring& reason) {

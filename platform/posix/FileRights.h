@@ -1,0 +1,47 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include <sys/types.h>
+
+#include "platform/posix/System.h"
+
+namespace XMLConfig::detail {
+
+/// Who may do what with a file: owner, group, mode, access list, and the attributes that users gave it.
+class FileRights {
+public:
+    /// Nothing where this process is not told all of them. Throws SystemError where the disk fails.
+    static std::optional<FileRights> of(const OpenFile& file);
+
+    /// False where this process may not give the file to that owner and group.
+    [[nodiscard]] bool giveOwnership(OpenFile& file) const;
+    /// The rest, which a write would cut; the file belongs to its owner and group by then. False where the file does not
+    /// have exactly these rights afterwards.
+    [[nodiscard]] bool giveTo(OpenFile& file) const;
+
+    /// The same, but for the owner.
+    FileRights ownedBy(uid_t owner) const;
+    friend bool operator==(const FileRights& left, const FileRights& right) {
+        return left.m_owner == right.m_owner && left.m_group == right.m_group && left.m_mode == right.m_mode &&
+               left.m_attributes == right.m_attributes;
+    }
+
+private:
+    using Attributes = std::map<std::string, std::string>;
+
+    static std::optional<Attributes> attributesOf(const OpenFile& file);
+    bool giveAttributes(OpenFile& file) const;
+
+    uid_t m_owner = 0;
+    gid_t m_group = 0;
+    mode_t m_mode = 0;
+    Attributes m_attributes;  ///< the access list is one of them
+};
+
+/// Leaves a file to its owner alone.
+void makePrivate(OpenFile& file);
+
+}  // namespace XMLConfig::detail
