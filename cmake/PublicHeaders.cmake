@@ -9,7 +9,6 @@ set(XMLCONFIG_PUBLIC_HEADERS
     platform/IResourceCache.h
     platform/MapperType.h
     platform/RunType.h
-    platform/Terminal.h
     platform/Utf8.h
     store/Address.h
     store/ConfigInfo.h

@@ -31,7 +31,7 @@ public:
 protected:
     void append(const log4cxx::spi::LoggingEventPtr& event, log4cxx::helpers::Pool& /*pool*/) override {
         // Over the unfinished line that a program may be showing its progress in.
-        const std::string line = std::string(isErrorATerminal() ? "\r\x1b[K" : "") +
+        const std::string line = std::string(detail::isErrorATerminal() ? "\r\x1b[K" : "") +
                                  "xmlconfig: " + utf8Of(event->getLevel()->toString()) + ": " +
                                  utf8Of(event->getRenderedMessage()) + "\n";
         std::fwrite(line.data(), 1, line.size(), stderr);

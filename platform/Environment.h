@@ -15,7 +15,5 @@ std::wstring temporaryFolder();
 std::wstring currentFolder();
 /// This process's number.
 long processId();
-/// Whether standard output (1) or standard error (2) is a terminal that follows escape sequences.
-bool isTerminal(int stream);
 
 }  // namespace XMLConfig::detail

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "platform/Export.h"
-
-namespace XMLConfig {
+namespace XMLConfig::detail {
 
 /// Whether someone may be watching standard error, on a terminal that follows escape sequences: false where it goes to a
-/// file or another program.
-XMLCONFIG_API bool isErrorATerminal();
+/// file or another program. The command-line tool compiles this function's source too, which the library does not export.
+bool isErrorATerminal();
 
-}  // namespace XMLConfig
+}  // namespace XMLConfig::detail

@@ -13,7 +13,7 @@ namespace {
 // One line that is written over and over, where someone may be watching and there is something to wait for.
 class Progress {
 public:
-    explicit Progress(std::size_t count) : m_count(count), m_isShown(count > 1 && XMLConfig::isErrorATerminal()) {}
+    explicit Progress(std::size_t count) : m_count(count), m_isShown(count > 1 && XMLConfig::detail::isErrorATerminal()) {}
     ~Progress() { clear(); }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;

@@ -36,6 +36,4 @@ std::wstring currentFolder() {
 
 long processId() { return ::getpid(); }
 
-bool isTerminal(int stream) { return ::isatty(stream) != 0; }
-
 }  // namespace XMLConfig::detail

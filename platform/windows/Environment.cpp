@@ -35,11 +35,4 @@ std::wstring currentFolder() {
 
 long processId() { return static_cast<long>(::GetCurrentProcessId()); }
 
-bool isTerminal(int stream) {
-    constexpr DWORD followsSequences = 0x0004;  // ENABLE_VIRTUAL_TERMINAL_PROCESSING, which older headers lack
-    DWORD mode = 0;
-    const HANDLE handle = ::GetStdHandle(stream == 1 ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
-    return ::GetConsoleMode(handle, &mode) != 0 && (mode & followsSequences) != 0;
-}
-
 }  // namespace XMLConfig::detail

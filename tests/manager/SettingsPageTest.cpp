@@ -1,4 +1,4 @@
-#include "manager/SettingsPage.h"
+#include "tests/support/SettingsPage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,9 @@
+#include "platform/Terminal.h"
+
+#include <unistd.h>
+
+namespace XMLConfig::detail {
+
+bool isErrorATerminal() { return ::isatty(STDERR_FILENO) != 0; }
+
+}  // namespace XMLConfig::detail
