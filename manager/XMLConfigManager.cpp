@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "manager/Check.h"
 #include "manager/ManagerLog.h"
 #include "manager/OpenConfiguration.h"
 #include "manager/ProductExtension.h"
@@ -10,6 +11,7 @@
 #include "manager/upgrade/VersionUpgrade.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
+#include "store/Outline.h"
 
 using XMLConfig::detail::logInfo;
 using XMLConfig::detail::logWarn;
@@ -29,10 +31,15 @@ namespace {
 
 XMLConfigManager* XMLConfigManager::loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo,
                                                       const std::wstring& path) {
+    return loadConfiguration(std::move(productInfo), path, nullptr);
+}
+
+XMLConfigManager* XMLConfigManager::loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo,
+                                                      const std::wstring& path, XMLConfig::UpgradeObserver* observer) {
     logInfo(managerLog, L"loadConfiguration('" + path + L"')");
     std::unique_ptr<ConfigInfo> document(ConfigInfoFactory::getInstance()->createFromFile(path));
     if (!document) return nullptr;
-    const XMLConfig::VersionUpgradeEnum status = XMLConfig::detail::doFileVersionConversion(document.get());
+    const XMLConfig::VersionUpgradeEnum status = XMLConfig::detail::doFileVersionConversion(document.get(), observer);
     if (status == XMLConfig::UpgradeFailed) {
         document.reset();
         failUpgrade(path);
@@ -111,3 +118,9 @@ XMLConfig::VersionUpgradeEnum XMLConfigManager::getVersionUpgradeStatus() const 
 bool XMLConfigManager::isConfigDirty() const { return m_open->document->isDirty(); }
 
 void XMLConfigManager::setConfigDirty(bool dirty) { m_open->document->setDirty(dirty); }
+
+const ConfigInfo& XMLConfigManager::getDocument() const { return *m_open->document; }
+
+std::vector<XMLConfig::Finding> XMLConfigManager::check() const { return XMLConfig::check(getDocument()); }
+
+std::vector<XMLConfig::OutlineNode> XMLConfigManager::outline() const { return XMLConfig::outline(getDocument()); }

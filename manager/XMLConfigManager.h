@@ -28,6 +28,10 @@ struct OpenConfiguration;
 
 namespace XMLConfig {
 
+class UpgradeObserver;
+struct Finding;
+struct OutlineNode;
+
 /// What loading did to the document. The file itself is never changed by a load.
 enum VersionUpgradeEnum : int {
     NoUpgradeRequired,  ///< the file was at the latest version; so is a new configuration
@@ -53,6 +57,10 @@ public:
     /// Throws CorvaneException for a file that cannot be opened for update, is malformed, or is newer than the library,
     /// and without product information for a path with an extension.
     static XMLConfigManager* loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path);
+    /// The same; `observer` is told what the upgrade does. It is only used during the call, and may be null. Give an
+    /// XMLConfig::UpgradeReceipt to keep it all.
+    static XMLConfigManager* loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path,
+                                               XMLConfig::UpgradeObserver* observer);
     /// A new, untitled configuration whose fixed sections hold their initial values. The caller owns the manager.
     /// Without product information it can be copied, but not saved: saveConfiguration throws CorvaneException.
     static XMLConfigManager* newConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo);
@@ -117,6 +125,15 @@ public:
     /// Whether the document holds changes that were not saved.
     bool isConfigDirty() const;
     void setConfigDirty(bool dirty);
+
+    // The document as it is now, unsaved changes included, so that nobody loads the file a second time to look at it.
+
+    /// For XMLConfig::check, XMLConfig::outline and XMLConfig::ElementView. It lives as long as this manager and its copies.
+    const ConfigInfo& getDocument() const;
+    /// What deserves a look, as XMLConfig::check finds it (manager/Check.h).
+    std::vector<XMLConfig::Finding> check() const;
+    /// The header elements and sections as a tree (store/Outline.h), a copy of them all.
+    std::vector<XMLConfig::OutlineNode> outline() const;
 
     // The file.
 

@@ -6,6 +6,11 @@
 #include <memory>
 #include <string>
 
+#include "manager/AssetManager.h"
+#include "manager/Check.h"
+#include "manager/Upgrade.h"
+#include "manager/XMLConfigManager.h"
+#include "platform/IQuorvelProductInfo.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
@@ -52,6 +57,25 @@ void readMissingDocument(const std::wstring& path) {
     }
 }
 
+class Product : public IQuorvelProductInfo {
+public:
+    std::string getConfigFileExtension() const override { return ".skorrax"; }
+};
+
+// All that is to be known of a file, from loading it once.
+void loadOnce(const std::wstring& path) {
+    XMLConfig::UpgradeReceipt receipt;
+    const std::unique_ptr<XMLConfigManager> manager(
+        XMLConfigManager::loadConfiguration(std::make_shared<Product>(), path, &receipt));
+    expect(manager->getProjectorIDs().size() == 1, "the manager lists the projector");
+    expect(receipt.steps.empty(), "a file of today needs no upgrade");
+    expect(manager->check().size() == 1, "the manager finds the item that is no setting");
+    expect(manager->outline().size() == 6, "the manager's outline has the visit, too");
+    expect(manager->getDocument().getVersion() == 9.0, "the manager shows its document");
+    const XMLConfigManager copy(*manager);
+    expect(&copy.getDocument() == &manager->getDocument(), "a copy shares the document");
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -59,6 +83,7 @@ int main(int argumentCount, char** arguments) {
     const std::string folder = arguments[1];
     writeDocument(widened(folder + "/made.skorrax"));
     readDocument(widened(folder + "/made.skorrax"));
+    loadOnce(widened(folder + "/made.skorrax"));
     readMissingDocument(widened(folder + "/missing.skorrax"));
     expect(std::ifstream(folder + "/made.skorrax").good(), "the file is there");
     return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <clocale>
 #include <memory>
 #include <stdexcept>
@@ -8,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include "base/AssetManager.h"
+#include "manager/Check.h"
+#include "manager/Upgrade.h"
 #include "platform/Clock.h"
 #include "platform/IResourceCache.h"
 #include "sections/CameraConfig.h"
@@ -22,6 +25,7 @@
 #include "sections/SystemConfig.h"
 #include "sections/TargetLocatorConfig.h"
 #include "store/CorvaneException.h"
+#include "store/Outline.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
@@ -241,6 +245,44 @@ TEST(ManagerLifeCycle, DirtyFlagIsTheDocuments) {
     EXPECT_FALSE(manager.document.isDirty());
     manager.document.setDirty(true);
     EXPECT_TRUE(manager.isConfigDirty());
+}
+
+TEST(ManagerLifeCycle, DocumentIsLookedAtWithItsUnsavedChanges) {
+    TestManager manager;
+    EXPECT_EQ(&manager.getDocument(), &manager.document);
+    EXPECT_TRUE(manager.check().empty());
+    manager.getProjectorConfig(L"a");
+    manager.document.setStringItem(L"Projector", L"Gamma", L"high", L"a", L"", L"");
+    const auto findings = manager.check();
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].kind, XMLConfig::Finding::Kind::WrongType);
+    EXPECT_EQ(findings[0].address, L"Projector[a]/Gamma");
+    const auto nodes = manager.outline();
+    ASSERT_FALSE(nodes.empty());
+    EXPECT_EQ(nodes.back().name, L"Projector");
+    EXPECT_EQ(nodes.back().id(), L"a");
+}
+
+TEST(ManagerLifeCycle, LoadGivesTheReceiptOfItsUpgrade) {
+    const TemporaryFolder folder;
+    const std::wstring old = folder.write(L"old.skorrax", fileText("<Screen><Unit>Feet</Unit></Screen>", "8.000"));
+    XMLConfig::UpgradeReceipt receipt;
+    const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::loadConfiguration(TestProduct::make(), old, &receipt));
+    EXPECT_EQ(manager->getVersionUpgradeStatus(), XMLConfig::Upgraded);
+    EXPECT_EQ(receipt.fromVersion, 8.0);
+    ASSERT_EQ(receipt.steps.size(), 1u);
+    EXPECT_EQ(receipt.steps[0].version, 9.0);
+    const auto isUnit = [](const XMLConfig::UpgradeChange& change) { return change.newKey == L"Length_Unit"; };
+    EXPECT_TRUE(std::any_of(receipt.steps[0].changes.begin(), receipt.steps[0].changes.end(), isUnit));
+}
+
+TEST(ManagerLifeCycle, LoadWithoutUpgradeLeavesTheReceiptEmpty) {
+    const TemporaryFolder folder;
+    XMLConfig::UpgradeReceipt receipt;
+    const std::unique_ptr<XMLConfigManager> manager(
+        XMLConfigManager::loadConfiguration(TestProduct::make(), folder.write(L"new.skorrax", fileText()), &receipt));
+    EXPECT_TRUE(receipt.steps.empty());
+    EXPECT_EQ(receipt.toVersion, 0.0);
 }
 
 TEST(ManagerLifeCycle, ResourceCacheIsOnlyPassedOn) {
