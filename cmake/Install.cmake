@@ -20,8 +20,21 @@ write_basic_package_version_file(XMLConfigConfigVersion.cmake COMPATIBILITY Same
 install(FILES ${PROJECT_BINARY_DIR}/XMLConfigConfig.cmake ${PROJECT_BINARY_DIR}/XMLConfigConfigVersion.cmake
         DESTINATION ${XMLCONFIG_PACKAGE_FOLDER})
 
-# The prefix is found from the place of the .pc file, so that an installed tree may be moved.
-file(RELATIVE_PATH XMLCONFIG_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+# The prefix is found from the place of the .pc file, so that an installed tree may be moved; a library folder that was
+# given as an absolute path stays where it is, and so does all that is said from there.
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  set(XMLCONFIG_PC_PREFIX "${CMAKE_INSTALL_PREFIX}")
+else()
+  file(RELATIVE_PATH prefixFromFile "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+  set(XMLCONFIG_PC_PREFIX "\${pcfiledir}/${prefixFromFile}")
+endif()
+foreach(folder LIBDIR INCLUDEDIR)
+  if(IS_ABSOLUTE "${CMAKE_INSTALL_${folder}}")
+    set(XMLCONFIG_PC_${folder} "${CMAKE_INSTALL_${folder}}")
+  else()
+    set(XMLCONFIG_PC_${folder} "\${prefix}/${CMAKE_INSTALL_${folder}}")
+  endif()
+endforeach()
 if(NOT BUILD_SHARED_LIBS)
   set(XMLCONFIG_PC_REQUIRES "Requires: xerces-c, liblog4cxx\n")
   set(XMLCONFIG_PC_DEFINITIONS " -DXMLCONFIG_STATIC")

@@ -1,6 +1,7 @@
 #!/bin/sh
 # consumer/run.sh WORK [shared|static]: installs the library below WORK and uses it as its users do, through CMake and
-# through pkg-config; every installed header must compile alone. WORK is kept, so that a second run is quick.
+# through pkg-config, from folders below a prefix and from absolute ones, and as a part of another project; every installed
+# header must compile alone. WORK is kept, so that a second run is quick.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 sources=$(cd "$here/../.." && pwd)
@@ -20,12 +21,18 @@ case $kind in
     *) say "unknown kind '$kind'" >&2; exit 2 ;;
 esac
 
+# configureLibrary PREFIX LIBDIR INCLUDEDIR
+configureLibrary() {
+    cmake -S "$sources" -B "$work/library" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
+        -DCMAKE_BUILD_TYPE="${XMLCONFIG_BUILD_TYPE:-Release}" -DCMAKE_CXX_FLAGS="${XMLCONFIG_FLAGS:-}" \
+        -DCMAKE_CXX_FLAGS_DEBUG="${XMLCONFIG_FLAGS_DEBUG:--g}" -DCMAKE_CXX_COMPILER_LAUNCHER="${XMLCONFIG_LAUNCHER:-}" \
+        --no-warn-unused-cli -DXMLCONFIG_WARNINGS_AS_ERRORS=ON -DBUILD_TESTING=OFF -DBUILD_SHARED_LIBS=$shared \
+        -DCMAKE_INSTALL_PREFIX="$1" -DCMAKE_INSTALL_LIBDIR="$2" -DCMAKE_INSTALL_INCLUDEDIR="$3" \
+        -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON -DCMAKE_DISABLE_FIND_PACKAGE_benchmark=ON
+}
+
 say "installing the $kind library"
-cmake -S "$sources" -B "$work/library" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
-    -DCMAKE_BUILD_TYPE="${XMLCONFIG_BUILD_TYPE:-Release}" -DCMAKE_CXX_FLAGS="${XMLCONFIG_FLAGS:-}" \
-    -DCMAKE_CXX_FLAGS_DEBUG="${XMLCONFIG_FLAGS_DEBUG:--g}" -DCMAKE_CXX_COMPILER_LAUNCHER="${XMLCONFIG_LAUNCHER:-}" \
-    --no-warn-unused-cli -DXMLCONFIG_WARNINGS_AS_ERRORS=ON -DBUILD_TESTING=OFF -DBUILD_SHARED_LIBS=$shared \
-    -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON -DCMAKE_DISABLE_FIND_PACKAGE_benchmark=ON
+configureLibrary "$prefix" lib include
 cmake --build "$work/library" -j "$jobs"
 rm -rf "$prefix"
 cmake --install "$work/library" > /dev/null
@@ -64,13 +71,46 @@ cmake --build "$work/by-cmake"
 tryProgram "$work/by-cmake/consumer" "by CMake"
 tryProgram "$work/by-cmake/early" "before main and after it"
 
-# shellcheck disable=SC2046 # the flags are words
-pkgConfigFile=$(find "$prefix" -name XMLConfig.pc)
-export PKG_CONFIG_PATH="${pkgConfigFile%/*}"
-"$compiler" -std=c++17 "$here/main.cpp" -o "$work/by-pkg-config" $(pkg-config --cflags --libs XMLConfig) \
-    "-Wl,-rpath,$(pkg-config --variable=libdir XMLConfig)"
-tryProgram "$work/by-pkg-config" "by pkg-config"
-pkg-config --exact-version=2.1.1.14 XMLConfig
+# useByPkgConfig LIBDIR WHAT
+useByPkgConfig() {
+    export PKG_CONFIG_PATH="$1/pkgconfig"
+    # shellcheck disable=SC2046 # the flags are words
+    "$compiler" -std=c++17 "$here/main.cpp" -o "$work/by-pkg-config" $(pkg-config --cflags --libs XMLConfig) \
+        "-Wl,-rpath,$(pkg-config --variable=libdir XMLConfig)"
+    tryProgram "$work/by-pkg-config" "$2"
+    pkg-config --exact-version=2.1.1.14 XMLConfig
+}
+useByPkgConfig "$prefix/lib" "by pkg-config"
+
+if [ "$kind" = static ]; then
+    say "looking for the package without what it needs"
+    # notFound REASON OPTION: the configuration goes on, and the reason is told
+    notFound() {
+        rm -rf "$work/optional"
+        cmake -S "$here/optional" -B "$work/optional" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
+            -DCMAKE_PREFIX_PATH="$prefix" -DREASON="$1" "$2" > /dev/null
+    }
+    notFound XercesC -DCMAKE_DISABLE_FIND_PACKAGE_XercesC=ON
+    notFound PkgConfig -DCMAKE_DISABLE_FIND_PACKAGE_PkgConfig=ON
+    (export PKG_CONFIG_LIBDIR="$work/none" PKG_CONFIG_PATH=; notFound liblog4cxx --no-warn-unused-cli)
+fi
+
+say "installing to folders given as absolute paths"
+apart=$work/apart
+rm -rf "$apart"
+configureLibrary "$apart/prefix" "$apart/libraries" "$apart/headers" > /dev/null
+cmake --build "$work/library" -j "$jobs" > /dev/null
+cmake --install "$work/library" > /dev/null
+[ -f "$apart/headers/XMLConfig/store/ConfigInfo.h" ] || { say "the headers are elsewhere" >&2; exit 1; }
+useByPkgConfig "$apart/libraries" "by pkg-config, from absolute folders"
+
+say "taking the sources in"
+cmake -S "$here/subdirectory" -B "$work/subdirectory" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" -DSOURCES="$sources" \
+    -DCMAKE_BUILD_TYPE="${XMLCONFIG_BUILD_TYPE:-Release}" -DCMAKE_CXX_FLAGS="${XMLCONFIG_FLAGS:-}" \
+    -DCMAKE_CXX_FLAGS_DEBUG="${XMLCONFIG_FLAGS_DEBUG:--g}" -DCMAKE_CXX_COMPILER_LAUNCHER="${XMLCONFIG_LAUNCHER:-}" \
+    -DBUILD_SHARED_LIBS=$shared > /dev/null
+cmake --build "$work/subdirectory" -j "$jobs" --target consumer
+tryProgram "$work/subdirectory/consumer" "by add_subdirectory"
 
 tool=$prefix/bin/xmlconfig
 if [ -x "$tool" ]; then
