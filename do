@@ -129,6 +129,7 @@ doHelp() {
 ./do run                build the release and run the shipped example
 ./do test               build and run every test
 ./do bench [OPTION]...  measure against raw Xerces-C; options go to xmlconfig_bench
+./do measure [FOLDER]    sizes of the sources, here or in the checkout of another commit
 ./do check              format, clang-tidy, sanitizers, threads, Windows parts, static consumer
 ./do install [PREFIX]   build the release and install it (default /usr/local)
 ./do clean              remove what was built
@@ -144,6 +145,7 @@ case $verb in
     run) doRun ;;
     test) doTest ;;
     bench) doBench "$@" ;;
+    measure) sh tests/measure.sh "${1:-.}" ;;
     check) doCheck ;;
     install) doInstall "$@" ;;
     clean) doClean ;;
