@@ -22,8 +22,8 @@ std::wstring withCurrentExtension(const std::wstring& path) {
 
 }  // namespace
 
-// Names are kept relative to a folder, so that folder must be known as a whole: between two relative folders there is no
-// telling the way.
+// File names are stored relative to the folder of the configuration file. When that folder changes they are rewritten, and
+// the way from one folder to another can be found only where both are given as full paths.
 std::wstring XMLConfigManager::rootFile(const std::wstring& configFile) {
     if (configFile.empty() || isAbsolute(configFile)) return configFile;
     return XMLConfig::detail::foldPath(XMLConfig::detail::joinPath(XMLConfig::detail::currentFolder(), configFile));

@@ -64,11 +64,11 @@ public:
     }
 
     int run(const std::vector<std::string>& arguments) {
-        if (const std::optional<std::string> unknown = unknownVerb(arguments)) return tellUnknown(*unknown);
+        if (const std::optional<std::string> unknown = unknownVerb(arguments)) return refuseUnknownVerb(*unknown);
         try {
             m_app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
         } catch (const CLI::ParseError& error) {
-            return tell(error);
+            return answerParseError(error);
         }
         return runVerb();
     }
@@ -82,7 +82,7 @@ private:
         return std::any_of(verbs().begin(), verbs().end(), isIt) ? std::nullopt : std::optional<std::string>(*word);
     }
 
-    static int tellUnknown(const std::string& word) {
+    static int refuseUnknownVerb(const std::string& word) {
         std::vector<std::wstring> names;
         for (const Verb& verb : verbs()) names.push_back(XMLConfig::wideFromUtf8(verb.name));
         const std::wstring wide = XMLConfig::wideFromUtf8(word);
@@ -92,7 +92,7 @@ private:
     }
 
     /// Help and version are no faults; everything else is wrong usage.
-    int tell(const CLI::ParseError& error) const {
+    int answerParseError(const CLI::ParseError& error) const {
         if (error.get_exit_code() == 0) {
             m_app.exit(error);
             return flushOutput() ? Done : Refused;

@@ -10,7 +10,7 @@ Refusal::Refusal(const std::wstring& message) : std::runtime_error(XMLConfig::ut
 
 void print(const std::wstring& text) { std::cout << XMLConfig::utf8FromWide(text); }
 
-void hint(const std::string& text) { std::cerr << text << std::flush; }
+void showProgress(const std::string& text) { std::cerr << text << std::flush; }
 
 void complain(const std::string& message) { std::cerr << "xmlconfig: " << message << '\n'; }
 void complain(const std::wstring& message) { complain(XMLConfig::utf8FromWide(message)); }

@@ -12,9 +12,9 @@ public:
     explicit Refusal(const std::wstring& message);
 };
 
-void print(const std::wstring& text);       ///< to standard output, as it stands
-void hint(const std::string& text);         ///< to standard error, as it stands, at once
-void complain(const std::string& message);  ///< "xmlconfig: " and the message, a line of standard error
+void print(const std::wstring& text);        ///< to standard output, as it stands
+void showProgress(const std::string& text);  ///< to standard error, as it stands, at once
+void complain(const std::string& message);   ///< "xmlconfig: " and the message, a line of standard error
 void complain(const std::wstring& message);
 /// Hands the output over; false when it could not be written.
 bool flushOutput();

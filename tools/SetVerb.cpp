@@ -95,7 +95,7 @@ ExitStatus runSet(const Request& request) {
         assignments.push_back(XMLConfig::parseAssignment(XMLConfig::wideFromUtf8(operand)));
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
-    for (const Assignment& assignment : assignments) {  // each as those before have left the document
+    for (const Assignment& assignment : assignments) {  // each is checked with the earlier ones already done
         checkAssignment(assignment, *document, request.force);
         store(*document, assignment);
     }

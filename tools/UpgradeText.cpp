@@ -34,7 +34,7 @@ const char* nameOf(UpgradeChange::Kind kind) {
     return "removed";
 }
 
-// On one line: line breaks and the blanks behind them go.
+// The text on one line: without its line breaks and the blanks after them.
 std::wstring oneLine(const std::wstring& text) {
     std::wstring line;
     bool isBehindBreak = false;

@@ -10,7 +10,8 @@
 namespace tool {
 namespace {
 
-// One line that is written over and over, where someone may be watching and there is something to wait for.
+// The number of the file that is being converted, in one line that each next file overwrites; shown on a terminal only,
+// and not for a single file.
 class Progress {
 public:
     explicit Progress(std::size_t count) : m_count(count), m_isShown(count > 1 && XMLConfig::detail::isErrorATerminal()) {}
@@ -20,10 +21,10 @@ public:
 
     void begin(const std::string& file) {
         ++m_done;
-        if (m_isShown) hint("\r" + std::to_string(m_done) + "/" + std::to_string(m_count) + " " + file + "\x1b[K");
+        if (m_isShown) showProgress("\r" + std::to_string(m_done) + "/" + std::to_string(m_count) + " " + file + "\x1b[K");
     }
     void clear() const {
-        if (m_isShown) hint("\r\x1b[K");
+        if (m_isShown) showProgress("\r\x1b[K");
     }
 
 private:
@@ -32,7 +33,7 @@ private:
     bool m_isShown;
 };
 
-// What must not end the other files' upgrade is told of this one.
+// A fault of one file is kept in its outcome, so that the other files are converted all the same.
 UpgradeOutcome upgradeOne(const std::string& file, const Request& request) {
     UpgradeOutcome outcome;
     outcome.file = XMLConfig::wideFromUtf8(file);
@@ -45,7 +46,7 @@ UpgradeOutcome upgradeOne(const std::string& file, const Request& request) {
     return outcome;
 }
 
-void tell(const UpgradeOutcome& outcome, const Request& request) {
+void printOutcome(const UpgradeOutcome& outcome, const Request& request) {
     if (!outcome.fault.empty()) complain(outcome.file + L": not upgraded: " + outcome.fault);
     if (request.json) return;
     if (outcome.fault.empty()) print(upgradeLine(outcome) + L"\n");
@@ -81,8 +82,8 @@ ExitStatus runUpgrade(const Request& request) {
         progress.begin(file);
         outcomes.push_back(upgradeOne(file, request));
         progress.clear();
-        tell(outcomes.back(), request);
-        if (!request.json) outcomes.back().report.receipt.steps.clear();  // told, and large
+        printOutcome(outcomes.back(), request);
+        if (!request.json) outcomes.back().report.receipt.steps.clear();  // printed already, and large
     }
     print(request.json ? upgradeJson(outcomes) : countLine(outcomes) + L"\n");
     const bool isAllDone = countOf(outcomes).failed == 0;

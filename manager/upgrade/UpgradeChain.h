@@ -55,7 +55,7 @@ inline constexpr ItemMove movesTo5[] = {{L"Geometry", L"Warp_Memory_Location", L
 inline constexpr ItemMove movesTo9[] = {{L"Screen", L"Unit", L"System", L"Length_Unit"},
                                         {L"Screen", L"AngleUnit", L"System", L"AngleUnit"}};
 
-/// Every step from the first release on. There is none for the versions from 7.0 to below 8.0 of their own.
+/// Every step from the first release on. No step leads to 7.0: that release changed no layout.
 inline constexpr UpgradeStep upgradeChain[] = {
     {2.0, L"spherical angles become channel extents", &toVersion2},
     {2.005, L"projector device snippets; obsolete items go", &toVersion2005},
