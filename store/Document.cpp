@@ -37,6 +37,8 @@ bool Document::parseDataFile(const std::wstring& path) {
         throw CorvaneException(failed + L" XML message is: " + fromUtf16(view(exception.getMessage())));
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(failed + messageOf(exception));
+    } catch (const FileError& error) {
+        throw CorvaneException(failed + L" Msg is: " + error.message());
     } catch (...) {
         passShortage();
         throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + path);

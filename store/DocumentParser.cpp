@@ -10,13 +10,29 @@ namespace XMLConfig::detail {
 
 namespace {
 
+/// Whether a reader was left with bytes that make no character. The XML library takes them for the end of the text. It
+/// shows only in what room it has when it asks for more and there is none: less than it had at first.
+class EndOfBytes {
+public:
+    void asked(XMLSize_t room, XMLSize_t given) {
+        if (m_firstRoom == 0) m_firstRoom = room;
+        if (given == 0) m_lastRoom = room;
+    }
+    [[nodiscard]] bool isInsideCharacter() const { return m_lastRoom < m_firstRoom; }
+
+private:
+    XMLSize_t m_firstRoom = 0;
+    XMLSize_t m_lastRoom = 0;
+};
+
 /// Hands a file of any name to the parser as it is read, so that it is never in memory as a whole.
 class FileStream : public xercesc::BinInputStream {
 public:
-    explicit FileStream(const std::wstring& path) : m_file(path) {}
+    FileStream(const std::wstring& path, EndOfBytes& end) : m_file(path), m_end(end) {}
     XMLFilePos curPos() const override { return m_position; }
     XMLSize_t readBytes(XMLByte* const buffer, const XMLSize_t size) override {
         const XMLSize_t count = m_file.read(buffer, size);
+        m_end.asked(size, count);
         m_position += count;
         return count;
     }
@@ -24,16 +40,20 @@ public:
 
 private:
     FileReader m_file;
+    EndOfBytes& m_end;
     XMLFilePos m_position = 0;
 };
 
+/// For one parse.
 class FileSource : public xercesc::InputSource {
 public:
     explicit FileSource(const std::wstring& path) : m_path(path) {}
-    xercesc::BinInputStream* makeStream() const override { return new FileStream(m_path); }
+    xercesc::BinInputStream* makeStream() const override { return new FileStream(m_path, m_end); }
+    [[nodiscard]] const EndOfBytes& end() const { return m_end; }
 
 private:
     std::wstring m_path;
+    mutable EndOfBytes m_end;
 };
 
 }  // namespace
@@ -45,6 +65,12 @@ ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, c
 
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path) { return std::make_unique<FileSource>(path); }
 
-DocumentPointer parseFile(const std::wstring& path) { return StrictParser().parseDocument(FileSource(path)); }
+DocumentPointer parseFile(const std::wstring& path) {
+    const FileSource source(path);
+    StrictParser parser;
+    DocumentPointer document = parser.parseDocument(source);
+    if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
+    return document;
+}
 
 }  // namespace XMLConfig::detail

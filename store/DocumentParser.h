@@ -12,6 +12,10 @@ namespace XMLConfig::detail {
 
 /// How deep elements may be nested, the root counted.
 inline constexpr int maximumDepth = 1000;
+/// How many attributes an element may have, and how many namespaces may be declared in it and the elements around it: the
+/// XML library takes a time for each that grows with their number.
+inline constexpr int maximumAttributes = 1000;
+inline constexpr int maximumNamespaces = 1000;
 
 /// Text that is refused, and where.
 class ParseFailure : public std::runtime_error {
@@ -28,7 +32,7 @@ private:
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 
 /// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
-/// holds a document type or is nested too deeply, and FileError when reading fails.
+/// holds a document type or goes beyond these limits, and FileError when reading fails.
 DocumentPointer parseFile(const std::wstring& path);
 
 }  // namespace XMLConfig::detail

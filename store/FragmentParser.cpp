@@ -1,7 +1,5 @@
 #include "store/FragmentParser.h"
 
-#include <algorithm>
-#include <xercesc/dom/impl/DOMDocumentImpl.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 
@@ -28,6 +26,12 @@ void refuseXml11(bool isXml11) {
     if (isXml11) throw ParseFailure(1, 1, L"XML 1.1 is not allowed here");
 }
 
+DocumentPointer parsed(StrictParser& parser, const std::string& text) {
+    DocumentPointer document = parser.parseDocument(TextSource(text));
+    refuseXml11(view(document->getXmlVersion()) == u"1.1");
+    return document;
+}
+
 }  // namespace
 
 /// Builds in the tree of `parent` instead of a document of the parser's own.
@@ -37,46 +41,25 @@ public:
         const Loan loan(*this, parent);
         const xercesc::Wrapper4InputSource input(const_cast<xercesc::InputSource*>(&source), false);
         m_isXml11 = false;
-        m_deepest = 0;
+        forgetLevels();
         parse(&input);
-        refuseEmptiness(m_deepest == 0);
+        refuseEmptiness(levels() == 0);
         refuseXml11(m_isXml11);
-        return m_deepest;
+        return levels();
     }
 
     void startDocument() override {
-        fDocument = static_cast<xercesc::DOMDocumentImpl*>(m_parent->getOwnerDocument());
+        beginText();
+        fDocument = insideOf(m_parent->getOwnerDocument());
         fCurrentParent = fCurrentNode = m_parent;
     }
 
-    void endDocument() override {}
+    void endDocument() override { checkEnd(); }
 
     void XMLDecl(const XMLCh* const version, const XMLCh* const /*encoding*/, const XMLCh* const /*standalone*/,
                  const XMLCh* const /*actualEncoding*/) override {
         refuseOtherVersions(version);
         m_isXml11 = view(version) == u"1.1";
-    }
-
-    void startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const XMLCh* const prefix,
-                      const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t attributeCount,
-                      const bool isEmpty, const bool isRoot) override {
-        m_deepest = std::max(m_deepest, depth() + 1);
-        StrictParser::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
-    }
-
-    void endElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const bool isRoot,
-                    const XMLCh* const prefix) override {
-        StrictParser::endElement(declaration, uri, isRoot, prefix);
-        if (isRoot) fWithinElement = false;
-    }
-
-    // A text can come in several pieces, and its first is joined here.
-    void docCharacters(const XMLCh* const text, const XMLSize_t length, const bool isCdata) override {
-        const bool isFirst = fWithinElement && !isCdata && fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE;
-        if (!isFirst) return StrictParser::docCharacters(text, length, isCdata);
-        xercesc::DOMText* const node = createText(text, length);
-        append(static_cast<DOMElement&>(*fCurrentParent), *node);
-        fCurrentNode = node;
     }
 
 private:
@@ -97,21 +80,26 @@ private:
 
     DOMElement* m_parent = nullptr;  // not owned
     bool m_isXml11 = false;
-    int m_deepest = 0;
 };
 
 FragmentParser::FragmentParser() : m_builder(std::make_unique<Builder>()) {}
 
 FragmentParser::~FragmentParser() = default;
 
+// Where nobody knows how to build in another's tree, a document is made and taken over.
 int FragmentParser::parse(const std::string& text, DOMElement& parent) {
-    return m_builder->parseInto(parent, TextSource(text));
+    if (linksAreKnown()) return m_builder->parseInto(parent, TextSource(text));
+    StrictParser parser;
+    const DocumentPointer document = parsed(parser, text);
+    for (const auto* child = document->getFirstChild(); child != nullptr; child = child->getNextSibling()) {
+        parent.appendChild(parent.getOwnerDocument()->importNode(child, true));
+    }
+    return parser.levels();
 }
 
 DocumentPointer parseFragment(const std::string& text) {
-    DocumentPointer document = StrictParser().parseDocument(TextSource(text));
-    refuseXml11(view(document->getXmlVersion()) == u"1.1");
-    return document;
+    StrictParser parser;
+    return parsed(parser, text);
 }
 
 }  // namespace XMLConfig::detail

@@ -42,7 +42,7 @@ void PlaceScanner::scan(const xercesc::InputSource& source) {
 void PlaceScanner::startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri,
                                 const XMLCh* const prefix, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                 const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) {
-    enterLevel();
+    enterLevel(attributeCount);
     const std::u16string identity = identityOf(tagOf(declaration, prefix), idIn(attributes, attributeCount));
     const std::size_t number = identities.emplace(identity, identities.size()).first->second;
     elements.push_back({number, m_line, m_column, 0, 0});
@@ -66,9 +66,9 @@ void PlaceScanner::endElement(const xercesc::XMLElementDecl& /*declaration*/, co
 
 void PlaceScanner::docCharacters(const XMLCh* /*text*/, const XMLSize_t /*length*/, const bool /*isCdata*/) {}
 void PlaceScanner::docComment(const XMLCh* /*text*/) {}
-void PlaceScanner::docPI(const XMLCh* /*target*/, const XMLCh* /*data*/) {}
-void PlaceScanner::startDocument() {}
-void PlaceScanner::endDocument() {}
+void PlaceScanner::docPI(const XMLCh* const target, const XMLCh* /*data*/) { checkTarget(target); }
+void PlaceScanner::startDocument() { beginText(); }
+void PlaceScanner::endDocument() { checkEnd(); }
 
 void PlaceScanner::XMLDecl(const XMLCh* const version, const XMLCh* const /*encoding*/, const XMLCh* const /*standalone*/,
                            const XMLCh* const /*actualEncoding*/) {

@@ -1,18 +1,24 @@
 #include "store/StrictParser.h"
 
+#include <algorithm>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/util/XMLChar.hpp>
 
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "store/DocumentParser.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
-StrictParser::StrictParser() {
+using xercesc::DOMElement;
+
+StrictParser::StrictParser() : m_namespaces(*this) {
     setParameter(xercesc::XMLUni::fgDOMDatatypeNormalization, true);
     setParameter(xercesc::XMLUni::fgXercesUserAdoptsDOMDocument, true);
     getScanner()->setErrorReporter(this);  // without an error handler the library would not report at all
+    getScanner()->setURIStringPool(&m_namespaces);
 }
 
 DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) {
@@ -41,31 +47,126 @@ void StrictParser::XMLDecl(const XMLCh* const version, const XMLCh* const encodi
     DOMLSParserImpl::XMLDecl(version, encoding, standalone, actualEncoding);
 }
 
+void StrictParser::startDocument() {
+    beginText();
+    DOMLSParserImpl::startDocument();
+}
+
+void StrictParser::endDocument() {
+    checkEnd();
+    DOMLSParserImpl::endDocument();
+}
+
+// The library takes the character U+0000 behind the document element for the end of the text.
+void StrictParser::checkEnd() {
+    const xercesc::Locator* const place = getScanner()->getLocator();
+    m_endLine = place->getLineNumber();
+    m_endColumn = place->getColumnNumber();
+    if (!getScanner()->getReaderMgr()->atEOF()) refuse(L"The character U+0000 is not allowed");
+}
+
+// Without a document type no attribute is an ID or has a default, so that each is what the text says.
 void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri,
                                 const XMLCh* const prefix, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                 const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) {
-    enterLevel();
-    const bool isPlain = attributeCount == 0 && uri == getScanner()->getEmptyNamespaceId();
-    if (!isPlain || isRoot)
+    enterLevel(attributeCount);
+    if (fCurrentParent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE || !linksAreKnown())
         return DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
-    enter(declaration.getBaseName());
+    countNames(attributeCount + 1);
+    DOMElement& element = makeElement(uri, prefix, declaration.getBaseName());
+    if (attributeCount != 0) addAttributes(element, attributes, attributeCount);
+    append(static_cast<DOMElement&>(*fCurrentParent), element);
+    fCurrentParent = fCurrentNode = &element;
+    fWithinElement = true;
     if (isEmpty) endElement(declaration, uri, isRoot, prefix);
 }
 
 void StrictParser::endElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const bool isRoot,
                               const XMLCh* const prefix) {
     leaveLevel();
-    DOMLSParserImpl::endElement(declaration, uri, isRoot, prefix);
+    if (isRoot) fWithinElement = false;
+    if (isRoot || !linksAreKnown()) return DOMLSParserImpl::endElement(declaration, uri, isRoot, prefix);
+    fCurrentNode = fCurrentParent;
+    fCurrentParent = parentOf(static_cast<DOMElement&>(*fCurrentParent));
 }
 
-void StrictParser::enterLevel() {
+// A text can come in several pieces, and its first is joined here.
+void StrictParser::docCharacters(const XMLCh* const text, const XMLSize_t length, const bool isCdata) {
+    const bool isFirst = fWithinElement && !isCdata && fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE;
+    if (!isFirst || !linksAreKnown()) return DOMLSParserImpl::docCharacters(text, length, isCdata);
+    fCurrentNode = createText(text, length);
+    append(static_cast<DOMElement&>(*fCurrentParent), *fCurrentNode);
+}
+
+void StrictParser::docPI(const XMLCh* const target, const XMLCh* const data) {
+    checkTarget(target);
+    DOMLSParserImpl::docPI(target, data);
+}
+
+// The scanner lets some pass that the tree throws at, without a place.
+void StrictParser::checkTarget(const XMLCh* const target) const {
+    const bool isXml11 = getScanner()->getXMLVersion() == xercesc::XMLReader::XMLV1_1;
+    if (!isXml11 && !xercesc::XMLChar1_0::isValidName(target))
+        refuse(L"The name of a processing instruction holds a character that is not allowed there");
+}
+
+void StrictParser::enterLevel(const XMLSize_t attributeCount) {
     if (++m_depth > maximumDepth) refuse(L"Elements are nested too deeply");
+    if (attributeCount > maximumAttributes) {
+        refuse(L"An element has more than " + formatInteger(maximumAttributes) + L" attributes");
+    }
+    m_namespaces.enterElement(m_depth);
+    m_levels = std::max(m_levels, m_depth);
 }
 
-void StrictParser::enter(const XMLCh* const name) {
-    xercesc::DOMElement* const element = createElementNS(nullptr, nullptr, name, name);
-    append(static_cast<xercesc::DOMElement&>(*fCurrentParent), *element);
-    fCurrentParent = fCurrentNode = element;
+void StrictParser::countNames(const XMLSize_t count) {
+    m_names += count;
+    if (m_names < m_namesUntilSpread) return;
+    m_namesUntilSpread = m_names * 2;
+    spreadNames(*fDocument);
+}
+
+DOMElement& StrictParser::makeElement(const unsigned int uri, const XMLCh* const prefix, const XMLCh* const name) {
+    if (uri == getScanner()->getEmptyNamespaceId()) return *createElementNS(nullptr, nullptr, name, name);
+    const XMLCh* const uriText = getScanner()->getURIText(uri);
+    if (view(prefix).empty()) return *createElementNS(uriText, nullptr, name, name);
+    const std::u16string fullName = std::u16string(view(prefix)).append(u":").append(view(name));
+    return *createElementNS(uriText, prefix, name, xmlText(fullName));
+}
+
+void StrictParser::addAttributes(DOMElement& element, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
+                                 const XMLSize_t count) {
+    reserveAttributes(element, count);
+    for (XMLSize_t i = 0; i < count; ++i) {
+        const xercesc::XMLAttr& read = *attributes.elementAt(i);
+        const bool isDefault = view(read.getPrefix()).empty() && view(read.getName()) == u"xmlns";
+        const unsigned int uri = isDefault ? getScanner()->getXMLNSNamespaceId() : read.getURIId();
+        const bool isPlain = uri == getScanner()->getEmptyNamespaceId();
+        const XMLCh* const uriText = isPlain ? nullptr : getScanner()->getURIText(uri);
+        xercesc::DOMAttr* const made = createAttrNS(uriText, read.getPrefix(), read.getName(), read.getQName());
+        const std::u16string_view value = view(read.getValue());
+        addAttribute(element, *made, *createText(read.getValue(), value.size()));
+    }
+}
+
+unsigned int StrictParser::Namespaces::addOrFind(const XMLCh* const name) {
+    if (m_inForce + ++m_pending > maximumNamespaces) {
+        m_parser.refuse(L"More than " + formatInteger(maximumNamespaces) + L" namespaces are declared");
+    }
+    return XMLStringPool::addOrFind(name);
+}
+
+void StrictParser::Namespaces::enterElement(const int depth) {
+    if (m_pending == 0) return;
+    m_declarations.push_back({depth, m_pending});
+    m_inForce += m_pending;
+    m_pending = 0;
+}
+
+void StrictParser::Namespaces::leaveElement(const int depth) {
+    if (m_declarations.empty() || m_declarations.back().depth != depth) return;
+    m_inForce -= m_declarations.back().count;
+    m_declarations.pop_back();
 }
 
 void StrictParser::refuseOtherVersions(const XMLCh* const version) const {
@@ -77,9 +178,11 @@ void StrictParser::refuseEmptiness(const bool isEmpty) {
     if (isEmpty) throw ParseFailure(1, 1, L"There is no document element");
 }
 
-void StrictParser::refuse(const wchar_t* const reason) const {
+void StrictParser::refuse(const std::wstring& reason) const {
     const xercesc::Locator* place = getScanner()->getLocator();
     throw ParseFailure(place->getLineNumber(), place->getColumnNumber(), reason);
 }
+
+void StrictParser::refuseEnd(const wchar_t* const reason) const { throw ParseFailure(m_endLine, m_endColumn, reason); }
 
 }  // namespace XMLConfig::detail

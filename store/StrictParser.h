@@ -1,44 +1,90 @@
 #pragma once
 
+#include <vector>
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
+#include <xercesc/util/StringPool.hpp>
 
 #include "store/XmlLibrary.h"
 
 namespace XMLConfig::detail {
 
 /// The XML library's parser, which never says that text is malformed unless it is asked. This one stops at the first fault
-/// with a ParseFailure, and must be thrown away then. It opens no other file. Elements without attributes and namespace, as
-/// most are, it joins to the tree by their links (see TreeLinks.h): the library takes longer to join than to read them.
+/// with a ParseFailure, and must be thrown away then. It opens no other file. Elements, attributes and texts it joins to the
+/// tree by their links where these are known (see TreeLinks.h): the library takes longer to join than to read them.
 class StrictParser : public xercesc::DOMLSParserImpl {
 public:
     StrictParser();
 
     /// What it gives has a document element.
     DocumentPointer parseDocument(const xercesc::InputSource& source);
+    /// Throws a ParseFailure whose place is the end of what was parsed last.
+    [[noreturn]] void refuseEnd(const wchar_t* reason) const;
+    /// How many levels of elements were met since this was forgotten.
+    [[nodiscard]] int levels() const { return m_levels; }
+    void forgetLevels() { m_levels = 0; }
 
     void error(unsigned int code, const XMLCh* domain, xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* text,
                const XMLCh* systemId, const XMLCh* publicId, XMLFileLoc line, XMLFileLoc column) override;
     void doctypeDecl(const xercesc::DTDElementDecl& declaration, const XMLCh* publicId, const XMLCh* systemId,
                      bool hasInternalSubset, bool hasExternalSubset) override;
     void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone, const XMLCh* actualEncoding) override;
+    void startDocument() override;
+    void endDocument() override;
     void startElement(const xercesc::XMLElementDecl& declaration, unsigned int uri, const XMLCh* prefix,
                       const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount, bool isEmpty,
                       bool isRoot) override;
     void endElement(const xercesc::XMLElementDecl& declaration, unsigned int uri, bool isRoot, const XMLCh* prefix) override;
+    void docCharacters(const XMLCh* text, XMLSize_t length, bool isCdata) override;
+    void docPI(const XMLCh* target, const XMLCh* data) override;
 
 protected:
-    [[nodiscard]] int depth() const { return m_depth; }
     /// To be called at each start and end of an element by those who do not call this class's own functions for them.
-    void enterLevel();
-    void leaveLevel() { --m_depth; }
+    void enterLevel(XMLSize_t attributeCount);
+    void leaveLevel() { m_namespaces.leaveElement(m_depth--); }
     void refuseOtherVersions(const XMLCh* version) const;
+    /// To be called where the text begins, by those who do not call this class's own function for it.
+    void beginText() { m_namespaces.forget(); }
+    /// Throws where the text goes on behind what was read as its end.
+    void checkEnd();
+    void checkTarget(const XMLCh* target) const;
     static void refuseEmptiness(bool isEmpty);
 
 private:
-    void enter(const XMLCh* name);
-    [[noreturn]] void refuse(const wchar_t* reason) const;
+    /// The library searches all namespaces that are declared around a name for it. It asks this pool once for each that is
+    /// declared, and before it uses any.
+    class Namespaces : public xercesc::XMLStringPool {
+    public:
+        explicit Namespaces(const StrictParser& parser) : m_parser(parser) {}
+        unsigned int addOrFind(const XMLCh* name) override;
+        /// Forgets those that the library knows without a declaration.
+        void forget() { m_pending = 0; }
+        void enterElement(int depth);
+        void leaveElement(int depth);
 
+    private:
+        struct Declaration {
+            int depth;
+            int count;
+        };
+        const StrictParser& m_parser;
+        int m_pending = 0;  // of the element that begins
+        int m_inForce = 0;  // of those around it
+        std::vector<Declaration> m_declarations;
+    };
+
+    void countNames(XMLSize_t count);
+    xercesc::DOMElement& makeElement(unsigned int uri, const XMLCh* prefix, const XMLCh* name);
+    void addAttributes(xercesc::DOMElement& element, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
+                       XMLSize_t count);
+    [[noreturn]] void refuse(const std::wstring& reason) const;
+
+    Namespaces m_namespaces;
     int m_depth = 0;
+    int m_levels = 0;
+    XMLSize_t m_names = 0;  // asked of the document so far
+    XMLSize_t m_namesUntilSpread = 1024;
+    XMLFileLoc m_endLine = 1;
+    XMLFileLoc m_endColumn = 1;
 };
 
 }  // namespace XMLConfig::detail

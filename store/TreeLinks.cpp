@@ -1,12 +1,19 @@
 #include "store/TreeLinks.h"
 
+#include <algorithm>
+#include <atomic>
+#include <typeinfo>
+#include <xercesc/dom/impl/DOMAttrImpl.hpp>
 #include <xercesc/dom/impl/DOMCasts.hpp>
 #include <xercesc/dom/impl/DOMElementImpl.hpp>
+#include <xercesc/dom/impl/DOMStringPool.hpp>
 #include <xercesc/dom/impl/DOMTextImpl.hpp>
 #include <xercesc/util/XercesVersion.hpp>
 
 namespace XMLConfig::detail {
 
+using xercesc::DOMDocument;
+using xercesc::DOMDocumentImpl;
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
@@ -14,8 +21,15 @@ using xercesc::DOMNode;
 
 namespace {
 
+using xercesc::DOMAttrImpl;
 using xercesc::DOMElementImpl;
 using xercesc::DOMTextImpl;
+
+#define XMLCONFIG_TEXT_OF(name) #name
+#define XMLCONFIG_VALUE_OF(name) XMLCONFIG_TEXT_OF(name)
+constexpr std::string_view compiledVersion = XMLCONFIG_VALUE_OF(XERCES_CPP_NAMESPACE);  // "xercesc_3_2"
+
+std::atomic<bool> areKnown = false;
 
 struct Links {
     xercesc::DOMNodeImpl& node;
@@ -34,11 +48,9 @@ Links linksOf(DOMNode& node) {
     return {*xercesc::castToNodeImpl(&node), *xercesc::castToChildImpl(&node)};
 }
 
-}  // namespace
+xercesc::DOMParentNode& childrenOf(DOMElement& element) { return static_cast<DOMElementImpl&>(element).fParent; }
 
-// A first child's previous sibling is the last one.
-void append(DOMElement& parent, DOMNode& child) {
-    xercesc::DOMParentNode& children = static_cast<DOMElementImpl&>(parent).fParent;
+void join(xercesc::DOMParentNode& children, DOMNode& parent, DOMNode& child) {
     const Links links = linksOf(child);
     links.node.fOwnerNode = &parent;
     links.node.isOwned(true);
@@ -52,13 +64,96 @@ void append(DOMElement& parent, DOMNode& child) {
         links.child.previousSibling = first.child.previousSibling;
         first.child.previousSibling = &child;
     }
-    children.changed();
+}
+
+using Name = xercesc::DOMStringPoolEntry;
+
+/// Names the members of a document that only its subclasses may name.
+struct NameTable : DOMDocumentImpl {
+    static Name**& entries(DOMDocumentImpl& document) { return document.*(&NameTable::fNameTable); }
+    static XMLSize_t& size(DOMDocumentImpl& document) { return document.*(&NameTable::fNameTableSize); }
+};
+
+template <typename Visitor>
+void visitNames(DOMDocumentImpl& document, Visitor&& visit) {
+    for (XMLSize_t i = 0; i < NameTable::size(document); ++i) {
+        for (Name* name = NameTable::entries(document)[i]; name != nullptr;) {
+            Name* const next = name->fNext;  // the visitor may hang it elsewhere
+            visit(*name);
+            name = next;
+        }
+    }
+}
+
+/// Whether a first child and the one behind it are joined to `parent` as is written down here.
+bool areJoined(DOMElement& parent, DOMNode& first, DOMNode& second) {
+    const Links firstLinks = linksOf(first);
+    const Links secondLinks = linksOf(second);
+    return childrenOf(parent).fFirstChild == &first && firstLinks.child.nextSibling == &second &&
+           firstLinks.child.previousSibling == &second && secondLinks.child.previousSibling == &first &&
+           secondLinks.child.nextSibling == nullptr && firstLinks.node.fOwnerNode == &parent &&
+           secondLinks.node.fOwnerNode == &parent && firstLinks.node.isOwned() && secondLinks.node.isOwned() &&
+           firstLinks.node.isFirstChild() && !secondLinks.node.isFirstChild();
+}
+
+bool isAttributeJoined(DOMElement& element) {
+    const xercesc::DOMNamedNodeMap* const attributes = element.getAttributes();
+    auto& attribute = static_cast<DOMAttrImpl&>(*attributes->item(0));
+    DOMNode* const value = attribute.getFirstChild();
+    return static_cast<DOMElementImpl&>(element).fAttributes == attributes && attribute.fNode.fOwnerNode == &element &&
+           attribute.fNode.isOwned() && attribute.fParent.fFirstChild == value &&
+           linksOf(*value).child.previousSibling == value;
+}
+
+bool isNameKept(DOMDocument& document, const XMLCh* const name) {
+    bool isKept = false;
+    visitNames(*insideOf(&document), [&](const Name& kept) { isKept = isKept || kept.fString == name; });
+    return isKept;
+}
+
+/// What the library's functions make of a small tree, seen from the inside.
+bool isTreeAsExpected(xercesc::DOMImplementation& implementation) {
+    const DocumentPointer document(implementation.createDocument(nullptr, xmlText(u"a"), nullptr));
+    DOMElement& root = *document->getDocumentElement();
+    DOMNode& element = *root.appendChild(document->createElement(xmlText(u"b")));
+    DOMNode& text = *root.appendChild(document->createTextNode(xmlText(u"c")));
+    root.setAttribute(xmlText(u"d"), xmlText(u"e"));
+    return areJoined(root, element, text) && isAttributeJoined(root) && isNameKept(*document, element.getNodeName());
+}
+
+}  // namespace
+
+bool isKnownVersion(const std::string_view className) {
+    const std::size_t found = className.find(compiledVersion);
+    if (found == std::string_view::npos) return false;
+    const std::string_view rest = className.substr(found + compiledVersion.size());
+    return rest.substr(0, 1) != "_";  // "3_2_1" would be another one
+}
+
+bool examineLinks(xercesc::DOMImplementation& implementation, const std::string_view className) {
+    areKnown = isKnownVersion(className) && isTreeAsExpected(implementation);
+    return areKnown;
+}
+
+bool linksAreKnown() { return areKnown.load(std::memory_order_relaxed); }
+
+void append(DOMElement& parent, DOMNode& child) {
+    if (!linksAreKnown()) {
+        parent.appendChild(&child);
+        return;
+    }
+    join(childrenOf(parent), parent, child);
+    childrenOf(parent).changed();
 }
 
 void unlink(DOMElement& parent, DOMNode& child) {
+    if (!linksAreKnown()) {
+        parent.removeChild(&child);
+        return;
+    }
     const Links links = linksOf(child);
     if (links.node.fOwnerNode != &parent) throw xercesc::DOMException(xercesc::DOMException::NOT_FOUND_ERR);
-    xercesc::DOMParentNode& children = static_cast<DOMElementImpl&>(parent).fParent;
+    xercesc::DOMParentNode& children = childrenOf(parent);
     DOMNode* const next = links.child.nextSibling;
     DOMNode* const previous = links.child.previousSibling;
     if (children.fFirstChild == &child) {
@@ -78,11 +173,56 @@ void unlink(DOMElement& parent, DOMNode& child) {
     children.changed();
 }
 
-#else  // links that nobody has compared yet
+DOMNode* parentOf(const DOMElement& element) {
+    if (!linksAreKnown()) return element.getParentNode();
+    const xercesc::DOMNodeImpl& node = static_cast<const DOMElementImpl&>(element).fNode;
+    return node.isOwned() ? node.fOwnerNode : nullptr;
+}
 
+void reserveAttributes(DOMElement& element, const std::size_t count) {
+    static_cast<DOMElementImpl&>(element).fAttributes->reserve(count);
+}
+
+// The library would look for an equal one by namespace first, through all there are.
+void addAttribute(DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOMText& text) {
+    static_cast<DOMElementImpl&>(element).fAttributes->setNamedItemFast(&attribute);
+    join(static_cast<DOMAttrImpl&>(attribute).fParent, attribute, text);
+}
+
+void spreadNames(DOMDocumentImpl& document) {
+    XMLSize_t count = 0;
+    visitNames(document, [&count](const Name& /*name*/) { ++count; });
+    if (count <= NameTable::size(document)) return;
+    const XMLSize_t size = count * 2 + 1;
+    auto** const entries = static_cast<Name**>(document.allocate(size * sizeof(Name*)));  // lives as long as the document
+    std::fill_n(entries, size, nullptr);
+    visitNames(document, [entries, size](Name& name) {
+        Name*& first = entries[xercesc::XMLString::hash(name.fString, size)];
+        name.fNext = first;
+        first = &name;
+    });
+    NameTable::entries(document) = entries;
+    NameTable::size(document) = size;
+}
+
+#else  // members that nobody has compared yet
+
+bool isKnownVersion(std::string_view /*className*/) { return false; }
+bool examineLinks(xercesc::DOMImplementation& /*implementation*/, std::string_view /*className*/) { return false; }
+bool linksAreKnown() { return false; }
 void append(DOMElement& parent, DOMNode& child) { parent.appendChild(&child); }
 void unlink(DOMElement& parent, DOMNode& child) { parent.removeChild(&child); }
+DOMNode* parentOf(const DOMElement& element) { return element.getParentNode(); }
+void reserveAttributes(DOMElement& /*element*/, std::size_t /*count*/) {}
+void addAttribute(DOMElement& /*element*/, xercesc::DOMAttr& /*attribute*/, xercesc::DOMText& /*text*/) {}
+void spreadNames(DOMDocumentImpl& /*document*/) {}
 
 #endif
+
+bool examineLinks(xercesc::DOMImplementation& implementation) {
+    return examineLinks(implementation, typeid(implementation).name());
+}
+
+DOMDocumentImpl* insideOf(DOMDocument* const document) { return static_cast<DOMDocumentImpl*>(document); }
 
 }  // namespace XMLConfig::detail

@@ -1,17 +1,52 @@
 #pragma once
 
+#include <string_view>
+#include <xercesc/parsers/AbstractDOMParser.hpp>
+
 #include "store/XmlLibrary.h"
 
-/// Joins nodes to the tree and takes them out of it.
+/// All that the store knows of the inside of the XML library's tree. No other file reaches into it.
 ///
-/// The XML library's own functions for this ask every node that they touch several times for its class, which costs more
-/// than making the node. These set the same links and nothing else, so that no live range or node iterator may watch the
-/// tree; the store makes none.
+/// Reason: the library's own functions ask every node that they touch several times for its class, which costs more than
+/// making the node; they look an attribute up among all others before they add it; and they keep a document's names in a
+/// table that never grows, so that each new one is compared with more of those there are. A load would take four times as
+/// long, and one of a hostile file hours.
+///
+/// What it relies on: the members of version 3.2 of the library. A first child's previous sibling is the last child; the
+/// owner of a node that has a parent is that parent, else its document; attributes are sorted by name; names hang in
+/// chains by their hash. Nothing else is kept of a link, so that no live range or node iterator may watch the tree; the
+/// store makes none.
+///
+/// Guards: another version at compile time leaves all of this out, and before anything reaches in at run time
+/// examineLinks compares the library that was loaded with the one compiled against, by its version and by a small tree.
+/// Where either differs, linksAreKnown says so and the library's public functions serve, slower but with the same result.
 namespace XMLConfig::detail {
+
+/// Whether the members of that version are those written down here. `className` is what the library, as it was loaded,
+/// calls one of its own classes; its version is a part of it.
+bool isKnownVersion(std::string_view className);
+/// To be called with a library that was started, before anything else here. Gives what linksAreKnown says from now on.
+bool examineLinks(xercesc::DOMImplementation& implementation, std::string_view className);
+bool examineLinks(xercesc::DOMImplementation& implementation);
+[[nodiscard]] bool linksAreKnown();
 
 /// `child`, which has no parent, becomes the last child of an element of its document.
 void append(xercesc::DOMElement& parent, xercesc::DOMNode& child);
 /// `child` leaves `parent`. Throws DOMException (NOT_FOUND_ERR), as the XML library does, when it is no child of it.
 void unlink(xercesc::DOMElement& parent, xercesc::DOMNode& child);
+/// The node that an element is a child of.
+xercesc::DOMNode* parentOf(const xercesc::DOMElement& element);
+
+// These are asked for only where the links are known.
+
+/// Makes room for the attributes of a new element.
+void reserveAttributes(xercesc::DOMElement& element, std::size_t count);
+/// Adds an attribute to an element for which room was made and which has none of that name. `text`, its value, may be
+/// empty.
+void addAttribute(xercesc::DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOMText& text);
+/// Gives the names of a document as much room as they need by now to be found in the same time as a few.
+void spreadNames(xercesc::DOMDocumentImpl& document);
+/// The document as parsers hold it.
+xercesc::DOMDocumentImpl* insideOf(xercesc::DOMDocument* document);
 
 }  // namespace XMLConfig::detail

@@ -8,6 +8,7 @@
 
 #include "platform/Text.h"
 #include "store/CorvaneException.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -22,7 +23,9 @@ xercesc::DOMImplementation* start() {
         throw CorvaneException(L"Error: XMLPlatformUtils::Initialize() : " + fromUtf16(view(exception.getMessage())));
     }
     try {
-        return xercesc::DOMImplementationRegistry::getDOMImplementation(xmlText(u"LS"));
+        auto* const implementation = xercesc::DOMImplementationRegistry::getDOMImplementation(xmlText(u"LS"));
+        if (implementation != nullptr) examineLinks(*implementation);
+        return implementation;
     } catch (const xercesc::XMLException& exception) {
         throw CorvaneException(L"Error: Xerces-c Initialization : " + fromUtf16(view(exception.getMessage())));
     }

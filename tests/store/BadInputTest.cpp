@@ -85,6 +85,40 @@ TEST(IllegalCharacter, InAValueIsRefused) {
     }
 }
 
+TEST(IllegalCharacter, IsNamedInFull) {
+    const Document document = sample();
+    const std::wstring bad = std::wstring(L"ab") + L'\x1';
+    const auto refused = [&](const std::wstring& section, const std::wstring& key, const std::wstring& id,
+                             const std::wstring& subSection, const std::wstring& subID, const std::wstring& value) {
+        return messageOf([&] { set(*document, section, key, value, id, subSection, subID); });
+    };
+    const std::wstring held = L" holds the character U+0001 (number 3), which XML cannot hold";
+    EXPECT_EQ(refused(L"S", L"A", L"1", L"", L"", bad), L"Error setItem: section \"S\" [1], key \"A\": the value" + held);
+    EXPECT_EQ(refused(L"S", L"A", L"", L"T", L"t", bad),
+              L"Error setItem: section \"S\", subsection \"T\" [t], key \"A\": the value" + held);
+    EXPECT_EQ(refused(bad, L"A", L"1", L"", L"", L"v"),
+              L"Error setItem: section \"" + bad + L"\" [1], key \"A\": the section's name" + held);
+    EXPECT_EQ(refused(L"S", bad, L"1", L"", L"", L"v"),
+              L"Error setItem: section \"S\" [1], key \"" + bad + L"\": the key" + held);
+    EXPECT_EQ(refused(L"S", L"A", bad, L"", L"", L"v"),
+              L"Error setItem: section \"S\" [" + bad + L"], key \"A\": the section's ID" + held);
+    EXPECT_EQ(refused(L"S", L"A", L"1", bad, L"", L"v"),
+              L"Error setItem: section \"S\" [1], subsection \"" + bad + L"\", key \"A\": the subsection's name" + held);
+    EXPECT_EQ(refused(L"S", L"A", L"1", L"T", bad, L"v"),
+              L"Error setItem: section \"S\" [1], subsection \"T\" [" + bad + L"], key \"A\": the subsection's ID" + held);
+    EXPECT_EQ(messageOf([&] { document->renameSection(L"S", L"1", bad); }),
+              L"Error renameSection: section \"S\": the new ID" + held);
+    EXPECT_EQ(messageOf([&] { set(*document, L"S", L"A", std::wstring(1, L'\xffff'), L"1"); }),
+              L"Error setItem: section \"S\" [1], key \"A\": the value holds the character U+FFFF (number 1), which XML "
+              L"cannot hold");
+}
+
+TEST(DepthOfADocument, IsNamedInFullWhereItIsRefused) {
+    ConfigInfo document;
+    EXPECT_EQ(messageOf([&] { document.setStringItemAsDOMElement(L"S", L"A", nestedElement(998), L""); }),
+              L"Error setItem: section \"S\", key \"A\": elements may be nested 1000 levels deep at most");
+}
+
 TEST(IllegalCharacter, CountsASurrogatePairAsOne) {
     ConfigInfo document;
     const std::wstring value = std::wstring(L"\U0001F3A5\U0001F3A5") + L'\x1';

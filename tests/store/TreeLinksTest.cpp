@@ -76,6 +76,38 @@ TEST(TreeLinks, MakeTheTreesThatTheXmlLibraryMakes) {
     EXPECT_EQ(described(*ownRoot), described(*twinRoot));
 }
 
+TEST(TreeLinks, AreKnownOfOneVersionOnly) {
+    using XMLConfig::detail::isKnownVersion;
+    EXPECT_TRUE(isKnownVersion("N11xercesc_3_221DOMImplementationImplE"));
+    EXPECT_TRUE(isKnownVersion("class xercesc_3_2::DOMImplementationImpl"));
+    for (const char* const other : {"", "DOMImplementationImpl", "class xercesc_3_1::DOMImplementationImpl",
+                                    "class xercesc_3_3::DOMImplementationImpl", "class xercesc_4_0::DOMImplementationImpl",
+                                    "class xercesc_3_2_1::DOMImplementationImpl", "class xercesc::DOMImplementationImpl"})
+        EXPECT_FALSE(isKnownVersion(other)) << other;
+}
+
+TEST(TreeLinks, AreNotUsedWithAnotherVersion) {
+    EXPECT_TRUE(XMLConfig::detail::startXmlLibrary() != nullptr && XMLConfig::detail::linksAreKnown());
+    {
+        const PublicFunctionsOnly others;
+        EXPECT_FALSE(XMLConfig::detail::linksAreKnown());
+    }
+    EXPECT_TRUE(XMLConfig::detail::linksAreKnown());
+}
+
+TEST(TreeLinks, KeepAllNamesWhenTheyAreSpread) {
+    const DocumentPointer document = parsed("<r/>");
+    const auto made = [&](int number) {
+        const std::string name = "name" + std::to_string(number);
+        return document->createElement(XMLConfig::detail::xmlText(std::u16string(name.begin(), name.end())));
+    };
+    std::vector<const XMLCh*> names;
+    for (int i = 0; i < 1000; ++i) names.push_back(made(i)->getNodeName());
+    XMLConfig::detail::spreadNames(*XMLConfig::detail::insideOf(document.get()));
+    for (int i = 0; i < 1000; ++i) EXPECT_EQ(made(i)->getNodeName(), names[static_cast<std::size_t>(i)]);
+    EXPECT_NE(made(1000)->getNodeName(), nullptr);
+}
+
 TEST(TreeLinks, RefuseWhatIsNoChild) {
     const DocumentPointer document = parsed(mixed);
     DOMElement* const root = document->getDocumentElement();

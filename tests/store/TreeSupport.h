@@ -5,9 +5,22 @@
 #include <string>
 
 #include "store/FragmentParser.h"
+#include "store/TreeLinks.h"
 
 /// What the tests of trees share.
 namespace storetests {
+
+/// While it lives, the store takes the XML library for one whose inside it does not know.
+class PublicFunctionsOnly {
+public:
+    PublicFunctionsOnly() { XMLConfig::detail::examineLinks(*m_library, "class xercesc_9_9::DOMImplementationImpl"); }
+    ~PublicFunctionsOnly() { XMLConfig::detail::examineLinks(*m_library); }
+    PublicFunctionsOnly(const PublicFunctionsOnly&) = delete;
+    PublicFunctionsOnly& operator=(const PublicFunctionsOnly&) = delete;
+
+private:
+    xercesc::DOMImplementation* m_library = XMLConfig::detail::startXmlLibrary();  // not owned
+};
 
 inline XMLConfig::detail::DocumentPointer parsed(const std::string& text) {
     XMLConfig::detail::startXmlLibrary();

@@ -1,0 +1,99 @@
+#include <ctime>
+
+#include "platform/Text.h"
+#include "tests/store/BadFileSupport.h"
+
+namespace storetests {
+
+namespace {
+
+std::string attributes(int count, const std::string& prefix = "a") {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += " " + prefix + std::to_string(i) + "=\"v" + std::to_string(i) + "\"";
+    return text;
+}
+
+std::string namespaces(int count, const std::string& name) { return attributes(count, "xmlns:" + name); }
+
+std::wstring placeAndReason(const std::string& text) {
+    const TemporaryFolder folder;
+    const std::wstring message = loadMessage(folder.write(L"a.skorrax", text));
+    const std::size_t place = message.find(L"line ");
+    return place == std::wstring::npos ? message : message.substr(place);
+}
+
+std::string fileOf(int count, std::string (*element)(int)) {
+    std::string text = "<ConfigInfo>";
+    for (int i = 0; i < count; ++i) text += element(i);
+    return text + "</ConfigInfo>";
+}
+
+/// Of the processor, so that other programs do not count.
+double secondsToLoad(const std::string& text) {
+    const TemporaryFolder folder;
+    const auto path = folder.write(L"a.skorrax", text);
+    const std::clock_t start = std::clock();
+    const ConfigInfo document(path);
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+void expectOrdinaryTime(std::string (*element)(int), std::string (*ordinary)(int)) {
+    const std::string text = fileOf(200000, element);
+    const std::string sameSize = fileOf(static_cast<int>(text.size() / ordinary(0).size()), ordinary);
+    EXPECT_LT(secondsToLoad(text), 20 * secondsToLoad(sameSize)) << text.substr(0, 100);
+}
+
+std::string section(int /*number*/) { return "<Projector/>"; }
+
+}  // namespace
+
+TEST(InputLimits, AThousandAttributesOfAnElement) {
+    const std::string start = "<ConfigInfo>\n <S";
+    const Document document = load(start + attributes(1000) + "/></ConfigInfo>");
+    const std::string saved = textOf(*document);
+    EXPECT_CONTAINS(saved, " a0=\"v0\"");
+    EXPECT_CONTAINS(saved, " a999=\"v999\"");
+    EXPECT_EQ(textOf(*load(saved)), saved);
+    const std::string text = start + attributes(1001) + "/></ConfigInfo>";
+    const std::wstring column = std::to_wstring(text.find("/>") + 3 - text.find('\n') - 1);
+    EXPECT_EQ(placeAndReason(text), L"line 2, column " + column + L": An element has more than 1000 attributes");
+    expectMalformed("<ConfigInfo" + attributes(1001) + "/>", "at the root");
+}
+
+TEST(InputLimits, AThousandAttributesOfAFragment) {
+    ConfigInfo document;
+    const auto store = [&](int count) {
+        const std::string text = "<a" + attributes(count) + "/>";
+        document.setStringItemAsDOMElement(L"S", L"A", std::wstring(text.begin(), text.end()), L"");
+    };
+    store(1000);
+    EXPECT_EQ(textOf(*reloaded(document)), textOf(document));
+    EXPECT_CONTAINS(messageOf([&] { store(1001); }), L"An element has more than 1000 attributes");
+}
+
+TEST(InputLimits, AThousandNamespacesAroundAnElement) {
+    const auto nested = [](int outer, int inner) {
+        return "<ConfigInfo" + namespaces(outer, "p") + "><S/><S>\n<A" + namespaces(inner, "q") + "/></S></ConfigInfo>";
+    };
+    EXPECT_EQ(load(nested(400, 600))->getSectionCount(L"S"), 2);
+    EXPECT_STARTS_WITH(placeAndReason(nested(400, 601)), L"line 2, column ");
+    EXPECT_CONTAINS(placeAndReason(nested(400, 601)), L": More than 1000 namespaces are declared");
+    expectMalformed(nested(1001, 0), "at the root");
+    std::string many = "<ConfigInfo>";
+    for (int i = 0; i < 3000; ++i) many += "<d xmlns=\"urn:d\" xmlns:p" + std::to_string(i) + "=\"urn:p\"><e/></d>";
+    EXPECT_EQ(load(many + "</ConfigInfo>")->getSectionCount(L"d"), 3000);
+}
+
+TEST(InputLimits, OfOneTagAreFoundBeforeItsEnd) {
+    std::string text = "<ConfigInfo><S" + namespaces(20000, "p");
+    for (int i = 0; i < 20000; ++i) text += " p" + std::to_string(i) + ":a=\"1\"";
+    expectMalformed(text + "/></ConfigInfo>", "namespaces and attributes of them");
+}
+
+TEST(InputLimits, DistinctNamesTakeAnOrdinaryTime) {
+    expectOrdinaryTime([](int i) { return "<t" + std::to_string(i) + "/>"; }, section);
+    expectOrdinaryTime([](int i) { return "<t a" + std::to_string(i) + "=\"1\"/>"; }, section);
+    expectOrdinaryTime([](int i) { return "<t xmlns=\"u" + std::to_string(i) + "\"/>"; }, section);
+}
+
+}  // namespace storetests
