@@ -19,11 +19,14 @@ void refuseFolder(const std::wstring& path) {
 
 void copyBytes(OpenFile& source, const std::wstring& to) {
     const std::wstring target = systemPath(to);
-    OpenFile copy(target, L"Can not write file", to, {GENERIC_WRITE, 0, CREATE_NEW});
+    const SecurityDescriptor list = source.accessList();
+    OpenFile copy(target, L"Can not write file", to, {GENERIC_WRITE | DELETE, 0, CREATE_NEW, list.get()});
+    copy.becomeTemporary();
     try {
         char buffer[64 * 1024];
         while (const std::size_t count = source.read(buffer, sizeof buffer)) copy.write({buffer, count});
         copy.flush();
+        copy.becomePermanent();
         copy.close();
     } catch (const SystemError&) {
         copy.close();  // an open file is not deleted

@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <optional>
 #include <random>
 
@@ -10,30 +11,63 @@ namespace {
 
 constexpr std::wstring_view purpose = L"Can not write file";
 constexpr DWORD shareReading = FILE_SHARE_READ | FILE_SHARE_DELETE;
+constexpr std::wstring_view prefix = L".saving-";
+constexpr std::wstring_view digits = L"0123456789abcdef";
+constexpr std::size_t digitCount = 20;
+
+/// The folder with its last separator.
+std::wstring folderPart(const std::wstring& target) { return target.substr(0, target.find_last_of(L"\\:") + 1); }
 
 /// A name that nobody can foresee: others may write in the folder too.
 std::wstring secretNameBeside(const std::wstring& target) {
-    constexpr std::wstring_view digits = L"0123456789abcdef";
-    constexpr int length = 20;
     std::random_device random;
-    const std::size_t separator = target.find_last_of(L"\\:");
-    std::wstring name = target.substr(0, separator + 1) + L".saving-";
-    for (int i = 0; i < length; ++i) name += digits[random() % digits.size()];
+    std::wstring name = folderPart(target).append(prefix);
+    for (std::size_t i = 0; i < digitCount; ++i) name += digits[random() % digits.size()];
     return name;
+}
+
+bool isSecretName(std::wstring_view name) {
+    return name.size() == prefix.size() + digitCount && name.substr(0, prefix.size()) == prefix &&
+           name.find_first_not_of(digits, prefix.size()) == std::wstring_view::npos;
+}
+
+bool isOlderThanAnySave(const FILETIME& written) {
+    constexpr std::uint64_t tenMinutes = 10ULL * 60 * 10'000'000;
+    const auto ticks = [](const FILETIME& time) { return (std::uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime; };
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    return ticks(now) > ticks(written) + tenMinutes;
+}
+
+/// Removes the new files of saves that were killed between the last byte and the place. A living writer has its file open
+/// until then, and the system, when it puts the file in the place, wants nobody to have it open: only age tells.
+void removeAbandonedBeside(const std::wstring& target) {
+    const std::wstring folder = folderPart(target);
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = ::FindFirstFileW((folder + std::wstring(prefix) + L'*').c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do {
+        const bool isAbandoned =
+            isFile(found.dwFileAttributes) && isSecretName(found.cFileName) && isOlderThanAnySave(found.ftLastWriteTime);
+        if (isAbandoned) ::DeleteFileW((folder + found.cFileName).c_str());
+    } while (::FindNextFileW(search, &found) != 0);
+    ::FindClose(search);
 }
 
 void write(OpenFile& file, const ByteSource& source) {
     source([&file](std::string_view bytes) { file.write(bytes); });
 }
 
-/// A file beside the target, until it takes the target's place. Removed otherwise.
+/// A file beside the target, until it takes the target's place. Removed otherwise, by the system too while it is written.
 class NewFile {
 public:
     NewFile(const std::wstring& target, const std::wstring& shownAs)
         : m_target(target),
           m_shownAs(shownAs),
           m_name(secretNameBeside(target)),
-          m_file(std::in_place, m_name, purpose, shownAs, OpenFile::Mode{GENERIC_WRITE, 0, CREATE_NEW}) {}
+          m_file(std::in_place, m_name, purpose, shownAs, OpenFile::Mode{GENERIC_WRITE | DELETE, 0, CREATE_NEW}) {
+        m_file->becomeTemporary();
+    }
     ~NewFile() {
         m_file.reset();  // an open file is not deleted
         if (!m_placed) ::DeleteFileW(m_name.c_str());
@@ -44,18 +78,23 @@ public:
     void complete(const ByteSource& source) {
         write(*m_file, source);
         m_file->flush();
+        m_file->becomePermanent();
         m_file->close();
     }
-    void placeAsNew() {
-        constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-        m_placed = ::MoveFileExW(m_name.c_str(), m_target.c_str(), flags) != 0;
+    void placeAsNew(DWORD flags) {
+        m_placed = ::MoveFileExW(m_name.c_str(), m_target.c_str(), flags | MOVEFILE_WRITE_THROUGH) != 0;
         if (!m_placed) throwFileError(purpose, m_shownAs, ::GetLastError());
     }
-    /// The old file's attributes and access list go over to the new one where the file system can do that.
-    void placeInstead() {
-        constexpr DWORD flags = REPLACEFILE_IGNORE_MERGE_ERRORS;
-        m_placed = ::ReplaceFileW(m_target.c_str(), m_name.c_str(), nullptr, flags, nullptr, nullptr) != 0;
-        if (!m_placed) placeAsNew();
+    /// The old file's attributes, streams and access list go over to the new one. False, and nothing changed, where they
+    /// cannot.
+    bool placeInstead() {
+        m_placed = ::ReplaceFileW(m_target.c_str(), m_name.c_str(), nullptr, 0, nullptr, nullptr) != 0;
+        if (m_placed) return true;
+        const DWORD error = ::GetLastError();
+        if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION) throwFileError(purpose, m_shownAs, error);
+        const bool isGone = ::GetFileAttributesW(m_target.c_str()) == INVALID_FILE_ATTRIBUTES;
+        if (isGone) placeAsNew(0);  // the system had taken the old file away before it failed
+        return isGone;
     }
 
 private:
@@ -66,14 +105,16 @@ private:
     bool m_placed = false;
 };
 
-void createFile(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
+void createFile(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source, DWORD flags = 0) {
+    removeAbandonedBeside(name);
     NewFile created(name, shownAs);
     created.complete(source);
-    created.placeAsNew();
+    created.placeAsNew(flags);
 }
 
-/// False, and nothing changed, when the folder admits no second file.
+/// False, and nothing changed, when the folder admits no second file, or none with the rights of the first.
 bool exchange(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
+    removeAbandonedBeside(name);
     std::optional<NewFile> created;
     try {
         created.emplace(name, shownAs);
@@ -82,8 +123,7 @@ bool exchange(const std::wstring& name, const std::wstring& shownAs, const ByteS
         return false;
     }
     created->complete(source);
-    created->placeInstead();
-    return true;
+    return created->placeInstead();
 }
 
 void put(OpenFile& file, std::string_view bytes) {
@@ -113,6 +153,7 @@ void overwrite(const std::wstring& name, const std::wstring& shownAs, std::strin
         put(file, bytes);
     } catch (const SystemError&) {
         try {
+            file.resize(static_cast<std::int64_t>(before.size()));  // first, since that needs no room
             put(file, before);
         } catch (const SystemError&) {  // the first failure is the one to tell
         }
@@ -132,7 +173,7 @@ void createBehindLink(const std::wstring& link, const std::wstring& shownAs, con
         name = made.finalName();
     }
     try {
-        createFile(name, shownAs, source);
+        createFile(name, shownAs, source, MOVEFILE_REPLACE_EXISTING);
     } catch (...) {
         ::DeleteFileW(name.c_str());
         throw;
@@ -150,16 +191,15 @@ void replaceExisting(const std::wstring& name, const std::wstring& shownAs, cons
         }
         target = old.finalName();
     }
-    if (!exchange(target, shownAs, source)) overwrite(target, shownAs, gather(source));
+    const bool isNamed = !target.empty();
+    if (!isNamed || !exchange(target, shownAs, source)) overwrite(name, shownAs, gather(source));
 }
 
 bool isMissing(const SystemError& error) {
     return error.code() == ERROR_FILE_NOT_FOUND || error.code() == ERROR_PATH_NOT_FOUND;
 }
 
-}  // namespace
-
-void replaceFile(const std::wstring& path, const ByteSource& source) {
+void replaceOnce(const std::wstring& path, const ByteSource& source) {
     const std::wstring name = systemPath(path);
     const DWORD attributes = ::GetFileAttributesW(name.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && !isFile(attributes)) throwFileError(purpose, path, ERROR_DIRECTORY);
@@ -173,6 +213,21 @@ void replaceFile(const std::wstring& path, const ByteSource& source) {
             createBehindLink(name, path, source);
         } else {
             createFile(name, path, source);
+        }
+    }
+}
+
+}  // namespace
+
+void replaceFile(const std::wstring& path, const ByteSource& source) {
+    constexpr int mostTries = 10;
+    for (int i = 1;; ++i) {
+        try {
+            return replaceOnce(path, source);
+        } catch (const SystemError& error) {
+            // Somebody else has made the file meanwhile: it is to be replaced now.
+            const bool isThere = error.code() == ERROR_ALREADY_EXISTS || error.code() == ERROR_FILE_EXISTS;
+            if (!isThere || i == mostTries) throw;
         }
     }
 }

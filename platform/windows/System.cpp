@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include <aclapi.h>
+
 #include "platform/Numbers.h"
 
 namespace XMLConfig::detail {
@@ -58,6 +60,12 @@ std::wstring filled(Call call) {
 
 constexpr DWORD mostAtOnce = 1 << 20;
 
+HANDLE opened(const std::wstring& name, const OpenFile::Mode& mode) {
+    SECURITY_ATTRIBUTES security{sizeof security, mode.security, FALSE};
+    return ::CreateFileW(name.c_str(), mode.access, mode.sharing, mode.security == nullptr ? nullptr : &security,
+                         mode.disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
 }  // namespace
 
 std::wstring systemPath(std::wstring_view path) {
@@ -83,10 +91,7 @@ void throwFileError(std::wstring_view what, std::wstring_view path, DWORD error)
 }
 
 OpenFile::OpenFile(const std::wstring& name, std::wstring_view purpose, std::wstring_view shownAs, const Mode& mode)
-    : m_shownAs(shownAs),
-      m_purpose(purpose),
-      m_handle(::CreateFileW(name.c_str(), mode.access, mode.sharing, nullptr, mode.disposition, FILE_ATTRIBUTE_NORMAL,
-                             nullptr)) {
+    : m_shownAs(shownAs), m_purpose(purpose), m_handle(opened(name, mode)) {
     if (m_handle == INVALID_HANDLE_VALUE) fail(::GetLastError());
 }
 
@@ -139,6 +144,30 @@ void OpenFile::seek(std::int64_t position) {
 void OpenFile::resize(std::int64_t size) {
     seek(size);
     if (::SetEndOfFile(m_handle) == 0) fail(::GetLastError());
+}
+
+bool OpenFile::setRemoval(bool isRemoved) {
+    FILE_DISPOSITION_INFO information{};
+    information.DeleteFile = isRemoved ? TRUE : FALSE;
+    return ::SetFileInformationByHandle(m_handle, FileDispositionInfo, &information, sizeof information) != 0;
+}
+
+void OpenFile::becomeTemporary() { m_isTemporary = setRemoval(true); }
+
+void OpenFile::becomePermanent() {
+    if (m_isTemporary && !setRemoval(false)) fail(::GetLastError());
+    m_isTemporary = false;
+}
+
+SecurityDescriptor OpenFile::accessList() const {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    const DWORD error = ::GetSecurityInfo(m_handle, SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, nullptr,
+                                          nullptr, &descriptor);
+    if (error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION) return nullptr;
+    if (error != ERROR_SUCCESS) fail(error);
+    // The folder shall add nothing to it.
+    ::SetSecurityDescriptorControl(descriptor, SE_DACL_PROTECTED, SE_DACL_PROTECTED);
+    return SecurityDescriptor(descriptor);
 }
 
 void OpenFile::rewind() { seek(0); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,12 @@ private:
 /// Throws SystemError "<what> <path>: <reason>", the reason in English whatever the user's language.
 [[noreturn]] void throwFileError(std::wstring_view what, std::wstring_view path, DWORD error);
 
+struct LocalMemory {
+    void operator()(void* memory) const { ::LocalFree(memory); }
+};
+/// Of the kind that SECURITY_ATTRIBUTES take.
+using SecurityDescriptor = std::unique_ptr<void, LocalMemory>;
+
 /// An open file; closed when destroyed. Whatever fails throws SystemError.
 class OpenFile {
 public:
@@ -42,6 +49,7 @@ public:
         DWORD access;
         DWORD sharing;
         DWORD disposition;
+        void* security = nullptr;  ///< the descriptor of a file that is made
     };
 
     /// `name` as systemPath gives it. Messages begin with `purpose` and name `shownAs`.
@@ -52,7 +60,7 @@ public:
 
     /// A file on a disk, not a device or a pipe.
     bool isOnDisk() const;
-    /// The name the system reaches it by, over all links.
+    /// The name the system reaches it by, over all links; empty where it does not tell.
     std::wstring finalName() const;
     std::int64_t size() const;
     std::size_t read(void* buffer, std::size_t size);
@@ -60,16 +68,24 @@ public:
     /// Out to the disk; what cannot be flushed (a pipe, a device) counts as flushed.
     void flush();
     void resize(std::int64_t size);
+    /// From here on the system removes the file when it is closed, by whatever end of this process too, where the disk can
+    /// do that. Needs the right to delete.
+    void becomeTemporary();
+    void becomePermanent();
+    /// For a new file with the same access list; empty on a disk that keeps none.
+    SecurityDescriptor accessList() const;
     void rewind();
     void close();
     [[noreturn]] void fail(DWORD error) const;
 
 private:
     void seek(std::int64_t position);
+    bool setRemoval(bool isRemoved);
 
     std::wstring m_shownAs;
     std::wstring m_purpose;
     HANDLE m_handle;
+    bool m_isTemporary = false;
 };
 
 }  // namespace XMLConfig::detail

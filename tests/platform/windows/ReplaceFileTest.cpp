@@ -1,7 +1,10 @@
+#include <chrono>
 #include <filesystem>
 
 #include <gtest/gtest.h>
 #include <windows.h>
+
+#include <sddl.h>
 
 #include "platform/Files.h"
 #include "tests/support/TemporaryFolder.h"
@@ -33,6 +36,20 @@ public:
 private:
     HANDLE m_handle;
 };
+
+/// In the system's text form.
+std::wstring accessListOf(const std::wstring& path) {
+    unsigned char descriptor[4096];
+    DWORD size = 0;
+    wchar_t* text = nullptr;
+    EXPECT_NE(::GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, descriptor, sizeof descriptor, &size), 0);
+    EXPECT_NE(::ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION,
+                                                                     &text, nullptr),
+              0);
+    const std::wstring result = text == nullptr ? L"" : text;
+    ::LocalFree(text);
+    return result;
+}
 
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
@@ -101,6 +118,74 @@ TEST_F(ReplaceFile, CanOpenForUpdateIsDeniedByAnotherWriter) {
     EXPECT_TRUE(canOpenForUpdate(path));
     const Opened reader(path, GENERIC_READ, shareAll);
     EXPECT_TRUE(canOpenForUpdate(path));
+}
+
+TEST_F(ReplaceFile, RemovesWhatAKilledSaveHasLeft) {
+    const std::wstring path = m_folder.write(L"a", "old");
+    const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::minutes(11);
+    for (const wchar_t* name : {L".saving-0123456789abcdef0123", L".saving-0123456789abcdef012x"}) {
+        std::filesystem::last_write_time(m_folder.write(name, "left"), longAgo);
+    }
+    m_folder.write(L".saving-0123456789abcdef0124", "perhaps a living save's");
+    replaceFile(path, "new");
+    EXPECT_EQ(m_folder.entries(), 3u);
+    EXPECT_FALSE(m_folder.has(L".saving-0123456789abcdef0123"));
+}
+
+// Not for itself: the next test starts and kills it.
+TEST(ReplaceFileVictim, DISABLED_NeverEndsItsSave) {
+    wchar_t path[1000] = {};
+    ASSERT_NE(::GetEnvironmentVariableW(L"XMLCONFIG_TEST_VICTIM", path, 1000), 0u);
+    replaceFile(path, [](const ByteSink& sink) {
+        sink("new");
+        ::Sleep(60000);
+    });
+}
+
+TEST_F(ReplaceFile, LeavesNothingWhereItsProcessIsKilled) {
+    const std::wstring path = m_folder.write(L"a", "old");
+    wchar_t program[1000] = {};
+    ASSERT_NE(::GetModuleFileNameW(nullptr, program, 1000), 0u);
+    ASSERT_NE(::SetEnvironmentVariableW(L"XMLCONFIG_TEST_VICTIM", path.c_str()), 0);
+    std::wstring line =
+        L'"' + std::wstring(program) + L"\" --gtest_also_run_disabled_tests --gtest_filter=ReplaceFileVictim.*";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    ASSERT_NE(::CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process), 0);
+    for (int i = 0; i < 3000 && m_folder.entries() < 2; ++i) ::Sleep(10);
+    EXPECT_EQ(m_folder.entries(), 2u);
+    ::Sleep(50);  // from the file's making to its mark
+    EXPECT_NE(::TerminateProcess(process.hProcess, 1), 0);
+    EXPECT_EQ(::WaitForSingleObject(process.hProcess, 30000), static_cast<DWORD>(WAIT_OBJECT_0));
+    ::CloseHandle(process.hProcess);
+    ::CloseHandle(process.hThread);
+    for (int i = 0; i < 500 && m_folder.entries() > 1; ++i) ::Sleep(10);
+    EXPECT_EQ(m_folder.entries(), 1u);
+    EXPECT_EQ(m_folder.read(L"a"), "old");
+}
+
+TEST_F(ReplaceFile, IsNotCleanedUpByAnotherSaveMeanwhile) {
+    const std::wstring path = m_folder.write(L"a", "old");
+    replaceFile(path, [&](const ByteSink& sink) {
+        sink("outer");
+        replaceFile(path, "inner");
+    });
+    EXPECT_EQ(m_folder.read(L"a"), "outer");
+    EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(ReplaceFile, CopiesTheAccessList) {
+    const std::wstring from = m_folder.write(L"from", "secret");
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ASSERT_NE(
+        ::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)", SDDL_REVISION_1, &descriptor, nullptr),
+        0);
+    EXPECT_NE(::SetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, descriptor), 0);
+    ::LocalFree(descriptor);
+    copyToNewFile(from, m_folder.file(L"to"));
+    EXPECT_EQ(accessListOf(m_folder.file(L"to")), accessListOf(from));
+    EXPECT_NE(accessListOf(from), accessListOf(m_folder.write(L"other", "")));
 }
 
 }  // namespace
