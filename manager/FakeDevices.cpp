@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
+#include "platform/PrivateFolder.h"
 #include "platform/Text.h"
 #include "store/CorvaneException.h"
 
@@ -75,8 +76,9 @@ void writeDevice(const std::wstring& folder, const wchar_t* family, int number, 
 }  // namespace
 
 void makeFakeProjectors() {
-    const std::wstring folder = joinPath(temporaryFolder(), L"ULVD");
-    makeFolder(folder);
+    const PrivateFolder made = makePrivateFolder(joinPath(temporaryFolder(), L"ULVD"));
+    const std::wstring& folder = made.path;
+    if (!made.isThere) throw CorvaneException(L"Error makeFakeProjectors(): Can not make folder " + folder);
     setEnvironmentVariable(L"VIRTUAL_DEVICE_PATH", folder);
     try {
         for (int i = 0; i < deviceCount; ++i) {

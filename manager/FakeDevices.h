@@ -9,8 +9,9 @@
 namespace XMLConfig::detail {
 
 /// Writes twelve devices of each of two projector families into the folder "ULVD" below the temporary folder, over those
-/// of an earlier run, and publishes the folder in the environment as "VIRTUAL_DEVICE_PATH". Throws CorvaneException where a
-/// file cannot be written.
+/// of an earlier run, and publishes the folder in the environment as "VIRTUAL_DEVICE_PATH". The folder is for this user
+/// alone: "ULVD-<user>" where "ULVD" is another user's, a link or open to others. Throws CorvaneException where the folder
+/// cannot be made or a file not be written.
 void makeFakeProjectors();
 
 }  // namespace XMLConfig::detail

@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
+#include "platform/PrivateFolder.h"
 
 namespace UlvanoDiagnostics {
 namespace {
@@ -24,11 +25,13 @@ Folder& folderOfThisRun() {
     return folder;
 }
 
+/// Writing into it tells where it could not be made.
 std::wstring makeFolderOfThisRun() {
     const std::wstring run = detail::utcStamp(detail::now()) + L'-' + detail::formatInteger(detail::processId());
-    std::wstring path = detail::joinPath(detail::joinPath(detail::temporaryFolder(), L"UlvanoDiagnostics"), run);
-    detail::makeFolders(path);  // writing into it tells when that failed
-    return path;
+    const std::wstring temporary = detail::temporaryFolder();
+    detail::makeFolders(temporary);
+    const detail::PrivateFolder all = detail::makePrivateFolder(detail::joinPath(temporary, L"UlvanoDiagnostics"));
+    return detail::makePrivateFolder(detail::joinPath(all.path, run)).path;
 }
 
 }  // namespace

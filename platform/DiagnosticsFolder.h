@@ -7,7 +7,8 @@
 namespace UlvanoDiagnostics {
 
 /// The folder for the diagnostics data of this run, without a trailing separator. Made on first use:
-/// `UlvanoDiagnostics/<UTC date and time>-<process id>` below the temporary folder, one a process.
+/// `UlvanoDiagnostics/<UTC date and time>-<process id>` below the temporary folder, one a process, for this user alone.
+/// Where `UlvanoDiagnostics` is another user's, a link or open to others, it is `UlvanoDiagnostics-<user>` instead.
 /// May be called from several threads. A folder that cannot be made is returned all the same; writing into it then fails.
 XMLCONFIG_API std::wstring getDataSubDirectory();
 /// Replaces the folder. It is not made here.

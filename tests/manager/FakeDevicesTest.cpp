@@ -1,6 +1,10 @@
 #include <map>
 #include <sstream>
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -121,3 +125,17 @@ TEST_F(FakeProjectors, FolderThatCannotBeMadeIsTold) {
     std::ofstream(folder.path() / "ULVD") << "a file in the way";
     EXPECT_THROW(load("fake"), CorvaneException);
 }
+
+#ifndef _WIN32
+
+TEST_F(FakeProjectors, AreNotWrittenThroughALink) {
+    const TemporaryFolder elsewhere;
+    std::filesystem::create_directory_symlink(elsewhere.path(), folder.path() / "ULVD");
+    load("fake");
+    EXPECT_EQ(elsewhere.entries(), 0u);
+    const std::string own = published.value().value_or("");
+    EXPECT_EQ(own, (folder.path() / "ULVD-").string() + std::to_string(::geteuid()));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(own), std::filesystem::directory_iterator()), 24);
+}
+
+#endif
