@@ -1,0 +1,82 @@
+#include <cerrno>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "manager/UpgradeFile.h"
+#include "store/CorvaneException.h"
+#include "tests/manager/TestManager.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Thrown.h"
+#include "tests/support/posix/SystemCalls.h"
+
+namespace {
+
+using XMLConfig::upgradeFile;
+
+class UpgradeBackup : public testing::Test {
+protected:
+    std::wstring failure() {
+        return thrownMessage<CorvaneException>([this] { upgradeFile({m_path}); });
+    }
+    TemporaryFolder m_folder;
+    std::string m_old = fileText("", "8.0");
+    std::wstring m_path = m_folder.write(L"a.skorrax", m_old);
+    std::wstring m_backup = m_path + L".v8.000.bak";
+};
+
+}  // namespace
+
+TEST_F(UpgradeBackup, GoesWhereTheSaveFailsAndTheFileIsAsItWas) {
+    const SystemCallWatch watch(failing("rename", EIO));
+    EXPECT_EQ(failure(), L"Error save(): An error occurred trying to save DOM tree to file. Msg is:Can not write file " +
+                             m_path + L": Input/output error");
+    EXPECT_EQ(m_folder.read(L"a.skorrax"), m_old);
+    EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(UpgradeBackup, StaysWhereTheFileIsNotAsItWas) {
+    bool isBroken = false;
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        if (call.name == "rename") return EPERM;  // so that the text goes straight into the file
+        if (call.name == "ftruncate") isBroken = true;
+        return isBroken && (call.name == "write" || call.name == "fsync") ? EIO : 0;
+    });
+    EXPECT_NE(failure(), L"nothing was thrown");
+    EXPECT_NE(m_folder.read(L"a.skorrax"), m_old);
+    EXPECT_EQ(m_folder.read(L"a.skorrax.v8.000.bak"), m_old);
+    EXPECT_EQ(m_folder.entries(), 2u);
+}
+
+TEST_F(UpgradeBackup, ThatCannotBeMadeIsToldAndTheFileNotTouched) {
+    struct stat before {};
+    ASSERT_EQ(::stat(m_folder.at(L"a.skorrax").c_str(), &before), 0);
+    const SystemCallWatch watch(failing("fsync", ENOSPC));
+    EXPECT_EQ(failure(),
+              L"Error upgradeFile: " + m_path + L": Can not write file " + m_backup + L": No space left on device");
+    struct stat after {};
+    ASSERT_EQ(::stat(m_folder.at(L"a.skorrax").c_str(), &after), 0);
+    EXPECT_EQ(before.st_ino, after.st_ino);
+    EXPECT_EQ(m_folder.read(L"a.skorrax"), m_old);
+    EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(UpgradeBackup, HasTheRightsOfTheFile) {
+    ASSERT_EQ(::chmod(m_folder.at(L"a.skorrax").c_str(), 0620), 0);
+    upgradeFile({m_path});
+    for (const std::wstring& name : {m_path, m_backup}) {
+        struct stat status {};
+        ASSERT_EQ(::stat(pathOf(name).c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777, 0620u);
+    }
+}
+
+TEST_F(UpgradeBackup, IsNotMadeForACopyWhoseTargetIsNamedWhereItCannotBeWritten) {
+    const std::wstring latest = m_folder.write(L"b.skorrax", fileText());
+    const std::wstring target = m_folder.file(L"none/c.skorrax");
+    EXPECT_EQ(thrownMessage<CorvaneException>([&] {
+                  upgradeFile({latest, target});
+              }),
+              L"Error upgradeFile: " + latest + L": Can not write file " + target + L": No such file or directory");
+    EXPECT_EQ(m_folder.entries(), 2u);
+}
