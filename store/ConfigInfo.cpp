@@ -48,6 +48,13 @@ ConfigInfo::ConfigInfo(const std::wstring& path) {
     m_document->parseDataFile(path);
 }
 
+std::unique_ptr<ConfigInfo> ConfigInfo::fromText(const std::string& bytes, const std::wstring& name) {
+    const XMLConfig::detail::HeldCancellation held;
+    auto document = std::make_unique<ConfigInfo>();
+    document->m_document->parseData(bytes, name);
+    return document;
+}
+
 ConfigInfo::~ConfigInfo() = default;
 
 bool ConfigInfo::save(const std::wstring& path) {

@@ -33,6 +33,8 @@ public:
     /// Loads a file. Throws "Error parseDataFile: ..." when it cannot be opened for update (missing, read-only, a
     /// folder), is malformed (with line and column), holds a document type, or is nested deeper than 1,000 levels.
     explicit ConfigInfo(const std::wstring& path);
+    /// A document from a file's bytes. Throws what the file constructor throws, with `name` in place of the path.
+    static std::unique_ptr<ConfigInfo> fromText(const std::string& bytes, const std::wstring& name);
     ~ConfigInfo();
     ConfigInfo(const ConfigInfo&) = delete;
     ConfigInfo& operator=(const ConfigInfo&) = delete;

@@ -28,9 +28,18 @@ void Document::initializeXerces() { m_implementation = startXmlLibrary(); }
 bool Document::parseDataFile(const std::wstring& path) {
     if (m_implementation == nullptr) return false;
     if (!canOpenForUpdate(path)) throw CorvaneException(L"Error parseDataFile: Can not open file: " + path);
-    const std::wstring failed = L"Error parseDataFile: Error during parsing: " + path;
+    take(path, [&] { return parseFile(path); });
+    return true;
+}
+
+void Document::parseData(const std::string& bytes, const std::wstring& name) {
+    take(name, [&] { return parseBytes(bytes); });
+}
+
+void Document::take(const std::wstring& name, const std::function<DocumentPointer()>& parse) {
+    const std::wstring failed = L"Error parseDataFile: Error during parsing: " + name;
     try {
-        adopt(parseFile(path));
+        adopt(parse());
     } catch (const ParseFailure& failure) {
         throw CorvaneException(failed + L" XML message is: " + failure.message());
     } catch (const xercesc::XMLException& exception) {
@@ -41,9 +50,8 @@ bool Document::parseDataFile(const std::wstring& path) {
         throw CorvaneException(failed + L" Msg is: " + error.message());
     } catch (...) {
         passShortage();
-        throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + path);
+        throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + name);
     }
-    return true;
 }
 
 void Document::initializeDOM() {

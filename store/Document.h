@@ -1,6 +1,7 @@
 #pragma once
 
 #include <exception>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,6 +65,8 @@ public:
     void initializeXerces();
     /// Replaces the tree by a file's. False when there is no parser; throws as ConfigInfo's file constructor.
     bool parseDataFile(const std::wstring& path);
+    /// Replaces the tree by that of a file's bytes. Throws what parseDataFile throws, with the name in place of the path.
+    void parseData(const std::string& bytes, const std::wstring& name);
     /// Replaces the tree by a new one: the root and its four header elements.
     void initializeDOM();
 
@@ -103,6 +106,7 @@ public:
 private:
     /// Each primitive change ends here.
     void changed(const TreeChange& change) noexcept;
+    void take(const std::wstring& name, const std::function<DocumentPointer()>& parse);
     void adopt(DocumentPointer document) noexcept;
     struct Missing;
     [[nodiscard]] Missing missingOf(const Address& address, const Container& container) const;

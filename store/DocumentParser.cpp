@@ -1,5 +1,6 @@
 #include "store/DocumentParser.h"
 
+#include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 
 #include "platform/Files.h"
@@ -71,6 +72,11 @@ DocumentPointer parseFile(const std::wstring& path) {
     DocumentPointer document = parser.parseDocument(source);
     if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
     return document;
+}
+
+DocumentPointer parseBytes(const std::string& bytes) {
+    const auto* const begin = reinterpret_cast<const XMLByte*>(bytes.data());
+    return StrictParser().parseDocument(xercesc::MemBufInputSource(begin, bytes.size(), xmlText(u"")));
 }
 
 }  // namespace XMLConfig::detail

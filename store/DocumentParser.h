@@ -34,5 +34,7 @@ std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 /// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
 /// holds a document type or goes beyond these limits, and FileError when reading fails.
 DocumentPointer parseFile(const std::wstring& path);
+/// The same of a file's bytes.
+DocumentPointer parseBytes(const std::string& bytes);
 
 }  // namespace XMLConfig::detail

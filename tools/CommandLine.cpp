@@ -12,6 +12,7 @@
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "tools/Output.h"
+#include "tools/Reading.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"
 
@@ -127,6 +128,9 @@ int run(const std::vector<std::string>& arguments) {
     } catch (const CorvaneParseException& fault) {  // an operand that is no address
         complain(std::string(fault.what()));
         return WrongUsage;
+    } catch (const Unreadable& fault) {
+        complain(std::string(fault.what()));
+        return NotReadable;
     } catch (const std::exception& fault) {
         complain(std::string(fault.what()));
     }

@@ -1,19 +1,57 @@
 #include "tools/Table.h"
 
+#include <utf8proc.h>
 #include <algorithm>
 
-namespace tool {
+#include "platform/Utf8.h"
 
-std::wstring tableText(const std::vector<std::vector<std::wstring>>& rows, const std::wstring& indent) {
+namespace tool {
+namespace {
+
+/// Without escape sequences: from the escape character to the letter that ends each.
+std::string visible(const std::string& text) {
+    std::string kept;
+    bool isEscaped = false;
+    for (const char character : text) {
+        if (character == '\x1b') isEscaped = true;
+        if (!isEscaped) kept += character;
+        if (isEscaped && character == 'm') isEscaped = false;
+    }
+    return kept;
+}
+
+std::vector<std::size_t> widthsOf(const std::vector<std::vector<std::wstring>>& rows) {
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], widthOf(row[i]));
     }
+    return widths;
+}
+
+}  // namespace
+
+std::size_t widthOf(const std::wstring& text) {
+    const std::string bytes = visible(XMLConfig::utf8FromWide(text));
+    std::size_t width = 0;
+    for (std::size_t at = 0; at < bytes.size();) {
+        utf8proc_int32_t character = 0;
+        const auto* const begin = reinterpret_cast<const utf8proc_uint8_t*>(bytes.data()) + at;
+        const utf8proc_ssize_t length =
+            utf8proc_iterate(begin, static_cast<utf8proc_ssize_t>(bytes.size() - at), &character);
+        if (length <= 0) break;
+        width += static_cast<std::size_t>(utf8proc_charwidth(character));
+        at += static_cast<std::size_t>(length);
+    }
+    return width;
+}
+
+std::wstring tableText(const std::vector<std::vector<std::wstring>>& rows, const std::wstring& indent) {
+    const std::vector<std::size_t> widths = widthsOf(rows);
     std::wstring text;
     for (const auto& row : rows) {
         std::wstring line = indent;
-        for (std::size_t i = 0; i < row.size(); ++i) line += row[i] + std::wstring(widths[i] - row[i].size() + 2, L' ');
+        for (std::size_t i = 0; i < row.size(); ++i) line += row[i] + std::wstring(widths[i] - widthOf(row[i]) + 2, L' ');
         text += line.erase(line.find_last_not_of(L' ') + 1) + L"\n";
     }
     return text;

@@ -8,4 +8,7 @@ namespace tool {
 /// Rows of cells as lines with the columns lined up; the first row holds the headings. Each line begins with `indent`.
 std::wstring tableText(const std::vector<std::vector<std::wstring>>& rows, const std::wstring& indent);
 
+/// How many columns of a terminal a text takes: two for a wide character, none for what joins the one before it.
+std::size_t widthOf(const std::wstring& text);
+
 }  // namespace tool

@@ -21,10 +21,12 @@ struct Request {
     bool explain = false;
     bool json = false;
     bool dryRun = false;
+    std::string picture;
+    std::string colour = "auto";
 };
 
 /// What a program of this tool answers with.
-enum ExitStatus : int { Done = 0, Refused = 1, WrongUsage = 2 };
+enum ExitStatus : int { Done = 0, Refused = 1, WrongUsage = 2, NotReadable = 3 };
 
 struct Verb {
     const char* name;
@@ -55,6 +57,8 @@ void setUpDescribe(CLI::App& app, Request& request);
 ExitStatus runDescribe(const Request& request);
 void setUpCheck(CLI::App& app, Request& request);
 ExitStatus runCheck(const Request& request);
+void setUpLayout(CLI::App& app, Request& request);
+ExitStatus runLayout(const Request& request);
 void setUpUpgrade(CLI::App& app, Request& request);
 ExitStatus runUpgrade(const Request& request);
 

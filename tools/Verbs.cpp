@@ -19,6 +19,8 @@ const std::vector<Verb>& verbs() {
         {"set", "Change the values at addresses, all or none", setUpSet, runSet, XMLConfig::LogLevel::Error},
         {"describe", "List the settings the library knows", setUpDescribe, runDescribe},
         {"check", "Look for values, settings and identifiers that are not in order", setUpCheck, runCheck},
+        {"layout", "Show where the channels lie, overlap and leave gaps", setUpLayout, runLayout,
+         XMLConfig::LogLevel::Error},
         // Each conversion is logged as a warning, and is what was asked for here.
         {"upgrade", "Bring files of older releases to the latest version", setUpUpgrade, runUpgrade,
          XMLConfig::LogLevel::Error},

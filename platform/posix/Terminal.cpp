@@ -5,5 +5,6 @@
 namespace XMLConfig::detail {
 
 bool isErrorATerminal() { return ::isatty(STDERR_FILENO) != 0; }
+bool isOutputATerminal() { return ::isatty(STDOUT_FILENO) != 0; }
 
 }  // namespace XMLConfig::detail

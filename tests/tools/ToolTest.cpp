@@ -71,7 +71,7 @@ void expectRun(const ToolRun& run, int status, const std::string& output, const 
     EXPECT_EQ(run.errors, errors);
 }
 
-const char* const verbNames[] = {"new", "show", "get", "set", "describe", "check", "upgrade"};
+const char* const verbNames[] = {"new", "show", "get", "set", "describe", "check", "layout", "upgrade"};
 
 TEST_F(Tool, TellsItsVersionEverywhere) {
     expectRun(runTool({"--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");

@@ -1,0 +1,166 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "store/Outline.h"
+#include "tests/support/GoldenFile.h"
+#include "tests/support/Rig.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+using XMLConfig::OutlineNode;
+
+class LayoutPicture : public testing::Test {
+protected:
+    std::string example(const std::string& from = "<Version>", const std::string& to = "<Version>") const {
+        std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
+        folder.write(L"dome.skorrax", text.replace(text.find(from), from.size(), to));
+        return (folder.path() / "dome.skorrax").string();
+    }
+    std::string exampleWithAGap() const { return example("<Yaw>3.926990816987241e-01", "<Yaw>7.417649320975901e-01"); }
+    std::string fileOf(ConfigInfo& document) const {
+        document.save(folder.file(L"made.skorrax"));
+        return (folder.path() / "made.skorrax").string();
+    }
+    std::string pictureOf(const std::string& file) const {
+        const ToolRun run = runTool({"layout", "--svg", (folder.path() / "picture.svg").string(), file});
+        EXPECT_EQ(run.status, 0) << run.errors;
+        return folder.read(L"picture.svg");
+    }
+
+    TemporaryFolder folder;
+};
+
+/// The shapes of a picture that have this class among theirs. Throws where the picture is not well-formed.
+std::vector<OutlineNode> shapesOf(const std::string& picture, const std::wstring& className) {
+    std::vector<OutlineNode> found;
+    std::vector<OutlineNode> waiting = XMLConfig::outline(*ConfigInfo::fromText(picture, L"picture"));
+    while (!waiting.empty()) {
+        const OutlineNode node = waiting.back();
+        waiting.pop_back();
+        waiting.insert(waiting.end(), node.children.begin(), node.children.end());
+        for (const auto& [name, value] : node.attributes)
+            if (name == L"class" && (L" " + value + L" ").find(L" " + className + L" ") != std::wstring::npos)
+                found.push_back(node);
+    }
+    return found;
+}
+
+std::wstring titleOf(const OutlineNode& shape) {
+    for (const OutlineNode& child : shape.children)
+        if (child.name == L"title") return child.text;
+    return L"";
+}
+
+TEST_F(LayoutPicture, OfASoundDomeIsThatOfTheDocuments) {
+    EXPECT_TRUE(matchesGolden("docs/pictures/dome.svg", pictureOf(example())));
+}
+
+TEST_F(LayoutPicture, OfADomeWithAGapIsThatOfTheDocuments) {
+    EXPECT_TRUE(matchesGolden("docs/pictures/dome-with-a-gap.svg", pictureOf(exampleWithAGap())));
+}
+
+TEST_F(LayoutPicture, HasOneShapeAChannelWithItsTitle) {
+    const std::string picture = pictureOf(example());
+    const auto channels = shapesOf(picture, L"channel");
+    ASSERT_EQ(channels.size(), 4u);
+    for (const OutlineNode& channel : channels) {
+        EXPECT_EQ(channel.name, L"path");
+        EXPECT_EQ(titleOf(channel).rfind(L"Dome ", 0), 0u);
+        EXPECT_NE(titleOf(channel).find(L"VELDAR***00:0a:0b:0c:0d:"), std::wstring::npos);
+    }
+    EXPECT_EQ(shapesOf(picture, L"blend").size(), 6u);
+    EXPECT_EQ(shapesOf(picture, L"screen").size(), 1u);
+    EXPECT_EQ(shapesOf(picture, L"overlap").size(), 3u);
+    EXPECT_EQ(shapesOf(picture, L"camera").size(), 2u);
+    EXPECT_EQ(shapesOf(picture, L"link").size(), 6u);
+    EXPECT_EQ(shapesOf(picture, L"finding").size(), 0u);
+    for (const wchar_t* shape : {L"blend", L"screen", L"overlap", L"camera"})
+        for (const OutlineNode& node : shapesOf(picture, shape)) EXPECT_NE(titleOf(node), L"") << shape;
+}
+
+TEST_F(LayoutPicture, HoldsNoScriptNorAnythingFromOutside) {
+    const std::string picture = pictureOf(example());
+    EXPECT_EQ(picture.find("<script"), std::string::npos);
+    EXPECT_EQ(picture.find("href"), std::string::npos);
+    EXPECT_EQ(picture.find("@import"), std::string::npos);
+    EXPECT_EQ(picture.find(" width=\"100"), std::string::npos);
+    EXPECT_THAT(picture, HasSubstr("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox="));
+    EXPECT_THAT(picture, HasSubstr("@media(prefers-color-scheme:dark)"));
+}
+
+TEST_F(LayoutPicture, ShowsAGap) {
+    const auto gaps = shapesOf(pictureOf(exampleWithAGap()), L"gap");
+    ASSERT_EQ(gaps.size(), 1u);
+    EXPECT_EQ(titleOf(gaps[0]), L"5° gap between Dome 2 and Dome 3");
+}
+
+TEST_F(LayoutPicture, HatchesAHole) {
+    ConfigInfo document;
+    std::vector<RigChannel> sides = cube();
+    sides.erase(sides.begin());
+    put(document, sides);
+    putSphere(document, -180.0, 180.0, -90.0, 90.0);
+    const std::string picture = pictureOf(fileOf(document));
+    const auto holes = shapesOf(picture, L"hole");
+    ASSERT_EQ(holes.size(), 1u);
+    EXPECT_EQ(titleOf(holes[0]), L"17 % of the screen, in no channel");
+    EXPECT_EQ(shapesOf(picture, L"channel").size(), 5u);
+}
+
+TEST_F(LayoutPicture, ShowsThePartsOfAScreenWithoutAngles) {
+    ConfigInfo document;
+    put(document, {{-20.0}, {20.0}});
+    ProjectorConfig first(&document, L"1");
+    first.setScreenAreaLeft(0.0);
+    first.setScreenAreaRight(0.5);
+    first.setScreenAreaTop(0.0);
+    first.setScreenAreaBottom(1.0);
+    const std::string picture = pictureOf(fileOf(document));
+    const auto areas = shapesOf(picture, L"area");
+    ASSERT_EQ(areas.size(), 1u);
+    EXPECT_EQ(titleOf(areas[0]), L"P1: 0 to 0.5 across, 0 to 1 down");
+    EXPECT_EQ(shapesOf(picture, L"screen").size(), 1u);
+    EXPECT_TRUE(shapesOf(pictureOf(example()), L"area").empty());
+}
+
+TEST_F(LayoutPicture, SaysWhatCannotBeDrawn) {
+    ConfigInfo document;
+    put(document, {{}, {0.0, 0.0, 0.0, 30.0, -30.0}});
+    ProjectorConfig(&document, L"2").setName(L"A & <B>");
+    const std::string picture = pictureOf(fileOf(document));
+    EXPECT_EQ(shapesOf(picture, L"channel").size(), 1u);
+    const auto alarms = shapesOf(picture, L"alarm");
+    ASSERT_EQ(alarms.size(), 1u);
+    EXPECT_EQ(alarms[0].text, L"Not drawn: A & <B>: Left (30°) is not left of Right (-30°)");
+}
+
+TEST_F(LayoutPicture, OfNothingIsAPictureToo) {
+    ConfigInfo document;
+    EXPECT_TRUE(shapesOf(pictureOf(fileOf(document)), L"channel").empty());
+}
+
+TEST_F(LayoutPicture, GrowsByAFewKilobytesAProjector) {
+    ConfigInfo document;
+    std::vector<RigChannel> ring;
+    for (int i = 0; i < 40; ++i) ring.push_back({9.0 * i, 0.0, 0.0, -6.0, 6.0, 20.0, -20.0});
+    put(document, ring);
+    const std::string picture = pictureOf(fileOf(document));
+    EXPECT_EQ(shapesOf(picture, L"channel").size(), 40u);
+    EXPECT_LT(picture.size(), 40u * 4096u);
+}
+
+TEST_F(LayoutPicture, OfAChannelOverTheZenithReachesRound) {
+    ConfigInfo document;
+    put(document, {{30.0, 90.0}});
+    const auto channels = shapesOf(pictureOf(fileOf(document)), L"channel");
+    ASSERT_EQ(channels.size(), 1u);
+    std::wstring data;
+    for (const auto& [name, value] : channels[0].attributes)
+        if (name == L"d") data = value;
+    EXPECT_EQ(data.rfind(L"M-18000 -9000l", 0), 0u) << XMLConfig::detail::toUtf8(data);
+}
+
+}  // namespace

@@ -1,0 +1,119 @@
+#include <nlohmann/json.hpp>
+
+#include "platform/Utf8.h"
+#include "tools/LayoutText.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Channel;
+using XMLConfig::ChannelState;
+using XMLConfig::EdgeValues;
+using XMLConfig::ImageEdge;
+using XMLConfig::Layout;
+using XMLConfig::Overlap;
+using Json = nlohmann::ordered_json;
+
+Json text(const std::wstring& wide) { return XMLConfig::utf8FromWide(wide); }
+
+/// As stored, but for the rounding of the unit; what is no number is null.
+Json degrees(double radians, int decimals = 9) {
+    return rounded(UnitConversionTable::convertValue(UnitConversionTable::Radians, UnitConversionTable::Degrees, radians),
+                   decimals);
+}
+Json percent(double share) { return rounded(100.0 * share, 1); }
+Json span(const XMLConfig::Range& range) { return Json::array({degrees(range.from, 1), degrees(range.to, 1)}); }
+Json blend(double stored) { return stored < 0.0 ? Json(nullptr) : Json(stored); }
+
+Json blends(const EdgeValues& values) {
+    return {{"left", blend(values.left)},
+            {"right", blend(values.right)},
+            {"top", blend(values.top)},
+            {"bottom", blend(values.bottom)}};
+}
+
+Json jsonOf(const Channel& channel, std::size_t number) {
+    Json json = {{"number", number},
+                 {"id", text(channel.id)},
+                 {"name", text(channel.name)},
+                 {"yaw", degrees(channel.yaw)},
+                 {"pitch", degrees(channel.pitch)},
+                 {"roll", degrees(channel.roll)},
+                 {"left", degrees(channel.edges.left)},
+                 {"right", degrees(channel.edges.right)},
+                 {"top", degrees(channel.edges.top)},
+                 {"bottom", degrees(channel.edges.bottom)}};
+    const bool isUsable = channel.state == ChannelState::Usable;
+    json["span"] = isUsable ? Json{{"yaw", span(channel.yawSpan)}, {"pitch", span(channel.pitchSpan)}} : Json(nullptr);
+    json["blend"] = blends(channel.blends);
+    json["cameras"] = Json::array();
+    for (const std::wstring& camera : channel.cameras) json["cameras"].push_back(text(camera));
+    json["offScreen"] = channel.offScreen ? percent(*channel.offScreen) : Json(nullptr);
+    json["fault"] = isUsable ? Json(nullptr) : text(faultOf(channel, Units()));
+    return json;
+}
+
+const char* nameOf(ImageEdge edge) {
+    return edge == ImageEdge::Left ? "left" : edge == ImageEdge::Right ? "right" : edge == ImageEdge::Top ? "top" : "bottom";
+}
+
+Json jsonOf(const Channel& channel, const Overlap& overlap) {
+    return {{"id", text(channel.id)},
+            {"edge", overlap.isWhole() ? "all" : nameOf(overlap.edge)},
+            {"middle", percent(overlap.middle)},
+            {"least", percent(overlap.least)},
+            {"most", percent(overlap.most)},
+            {"full", overlap.isFull},
+            {"area", percent(overlap.area)},
+            {"blend", overlap.isWhole() ? Json(nullptr) : blend(channel.blends.at(overlap.edge))}};
+}
+
+Json overlaps(const Layout& layout) {
+    Json json = Json::array();
+    for (const XMLConfig::ChannelPair& pair : layout.pairs) {
+        const Channel& first = layout.channels[pair.first];
+        const Channel& second = layout.channels[pair.second];
+        json.push_back({{"projectors", {text(first.id), text(second.id)}},
+                        {"of", {jsonOf(first, pair.ofFirst), jsonOf(second, pair.ofSecond)}}});
+    }
+    return json;
+}
+
+Json gaps(const Layout& layout) {
+    Json json = Json::array();
+    for (const XMLConfig::ChannelRow& row : layout.rows)
+        for (const XMLConfig::ChannelGap& gap : row.gaps)
+            json.push_back({{"projectors", {text(layout.channels[gap.left].id), text(layout.channels[gap.right].id)}},
+                            {"width", degrees(gap.width, 6)}});
+    return json;
+}
+
+Json screen(const std::optional<XMLConfig::Coverage>& coverage) {
+    if (!coverage) return nullptr;
+    Json json = {{"inNone", percent(coverage->inNone)},
+                 {"inOne", percent(coverage->inOne)},
+                 {"inTwo", percent(coverage->inTwo)},
+                 {"inMore", percent(coverage->inMore)}};
+    json["uncoveredBands"] = Json::array();
+    for (const XMLConfig::Range& band : coverage->uncoveredBands) json["uncoveredBands"].push_back(span(band));
+    json["holes"] = Json::array();
+    for (const XMLConfig::UncoveredPart& part : coverage->uncovered)
+        if (part.isHole)
+            json["holes"].push_back({{"share", percent(part.share)}, {"theta", span(part.theta)}, {"phi", span(part.phi)}});
+    return json;
+}
+
+}  // namespace
+
+std::wstring layoutJson(const Layout& layout, const std::string& file) {
+    Json json = {{"format", 1}, {"verb", "layout"}, {"file", file}, {"angles", "degrees"}};
+    json["projectors"] = Json::array();
+    for (std::size_t i = 0; i < layout.channels.size(); ++i) json["projectors"].push_back(jsonOf(layout.channels[i], i + 1));
+    json["overlaps"] = overlaps(layout);
+    json["gaps"] = gaps(layout);
+    json["screen"] = screen(layout.coverage);
+    json["exit"] = 0;
+    return XMLConfig::wideFromUtf8(json.dump(2)) + L"\n";
+}
+
+}  // namespace tool

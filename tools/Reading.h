@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "store/ConfigInfo.h"
+#include "tools/Output.h"
+
+/// Documents as the verbs that only read take them.
+namespace tool {
+
+/// A file that cannot be read or written, or that is no configuration: exit status 3.
+class Unreadable : public Refusal {
+public:
+    using Refusal::Refusal;
+};
+
+/// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,
+/// which is said on standard error. Throws Unreadable for everything else.
+std::unique_ptr<ConfigInfo> readDocument(const std::string& file);
+
+}  // namespace tool
