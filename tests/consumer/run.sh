@@ -108,7 +108,7 @@ say "taking the sources in"
 cmake -S "$here/subdirectory" -B "$work/subdirectory" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" -DSOURCES="$sources" \
     -DCMAKE_BUILD_TYPE="${XMLCONFIG_BUILD_TYPE:-Release}" -DCMAKE_CXX_FLAGS="${XMLCONFIG_FLAGS:-}" \
     -DCMAKE_CXX_FLAGS_DEBUG="${XMLCONFIG_FLAGS_DEBUG:--g}" -DCMAKE_CXX_COMPILER_LAUNCHER="${XMLCONFIG_LAUNCHER:-}" \
-    -DBUILD_SHARED_LIBS=$shared > /dev/null
+    -DXMLCONFIG_WARNINGS_AS_ERRORS=ON -DBUILD_SHARED_LIBS=$shared > /dev/null
 cmake --build "$work/subdirectory" -j "$jobs" --target consumer
 tryProgram "$work/subdirectory/consumer" "by add_subdirectory"
 
