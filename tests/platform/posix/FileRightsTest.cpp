@@ -159,6 +159,22 @@ TEST_F(OwnRights, AreKeptByAStraightWriteWhereTheyCannotBeTold) {
     }
 }
 
+TEST_F(OwnRights, AreAskedForBeforeTheFileTakesThePlace) {
+    ASSERT_EQ(::chmod(m_at.c_str(), 0640), 0);
+    const ino_t inode = inodeOf(m_at);
+    int changes = 0;
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        if (call.name == "fchmod") ++changes;
+        if (call.name == "flistxattr" && changes == 1) ::fchmod(call.descriptor, 0666);  // a disk that does as it likes
+        return 0;
+    });
+    replaceFile(m_path, "new");
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(m_folder.read(L"a"), "new");
+    EXPECT_EQ(inodeOf(m_at), inode);
+    EXPECT_EQ(modeOf(m_at), 0640u);
+}
+
 TEST_F(OwnRights, AreNoneOfOthersInACopyWhereTheyCannotBeTold) {
     ASSERT_EQ(::chmod(m_at.c_str(), 0666), 0);
     setList(m_folder.path(), ofNewFiles, evesFolder);

@@ -25,6 +25,17 @@ TEST_F(StraightWrite, WritesStraightWhereTheFolderAdmitsNoSecondFile) {
     EXPECT_EQ(m_folder.entries(), 1u);
 }
 
+TEST_F(StraightWrite, KeepsModesThatItCutsItself) {
+    const std::wstring path = m_folder.write(L"a", "old");
+    admitNoSecondFile();
+    const Unprivileged user;
+    ASSERT_TRUE(user.isDone());
+    ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 06775), 0);
+    replaceFile(path, "new");
+    EXPECT_EQ(m_folder.read(L"a"), "new");
+    EXPECT_EQ(modeOf(m_folder.at(L"a")), 06775u);
+}
+
 TEST_F(StraightWrite, WritesStraightWhereTheFolderLetsNobodyTakeTheTargetsPlace) {
     if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can own another's file";
     const std::wstring path = m_folder.write(L"a", "old");
