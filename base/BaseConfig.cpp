@@ -1,7 +1,10 @@
 #include "base/BaseConfig.h"
 
 #include "base/UnitConversionTable.h"
+#include "base/ValueTraits.h"
 #include "store/ConfigInfo.h"
+
+using XMLConfig::detail::ValueTrait;
 
 BaseConfig::BaseConfig(ConfigInfo* configInfo, const std::wstring& sectionName, const std::wstring& sectionID)
     : m_configInfo(configInfo), m_sectionName(sectionName), m_sectionID(sectionID) {
@@ -34,28 +37,28 @@ void BaseConfig::renameSection(const std::wstring& newSectionID) {
 std::wstring BaseConfig::oldSectionIDTagName() { return L"OldSectionID"; }
 
 BaseConfig::Explicit<int> BaseConfig::get(const std::wstring& key, int defaultValue) const {
-    return {m_configInfo->getIntegerItem(m_sectionName, key, defaultValue, m_sectionID)};
+    return {ValueTrait<int>::read(*m_configInfo, {m_sectionName, m_sectionID, key}, defaultValue)};
 }
 
 BaseConfig::Explicit<double> BaseConfig::get(const std::wstring& key, double defaultValue) const {
-    return {m_configInfo->getDoubleItem(m_sectionName, key, defaultValue, m_sectionID)};
+    return {ValueTrait<double>::read(*m_configInfo, {m_sectionName, m_sectionID, key}, defaultValue)};
 }
 
 BaseConfig::Explicit<bool> BaseConfig::get(const std::wstring& key, bool defaultValue) const {
-    return {m_configInfo->getBoolItem(m_sectionName, key, defaultValue, m_sectionID)};
+    return {ValueTrait<bool>::read(*m_configInfo, {m_sectionName, m_sectionID, key}, defaultValue)};
 }
 
 BaseConfig::Explicit<Point_2Dim<int>> BaseConfig::get(const std::wstring& key, const Point_2Dim<int>& defaultValue) const {
-    return {m_configInfo->getPoint2IItem(m_sectionName, key, defaultValue, m_sectionID)};
+    return {ValueTrait<Point_2Dim<int>>::read(*m_configInfo, {m_sectionName, m_sectionID, key}, defaultValue)};
 }
 
 BaseConfig::Explicit<Point_3Dim<double>> BaseConfig::get(const std::wstring& key,
                                                          const Point_3Dim<double>& defaultValue) const {
-    return {m_configInfo->getPoint3DItem(m_sectionName, key, defaultValue, m_sectionID)};
+    return {ValueTrait<Point_3Dim<double>>::read(*m_configInfo, {m_sectionName, m_sectionID, key}, defaultValue)};
 }
 
 BaseConfig::Explicit<std::wstring> BaseConfig::get(const std::wstring& key, const std::wstring& defaultValue) const {
-    return {m_configInfo->getStringItem(m_sectionName, key, defaultValue, m_sectionID, {}, {})};
+    return {ValueTrait<std::wstring>::read(*m_configInfo, {m_sectionName, m_sectionID, key}, defaultValue)};
 }
 
 BaseConfig::Explicit<std::wstring> BaseConfig::get(const std::wstring& key, const wchar_t* defaultValue) const {
@@ -63,25 +66,25 @@ BaseConfig::Explicit<std::wstring> BaseConfig::get(const std::wstring& key, cons
 }
 
 void BaseConfig::set(const std::wstring& key, int value) {
-    m_configInfo->setIntegerItem(m_sectionName, key, value, m_sectionID);
+    ValueTrait<int>::write(*m_configInfo, {m_sectionName, m_sectionID, key}, value);
 }
 
 void BaseConfig::set(const std::wstring& key, double value) {
-    m_configInfo->setDoubleItem(m_sectionName, key, value, m_sectionID);
+    ValueTrait<double>::write(*m_configInfo, {m_sectionName, m_sectionID, key}, value);
 }
 
 void BaseConfig::set(const std::wstring& key, bool value) {
-    m_configInfo->setBoolItem(m_sectionName, key, value, m_sectionID);
+    ValueTrait<bool>::write(*m_configInfo, {m_sectionName, m_sectionID, key}, value);
 }
 
 void BaseConfig::set(const std::wstring& key, const Point_2Dim<int>& value) {
-    m_configInfo->setPoint2IItem(m_sectionName, key, value, m_sectionID);
+    ValueTrait<Point_2Dim<int>>::write(*m_configInfo, {m_sectionName, m_sectionID, key}, value);
 }
 
 void BaseConfig::set(const std::wstring& key, const Point_3Dim<double>& value) {
-    m_configInfo->setPoint3DItem(m_sectionName, key, value, m_sectionID);
+    ValueTrait<Point_3Dim<double>>::write(*m_configInfo, {m_sectionName, m_sectionID, key}, value);
 }
 
 void BaseConfig::set(const std::wstring& key, const std::wstring& value) {
-    m_configInfo->setStringItem(m_sectionName, key, value, m_sectionID, {}, {});
+    ValueTrait<std::wstring>::write(*m_configInfo, {m_sectionName, m_sectionID, key}, value);
 }

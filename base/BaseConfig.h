@@ -10,10 +10,11 @@
 class ConfigInfo;
 
 namespace XMLConfig::detail {
+class SettingTable;
 template <typename T>
-class Item;
+class Descriptor;
 template <typename T>
-class ReadValue;
+struct ValueTrait;
 }  // namespace XMLConfig::detail
 
 /// The base of every section accessor: one section of one document, by name and ID.
@@ -120,14 +121,14 @@ protected:
     void set(const std::wstring& key, const std::wstring& value);
     void set(const std::wstring& key, const wchar_t* value) = delete;  // would be taken for a bool
 
-    /// A described setting of this section; base/Items.h defines these for every type a descriptor can have.
+    /// A described setting of this section; base/SettingTable.h defines these for every type a descriptor can have.
     template <typename T>
-    XMLConfig::detail::ReadValue<T> read(const XMLConfig::detail::Item<T>& item) const;
+    Explicit<typename XMLConfig::detail::ValueTrait<T>::Given> read(const XMLConfig::detail::Descriptor<T>& item) const;
+    /// `Value` must be exactly the descriptor's type.
     template <typename T, typename Value>
-    void write(const XMLConfig::detail::Item<T>& item, const Value& value);
-    /// Writes what a new section holds.
-    template <typename T>
-    void writeInitial(const XMLConfig::detail::Item<T>& item);
+    void write(const XMLConfig::detail::Descriptor<T>& item, const Value& value);
+    /// Writes what a new section holds, in the table's order.
+    void writeInitialValues(const XMLConfig::detail::SettingTable& table);
 
     ConfigInfo* m_configInfo;  ///< the document every operation uses
 

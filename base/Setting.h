@@ -1,21 +1,128 @@
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "platform/Export.h"
 
 namespace XMLConfig {
+
+/// What a setting's stored text stands for.
+enum class SettingType {
+    Bool,
+    Int,
+    Double,
+    IntPoint2,
+    Point2,
+    Point3,
+    Text,
+    Element,        ///< child elements instead of a text
+    Frustum,        ///< its parts are items of their own
+    PondOfMirrors,  ///< its parts are items of their own
+    Path,
+    CameraIDs,
+    OverlapPoint,
+    BlackBox,
+    IntegerPairs,
+    FourIntegers,
+    MarkerPlaces,
+    PointList,
+    Matrix,
+    AxisTable
+};
+
+/// The name that people read: "bool", "2-D point", "list of camera IDs", ...
+XMLCONFIG_API const wchar_t* nameOf(SettingType type);
+
+/// Whether a stored text is the whole of a value of the type. Every text is of a type whose form is not checked: texts,
+/// XML elements, records and special text forms.
+XMLCONFIG_API bool isOfType(const std::wstring& text, SettingType type);
+
+/// The unit in which a setting is stored.
+enum class Unit {
+    None,  ///< a pure number, or no number at all
+    Meters,
+    Radians,
+    Degrees,
+    Percent,
+    Fraction,  ///< of one
+    Pixels,
+    SquarePixels,
+    Milliseconds,
+    EpochSeconds,  ///< seconds since 1970-01-01 UTC
+    Lumens
+};
+
+/// The name that people read: "radians", "pixels", ...; empty for None.
+XMLCONFIG_API const wchar_t* nameOf(Unit unit);
+
+/// What a device's setting belongs to, and so whether it makes sense for another device.
+enum class SettingClass {
+    Rest,      ///< how the device works; another one may have the same
+    Identity,  ///< which device it is
+    Channel,   ///< which part of the picture it shows
+    Place      ///< where it stands and what stands around it
+};
+
+/// "rest", "identity", "channel" or "place".
+XMLCONFIG_API const wchar_t* nameOf(SettingClass settingClass);
+
+/// A number that stands for something, and what it stands for.
+struct NamedNumber {
+    int number;
+    std::wstring name;
+};
+
+/// The numbers that make sense.
+struct Range {
+    double low = -std::numeric_limits<double>::infinity();
+    double high = std::numeric_limits<double>::infinity();
+    bool withoutLow = false;  ///< whether `low` itself is outside
+    /// Whether this library's authors judged so: the application might take more, so that what lies outside is worth a
+    /// warning and no refusal.
+    bool ownJudgement = false;
+};
+
+/// False for what is no number (NaN).
+XMLCONFIG_API bool contains(const Range& range, double number);
+/// "0 to 100", "1 and more", "above 0 to 1", "above 0".
+XMLCONFIG_API std::wstring textOf(const Range& range);
+
+/// When a setting counts: only while another one reads, or does not read, one of some texts.
+struct EffectCondition {
+    std::wstring section;             ///< of the other setting; empty for the same section (the same device)
+    std::wstring key;                 ///< of the other setting
+    std::vector<std::wstring> texts;  ///< canonical stored forms
+    bool whileOneOf = true;           ///< whether the setting counts while the other one reads one of `texts`, or otherwise
+};
 
 /// One setting as the catalogue lists it: where it is stored, what it holds and what it starts with.
 struct Setting {
     std::wstring section;                     ///< the tag of its section
     std::wstring key;                         ///< parts joined by "|"; "%d" or "%s" stands for a number or an identifier
-    std::wstring type;                        ///< "bool", "int", "double", "text", ... or the name of a special text form
+    SettingType type = SettingType::Text;     ///< what it holds
     std::wstring defaultText;                 ///< stored form of what a missing item reads as
     std::optional<std::wstring> initialText;  ///< stored form of what a new section holds; nothing where it is not written
-    std::wstring unit;                        ///< "radians", "pixels", ...; empty for a pure number or text
+    Unit unit = Unit::None;                   ///< of the number, or of each number, that is stored
     std::wstring inheritsFrom;  ///< the section whose item of the same key serves when this one is missing; or empty
     bool readOnly = false;      ///< whether the accessor only reads it
     std::wstring meaning;       ///< one line for people
+    SettingClass settingClass = SettingClass::Rest;
+    std::vector<std::wstring> words;             ///< the texts that it may hold, case counts; empty where any will do
+    std::vector<NamedNumber> numbers;            ///< the numbers that it may hold; empty where any will do
+    std::optional<std::wstring> othersCountAs;   ///< what a text or number outside `words` or `numbers` is taken for
+    std::optional<Range> range;                  ///< of the number, or of each number, that is stored
+    std::optional<EffectCondition> countsWhile;  ///< nothing where it always counts
+    bool writtenByRuns = false;                  ///< whether a run of the application writes it: a count, a time
 };
+
+/// What the setting may hold, for people: "Flat, Sphere", "0 linear, 1 polynomial; any other counts as 2", "1 and more",
+/// "1 to 4 is usual" for a range by our own judgement; empty where everything of its type will do.
+XMLCONFIG_API std::wstring valuesText(const Setting& setting);
+/// When the setting counts, for people: "System/RunType is CinemaRun", "Screen/Shape is not Sphere or Cylinder"; empty where
+/// it always does.
+XMLCONFIG_API std::wstring conditionText(const Setting& setting);
 
 }  // namespace XMLConfig

@@ -75,10 +75,10 @@ private:
     }
 
     void checkValue(const OutlineNode& item, const Address& address, const Setting& setting) {
-        if (setting.type == L"XML element") return;
+        if (setting.type == SettingType::Element) return;
         if (!item.children.empty()) add(Kind::WrongType, address, L"holds elements instead of a value");
         else if (!isOfType(item.text, setting.type))
-            add(Kind::WrongType, address, L"\"" + item.text + L"\" is not of type " + setting.type);
+            add(Kind::WrongType, address, L"\"" + item.text + L"\" is not of type " + nameOf(setting.type));
     }
 
     const std::vector<std::wstring> m_sections = sectionNames();

@@ -9,8 +9,8 @@ namespace XMLConfig::detail {
 
 namespace {
 
-constexpr DeviceKind cameraKind{cameraItems::sectionName, L"camera", true};
-constexpr DeviceKind projectorKind{projectorItems::sectionName, L"projector", false};
+constexpr DeviceKind cameraKind{cameraItems.section, L"camera", true};
+constexpr DeviceKind projectorKind{projectorItems.section, L"projector", false};
 
 }  // namespace
 

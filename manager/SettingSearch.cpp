@@ -1,6 +1,7 @@
 #include "manager/SettingSearch.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "manager/Catalogue.h"
@@ -9,18 +10,28 @@ namespace XMLConfig {
 namespace {
 
 struct Part {
-    const wchar_t* type;
+    SettingType type;
     const wchar_t* key;
-    const wchar_t* partType;
+    SettingType partType;
+    Unit unit;
 };
 constexpr Part parts[] = {
-    {L"frustum", L"|Offset", L"3-D point"}, {L"frustum", L"|RotationYPR", L"3-D point"},
-    {L"frustum", L"|FOVLeft", L"double"},   {L"frustum", L"|FOVRight", L"double"},
-    {L"frustum", L"|FOVTop", L"double"},    {L"frustum", L"|FOVBottom", L"double"},
-    {L"frustum", L"|ResolutionX", L"int"},  {L"frustum", L"|ResolutionY", L"int"},
-    {L"pond of mirrors", L"|Top", L"int"},  {L"pond of mirrors", L"|Bottom", L"int"},
-    {L"pond of mirrors", L"|Left", L"int"}, {L"pond of mirrors", L"|Right", L"int"},
+    {SettingType::Frustum, L"|Offset", SettingType::Point3, Unit::Meters},
+    {SettingType::Frustum, L"|RotationYPR", SettingType::Point3, Unit::Radians},
+    {SettingType::Frustum, L"|FOVLeft", SettingType::Double, Unit::Radians},
+    {SettingType::Frustum, L"|FOVRight", SettingType::Double, Unit::Radians},
+    {SettingType::Frustum, L"|FOVTop", SettingType::Double, Unit::Radians},
+    {SettingType::Frustum, L"|FOVBottom", SettingType::Double, Unit::Radians},
+    {SettingType::Frustum, L"|ResolutionX", SettingType::Int, Unit::Pixels},
+    {SettingType::Frustum, L"|ResolutionY", SettingType::Int, Unit::Pixels},
+    {SettingType::PondOfMirrors, L"|Top", SettingType::Int, Unit::None},
+    {SettingType::PondOfMirrors, L"|Bottom", SettingType::Int, Unit::None},
+    {SettingType::PondOfMirrors, L"|Left", SettingType::Int, Unit::None},
+    {SettingType::PondOfMirrors, L"|Right", SettingType::Int, Unit::None},
 };
+
+/// Sections whose keys their callers choose.
+constexpr const wchar_t* openSections[] = {L"MediaServer", L"ProjMap"};
 
 std::vector<Setting> settingsWithParts() {
     std::vector<Setting> settings;
@@ -31,6 +42,7 @@ std::vector<Setting> settingsWithParts() {
             settings.push_back(setting);
             settings.back().key += part.key;
             settings.back().type = part.partType;
+            settings.back().unit = part.unit;
         }
     }
     return settings;
@@ -107,7 +119,9 @@ std::wstring addressKey(const Setting& setting) {
     return key;
 }
 
-bool isOpenSection(const std::wstring& section) { return section == L"MediaServer" || section == L"ProjMap"; }
+bool isOpenSection(const std::wstring& section) {
+    return std::find(std::begin(openSections), std::end(openSections), section) != std::end(openSections);
+}
 
 bool isDeviceSection(const std::wstring& section) { return section == L"Projector" || section == L"Camera"; }
 
@@ -121,8 +135,7 @@ std::vector<std::wstring> sectionNames() {
         if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     };
     for (const Setting& setting : knownSettings()) add(setting.section);
-    add(L"MediaServer");
-    add(L"ProjMap");
+    for (const wchar_t* section : openSections) add(section);
     return names;
 }
 

@@ -30,8 +30,4 @@ XMLCONFIG_API std::vector<Setting> settingsOfSection(const std::wstring& section
 /// The setting's key as an address spells it, with "/" for "|".
 XMLCONFIG_API std::wstring addressKey(const Setting& setting);
 
-/// Whether a stored text is the whole of a value of the type, as the catalogue names types. Every text is of a type
-/// without a form of its own ("text", "XML element", special text forms).
-XMLCONFIG_API bool isOfType(const std::wstring& text, const std::wstring& type);
-
 }  // namespace XMLConfig

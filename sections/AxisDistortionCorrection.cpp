@@ -8,7 +8,7 @@
 
 #include "platform/Numbers.h"
 #include "platform/Text.h"
-#include "sections/Tokens.h"
+#include "store/Tokens.h"
 
 using XMLConfig::detail::fromUtf8Strictly;
 using XMLConfig::detail::leadingDouble;

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/Numbers.h"
-#include "store/ConfigInfo.h"
+#include "store/Tokens.h"
 
 namespace XMLConfig::detail {
 namespace {
@@ -33,8 +33,7 @@ std::wstring calibrationPointsToText(const CalibrationPoints& points) {
 }
 
 CalibrationPoints calibrationPointsFromText(const std::wstring& text) {
-    std::vector<std::wstring> pieces;
-    ConfigInfo::createTokenVector(pieces, text, L" ,\n\t");
+    const std::vector<std::wstring> pieces = tokensOf(text);
     CalibrationPoints points;
     for (std::size_t i = 0; i + 3 <= pieces.size(); i += 3)
         points.emplace(leadingInteger(pieces[i]),

@@ -6,11 +6,11 @@
 #include "platform/Numbers.h"
 #include "sections/CalibrationPoints.h"
 #include "sections/CameraItems.h"
-#include "sections/DeviceNames.h"
 #include "store/CorvaneException.h"
 
-namespace items = XMLConfig::detail::cameraItems;
-using XMLConfig::detail::Item;
+static constexpr auto& items = XMLConfig::detail::cameraItems;
+using XMLConfig::detail::Descriptor;
+using XMLConfig::detail::ValueTrait;
 
 namespace {
 
@@ -20,83 +20,75 @@ bool wasRead(const Point_3Dim<double>& point) {
     return !(std::isnan(point.x) && std::isnan(point.y) && std::isnan(point.z));
 }
 
-const Item<std::wstring>& calibrationItem(bool reference) {
-    return reference ? items::referenceCalibrationPoints : items::calibrationPoints;
+const Descriptor<std::wstring>& calibrationItem(bool reference) {
+    return reference ? items.referenceCalibrationPoints : items.calibrationPoints;
 }
 
 }  // namespace
 
 CameraConfig::CameraConfig(ConfigInfo* configInfo, const std::wstring& sectionID)
-    : BaseConfig(configInfo, items::sectionName, sectionID) {}
+    : BaseConfig(configInfo, items.section, sectionID) {}
 
 CameraConfig::~CameraConfig() = default;
 
-void CameraConfig::initialize() {
-    setName(XMLConfig::detail::nameOfNewDevice(items::name.initial, getSectionID()));
-    writeInitial(items::deviceSnippet);
-    writeInitial(items::binarizationThreshold);
-    writeInitial(items::ledExposure);
-    writeInitial(items::ledBinarizationThreshold);
-    writeInitial(items::geometryExposure);
-    writeInitial(items::intrinsicFileID);
-    writeInitial(items::maskingROIScreenAreaPercentage);
-    writeInitial(items::multiCamEdgeThreshold);
-    writeInitial(items::automaticExposure);
-    writeInitial(items::cameraGain);
+void CameraConfig::initialize() { writeInitialValues(items); }
+
+std::wstring CameraConfig::getName() const { return read(items.name).value; }
+void CameraConfig::setName(const std::wstring& value) { write(items.name, value); }
+std::wstring CameraConfig::getDeviceSnippet() const { return read(items.deviceSnippet).value; }
+void CameraConfig::setDeviceSnippet(const std::wstring& value) { write(items.deviceSnippet, value); }
+std::wstring CameraConfig::getDeviceSnippetOriginal() const { return read(items.deviceSnippetOriginal).value; }
+std::wstring CameraConfig::getIntrinsicFileID() const { return read(items.intrinsicFileID).value; }
+void CameraConfig::setIntrinsicFileID(const std::wstring& value) { write(items.intrinsicFileID, value); }
+
+bool CameraConfig::isAutomaticExposure() const { return read(items.automaticExposure).value; }
+void CameraConfig::setAutomaticExposure(bool value) { write(items.automaticExposure, value); }
+bool CameraConfig::isMarkedSurfaceAutomaticExposure() const { return read(items.markedSurfaceAutomaticExposure).value; }
+void CameraConfig::setMarkedSurfaceAutomaticExposure(bool value) { write(items.markedSurfaceAutomaticExposure, value); }
+bool CameraConfig::isExtendedContrast() const { return read(items.extendedContrast).value; }
+void CameraConfig::setExtendedContrast(bool value) { write(items.extendedContrast, value); }
+int CameraConfig::getCameraGain() const { return read(items.cameraGain).value; }
+void CameraConfig::setCameraGain(int value) { write(items.cameraGain, value); }
+int CameraConfig::getGeometryExposure() const { return read(items.geometryExposure).value; }
+void CameraConfig::setGeometryExposure(int value) { write(items.geometryExposure, value); }
+int CameraConfig::getLEDExposure() const { return read(items.ledExposure).value; }
+void CameraConfig::setLEDExposure(int value) { write(items.ledExposure, value); }
+int CameraConfig::getMarkedSurfaceExposure() const { return read(items.markedSurfaceExposure).value; }
+void CameraConfig::setMarkedSurfaceExposure(int value) { write(items.markedSurfaceExposure, value); }
+int CameraConfig::getBinarizationThreshold() const { return read(items.binarizationThreshold).value; }
+void CameraConfig::setBinarizationThreshold(int value) { write(items.binarizationThreshold, value); }
+int CameraConfig::getLEDBinarizationThreshold() const { return read(items.ledBinarizationThreshold).value; }
+void CameraConfig::setLEDBinarizationThreshold(int value) { write(items.ledBinarizationThreshold, value); }
+int CameraConfig::getMarkedSurfaceBinarizationThreshold() const {
+    return read(items.markedSurfaceBinarizationThreshold).value;
 }
-
-std::wstring CameraConfig::getName() const { return read(items::name); }
-void CameraConfig::setName(const std::wstring& value) { write(items::name, value); }
-std::wstring CameraConfig::getDeviceSnippet() const { return read(items::deviceSnippet); }
-void CameraConfig::setDeviceSnippet(const std::wstring& value) { write(items::deviceSnippet, value); }
-std::wstring CameraConfig::getDeviceSnippetOriginal() const { return read(items::deviceSnippetOriginal); }
-std::wstring CameraConfig::getIntrinsicFileID() const { return read(items::intrinsicFileID); }
-void CameraConfig::setIntrinsicFileID(const std::wstring& value) { write(items::intrinsicFileID, value); }
-
-bool CameraConfig::isAutomaticExposure() const { return read(items::automaticExposure); }
-void CameraConfig::setAutomaticExposure(bool value) { write(items::automaticExposure, value); }
-bool CameraConfig::isMarkedSurfaceAutomaticExposure() const { return read(items::markedSurfaceAutomaticExposure); }
-void CameraConfig::setMarkedSurfaceAutomaticExposure(bool value) { write(items::markedSurfaceAutomaticExposure, value); }
-bool CameraConfig::isExtendedContrast() const { return read(items::extendedContrast); }
-void CameraConfig::setExtendedContrast(bool value) { write(items::extendedContrast, value); }
-int CameraConfig::getCameraGain() const { return read(items::cameraGain); }
-void CameraConfig::setCameraGain(int value) { write(items::cameraGain, value); }
-int CameraConfig::getGeometryExposure() const { return read(items::geometryExposure); }
-void CameraConfig::setGeometryExposure(int value) { write(items::geometryExposure, value); }
-int CameraConfig::getLEDExposure() const { return read(items::ledExposure); }
-void CameraConfig::setLEDExposure(int value) { write(items::ledExposure, value); }
-int CameraConfig::getMarkedSurfaceExposure() const { return read(items::markedSurfaceExposure); }
-void CameraConfig::setMarkedSurfaceExposure(int value) { write(items::markedSurfaceExposure, value); }
-int CameraConfig::getBinarizationThreshold() const { return read(items::binarizationThreshold); }
-void CameraConfig::setBinarizationThreshold(int value) { write(items::binarizationThreshold, value); }
-int CameraConfig::getLEDBinarizationThreshold() const { return read(items::ledBinarizationThreshold); }
-void CameraConfig::setLEDBinarizationThreshold(int value) { write(items::ledBinarizationThreshold, value); }
-int CameraConfig::getMarkedSurfaceBinarizationThreshold() const { return read(items::markedSurfaceBinarizationThreshold); }
 void CameraConfig::setMarkedSurfaceBinarizationThreshold(int value) {
-    write(items::markedSurfaceBinarizationThreshold, value);
+    write(items.markedSurfaceBinarizationThreshold, value);
 }
-int CameraConfig::getMarkedSurfaceOpacity() const { return read(items::markedSurfaceOpacity); }
-void CameraConfig::setMarkedSurfaceOpacity(int value) { write(items::markedSurfaceOpacity, value); }
-int CameraConfig::getSubliminalExposureWindow() const { return read(items::subliminalExposureWindow); }
-void CameraConfig::setSubliminalExposureWindow(int value) { write(items::subliminalExposureWindow, value); }
-double CameraConfig::getMaskingROIScreenAreaPercentage() const { return read(items::maskingROIScreenAreaPercentage); }
-void CameraConfig::setMaskingROIScreenAreaPercentage(double value) { write(items::maskingROIScreenAreaPercentage, value); }
+int CameraConfig::getMarkedSurfaceOpacity() const { return read(items.markedSurfaceOpacity).value; }
+void CameraConfig::setMarkedSurfaceOpacity(int value) { write(items.markedSurfaceOpacity, value); }
+int CameraConfig::getSubliminalExposureWindow() const { return read(items.subliminalExposureWindow).value; }
+void CameraConfig::setSubliminalExposureWindow(int value) { write(items.subliminalExposureWindow, value); }
+double CameraConfig::getMaskingROIScreenAreaPercentage() const { return read(items.maskingROIScreenAreaPercentage).value; }
+void CameraConfig::setMaskingROIScreenAreaPercentage(double value) { write(items.maskingROIScreenAreaPercentage, value); }
 
-std::wstring CameraConfig::getCameraReferenceImageResourceIdentifier() const { return read(items::referenceImageResource); }
-void CameraConfig::setCameraReferenceImageResourceIdentifier(const std::wstring& value) {
-    write(items::referenceImageResource, value);
+std::wstring CameraConfig::getCameraReferenceImageResourceIdentifier() const {
+    return read(items.referenceImageResource).value;
 }
-int CameraConfig::getCameraReferenceImageTimeStamp() const { return read(items::referenceImageTimeStamp); }
-void CameraConfig::setCameraReferenceImageTimeStamp(int value) { write(items::referenceImageTimeStamp, value); }
-bool CameraConfig::getExplicitExtrinsicsValid() const { return read(items::explicitExtrinsicsValid); }
-void CameraConfig::setExplicitExtrinsicsValid(bool value) { write(items::explicitExtrinsicsValid, value); }
-std::wstring CameraConfig::getOldUID() const { return read(items::oldUID); }
+void CameraConfig::setCameraReferenceImageResourceIdentifier(const std::wstring& value) {
+    write(items.referenceImageResource, value);
+}
+int CameraConfig::getCameraReferenceImageTimeStamp() const { return read(items.referenceImageTimeStamp).value; }
+void CameraConfig::setCameraReferenceImageTimeStamp(int value) { write(items.referenceImageTimeStamp, value); }
+bool CameraConfig::getExplicitExtrinsicsValid() const { return read(items.explicitExtrinsicsValid).value; }
+void CameraConfig::setExplicitExtrinsicsValid(bool value) { write(items.explicitExtrinsicsValid, value); }
+std::wstring CameraConfig::getOldUID() const { return read(items.oldUID).value; }
 
 // Calibration points: a filled cache hides the document.
 
 std::map<int, Point_2Dim<double>> CameraConfig::getCameraCalibrationPoints(bool reference) const {
     auto& cache = reference ? m_referenceCalibrationPoints : m_calibrationPoints;
-    if (cache.empty()) cache = XMLConfig::detail::calibrationPointsFromText(read(calibrationItem(reference)));
+    if (cache.empty()) cache = XMLConfig::detail::calibrationPointsFromText(read(calibrationItem(reference)).value);
     return cache;
 }
 void CameraConfig::setCameraCalibrationPoints(bool reference, const std::map<int, Point_2Dim<double>>& points) {
@@ -107,25 +99,25 @@ void CameraConfig::setCameraCalibrationPoints(bool reference, const std::map<int
 // A pose given by hand.
 
 bool CameraConfig::getExplicitExtrinsics(Point_3Dim<double>& xyz, Point_3Dim<double>& ypr) const {
-    const Point_3Dim<double> position = read(items::explicitExtrinsicsXYZ);
-    const Point_3Dim<double> rotation = read(items::explicitExtrinsicsYPR);
+    const Point_3Dim<double> position = read(items.explicitExtrinsicsXYZ).value;
+    const Point_3Dim<double> rotation = read(items.explicitExtrinsicsYPR).value;
     if (wasRead(position)) xyz = position;
     if (wasRead(rotation)) ypr = rotation;
     return wasRead(position) && wasRead(rotation);
 }
 void CameraConfig::setExplicitExtrinsics(const Point_3Dim<double>& xyz, const Point_3Dim<double>& ypr) {
-    write(items::explicitExtrinsicsXYZ, xyz);
-    write(items::explicitExtrinsicsYPR, ypr);
+    write(items.explicitExtrinsicsXYZ, xyz);
+    write(items.explicitExtrinsicsYPR, ypr);
 }
 bool CameraConfig::doesExplicitExtrinsicsExist() const {
-    return m_configInfo->doesItemExist(getSectionName(), items::explicitExtrinsicsXYZ.key, getSectionID());
+    return m_configInfo->doesItemExist(getSectionName(), items.explicitExtrinsicsXYZ.key, getSectionID());
 }
 
 // Edge thresholds: four numbers, or one in documents of older releases.
 
 std::vector<int> CameraConfig::getMultiCamEdgeThreshold() const {
     std::vector<std::wstring> pieces;
-    ConfigInfo::createTokenVector(pieces, read(items::multiCamEdgeThreshold), L",");
+    ConfigInfo::createTokenVector(pieces, read(items.multiCamEdgeThreshold).value, L",");
     std::vector<int> values;
     values.reserve(pieces.size());
     for (const std::wstring& piece : pieces) values.push_back(XMLConfig::detail::leadingInteger(piece));
@@ -138,7 +130,7 @@ std::vector<int> CameraConfig::getMultiCamEdgeThreshold() const {
 void CameraConfig::setMultiCamEdgeThreshold(const std::vector<int>& values) {
     if (values.size() < edgeCount)
         throw CorvaneException(L"Error setMultiCamEdgeThreshold: section \"" + getSectionName() + L"\" \"" + getSectionID() +
-                               L"\", item \"" + items::multiCamEdgeThreshold.key + L"\": four values are needed, " +
+                               L"\", item \"" + items.multiCamEdgeThreshold.key + L"\": four values are needed, " +
                                XMLConfig::detail::formatInteger(static_cast<long long>(values.size())) + L" were given");
     storeEdgeThresholds(values);
 }
@@ -146,5 +138,6 @@ void CameraConfig::setMultiCamEdgeThreshold(const std::vector<int>& values) {
 void CameraConfig::storeEdgeThresholds(const std::vector<int>& values) const {
     std::wstring text = XMLConfig::detail::formatInteger(values[0]);
     for (std::size_t edge = 1; edge < edgeCount; ++edge) text += L',' + XMLConfig::detail::formatInteger(values[edge]);
-    writeItem(*m_configInfo, getSectionName(), getSectionID(), items::multiCamEdgeThreshold, text);
+    ValueTrait<std::wstring>::write(*m_configInfo, {getSectionName(), getSectionID(), items.multiCamEdgeThreshold.key},
+                                    text);
 }

@@ -4,9 +4,9 @@
 
 #include "platform/Numbers.h"
 #include "sections/ColorItems.h"
-#include "sections/Tokens.h"
+#include "store/Tokens.h"
 
-namespace items = XMLConfig::detail::colorItems;
+static constexpr auto& items = XMLConfig::detail::colorItems;
 using XMLConfig::detail::leadingDouble;
 using XMLConfig::detail::leadingInteger;
 using XMLConfig::detail::tokensOf;
@@ -30,84 +30,67 @@ std::wstring pairKey(std::wstring_view pattern, const std::wstring& first, const
 }  // namespace
 
 ColorConfig::ColorConfig(ConfigInfo* configInfo, const std::wstring& sectionID)
-    : BaseConfig(configInfo, items::sectionName, sectionID) {}
+    : BaseConfig(configInfo, items.section, sectionID) {}
 
 ColorConfig::~ColorConfig() = default;
 
-void ColorConfig::initialize() {
-    writeInitial(items::maxIterationsColor);
-    writeInitial(items::minCameraExposureDelta);
-    writeInitial(items::useProjectorAperture);
-    writeInitial(items::normalizedThresholdBrightness);
-    writeInitial(items::normalizedThresholdColor);
-    writeInitial(items::brightnessAdjustViaLampPower);
-    writeInitial(items::targetSizeX);
-    writeInitial(items::targetSizeY);
-    writeInitial(items::userLampPowerCap);
-    writeInitial(items::advColorCommPort);
-    writeInitial(items::brightnessTolerance);
-    writeInitial(items::colourTolerance);
-    writeInitial(items::colourConvergeJump);
-    writeInitial(items::cameraOrder);
-    writeInitial(items::normalizedValidExposureSampleRange);
-    writeInitial(items::colorimeterType);
-}
+void ColorConfig::initialize() { writeInitialValues(items); }
 
-int ColorConfig::getMaxIterationsColor() const { return read(items::maxIterationsColor); }
-void ColorConfig::setMaxIterationsColor(int value) { write(items::maxIterationsColor, value); }
+int ColorConfig::getMaxIterationsColor() const { return read(items.maxIterationsColor).value; }
+void ColorConfig::setMaxIterationsColor(int value) { write(items.maxIterationsColor, value); }
 
-int ColorConfig::getMinCameraExposureDelta() const { return read(items::minCameraExposureDelta); }
-void ColorConfig::setMinCameraExposureDelta(int value) { write(items::minCameraExposureDelta, value); }
+int ColorConfig::getMinCameraExposureDelta() const { return read(items.minCameraExposureDelta).value; }
+void ColorConfig::setMinCameraExposureDelta(int value) { write(items.minCameraExposureDelta, value); }
 
-bool ColorConfig::getUseProjectorAperture() const { return read(items::useProjectorAperture); }
-void ColorConfig::setUseProjectorAperture(bool value) { write(items::useProjectorAperture, value); }
+bool ColorConfig::getUseProjectorAperture() const { return read(items.useProjectorAperture).value; }
+void ColorConfig::setUseProjectorAperture(bool value) { write(items.useProjectorAperture, value); }
 
-double ColorConfig::getNormalizedThresholdBrightness() const { return read(items::normalizedThresholdBrightness); }
-void ColorConfig::setNormalizedThresholdBrightness(double value) { write(items::normalizedThresholdBrightness, value); }
+double ColorConfig::getNormalizedThresholdBrightness() const { return read(items.normalizedThresholdBrightness).value; }
+void ColorConfig::setNormalizedThresholdBrightness(double value) { write(items.normalizedThresholdBrightness, value); }
 
-double ColorConfig::getNormalizedThresholdColor() const { return read(items::normalizedThresholdColor); }
-void ColorConfig::setNormalizedThresholdColor(double value) { write(items::normalizedThresholdColor, value); }
+double ColorConfig::getNormalizedThresholdColor() const { return read(items.normalizedThresholdColor).value; }
+void ColorConfig::setNormalizedThresholdColor(double value) { write(items.normalizedThresholdColor, value); }
 
-bool ColorConfig::getBrightnessAdjustViaLampPower() const { return read(items::brightnessAdjustViaLampPower); }
-void ColorConfig::setBrightnessAdjustViaLampPower(bool value) { write(items::brightnessAdjustViaLampPower, value); }
+bool ColorConfig::getBrightnessAdjustViaLampPower() const { return read(items.brightnessAdjustViaLampPower).value; }
+void ColorConfig::setBrightnessAdjustViaLampPower(bool value) { write(items.brightnessAdjustViaLampPower, value); }
 
-int ColorConfig::getTargetSizeX() const { return read(items::targetSizeX); }
-void ColorConfig::setTargetSizeX(int value) { write(items::targetSizeX, value); }
+int ColorConfig::getTargetSizeX() const { return read(items.targetSizeX).value; }
+void ColorConfig::setTargetSizeX(int value) { write(items.targetSizeX, value); }
 
-int ColorConfig::getTargetSizeY() const { return read(items::targetSizeY); }
-void ColorConfig::setTargetSizeY(int value) { write(items::targetSizeY, value); }
+int ColorConfig::getTargetSizeY() const { return read(items.targetSizeY).value; }
+void ColorConfig::setTargetSizeY(int value) { write(items.targetSizeY, value); }
 
-double ColorConfig::getUserLampPowerCap() const { return read(items::userLampPowerCap); }
-void ColorConfig::setUserLampPowerCap(double value) { write(items::userLampPowerCap, value); }
+double ColorConfig::getUserLampPowerCap() const { return read(items.userLampPowerCap).value; }
+void ColorConfig::setUserLampPowerCap(double value) { write(items.userLampPowerCap, value); }
 
-std::wstring ColorConfig::getAdvColorCommPort() const { return read(items::advColorCommPort); }
-void ColorConfig::setAdvColorCommPort(const std::wstring& value) { write(items::advColorCommPort, value); }
+std::wstring ColorConfig::getAdvColorCommPort() const { return read(items.advColorCommPort).value; }
+void ColorConfig::setAdvColorCommPort(const std::wstring& value) { write(items.advColorCommPort, value); }
 
-double ColorConfig::getBrightnessTolerance() const { return read(items::brightnessTolerance); }
-void ColorConfig::setBrightnessTolerance(double value) { write(items::brightnessTolerance, value); }
+double ColorConfig::getBrightnessTolerance() const { return read(items.brightnessTolerance).value; }
+void ColorConfig::setBrightnessTolerance(double value) { write(items.brightnessTolerance, value); }
 
-double ColorConfig::getColourTolerance() const { return read(items::colourTolerance); }
-void ColorConfig::setColourTolerance(double value) { write(items::colourTolerance, value); }
+double ColorConfig::getColourTolerance() const { return read(items.colourTolerance).value; }
+void ColorConfig::setColourTolerance(double value) { write(items.colourTolerance, value); }
 
-double ColorConfig::getColourConvergeJump() const { return read(items::colourConvergeJump); }
-void ColorConfig::setColourConvergeJump(double value) { write(items::colourConvergeJump, value); }
+double ColorConfig::getColourConvergeJump() const { return read(items.colourConvergeJump).value; }
+void ColorConfig::setColourConvergeJump(double value) { write(items.colourConvergeJump, value); }
 
 Point_2Dim<double> ColorConfig::getNormalizedValidExposureSampleRange() const {
-    return read(items::normalizedValidExposureSampleRange);
+    return read(items.normalizedValidExposureSampleRange).value;
 }
 void ColorConfig::setNormalizedValidExposureSampleRange(const Point_2Dim<double>& value) {
-    write(items::normalizedValidExposureSampleRange, value);
+    write(items.normalizedValidExposureSampleRange, value);
 }
 
-int ColorConfig::getColorimeterType() const { return read(items::colorimeterType); }
-void ColorConfig::setColorimeterType(int value) { write(items::colorimeterType, value); }
+int ColorConfig::getColorimeterType() const { return read(items.colorimeterType).value; }
+void ColorConfig::setColorimeterType(int value) { write(items.colorimeterType, value); }
 
-std::wstring ColorConfig::getAdvancedColorFilename() const { return read(items::advancedColorFilename); }
-void ColorConfig::setAdvancedColorFilename(const std::wstring& value) { write(items::advancedColorFilename, value); }
+std::wstring ColorConfig::getAdvancedColorFilename() const { return read(items.advancedColorFilename).value; }
+void ColorConfig::setAdvancedColorFilename(const std::wstring& value) { write(items.advancedColorFilename, value); }
 
 // Lists in one item.
 
-std::vector<std::wstring> ColorConfig::getCameraOrder() const { return tokensOf(read(items::cameraOrder)); }
+std::vector<std::wstring> ColorConfig::getCameraOrder() const { return tokensOf(read(items.cameraOrder).value); }
 
 void ColorConfig::setCameraOrder(const std::vector<std::wstring>& ids) {
     std::wstring text;
@@ -115,13 +98,13 @@ void ColorConfig::setCameraOrder(const std::vector<std::wstring>& ids) {
         if (i > 0) text += L',';
         text += ids[i];
     }
-    write(items::cameraOrder, text);
+    write(items.cameraOrder, text);
 }
 
 void ColorConfig::getCameraOverlapPointAndChannel(const std::wstring& cameraA, const std::wstring& cameraB,
                                                   Point_3Dim<double>& point, int& channelA, int& channelB) const {
-    const std::wstring key = pairKey(items::cameraOverlapPoint.key, cameraA, cameraB);
-    const std::vector<std::wstring> tokens = tokensOf(get(key, items::cameraOverlapPoint.fallback).value);
+    const std::wstring key = pairKey(items.cameraOverlapPoint.key, cameraA, cameraB);
+    const std::vector<std::wstring> tokens = tokensOf(get(key, items.cameraOverlapPoint.fallback).value);
     if (tokens.size() != 5) return;
     point = {leadingDouble(tokens[0]), leadingDouble(tokens[1]), leadingDouble(tokens[2])};
     channelA = leadingInteger(tokens[3]);

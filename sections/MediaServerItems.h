@@ -1,16 +1,20 @@
 #pragma once
 
-#include "base/Items.h"
+#include "base/SettingTable.h"
+
+namespace XMLConfig::detail {
 
 /// The section "MediaServer" is open: callers name the keys. Described here is what the library itself reads.
-namespace XMLConfig::detail::mediaServerItems {
+// clang-format off
+struct MediaServerItems : SettingTable {
+    constexpr MediaServerItems() : SettingTable(L"MediaServer") {}
 
-inline constexpr const wchar_t* sectionName = L"MediaServer";
+    Descriptor<std::wstring> outputFile{*this, L"outputFile", {L""},
+        means(L"the file an export writes; empty for one beside the configuration")};
+};
+// clang-format on
 
-inline constexpr Item<std::wstring> outputFile =
-    Item<std::wstring>{L"outputFile", L""}.means(L"the file an export writes; empty for one beside the configuration");
+inline constexpr MediaServerItems mediaServerItems;
+static_assert(keysAreDistinct(mediaServerItems));
 
-inline constexpr auto all = std::tuple(outputFile);
-static_assert(keysAreDistinct(all));
-
-}  // namespace XMLConfig::detail::mediaServerItems
+}  // namespace XMLConfig::detail

@@ -6,35 +6,37 @@
 #include "platform/Numbers.h"
 #include "sections/ApprovedSlotsItems.h"
 
-namespace items = XMLConfig::detail::approvedSlotsItems;
+static constexpr auto& items = XMLConfig::detail::approvedSlotsItems;
 using XMLConfig::detail::formatInteger;
 using XMLConfig::detail::strictInteger;
 
 namespace {
 
-std::wstring slotTag() { return std::wstring(items::slotTag); }
-std::wstring nameKey() { return std::wstring(items::nameKey); }
+std::wstring slotTag() { return std::wstring(XMLConfig::detail::slotTag); }
+std::wstring nameKey() { return std::wstring(XMLConfig::detail::slotNameKey); }
 
 }  // namespace
 
 ProjectorApprovedSlotsConfig::ProjectorApprovedSlotsConfig(ConfigInfo* configInfo, const std::wstring& sectionID)
-    : BaseConfig(configInfo, items::sectionName, sectionID) {}
+    : BaseConfig(configInfo, items.section, sectionID) {}
 
 ProjectorApprovedSlotsConfig::~ProjectorApprovedSlotsConfig() = default;
 
 void ProjectorApprovedSlotsConfig::initialize() {}
 
-int ProjectorApprovedSlotsConfig::getCurrentSlotID() const { return read(items::currentSlotID); }
-void ProjectorApprovedSlotsConfig::setCurrentSlotID(const int& slot) { write(items::currentSlotID, slot); }
-std::wstring ProjectorApprovedSlotsConfig::getTimeOfLastRun() const { return read(items::timeOfLastRun); }
-void ProjectorApprovedSlotsConfig::setTimeOfLastRun(const std::wstring& time) { write(items::timeOfLastRun, time); }
-std::wstring ProjectorApprovedSlotsConfig::getDiagnosticsFolderOfLastRun() const { return read(items::lastRunDiagFolder); }
+int ProjectorApprovedSlotsConfig::getCurrentSlotID() const { return read(items.currentSlotID).value; }
+void ProjectorApprovedSlotsConfig::setCurrentSlotID(const int& slot) { write(items.currentSlotID, slot); }
+std::wstring ProjectorApprovedSlotsConfig::getTimeOfLastRun() const { return read(items.timeOfLastRun).value; }
+void ProjectorApprovedSlotsConfig::setTimeOfLastRun(const std::wstring& time) { write(items.timeOfLastRun, time); }
+std::wstring ProjectorApprovedSlotsConfig::getDiagnosticsFolderOfLastRun() const {
+    return read(items.lastRunDiagFolder).value;
+}
 void ProjectorApprovedSlotsConfig::setDiagnosticsFolderOfLastRun(const std::wstring& folder) {
-    write(items::lastRunDiagFolder, folder);
+    write(items.lastRunDiagFolder, folder);
 }
 
 std::wstring ProjectorApprovedSlotsConfig::getSlotName(int slot) const {
-    return m_configInfo->getStringItem(getSectionName(), nameKey(), items::slotName.fallback, getSectionID(), slotTag(),
+    return m_configInfo->getStringItem(getSectionName(), nameKey(), items.slotName.fallback, getSectionID(), slotTag(),
                                        formatInteger(slot));
 }
 

@@ -161,8 +161,9 @@ public:
 
 private:
     template <typename T>
-    XMLConfig::detail::ReadValue<T> readInherited(const XMLConfig::detail::Item<T>& item) const;
+    Explicit<typename XMLConfig::detail::ValueTrait<T>::Given> readInherited(
+        const XMLConfig::detail::Descriptor<T>& item) const;
     template <typename T>
-    void unset(const XMLConfig::detail::Item<T>& item);
-    void writeOrUnset(const XMLConfig::detail::Item<std::wstring>& item, const std::wstring& value);
+    void unset(const XMLConfig::detail::Descriptor<T>& item);
+    void writeOrUnset(const XMLConfig::detail::Descriptor<std::wstring>& item, const std::wstring& value);
 };

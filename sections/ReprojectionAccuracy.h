@@ -41,10 +41,10 @@ public:
     bool saveResults();
 
 private:
-    double readGlobal(const XMLConfig::detail::Item<double>& item) const;
-    void writeGlobal(const XMLConfig::detail::Item<double>& item, double value);
-    double readCamera(const XMLConfig::detail::Item<double>& item, const std::wstring& cameraID) const;
-    void writeCamera(const XMLConfig::detail::Item<double>& item, const std::wstring& cameraID, double value);
+    double readGlobal(const XMLConfig::detail::Descriptor<double>& item) const;
+    void writeGlobal(const XMLConfig::detail::Descriptor<double>& item, double value);
+    double readCamera(const XMLConfig::detail::Descriptor<double>& item, const std::wstring& cameraID) const;
+    void writeCamera(const XMLConfig::detail::Descriptor<double>& item, const std::wstring& cameraID, double value);
 
     std::unique_ptr<ConfigInfo> m_results;  ///< null when the base owns the document
 };

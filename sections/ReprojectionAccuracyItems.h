@@ -1,23 +1,25 @@
 #pragma once
 
-#include "base/Items.h"
+#include "base/SettingTable.h"
 
-/// The items of a results document. They stand in the section "global" for the whole display and in a section "Camera"
+namespace XMLConfig::detail {
+
+/// The settings of a results document. They stand in the section "global" for the whole display and in a section "Camera"
 /// for each camera; a new document holds those of the whole display.
-namespace XMLConfig::detail::reprojectionAccuracyItems {
+// clang-format off
+struct ReprojectionAccuracyItems : SettingTable {
+    constexpr ReprojectionAccuracyItems() : SettingTable(L"global") {}
 
-inline constexpr const wchar_t* sectionName = L"AnalyticResults";
-inline constexpr const wchar_t* globalSectionName = L"global";
-inline constexpr const wchar_t* cameraSectionName = L"Camera";
+    Descriptor<double> maxError{*this, L"ReprojectionError_Max", {0.0, -1.0},
+        means(L"the largest reprojection error").in(Unit::Pixels)};
+    Descriptor<double> rmsError{*this, L"ReprojectionError_RMS", {0.0, -1.0},
+        means(L"root mean square of the reprojection errors").in(Unit::Pixels)};
+    Descriptor<double> overlapPercentage{*this, L"ReprojectionError_OverlapPercent", {0.0, -1.0},
+        means(L"the share of the measured overlap").in(Unit::Percent)};
+};
+// clang-format on
 
-inline constexpr Item<double> maxError =
-    Item<double>{L"ReprojectionError_Max", 0.0, -1.0}.in(L"pixels").means(L"the largest reprojection error");
-inline constexpr Item<double> rmsError =
-    Item<double>{L"ReprojectionError_RMS", 0.0, -1.0}.in(L"pixels").means(L"root mean square of the reprojection errors");
-inline constexpr Item<double> overlapPercentage =
-    Item<double>{L"ReprojectionError_OverlapPercent", 0.0, -1.0}.in(L"percent").means(L"the share of the measured overlap");
+inline constexpr ReprojectionAccuracyItems reprojectionAccuracyItems;
+static_assert(keysAreDistinct(reprojectionAccuracyItems));
 
-inline constexpr auto all = std::tuple(maxError, rmsError, overlapPercentage);
-static_assert(keysAreDistinct(all));
-
-}  // namespace XMLConfig::detail::reprojectionAccuracyItems
+}  // namespace XMLConfig::detail

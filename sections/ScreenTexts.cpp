@@ -1,7 +1,7 @@
 #include "sections/ScreenTexts.h"
 
 #include "platform/Numbers.h"
-#include "sections/Tokens.h"
+#include "store/Tokens.h"
 
 namespace XMLConfig::detail {
 

@@ -5,7 +5,7 @@
 #include "platform/Clock.h"
 #include "sections/SiteAnalyticsItems.h"
 
-namespace items = XMLConfig::detail::siteAnalyticsItems;
+static constexpr auto& items = XMLConfig::detail::siteAnalyticsItems;
 
 namespace {
 
@@ -23,24 +23,24 @@ int oneMore(int count) { return count == std::numeric_limits<int>::max() ? count
 }  // namespace
 
 SiteAnalyticsConfig::SiteAnalyticsConfig(ConfigInfo* configInfo, const std::wstring& sectionID)
-    : BaseConfig(configInfo, items::sectionName, sectionID) {}
+    : BaseConfig(configInfo, items.section, sectionID) {}
 
 SiteAnalyticsConfig::~SiteAnalyticsConfig() = default;
 
 void SiteAnalyticsConfig::initialize() {}
 
-int SiteAnalyticsConfig::getSuccessfulRunNumber() const { return read(items::successfulRunNumber); }
-void SiteAnalyticsConfig::setSuccessfulRunNumber(int count) { write(items::successfulRunNumber, count); }
+int SiteAnalyticsConfig::getSuccessfulRunNumber() const { return read(items.successfulRunNumber).value; }
+void SiteAnalyticsConfig::setSuccessfulRunNumber(int count) { write(items.successfulRunNumber, count); }
 void SiteAnalyticsConfig::incrementSuccessfulRunNumber() { setSuccessfulRunNumber(oneMore(getSuccessfulRunNumber())); }
 void SiteAnalyticsConfig::resetSuccessfulRunNumber() { setSuccessfulRunNumber(0); }
-int SiteAnalyticsConfig::getFailedRunNumber() const { return read(items::failedRunNumber); }
-void SiteAnalyticsConfig::setFailedRunNumber(int count) { write(items::failedRunNumber, count); }
+int SiteAnalyticsConfig::getFailedRunNumber() const { return read(items.failedRunNumber).value; }
+void SiteAnalyticsConfig::setFailedRunNumber(int count) { write(items.failedRunNumber, count); }
 void SiteAnalyticsConfig::incrementFailedRunNumber() { setFailedRunNumber(oneMore(getFailedRunNumber())); }
 void SiteAnalyticsConfig::resetFailedRunNumber() { setFailedRunNumber(0); }
-std::int32_t SiteAnalyticsConfig::getLastRunTimestamp() const { return read(items::lastRunTimestamp); }
-void SiteAnalyticsConfig::setLastRunTimestamp() { write(items::lastRunTimestamp, presentTime()); }
-std::int32_t SiteAnalyticsConfig::getVisitTimestamp() const { return read(items::visitTimestamp); }
-void SiteAnalyticsConfig::setVisitTimestamp() { write(items::visitTimestamp, presentTime()); }
+std::int32_t SiteAnalyticsConfig::getLastRunTimestamp() const { return read(items.lastRunTimestamp).value; }
+void SiteAnalyticsConfig::setLastRunTimestamp() { write(items.lastRunTimestamp, presentTime()); }
+std::int32_t SiteAnalyticsConfig::getVisitTimestamp() const { return read(items.visitTimestamp).value; }
+void SiteAnalyticsConfig::setVisitTimestamp() { write(items.visitTimestamp, presentTime()); }
 
 void SiteAnalyticsConfig::resetSiteAnalytics() {
     resetFailedRunNumber();

@@ -1,21 +1,26 @@
 #pragma once
 
-#include "base/Items.h"
+#include "base/SettingTable.h"
 
-/// The items of the section "SiteAnalytics". Times are seconds since 1970-01-01 UTC, cut to 32 bits.
-namespace XMLConfig::detail::siteAnalyticsItems {
+namespace XMLConfig::detail {
 
-inline constexpr const wchar_t* sectionName = L"SiteAnalytics";
-inline constexpr const wchar_t* epochSeconds = L"seconds since 1970-01-01 UTC";
+/// The settings of the section "SiteAnalytics". Times are cut to 32 bits.
+// clang-format off
+struct SiteAnalyticsItems : SettingTable {
+    constexpr SiteAnalyticsItems() : SettingTable(L"SiteAnalytics") {}
 
-inline constexpr Item<int> successfulRunNumber = Item<int>{L"SuccessfulRunNumber", 0}.means(L"runs that succeeded");
-inline constexpr Item<int> failedRunNumber = Item<int>{L"FailedRunNumber", 0}.means(L"runs that failed");
-inline constexpr Item<int> lastRunTimestamp =
-    Item<int>{L"LastRunTimestamp", 0}.in(epochSeconds).means(L"when the last run was made; 0 for never");
-inline constexpr Item<int> visitTimestamp =
-    Item<int>{L"VisitTimestamp", 0}.in(epochSeconds).means(L"when the installation was first visited; 0 for not yet");
+    Descriptor<int> successfulRunNumber{*this, L"SuccessfulRunNumber", {0},
+        means(L"runs that succeeded").byRuns()};
+    Descriptor<int> failedRunNumber{*this, L"FailedRunNumber", {0},
+        means(L"runs that failed").byRuns()};
+    Descriptor<int> lastRunTimestamp{*this, L"LastRunTimestamp", {0},
+        means(L"when the last run was made; 0 for never").in(Unit::EpochSeconds).byRuns()};
+    Descriptor<int> visitTimestamp{*this, L"VisitTimestamp", {0},
+        means(L"when the installation was first visited; 0 for not yet").in(Unit::EpochSeconds).byRuns()};
+};
+// clang-format on
 
-inline constexpr auto all = std::tuple(successfulRunNumber, failedRunNumber, lastRunTimestamp, visitTimestamp);
-static_assert(keysAreDistinct(all));
+inline constexpr SiteAnalyticsItems siteAnalyticsItems;
+static_assert(keysAreDistinct(siteAnalyticsItems));
 
-}  // namespace XMLConfig::detail::siteAnalyticsItems
+}  // namespace XMLConfig::detail

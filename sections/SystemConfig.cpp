@@ -2,19 +2,18 @@
 
 #include <utility>
 
-#include "base/Items.h"
 #include "platform/Early.h"
 #include "sections/SystemItems.h"
 #include "store/CorvaneException.h"
 
-namespace items = XMLConfig::detail::systemItems;
+static constexpr auto& items = XMLConfig::detail::systemItems;
 
 XMLCONFIG_EARLY const std::wstring SystemConfig::DEFAULT_FILE_BASENAME = L"untitled";
 XMLCONFIG_EARLY const std::wstring SystemConfig::DEFAULT_SKORRA_FILE_EXTENSION = L".skorrax";
 XMLCONFIG_EARLY const std::wstring SystemConfig::PROMPT_SUFFIX = L"-prompt";
 
 SystemConfig::SystemConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager> assetManager, const std::wstring& sectionID)
-    : BaseConfig(configInfo, items::sectionName, sectionID),
+    : BaseConfig(configInfo, items.section, sectionID),
       m_markerMethodTexts{{MarkerLocationManual, L"manual"},
                           {MarkerLocationLed, L"led"},
                           {MarkerLocationLedManual, L"led-manual"},
@@ -31,78 +30,70 @@ SystemConfig::SystemConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager>
 SystemConfig::~SystemConfig() = default;
 
 void SystemConfig::initialize() {
-    writeInitial(items::areBlindersUsed);
-    writeInitial(items::isCameraUsed);
-    writeInitial(items::availableBlackBoxPowerPorts);
-    writeInitial(items::parallelizeSends);
-    setACTCount(items::actCount.initial);
-    writeInitial(items::glareThresholdPercentage);
-    writeInitial(items::markedSurfaceMaskingExpansionPercentage);
-    writeInitial(items::markerLocationMethod);
-    writeInitial(items::lengthUnit);
-    writeInitial(items::angleUnit);
+    removeACTUnits(items.actCount.initial, getACTCount());
+    writeInitialValues(items);
 }
 
-std::wstring SystemConfig::getLengthUnit() const { return read(items::lengthUnit); }
-std::wstring SystemConfig::getAngleUnit() const { return read(items::angleUnit); }
+std::wstring SystemConfig::getLengthUnit() const { return read(items.lengthUnit).value; }
+std::wstring SystemConfig::getAngleUnit() const { return read(items.angleUnit).value; }
 
-double SystemConfig::getCinemaKeystoneValue() const { return read(items::cinemaKeystoneValue); }
-void SystemConfig::setCinemaKeystoneValue(double value) { write(items::cinemaKeystoneValue, value); }
-double SystemConfig::getCinemaVerticalShift() const { return read(items::cinemaVerticalShift); }
-void SystemConfig::setCinemaVerticalShift(double value) { write(items::cinemaVerticalShift, value); }
-double SystemConfig::getCinemaVerticalStretch() const { return read(items::cinemaVerticalStretch); }
-void SystemConfig::setCinemaVerticalStretch(double value) { write(items::cinemaVerticalStretch, value); }
+double SystemConfig::getCinemaKeystoneValue() const { return read(items.cinemaKeystoneValue).value; }
+void SystemConfig::setCinemaKeystoneValue(double value) { write(items.cinemaKeystoneValue, value); }
+double SystemConfig::getCinemaVerticalShift() const { return read(items.cinemaVerticalShift).value; }
+void SystemConfig::setCinemaVerticalShift(double value) { write(items.cinemaVerticalShift, value); }
+double SystemConfig::getCinemaVerticalStretch() const { return read(items.cinemaVerticalStretch).value; }
+void SystemConfig::setCinemaVerticalStretch(double value) { write(items.cinemaVerticalStretch, value); }
 
-bool SystemConfig::getSupportsPellinor() const { return read(items::supportsPellinor); }
-void SystemConfig::setSupportsPellinor(bool value) { write(items::supportsPellinor, value); }
-bool SystemConfig::getOneShotMappersEnabled() const { return read(items::oneShotMappers); }
-void SystemConfig::setOneShotMappersEnabled(bool value) { write(items::oneShotMappers, value); }
-std::wstring SystemConfig::getSkorraFilename() const { return read(items::skorraFile); }
-bool SystemConfig::getAreBlindersUsed() const { return read(items::areBlindersUsed); }
-void SystemConfig::setAreBlindersUsed(bool value) { write(items::areBlindersUsed, value); }
-bool SystemConfig::getIsBlbUsed() const { return read(items::isBlbUsed); }
-void SystemConfig::setIsBlbUsed(bool value) { write(items::isBlbUsed, value); }
-bool SystemConfig::getIsCameraUsed() const { return read(items::isCameraUsed); }
-void SystemConfig::setIsCameraUsed(bool value) { write(items::isCameraUsed, value); }
-bool SystemConfig::isUseScreenAsMaskEnabled() const { return read(items::isReferenceOverlayMaskingEnabled); }
-void SystemConfig::enableUseScreenAsMask(bool value) { write(items::isReferenceOverlayMaskingEnabled, value); }
-bool SystemConfig::getPoseBlenderIgnoresOcclusions() const { return read(items::poseBlenderIgnoresShadows); }
-void SystemConfig::setPoseBlenderIgnoresOcclusions(bool value) { write(items::poseBlenderIgnoresShadows, value); }
-bool SystemConfig::getParallelizeSends() const { return read(items::parallelizeSends); }
-void SystemConfig::setParallelizeSends(bool value) { write(items::parallelizeSends, value); }
-int SystemConfig::getGlareThreshold() const { return read(items::glareThresholdPercentage); }
-void SystemConfig::setGlareThreshold(int percent) { write(items::glareThresholdPercentage, percent); }
+bool SystemConfig::getSupportsPellinor() const { return read(items.supportsPellinor).value; }
+void SystemConfig::setSupportsPellinor(bool value) { write(items.supportsPellinor, value); }
+bool SystemConfig::getOneShotMappersEnabled() const { return read(items.oneShotMappers).value; }
+void SystemConfig::setOneShotMappersEnabled(bool value) { write(items.oneShotMappers, value); }
+std::wstring SystemConfig::getSkorraFilename() const { return read(items.skorraFile).value; }
+bool SystemConfig::getAreBlindersUsed() const { return read(items.areBlindersUsed).value; }
+void SystemConfig::setAreBlindersUsed(bool value) { write(items.areBlindersUsed, value); }
+bool SystemConfig::getIsBlbUsed() const { return read(items.isBlbUsed).value; }
+void SystemConfig::setIsBlbUsed(bool value) { write(items.isBlbUsed, value); }
+bool SystemConfig::getIsCameraUsed() const { return read(items.isCameraUsed).value; }
+void SystemConfig::setIsCameraUsed(bool value) { write(items.isCameraUsed, value); }
+bool SystemConfig::isUseScreenAsMaskEnabled() const { return read(items.isReferenceOverlayMaskingEnabled).value; }
+void SystemConfig::enableUseScreenAsMask(bool value) { write(items.isReferenceOverlayMaskingEnabled, value); }
+bool SystemConfig::getPoseBlenderIgnoresOcclusions() const { return read(items.poseBlenderIgnoresShadows).value; }
+void SystemConfig::setPoseBlenderIgnoresOcclusions(bool value) { write(items.poseBlenderIgnoresShadows, value); }
+bool SystemConfig::getParallelizeSends() const { return read(items.parallelizeSends).value; }
+void SystemConfig::setParallelizeSends(bool value) { write(items.parallelizeSends, value); }
+int SystemConfig::getGlareThreshold() const { return read(items.glareThresholdPercentage).value; }
+void SystemConfig::setGlareThreshold(int percent) { write(items.glareThresholdPercentage, percent); }
 int SystemConfig::getMarkedSurfaceMaskingExpansionPct() const {
-    return read(items::markedSurfaceMaskingExpansionPercentage);
+    return read(items.markedSurfaceMaskingExpansionPercentage).value;
 }
 void SystemConfig::setMarkedSurfaceMaskingExpansionPct(int percent) {
-    write(items::markedSurfaceMaskingExpansionPercentage, percent);
+    write(items.markedSurfaceMaskingExpansionPercentage, percent);
 }
-int SystemConfig::getReferenceMappingsTimeStamp() const { return read(items::referenceMappingsTimestamp); }
-void SystemConfig::setReferenceMappingsTimeStamp(int timeStamp) { write(items::referenceMappingsTimestamp, timeStamp); }
+int SystemConfig::getReferenceMappingsTimeStamp() const { return read(items.referenceMappingsTimestamp).value; }
+void SystemConfig::setReferenceMappingsTimeStamp(int timeStamp) { write(items.referenceMappingsTimestamp, timeStamp); }
 
-std::wstring SystemConfig::getMotoBlendInitCommand() const { return read(items::motoBlendInitCommand); }
-void SystemConfig::setMotoBlendInitCommand(const std::wstring& command) { write(items::motoBlendInitCommand, command); }
-std::wstring SystemConfig::getMotoBlendOpenCommand() const { return read(items::motoBlendOpenCommand); }
-void SystemConfig::setMotoBlendOpenCommand(const std::wstring& command) { write(items::motoBlendOpenCommand, command); }
-std::wstring SystemConfig::getMotoBlendCloseCommand() const { return read(items::motoBlendCloseCommand); }
-void SystemConfig::setMotoBlendCloseCommand(const std::wstring& command) { write(items::motoBlendCloseCommand, command); }
+std::wstring SystemConfig::getMotoBlendInitCommand() const { return read(items.motoBlendInitCommand).value; }
+void SystemConfig::setMotoBlendInitCommand(const std::wstring& command) { write(items.motoBlendInitCommand, command); }
+std::wstring SystemConfig::getMotoBlendOpenCommand() const { return read(items.motoBlendOpenCommand).value; }
+void SystemConfig::setMotoBlendOpenCommand(const std::wstring& command) { write(items.motoBlendOpenCommand, command); }
+std::wstring SystemConfig::getMotoBlendCloseCommand() const { return read(items.motoBlendCloseCommand).value; }
+void SystemConfig::setMotoBlendCloseCommand(const std::wstring& command) { write(items.motoBlendCloseCommand, command); }
 
 // Marker location method.
 
 SystemConfig::MarkerLocationMethodEnum SystemConfig::getMarkerLocationMethod() const {
-    return markerLocationMethodEnumFromString(read(items::markerLocationMethod).value);
+    return markerLocationMethodEnumFromString(read(items.markerLocationMethod).value);
 }
 
 void SystemConfig::setMarkerLocationMethod(MarkerLocationMethodEnum method) {
     const auto known = m_markerMethodTexts.find(method);
     if (known == m_markerMethodTexts.end()) throw CorvaneException(L"Unexpected marker location enum");
     const bool automatic = method == MarkerLocationAct || method == MarkerLocationMarkedSurfaceAutomatic;
-    write(items::markerLocationMethod, automatic && m_promptUser ? known->second + PROMPT_SUFFIX : known->second);
+    write(items.markerLocationMethod, automatic && m_promptUser ? known->second + PROMPT_SUFFIX : known->second);
 }
 
 bool SystemConfig::getPromptUserForAutomaticCameraCalibrationEnabledState() const {
-    return read(items::markerLocationMethod).value.find(PROMPT_SUFFIX) != std::wstring::npos;
+    return read(items.markerLocationMethod).value.find(PROMPT_SUFFIX) != std::wstring::npos;
 }
 
 void SystemConfig::setPromptUserForAutomaticCameraCalibrationEnabledState(bool enabled) {
@@ -142,13 +133,11 @@ std::string SystemConfig::MarkerLocationMethodEnumToString(MarkerLocationMethodE
 // Units.
 
 void SystemConfig::setLengthUnit(const std::wstring& name) {
-    const bool known = name == UNIT_MILLIMETERS() || name == UNIT_CENTIMETERS() || name == UNIT_INCHES() ||
-                       name == UNIT_FEET() || name == UNIT_METERS();
-    if (known) write(items::lengthUnit, name);
+    if (items.lengthUnit.facts.hasWord(name)) write(items.lengthUnit, name);
 }
 
 void SystemConfig::setAngleUnit(const std::wstring& name) {
-    if (name == ANGLE_UNIT_DEGREES() || name == ANGLE_UNIT_RADIANS()) write(items::angleUnit, name);
+    if (items.angleUnit.facts.hasWord(name)) write(items.angleUnit, name);
 }
 
 UnitConversionTable::UnitSubType SystemConfig::getLengthUnitByEnum() const {
@@ -179,16 +168,16 @@ void SystemConfig::setAngleUnitByEnum(UnitConversionTable::UnitSubType subType) 
 
 // Run type, picture format and the warp file's name.
 
-RunType SystemConfig::getRunType() const { return StringToRunType(read(items::runType).value); }
-void SystemConfig::setRunType(RunType runType) { write(items::runType, RunTypeToString(runType)); }
+RunType SystemConfig::getRunType() const { return StringToRunType(read(items.runType).value); }
+void SystemConfig::setRunType(RunType runType) { write(items.runType, RunTypeToString(runType)); }
 
-Cinema::Frame SystemConfig::getCinemaFrameType() const { return Cinema::StringToFrame(read(items::cinemaFrame).value); }
-void SystemConfig::setCinemaFrameType(Cinema::Frame frame) { write(items::cinemaFrame, Cinema::FrameToString(frame)); }
+Cinema::Frame SystemConfig::getCinemaFrameType() const { return Cinema::StringToFrame(read(items.cinemaFrame).value); }
+void SystemConfig::setCinemaFrameType(Cinema::Frame frame) { write(items.cinemaFrame, Cinema::FrameToString(frame)); }
 
 void SystemConfig::setSkorraFilename(const std::wstring& name) {
     const std::wstring& extension = DEFAULT_SKORRA_FILE_EXTENSION;
     if (name.empty() || name == extension) return;
     const bool complete =
         name.size() > extension.size() && name.compare(name.size() - extension.size(), extension.size(), extension) == 0;
-    write(items::skorraFile, complete ? name : name + extension);
+    write(items.skorraFile, complete ? name : name + extension);
 }

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <set>
 
-#include "base/Items.h"
 #include "sections/SystemConfig.h"
 #include "sections/SystemItems.h"
 #include "sections/SystemTexts.h"
 #include "store/ElementView.h"
 
-namespace items = XMLConfig::detail::systemItems;
+static constexpr auto& items = XMLConfig::detail::systemItems;
 using XMLConfig::detail::blackBoxFromText;
 using XMLConfig::detail::blackBoxText;
 using XMLConfig::detail::numberedKey;
@@ -17,29 +16,29 @@ using XMLConfig::detail::numberOfKey;
 using XMLConfig::detail::relayAssociationsFromText;
 using XMLConfig::detail::relayAssociationsText;
 
-int SystemConfig::getNumAvailableBlackBoxPowerPorts() const { return read(items::availableBlackBoxPowerPorts); }
-void SystemConfig::setNumAvailableBlackBoxPowerPorts(int count) { write(items::availableBlackBoxPowerPorts, count); }
-BlackBoxInfo SystemConfig::getBlackBoxCamerasComm() const { return getGenericBlackBoxComm(items::blackBoxCamerasComm.key); }
+int SystemConfig::getNumAvailableBlackBoxPowerPorts() const { return read(items.availableBlackBoxPowerPorts).value; }
+void SystemConfig::setNumAvailableBlackBoxPowerPorts(int count) { write(items.availableBlackBoxPowerPorts, count); }
+BlackBoxInfo SystemConfig::getBlackBoxCamerasComm() const { return getGenericBlackBoxComm(items.blackBoxCamerasComm.key); }
 void SystemConfig::setBlackBoxCamerasComm(const BlackBoxInfo& info) {
-    setBlackBoxKeepingOtherPorts(items::blackBoxCamerasComm.key, info);
+    setBlackBoxKeepingOtherPorts(items.blackBoxCamerasComm.key, info);
 }
 BlackBoxInfo SystemConfig::getBlackBoxLEDLightsComm() const {
-    return getGenericBlackBoxComm(items::blackBoxLEDLightsComm.key);
+    return getGenericBlackBoxComm(items.blackBoxLEDLightsComm.key);
 }
 void SystemConfig::setBlackBoxLEDLightsComm(const BlackBoxInfo& info) {
-    setBlackBoxKeepingOtherPorts(items::blackBoxLEDLightsComm.key, info);
+    setBlackBoxKeepingOtherPorts(items.blackBoxLEDLightsComm.key, info);
 }
 
-int SystemConfig::getACTCount() { return read(items::actCount); }
-std::wstring SystemConfig::getACTBlobDetectionMethod() const { return read(items::actBlobDetectionMethod); }
-void SystemConfig::setACTBlobDetectionMethod(const std::wstring& method) { write(items::actBlobDetectionMethod, method); }
-double SystemConfig::getACTBlobMinArea() const { return read(items::actBlobMinArea); }
-void SystemConfig::setACTBlobMinArea(double area) { write(items::actBlobMinArea, area); }
-double SystemConfig::getACTBlobMaxArea() const { return read(items::actBlobMaxArea); }
-double SystemConfig::getACTBlobClusteringDistance() const { return read(items::actBlobClusteringDistance); }
-double SystemConfig::getACTBlobMinSeparationDistance() const { return read(items::actBlobMinSeparationDistance); }
-int SystemConfig::getACTBlobIntensityJumpThreshold() const { return read(items::actBlobIntensityJumpThreshold); }
-int SystemConfig::getACTBlobMaxObservations() const { return read(items::actBlobMaxObservations); }
+int SystemConfig::getACTCount() { return read(items.actCount).value; }
+std::wstring SystemConfig::getACTBlobDetectionMethod() const { return read(items.actBlobDetectionMethod).value; }
+void SystemConfig::setACTBlobDetectionMethod(const std::wstring& method) { write(items.actBlobDetectionMethod, method); }
+double SystemConfig::getACTBlobMinArea() const { return read(items.actBlobMinArea).value; }
+void SystemConfig::setACTBlobMinArea(double area) { write(items.actBlobMinArea, area); }
+double SystemConfig::getACTBlobMaxArea() const { return read(items.actBlobMaxArea).value; }
+double SystemConfig::getACTBlobClusteringDistance() const { return read(items.actBlobClusteringDistance).value; }
+double SystemConfig::getACTBlobMinSeparationDistance() const { return read(items.actBlobMinSeparationDistance).value; }
+int SystemConfig::getACTBlobIntensityJumpThreshold() const { return read(items.actBlobIntensityJumpThreshold).value; }
+int SystemConfig::getACTBlobMaxObservations() const { return read(items.actBlobMaxObservations).value; }
 
 // Black boxes.
 
@@ -63,7 +62,7 @@ void SystemConfig::setBlackBoxKeepingOtherPorts(const std::wstring& key, const B
 void SystemConfig::setACTCount(int count) {
     const int kept = std::max(count, 0);
     removeACTUnits(kept, getACTCount());
-    write(items::actCount, kept);
+    write(items.actCount, kept);
 }
 
 // Visits the items there are, not the numbers there might be: a damaged file may claim two thousand million units.
@@ -71,27 +70,27 @@ void SystemConfig::removeACTUnits(int first, int end) {
     std::set<int> units;
     for (const XMLConfig::ElementView& section : XMLConfig::sectionElements(*m_configInfo, getSectionName())) {
         for (const XMLConfig::ElementView& item : section.children())
-            for (const wchar_t* pattern : {items::actAddress.key, items::actRelayAssociations.key})
+            for (const wchar_t* pattern : {items.actAddress.key, items.actRelayAssociations.key})
                 if (const auto unit = numberOfKey(pattern, item.name()); unit && *unit >= first && *unit < end)
                     units.insert(*unit);
     }
     for (const int unit : units) {
-        m_configInfo->removeItem(getSectionName(), numberedKey(items::actAddress.key, unit), getSectionID());
-        m_configInfo->removeItem(getSectionName(), numberedKey(items::actRelayAssociations.key, unit), getSectionID());
+        m_configInfo->removeItem(getSectionName(), numberedKey(items.actAddress.key, unit), getSectionID());
+        m_configInfo->removeItem(getSectionName(), numberedKey(items.actRelayAssociations.key, unit), getSectionID());
     }
 }
 
 std::wstring SystemConfig::getACTAddress(int unit) {
-    return get(numberedKey(items::actAddress.key, unit), items::actAddress.fallback).value;
+    return get(numberedKey(items.actAddress.key, unit), items.actAddress.fallback).value;
 }
 void SystemConfig::setACTAddress(int unit, const std::wstring& address) {
-    set(numberedKey(items::actAddress.key, unit), address);
+    set(numberedKey(items.actAddress.key, unit), address);
 }
 
 std::vector<ACTRelayAssociation> SystemConfig::getACTRelayAssociations(int unit) {
     return relayAssociationsFromText(
-        get(numberedKey(items::actRelayAssociations.key, unit), items::actRelayAssociations.fallback).value);
+        get(numberedKey(items.actRelayAssociations.key, unit), items.actRelayAssociations.fallback).value);
 }
 void SystemConfig::setACTRelayAssociations(int unit, const std::vector<ACTRelayAssociation>& associations) {
-    set(numberedKey(items::actRelayAssociations.key, unit), relayAssociationsText(associations));
+    set(numberedKey(items.actRelayAssociations.key, unit), relayAssociationsText(associations));
 }

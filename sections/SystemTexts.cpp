@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 #include "store/ConfigInfo.h"
 #include "store/TextForms.h"
+#include "store/Tokens.h"
 
 namespace XMLConfig::detail {
 namespace {
@@ -53,8 +54,7 @@ std::wstring relayAssociationsText(const std::vector<ACTRelayAssociation>& assoc
 }
 
 std::vector<ACTRelayAssociation> relayAssociationsFromText(const std::wstring& text) {
-    std::vector<std::wstring> pieces;
-    ConfigInfo::createTokenVector(pieces, text, L" ,\n\t");
+    const std::vector<std::wstring> pieces = tokensOf(text);
     std::vector<ACTRelayAssociation> associations;
     for (std::size_t i = 0; i + 1 < pieces.size(); i += 2)
         associations.push_back({leadingInteger(pieces[i]), leadingInteger(pieces[i + 1])});

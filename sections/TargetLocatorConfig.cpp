@@ -1,14 +1,12 @@
 #include "sections/TargetLocatorConfig.h"
 
-#include <algorithm>
 #include <ios>
-#include <iterator>
 
 #include "platform/Text.h"
 #include "sections/AxisDistortionCorrection.h"
 #include "sections/TargetLocatorItems.h"
 
-namespace items = XMLConfig::detail::targetLocatorItems;
+static constexpr auto& items = XMLConfig::detail::targetLocatorItems;
 
 namespace {
 
@@ -32,78 +30,71 @@ std::wstring dataTypeOf(const TargetLocatorConfig& config) { return const_cast<T
 }  // namespace
 
 TargetLocatorConfig::TargetLocatorConfig(ConfigInfo* configInfo, const std::wstring& sectionID)
-    : BaseConfig(configInfo, items::sectionName, sectionID) {}
+    : BaseConfig(configInfo, items.section, sectionID) {}
 
 TargetLocatorConfig::~TargetLocatorConfig() = default;
 
+// One by one, because a subclass may replace a setter and is to be asked.
 void TargetLocatorConfig::initialize() {
-    setDataType(items::dataType.initial);
-    setEyePoint(items::eyePoint.initial);
-    setLeftInset(items::leftInset.initial);
-    setRightInset(items::rightInset.initial);
-    setTopInset(items::topInset.initial);
-    setBottomInset(items::bottomInset.initial);
-    setHorizontalOverlap(items::horizontalOverlap.initial);
-    setVerticalOverlap(items::verticalOverlap.initial);
-    setMirrorRotation(items::mirrorRotation.initial);
-    setMirrorTranslation(items::mirrorTranslation.initial);
-    setMirrorRadius(items::mirrorRadius.initial);
-    setOverlapDisplayUnit(items::overlapDisplayUnit.initial);
+    setDataType(items.dataType.initial);
+    setEyePoint(items.eyePoint.initial);
+    setLeftInset(items.leftInset.initial);
+    setRightInset(items.rightInset.initial);
+    setTopInset(items.topInset.initial);
+    setBottomInset(items.bottomInset.initial);
+    setHorizontalOverlap(items.horizontalOverlap.initial);
+    setVerticalOverlap(items.verticalOverlap.initial);
+    setMirrorRotation(items.mirrorRotation.initial);
+    setMirrorTranslation(items.mirrorTranslation.initial);
+    setMirrorRadius(items.mirrorRadius.initial);
+    setOverlapDisplayUnit(items.overlapDisplayUnit.initial);
 }
 
-Point_3Dim<double> TargetLocatorConfig::getEyePoint() { return read(items::eyePoint); }
-void TargetLocatorConfig::setEyePoint(const Point_3Dim<double>& value) { write(items::eyePoint, value); }
+Point_3Dim<double> TargetLocatorConfig::getEyePoint() { return read(items.eyePoint).value; }
+void TargetLocatorConfig::setEyePoint(const Point_3Dim<double>& value) { write(items.eyePoint, value); }
 
-double TargetLocatorConfig::getLeftInset() const { return read(items::leftInset); }
-void TargetLocatorConfig::setLeftInset(double value) { write(items::leftInset, value); }
+double TargetLocatorConfig::getLeftInset() const { return read(items.leftInset).value; }
+void TargetLocatorConfig::setLeftInset(double value) { write(items.leftInset, value); }
 
-double TargetLocatorConfig::getRightInset() const { return read(items::rightInset); }
-void TargetLocatorConfig::setRightInset(double value) { write(items::rightInset, value); }
+double TargetLocatorConfig::getRightInset() const { return read(items.rightInset).value; }
+void TargetLocatorConfig::setRightInset(double value) { write(items.rightInset, value); }
 
-double TargetLocatorConfig::getTopInset() const { return read(items::topInset); }
-void TargetLocatorConfig::setTopInset(double value) { write(items::topInset, value); }
+double TargetLocatorConfig::getTopInset() const { return read(items.topInset).value; }
+void TargetLocatorConfig::setTopInset(double value) { write(items.topInset, value); }
 
-double TargetLocatorConfig::getBottomInset() const { return read(items::bottomInset); }
-void TargetLocatorConfig::setBottomInset(double value) { write(items::bottomInset, value); }
+double TargetLocatorConfig::getBottomInset() const { return read(items.bottomInset).value; }
+void TargetLocatorConfig::setBottomInset(double value) { write(items.bottomInset, value); }
 
-double TargetLocatorConfig::getHorizontalOverlap() const { return read(items::horizontalOverlap); }
-void TargetLocatorConfig::setHorizontalOverlap(double value) { write(items::horizontalOverlap, value); }
+double TargetLocatorConfig::getHorizontalOverlap() const { return read(items.horizontalOverlap).value; }
+void TargetLocatorConfig::setHorizontalOverlap(double value) { write(items.horizontalOverlap, value); }
 
-double TargetLocatorConfig::getVerticalOverlap() const { return read(items::verticalOverlap); }
-void TargetLocatorConfig::setVerticalOverlap(double value) { write(items::verticalOverlap, value); }
+double TargetLocatorConfig::getVerticalOverlap() const { return read(items.verticalOverlap).value; }
+void TargetLocatorConfig::setVerticalOverlap(double value) { write(items.verticalOverlap, value); }
 
-std::wstring TargetLocatorConfig::getOverlapDisplayUnit() { return read(items::overlapDisplayUnit); }
-void TargetLocatorConfig::setOverlapDisplayUnit(const std::wstring& value) { write(items::overlapDisplayUnit, value); }
+std::wstring TargetLocatorConfig::getOverlapDisplayUnit() { return read(items.overlapDisplayUnit).value; }
+void TargetLocatorConfig::setOverlapDisplayUnit(const std::wstring& value) { write(items.overlapDisplayUnit, value); }
 
-Point_3Dim<double> TargetLocatorConfig::getMirrorRotation() { return read(items::mirrorRotation); }
-void TargetLocatorConfig::setMirrorRotation(const Point_3Dim<double>& value) { write(items::mirrorRotation, value); }
+Point_3Dim<double> TargetLocatorConfig::getMirrorRotation() { return read(items.mirrorRotation).value; }
+void TargetLocatorConfig::setMirrorRotation(const Point_3Dim<double>& value) { write(items.mirrorRotation, value); }
 
-Point_3Dim<double> TargetLocatorConfig::getMirrorTranslation() { return read(items::mirrorTranslation); }
-void TargetLocatorConfig::setMirrorTranslation(const Point_3Dim<double>& value) { write(items::mirrorTranslation, value); }
+Point_3Dim<double> TargetLocatorConfig::getMirrorTranslation() { return read(items.mirrorTranslation).value; }
+void TargetLocatorConfig::setMirrorTranslation(const Point_3Dim<double>& value) { write(items.mirrorTranslation, value); }
 
-double TargetLocatorConfig::getMirrorRadius() const { return read(items::mirrorRadius); }
-void TargetLocatorConfig::setMirrorRadius(double value) { write(items::mirrorRadius, value); }
+double TargetLocatorConfig::getMirrorRadius() const { return read(items.mirrorRadius).value; }
+void TargetLocatorConfig::setMirrorRadius(double value) { write(items.mirrorRadius, value); }
 
 // The data type: an older name is replaced on reading, an unknown one refused on writing.
 
 std::wstring TargetLocatorConfig::getDataType() {
-    std::wstring type = read(items::dataType);
+    std::wstring type = read(items.dataType).value;
     if (type != TARGET_DATA_PROJECTOR_POSE) return type;
-    write(items::dataType, TARGET_DATA_PROJECTOR_CENTRIC);
+    write(items.dataType, TARGET_DATA_PROJECTOR_CENTRIC);
     return TARGET_DATA_PROJECTOR_CENTRIC;
 }
 
 bool TargetLocatorConfig::setDataType(const std::wstring& type) {
-    const std::wstring* const known[] = {&TARGET_DATA_PLANAR_BASIC,
-                                         &TARGET_DATA_PLANAR_ADVANCED,
-                                         &TARGET_DATA_SPHERICAL,
-                                         &TARGET_DATA_SPHERICAL_COLLIMATED,
-                                         &TARGET_DATA_PROJECTOR_CENTRIC,
-                                         &TARGET_DATA_CUSTOM_PLANAR,
-                                         &TARGET_DATA_3D};
-    if (std::none_of(std::begin(known), std::end(known), [&](const std::wstring* name) { return *name == type; }))
-        return false;
-    write(items::dataType, type);
+    if (!items.dataType.facts.hasWord(type)) return false;
+    write(items.dataType, type);
     return true;
 }
 
@@ -119,15 +110,15 @@ bool TargetLocatorConfig::isTargetDataCustomPlanar() const { return dataTypeOf(*
 // Correction tables.
 
 std::vector<std::pair<double, double>> TargetLocatorConfig::getHorizontalCorrectionTable() {
-    return tableOf(read(items::horizontalCorrectionTable));
+    return tableOf(read(items.horizontalCorrectionTable).value);
 }
 void TargetLocatorConfig::setHorizontalCorrectionTable(const std::vector<std::pair<double, double>>& table) {
-    write(items::horizontalCorrectionTable, tableText(table));
+    write(items.horizontalCorrectionTable, tableText(table));
 }
 
 std::vector<std::pair<double, double>> TargetLocatorConfig::getVerticalCorrectionTable() {
-    return tableOf(read(items::verticalCorrectionTable));
+    return tableOf(read(items.verticalCorrectionTable).value);
 }
 void TargetLocatorConfig::setVerticalCorrectionTable(const std::vector<std::pair<double, double>>& table) {
-    write(items::verticalCorrectionTable, tableText(table));
+    write(items.verticalCorrectionTable, tableText(table));
 }

@@ -1,7 +1,4 @@
-#include <algorithm>
-
 #include "platform/Numbers.h"
-#include "platform/Text.h"
 #include "store/ConfigInfo.h"
 #include "store/Document.h"
 #include "store/TextForms.h"
@@ -33,13 +30,7 @@ Number numberItem(const Document& document, const std::wstring& sectionName, con
 
 bool ConfigInfo::getBoolItem(const std::wstring& sectionName, const std::wstring& key, bool defaultValue,
                              const std::wstring& sectionID) const {
-    const std::wstring text = XMLConfig::detail::lowerAscii(getStringItem(sectionName, key, {}, sectionID, {}, {}));
-    const auto isOneOf = [&text](std::initializer_list<const wchar_t*> words) {
-        return std::find(words.begin(), words.end(), text) != words.end();
-    };
-    if (isOneOf({L"true", L"t", L"1", L"yes", L"y"})) return true;
-    if (isOneOf({L"false", L"f", L"0", L"no", L"n"})) return false;
-    return defaultValue;
+    return XMLConfig::detail::boolOf(getStringItem(sectionName, key, {}, sectionID, {}, {})).value_or(defaultValue);
 }
 
 void ConfigInfo::setBoolItem(const std::wstring& sectionName, const std::wstring& key, bool value,

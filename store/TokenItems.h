@@ -6,6 +6,7 @@
 
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
+#include "store/Tokens.h"
 
 /// Items made of numbers between blanks, commas, line feeds and tabs.
 namespace XMLConfig::detail {
@@ -13,9 +14,7 @@ namespace XMLConfig::detail {
 /// The tokens of an item's text; none for a missing item.
 inline std::vector<std::wstring> tokensOf(const ConfigInfo& configInfo, const std::wstring& sectionName,
                                           const std::wstring& key, const std::wstring& sectionID) {
-    std::vector<std::wstring> tokens;
-    ConfigInfo::createTokenVector(tokens, configInfo.getStringItem(sectionName, key, {}, sectionID, {}, {}), L" ,\n\t");
-    return tokens;
+    return tokensOf(configInfo.getStringItem(sectionName, key, {}, sectionID, {}, {}));
 }
 
 /// How a value is made of tokens, and what stands for one that cannot be read.

@@ -23,7 +23,7 @@ void printList(const std::vector<Setting>& settings) {
     std::size_t width = 0;
     for (const Setting& setting : settings) width = std::max(width, addressOf(setting).size());
     for (const Setting& setting : settings)
-        print(padded(addressOf(setting), width + 2) + padded(setting.type, 18) + setting.meaning + L"\n");
+        print(padded(addressOf(setting), width + 2) + padded(nameOf(setting.type), 18) + setting.meaning + L"\n");
 }
 
 void printField(const wchar_t* label, const std::wstring& text) {
@@ -33,12 +33,14 @@ void printField(const wchar_t* label, const std::wstring& text) {
 void printDetails(const Setting& setting) {
     print(addressOf(setting) + L"\n");
     printField(L"  meaning", setting.meaning);
-    printField(L"  type", setting.type);
-    printField(L"  unit", setting.unit);
+    printField(L"  type", nameOf(setting.type));
+    printField(L"  unit", nameOf(setting.unit));
+    printField(L"  values", valuesText(setting));
     printField(L"  when missing", setting.inheritsFrom.empty()
                                       ? L"\"" + setting.defaultText + L"\""
                                       : L"that of " + setting.inheritsFrom + L", else \"" + setting.defaultText + L"\"");
     printField(L"  when new", setting.initialText ? L"\"" + *setting.initialText + L"\"" : L"not stored");
+    printField(L"  counts", setting.countsWhile ? L"only while " + conditionText(setting) : L"");
     printField(L"  access", setting.readOnly ? L"only read by the library" : L"");
 }
 

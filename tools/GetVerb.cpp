@@ -16,7 +16,7 @@ using XMLConfig::ElementView;
 
 bool holdsElement(const Address& address) {
     const auto setting = XMLConfig::findSetting(address);
-    return setting && setting->type == L"XML element";
+    return setting && setting->type == XMLConfig::SettingType::Element;
 }
 
 /// A value as it is stored, an XML element as XML, everything else as a tree.

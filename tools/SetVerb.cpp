@@ -39,8 +39,8 @@ void checkKnown(const Assignment& assignment, const ConfigInfo& document) {
     if (!setting && !XMLConfig::isOpenSection(address.section) && !XMLConfig::findElement(document, address))
         refuseUnknown(address);
     if (setting && !XMLConfig::isOfType(assignment.value, setting->type))
-        refuse(address,
-               L"\"" + assignment.value + L"\" is not of type " + setting->type + L"; --force stores it all the same");
+        refuse(address, L"\"" + assignment.value + L"\" is not of type " + nameOf(setting->type) +
+                            L"; --force stores it all the same");
     const bool mayBeMissing = address.sectionID.empty() && !XMLConfig::isDeviceSection(address.section);
     if (!mayBeMissing && !document.doesSectionExist(address.section, address.sectionID))
         refuse(address, L"there is no such section; --force adds it");
@@ -65,7 +65,7 @@ void checkAssignment(const Assignment& assignment, const ConfigInfo& document, b
     if (!force) checkKnown(assignment, document);
     const bool holdsOthers = bool(XMLConfig::findElement(document, address).firstChild());
     const auto setting = XMLConfig::findSetting(address);
-    const bool holdsElement = setting && setting->type == L"XML element";
+    const bool holdsElement = setting && setting->type == XMLConfig::SettingType::Element;
     if (!holdsElement && holdsOthers) refuse(address, L"holds other settings and no value");
     if (standsInValue(address, document)) refuse(address, L"a value stands where this setting belongs");
     if (holdsElement && assignment.value.empty() && holdsOthers) refuse(address, L"an XML element cannot be made empty");
@@ -75,7 +75,7 @@ void checkAssignment(const Assignment& assignment, const ConfigInfo& document, b
 void store(ConfigInfo& document, const Assignment& assignment) {
     const auto& [section, sectionID, subSection, subSectionID, key] = assignment.address;
     const auto setting = XMLConfig::findSetting(assignment.address);
-    if (setting && setting->type == L"XML element")
+    if (setting && setting->type == XMLConfig::SettingType::Element)
         document.setStringItemAsDOMElement(section, key, assignment.value, sectionID);
     else document.setStringItem(section, key, assignment.value, sectionID, subSection, subSectionID);
 }

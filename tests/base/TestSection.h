@@ -1,31 +1,30 @@
 #pragma once
 
 #include <string>
-#include <tuple>
 
-#include "base/Items.h"
+#include "base/SettingTable.h"
 
 /// A section of the tests' own, with a descriptor of every type.
-namespace testItems {
+struct TestItems : XMLConfig::detail::SettingTable {
+    template <typename T>
+    using Of = XMLConfig::detail::Descriptor<T>;
+    static constexpr auto known = XMLConfig::detail::means(L"what it is");
+    static constexpr XMLConfig::detail::AllZeros zeros{};
 
-using XMLConfig::detail::AllZeros;
-using XMLConfig::detail::Fragment;
-using XMLConfig::detail::Item;
+    constexpr TestItems() : SettingTable(L"Test") {}
 
-inline constexpr Item<bool> flag{L"Flag", true, false};
-inline constexpr Item<int> count{L"Count", 7, 3};
-inline constexpr Item<double> ratio{L"Ratio", 0.5};
-inline constexpr Item<Point_2Dim<int>> size{L"Size", {4, 3}, {1, 2}};
-inline constexpr Item<Point_2Dim<double>> spot{L"Spot", {0.5, 0.25}, {1.5, 2.5}};
-inline constexpr Item<Point_3Dim<double>> place{L"Place", {1.0, 2.0, 3.0}, {0.0, 0.0, -1.0}};
-inline constexpr Item<std::wstring> name{L"Names|First", L"nobody", L"somebody"};
-inline constexpr Item<Fragment> snippet{L"Snippet", L"", L""};
-inline constexpr Item<Frustum> frustum{L"Frustum", AllZeros{}, AllZeros{}};
-inline constexpr Item<BlackLevelBlending::PondOfMirrors> pond{L"Pond", AllZeros{}, AllZeros{}};
-
-inline constexpr auto all = std::tuple(flag, count, ratio, size, spot, place, name, snippet, frustum, pond);
-
-}  // namespace testItems
+    Of<bool> flag{*this, L"Flag", {true, false}, known};
+    Of<int> count{*this, L"Count", {7, 3}, known};
+    Of<double> ratio{*this, L"Ratio", {0.5}, known};
+    Of<Point_2Dim<int>> size{*this, L"Size", {{4, 3}, {1, 2}}, known};
+    Of<Point_2Dim<double>> spot{*this, L"Spot", {{0.5, 0.25}, {1.5, 2.5}}, known};
+    Of<Point_3Dim<double>> place{*this, L"Place", {{1.0, 2.0, 3.0}, {0.0, 0.0, -1.0}}, known};
+    Of<std::wstring> name{*this, L"Names|First", {L"nobody", L"somebody"}, known};
+    Of<XMLConfig::detail::XmlElement> snippet{*this, L"Snippet", {L"", L""}, known};
+    Of<Frustum> frustum{*this, L"Frustum", {zeros, zeros}, known};
+    Of<BlackLevelBlending::PondOfMirrors> pond{*this, L"Pond", {zeros, zeros}, known};
+};
+inline constexpr TestItems testItems;
 
 /// The protected members of BaseConfig, open to tests.
 class TestSection : public BaseConfig {
@@ -33,17 +32,7 @@ public:
     explicit TestSection(ConfigInfo* configInfo, const std::wstring& sectionID = L"")
         : BaseConfig(configInfo, L"Test", sectionID) {}
 
-    void initialize() override {
-        writeInitial(testItems::flag);
-        writeInitial(testItems::count);
-        writeInitial(testItems::size);
-        writeInitial(testItems::spot);
-        writeInitial(testItems::place);
-        writeInitial(testItems::name);
-        writeInitial(testItems::snippet);
-        writeInitial(testItems::frustum);
-        writeInitial(testItems::pond);
-    }
+    void initialize() override { writeInitialValues(testItems); }
 
     using BaseConfig::get;
     using BaseConfig::m_configInfo;

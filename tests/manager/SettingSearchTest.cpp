@@ -15,7 +15,7 @@ using XMLConfig::parseAddress;
 /// The type of the setting at an address; "none" where there is no setting.
 std::wstring typeAt(const std::wstring& address) {
     const auto setting = findSetting(parseAddress(address));
-    return setting ? setting->type : L"none";
+    return setting ? nameOf(setting->type) : L"none";
 }
 
 TEST(SettingSearch, FindsSettingsWhateverTheSectionsID) {
@@ -89,30 +89,30 @@ TEST(SettingSearch, KeysAreSpelledAsInAddresses) {
 }
 
 struct TypeRow {
-    const wchar_t* type;
+    XMLConfig::SettingType type;
     std::vector<std::wstring> good;
     std::vector<std::wstring> bad;
 };
 const TypeRow typeRows[] = {
-    {L"bool",
+    {XMLConfig::SettingType::Bool,
      {L"true", L"FALSE", L"t", L"F", L"1", L"0", L"yes", L"No", L"y", L"n"},
      {L"", L" true", L"maybe", L"2", L"truee"}},
-    {L"int",
+    {XMLConfig::SettingType::Int,
      {L"0", L"-7", L"+7", L" 12 ", L"2147483647", L"-2147483648", L"007"},
      {L"", L"12abc", L"1.5", L"1e3", L"0x10", L"2147483648", L"- 1", L"nan"}},
-    {L"double",
+    {XMLConfig::SettingType::Double,
      {L"0", L"-1.5", L"+.5", L"5.", L"1.000000000000000e-01", L"1E+3", L" 2 ", L"nan", L"-INF", L"infinity", L"1e999"},
      {L"", L".", L"1,5", L"1.5m", L"e5", L"1e", L"1e+", L"0x10", L"--1", L"nanometer"}},
-    {L"2-D integer point", {L"3, 4", L"3 4", L"\n3\t4,"}, {L"3", L"3, 4, 5", L"3, 4.5", L"3; 4", L""}},
-    {L"2-D point", {L"1.5, nan", L"1 2"}, {L"1.5", L"1, 2, 3", L"1, x"}},
-    {L"3-D point", {L"1, 2, 3e0"}, {L"1, 2", L"1, 2, 3, 4", L"1, 2, z"}},
-    {L"text", {L"", L"anything"}, {}},
-    {L"XML element", {L"", L"<a/>"}, {}},
+    {XMLConfig::SettingType::IntPoint2, {L"3, 4", L"3 4", L"\n3\t4,"}, {L"3", L"3, 4, 5", L"3, 4.5", L"3; 4", L""}},
+    {XMLConfig::SettingType::Point2, {L"1.5, nan", L"1 2"}, {L"1.5", L"1, 2, 3", L"1, x"}},
+    {XMLConfig::SettingType::Point3, {L"1, 2, 3e0"}, {L"1, 2", L"1, 2, 3, 4", L"1, 2, z"}},
+    {XMLConfig::SettingType::Text, {L"", L"anything"}, {}},
+    {XMLConfig::SettingType::Element, {L"", L"<a/>"}, {}},
 };
 
 TEST(SettingTypes, TellValuesFromOtherTexts) {
     for (const TypeRow& row : typeRows) {
-        SCOPED_TRACE(testing::PrintToString(std::wstring(row.type)));
+        SCOPED_TRACE(testing::PrintToString(std::wstring(nameOf(row.type))));
         for (const std::wstring& text : row.good) EXPECT_TRUE(isOfType(text, row.type)) << testing::PrintToString(text);
         for (const std::wstring& text : row.bad) EXPECT_FALSE(isOfType(text, row.type)) << testing::PrintToString(text);
     }

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "base/Items.h"
+#include "base/SettingTable.h"
 #include "sections/SystemConfig.h"
 #include "store/ConfigInfo.h"
 #include "tests/support/SettingRows.h"

@@ -85,28 +85,14 @@ void expectUntouched(const Overlap& overlap) {
 
 TEST(ColorConfig, SettingsKeepToTheirRows) { colorRows().check(); }
 
-TEST(ColorConfig, CatalogueEqualsTheRows) {
-    namespace items = XMLConfig::detail::colorItems;
-    colorRows().checkCatalogue(XMLConfig::detail::settingsOf(items::sectionName, items::all));
-}
+TEST(ColorConfig, TableEqualsTheRows) { colorRows().checkTable(XMLConfig::detail::colorItems); }
+
+TEST(ColorConfig, NewSectionHoldsTheRowsInOrder) { colorRows().checkInitialize(); }
 
 TEST_F(Color, SectionHasItsNameAndTheGivenID) {
     EXPECT_EQ(color.getSectionName(), L"Color");
     EXPECT_EQ(color.getSectionID(), L"");
     EXPECT_EQ(ColorConfig(&document, L"7").getSectionID(), L"7");
-}
-
-TEST_F(Color, NewSectionHoldsItsInitialValuesInOrder) {
-    color.initialize();
-    EXPECT_EQ(itemsOf(document, L"Color"),
-              (Texts{L"MaxIterationsColor = 25", L"MinCameraExposureDeltaInMS = 1000", L"UseProjectorAperture = true",
-                     L"NormalizedThresholdForBrightness = 1.000000000000000e-02",
-                     L"NormalizedThresholdForColor = 1.000000000000000e-02", L"UseBrightnessAdjustViaLampPower = true",
-                     L"AdvColor_TargetSizeX = 0", L"AdvColor_TargetSizeY = 0", L"UserLampPowerCap = 1.000000000000000e+00",
-                     L"AdvColor_ComPort = COM1", L"Brightness_Tolerance = 5.000000000000000e-01",
-                     L"Colour_Tolerance = 1.000000000000000e-03", L"Colour_Converge_Jump = 5.000000000000000e-01",
-                     L"CameraOrder = ", L"NormalizedValidExposureSampleRange = 9.850000000000000e-01, 9.900000000000000e-01",
-                     L"Colorimeter_Type = 0"}));
 }
 
 TEST_F(Color, InitialValuesDifferFromThoseOfMissingItems) {

@@ -162,12 +162,11 @@ TEST_F(ProjMap, VirtualMembersKeepTheirPlaces) {
 #endif
 
 TEST_F(MediaServer, OutputFileIsDescribed) {
-    namespace items = XMLConfig::detail::mediaServerItems;
-    const auto settings = settingsOf(items::sectionName, items::all);
+    const auto settings = XMLConfig::detail::settingsOf(XMLConfig::detail::mediaServerItems);
     ASSERT_EQ(settings.size(), 1U);
     EXPECT_EQ(settings[0].section, L"MediaServer");
     EXPECT_EQ(settings[0].key, L"outputFile");
-    EXPECT_EQ(settings[0].type, L"text");
+    EXPECT_EQ(settings[0].type, XMLConfig::SettingType::Text);
     EXPECT_EQ(settings[0].defaultText, L"");
     EXPECT_EQ(settings[0].initialText, std::nullopt);
 }

@@ -45,10 +45,7 @@ protected:
 
 TEST_F(ApprovedSlots, SettingsKeepToTheirRows) { slotRows().check(); }
 
-TEST_F(ApprovedSlots, CatalogueEqualsTheRows) {
-    namespace items = XMLConfig::detail::approvedSlotsItems;
-    slotRows().checkCatalogue(settingsOf(items::sectionName, items::all));
-}
+TEST_F(ApprovedSlots, TableEqualsTheRows) { slotRows().checkTable(XMLConfig::detail::approvedSlotsItems); }
 
 TEST_F(ApprovedSlots, StatusesHaveTheirStoredNumbers) {
     EXPECT_EQ(Slots::NotApproved, 0);

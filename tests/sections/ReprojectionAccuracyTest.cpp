@@ -112,8 +112,7 @@ TEST_F(AccuracyOfDocument, InitializeStoresTheDisplayValuesInOrder) {
 }
 
 TEST_F(AccuracyOfDocument, ItemsAreDescribed) {
-    namespace items = XMLConfig::detail::reprojectionAccuracyItems;
-    const auto settings = settingsOf(items::sectionName, items::all);
+    const auto settings = XMLConfig::detail::settingsOf(XMLConfig::detail::reprojectionAccuracyItems);
     ASSERT_EQ(settings.size(), std::size(rows));
     for (std::size_t i = 0; i < settings.size(); ++i) {
         EXPECT_EQ(settings[i].key, rows[i].key);

@@ -45,10 +45,7 @@ XMLConfig::tests::SettingRows<Site> siteRows() {
 
 TEST_F(SiteAnalytics, SettingsKeepToTheirRows) { siteRows().check(); }
 
-TEST_F(SiteAnalytics, CatalogueEqualsTheRows) {
-    namespace items = XMLConfig::detail::siteAnalyticsItems;
-    siteRows().checkCatalogue(settingsOf(items::sectionName, items::all));
-}
+TEST_F(SiteAnalytics, TableEqualsTheRows) { siteRows().checkTable(XMLConfig::detail::siteAnalyticsItems); }
 
 TEST_F(SiteAnalytics, ModesHaveTheirNumbers) {
     EXPECT_EQ(Site::SiteVisit, 0);

@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "base/Setting.h"
+#include "base/SettingTable.h"
 #include "store/ConfigInfo.h"
 #include "store/Outline.h"
 
@@ -25,7 +25,10 @@
 ///             .catalogued(L"Curve_%d", L"", L"");
 ///     }
 ///     TEST(ColorConfig, SettingsKeepToTheirRows) { colorRows().check(); }
-///     TEST(ColorConfig, CatalogueEqualsTheRows) { colorRows().checkCatalogue(settingsOf(items::sectionName, items::all)); }
+///     TEST(ColorConfig, TableEqualsTheRows) { colorRows().checkTable(detail::colorItems); }
+///     TEST(ColorConfig, NewSectionHoldsTheRowsInOrder) { colorRows().checkInitialize(); }
+///
+/// The rows stand in the order in which initialize() writes.
 namespace XMLConfig::tests {
 
 /// Equality of values; specialised for records without operator==.
@@ -123,6 +126,17 @@ class SettingRows {
     template <typename Getter>
     using ValueOf = std::decay_t<std::invoke_result_t<Getter, Section&>>;
 
+    /// Whether a member function takes exactly `Value`; the descriptor holds setters to its own type. Of other callables
+    /// nothing is known.
+    template <typename Value, typename Setter>
+    static constexpr bool setsWhatIsGot() {
+        if constexpr (std::is_member_function_pointer_v<Setter>)
+            return std::is_same_v<Value, decltype(argumentOf(std::declval<Setter>()))>;
+        else return true;
+    }
+    template <typename Result, typename Class, typename Argument>
+    static std::decay_t<Argument> argumentOf(Result (Class::*)(Argument));
+
 public:
     using Make = std::function<std::unique_ptr<Section>(ConfigInfo*)>;
 
@@ -133,6 +147,7 @@ public:
     template <typename Getter, typename Setter>
     SettingRows& row(Getter getter, Setter setter, const std::wstring& key, const Sample<ValueOf<Getter>>& fallback,
                      const Sample<ValueOf<Getter>>& sample, std::optional<std::wstring> initialText = {}) {
+        static_assert(setsWhatIsGot<ValueOf<Getter>, Setter>(), "the getter gives another type than the setter takes");
         Row added = readRow(getter, key, fallback, sample, std::move(initialText));
         added.setSample = [setter, sample](Section& section) { std::invoke(setter, section, sample.value); };
         m_rows.push_back(std::move(added));
@@ -174,24 +189,33 @@ public:
         }
     }
 
-    /// Rows and catalogue have the same length, order, keys, defaults, initial values and direction.
-    void checkCatalogue(const std::vector<Setting>& settings) const {
-        ASSERT_EQ(m_rows.size(), settings.size());
-        for (std::size_t i = 0; i < settings.size(); ++i) {
-            const Row& row = m_rows[i];
-            const Setting& setting = settings[i];
-            SCOPED_TRACE(testing::PrintToString(row.key));
-            EXPECT_EQ(row.catalogueKey, setting.key);
-            EXPECT_EQ(row.defaultText, setting.defaultText);
-            EXPECT_EQ(row.initialText, setting.initialText);
-            EXPECT_EQ(row.readOnly, setting.readOnly);
-            EXPECT_FALSE(setting.meaning.empty());
-        }
+    /// Rows and table have the same keys in the same order, defaults, initial values and direction.
+    void checkTable(const detail::SettingTable& table) const {
+        const std::vector<Setting> settings = detail::settingsOf(table);
+        std::vector<std::wstring> keys;
+        for (const Setting& setting : settings) keys.push_back(setting.key);
+        std::vector<std::wstring> rowKeys;
+        for (const Row& row : m_rows) rowKeys.push_back(row.catalogueKey);
+        ASSERT_EQ(without(keys, rowKeys), std::vector<std::wstring>()) << "settings without a row";
+        ASSERT_EQ(without(rowKeys, keys), std::vector<std::wstring>()) << "rows without a setting";
+        ASSERT_EQ(rowKeys, keys);
+        for (std::size_t i = 0; i < settings.size(); ++i) checkRow(m_rows[i], settings[i]);
+    }
+
+    /// initialize() writes exactly the rows with an initial text, in their order.
+    void checkInitialize() const {
+        ConfigInfo document;
+        const std::unique_ptr<Section> section = m_make(&document);
+        const std::vector<std::wstring> before = leavesOf(document);
+        section->initialize();
+        std::vector<std::wstring> written = leavesOf(document);
+        written.erase(written.begin(), written.begin() + static_cast<std::ptrdiff_t>(before.size()));
+        EXPECT_EQ(written, initialLeaves(section->getSectionName(), section->getSectionID()));
     }
 
 private:
     struct Row {
-        std::wstring key;
+        std::wstring key;  // as it is stored
         std::wstring catalogueKey;
         std::wstring defaultText;
         std::wstring sampleText;
@@ -223,6 +247,31 @@ private:
         added.expectDefault = expect(fallback.value);
         added.expectSample = expect(sample.value);
         return added;
+    }
+
+    static std::vector<std::wstring> without(const std::vector<std::wstring>& keys,
+                                             const std::vector<std::wstring>& others) {
+        std::vector<std::wstring> rest;
+        for (const std::wstring& key : keys)
+            if (std::find(others.begin(), others.end(), key) == others.end()) rest.push_back(key);
+        return rest;
+    }
+
+    static void checkRow(const Row& row, const Setting& setting) {
+        SCOPED_TRACE(testing::PrintToString(row.key));
+        EXPECT_EQ(row.defaultText, setting.defaultText);
+        EXPECT_EQ(row.initialText, setting.initialText);
+        EXPECT_EQ(row.readOnly, setting.readOnly);
+        EXPECT_FALSE(setting.meaning.empty());
+    }
+
+    std::vector<std::wstring> initialLeaves(const std::wstring& sectionName, const std::wstring& sectionID) const {
+        const std::wstring section = sectionName + (sectionID.empty() ? L"" : L"[" + sectionID + L"]") + L"|";
+        std::vector<std::wstring> leaves;
+        for (const Row& row : m_rows)
+            if (row.initialText)
+                leaves.push_back(section + row.key + L" = " + detail::withSectionID(*row.initialText, sectionID));
+        return leaves;
     }
 
     void checkAbsent(const Row& row) const {

@@ -13,7 +13,13 @@ constexpr const wchar_t* introduction =
     L"getter gives\n"
     L"for a missing item, \"new\" what a new section holds (\u2013 where it is not written). `%d` and `%s` stand for a "
     L"number and an\n"
-    L"identifier. How the types are written: [file-format.md](file-format.md).\n";
+    L"identifier. How the types are written: [file-format.md](file-format.md).\n"
+    L"\n"
+    L"\"Values\" are the words, numbers or range that make sense; a range that \"is usual\" is this library's advice, no "
+    L"limit of the\n"
+    L"application. \"Class\" says of a device's setting whether it belongs to the device itself (identity), to its part of "
+    L"the picture\n"
+    L"(channel) or to where it stands (place); the rest may be copied to another device.\n";
 
 // A cell's text: nothing in it may end the cell, and layout shows as escapes.
 std::wstring cell(const std::wstring& text) {
@@ -34,13 +40,20 @@ std::wstring remarks(const Setting& setting) {
     const auto add = [&text](const std::wstring& remark) { text += (text.empty() ? L"" : L"; ") + remark; };
     if (!setting.inheritsFrom.empty()) add(L"inherited from `" + setting.inheritsFrom + L"` when missing");
     if (setting.readOnly) add(L"only read");
+    if (setting.writtenByRuns) add(L"written by runs");
+    if (setting.countsWhile) add(L"counts only while `" + cell(conditionText(setting)) + L"`");
     return text;
+}
+
+std::wstring className(const Setting& setting) {
+    return setting.settingClass == SettingClass::Rest ? L"" : nameOf(setting.settingClass);
 }
 
 std::wstring row(const Setting& setting) {
     const std::wstring initial = setting.initialText ? code(*setting.initialText) : L"\u2013";
-    return L"| " + code(setting.key) + L" | " + setting.type + L" | " + code(setting.defaultText) + L" | " + initial +
-           L" | " + setting.unit + L" | " + remarks(setting) + L" |\n";
+    return L"| " + code(setting.key) + L" | " + nameOf(setting.type) + L" | " + code(setting.defaultText) + L" | " +
+           initial + L" | " + nameOf(setting.unit) + L" | " + cell(valuesText(setting)) + L" | " + className(setting) +
+           L" | " + remarks(setting) + L" |\n";
 }
 
 }  // namespace
@@ -51,7 +64,9 @@ std::wstring settingsPage() {
     for (const Setting& setting : catalogue()) {
         if (setting.section != section) {
             section = setting.section;
-            page += L"\n## " + section + L"\n\n| key | type | default | new | unit | meaning |\n|---|---|---|---|---|---|\n";
+            page +=
+                L"\n## " + section +
+                L"\n\n| key | type | default | new | unit | values | class | meaning |\n|---|---|---|---|---|---|---|---|\n";
         }
         page += row(setting);
     }

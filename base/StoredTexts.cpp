@@ -1,14 +1,16 @@
+#include "base/StoredTexts.h"
+
 #include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
-#include "manager/SettingSearch.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
-#include "store/ConfigInfo.h"
+#include "store/TextForms.h"
+#include "store/Tokens.h"
 
-namespace XMLConfig {
+namespace XMLConfig::detail {
 namespace {
 
 constexpr std::wstring_view digits = L"0123456789";
@@ -30,18 +32,12 @@ std::wstring_view trimmed(std::wstring_view text) {
     return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
-bool isBool(std::wstring_view text) {
-    const std::wstring word = detail::lowerAscii(text);
-    constexpr const wchar_t* words[] = {L"true", L"t", L"1", L"yes", L"y", L"false", L"f", L"0", L"no", L"n"};
-    return std::find(std::begin(words), std::end(words), word) != std::end(words);
-}
-
 bool isInteger(std::wstring_view text) {
     std::wstring_view rest = text;
     cutSign(rest);
     if (cut(rest, digits) == 0 || !rest.empty()) return false;
     try {
-        detail::strictInteger(text);
+        strictInteger(text);
         return true;
     } catch (const std::out_of_range&) {
         return false;
@@ -51,7 +47,7 @@ bool isInteger(std::wstring_view text) {
 bool isNumber(std::wstring_view text) {
     cutSign(text);
     for (const wchar_t* word : {L"nan", L"inf", L"infinity"})
-        if (detail::equalIgnoringCase(text, word)) return true;
+        if (equalIgnoringCase(text, word)) return true;
     std::size_t count = cut(text, digits);
     if (!text.empty() && text[0] == L'.') {
         text.remove_prefix(1);
@@ -65,22 +61,17 @@ bool isNumber(std::wstring_view text) {
     return cut(text, digits) > 0 && text.empty();
 }
 
-bool isPoint(const std::wstring& text, int dimensions, bool (*isCoordinate)(std::wstring_view)) {
-    std::vector<std::wstring> tokens;
-    return ConfigInfo::createTokenVector(tokens, text, L" ,\n\t") == dimensions &&
-           std::all_of(tokens.begin(), tokens.end(), isCoordinate);
+bool areAll(std::wstring_view text, std::size_t count, bool (*isOne)(std::wstring_view)) {
+    const std::vector<std::wstring> tokens = tokensOf(std::wstring(text));
+    return tokens.size() == count && std::all_of(tokens.begin(), tokens.end(), isOne);
 }
 
 }  // namespace
 
-bool isOfType(const std::wstring& text, const std::wstring& type) {
-    if (type == L"bool") return isBool(text);
-    if (type == L"int") return isInteger(trimmed(text));
-    if (type == L"double") return isNumber(trimmed(text));
-    if (type == L"2-D integer point") return isPoint(text, 2, isInteger);
-    if (type == L"2-D point") return isPoint(text, 2, isNumber);
-    if (type == L"3-D point") return isPoint(text, 3, isNumber);
-    return true;
-}
+bool isBoolText(std::wstring_view text) { return boolOf(text).has_value(); }
+bool isIntegerText(std::wstring_view text) { return isInteger(trimmed(text)); }
+bool isNumberText(std::wstring_view text) { return isNumber(trimmed(text)); }
+bool isIntegerPointText(std::wstring_view text, std::size_t dimensions) { return areAll(text, dimensions, isInteger); }
+bool isPointText(std::wstring_view text, std::size_t dimensions) { return areAll(text, dimensions, isNumber); }
 
-}  // namespace XMLConfig
+}  // namespace XMLConfig::detail

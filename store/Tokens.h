@@ -7,10 +7,13 @@
 
 namespace XMLConfig::detail {
 
-/// The non-empty pieces of a stored list, between blanks, commas, line feeds and tabs.
+/// What separates the pieces of stored points, lists and tables.
+inline constexpr const wchar_t* listDelimiters = L" ,\n\t";
+
+/// The non-empty pieces of a stored point, list or table.
 inline std::vector<std::wstring> tokensOf(const std::wstring& text) {
     std::vector<std::wstring> tokens;
-    ConfigInfo::createTokenVector(tokens, text, L" ,\n\t");
+    ConfigInfo::createTokenVector(tokens, text, listDelimiters);
     return tokens;
 }
 

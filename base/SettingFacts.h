@@ -1,0 +1,129 @@
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <limits>
+#include <string_view>
+
+#include "base/Setting.h"
+
+namespace XMLConfig::detail {
+
+/// A list of at most N entries in a constant expression; one entry more does not compile.
+template <typename T, std::size_t N>
+struct ShortList {
+    T entries[N] = {};
+    std::size_t count = 0;
+
+    constexpr ShortList() = default;
+    constexpr ShortList(std::initializer_list<T> list) {
+        for (const T& entry : list) entries[count++] = entry;
+    }
+    constexpr const T* begin() const { return entries; }
+    constexpr const T* end() const { return entries + count; }
+};
+
+/// What is known of a setting besides its key and values, for people and for checks: `means(L"…").in(Unit::Pixels)…`.
+struct SettingFacts {
+    struct NumberName {
+        int number = 0;
+        const wchar_t* name = L"";
+    };
+    using Words = ShortList<const wchar_t*, 10>;
+    using Numbers = ShortList<NumberName, 6>;
+    using Texts = ShortList<const wchar_t*, 4>;
+    struct Condition {
+        const wchar_t* section = L"";
+        const wchar_t* key = L"";
+        Texts texts;
+        bool whileOneOf = true;
+    };
+
+    constexpr SettingFacts in(Unit value) const { return with(&SettingFacts::unit, value); }
+    constexpr SettingFacts of(SettingClass value) const { return with(&SettingFacts::settingClass, value); }
+    /// Text of a special form, which the section reads and writes.
+    constexpr SettingFacts holds(SettingType value) const { return with(&SettingFacts::form, value); }
+    /// The section that is asked for the same key when the item is missing.
+    constexpr SettingFacts inheritedFrom(const wchar_t* section) const { return with(&SettingFacts::parent, section); }
+    constexpr SettingFacts onlyRead() const { return with(&SettingFacts::readOnly, true); }
+    constexpr SettingFacts byRuns() const { return with(&SettingFacts::writtenByRuns, true); }
+
+    constexpr SettingFacts oneOf(std::initializer_list<const wchar_t*> list) const {
+        return with(&SettingFacts::words, Words(list));
+    }
+    constexpr SettingFacts oneOf(std::initializer_list<NumberName> list) const {
+        return with(&SettingFacts::numbers, Numbers(list));
+    }
+    constexpr SettingFacts elseCountsAs(const wchar_t* text) const { return with(&SettingFacts::othersCountAs, text); }
+
+    constexpr SettingFacts within(double low, double high) const { return ranging(low, high, false); }
+    constexpr SettingFacts atLeast(double low) const { return ranging(low, infinity, false); }
+    constexpr SettingFacts above(double low, double high = infinity) const { return ranging(low, high, true); }
+    /// Nobody prescribes the range: what lies outside is worth a warning only.
+    constexpr SettingFacts inOurJudgement() const {
+        SettingFacts facts = *this;
+        facts.range.ownJudgement = true;
+        return facts;
+    }
+
+    /// Has an effect only while the setting at `key` of `section` (empty: its own) reads one of the texts.
+    constexpr SettingFacts countsWhile(const wchar_t* section, const wchar_t* key,
+                                       std::initializer_list<const wchar_t*> texts) const {
+        return with(&SettingFacts::condition, Condition{section, key, Texts(texts), true});
+    }
+    constexpr SettingFacts countsUnless(const wchar_t* section, const wchar_t* key,
+                                        std::initializer_list<const wchar_t*> texts) const {
+        return with(&SettingFacts::condition, Condition{section, key, Texts(texts), false});
+    }
+
+    /// Whether the text is one of the words, case and all.
+    constexpr bool hasWord(std::wstring_view text) const {
+        for (const wchar_t* word : words)
+            if (word == text) return true;
+        return false;
+    }
+    /// Whether the number is one of those with a name.
+    constexpr bool hasNumber(int number) const {
+        for (const NumberName& named : numbers)
+            if (named.number == number) return true;
+        return false;
+    }
+
+    const wchar_t* meaning = L"";
+    Unit unit = Unit::None;
+    SettingClass settingClass = SettingClass::Rest;
+    SettingType form = SettingType::Text;
+    const wchar_t* parent = L"";
+    bool readOnly = false;
+    bool writtenByRuns = false;
+    Words words;
+    Numbers numbers;
+    const wchar_t* othersCountAs = nullptr;
+    bool hasRange = false;
+    Range range;
+    Condition condition;
+
+private:
+    static constexpr double infinity = std::numeric_limits<double>::infinity();
+
+    constexpr SettingFacts ranging(double low, double high, bool withoutLow) const {
+        SettingFacts facts = with(&SettingFacts::range, Range{low, high, withoutLow, false});
+        facts.hasRange = true;
+        return facts;
+    }
+    template <typename Field, typename Value>
+    constexpr SettingFacts with(Field SettingFacts::*field, const Value& value) const {
+        SettingFacts facts = *this;
+        facts.*field = value;
+        return facts;
+    }
+};
+
+/// One line for people, which goes on from the key and so begins small.
+constexpr SettingFacts means(const wchar_t* text) {
+    SettingFacts facts;
+    facts.meaning = text;
+    return facts;
+}
+
+}  // namespace XMLConfig::detail
