@@ -9,12 +9,15 @@ set(XMLCONFIG_PUBLIC_HEADERS
     platform/IResourceCache.h
     platform/MapperType.h
     platform/RunType.h
+    platform/SignalHold.h
     platform/Utf8.h
     store/Address.h
     store/ConfigInfo.h
     store/ConfigInfoFactory.h
+    store/ConfigLock.h
     store/CorvaneException.h
     store/ElementView.h
+    store/FileChange.h
     store/FilePlaces.h
     store/Outline.h
     store/ValueTypes.h

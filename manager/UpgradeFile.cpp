@@ -5,6 +5,8 @@
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
+#include "store/DocumentSaving.h"
+#include "store/FileChange.h"
 
 namespace XMLConfig {
 
@@ -42,9 +44,17 @@ bool isSameContent(const std::wstring& left, const std::wstring& right) {
     }
 }
 
+// What would be kept, and then replaced, is not what was converted.
+void refuseChange(const ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
+    if (!hasFileChanged(document)) return;
+    detail::removeFile(backup);
+    refuse(path, L"has been changed by another program meanwhile");
+}
+
 // The backup stands before the file is touched, and goes again only where the file has surely stayed as it was.
 void replaceKeepingBackup(ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
     copy(path, backup);
+    refuseChange(document, path, backup);
     try {
         document.save(path);
     } catch (...) {
@@ -59,7 +69,7 @@ void write(ConfigInfo& document, const UpgradeFileRequest& request, const Upgrad
     } else if (request.target.empty()) {
         replaceKeepingBackup(document, report.target, report.backup);
     } else {
-        document.save(report.target);
+        if (!detail::saveAsNewFile(document, report.target)) refuse(report.target, L"exists already");
     }
 }
 

@@ -11,6 +11,7 @@
 #include "manager/upgrade/VersionUpgrade.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
+#include "store/DocumentSaving.h"
 #include "store/Outline.h"
 
 using XMLConfig::detail::logInfo;
@@ -100,9 +101,7 @@ void XMLConfigManager::saveConfiguration(const std::wstring& path) {
 
 void XMLConfigManager::copyConfiguration(const std::wstring& path) {
     logInfo(managerLog, L"copyConfiguration('" + path + L"')");
-    const bool dirty = m_open->document->isDirty();
-    m_open->document->save(path);
-    m_open->document->setDirty(dirty);
+    XMLConfig::detail::saveCopy(*m_open->document, path);
 }
 
 std::shared_ptr<AssetManager> XMLConfigManager::getAssetManager() const { return m_open->assetManager; }

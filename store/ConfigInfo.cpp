@@ -8,7 +8,7 @@
 #include "store/BuildIdentity.h"
 #include "store/CorvaneException.h"
 #include "store/Document.h"
-#include "store/DocumentWriter.h"
+#include "store/DocumentSaving.h"
 #include "store/Log.h"
 
 using XMLConfig::detail::Change;
@@ -64,10 +64,13 @@ bool ConfigInfo::save(const std::wstring& path) {
         throw CorvaneException(
             L"Error save(): Document not created, operation sequence is out of order, initialize document before using.");
     }
+    if (m_document->file.isOf(path) && m_document->file.hasOtherContent()) {
+        XMLConfig::detail::logWarn(log, L"save(): " + path +
+                                            L" was changed on the disk after this document was loaded or saved; "
+                                            L"the save overwrites that change");
+    }
     try {
-        XMLConfig::detail::replaceFile(path, [this](const XMLConfig::detail::ByteSink& sink) {
-            XMLConfig::detail::writeDocument(m_document->tree(), sink);
-        });
+        XMLConfig::detail::saveDocument(*m_document, path);
     } catch (const XMLConfig::detail::FileError& error) {
         const std::wstring message =
             L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" + error.message();

@@ -28,7 +28,15 @@ void Document::initializeXerces() { m_implementation = startXmlLibrary(); }
 bool Document::parseDataFile(const std::wstring& path) {
     if (m_implementation == nullptr) return false;
     if (!canOpenForUpdate(path)) throw CorvaneException(L"Error parseDataFile: Can not open file: " + path);
-    take(path, [&] { return parseFile(path); });
+    FileState state;
+    take(path, [&] {
+        state = FileState::before(path);
+        ContentHash content;
+        DocumentPointer document = parseFile(path, content);
+        state.wasRead(content.value());
+        return document;
+    });
+    file = std::move(state);
     return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "store/ChangeObserver.h"
 #include "store/ElementReader.h"
+#include "store/FileState.h"
 #include "store/SectionIndex.h"
 #include "store/Tree.h"
 
@@ -102,6 +103,7 @@ public:
     void setHeaders(const std::vector<Header>& headers, xercesc::DOMElement* next);
 
     ChangeObserver* observer = nullptr;  ///< not owned
+    FileState file;                      ///< where the document was loaded from or saved to last
 
 private:
     /// Each primitive change ends here.

@@ -29,12 +29,14 @@ private:
 /// Hands a file of any name to the parser as it is read, so that it is never in memory as a whole.
 class FileStream : public xercesc::BinInputStream {
 public:
-    FileStream(const std::wstring& path, EndOfBytes& end) : m_file(path), m_end(end) {}
+    FileStream(const std::wstring& path, EndOfBytes& end, ContentHash& content)
+        : m_file(path), m_end(end), m_content(content) {}
     XMLFilePos curPos() const override { return m_position; }
     XMLSize_t readBytes(XMLByte* const buffer, const XMLSize_t size) override {
         const XMLSize_t count = m_file.read(buffer, size);
         m_end.asked(size, count);
         m_position += count;
+        m_content.add({reinterpret_cast<const char*>(buffer), count});
         return count;
     }
     const XMLCh* getContentType() const override { return nullptr; }
@@ -42,6 +44,7 @@ public:
 private:
     FileReader m_file;
     EndOfBytes& m_end;
+    ContentHash& m_content;
     XMLFilePos m_position = 0;
 };
 
@@ -49,12 +52,14 @@ private:
 class FileSource : public xercesc::InputSource {
 public:
     explicit FileSource(const std::wstring& path) : m_path(path) {}
-    xercesc::BinInputStream* makeStream() const override { return new FileStream(m_path, m_end); }
+    xercesc::BinInputStream* makeStream() const override { return new FileStream(m_path, m_end, m_content); }
     [[nodiscard]] const EndOfBytes& end() const { return m_end; }
+    [[nodiscard]] const ContentHash& content() const { return m_content; }
 
 private:
     std::wstring m_path;
     mutable EndOfBytes m_end;
+    mutable ContentHash m_content;
 };
 
 }  // namespace
@@ -66,11 +71,12 @@ ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, c
 
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path) { return std::make_unique<FileSource>(path); }
 
-DocumentPointer parseFile(const std::wstring& path) {
+DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
     const FileSource source(path);
     StrictParser parser;
     DocumentPointer document = parser.parseDocument(source);
     if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
+    content = source.content();
     return document;
 }
 

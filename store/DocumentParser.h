@@ -5,6 +5,7 @@
 #include <string>
 #include <xercesc/sax/InputSource.hpp>
 
+#include "store/ContentHash.h"
 #include "store/XmlLibrary.h"
 
 /// Parsing with limits and places. No other file is opened and no network reached, whatever the text asks for.
@@ -32,8 +33,8 @@ private:
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 
 /// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
-/// holds a document type or goes beyond these limits, and FileError when reading fails.
-DocumentPointer parseFile(const std::wstring& path);
+/// holds a document type or goes beyond these limits, and FileError when reading fails. `content` becomes that of the file.
+DocumentPointer parseFile(const std::wstring& path, ContentHash& content);
 /// The same of a file's bytes.
 DocumentPointer parseBytes(const std::string& bytes);
 

@@ -235,3 +235,16 @@ TEST(ManagerSaving, FailedCopyLeavesNameAndDirtyFlag) {
     EXPECT_TRUE(manager.isConfigDirty());
     EXPECT_EQ(manager.getFileName(), L"C:\\a\\old.skorrax");
 }
+
+TEST(ManagerSaving, CopyLeavesTheDocumentWithItsFile) {
+    const TemporaryFolder folder;
+    const auto manager = loadedManager(folder.write(L"hall.skorrax", fileText()));
+    manager->copyConfiguration(folder.file(L"copy.skorrax"));
+    folder.write(L"hall.skorrax", fileText("<System/>"));
+    const LogCapture log;
+    manager->saveConfiguration(folder.file(L"hall.skorrax"));
+    EXPECT_EQ(log.linesOf("Ulvano.XMLConfig.ConfigInfo").size(), 1u);
+    manager->copyConfiguration(folder.file(L"hall.skorrax"));
+    manager->saveConfiguration(folder.file(L"hall.skorrax"));
+    EXPECT_EQ(log.linesOf("Ulvano.XMLConfig.ConfigInfo").size(), 1u);
+}

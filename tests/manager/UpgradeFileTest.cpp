@@ -1,10 +1,16 @@
 #include "manager/UpgradeFile.h"
 
+#include <atomic>
+#include <functional>
+#include <thread>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 
@@ -110,4 +116,73 @@ TEST(UpgradeFile, TargetThatCannotBeWrittenLeavesNothingBehind) {
     const std::wstring path = folder.write(L"a.skorrax", fileText("", "1.5"));
     EXPECT_THROW(upgradeFile({path, folder.file(L"missing") + L"/b.skorrax"}), CorvaneException);
     EXPECT_EQ(folder.entries(), 1u);
+}
+
+namespace {
+
+/// Does something when the library logs for the first time, which an upgrade does while it works.
+class WhileItWorks : public log4cxx::AppenderSkeleton {
+public:
+    explicit WhileItWorks(std::function<void()> work) : m_work(std::move(work)) {}
+    void close() override {}
+    bool requiresLayout() const override { return false; }
+
+protected:
+    void append(const log4cxx::spi::LoggingEventPtr&, log4cxx::helpers::Pool&) override {
+        if (m_work) std::exchange(m_work, nullptr)();
+    }
+
+private:
+    std::function<void()> m_work;
+};
+
+/// What upgradeFile throws when this happens meanwhile.
+std::wstring thrownWhile(const XMLConfig::UpgradeFileRequest& request, std::function<void()> work) {
+    const LogCapture quiet;
+    const auto appender = std::make_shared<WhileItWorks>(std::move(work));
+    const log4cxx::LoggerPtr logger = log4cxx::Logger::getLogger("Ulvano");
+    logger->addAppender(appender);
+    const std::wstring message = thrownMessage<CorvaneException>([&] { upgradeFile(request); });
+    logger->removeAppender(appender);
+    return message;
+}
+
+}  // namespace
+
+TEST(UpgradeFile, TargetThatAppearsMeanwhileIsRefused) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.write(L"old.skorra", fileText("", "1.5"));
+    const std::wstring target = folder.file(L"new.skorrax");
+    EXPECT_EQ(thrownWhile({path, target}, [&] { folder.write(L"new.skorrax", "precious"); }),
+              L"Error upgradeFile: " + target + L": exists already");
+    EXPECT_EQ(folder.read(L"new.skorrax"), "precious");
+    EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST(UpgradeFile, FileThatIsChangedMeanwhileIsLeftAlone) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.write(L"a.skorra", fileText("", "1.5"));
+    const std::string theirs = fileText("<System><RunType>ClassicRun</RunType></System>");
+    EXPECT_EQ(thrownWhile({path}, [&] { folder.write(L"a.skorra", theirs); }),
+              L"Error upgradeFile: " + path + L": has been changed by another program meanwhile");
+    EXPECT_EQ(folder.read(L"a.skorra"), theirs);
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
+TEST(UpgradeFile, OneOfManyMakesTheTarget) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.write(L"old.skorra", fileText("", "1.5"));
+    std::atomic<int> made{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i)
+        threads.emplace_back([&] {
+            try {
+                upgradeFile({path, folder.file(L"new.skorrax")});
+                ++made;
+            } catch (const CorvaneException&) {
+            }
+        });
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(folder.entries(), 2u);
 }

@@ -1,0 +1,54 @@
+#include "store/DocumentSaving.h"
+
+#include <utility>
+
+#include "platform/CreateFile.h"
+#include "platform/Files.h"
+#include "store/ConfigInfo.h"
+#include "store/ContentHash.h"
+#include "store/CorvaneException.h"
+#include "store/Document.h"
+#include "store/DocumentWriter.h"
+#include "store/FileChange.h"
+
+namespace XMLConfig {
+
+bool hasFileChanged(const ConfigInfo& document) { return detail::Document::of(document).file.hasChanged(); }
+
+}  // namespace XMLConfig
+
+namespace XMLConfig::detail {
+
+void saveDocument(Document& document, const std::wstring& path) {
+    FileState file = FileState::before(path);
+    ContentHash content;
+    replaceFile(path, [&](const ByteSink& sink) {
+        content = {};  // the text may be asked for again
+        writeDocument(document.tree(), [&](std::string_view bytes) {
+            content.add(bytes);
+            sink(bytes);
+        });
+    });
+    file.wasWritten(content.value());
+    document.file = std::move(file);
+}
+
+void saveCopy(ConfigInfo& document, const std::wstring& path) {
+    FileState file = Document::of(document).file;
+    const bool dirty = document.isDirty();
+    document.save(path);
+    // Where the copy went over the document's own file, that one is known better now.
+    if (!file.isOf(path)) Document::of(document).file = std::move(file);
+    document.setDirty(dirty);
+}
+
+bool saveAsNewFile(const ConfigInfo& document, const std::wstring& path) {
+    try {
+        return createFile(path, [&](const ByteSink& sink) { writeDocument(Document::of(document).tree(), sink); });
+    } catch (const FileError& error) {
+        throw CorvaneException(L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" +
+                               error.message());
+    }
+}
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+class ConfigInfo;
+
+/// Saves beside ConfigInfo's own.
+namespace XMLConfig::detail {
+
+class Document;
+
+/// Writes the document to a file, all or nothing, and keeps in mind what that file holds now. Throws FileError.
+void saveDocument(Document& document, const std::wstring& path);
+
+/// As ConfigInfo::save, but the document stays one of the file it was of, with the changes it had.
+void saveCopy(ConfigInfo& document, const std::wstring& path);
+
+/// Writes the document to a file that must not exist yet, all or nothing; the document stays as it is. False when something
+/// of that name exists. Throws CorvaneException with the message of a failed save.
+bool saveAsNewFile(const ConfigInfo& document, const std::wstring& path);
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,78 @@
+#include "store/FileState.h"
+
+#include <vector>
+
+#include "platform/Environment.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "store/ContentHash.h"
+
+namespace XMLConfig::detail {
+namespace {
+
+std::wstring completePath(const std::wstring& path) { return isAbsolute(path) ? path : joinPath(currentFolder(), path); }
+
+/// Two spellings of a path are one.
+std::wstring commonSpelling(const std::wstring& path) {
+    std::wstring text = foldPath(completePath(path));
+    for (wchar_t& character : text)
+        if (isSeparator(character)) character = L'/';
+    return text;
+}
+
+/// Nothing when the file cannot be read.
+std::optional<std::uint64_t> contentOf(const std::wstring& path) {
+    try {
+        FileReader file(path);
+        ContentHash hash;
+        std::vector<char> buffer(64 * 1024);
+        while (const std::size_t count = file.read(buffer.data(), buffer.size())) hash.add({buffer.data(), count});
+        return hash.value();
+    } catch (const FileError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
+FileState FileState::before(const std::wstring& path) {
+    FileState state;
+    state.m_path = completePath(path);
+    state.m_stamp = fileStamp(path);
+    return state;
+}
+
+void FileState::wasWritten(std::uint64_t content) noexcept {
+    m_content = content;
+    try {
+        m_stamp = fileStamp(m_path);
+        if (m_stamp) m_stamp->isSettled = false;  // the file that was looked at may be another's already
+    } catch (...) {                               // the save is done; what the file holds will be compared
+        m_stamp = FileStamp();
+    }
+}
+
+bool FileState::isOf(const std::wstring& path) const {
+    return m_stamp && (m_path == path || commonSpelling(m_path) == commonSpelling(path));
+}
+
+bool FileState::hasChanged() const {
+    if (!m_stamp) return false;
+    const std::optional<FileStamp> now = fileStamp(m_path);
+    return !now || differs(*now);
+}
+
+bool FileState::hasOtherContent() const {
+    if (!m_stamp) return false;
+    const std::optional<FileStamp> now = fileStamp(m_path);
+    return now && differs(*now);
+}
+
+bool FileState::differs(const FileStamp& now) const {
+    if (isSurelyUnchanged(*m_stamp, now)) return false;
+    if (contentOf(m_path) != m_content) return true;
+    m_stamp = now;
+    return false;
+}
+
+}  // namespace XMLConfig::detail

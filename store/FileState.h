@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/FileStamp.h"
+
+namespace XMLConfig::detail {
+
+/// What a document knows of the file that it was loaded from or saved to last. Nothing at first.
+class FileState {
+public:
+    FileState() = default;
+    /// A look at a file before it is read or written. What that came to is told afterwards.
+    static FileState before(const std::wstring& path);
+    void wasRead(std::uint64_t content) { m_content = content; }
+    /// The file has been made or replaced, and holds that content unless somebody else was quick.
+    void wasWritten(std::uint64_t content) noexcept;
+
+    [[nodiscard]] bool isOf(const std::wstring& path) const;
+    /// Whether the file is gone or holds other bytes than it did. It is read only where its stamp leaves that open.
+    [[nodiscard]] bool hasChanged() const;
+    /// The same, but a file that is gone cannot be overwritten.
+    [[nodiscard]] bool hasOtherContent() const;
+
+private:
+    [[nodiscard]] bool differs(const FileStamp& now) const;
+
+    std::wstring m_path;  // complete, so that it holds in another current folder too
+    std::uint64_t m_content = 0;
+    mutable std::optional<FileStamp> m_stamp;  // the latest at which the content was as it is known
+};
+
+}  // namespace XMLConfig::detail
