@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/SignalHold.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/ElementView.h"
 #include "tools/Output.h"
+#include "tools/Writing.h"
 
 namespace tool {
 namespace {
@@ -39,6 +41,8 @@ void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
 
 void saveDocument(ConfigInfo& document, const std::string& file) {
     document.insertBuildDateAndNumber();
+    const XMLConfig::SignalHold hold;
+    refuseForeignChange(document, file);
     if (!document.save(XMLConfig::wideFromUtf8(file))) throw Refusal(L"an empty file name");
 }
 

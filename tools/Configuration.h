@@ -21,7 +21,8 @@ std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
 bool isOfLatestVersion(const ConfigInfo& document);
 /// Throws a Refusal unless the document is of the version that this library writes.
 void requireLatestVersion(const ConfigInfo& document, const std::string& file);
-/// Brings the build stamps up to date and writes the document back to its file.
+/// Brings the build stamps up to date and writes the document back to its file. Refuses where another program has changed
+/// the file since it was read. No signal ends the program meanwhile.
 void saveDocument(ConfigInfo& document, const std::string& file);
 
 /// Whether anything of that name exists.

@@ -7,6 +7,7 @@
 #include "tools/Output.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"
+#include "tools/Writing.h"
 
 namespace tool {
 namespace {
@@ -86,6 +87,7 @@ void setUpSet(CLI::App& app, Request& request) {
     app.add_option("FILE", request.file, "The file to change")->required();
     app.add_option("CHANGE", request.operands, "ADDRESS=VALUE: where a value is stored, and the value")->required();
     app.add_flag("--force", request.force, "Add unknown settings and sections too, and store values of another form");
+    setUpWriting(app, request);
     app.footer(addressHelp);
 }
 
@@ -93,6 +95,7 @@ ExitStatus runSet(const Request& request) {
     std::vector<Assignment> assignments;
     for (const std::string& operand : request.operands)
         assignments.push_back(XMLConfig::parseAssignment(XMLConfig::wideFromUtf8(operand)));
+    const auto lock = lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
     for (const Assignment& assignment : assignments) {  // each is checked with the earlier ones already done

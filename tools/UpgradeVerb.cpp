@@ -1,11 +1,13 @@
 #include <CLI/App.hpp>
 
 #include "manager/UpgradeFile.h"
+#include "platform/SignalHold.h"
 #include "platform/Terminal.h"
 #include "platform/Utf8.h"
 #include "tools/Output.h"
 #include "tools/UpgradeText.h"
 #include "tools/Verb.h"
+#include "tools/Writing.h"
 
 namespace tool {
 namespace {
@@ -39,6 +41,8 @@ UpgradeOutcome upgradeOne(const std::string& file, const Request& request) {
     outcome.file = XMLConfig::wideFromUtf8(file);
     outcome.isDryRun = request.dryRun;
     try {
+        const auto lock = request.dryRun ? nullptr : lockForWriting(file, request);
+        const XMLConfig::SignalHold hold;
         outcome.report = XMLConfig::upgradeFile({outcome.file, XMLConfig::wideFromUtf8(request.target), !request.dryRun});
     } catch (const std::exception& fault) {
         outcome.fault = XMLConfig::wideFromUtf8(fault.what());
@@ -63,6 +67,7 @@ void setUpUpgrade(CLI::App& app, Request& request) {
     app.add_flag("--explain", request.explain, "Tell what each step did");
     app.add_flag("--json", request.json, "Tell everything as JSON");
     app.add_flag("--dry-run", request.dryRun, "Write nothing");
+    setUpWriting(app, request);
     app.footer(
         "Without --output a file is converted in place; the old one is kept beside it as FILE.v1.500.bak,\n"
         "with the version it had. A file that fails is left as it was, and the others are gone on with.\n"

@@ -23,6 +23,7 @@ struct Request {
     bool dryRun = false;
     std::string picture;
     std::string colour = "auto";
+    unsigned waitSeconds = 30;
 };
 
 /// What a program of this tool answers with.

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "store/ConfigInfo.h"
+#include "store/ConfigLock.h"
+#include "tools/Verb.h"
+
+/// What the verbs that write have in common.
+namespace tool {
+
+/// The options of every verb that writes.
+void setUpWriting(CLI::App& app, Request& request);
+
+/// The lock on a file, to be held from before it is read until it is written. Throws a Refusal that says who has it when
+/// the time that was asked for is over. None in a folder that does not exist: what follows says that it is missing.
+std::unique_ptr<XMLConfig::ConfigLock> lockForWriting(const std::string& file, const Request& request);
+
+/// Refuses where another program has changed the file since it was read.
+void refuseForeignChange(const ConfigInfo& document, const std::string& file);
+
+}  // namespace tool
