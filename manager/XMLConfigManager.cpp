@@ -12,6 +12,7 @@
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "store/DocumentSaving.h"
+#include "store/FileChange.h"
 #include "store/Outline.h"
 
 using XMLConfig::detail::logInfo;
@@ -115,6 +116,8 @@ void XMLConfigManager::setResourceCache(IResourceCache* resourceCache) { m_resou
 XMLConfig::VersionUpgradeEnum XMLConfigManager::getVersionUpgradeStatus() const { return m_versionUpgradeStatus; }
 
 bool XMLConfigManager::isConfigDirty() const { return m_open->document->isDirty(); }
+
+bool XMLConfigManager::isConfigChangedOnDisk() const { return XMLConfig::hasFileChanged(*m_open->document); }
 
 void XMLConfigManager::setConfigDirty(bool dirty) { m_open->document->setDirty(dirty); }
 

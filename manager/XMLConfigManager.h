@@ -124,6 +124,8 @@ public:
     XMLConfig::VersionUpgradeEnum getVersionUpgradeStatus() const;
     /// Whether the document holds changes that were not saved.
     bool isConfigDirty() const;
+    /// Whether somebody else has changed the file since it was loaded or saved; see XMLConfig::hasFileChanged.
+    bool isConfigChangedOnDisk() const;
     void setConfigDirty(bool dirty);
 
     // The document as it is now, unsaved changes included, so that nobody loads the file a second time to look at it.

@@ -240,7 +240,9 @@ TEST(ManagerSaving, CopyLeavesTheDocumentWithItsFile) {
     const TemporaryFolder folder;
     const auto manager = loadedManager(folder.write(L"hall.skorrax", fileText()));
     manager->copyConfiguration(folder.file(L"copy.skorrax"));
+    EXPECT_FALSE(manager->isConfigChangedOnDisk());
     folder.write(L"hall.skorrax", fileText("<System/>"));
+    EXPECT_TRUE(manager->isConfigChangedOnDisk());
     const LogCapture log;
     manager->saveConfiguration(folder.file(L"hall.skorrax"));
     EXPECT_EQ(log.linesOf("Ulvano.XMLConfig.ConfigInfo").size(), 1u);
