@@ -43,7 +43,7 @@ void makeProjectorVirtual(ConfigInfo& document, const std::wstring& id) {
     const auto device = deviceOf(document, L"Projector", id);
     if (!device || !device->hasChild(L"connection")) return;
     if (device->attribute(L"UID").value_or(L"").find(idSeparator) == std::wstring::npos) {
-        throw CorvaneException(L"Deive id incorrect");
+        throw CorvaneException(L"Deive id incorrect");  // spelt so on purpose: applications know it
     }
     device->replaceChild(L"connection", virtualConnection(device->attribute(L"type").value_or(L""), width, height));
     document.setStringItemAsDOMElement(L"Projector", snippetKey, device->text(), id);

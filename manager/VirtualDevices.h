@@ -11,7 +11,7 @@ void applyVirtualDevices(ConfigInfo& document);
 
 /// Every projector's connection becomes a virtual one, to a device file of the projector's type and resolution. A projector
 /// whose snippet is missing, empty, no element or without a connection is left alone. Throws CorvaneException "Deive id
-/// incorrect" for a snippet whose "UID" has no "***".
+/// incorrect", spelt so on purpose, for a snippet whose "UID" has no "***".
 void makeProjectorsVirtual(ConfigInfo& document);
 /// Every camera's device type becomes "VC". A camera whose snippet lacks "UID" or "type" is left alone.
 void makeCamerasVirtual(ConfigInfo& document);

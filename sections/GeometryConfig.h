@@ -20,6 +20,7 @@ enum BlackLevelMethod : int { BlackLevelMethodDefault = 0 };
 /// Getters give the named default for a missing item and create nothing. The accessor keeps no state. Errors of the
 /// document reach the caller unchanged.
 /// The order of the virtual members is part of the interface: do not reorder them.
+/// Its settings: sections/GeometryItems.h and, as a page, docs/settings.md#geometry.
 class XMLCONFIG_API GeometryConfig : public BaseConfig {
 public:
     /// The mappers the solve can fit with, number by number as MapperType. Stored numbers: do not change.
@@ -41,99 +42,129 @@ public:
     /// missing items.
     void initialize() override;
 
-    virtual int getProjectorCount() const;  ///< 1 when missing
+    virtual int getProjectorCount() const;  ///< number of projectors in the layout; 1 when missing
     virtual void setProjectorCount(int value);
-    virtual int getProjectorLayoutWidth() const;  ///< 1 when missing
+    virtual int getProjectorLayoutWidth() const;  ///< columns of the projector layout; 1 when missing
     virtual void setProjectorLayoutWidth(int value);
-    virtual int getProjectorLayoutHeight() const;  ///< 1 when missing
+    virtual int getProjectorLayoutHeight() const;  ///< rows of the projector layout; 1 when missing
     virtual void setProjectorLayoutHeight(int value);
-    virtual bool getTilingEnabled() const;  ///< false when missing
+    virtual bool getTilingEnabled() const;  ///< whether the projectors tile one picture; false when missing
     virtual void setTilingEnabled(bool value);
-    virtual bool getValidateWarps() const;  ///< true when missing
+    virtual bool getValidateWarps() const;  ///< whether computed warps are checked before they are used; true when missing
     virtual void setValidateWarps(bool value);
-    virtual int getMemoryLocation() const;  ///< 0 when missing
+    virtual int getMemoryLocation() const;  ///< number of the projector memory that takes the warps; 0 when missing
     virtual void setMemoryLocation(int value);
-    virtual std::wstring getMemoryLocationName() const;  ///< empty when missing
+    /// Name of the projector memory that takes the warps; empty when missing.
+    virtual std::wstring getMemoryLocationName() const;
     virtual void setMemoryLocationName(const std::wstring& value);
-    virtual int getMaxGridWidth() const;  ///< 11 when missing
+    virtual int getMaxGridWidth() const;  ///< most columns of a warp grid; 11 when missing
     virtual void setMaxGridWidth(int value);
-    virtual int getMaxGridHeight() const;  ///< 11 when missing
+    virtual int getMaxGridHeight() const;  ///< most rows of a warp grid; 11 when missing
     virtual void setMaxGridHeight(int value);
-    virtual double getGridMovementFactor() const;  ///< 0.66 when missing
+    /// How far a grid point may move, as a fraction of the grid's spacing; 0.66 when missing.
+    virtual double getGridMovementFactor() const;
     virtual void setGridMovementFactor(double value);
-    virtual bool getUseContentMaskingForBlobsForSubliminal() const;  ///< true when missing
+    /// Whether the content's mask is applied to mapper blobs shown within running content; true when missing.
+    virtual bool getUseContentMaskingForBlobsForSubliminal() const;
     virtual void setUseContentMaskingForBlobsForSubliminal(bool value);
-    virtual PellinorBlobEncodingMethod getPellinorBlobEncoding() const;  ///< 0 when missing
+    /// How Pellinor runs encode their mapper blobs; 0 when missing.
+    virtual PellinorBlobEncodingMethod getPellinorBlobEncoding() const;
     virtual void setPellinorBlobEncoding(PellinorBlobEncodingMethod value);
-    virtual bool getUseBlendUndershootCompensation() const;  ///< true when missing
+    /// Whether blends are compensated where their brightness falls short; true when missing.
+    virtual bool getUseBlendUndershootCompensation() const;
     virtual void setUseBlendUndershootCompensation(bool value);
-    virtual int getUseAutoBrightnessUniformity() const;  ///< 0 when missing
+    /// How the brightness of the projectors is evened out by itself; 0 for not at all; 0 when missing.
+    virtual int getUseAutoBrightnessUniformity() const;
     virtual void setUseAutoBrightnessUniformity(int value);
-    virtual bool getBlendEdgeResampling() const;  ///< false when missing
+    virtual bool getBlendEdgeResampling() const;  ///< whether the edges of blends are sampled anew; false when missing
     virtual void setBlendEdgeResampling(bool value);
-    virtual int getBlendUndershootCompensation() const;  ///< 40 when missing
+    /// Strength of the compensation of blends whose brightness falls short; 40 when missing.
+    virtual int getBlendUndershootCompensation() const;
     virtual void setBlendUndershootCompensation(int value);
-    virtual bool getPersistAllBlendCombinations() const;  ///< false when missing
+    /// Whether the blends of every combination of projectors are kept; false when missing.
+    virtual bool getPersistAllBlendCombinations() const;
     virtual void setPersistAllBlendCombinations(bool value);
-    virtual bool getBlendRun() const;  ///< true when missing
+    virtual bool getBlendRun() const;  ///< whether a run computes blends; true when missing
     virtual void setBlendRun(bool value);
-    virtual int getAutoMaskingType() const;  ///< 0 when missing
+    /// How projector areas outside the screen are masked by themselves; 0 for not at all; 0 when missing.
+    virtual int getAutoMaskingType() const;
     virtual void setAutoMaskingType(int value);
-    virtual int getBlobNumHistorical() const;  ///< 5 when missing
+    /// Number of earlier measurements of mapper blobs that are kept; 5 when missing.
+    virtual int getBlobNumHistorical() const;
     virtual void setBlobNumHistorical(int value);
-    virtual int getBlobNumCalibrationIterations() const;  ///< 50 when missing
-    virtual bool getDoIterations() const;                 ///< false when missing
-    virtual bool getMarkerless() const;                   ///< false when missing
+    /// Most iterations of a calibration from mapper blobs; 50 when missing.
+    virtual int getBlobNumCalibrationIterations() const;
+    virtual bool getDoIterations() const;  ///< whether the solve is repeated on its own results; false when missing
+    virtual bool getMarkerless() const;    ///< whether a run goes without markers on the screen; false when missing
     virtual void setMarkerless(bool value);
-    virtual bool getGlobalOptimization() const;  ///< false when missing
+    /// Whether all projectors are solved for together in a last step; false when missing.
+    virtual bool getGlobalOptimization() const;
     virtual void setGlobalOptimization(bool value);
-    virtual bool getDoSphericalBlend() const;  ///< true when missing
+    virtual bool getDoSphericalBlend() const;  ///< whether blends are computed spherically; true when missing
     virtual void setDoSphericalBlend(bool value);
-    virtual int getFitOrder() const;  ///< 3 when missing
+    virtual int getFitOrder() const;  ///< order of the function that is fitted to the mapper blobs; 3 when missing
     virtual void setFitOrder(int value);
-    virtual FitSolver getFitSolver() const;  ///< 2 when missing, and for every stored number without a solver
+    /// Mapper that fits the warps; 2 when missing, and for every stored number without a solver.
+    virtual FitSolver getFitSolver() const;
     virtual void setFitSolver(FitSolver value);
-    virtual bool getDoCalculateBlendsOnlyRun() const;  ///< false when missing
+    /// Whether a run computes the blends only and keeps the warps; false when missing.
+    virtual bool getDoCalculateBlendsOnlyRun() const;
     virtual void setDoCalculateBlendsOnlyRun(bool value);
-    virtual double getBlackLevelAddedLight() const;  ///< 0.0 when missing
+    /// Light added to dark areas to even out the black level; 0.0 when missing.
+    virtual double getBlackLevelAddedLight() const;
     virtual void setBlackLevelAddedLight(double value);
-    virtual double getBlackLevelSlope() const;  ///< 0.0 when missing
+    virtual double getBlackLevelSlope() const;  ///< slope of the black level's correction; 0.0 when missing
     virtual void setBlackLevelSlope(double value);
-    virtual BlackLevelBlending::BlackLevelMethod getBlackLevelMethod() const;  ///< 0 when missing
+    /// Method of black-level blending; 0 when missing.
+    virtual BlackLevelBlending::BlackLevelMethod getBlackLevelMethod() const;
     virtual void setBlackLevelMethod(BlackLevelBlending::BlackLevelMethod value);
-    virtual bool getBlackLevelPixelSizeCompensation() const;  ///< false when missing
+    /// Whether black-level blending allows for the size of pixels on the screen; false when missing.
+    virtual bool getBlackLevelPixelSizeCompensation() const;
     virtual void setBlackLevelPixelSizeCompensation(bool value);
-    virtual int getPortraitMode() const;  ///< 0 when missing
+    /// Portrait orientation of projectors without one of their own; 0 for landscape; 0 when missing.
+    virtual int getPortraitMode() const;
     virtual void setPortraitMode(int value);
-    virtual bool getAutomaticMapperSettingsEnabled() const;  ///< true when missing
+    /// Whether size and spacing of mapper blobs are chosen by themselves; true when missing.
+    virtual bool getAutomaticMapperSettingsEnabled() const;
     virtual void setAutomaticMapperSettingsEnabled(bool value);
-    virtual Point_2Dim<int> getBoxSize() const;  ///< 21, 21 when missing
+    /// Width and height of mapper blobs of projectors without a size of their own (pixels); 21, 21 when missing.
+    virtual Point_2Dim<int> getBoxSize() const;
     virtual void setBoxSize(const Point_2Dim<int>& value);
-    virtual double getBoxSpacing() const;  ///< 1.5 when missing
+    /// Spacing of mapper blobs, as a multiple of their size, of projectors without one of their own; 1.5 when missing.
+    virtual double getBoxSpacing() const;
     virtual void setBoxSpacing(double value);
-    virtual int getImageResolutionX() const;  ///< 1400 when missing
+    /// Image width of projectors without one of their own (pixels); 1400 when missing.
+    virtual int getImageResolutionX() const;
     virtual void setImageResolutionX(int value);
-    virtual int getImageResolutionY() const;  ///< 1050 when missing
+    /// Image height of projectors without one of their own (pixels); 1050 when missing.
+    virtual int getImageResolutionY() const;
     virtual void setImageResolutionY(int value);
-    virtual int getInputImageScalingMode() const;  ///< 0 when missing
+    /// How projectors without a mode of their own scale their input; 0 when missing.
+    virtual int getInputImageScalingMode() const;
     virtual void setInputImageScalingMode(int value);
-    virtual int getUserStackHeightOverride() const;  ///< -1 when missing
-    virtual bool getMaskMappersEnabled() const;      ///< false when missing
+    /// Number of projectors stacked on one area, against what the layout says; -1 for no override; -1 when missing.
+    virtual int getUserStackHeightOverride() const;
+    virtual bool getMaskMappersEnabled() const;  ///< whether mapper blobs are masked; false when missing
     virtual void setMaskMappersEnabled(bool value);
-    virtual bool getProjectorBusyTestPatternEnabled() const;  ///< true when missing
+    /// Whether a projector shows a test pattern while it is busy; true when missing.
+    virtual bool getProjectorBusyTestPatternEnabled() const;
     virtual void setProjectorBusyTestPatternEnabled(bool value);
-    virtual bool getDoGatherValidation() const;  ///< false when missing
+    virtual bool getDoGatherValidation() const;  ///< whether gathered camera images are checked; false when missing
     virtual void setDoGatherValidation(bool value);
-    virtual int getGatherTries() const;  ///< 2 when missing
+    virtual int getGatherTries() const;  ///< how often gathering is tried; 2 when missing
     virtual void setGatherTries(int value);
-    virtual bool getGatherValidationFailsRun() const;  ///< false when missing
+    /// Whether a failed check of gathered camera images fails the run; false when missing.
+    virtual bool getGatherValidationFailsRun() const;
     virtual void setGatherValidationFailsRun(bool value);
-    virtual double getChannelCoverageGatherValidationDistanceFactor() const;  ///< 4.0 when missing
+    /// Distance between neighbouring blobs, as a multiple of the usual, beyond which a channel counts as not covered; 4.0
+    /// when missing.
+    virtual double getChannelCoverageGatherValidationDistanceFactor() const;
     virtual void setChannelCoverageGatherValidationDistanceFactor(double value);
-    virtual double getChannelCoverageGatherValidationPercentage() const;  ///< 20.0 when missing
+    /// Share of a channel that may stay uncovered in a check of gathered camera images (percent); 20.0 when missing.
+    virtual double getChannelCoverageGatherValidationPercentage() const;
     virtual void setChannelCoverageGatherValidationPercentage(double value);
 
-    bool getDoPellinorWarpValidation() const;  ///< false when missing
+    bool getDoPellinorWarpValidation() const;  ///< whether Pellinor runs check the warps they compute; false when missing
     void setDoPellinorWarpValidation(bool value);
     /// The projector layout as one value.
     Corvane::GridSize getSimpleLayoutGridSize() const;

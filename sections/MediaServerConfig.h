@@ -7,6 +7,7 @@
 
 /// The section "MediaServer": settings of the export to a media server, under keys that the callers choose (a key may
 /// be a path, its parts joined by "|"). The order of the virtual members is part of the interface.
+/// Its settings: sections/MediaServerItems.h and, as a page, docs/settings.md#mediaserver.
 class XMLCONFIG_API MediaServerConfig : public BaseConfig {
 public:
     MediaServerConfig(ConfigInfo* configInfo, const std::wstring& sectionID);

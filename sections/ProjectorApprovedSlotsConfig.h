@@ -9,6 +9,7 @@
 /// The section "ProjectorApprovedSlots": which numbered slots of the installation have been approved, under which
 /// names, and what the last run left behind. A slot is approved exactly while the section holds its subsection.
 /// The order of the virtual members is part of the interface.
+/// Its settings: sections/ApprovedSlotsItems.h and, as a page, docs/settings.md#projectorapprovedslots.
 class XMLCONFIG_API ProjectorApprovedSlotsConfig : public BaseConfig {
 public:
     enum SlotStatus : int { NotApproved = 0, Approved = 1, CurrentRun = 2 };
@@ -18,11 +19,12 @@ public:
     /// Writes nothing.
     void initialize() override;
 
-    int getCurrentSlotID() const;  ///< -1 when it is missing
+    int getCurrentSlotID() const;  ///< the slot of the current run; -1 for none; -1 when it is missing
     void setCurrentSlotID(const int& slot);
-    std::wstring getTimeOfLastRun() const;  ///< empty when it is missing
+    std::wstring getTimeOfLastRun() const;  ///< when the last run was made; empty when it is missing
     void setTimeOfLastRun(const std::wstring& time);
-    std::wstring getDiagnosticsFolderOfLastRun() const;  ///< empty when it is missing
+    /// The diagnostics folder of the last run; empty when it is missing.
+    std::wstring getDiagnosticsFolderOfLastRun() const;
     void setDiagnosticsFolderOfLastRun(const std::wstring& folder);
     /// Empty for a slot that is not approved or has no name.
     std::wstring getSlotName(int slot) const;

@@ -34,7 +34,7 @@ struct ProjectorItems : SettingTable {
     Descriptor<int> portraitMode{*this, L"Portrait_Mode", {0},
         means(L"orientation of the image; 0 is landscape").inheritedFrom(L"Geometry")};
     Descriptor<Point_2Dim<int>> boxSize{*this, L"Box_Size", {{21, 21}},
-        means(L"width and height of a box of the mapper's pattern").inheritedFrom(L"Geometry")
+        means(L"width and height of a box of the mapper's pattern").in(Unit::Pixels).inheritedFrom(L"Geometry")
             .countsWhile(L"Geometry", L"Enable_Automatic_Mapper_Settings", {L"false"})};
     Descriptor<double> boxSpacing{*this, L"Box_Spacing", {1.5},
         means(L"distance between the boxes of the mapper's pattern").inheritedFrom(L"Geometry").atLeast(1)

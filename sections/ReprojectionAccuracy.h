@@ -9,6 +9,7 @@
 /// The reprojection errors a calibration run measured, for the whole display and for each camera, in a results document
 /// of their own. A missing value reads 0.0; -1.0 in a new document stands for what has not been measured.
 /// The order of the virtual members is part of the interface.
+/// Its settings: sections/ReprojectionAccuracyItems.h and, as a page, docs/settings.md#global.
 class XMLCONFIG_API ReprojectionAccuracy : public BaseConfig {
 public:
     /// Takes ownership of `configInfo`, a results document: never pass a manager's document. Null gives the accessor a

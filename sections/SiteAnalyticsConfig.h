@@ -11,6 +11,7 @@
 ///
 /// Times are seconds since 1970-01-01 UTC in 32 bits; 0 stands for a missing time. A missing count reads 0. The site mode
 /// lives in this object, not in the document. The order of the virtual members is part of the interface.
+/// Its settings: sections/SiteAnalyticsItems.h and, as a page, docs/settings.md#siteanalytics.
 class XMLCONFIG_API SiteAnalyticsConfig : public BaseConfig {
 public:
     enum SiteMode : int { SiteVisit = 0, ServicePeriod = 1 };
@@ -21,16 +22,17 @@ public:
     /// Writes nothing.
     void initialize() override;
 
-    int getSuccessfulRunNumber() const;
+    int getSuccessfulRunNumber() const;  ///< runs that succeeded
     void setSuccessfulRunNumber(int count);
     void incrementSuccessfulRunNumber();  ///< stays at the largest 32-bit number
     void resetSuccessfulRunNumber();
-    int getFailedRunNumber() const;
+    int getFailedRunNumber() const;  ///< runs that failed
     void setFailedRunNumber(int count);
     void incrementFailedRunNumber();  ///< stays at the largest 32-bit number
     void resetFailedRunNumber();
-    std::int32_t getLastRunTimestamp() const;
-    void setLastRunTimestamp();  ///< stores the present time
+    std::int32_t getLastRunTimestamp() const;  ///< when the last run was made; 0 for never (seconds since 1970-01-01 UTC)
+    void setLastRunTimestamp();                ///< stores the present time
+    /// When the installation was first visited; 0 for not yet (seconds since 1970-01-01 UTC).
     std::int32_t getVisitTimestamp() const;
     void setVisitTimestamp();  ///< stores the present time
 

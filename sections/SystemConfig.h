@@ -60,6 +60,7 @@ struct ACTRelayAssociation {
 /// Getters give the named default for a missing item and create nothing. Only the prompt flag lives in the accessor; it
 /// is false after every construction. Errors of the document reach the caller unchanged.
 /// The order of the virtual members is part of the interface: do not reorder them.
+/// Its settings: sections/SystemItems.h and, as a page, docs/settings.md#system.
 class XMLCONFIG_API SystemConfig : public BaseConfig {
 public:
     /// How a calibration finds its markers. The stored form is a text.
@@ -86,12 +87,14 @@ public:
 
     // Finding the markers.
 
+    /// How the markers are found in the camera images; "-prompt" at the end asks the user before an automatic one.
     /// MarkerLocationManual when missing or unknown; the stored text counts with its case.
     virtual MarkerLocationMethodEnum getMarkerLocationMethod() const;
     /// With the prompt flag set, both automatic methods (ACT, marked surface) are stored with the prompt.
     /// Throws CorvaneException for a value that is no enumerator; nothing is stored then.
     void setMarkerLocationMethod(MarkerLocationMethodEnum method);
-    /// Whether the stored method asks the user first; the prompt flag is not consulted.
+    /// How the markers are found in the camera images; "-prompt" at the end asks the user before an automatic one. Whether
+    /// the stored method asks the user first; the prompt flag is not consulted.
     bool getPromptUserForAutomaticCameraCalibrationEnabledState() const;
     /// Sets the prompt flag and stores the present method anew.
     void setPromptUserForAutomaticCameraCalibrationEnabledState(bool enabled);
@@ -104,10 +107,12 @@ public:
 
     // Units: names as in UnitConversionTable.
 
-    virtual std::wstring getLengthUnit() const;  ///< UNIT_DEFAULT() when missing
+    /// Unit in which the application shows and takes lengths; UNIT_DEFAULT() when missing.
+    virtual std::wstring getLengthUnit() const;
     /// Meters, centimeters, millimeters, feet and inches; any other name is ignored.
     void setLengthUnit(const std::wstring& name);
-    std::wstring getAngleUnit() const;  ///< ANGLE_UNIT_DEFAULT() when missing
+    /// Unit in which the application shows and takes angles; ANGLE_UNIT_DEFAULT() when missing.
+    std::wstring getAngleUnit() const;
     /// Degrees and radians; any other name is ignored.
     void setAngleUnit(const std::wstring& name);
     UnitConversionTable::UnitSubType getLengthUnitByEnum() const;
@@ -119,49 +124,56 @@ public:
 
     // Cinema.
 
-    Cinema::Frame getCinemaFrameType() const;  ///< Flat when missing
+    Cinema::Frame getCinemaFrameType() const;  ///< picture format of a cinema run; Flat when missing
     void setCinemaFrameType(Cinema::Frame frame);
-    virtual double getCinemaKeystoneValue() const;  ///< 0.0 when missing
+    virtual double getCinemaKeystoneValue() const;  ///< keystone correction of the cinema picture; 0.0 when missing
     void setCinemaKeystoneValue(double value);
-    double getCinemaVerticalShift() const;  ///< 0.0 when missing
+    double getCinemaVerticalShift() const;  ///< vertical shift of the cinema picture; 0.0 when missing
     void setCinemaVerticalShift(double value);
-    double getCinemaVerticalStretch() const;  ///< 0.0 when missing
+    double getCinemaVerticalStretch() const;  ///< vertical stretch of the cinema picture; 0.0 when missing
     void setCinemaVerticalStretch(double value);
 
     // The run, and what takes part in it.
 
-    virtual bool getSupportsPellinor() const;  ///< false when missing
+    virtual bool getSupportsPellinor() const;  ///< whether the installation supports Pellinor runs; false when missing
     void setSupportsPellinor(bool value);
-    virtual bool getOneShotMappersEnabled() const;  ///< false when missing
+    /// Whether all mapper blobs are shown in one image instead of a sequence; false when missing.
+    virtual bool getOneShotMappersEnabled() const;
     void setOneShotMappersEnabled(bool value);
-    RunType getRunType() const;  ///< ClassicRun when missing
+    RunType getRunType() const;  ///< kind of calibration run; ClassicRun when missing
     void setRunType(RunType runType);
-    std::wstring getSkorraFilename() const;  ///< "untitled.skorrax" when missing
+    std::wstring getSkorraFilename() const;  ///< name of the warp file that a run produces; "untitled.skorrax" when missing
     /// The extension is appended unless the name ends in it; an empty name and the bare extension are ignored.
     void setSkorraFilename(const std::wstring& name);
-    bool getAreBlindersUsed() const;  ///< false when missing
+    bool getAreBlindersUsed() const;  ///< whether blinders keep stray projector light off the screen; false when missing
     void setAreBlindersUsed(bool value);
-    bool getIsBlbUsed() const;  ///< false when missing
+    bool getIsBlbUsed() const;  ///< whether black-level blending is used; false when missing
     void setIsBlbUsed(bool value);
-    bool getIsCameraUsed() const;  ///< true when missing
+    bool getIsCameraUsed() const;  ///< whether a run measures with cameras; true when missing
     void setIsCameraUsed(bool value);
-    bool isUseScreenAsMaskEnabled() const;  ///< true when missing
+    /// Whether what lies outside the screen surface is masked in the camera images; true when missing.
+    bool isUseScreenAsMaskEnabled() const;
     void enableUseScreenAsMask(bool value);
-    bool getPoseBlenderIgnoresOcclusions() const;  ///< false when missing
+    /// Whether blending from projector poses leaves shadowed (occluded) areas out of account; false when missing.
+    bool getPoseBlenderIgnoresOcclusions() const;
     void setPoseBlenderIgnoresOcclusions(bool value);
-    bool getParallelizeSends() const;  ///< false when missing
+    bool getParallelizeSends() const;  ///< whether warps are sent to all projectors at the same time; false when missing
     void setParallelizeSends(bool value);
-    int getGlareThreshold() const;  ///< percent; kDefaultGlareThreshold when missing
+    /// Brightness from which a camera pixel counts as glare; 100 finds none (percent); kDefaultGlareThreshold when missing.
+    int getGlareThreshold() const;
     void setGlareThreshold(int percent);
-    int getMarkedSurfaceMaskingExpansionPct() const;  ///< kDefaultMarkedSurfaceMaskingExpansionPct when missing
+    /// How far the mask around the marked surface is widened (percent); kDefaultMarkedSurfaceMaskingExpansionPct when
+    /// missing.
+    int getMarkedSurfaceMaskingExpansionPct() const;
     void setMarkedSurfaceMaskingExpansionPct(int percent);
-    int getReferenceMappingsTimeStamp() const;  ///< 0 when missing
+    /// When the reference mappings were taken; 0 for never (seconds since 1970-01-01 UTC); 0 when missing.
+    int getReferenceMappingsTimeStamp() const;
     void setReferenceMappingsTimeStamp(int timeStamp);
 
     // Black-box controllers. A missing or malformed item reads as a default BlackBoxInfo. The setters keep the other
     // power ports that the document holds and ignore those of their argument.
 
-    int getNumAvailableBlackBoxPowerPorts() const;  ///< 2 when missing
+    int getNumAvailableBlackBoxPowerPorts() const;  ///< number of power ports a black box offers; 2 when missing
     void setNumAvailableBlackBoxPowerPorts(int count);
     BlackBoxInfo getBlackBoxCamerasComm() const;
     void setBlackBoxCamerasComm(const BlackBoxInfo& info);
@@ -170,16 +182,19 @@ public:
 
     // Commands of motorised blend plates; projectors without their own use these. Empty when missing.
 
+    /// Command that prepares the motorised blend plates of projectors without a command of their own.
     std::wstring getMotoBlendInitCommand() const;
     void setMotoBlendInitCommand(const std::wstring& command);
+    /// Command that opens the motorised blend plates of projectors without a command of their own.
     std::wstring getMotoBlendOpenCommand() const;
     void setMotoBlendOpenCommand(const std::wstring& command);
+    /// Command that closes the motorised blend plates of projectors without a command of their own.
     std::wstring getMotoBlendCloseCommand() const;
     void setMotoBlendCloseCommand(const std::wstring& command);
 
     // ACT units, numbered from 0.
 
-    int getACTCount();  ///< 0 when missing
+    int getACTCount();  ///< number of ACT units; 0 when missing
     /// Removes the addresses and associations of units beyond `count`; a negative count is stored as 0.
     void setACTCount(int count);
     std::wstring getACTAddress(int unit);  ///< empty when missing
@@ -187,15 +202,20 @@ public:
     /// Empty when missing; a trailing number without a partner is ignored.
     std::vector<ACTRelayAssociation> getACTRelayAssociations(int unit);
     void setACTRelayAssociations(int unit, const std::vector<ACTRelayAssociation>& associations);
-    std::wstring getACTBlobDetectionMethod() const;  ///< "basic" when missing
+    /// How ACT calibration detects blobs in the camera images; "basic" when missing.
+    std::wstring getACTBlobDetectionMethod() const;
     void setACTBlobDetectionMethod(const std::wstring& method);
-    double getACTBlobMinArea() const;  ///< 2.0 when missing
+    double getACTBlobMinArea() const;  ///< smallest area of a blob in ACT calibration (square pixels); 2.0 when missing
     void setACTBlobMinArea(double area);
-    double getACTBlobMaxArea() const;                ///< 2500.0 when missing
-    double getACTBlobClusteringDistance() const;     ///< 5.0 when missing
-    double getACTBlobMinSeparationDistance() const;  ///< 5.0 when missing
-    int getACTBlobIntensityJumpThreshold() const;    ///< 50 when missing
-    int getACTBlobMaxObservations() const;           ///< 100 when missing
+    double getACTBlobMaxArea() const;  ///< largest area of a blob in ACT calibration (square pixels); 2500.0 when missing
+    /// Distance within which detections are gathered to one blob in ACT calibration (pixels); 5.0 when missing.
+    double getACTBlobClusteringDistance() const;
+    /// Smallest distance between two blobs in ACT calibration (pixels); 5.0 when missing.
+    double getACTBlobMinSeparationDistance() const;
+    /// Step of brightness that marks a light being switched in ACT calibration; 50 when missing.
+    int getACTBlobIntensityJumpThreshold() const;
+    /// Most observations of a blob that ACT calibration takes into account; 100 when missing.
+    int getACTBlobMaxObservations() const;
 
 private:
     static const std::wstring PROMPT_SUFFIX;
