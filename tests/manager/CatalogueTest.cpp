@@ -10,6 +10,7 @@
 
 #include "store/Outline.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/AsciiText.h"
 #include "tests/support/TemporaryFolder.h"
 
 using XMLConfig::catalogue;
@@ -17,8 +18,6 @@ using XMLConfig::OutlineNode;
 using XMLConfig::Setting;
 
 namespace {
-
-std::string utf8(const std::wstring& ascii) { return std::string(ascii.begin(), ascii.end()); }
 
 const std::set<std::wstring> fixedSections = {L"Color",         L"Geometry",      L"Screen",
                                               L"System",        L"TargetLocator", L"ProjectorApprovedSlots",
@@ -53,7 +52,7 @@ TEST(Catalogue, SectionsStandInTheOrderOfANewDocument) {
 TEST(Catalogue, SettingsAreListedOnceWithTypeAndMeaning) {
     std::set<std::pair<std::wstring, std::wstring>> seen;
     for (const Setting& setting : catalogue()) {
-        SCOPED_TRACE(utf8(setting.section + L"/" + setting.key));
+        SCOPED_TRACE(asciiOf(setting.section + L"/" + setting.key));
         EXPECT_TRUE(seen.emplace(setting.section, setting.key).second);
         EXPECT_FALSE(setting.key.empty());
         EXPECT_FALSE(setting.meaning.empty());
@@ -65,7 +64,7 @@ TEST(Catalogue, MeaningsBeginSmall) {
     for (const Setting& setting : catalogue()) {
         const std::wstring begin = setting.meaning.substr(0, 2);
         const auto isCapital = [](wchar_t character) { return character >= L'A' && character <= L'Z'; };
-        EXPECT_TRUE(!isCapital(begin.front()) || isCapital(begin.back())) << utf8(setting.section + L"/" + setting.key);
+        EXPECT_TRUE(!isCapital(begin.front()) || isCapital(begin.back())) << asciiOf(setting.section + L"/" + setting.key);
     }
 }
 
@@ -88,7 +87,7 @@ TEST(Catalogue, InitialTextsAreWhatANewDocumentHolds) {
     const auto document = newDocument();
     for (const Setting& setting : catalogue()) {
         if (fixedSections.count(setting.section) == 0) continue;
-        SCOPED_TRACE(utf8(setting.section + L"/" + setting.key));
+        SCOPED_TRACE(asciiOf(setting.section + L"/" + setting.key));
         EXPECT_EQ(document->getStringItem(setting.section, setting.key, L"(missing)", L"", L"", L""),
                   setting.initialText.value_or(L"(missing)"));
     }
@@ -103,7 +102,7 @@ TEST(Catalogue, ANewDocumentHoldsOnlyWhatIsListed) {
         std::set<std::wstring> keys;
         collectKeys(section, L"", keys);
         for (const std::wstring& key : keys)
-            EXPECT_EQ(listed.count({section.name, key}), 1u) << utf8(section.name + L"/" + key);
+            EXPECT_EQ(listed.count({section.name, key}), 1u) << asciiOf(section.name + L"/" + key);
         checked += static_cast<int>(keys.size());
     }
     EXPECT_GT(checked, 50);

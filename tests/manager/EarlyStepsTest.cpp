@@ -4,6 +4,7 @@
 
 #include "manager/upgrade/UpgradeChain.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/SteppedDocument.h"
 #include "tests/support/TestDocument.h"
 
 using XMLConfig::detail::toVersion2;
@@ -16,15 +17,7 @@ std::string projector(const std::string& id, const std::string& items) {
     return "<Projector ID=\"" + id + "\">" + items + "</Projector>";
 }
 
-std::string camera(const std::string& id, const std::string& items) {
-    return "<Camera ID=\"" + id + "\">" + items + "</Camera>";
-}
-
-TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sections) {
-    TestDocument document(fileText(sections, "1.000"));
-    step(*document);
-    return document;
-}
+TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sections) { return ::stepped(step, sections, "1.000"); }
 
 // Without the line breaks and indentation that reading an element back puts in.
 std::wstring compact(const std::wstring& xml) {

@@ -9,6 +9,7 @@
 
 #include "manager/Catalogue.h"
 #include "platform/Numbers.h"
+#include "tests/support/AsciiText.h"
 
 using XMLConfig::catalogue;
 using XMLConfig::Range;
@@ -21,10 +22,7 @@ namespace {
 
 using Keys = std::vector<std::wstring>;
 
-std::string nameOfSetting(const Setting& setting) {
-    const std::wstring name = setting.section + L"/" + setting.key;
-    return std::string(name.begin(), name.end());
-}
+std::string nameOfSetting(const Setting& setting) { return asciiOf(setting.section + L"/" + setting.key); }
 
 const Setting* find(const std::wstring& section, const std::wstring& key) {
     for (const Setting& setting : catalogue())
@@ -62,8 +60,12 @@ TEST(Knowledge, StartsAreAmongTheWordsAndNumbers) {
     for (const Setting& setting : catalogue()) {
         SCOPED_TRACE(nameOfSetting(setting));
         for (const std::wstring& text : startTexts(setting)) {
-            if (!setting.words.empty()) EXPECT_TRUE(isWord(setting, text));
-            if (!setting.numbers.empty()) EXPECT_TRUE(isNumber(setting, text));
+            if (!setting.words.empty()) {
+                EXPECT_TRUE(isWord(setting, text));
+            }
+            if (!setting.numbers.empty()) {
+                EXPECT_TRUE(isNumber(setting, text));
+            }
         }
     }
 }
@@ -79,8 +81,12 @@ TEST(Knowledge, WhatOthersCountAsIsOneOfThem) {
 TEST(Knowledge, WordsStandForTextsAndNumbersForIntegers) {
     for (const Setting& setting : catalogue()) {
         SCOPED_TRACE(nameOfSetting(setting));
-        if (!setting.words.empty()) EXPECT_EQ(setting.type, SettingType::Text);
-        if (!setting.numbers.empty()) EXPECT_EQ(setting.type, SettingType::Int);
+        if (!setting.words.empty()) {
+            EXPECT_EQ(setting.type, SettingType::Text);
+        }
+        if (!setting.numbers.empty()) {
+            EXPECT_EQ(setting.type, SettingType::Int);
+        }
         EXPECT_LE(!setting.words.empty() + !setting.numbers.empty() + setting.range.has_value(), 1);
     }
 }
@@ -118,15 +124,18 @@ TEST(Knowledge, ConditionsNameSettingsAndTheirTexts) {
         ASSERT_FALSE(condition.texts.empty());
         for (const std::wstring& text : condition.texts) {
             EXPECT_TRUE(isOfType(text, other->type));
-            if (!other->words.empty()) EXPECT_TRUE(isWord(*other, text));
+            if (!other->words.empty()) {
+                EXPECT_TRUE(isWord(*other, text));
+            }
         }
     }
 }
 
 TEST(Knowledge, OnlyDevicesHaveClasses) {
     for (const Setting& setting : catalogue())
-        if (setting.settingClass != SettingClass::Rest)
+        if (setting.settingClass != SettingClass::Rest) {
             EXPECT_TRUE(setting.section == L"Projector" || setting.section == L"Camera") << nameOfSetting(setting);
+        }
 }
 
 TEST(Knowledge, IdentityIsWhatACopyMustNotTake) {

@@ -4,6 +4,7 @@
 #include "manager/upgrade/UpgradeChain.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/SteppedDocument.h"
 #include "tests/support/TestDocument.h"
 
 using testing::ElementsAre;
@@ -15,15 +16,7 @@ using XMLConfig::detail::toVersion9;
 
 namespace {
 
-TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sections) {
-    TestDocument document(fileText(sections, "3.000"));
-    step(*document);
-    return document;
-}
-
-std::string camera(const std::string& id, const std::string& items) {
-    return "<Camera ID=\"" + id + "\">" + items + "</Camera>";
-}
+TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sections) { return ::stepped(step, sections, "3.000"); }
 
 // Projectors "1", "2", ... that each hold one of these texts.
 std::string projectors(const std::string& key, const std::vector<std::string>& texts) {

@@ -9,16 +9,13 @@
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 
 using testing::ElementsAre;
 
 namespace {
-
-const std::string managerLogger = "Ulvano.XMLConfig.XMLConfigManager";
-
-LogLine info(const std::string& text) { return {managerLogger, "INFO", text}; }
 
 std::wstring stored(const ConfigInfo& document, const wchar_t* section, const wchar_t* key, const std::wstring& id) {
     return document.getStringItem(section, key, L"(missing)", id, L"", L"");

@@ -27,7 +27,9 @@
 #include "store/CorvaneException.h"
 #include "store/Outline.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/AsciiText.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/VirtualSlots.h"
@@ -38,12 +40,6 @@ static_assert(std::has_virtual_destructor_v<XMLConfigManager>);
 static_assert(std::is_copy_constructible_v<XMLConfigManager> && std::is_copy_assignable_v<XMLConfigManager>);
 
 namespace {
-
-const std::string managerLogger = "Ulvano.XMLConfig.XMLConfigManager";
-
-LogLine info(const std::string& text) { return {managerLogger, "INFO", text}; }
-
-std::string utf8(const std::wstring& ascii) { return std::string(ascii.begin(), ascii.end()); }
 
 class FixedClock {
 public:
@@ -80,9 +76,9 @@ TEST(ManagerLifeCycle, NewConfigurationHoldsInitialValues) {
     manager->saveConfiguration(folder.file(L"new.skorrax"));
     const ConfigInfo document(folder.file(L"new.skorrax"));
     for (const wchar_t* section : {L"Color", L"Geometry", L"Screen", L"System", L"TargetLocator"})
-        EXPECT_TRUE(document.doesSectionExist(section, L"")) << utf8(section);
+        EXPECT_TRUE(document.doesSectionExist(section, L"")) << asciiOf(section);
     for (const wchar_t* section : {L"ProjectorApprovedSlots", L"SiteAnalytics", L"ProjMap", L"MediaServer"})
-        EXPECT_FALSE(document.doesSectionExist(section, L"")) << utf8(section);
+        EXPECT_FALSE(document.doesSectionExist(section, L"")) << asciiOf(section);
     struct Row {
         const wchar_t* section;
         const wchar_t* key;
@@ -92,7 +88,7 @@ TEST(ManagerLifeCycle, NewConfigurationHoldsInitialValues) {
                            Row{L"Screen", L"Screen_Radius", L"2.100000000000000e+00"}, Row{L"Screen", L"Shape", L"Flat"},
                            Row{L"System", L"Parallelize_Sends", L"true"},
                            Row{L"TargetLocator", L"Horizontal_Overlap", L"5.000000000000000e-02"}})
-        EXPECT_EQ(document.getStringItem(row.section, row.key, L"(missing)", L"", L"", L""), row.text) << utf8(row.key);
+        EXPECT_EQ(document.getStringItem(row.section, row.key, L"(missing)", L"", L"", L""), row.text) << asciiOf(row.key);
 }
 
 TEST(ManagerLifeCycle, SectionsStandInTheOrderOfInitialisation) {
@@ -142,7 +138,7 @@ TEST(ManagerLifeCycle, LoadedFileAtTheLatestVersionIsUnchangedAndClean) {
     EXPECT_FALSE(manager->isConfigDirty());
     EXPECT_EQ(folder.read(L"hall.skorrax"), text);
     EXPECT_EQ(manager->getSystemConfig()->getFileVersion(), 9.0);
-    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + utf8(path) + "')")));
+    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + asciiOf(path) + "')")));
 }
 
 TEST(ManagerLifeCycle, LoadBeginsTheVisitWithoutDirtyingTheDocument) {
@@ -188,7 +184,7 @@ TEST(ManagerLifeCycle, MissingFileIsRefusedByTheDocument) {
     const std::wstring path = folder.file(L"none.skorrax");
     EXPECT_EQ(thrownMessage<CorvaneException>([&] { loadedManager(path); }),
               L"Error parseDataFile: Can not open file: " + path);
-    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + utf8(path) + "')")));
+    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + asciiOf(path) + "')")));
 }
 
 TEST(ManagerLifeCycle, MalformedFileIsRefusedByTheDocument) {
@@ -209,8 +205,8 @@ TEST(ManagerLifeCycle, NewerFileIsRefusedWithTheNameInTheMessage) {
     const auto product = TestProduct::make();
     EXPECT_EQ(thrownMessage<CorvaneException>([&] { XMLConfigManager::loadConfiguration(product, path); }), message);
     EXPECT_EQ(product.use_count(), 1);
-    EXPECT_THAT(log.linesOf(managerLogger),
-                ElementsAre(info("loadConfiguration('" + utf8(path) + "')"), LogLine{managerLogger, "WARN", utf8(message)}));
+    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + asciiOf(path) + "')"),
+                                                        LogLine{managerLogger, "WARN", asciiOf(message)}));
     EXPECT_THAT(
         log.linesOf("Ulvano.XMLConfig.VersionUpgrade"),
         ElementsAre(LogLine{"Ulvano.XMLConfig.VersionUpgrade", "TRACE", "doFileVersionConversion(9.001) -> 9.000"},

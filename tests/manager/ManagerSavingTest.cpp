@@ -10,7 +10,9 @@
 #include "sections/ScreenConfig.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/AsciiText.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 
@@ -19,12 +21,6 @@ using testing::HasSubstr;
 using testing::Not;
 
 namespace {
-
-const std::string managerLogger = "Ulvano.XMLConfig.XMLConfigManager";
-
-LogLine info(const std::string& text) { return {managerLogger, "INFO", text}; }
-
-std::string utf8(const std::wstring& ascii) { return std::string(ascii.begin(), ascii.end()); }
 
 std::wstring storedMesh(const std::wstring& path) {
     return ConfigInfo(path).getStringItem(L"Screen", L"VRML", L"(missing)", L"", L"", L"");
@@ -43,7 +39,7 @@ TEST(ManagerSaving, SavedFileGivesTheNameAndIsClean) {
     EXPECT_FALSE(manager->isConfigDirty());
     EXPECT_EQ(manager->getAssetManager()->getRootPath(), folder.path().wstring());
     EXPECT_EQ(folder.entries(), 1u);
-    EXPECT_THAT(log.lines(), ElementsAre(info("saveConfiguration('" + utf8(path) + "')")));
+    EXPECT_THAT(log.lines(), ElementsAre(info("saveConfiguration('" + asciiOf(path) + "')")));
     EXPECT_EQ(loadedManager(path)->getFileName(), path);
 }
 
@@ -215,7 +211,7 @@ TEST(ManagerSaving, CopyLeavesNameAndDirtyFlag) {
     const auto manager = loadedManager(path);
     LogCapture log;
     manager->copyConfiguration(copy);
-    EXPECT_THAT(log.lines(), ElementsAre(info("copyConfiguration('" + utf8(copy) + "')")));
+    EXPECT_THAT(log.lines(), ElementsAre(info("copyConfiguration('" + asciiOf(copy) + "')")));
     EXPECT_FALSE(manager->isConfigDirty());
     manager->setConfigDirty(true);
     manager->copyConfiguration(copy);

@@ -8,6 +8,7 @@
 #include "sections/SystemConfig.h"
 #include "store/ConfigInfo.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 
 namespace {
 
@@ -18,11 +19,8 @@ using Strings = std::vector<std::wstring>;
 
 class ActUnitsTest : public testing::Test {
 protected:
-    void store(const std::wstring& key, const std::wstring& text) {
-        document.setStringItem(L"System", key, text, {}, {}, {});
-    }
     Pairs readText(const std::wstring& text) {
-        store(L"ACT_Relay_Associations_0", text);
+        items.put(L"ACT_Relay_Associations_0", text);
         return associations(0);
     }
     Pairs associations(int unit) {
@@ -40,6 +38,7 @@ protected:
     }
 
     ConfigInfo document;
+    XMLConfig::tests::StoredItems items{document, L"System"};
     SystemConfig system{&document, nullptr, L""};
 };
 
@@ -63,8 +62,8 @@ TEST_F(ActUnitsTest, RaisingTheCountCreatesNoUnits) {
 
 TEST_F(ActUnitsTest, LoweringTheCountRemovesTheUnitsBeyond) {
     addUnits(3);
-    store(L"ACT_Address_10", L"beyond the count");
-    store(L"ACT_Address_01", L"no number of a unit");
+    items.put(L"ACT_Address_10", L"beyond the count");
+    items.put(L"ACT_Address_01", L"no number of a unit");
     system.setACTCount(1);
     EXPECT_EQ(itemsOf(document, L"System"),
               (Strings{L"ACT_Count = 1", L"ACT_Address_0 = 10.0.0.1", L"ACT_Relay_Associations_0 =     0, 4\n",
@@ -72,10 +71,10 @@ TEST_F(ActUnitsTest, LoweringTheCountRemovesTheUnitsBeyond) {
 }
 
 TEST_F(ActUnitsTest, UnitsWithGapsAreRemovedToo) {
-    store(L"ACT_Count", L"9");
-    store(L"ACT_Relay_Associations_3", L"1, 2");
-    store(L"ACT_Address_8", L"a");
-    store(L"ACT_Address_9", L"b");
+    items.put(L"ACT_Count", L"9");
+    items.put(L"ACT_Relay_Associations_3", L"1, 2");
+    items.put(L"ACT_Address_8", L"a");
+    items.put(L"ACT_Address_9", L"b");
     system.setACTCount(2);
     EXPECT_EQ(itemsOf(document, L"System"), (Strings{L"ACT_Count = 2", L"ACT_Address_9 = b"}));
 }
@@ -94,9 +93,9 @@ TEST_F(ActUnitsTest, SameCountIsNoChange) {
 }
 
 TEST_F(ActUnitsTest, CountOfADamagedFileIsLoweredAtOnce) {
-    store(L"ACT_Count", L"2147483647");
-    store(L"ACT_Address_2147483646", L"last");
-    store(L"ACT_Address_0", L"first");
+    items.put(L"ACT_Count", L"2147483647");
+    items.put(L"ACT_Address_2147483646", L"last");
+    items.put(L"ACT_Address_0", L"first");
     system.setACTCount(1);
     EXPECT_EQ(itemsOf(document, L"System"), (Strings{L"ACT_Count = 1", L"ACT_Address_0 = first"}));
 }

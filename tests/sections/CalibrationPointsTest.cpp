@@ -6,23 +6,18 @@
 
 #include "sections/CameraConfig.h"
 #include "store/ConfigInfo.h"
+#include "tests/support/StoredItems.h"
 
 using XMLConfig::detail::CalibrationPoints;
 using XMLConfig::detail::calibrationPointsFromText;
 using XMLConfig::detail::calibrationPointsToText;
 
+using XMLConfig::tests::StoredItems;
+
 namespace {
 
 const wchar_t* const twoEntries = L"\n\t\t1, 10.000000, 20.000000,\n\t\t2, 30.000000, 40.000000\n";
 const CalibrationPoints twoPoints = {{1, {10, 20}}, {2, {30, 40}}};
-
-void store(ConfigInfo& document, const wchar_t* key, const std::wstring& text) {
-    document.setStringItem(L"Camera", key, text, L"1", {}, {});
-}
-
-std::wstring stored(const ConfigInfo& document, const wchar_t* key) {
-    return document.getStringItem(L"Camera", key, L"missing", L"1", {}, {});
-}
 
 }  // namespace
 
@@ -77,12 +72,12 @@ TEST(CalibrationPoints, WordsReadZero) {
 
 TEST(CameraCalibrationPoints, AreWrittenBackAsRead) {
     ConfigInfo document;
-    store(document, L"Camera_Calibration_Points", twoEntries);
+    StoredItems(document, L"Camera", L"1").put(L"Camera_Calibration_Points", twoEntries);
     document.setDirty(false);
     CameraConfig camera(&document, L"1");
     EXPECT_EQ(camera.getCameraCalibrationPoints(false), twoPoints);
     camera.setCameraCalibrationPoints(false, twoPoints);
-    EXPECT_EQ(stored(document, L"Camera_Calibration_Points"), twoEntries);
+    EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"Camera_Calibration_Points"), twoEntries);
     EXPECT_FALSE(document.isDirty());
 }
 
@@ -92,8 +87,9 @@ TEST(CameraCalibrationPoints, OwnAndReferencePointsAreApart) {
     const CalibrationPoints others = {{9, {1, 2}}};
     camera.setCameraCalibrationPoints(true, others);
     EXPECT_EQ(camera.getCameraCalibrationPoints(false), CalibrationPoints());
-    EXPECT_EQ(stored(document, L"Camera_Calibration_Points"), L"missing");
-    EXPECT_EQ(stored(document, L"Reference_Camera_Calibration_Points"), L"\n\t\t9, 1.000000, 2.000000\n");
+    EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"Camera_Calibration_Points"), std::nullopt);
+    EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"Reference_Camera_Calibration_Points"),
+              L"\n\t\t9, 1.000000, 2.000000\n");
     camera.setCameraCalibrationPoints(false, twoPoints);
     EXPECT_EQ(camera.getCameraCalibrationPoints(true), others);
     EXPECT_EQ(CameraConfig(&document, L"1").getCameraCalibrationPoints(true), others);
@@ -102,10 +98,10 @@ TEST(CameraCalibrationPoints, OwnAndReferencePointsAreApart) {
 
 TEST(CameraCalibrationPoints, FilledCacheHidesTheDocument) {
     ConfigInfo document;
-    store(document, L"Camera_Calibration_Points", twoEntries);
+    StoredItems(document, L"Camera", L"1").put(L"Camera_Calibration_Points", twoEntries);
     const CameraConfig camera(&document, L"1");
     EXPECT_EQ(camera.getCameraCalibrationPoints(false), twoPoints);
-    store(document, L"Camera_Calibration_Points", L"5, 6, 7");
+    StoredItems(document, L"Camera", L"1").put(L"Camera_Calibration_Points", L"5, 6, 7");
     EXPECT_EQ(camera.getCameraCalibrationPoints(false), twoPoints);
     EXPECT_EQ(CameraConfig(&document, L"1").getCameraCalibrationPoints(false), (CalibrationPoints{{5, {6, 7}}}));
 }
@@ -115,7 +111,7 @@ TEST(CameraCalibrationPoints, EmptyCacheAsksTheDocumentAgain) {
     const CameraConfig camera(&document, L"1");
     EXPECT_EQ(camera.getCameraCalibrationPoints(true), CalibrationPoints());
     EXPECT_FALSE(document.isDirty());
-    store(document, L"Reference_Camera_Calibration_Points", twoEntries);
+    StoredItems(document, L"Camera", L"1").put(L"Reference_Camera_Calibration_Points", twoEntries);
     EXPECT_EQ(camera.getCameraCalibrationPoints(true), twoPoints);
 }
 
@@ -125,10 +121,10 @@ TEST(CameraCalibrationPoints, SettingNoneStoresEmptyTextAndEmptiesOneCache) {
     camera.setCameraCalibrationPoints(false, twoPoints);
     camera.setCameraCalibrationPoints(true, twoPoints);
     camera.setCameraCalibrationPoints(false, {});
-    EXPECT_EQ(stored(document, L"Camera_Calibration_Points"), L"");
+    EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"Camera_Calibration_Points"), L"");
     EXPECT_EQ(camera.getCameraCalibrationPoints(false), CalibrationPoints());
     EXPECT_EQ(camera.getCameraCalibrationPoints(true), twoPoints);
-    store(document, L"Reference_Camera_Calibration_Points", L"");
+    StoredItems(document, L"Camera", L"1").put(L"Reference_Camera_Calibration_Points", L"");
     EXPECT_EQ(camera.getCameraCalibrationPoints(true), twoPoints) << "the reference cache is still filled";
 }
 

@@ -4,12 +4,15 @@
 
 #include "sections/CameraItems.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 #include "tests/support/VirtualSlots.h"
 
 using C = CameraConfig;
 using Rows = XMLConfig::tests::SettingRows<C>;
 using XMLConfig::tests::itemsOf;
 using XMLConfig::tests::leavesOf;
+
+using XMLConfig::tests::StoredItems;
 
 namespace {
 
@@ -60,10 +63,6 @@ Rows cameraRows() {
     return rows;
 }
 
-void store(ConfigInfo& document, const wchar_t* key, const std::wstring& text) {
-    document.setStringItem(L"Camera", key, text, L"1", {}, {});
-}
-
 }  // namespace
 
 TEST(CameraConfig, SettingsKeepToTheirRows) { cameraRows().check(); }
@@ -103,10 +102,10 @@ TEST(CameraConfig, OldIdentifierIsKnownAfterRename) {
 TEST(CameraConfig, ExposureAndThresholdAreReadAsNumbers) {
     ConfigInfo document;
     const C camera(&document, L"1");
-    store(document, L"LED_Exposure", L"long");
-    store(document, L"Camera_Gain", L"99999999999");
-    store(document, L"Automatic_Exposure", L"maybe");
-    store(document, L"Extended_Contrast", L"YES");
+    StoredItems(document, L"Camera", L"1").put(L"LED_Exposure", L"long");
+    StoredItems(document, L"Camera", L"1").put(L"Camera_Gain", L"99999999999");
+    StoredItems(document, L"Camera", L"1").put(L"Automatic_Exposure", L"maybe");
+    StoredItems(document, L"Camera", L"1").put(L"Extended_Contrast", L"YES");
     EXPECT_EQ(camera.getLEDExposure(), 0);
     EXPECT_EQ(camera.getCameraGain(), 2147483647);
     EXPECT_TRUE(camera.isAutomaticExposure()) << "no flag: the default";

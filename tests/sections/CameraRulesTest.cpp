@@ -3,31 +3,24 @@
 #include "sections/CameraConfig.h"
 #include "store/CorvaneException.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 
 using C = CameraConfig;
 using XMLConfig::tests::itemsOf;
 using XMLConfig::tests::leavesOf;
 
-namespace {
+using XMLConfig::tests::StoredItems;
 
-void store(ConfigInfo& document, const wchar_t* key, const std::wstring& text) {
-    document.setStringItem(L"Camera", key, text, L"1", {}, {});
-}
-
-std::wstring stored(const ConfigInfo& document, const wchar_t* key) {
-    return document.getStringItem(L"Camera", key, L"missing", L"1", {}, {});
-}
-
-}  // namespace
+namespace {}  // namespace
 
 TEST(CameraEdgeThresholds, SingleNumberIsConverted) {
     ConfigInfo document;
     const C camera(&document, L"1");
     for (const wchar_t* text : {L"55", L" 55 ", L"55,", L",,55"}) {
-        store(document, L"MultiCamEdgeThreshold", text);
+        StoredItems(document, L"Camera", L"1").put(L"MultiCamEdgeThreshold", text);
         document.setDirty(false);
         EXPECT_EQ(camera.getMultiCamEdgeThreshold(), (std::vector<int>{55, 55, 55, 55}));
-        EXPECT_EQ(stored(document, L"MultiCamEdgeThreshold"), L"55,55,55,55");
+        EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"MultiCamEdgeThreshold"), L"55,55,55,55");
         EXPECT_TRUE(document.isDirty());
     }
 }
@@ -37,10 +30,10 @@ TEST(CameraEdgeThresholds, OtherCountsGiveNoneAndStay) {
     const C camera(&document, L"1");
     for (const wchar_t* text : {L"", L",", L"1,2", L"1,2,3", L"1,2,3,4,5"}) {
         SCOPED_TRACE(testing::PrintToString(std::wstring(text)));
-        store(document, L"MultiCamEdgeThreshold", text);
+        StoredItems(document, L"Camera", L"1").put(L"MultiCamEdgeThreshold", text);
         document.setDirty(false);
         EXPECT_TRUE(camera.getMultiCamEdgeThreshold().empty());
-        EXPECT_EQ(stored(document, L"MultiCamEdgeThreshold"), text);
+        EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"MultiCamEdgeThreshold"), text);
         EXPECT_FALSE(document.isDirty());
     }
 }
@@ -48,7 +41,7 @@ TEST(CameraEdgeThresholds, OtherCountsGiveNoneAndStay) {
 TEST(CameraEdgeThresholds, FourPiecesAreReadAsIntegers) {
     ConfigInfo document;
     const C camera(&document, L"1");
-    store(document, L"MultiCamEdgeThreshold", L"1, 2x,three,99999999999,");
+    StoredItems(document, L"Camera", L"1").put(L"MultiCamEdgeThreshold", L"1, 2x,three,99999999999,");
     document.setDirty(false);
     EXPECT_EQ(camera.getMultiCamEdgeThreshold(), (std::vector<int>{1, 2, 0, 2147483647}));
     EXPECT_FALSE(document.isDirty());
@@ -58,10 +51,11 @@ TEST(CameraEdgeThresholds, FirstFourAreStored) {
     ConfigInfo document;
     C camera(&document, L"1");
     camera.setMultiCamEdgeThreshold({1, 2, 3, 4, 5});
-    EXPECT_EQ(stored(document, L"MultiCamEdgeThreshold"), L"1,2,3,4");
+    EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"MultiCamEdgeThreshold"), L"1,2,3,4");
     const int lowest = -2147483647 - 1;
     camera.setMultiCamEdgeThreshold({lowest, lowest, lowest, lowest});
-    EXPECT_EQ(stored(document, L"MultiCamEdgeThreshold"), L"-2147483648,-2147483648,-2147483648,-2147483648");
+    EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"MultiCamEdgeThreshold"),
+              L"-2147483648,-2147483648,-2147483648,-2147483648");
     EXPECT_EQ(camera.getMultiCamEdgeThreshold(), (std::vector<int>{lowest, lowest, lowest, lowest}));
 }
 
@@ -80,7 +74,7 @@ TEST(CameraEdgeThresholds, FewerThanFourAreRefused) {
                       L"\"MultiCamEdgeThreshold\": four values are needed, " +
                           std::wstring(1, static_cast<wchar_t>(L'0' + few.size())) + L" were given");
         }
-        EXPECT_EQ(stored(document, L"MultiCamEdgeThreshold"), L"1,2,3,4");
+        EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"MultiCamEdgeThreshold"), L"1,2,3,4");
         EXPECT_FALSE(document.isDirty());
     }
 }
@@ -106,8 +100,9 @@ TEST(CameraExtrinsics, AreStoredAsTwoPoints) {
 TEST(CameraExtrinsics, StoredOriginCounts) {
     ConfigInfo document;
     const C camera(&document, L"1");
-    store(document, L"ExplicitExtrinsicXYZ", L"0.000000000000000e+00, 0.000000000000000e+00, 0.000000000000000e+00");
-    store(document, L"ExplicitExtrinsicYPR", L"0 0 0");
+    StoredItems(document, L"Camera", L"1")
+        .put(L"ExplicitExtrinsicXYZ", L"0.000000000000000e+00, 0.000000000000000e+00, 0.000000000000000e+00");
+    StoredItems(document, L"Camera", L"1").put(L"ExplicitExtrinsicYPR", L"0 0 0");
     Point_3Dim<double> xyz(7, 7, 7);
     Point_3Dim<double> ypr(8, 8, 8);
     EXPECT_TRUE(camera.getExplicitExtrinsics(xyz, ypr));
@@ -128,13 +123,13 @@ TEST(CameraExtrinsics, MissingOrMalformedPointIsLeftAlone) {
         EXPECT_TRUE(xyz == seven && ypr == eight);
         EXPECT_FALSE(document.isDirty());
 
-        store(document, L"ExplicitExtrinsicXYZ", L"1, 2, 3");
-        store(document, L"ExplicitExtrinsicYPR", bad);
+        StoredItems(document, L"Camera", L"1").put(L"ExplicitExtrinsicXYZ", L"1, 2, 3");
+        StoredItems(document, L"Camera", L"1").put(L"ExplicitExtrinsicYPR", bad);
         EXPECT_FALSE(camera.getExplicitExtrinsics(xyz, ypr));
         EXPECT_TRUE(xyz == Point_3Dim<double>(1, 2, 3) && ypr == eight);
 
-        store(document, L"ExplicitExtrinsicXYZ", bad);
-        store(document, L"ExplicitExtrinsicYPR", L"4, 5, 6");
+        StoredItems(document, L"Camera", L"1").put(L"ExplicitExtrinsicXYZ", bad);
+        StoredItems(document, L"Camera", L"1").put(L"ExplicitExtrinsicYPR", L"4, 5, 6");
         xyz = seven;
         EXPECT_FALSE(camera.getExplicitExtrinsics(xyz, ypr));
         EXPECT_TRUE(xyz == seven && ypr == Point_3Dim<double>(4, 5, 6));
@@ -155,7 +150,7 @@ TEST(CameraInput, SnippetKeepsEscapedMarkup) {
     ConfigInfo document;
     C camera(&document, L"1");
     camera.setDeviceSnippet(L"<camera><mac>&lt;b&gt;&amp;</mac></camera>");
-    EXPECT_EQ(stored(document, L"DeviceSnippet|camera|mac"), L"<b>&");
+    EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"DeviceSnippet|camera|mac"), L"<b>&");
     EXPECT_NE(camera.getDeviceSnippet().find(L"<mac>&lt;b&gt;&amp;</mac>"), std::wstring::npos);
     document.setDirty(false);
     camera.setDeviceSnippet(camera.getDeviceSnippet());

@@ -6,6 +6,7 @@
 
 #include "sections/ColorItems.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 #include "tests/support/VirtualSlots.h"
 
 namespace {
@@ -55,12 +56,8 @@ Rows colorRows() {
 
 class Color : public testing::Test {
 protected:
-    void put(const std::wstring& key, const std::wstring& text) {
-        document.setStringItem(L"Color", key, text, L"", L"", L"");
-        document.setDirty(false);
-    }
-
     ConfigInfo document;
+    XMLConfig::tests::StoredItems items{document, L"Color"};
     ColorConfig color{&document, L""};
 };
 
@@ -118,9 +115,9 @@ TEST_F(Color, OtherSectionIDsKeepTheirOwnValues) {
 }
 
 TEST_F(Color, CameraOrderIsSplitAtAnySeparator) {
-    put(L"CameraOrder", L"2, 1\n3");
+    items.putClean(L"CameraOrder", L"2, 1\n3");
     EXPECT_EQ(color.getCameraOrder(), (Texts{L"2", L"1", L"3"}));
-    put(L"CameraOrder", L",\t 2,,1 \n3, ");
+    items.putClean(L"CameraOrder", L",\t 2,,1 \n3, ");
     EXPECT_EQ(color.getCameraOrder(), (Texts{L"2", L"1", L"3"}));
     EXPECT_FALSE(document.isDirty());
 }
@@ -148,7 +145,7 @@ TEST_F(Color, CameraOrderIsNeverCut) {
 }
 
 TEST_F(Color, OverlapPointOfAPairIsRead) {
-    put(L"CameraOverlapPoint_1_2", L"0.5, 0.25, 1.0, 2, 3");
+    items.putClean(L"CameraOverlapPoint_1_2", L"0.5, 0.25, 1.0, 2, 3");
     const Overlap overlap = overlapOf(color, L"1", L"2");
     EXPECT_EQ(overlap.point, (Point_3Dim<double>{0.5, 0.25, 1.0}));
     EXPECT_EQ(overlap.channelA, 2);
@@ -157,16 +154,16 @@ TEST_F(Color, OverlapPointOfAPairIsRead) {
 }
 
 TEST_F(Color, OverlapPointOfTheReversePairIsAnotherItem) {
-    put(L"CameraOverlapPoint_1_2", L"0.5, 0.25, 1.0, 2, 3");
+    items.putClean(L"CameraOverlapPoint_1_2", L"0.5, 0.25, 1.0, 2, 3");
     expectUntouched(overlapOf(color, L"2", L"1"));
-    put(L"CameraOverlapPoint_2_1", L"9\t8\n7 6,5,");
+    items.putClean(L"CameraOverlapPoint_2_1", L"9\t8\n7 6,5,");
     EXPECT_EQ(overlapOf(color, L"2", L"1").point, (Point_3Dim<double>{9.0, 8.0, 7.0}));
     EXPECT_EQ(overlapOf(color, L"1", L"2").channelB, 3);
 }
 
 TEST_F(Color, OverlapPointWithAWrongCountLeavesTheOutputs) {
     for (const wchar_t* text : {L"0.5, 0.25, 1.0, 2", L"0.5, 0.25, 1.0, 2, 3, 4", L"", L" ,\n", L"5"}) {
-        put(L"CameraOverlapPoint_1_2", text);
+        items.putClean(L"CameraOverlapPoint_1_2", text);
         expectUntouched(overlapOf(color, L"1", L"2"));
     }
 }
@@ -178,7 +175,7 @@ TEST_F(Color, MissingOverlapPointLeavesTheOutputsAndCreatesNothing) {
 }
 
 TEST_F(Color, OverlapPointThatIsNoNumberReadsZero) {
-    put(L"CameraOverlapPoint_1_2", L"x 1.5m -inf 2.9 none");
+    items.putClean(L"CameraOverlapPoint_1_2", L"x 1.5m -inf 2.9 none");
     const Overlap overlap = overlapOf(color, L"1", L"2");
     EXPECT_EQ(overlap.point, (Point_3Dim<double>{0.0, 1.5, -std::numeric_limits<double>::infinity()}));
     EXPECT_EQ(overlap.channelA, 2);
@@ -186,9 +183,9 @@ TEST_F(Color, OverlapPointThatIsNoNumberReadsZero) {
 }
 
 TEST_F(Color, OverlapPointTakesAnyIDs) {
-    put(L"CameraOverlapPoint_links_ö-2", L"1 2 3 4 5");
+    items.putClean(L"CameraOverlapPoint_links_ö-2", L"1 2 3 4 5");
     EXPECT_EQ(overlapOf(color, L"links", L"ö-2").channelA, 4);
-    put(L"CameraOverlapPoint__", L"1 2 3 6 7");
+    items.putClean(L"CameraOverlapPoint__", L"1 2 3 6 7");
     EXPECT_EQ(overlapOf(color, L"", L"").channelB, 7);
     expectUntouched(overlapOf(color, L"%s", L"%s"));
     EXPECT_FALSE(document.isDirty());
@@ -198,16 +195,16 @@ TEST_F(Color, OverlapPointKeyIsCutAt127Characters) {
     const std::wstring longID(200, L'c');
     const std::wstring key = L"CameraOverlapPoint_" + std::wstring(108, L'c');
     ASSERT_EQ(key.size(), 127u);
-    put(key, L"1 2 3 4 5");
+    items.putClean(key, L"1 2 3 4 5");
     EXPECT_EQ(overlapOf(color, longID, L"2").channelB, 5);
     EXPECT_EQ(overlapOf(color, longID.substr(0, 108), L"2").channelB, 5);
     expectUntouched(overlapOf(color, longID.substr(0, 107), L"2"));
 }
 
 TEST_F(Color, ExposureRangeWithAWrongCountReadsZero) {
-    put(L"NormalizedValidExposureSampleRange", L"0.5 0.6 0.7");
+    items.putClean(L"NormalizedValidExposureSampleRange", L"0.5 0.6 0.7");
     EXPECT_EQ(color.getNormalizedValidExposureSampleRange(), (Point_2Dim<double>{0.0, 0.0}));
-    put(L"NormalizedValidExposureSampleRange", L"0.5");
+    items.putClean(L"NormalizedValidExposureSampleRange", L"0.5");
     EXPECT_EQ(color.getNormalizedValidExposureSampleRange(), (Point_2Dim<double>{0.0, 0.0}));
 }
 

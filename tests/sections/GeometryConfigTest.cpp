@@ -10,6 +10,7 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 #include "tests/support/VirtualSlots.h"
 
 namespace {
@@ -107,12 +108,8 @@ SettingRows<GeometryConfig> geometryRows() {
 
 class GeometryConfigTest : public testing::Test {
 protected:
-    void store(const std::wstring& key, const std::wstring& text) {
-        document.setStringItem(L"Geometry", key, text, {}, {}, {});
-    }
-    std::optional<std::wstring> stored(const std::wstring& key) const { return storedText(document, L"Geometry", key); }
-
     ConfigInfo document;
+    XMLConfig::tests::StoredItems items{document, L"Geometry"};
     GeometryConfig geometry{&document, L""};
 };
 
@@ -291,13 +288,13 @@ TEST(GeometryConfig, SolversAndMappersHaveTheSameNumbers) {
 
 TEST_F(GeometryConfigTest, UnknownSolverIsStoredButReadsAsTheDefault) {
     geometry.setFitSolver(static_cast<GeometryConfig::FitSolver>(3));
-    EXPECT_EQ(stored(L"Fit_Solver"), L"3");
+    EXPECT_EQ(items.text(L"Fit_Solver"), L"3");
     EXPECT_EQ(geometry.getFitSolver(), 2);
     for (const wchar_t* text : {L"4", L"6", L"-1", L"9", L"99999999999"}) {
-        store(L"Fit_Solver", text);
+        items.put(L"Fit_Solver", text);
         EXPECT_EQ(geometry.getFitSolver(), 2);
     }
-    store(L"Fit_Solver", L"no number");
+    items.put(L"Fit_Solver", L"no number");
     EXPECT_EQ(geometry.getFitSolver(), 0);
 }
 
@@ -310,8 +307,8 @@ TEST_F(GeometryConfigTest, LayoutIsHeightThenWidth) {
     EXPECT_EQ(first, 2);
     EXPECT_EQ(second, 4);
     geometry.setSimpleLayoutGridSize({3, 5});
-    EXPECT_EQ(stored(L"Projector_Layout_Height"), L"3");
-    EXPECT_EQ(stored(L"Projector_Layout_Width"), L"5");
+    EXPECT_EQ(items.text(L"Projector_Layout_Height"), L"3");
+    EXPECT_EQ(items.text(L"Projector_Layout_Width"), L"5");
 }
 
 TEST(GeometryConfig, LayoutGoesThroughTheVirtualMembers) {
@@ -328,13 +325,13 @@ TEST_F(GeometryConfigTest, StackHeightOverrideIsReadFromAnotherTool) {
     EXPECT_EQ(geometry.getUserStackHeightOverride(), -1);
     geometry.initialize();
     EXPECT_EQ(geometry.getUserStackHeightOverride(), -1);
-    store(L"UserStackHeightOverride", L"3");
+    items.put(L"UserStackHeightOverride", L"3");
     EXPECT_EQ(geometry.getUserStackHeightOverride(), 3);
 }
 
 TEST_F(GeometryConfigTest, AnyNumberMayStandForAnEnumeration) {
-    store(L"BlackLevelMethod", L"-77");
-    store(L"Pellinor_Blob_Encoding", L"123456");
+    items.put(L"BlackLevelMethod", L"-77");
+    items.put(L"Pellinor_Blob_Encoding", L"123456");
     EXPECT_EQ(static_cast<int>(geometry.getBlackLevelMethod()), -77);
     EXPECT_EQ(static_cast<int>(geometry.getPellinorBlobEncoding()), 123456);
 }
@@ -343,42 +340,42 @@ TEST_F(GeometryConfigTest, AnyNumberMayStandForAnEnumeration) {
 
 TEST_F(GeometryConfigTest, NumbersThatAreNoneReadZero) {
     for (const wchar_t* text : {L"", L"abc", L"-", L"\u0663", L"x12"}) {
-        store(L"Projector_Count", text);
-        store(L"Grid_Movement_Factor", text);
+        items.put(L"Projector_Count", text);
+        items.put(L"Grid_Movement_Factor", text);
         EXPECT_EQ(geometry.getProjectorCount(), 0);
         EXPECT_EQ(geometry.getGridMovementFactor(), 0.0);
     }
-    store(L"Projector_Count", L"\t12abc");
+    items.put(L"Projector_Count", L"\t12abc");
     EXPECT_EQ(geometry.getProjectorCount(), 12);
-    store(L"Projector_Count", L"0x10");
+    items.put(L"Projector_Count", L"0x10");
     EXPECT_EQ(geometry.getProjectorCount(), 0);
-    store(L"Projector_Count", L"-99999999999");
+    items.put(L"Projector_Count", L"-99999999999");
     EXPECT_EQ(geometry.getProjectorCount(), -2147483647 - 1);
-    store(L"Grid_Movement_Factor", L"1,5");
+    items.put(L"Grid_Movement_Factor", L"1,5");
     EXPECT_EQ(geometry.getGridMovementFactor(), 1.0);
 }
 
 TEST_F(GeometryConfigTest, BoxSizeOfAnotherCountReadsTheDefault) {
     for (const wchar_t* text : {L"", L"5", L"1, 2, 3", L", ,", L"7x9"}) {
-        store(L"Box_Size", text);
+        items.put(L"Box_Size", text);
         EXPECT_EQ(geometry.getBoxSize(), (Point_2Dim<int>(21, 21)));
     }
     for (const wchar_t* text : {L"3 4", L"3,4", L"3\t4", L"\n3,\n4\n"}) {
-        store(L"Box_Size", text);
+        items.put(L"Box_Size", text);
         EXPECT_EQ(geometry.getBoxSize(), (Point_2Dim<int>(3, 4)));
     }
-    store(L"Box_Size", L"a, b");
+    items.put(L"Box_Size", L"a, b");
     EXPECT_EQ(geometry.getBoxSize(), (Point_2Dim<int>(0, 0)));
 }
 
 TEST_F(GeometryConfigTest, SwitchesThatAreNoneReadTheirDefault) {
     for (const wchar_t* text : {L"", L" false", L"2", L"nein"}) {
-        store(L"Validate_Warps", text);
-        store(L"Markerless", text);
+        items.put(L"Validate_Warps", text);
+        items.put(L"Markerless", text);
         EXPECT_TRUE(geometry.getValidateWarps());
         EXPECT_FALSE(geometry.getMarkerless());
     }
-    store(L"Validate_Warps", L"NO");
+    items.put(L"Validate_Warps", L"NO");
     EXPECT_FALSE(geometry.getValidateWarps());
 }
 

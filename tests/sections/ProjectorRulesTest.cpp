@@ -4,6 +4,9 @@
 
 #include "sections/ProjectorConfig.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
+
+using XMLConfig::tests::StoredItems;
 
 namespace {
 
@@ -34,10 +37,6 @@ private:
     }
 };
 
-void store(ConfigInfo& document, const wchar_t* key, const std::wstring& text) {
-    document.setStringItem(L"Projector", key, text, L"1", {}, {});
-}
-
 }  // namespace
 
 TEST(ProjectorRules, LampModesHaveTheirNames) {
@@ -65,13 +64,13 @@ TEST(ProjectorRules, PoseIsFoundAutomaticallyWhereNoneIsStored) {
     const ProjectorConfig projector(&document, L"1");
     EXPECT_TRUE(projector.getAutoInitIntrinsics());
     EXPECT_TRUE(projector.getAutoInitExtrinsics());
-    store(document, L"InitialProjectorData|YPR", L"1, 2, 3");
+    StoredItems(document, L"Projector", L"1").put(L"InitialProjectorData|YPR", L"1, 2, 3");
     EXPECT_TRUE(projector.getAutoInitIntrinsics());
     EXPECT_TRUE(projector.getAutoInitExtrinsics());
-    store(document, L"InitialProjectorData|F", L"");
+    StoredItems(document, L"Projector", L"1").put(L"InitialProjectorData|F", L"");
     EXPECT_FALSE(projector.getAutoInitIntrinsics()) << "an item that exists counts, whatever it holds";
     EXPECT_TRUE(projector.getAutoInitExtrinsics());
-    store(document, L"InitialProjectorData|XYZ", L"0, 0, 0");
+    StoredItems(document, L"Projector", L"1").put(L"InitialProjectorData|XYZ", L"0, 0, 0");
     EXPECT_FALSE(projector.getAutoInitExtrinsics());
 }
 
@@ -83,9 +82,9 @@ TEST(ProjectorRules, InitialOffsetIsTheImageCentreUntilStored) {
     EXPECT_TRUE(projector.getInitialOffset() == Point_2Dim<double>(960, 600));
     projector.setResolutionX(1921);
     EXPECT_TRUE(projector.getInitialOffset() == Point_2Dim<double>(960.5, 600));
-    store(document, L"InitialProjectorData|Offset", L"1.5 2.5");
+    StoredItems(document, L"Projector", L"1").put(L"InitialProjectorData|Offset", L"1.5 2.5");
     EXPECT_TRUE(projector.getInitialOffset() == Point_2Dim<double>(1.5, 2.5));
-    store(document, L"InitialProjectorData|Offset", L"1.5");
+    StoredItems(document, L"Projector", L"1").put(L"InitialProjectorData|Offset", L"1.5");
     EXPECT_TRUE(projector.getInitialOffset() == Point_2Dim<double>(960.5, 600));
 }
 
@@ -148,8 +147,8 @@ TEST(ProjectorRules, FrustumDerivesItsExtentsAgain) {
 
 TEST(ProjectorRules, PartlyStoredRecordsKeepZerosElsewhere) {
     ConfigInfo document;
-    store(document, L"Designed|Frustum|FOVLeft", L"-0.5");
-    store(document, L"Pond_Of_Mirrors|Left", L"300");
+    StoredItems(document, L"Projector", L"1").put(L"Designed|Frustum|FOVLeft", L"-0.5");
+    StoredItems(document, L"Projector", L"1").put(L"Pond_Of_Mirrors|Left", L"300");
     const ProjectorConfig projector(&document, L"1");
     EXPECT_EQ(projector.getDesignedFrustum().FOVLeft, -0.5);
     EXPECT_EQ(projector.getDesignedFrustum().ResolutionX, 0);
@@ -173,13 +172,13 @@ TEST(ProjectorRules, TextThatIsNoNumberReadsZero) {
     ConfigInfo document;
     const ProjectorConfig projector(&document, L"1");
     for (const wchar_t* text : {L"", L"abc", L"--1", L".", L"e5"}) {
-        store(document, L"Gamma", text);
-        store(document, L"Resolution_X", text);
+        StoredItems(document, L"Projector", L"1").put(L"Gamma", text);
+        StoredItems(document, L"Projector", L"1").put(L"Resolution_X", text);
         EXPECT_EQ(projector.getGamma(), 0.0) << testing::PrintToString(std::wstring(text));
         EXPECT_EQ(projector.getResolutionX(), 0) << testing::PrintToString(std::wstring(text));
     }
-    store(document, L"Gamma", L" 1.5mm");
-    store(document, L"Resolution_X", L" 12.9");
+    StoredItems(document, L"Projector", L"1").put(L"Gamma", L" 1.5mm");
+    StoredItems(document, L"Projector", L"1").put(L"Resolution_X", L" 12.9");
     EXPECT_EQ(projector.getGamma(), 1.5);
     EXPECT_EQ(projector.getResolutionX(), 12);
 }
@@ -187,8 +186,8 @@ TEST(ProjectorRules, TextThatIsNoNumberReadsZero) {
 TEST(ProjectorRules, NumbersBeyondTheirTypeSaturate) {
     ConfigInfo document;
     const ProjectorConfig projector(&document, L"1");
-    store(document, L"Resolution_X", L"99999999999999999999");
-    store(document, L"Resolution_Y", L"-99999999999999999999");
+    StoredItems(document, L"Projector", L"1").put(L"Resolution_X", L"99999999999999999999");
+    StoredItems(document, L"Projector", L"1").put(L"Resolution_Y", L"-99999999999999999999");
     EXPECT_EQ(projector.getResolutionX(), 2147483647);
     EXPECT_EQ(projector.getResolutionY(), -2147483647 - 1);
 }
@@ -197,8 +196,8 @@ TEST(ProjectorRules, PointsWithAWrongCountGiveTheDefault) {
     ConfigInfo document;
     const ProjectorConfig projector(&document, L"1");
     for (const wchar_t* text : {L"", L"1, 2", L"1, 2, 3, 4", L"1;2;3"}) {
-        store(document, L"Channel_Extents|Eye_Point", text);
-        store(document, L"InitialProjectorData|XYZ", text);
+        StoredItems(document, L"Projector", L"1").put(L"Channel_Extents|Eye_Point", text);
+        StoredItems(document, L"Projector", L"1").put(L"InitialProjectorData|XYZ", text);
         EXPECT_TRUE(projector.getEyePoint() == Point_3Dim<double>()) << testing::PrintToString(std::wstring(text));
         EXPECT_TRUE(projector.getInitialXYZ() == Point_3Dim<double>()) << testing::PrintToString(std::wstring(text));
     }

@@ -159,20 +159,20 @@ TEST_F(Screen, UnknownShapesAreIgnored) {
     screen.setShape(L"Sphere");
     document.setDirty(false);
     for (const wchar_t* shape : {L"flat", L"", L"Flat ", L"TOROID", L"Cube"}) screen.setShape(shape);
-    EXPECT_EQ(text(L"Shape"), L"Sphere");
+    EXPECT_EQ(items.text(L"Shape"), L"Sphere");
     EXPECT_FALSE(document.isDirty());
 }
 
 TEST_F(Screen, SevenShapesAreStored) {
     for (const wchar_t* shape : {L"Test", L"VRML", L"Toroid", L"Ruled", L"Cylinder", L"Sphere", L"Flat"}) {
         screen.setShape(shape);
-        EXPECT_EQ(text(L"Shape"), shape);
+        EXPECT_EQ(items.text(L"Shape"), shape);
         EXPECT_EQ(screen.getShape(), shape);
     }
 }
 
 TEST_F(Screen, UnknownStoredShapeIsGivenAsItIs) {
-    put(L"Shape", L"Cube");
+    items.putClean(L"Shape", L"Cube");
     EXPECT_EQ(screen.getShape(), L"Cube");
 }
 
@@ -183,13 +183,13 @@ TEST_F(Screen, UnknownLengthUnitsAreIgnored) {
     screen.setScreenFileLengthUnit(L"Feet");
     for (const wchar_t* unit : {L"Pixels", L"Percent", L"Degrees", L"Radians", L"Arc Minutes", L"feet", L"ft", L""})
         screen.setScreenFileLengthUnit(unit);
-    EXPECT_EQ(text(L"File_Length_Unit"), L"Feet");
+    EXPECT_EQ(items.text(L"File_Length_Unit"), L"Feet");
 }
 
 TEST_F(Screen, SixLengthUnitsAreStored) {
     for (const wchar_t* unit : {L"Millimeters", L"Centimeters", L"Inches", L"Feet", L"Meters", L"Custom"}) {
         screen.setScreenFileLengthUnit(unit);
-        EXPECT_EQ(text(L"File_Length_Unit"), unit);
+        EXPECT_EQ(items.text(L"File_Length_Unit"), unit);
         EXPECT_EQ(screen.getScreenFileLengthUnit(), unit);
     }
 }

@@ -20,30 +20,30 @@ class ScreenPaths : public XMLConfig::tests::ScreenFixture {};
 
 TEST_F(ScreenPaths, PathsAreStoredInTheFormOfTheSetterAndGivenInThatOfTheGetter) {
     screen.setMeshPath(L"/shows/meshes/dome.wrl", relative);
-    EXPECT_EQ(text(L"VRML"), L"meshes/dome.wrl");
+    EXPECT_EQ(items.text(L"VRML"), L"meshes/dome.wrl");
     EXPECT_EQ(screen.getMeshPath(absolute), L"/shows/meshes/dome.wrl");
     EXPECT_EQ(screen.getMeshPath(relative), L"meshes/dome.wrl");
     screen.setMeasuredMeshPath(L"measured.wrl", absolute);
-    EXPECT_EQ(text(L"MeasuredVRML"), L"/shows/measured.wrl");
+    EXPECT_EQ(items.text(L"MeasuredVRML"), L"/shows/measured.wrl");
     EXPECT_EQ(screen.getMeasuredMeshPath(relative), L"measured.wrl");
     screen.setPCDPath(L"cloud.pcd", static_cast<BaseConfig::FilePathMode>(7));
-    EXPECT_EQ(text(L"PCD"), L"/shows/cloud.pcd");
+    EXPECT_EQ(items.text(L"PCD"), L"/shows/cloud.pcd");
     screen.setMarkedSurfaceFilename(L"/images/marked.png", relative);
-    EXPECT_EQ(text(L"Marked_Surface_File"), L"../images/marked.png");
+    EXPECT_EQ(items.text(L"Marked_Surface_File"), L"../images/marked.png");
     EXPECT_EQ(screen.getMarkedSurfaceFilename(absolute), L"/images/marked.png");
 }
 
 TEST_F(ScreenPaths, EmptyPathIsStoredEmpty) {
     screen.setPCDPath(L"", absolute);
-    EXPECT_EQ(text(L"PCD"), L"");
+    EXPECT_EQ(items.text(L"PCD"), L"");
     EXPECT_EQ(screen.getPCDPath(absolute), L"");
 }
 
 TEST_F(ScreenPaths, PathsFollowANewRoot) {
-    put(L"VRML", L"meshes/dome.wrl");
-    put(L"PCD", L"");
-    put(L"Marked_Surface_File", L"../images/marked.png");
-    put(L"Shape", L"meshes/dome.wrl");
+    items.putClean(L"VRML", L"meshes/dome.wrl");
+    items.putClean(L"PCD", L"");
+    items.putClean(L"Marked_Surface_File", L"../images/marked.png");
+    items.putClean(L"Shape", L"meshes/dome.wrl");
     assets->setRootPath(L"/shows/new/hall.skorrax");
     screen.updateRelativeFilePaths(L"/shows");
     EXPECT_EQ(itemsOf(document, L"Screen"),
@@ -58,7 +58,7 @@ TEST_F(ScreenPaths, PathsFollowInAFixedOrder) {
         void changed(const XMLConfig::detail::Change& change) override { changes.push_back(change.key); }
         Texts changes;
     } keys;
-    for (const wchar_t* key : {L"Marked_Surface_File", L"MeasuredVRML", L"PCD", L"VRML"}) put(key, L"a.file");
+    for (const wchar_t* key : {L"Marked_Surface_File", L"MeasuredVRML", L"PCD", L"VRML"}) items.putClean(key, L"a.file");
     assets->setRootPath(L"/shows/new/hall.skorrax");
     XMLConfig::detail::setChangeObserver(document, &keys);
     screen.updateRelativeFilePaths(L"/shows");
@@ -67,10 +67,10 @@ TEST_F(ScreenPaths, PathsFollowInAFixedOrder) {
 }
 
 TEST_F(ScreenPaths, AbsolutePathsBecomeRelativeToANewRoot) {
-    put(L"MeasuredVRML", L"/shows/new/measured.wrl");
+    items.putClean(L"MeasuredVRML", L"/shows/new/measured.wrl");
     assets->setRootPath(L"/shows/new/hall.skorrax");
     screen.updateRelativeFilePaths(L"/shows");
-    EXPECT_EQ(text(L"MeasuredVRML"), L"measured.wrl");
+    EXPECT_EQ(items.text(L"MeasuredVRML"), L"measured.wrl");
 }
 
 TEST_F(ScreenPaths, MissingPathsAreNotCreatedByANewRoot) {
@@ -82,17 +82,17 @@ TEST_F(ScreenPaths, MissingPathsAreNotCreatedByANewRoot) {
 TEST_F(ScreenPaths, WithoutAssetManagerOnlyPathsFail) {
     ScreenConfig bare(&document, nullptr, L"");
     bare.initialize();
-    EXPECT_EQ(text(L"VRML"), L"");
+    EXPECT_EQ(items.text(L"VRML"), L"");
     EXPECT_EQ(bare.getMeshPath(absolute), L"");
     bare.updateRelativeFilePaths(L"/shows");
     bare.setWidth(3.0);
     EXPECT_EQ(bare.getWidth(), 3.0);
     EXPECT_THROW(bare.setPCDPath(L"cloud.pcd", relative), CorvaneException);
-    EXPECT_EQ(text(L"PCD"), std::nullopt);
-    put(L"PCD", L"cloud.pcd");
+    EXPECT_EQ(items.text(L"PCD"), std::nullopt);
+    items.putClean(L"PCD", L"cloud.pcd");
     EXPECT_THROW(bare.getPCDPath(relative), CorvaneException);
     EXPECT_THROW(bare.updateRelativeFilePaths(L"/shows"), CorvaneException);
-    EXPECT_EQ(text(L"PCD"), L"cloud.pcd");
+    EXPECT_EQ(items.text(L"PCD"), L"cloud.pcd");
 }
 
 TEST_F(ScreenPaths, AssetManagerIsShared) {

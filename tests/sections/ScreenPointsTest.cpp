@@ -25,14 +25,14 @@ Matrix<double, 4> countingMatrix() {
 
 TEST_F(ScreenPoints, SinglePointIsWrittenAsAFirstPoint) {
     screen.setCalibrationPoints({{1, -2.5, 0}});
-    EXPECT_EQ(text(L"Camera_Calibration_Points"), L"\n\t\t1.000000, -2.500000, 0.000000,\n");
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points"), L"\n\t\t1.000000, -2.500000, 0.000000,\n");
     EXPECT_EQ(screen.getCalibrationPoints(), (Points{{1, -2.5, 0}}));
 }
 
 TEST_F(ScreenPoints, ThreePointsHaveAMiddleOne) {
     screen.setCalibrationPoints({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}});
     EXPECT_EQ(
-        text(L"Camera_Calibration_Points"),
+        items.text(L"Camera_Calibration_Points"),
         L"\n\t\t1.000000, 2.000000, 3.000000,\n\t\t4.000000, 5.000000, 6.000000,\n\t\t7.000000, 8.000000, 9.000000\n\n\t");
     EXPECT_EQ(screen.getCalibrationPoints(), (Points{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
 }
@@ -40,34 +40,34 @@ TEST_F(ScreenPoints, ThreePointsHaveAMiddleOne) {
 TEST_F(ScreenPoints, NoPointsAreAnEmptyItem) {
     screen.setCalibrationPoints({{1, 2, 3}});
     screen.setCalibrationPoints({});
-    EXPECT_EQ(text(L"Camera_Calibration_Points"), L"");
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points"), L"");
     EXPECT_EQ(screen.getCalibrationPoints(), Points{});
 }
 
 TEST_F(ScreenPoints, IncompleteLastPointIsIgnored) {
-    put(L"Camera_Calibration_Points", L" 1\t2\n3,4 5 ,");
+    items.putClean(L"Camera_Calibration_Points", L" 1\t2\n3,4 5 ,");
     EXPECT_EQ(screen.getCalibrationPoints(), (Points{{1, 2, 3}}));
-    put(L"Camera_Calibration_Points", L"1 2");
+    items.putClean(L"Camera_Calibration_Points", L"1 2");
     EXPECT_EQ(screen.getCalibrationPoints(), Points{});
-    put(L"Camera_Calibration_Points", L"1 2 3 4");
+    items.putClean(L"Camera_Calibration_Points", L"1 2 3 4");
     EXPECT_EQ(screen.getCalibrationPoints(), (Points{{1, 2, 3}}));
 }
 
 TEST_F(ScreenPoints, PointsThatAreNoNumbersReadZero) {
-    put(L"Camera_Calibration_Points", L"a 2mm -1e1 0x3 . -");
+    items.putClean(L"Camera_Calibration_Points", L"a 2mm -1e1 0x3 . -");
     EXPECT_EQ(screen.getCalibrationPoints(), (Points{{0, 2, -10}, {0, 0, 0}}));
 }
 
 TEST_F(ScreenPoints, PointsKeepSixDecimals) {
     screen.setCalibrationPoints({{0.1234567, -1e-7, 1e9}, {2.0 / 3.0, 0, 0}});
-    EXPECT_EQ(text(L"Camera_Calibration_Points"),
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points"),
               L"\n\t\t0.123457, -0.000000, 1000000000.000000,\n\t\t0.666667, 0.000000, 0.000000\n\n\t");
 }
 
 TEST_F(ScreenPoints, NonFinitePointsReadBack) {
     const double infinity = std::numeric_limits<double>::infinity();
     screen.setCalibrationPoints({{infinity, -infinity, std::numeric_limits<double>::quiet_NaN()}});
-    EXPECT_EQ(text(L"Camera_Calibration_Points"), L"\n\t\tinf, -inf, nan,\n");
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points"), L"\n\t\tinf, -inf, nan,\n");
     const Points points = screen.getCalibrationPoints();
     ASSERT_EQ(points.size(), 1u);
     EXPECT_EQ(points[0].x, infinity);
@@ -77,7 +77,7 @@ TEST_F(ScreenPoints, NonFinitePointsReadBack) {
 
 TEST_F(ScreenPoints, LineOfAPointIsCutAt127Characters) {
     screen.setCalibrationPoints({{1e150, 2, 3}, {4, 5, 6}});
-    const std::wstring stored = text(L"Camera_Calibration_Points").value();
+    const std::wstring stored = items.text(L"Camera_Calibration_Points").value();
     EXPECT_EQ(stored.size(), 127u + std::wstring(L"\t\t4.000000, 5.000000, 6.000000\n\n\t").size());
     EXPECT_EQ(stored.substr(0, 4), L"\n\t\t9");
     EXPECT_EQ(stored.substr(127), L"\t\t4.000000, 5.000000, 6.000000\n\n\t");
@@ -89,16 +89,16 @@ TEST_F(ScreenPoints, LineOfAPointIsCutAt127Characters) {
 
 TEST_F(ScreenPoints, LineOf127CharactersIsNotCut) {
     screen.setCalibrationPoints({{1e95, 2, 3}});  // 3 + (96 + 7) + 2 + 8 + 2 + 8 + 2 = 128: one too long
-    EXPECT_EQ(text(L"Camera_Calibration_Points")->size(), 127u);
-    EXPECT_EQ(text(L"Camera_Calibration_Points")->back(), L',');
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points")->size(), 127u);
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points")->back(), L',');
     screen.setCalibrationPoints({{1e94, 2, 3}});
-    EXPECT_EQ(text(L"Camera_Calibration_Points")->size(), 127u);
-    EXPECT_EQ(text(L"Camera_Calibration_Points")->back(), L'\n');
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points")->size(), 127u);
+    EXPECT_EQ(items.text(L"Camera_Calibration_Points")->back(), L'\n');
 }
 
 TEST_F(ScreenPoints, GuessTransformIsWrittenRowByRow) {
     screen.setLocateGuessTransform(countingMatrix());
-    EXPECT_EQ(text(L"Locate_Guess_Transform"),
+    EXPECT_EQ(items.text(L"Locate_Guess_Transform"),
               L"\n\t\t1.000000, 2.000000, 3.000000 ,4.000000,\n"
               L"\t\t5.000000, 6.000000, 7.000000 ,8.000000,\n"
               L"\t\t9.000000, 10.000000, 11.000000 ,12.000000,\n"
@@ -113,15 +113,15 @@ TEST_F(ScreenPoints, MissingGuessTransformIsTheIdentity) {
     EXPECT_FALSE(document.doesSectionExist(L"Screen", L""));
     for (const wchar_t* text :
          {L"", L" \n", L"1 2 3", L"1 2 3 4 5 6 7 8 9 10 11 12 13 14 15", L"1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17"}) {
-        put(L"Locate_Guess_Transform", text);
+        items.putClean(L"Locate_Guess_Transform", text);
         EXPECT_EQ(screen.getLocateGuessTransform(), identity);
     }
 }
 
 TEST_F(ScreenPoints, GuessTransformOfSixteenTokensIsRead) {
-    put(L"Locate_Guess_Transform", L"1 2 3 4,5,6,7,8\n9\t10 11 12 13 14 15 16,");
+    items.putClean(L"Locate_Guess_Transform", L"1 2 3 4,5,6,7,8\n9\t10 11 12 13 14 15 16,");
     EXPECT_EQ(screen.getLocateGuessTransform(), countingMatrix());
-    put(L"Locate_Guess_Transform", L"a b c d e f g h i j k l m n o p");
+    items.putClean(L"Locate_Guess_Transform", L"a b c d e f g h i j k l m n o p");
     EXPECT_EQ(screen.getLocateGuessTransform(), (Matrix<double, 4>()));
 }
 

@@ -28,30 +28,30 @@ TEST(ScreenSizeDefinition, NumbersAreThoseOfFiles) {
 
 TEST_F(ScreenSize, MissingSizeDefinitionAsksTheOlderFlag) {
     EXPECT_EQ(screen.getSizeDefinition(), ScreenConfig::SizeManual);
-    put(L"Auto_Dimensions", L"true");
+    items.putClean(L"Auto_Dimensions", L"true");
     EXPECT_EQ(screen.getSizeDefinition(), ScreenConfig::SizeAutomatic);
     EXPECT_TRUE(screen.isSizeDeterminedAutomatically());
-    put(L"Auto_Dimensions", L"false");
+    items.putClean(L"Auto_Dimensions", L"false");
     EXPECT_EQ(screen.getSizeDefinition(), ScreenConfig::SizeManual);
     EXPECT_TRUE(screen.isSizeDeterminedManually());
-    EXPECT_EQ(text(L"SizeDefinition"), std::nullopt);
+    EXPECT_EQ(items.text(L"SizeDefinition"), std::nullopt);
     EXPECT_FALSE(document.isDirty());
 }
 
 TEST_F(ScreenSize, StoredThreeAsksTheOlderFlagToo) {
-    put(L"SizeDefinition", L"3");
-    put(L"Auto_Dimensions", L"true");
+    items.putClean(L"SizeDefinition", L"3");
+    items.putClean(L"Auto_Dimensions", L"true");
     EXPECT_EQ(screen.getSizeDefinition(), ScreenConfig::SizeAutomatic);
-    EXPECT_EQ(text(L"SizeDefinition"), L"3");
+    EXPECT_EQ(items.text(L"SizeDefinition"), L"3");
 }
 
 TEST_F(ScreenSize, StoredSizeDefinitionOutweighsTheOlderFlag) {
     for (const wchar_t* flag : {L"true", L"false"}) {
-        put(L"Auto_Dimensions", flag);
-        put(L"SizeDefinition", L"2");
+        items.putClean(L"Auto_Dimensions", flag);
+        items.putClean(L"SizeDefinition", L"2");
         EXPECT_EQ(screen.getSizeDefinition(), ScreenConfig::SizeFromFile);
         EXPECT_TRUE(screen.isSizeDeterminedFromFile());
-        put(L"SizeDefinition", L"0");
+        items.putClean(L"SizeDefinition", L"0");
         EXPECT_TRUE(screen.isSizeDeterminedManually());
         EXPECT_FALSE(screen.isSizeDeterminedAutomatically());
         EXPECT_FALSE(screen.isSizeDeterminedFromFile());
@@ -59,11 +59,11 @@ TEST_F(ScreenSize, StoredSizeDefinitionOutweighsTheOlderFlag) {
 }
 
 TEST_F(ScreenSize, SizeDefinitionHasNoRange) {
-    put(L"Auto_Dimensions", L"true");
-    put(L"SizeDefinition", L"-7");
+    items.putClean(L"Auto_Dimensions", L"true");
+    items.putClean(L"SizeDefinition", L"-7");
     EXPECT_EQ(static_cast<int>(screen.getSizeDefinition()), -7);
     EXPECT_FALSE(screen.isSizeDeterminedAutomatically());
-    put(L"SizeDefinition", L"");
+    items.putClean(L"SizeDefinition", L"");
     EXPECT_EQ(screen.getSizeDefinition(), ScreenConfig::SizeManual);
 }
 

@@ -10,6 +10,7 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 #include "tests/support/VirtualSlots.h"
 
 namespace {
@@ -95,12 +96,8 @@ SettingRows<SystemConfig> systemRows() {
 /// A document with a "System" accessor.
 class SystemConfigTest : public testing::Test {
 protected:
-    void store(const std::wstring& key, const std::wstring& text) {
-        document.setStringItem(L"System", key, text, {}, {}, {});
-    }
-    std::optional<std::wstring> stored(const std::wstring& key) const { return storedText(document, L"System", key); }
-
     ConfigInfo document;
+    XMLConfig::tests::StoredItems items{document, L"System"};
     SystemConfig system{&document, nullptr, L""};
 };
 
@@ -148,9 +145,9 @@ TEST_F(SystemConfigTest, InitializeRemovesTheUnitsOfAnUsedSection) {
     system.setACTAddress(0, L"10.0.0.1");
     system.setMarkerLocationMethod(SystemConfig::MarkerLocationLed);
     system.initialize();
-    EXPECT_EQ(stored(L"ACT_Count"), L"0");
-    EXPECT_EQ(stored(L"ACT_Address_0"), std::nullopt);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"manual");
+    EXPECT_EQ(items.text(L"ACT_Count"), L"0");
+    EXPECT_EQ(items.text(L"ACT_Address_0"), std::nullopt);
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"manual");
 }
 
 // Units.
@@ -158,22 +155,22 @@ TEST_F(SystemConfigTest, InitializeRemovesTheUnitsOfAnUsedSection) {
 TEST_F(SystemConfigTest, LengthUnitTakesFiveNamesOnly) {
     for (const wchar_t* name : {L"Millimeters", L"Centimeters", L"Inches", L"Feet", L"Meters"}) {
         system.setLengthUnit(name);
-        EXPECT_EQ(stored(L"Length_Unit"), name);
+        EXPECT_EQ(items.text(L"Length_Unit"), name);
     }
     for (const wchar_t* name : {L"Custom", L"Degrees", L"meters", L" Meters", L"m", L"", L"\u30e1\u30fc\u30c8\u30eb"}) {
         system.setLengthUnit(name);
-        EXPECT_EQ(stored(L"Length_Unit"), L"Meters");
+        EXPECT_EQ(items.text(L"Length_Unit"), L"Meters");
     }
 }
 
 TEST_F(SystemConfigTest, AngleUnitTakesTwoNamesOnly) {
     for (const wchar_t* name : {L"Degrees", L"Radians"}) {
         system.setAngleUnit(name);
-        EXPECT_EQ(stored(L"AngleUnit"), name);
+        EXPECT_EQ(items.text(L"AngleUnit"), name);
     }
     for (const wchar_t* name : {L"Arc Minutes", L"Meters", L"degrees", L""}) {
         system.setAngleUnit(name);
-        EXPECT_EQ(stored(L"AngleUnit"), L"Radians");
+        EXPECT_EQ(items.text(L"AngleUnit"), L"Radians");
     }
 }
 
@@ -195,41 +192,41 @@ TEST_F(SystemConfigTest, LengthUnitByEnumTakesFourSubTypes) {
                                                                   {Units::Feet, L"Feet"},
                                                                   {Units::Inches, L"Inches"}}) {
         system.setLengthUnitByEnum(subType);
-        EXPECT_EQ(stored(L"Length_Unit"), name);
+        EXPECT_EQ(items.text(L"Length_Unit"), name);
         EXPECT_EQ(system.getLengthUnitByEnum(), subType);
     }
     for (const int subType : {-1, 2, 5, 6, 7, 8, 9, 10}) {
         system.setLengthUnitByEnum(static_cast<Units::UnitSubType>(subType));
-        EXPECT_EQ(stored(L"Length_Unit"), L"Inches") << subType;
+        EXPECT_EQ(items.text(L"Length_Unit"), L"Inches") << subType;
     }
 }
 
 TEST_F(SystemConfigTest, MillimetersAreStoredByNameOnly) {
     system.setLengthUnit(L"Feet");
     system.setLengthUnitByEnum(UnitConversionTable::Millimeters);
-    EXPECT_EQ(stored(L"Length_Unit"), L"Feet");
+    EXPECT_EQ(items.text(L"Length_Unit"), L"Feet");
     system.setLengthUnit(L"Millimeters");
-    EXPECT_EQ(stored(L"Length_Unit"), L"Millimeters");
+    EXPECT_EQ(items.text(L"Length_Unit"), L"Millimeters");
     EXPECT_EQ(system.getLengthUnitByEnum(), UnitConversionTable::Millimeters);
 }
 
 TEST_F(SystemConfigTest, AngleUnitByEnumTakesTwoSubTypes) {
     system.setAngleUnitByEnum(UnitConversionTable::Radians);
-    EXPECT_EQ(stored(L"AngleUnit"), L"Radians");
+    EXPECT_EQ(items.text(L"AngleUnit"), L"Radians");
     EXPECT_EQ(system.getAngleUnitByEnum(), UnitConversionTable::Radians);
     system.setAngleUnitByEnum(UnitConversionTable::Degrees);
-    EXPECT_EQ(stored(L"AngleUnit"), L"Degrees");
+    EXPECT_EQ(items.text(L"AngleUnit"), L"Degrees");
     for (const int subType : {-1, 0, 4, 5, 8, 9}) {
         system.setAngleUnitByEnum(static_cast<UnitConversionTable::UnitSubType>(subType));
-        EXPECT_EQ(stored(L"AngleUnit"), L"Degrees") << subType;
+        EXPECT_EQ(items.text(L"AngleUnit"), L"Degrees") << subType;
     }
 }
 
 TEST_F(SystemConfigTest, StoredUnitOutsideTheTableReadsAsItStands) {
-    store(L"Length_Unit", L"Parsec");
+    items.put(L"Length_Unit", L"Parsec");
     EXPECT_EQ(system.getLengthUnit(), L"Parsec");
     EXPECT_EQ(system.getLengthUnitByEnum(), UnitConversionTable::UnknownUnitSubType);
-    store(L"AngleUnit", L"");
+    items.put(L"AngleUnit", L"");
     EXPECT_EQ(system.getAngleUnit(), L"");
     EXPECT_EQ(system.getAngleUnitByEnum(), UnitConversionTable::UnknownUnitSubType);
 }
@@ -248,7 +245,7 @@ TEST_F(SystemConfigTest, MarkerMethodsHaveTheirTexts) {
     for (const auto& [number, text, display] : methods) {
         const auto method = static_cast<SystemConfig::MarkerLocationMethodEnum>(number);
         system.setMarkerLocationMethod(method);
-        EXPECT_EQ(stored(L"Marker_Location_Method"), text);
+        EXPECT_EQ(items.text(L"Marker_Location_Method"), text);
         EXPECT_EQ(system.getMarkerLocationMethod(), number);
         EXPECT_EQ(system.markerLocationMethodEnumFromString(text), number);
         EXPECT_EQ(SystemConfig::MarkerLocationMethodEnumToString(method), display);
@@ -258,7 +255,7 @@ TEST_F(SystemConfigTest, MarkerMethodsHaveTheirTexts) {
 
 TEST_F(SystemConfigTest, UnknownMethodTextReadsAsManual) {
     for (const wchar_t* text : {L"ACT", L"", L" act", L"led-prompt", L"act-prompt-prompt", L"3", L"\u00e4ct"}) {
-        store(L"Marker_Location_Method", text);
+        items.put(L"Marker_Location_Method", text);
         EXPECT_EQ(system.getMarkerLocationMethod(), 0);
         EXPECT_EQ(system.markerLocationMethodEnumFromString(text), 0);
         EXPECT_FALSE(system.isAutomaticCameraCalibrationEnabled());
@@ -280,55 +277,55 @@ TEST_F(SystemConfigTest, MethodOutsideTheEnumerationIsRefused) {
         }
         EXPECT_EQ(SystemConfig::MarkerLocationMethodEnumToString(method), "");
     }
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"led");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"led");
     EXPECT_FALSE(document.isDirty());
 }
 
 TEST_F(SystemConfigTest, PromptTextsReadAsTheirMethods) {
-    store(L"Marker_Location_Method", L"act-prompt");
+    items.put(L"Marker_Location_Method", L"act-prompt");
     EXPECT_EQ(system.getMarkerLocationMethod(), 3);
     EXPECT_TRUE(system.getPromptUserForAutomaticCameraCalibrationEnabledState());
     EXPECT_TRUE(system.isAutomaticCameraCalibrationEnabled());
-    store(L"Marker_Location_Method", L"marked-surface-automatic-prompt");
+    items.put(L"Marker_Location_Method", L"marked-surface-automatic-prompt");
     EXPECT_EQ(system.getMarkerLocationMethod(), 4);
     EXPECT_TRUE(system.getPromptUserForAutomaticCameraCalibrationEnabledState());
-    store(L"Marker_Location_Method", L"x-promptly");
+    items.put(L"Marker_Location_Method", L"x-promptly");
     EXPECT_TRUE(system.getPromptUserForAutomaticCameraCalibrationEnabledState());
-    store(L"Marker_Location_Method", L"act-Prompt");
+    items.put(L"Marker_Location_Method", L"act-Prompt");
     EXPECT_FALSE(system.getPromptUserForAutomaticCameraCalibrationEnabledState());
 }
 
 TEST_F(SystemConfigTest, PromptFlagMarksAutomaticMethodsOnly) {
     system.setPromptUserForAutomaticCameraCalibrationEnabledState(true);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"manual");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"manual");
     EXPECT_FALSE(system.getPromptUserForAutomaticCameraCalibrationEnabledState());
     system.setMarkerLocationMethod(SystemConfig::MarkerLocationMarkedSurfaceAutomatic);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"marked-surface-automatic-prompt");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"marked-surface-automatic-prompt");
     system.setMarkerLocationMethod(SystemConfig::MarkerLocationAct);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"act-prompt");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"act-prompt");
     system.setMarkerLocationMethod(SystemConfig::MarkerLocationLed);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"led");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"led");
     system.setMarkerLocationMethod(SystemConfig::MarkerLocationCheckerboard);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"checkerboard");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"checkerboard");
 }
 
 TEST_F(SystemConfigTest, PromptFlagRewritesThePresentMethod) {
-    store(L"Marker_Location_Method", L"act");
+    items.put(L"Marker_Location_Method", L"act");
     system.setPromptUserForAutomaticCameraCalibrationEnabledState(true);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"act-prompt");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"act-prompt");
     system.setPromptUserForAutomaticCameraCalibrationEnabledState(false);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"act");
-    store(L"Marker_Location_Method", L"nonsense");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"act");
+    items.put(L"Marker_Location_Method", L"nonsense");
     system.setPromptUserForAutomaticCameraCalibrationEnabledState(true);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"manual");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"manual");
 }
 
 TEST_F(SystemConfigTest, PromptFlagIsDroppedAfterLoad) {
-    store(L"Marker_Location_Method", L"act-prompt");
+    items.put(L"Marker_Location_Method", L"act-prompt");
     SystemConfig loaded(&document, nullptr, L"");
     EXPECT_TRUE(loaded.getPromptUserForAutomaticCameraCalibrationEnabledState());
     loaded.setMarkerLocationMethod(SystemConfig::MarkerLocationAct);
-    EXPECT_EQ(stored(L"Marker_Location_Method"), L"act");
+    EXPECT_EQ(items.text(L"Marker_Location_Method"), L"act");
     EXPECT_FALSE(loaded.getPromptUserForAutomaticCameraCalibrationEnabledState());
 }
 
@@ -348,11 +345,11 @@ TEST(SystemConfig, OverriddenMethodGetterDecides) {
 
 TEST_F(SystemConfigTest, RunTypesAndFramesAreTexts) {
     system.setRunType(RunType::Palvex3DRun);
-    EXPECT_EQ(stored(L"RunType"), L"Palvex3DRun");
+    EXPECT_EQ(items.text(L"RunType"), L"Palvex3DRun");
     EXPECT_EQ(system.getRunType(), RunType::Palvex3DRun);
     for (const wchar_t* text : {L"cinemarun", L"", L"1"}) {
-        store(L"RunType", text);
-        store(L"Cinema|Frame", text);
+        items.put(L"RunType", text);
+        items.put(L"Cinema|Frame", text);
         EXPECT_EQ(system.getRunType(), RunType::ClassicRun);
         EXPECT_EQ(system.getCinemaFrameType(), Cinema::Frame::Flat);
     }
@@ -371,7 +368,7 @@ TEST_F(SystemConfigTest, SkorraFilenameGetsItsExtensionOnce) {
         {std::wstring(200, L'n'), std::wstring(200, L'n') + L".skorrax"}};
     for (const auto& [name, wanted] : names) {
         system.setSkorraFilename(name);
-        EXPECT_EQ(stored(L"Skorra_File"), wanted);
+        EXPECT_EQ(items.text(L"Skorra_File"), wanted);
         EXPECT_EQ(system.getSkorraFilename(), wanted);
     }
 }
@@ -383,30 +380,30 @@ TEST_F(SystemConfigTest, EmptySkorraFilenamesAreIgnored) {
     EXPECT_EQ(leavesOf(document), before);
     system.setSkorraFilename(L"kept");
     system.setSkorraFilename(L".skorrax");
-    EXPECT_EQ(stored(L"Skorra_File"), L"kept.skorrax");
+    EXPECT_EQ(items.text(L"Skorra_File"), L"kept.skorrax");
 }
 
 // What is stored may be anything.
 
 TEST_F(SystemConfigTest, NumbersThatAreNoneReadZero) {
     for (const wchar_t* text : {L"", L"abc", L"-", L"x12"}) {
-        store(L"Glare_Threshold_Percentage", text);
-        store(L"ACT_Blob_Min_Area", text);
-        store(L"ACT_Count", text);
+        items.put(L"Glare_Threshold_Percentage", text);
+        items.put(L"ACT_Blob_Min_Area", text);
+        items.put(L"ACT_Count", text);
         EXPECT_EQ(system.getGlareThreshold(), 0);
         EXPECT_EQ(system.getACTBlobMinArea(), 0.0);
         EXPECT_EQ(system.getACTCount(), 0);
     }
-    store(L"Glare_Threshold_Percentage", L" 12abc");
+    items.put(L"Glare_Threshold_Percentage", L" 12abc");
     EXPECT_EQ(system.getGlareThreshold(), 12);
-    store(L"Glare_Threshold_Percentage", L"99999999999");
+    items.put(L"Glare_Threshold_Percentage", L"99999999999");
     EXPECT_EQ(system.getGlareThreshold(), 2147483647);
 }
 
 TEST_F(SystemConfigTest, SwitchesThatAreNoneReadTheirDefault) {
     for (const wchar_t* text : {L"", L" true", L"2", L"ja"}) {
-        store(L"Is_Camera_Used", text);
-        store(L"Are_Blinders_Used", text);
+        items.put(L"Is_Camera_Used", text);
+        items.put(L"Are_Blinders_Used", text);
         EXPECT_TRUE(system.getIsCameraUsed());
         EXPECT_FALSE(system.getAreBlindersUsed());
     }

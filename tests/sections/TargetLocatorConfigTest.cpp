@@ -4,6 +4,7 @@
 
 #include "sections/TargetLocatorItems.h"
 #include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 #include "tests/support/VirtualSlots.h"
 
 namespace {
@@ -52,13 +53,8 @@ Rows targetRows() {
 
 class TargetLocator : public testing::Test {
 protected:
-    void put(const std::wstring& key, const std::wstring& text) {
-        document.setStringItem(L"TargetLocator", key, text, L"", L"", L"");
-        document.setDirty(false);
-    }
-    std::optional<std::wstring> text(const std::wstring& key) const { return storedText(document, L"TargetLocator", key); }
-
     ConfigInfo document;
+    XMLConfig::tests::StoredItems items{document, L"TargetLocator"};
     TargetLocatorConfig target{&document, L""};
 };
 
@@ -126,9 +122,9 @@ TEST_F(TargetLocator, TypeTestsAskTheVirtualGetter) {
 }
 
 TEST_F(TargetLocator, OlderDataTypeIsReplacedOnReading) {
-    put(L"Data_Type", L"Projector Pose");
+    items.putClean(L"Data_Type", L"Projector Pose");
     EXPECT_EQ(target.getDataType(), L"Projector Centric");
-    EXPECT_EQ(text(L"Data_Type"), L"Projector Centric");
+    EXPECT_EQ(items.text(L"Data_Type"), L"Projector Centric");
     EXPECT_TRUE(document.isDirty());
     document.setDirty(false);
     EXPECT_EQ(target.getDataType(), L"Projector Centric");
@@ -136,16 +132,16 @@ TEST_F(TargetLocator, OlderDataTypeIsReplacedOnReading) {
 }
 
 TEST_F(TargetLocator, OlderDataTypeCountsAsProjectorCentric) {
-    put(L"Data_Type", L"Projector Pose");
+    items.putClean(L"Data_Type", L"Projector Pose");
     EXPECT_TRUE(target.isTargetDataProjectorCentric());
-    EXPECT_EQ(text(L"Data_Type"), L"Projector Centric");
+    EXPECT_EQ(items.text(L"Data_Type"), L"Projector Centric");
 }
 
 TEST_F(TargetLocator, KnownDataTypesAreStored) {
     for (const wchar_t* type :
          {L"Planar-advanced", L"Planar-basic", L"Spherical", L"Collimated", L"Projector Centric", L"Custom Planar", L"3D"}) {
         EXPECT_TRUE(target.setDataType(type));
-        EXPECT_EQ(text(L"Data_Type"), type);
+        EXPECT_EQ(items.text(L"Data_Type"), type);
         EXPECT_EQ(target.getDataType(), type);
     }
 }
@@ -155,16 +151,16 @@ TEST_F(TargetLocator, UnknownDataTypesAreRefused) {
         EXPECT_FALSE(target.setDataType(type));
         EXPECT_FALSE(document.doesSectionExist(L"TargetLocator", L""));
     }
-    put(L"Data_Type", L"Custom Planar");
+    items.putClean(L"Data_Type", L"Custom Planar");
     EXPECT_FALSE(target.setDataType(L"Projector Pose"));
-    EXPECT_EQ(text(L"Data_Type"), L"Custom Planar");
+    EXPECT_EQ(items.text(L"Data_Type"), L"Custom Planar");
     EXPECT_FALSE(document.isDirty());
 }
 
 TEST_F(TargetLocator, UnknownStoredDataTypeIsGivenAsItIs) {
-    put(L"Data_Type", L"projector pose");
+    items.putClean(L"Data_Type", L"projector pose");
     EXPECT_EQ(target.getDataType(), L"projector pose");
-    put(L"Data_Type", L"");
+    items.putClean(L"Data_Type", L"");
     EXPECT_EQ(target.getDataType(), L"");
     EXPECT_FALSE(document.isDirty());
 }
@@ -195,7 +191,7 @@ TEST_F(TargetLocator, SphericalAndCollimatedAreSpherical) {
 TEST_F(TargetLocator, CorrectionTableIsStoredInScientificNotation) {
     const Table table{{-180, -180}, {180, 180}};
     target.setHorizontalCorrectionTable(table);
-    EXPECT_EQ(text(L"Horizontal_Content_Distortion"),
+    EXPECT_EQ(items.text(L"Horizontal_Content_Distortion"),
               L"-1.800000000000000e+02\t-1.800000000000000e+02\n1.800000000000000e+02\t1.800000000000000e+02");
     EXPECT_EQ(target.getHorizontalCorrectionTable(), table);
     EXPECT_EQ(target.getVerticalCorrectionTable(), Table{});
@@ -204,7 +200,7 @@ TEST_F(TargetLocator, CorrectionTableIsStoredInScientificNotation) {
 TEST_F(TargetLocator, EmptyCorrectionTableIsAnEmptyItem) {
     target.setVerticalCorrectionTable({{1, 2}});
     target.setVerticalCorrectionTable({});
-    EXPECT_EQ(text(L"Vertical_Content_Distortion"), L"");
+    EXPECT_EQ(items.text(L"Vertical_Content_Distortion"), L"");
     EXPECT_EQ(target.getVerticalCorrectionTable(), Table{});
 }
 
@@ -222,17 +218,17 @@ TEST_F(TargetLocator, CorrectionTableIsNeverCut) {
 }
 
 TEST_F(TargetLocator, StoredCorrectionTableIsReadWithAnySeparators) {
-    put(L"Vertical_Content_Distortion", L"\n\t1, 2 \n\t3\t4,\n 5");
+    items.putClean(L"Vertical_Content_Distortion", L"\n\t1, 2 \n\t3\t4,\n 5");
     EXPECT_EQ(target.getVerticalCorrectionTable(), (Table{{1, 2}, {3, 4}}));
-    put(L"Vertical_Content_Distortion", L"７ ü 1.5° 2");
+    items.putClean(L"Vertical_Content_Distortion", L"７ ü 1.5° 2");
     EXPECT_EQ(target.getVerticalCorrectionTable(), (Table{{0, 0}, {1.5, 2}}));
     EXPECT_FALSE(document.isDirty());
 }
 
 TEST_F(TargetLocator, PointWithAWrongCountReadsTheDefault) {
-    put(L"Eye_Point", L"1 2");
+    items.putClean(L"Eye_Point", L"1 2");
     EXPECT_EQ(target.getEyePoint(), (Point_3Dim<double>{}));
-    put(L"Eye_Point", L"1 2 3 4");
+    items.putClean(L"Eye_Point", L"1 2 3 4");
     EXPECT_EQ(target.getEyePoint(), (Point_3Dim<double>{}));
 }
 

@@ -9,13 +9,6 @@ namespace storetests {
 
 namespace {
 
-/// A document whose item "A" of section "S" was loaded with that text; line ends and tabs survive as references.
-Document holding(const std::wstring& text) {
-    ConfigInfo document;
-    set(document, L"S", L"A", text);
-    return reloaded(document);
-}
-
 const double infinity = std::numeric_limits<double>::infinity();
 
 }  // namespace

@@ -7,13 +7,6 @@ namespace storetests {
 
 namespace {
 
-/// A document whose item "A" of section "S" was loaded with that text; line ends and tabs survive as references.
-Document holding(const std::wstring& text) {
-    ConfigInfo document;
-    set(document, L"S", L"A", text);
-    return reloaded(document);
-}
-
 const Point_2Dim<int> noPoint2I(-7, -8);
 const Point_2Dim<double> noPoint2D(-7.5, -8.5);
 const Point_3Dim<double> noPoint3D(-7.5, -8.5, -9.5);

@@ -116,6 +116,13 @@ inline std::wstring fragment(const ConfigInfo& document, const std::wstring& sec
     return document.getStringItemAsDOMElement(section, key, L"(default)", id);
 }
 
+/// A document whose item "A" of section "S" was loaded with that text; line ends and tabs survive as references.
+inline Document holding(const std::wstring& text) {
+    ConfigInfo document;
+    set(document, L"S", L"A", text);
+    return reloaded(document);
+}
+
 /// Takes the document's saved form and flag when made; unchanged() tells whether both are the same again.
 class Untouched {
 public:
