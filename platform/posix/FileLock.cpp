@@ -147,12 +147,6 @@ struct FileLock::Parts {
         locked = std::move(opened);
         return Attempt::Taken;
     }
-    void release() {
-        named = Descriptor();
-        // A copy that a forked child holds must not keep the lock.
-        if (locked.isOpen()) ::flock(locked.value(), LOCK_UN);
-        locked = Descriptor();
-    }
 };
 
 FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>()) {
@@ -162,13 +156,13 @@ FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>()
     if (::stat(m_parts->folder.c_str(), &m_parts->status) != 0) throwFileError(purpose, m_parts->path, errno);
 }
 
-FileLock::~FileLock() { m_parts->release(); }
+FileLock::~FileLock() = default;
 
 bool FileLock::tryTake() {
     const Attempt folder = m_parts->takeFolder();
     if (folder == Attempt::Busy) return false;
     const Attempt name = takeName(m_parts->path, m_parts->status, m_parts->named);
-    if (name == Attempt::Busy) m_parts->release();
+    if (name == Attempt::Busy) m_parts->locked = Descriptor();
     if (folder == Attempt::NotToBeHad && name == Attempt::NotToBeHad) throwFileError(purpose, m_parts->path, ENOTSUP);
     return name != Attempt::Busy;
 }

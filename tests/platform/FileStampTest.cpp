@@ -53,6 +53,15 @@ TEST(FileStamp, TellsAFileThatWasReplacedOrWritten) {
     EXPECT_FALSE(isSurelyUnchanged(replaced, *fileStamp(path)));
 }
 
+TEST(FileStamp, EachPartCounts) {
+    const FileStamp stamp = {1, 2, 3, 4, 5, true};
+    EXPECT_TRUE(isSurelyUnchanged(stamp, {1, 2, 3, 4, 5, false}));
+    for (const FileStamp& other :
+         {FileStamp{0, 2, 3, 4, 5, true}, FileStamp{1, 0, 3, 4, 5, true}, FileStamp{1, 2, 0, 4, 5, true},
+          FileStamp{1, 2, 3, 0, 5, true}, FileStamp{1, 2, 3, 4, 0, true}})
+        EXPECT_FALSE(isSurelyUnchanged(stamp, other));
+}
+
 TEST(CreateFile, MakesACompleteFileOnce) {
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"new.skorrax");
