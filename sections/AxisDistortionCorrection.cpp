@@ -29,7 +29,7 @@ double clamped(double value, double minValue, double maxValue) {
 
 bool sameMagnitude(double left, double right) { return std::abs(std::abs(left) - std::abs(right)) <= limitTolerance; }
 
-// NaN sorts behind every number: a plain comparison would be no ordering.
+// NaN comes after every number: a plain comparison would be no ordering.
 bool comesBefore(double left, double right) { return std::isnan(left) ? false : std::isnan(right) || left < right; }
 
 bool pairComesBefore(const Pair& left, const Pair& right) {

@@ -14,7 +14,7 @@ XMLCONFIG_API double maxValueInDegreesPitch();  ///< 90
 XMLCONFIG_API double minValueInDegreesYaw();    ///< -180
 XMLCONFIG_API double maxValueInDegreesYaw();    ///< 180
 
-/// Replaces `out` by one line a pair, its two numbers separated by a tab, without a line feed behind the last line.
+/// Replaces `out` by one line a pair, its two numbers separated by a tab, without a line feed after the last line.
 /// `formatFlags` (of std::ios_base) are added to a stream's default flags; the locale has no part in it.
 XMLCONFIG_API void serializeTableToDelimitedString(std::string& out, const std::vector<std::pair<double, double>>& table,
                                                    int formatFlags, long long precision);

@@ -261,7 +261,7 @@ TEST(BaseConfig, RefusedRenameChangesNothing) {
 
 #if defined(TESTS_KNOW_VIRTUAL_SLOTS)
 TEST(BaseConfig, VirtualMembersStandInOrder) {
-    EXPECT_EQ(slotOf(&BaseConfig::initialize), 2);  // behind the destructor's two places
+    EXPECT_EQ(slotOf(&BaseConfig::initialize), 2);  // after the destructor's two places
     EXPECT_EQ(slotCount<BaseConfig>(), 3);
 }
 #endif

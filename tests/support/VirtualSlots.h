@@ -43,7 +43,7 @@ struct NamedSlot {
     int slot;
 };
 
-/// Text that says which of the members does not stand at its place; empty when they stand one behind the other from
+/// Text that says which of the members does not stand at its place; empty when they stand one after the other from
 /// `first` on.
 inline std::string misplacedSlots(int first, const std::vector<NamedSlot>& slots) {
     std::string faults;
