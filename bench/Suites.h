@@ -11,5 +11,6 @@ void registerSetting();
 void registerAccessors();  ///< every setting of projectors; time of one projector
 void releaseAccessors();   ///< to be called before the process ends
 void registerUpgrade();    ///< every conversion step; time of one device
+void registerLayout();     ///< load and layout; time of one projector
 
 }  // namespace bench

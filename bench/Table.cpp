@@ -157,6 +157,11 @@ bool Table::print() const {
     printer.growth("upgrade", 100, 1000, 1.2);
     printer.growth("upgrade", 1000, 10000, 1.2);
     printer.growth("upgrade", 100, 10000, 1.2);
+    printLine("one projector", "projectors", "with layout", "load", "ratio", "floor", "");
+    printer.row("layout", 100, {}, shownTime, "load");
+    printer.row("layout", 1000, {Floor::Of::Ratio, 2.0}, shownTime, "load");
+    printer.row("layout", 10000, {}, shownTime, "load");
+    printer.growth("layout", 100, 10000, 1.2);
     printer.end();
     return !m_failed;
 }

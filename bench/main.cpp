@@ -51,6 +51,7 @@ int measure() {
     bench::registerSetting();
     bench::registerAccessors();
     bench::registerUpgrade();
+    bench::registerLayout();
     std::cerr << "measuring takes a few minutes\n";
     for (int round = 0; round < rounds; ++round) benchmark::RunSpecifiedBenchmarks(&table);
     bench::releaseLoadedDocuments();

@@ -28,30 +28,41 @@ public:
     [[nodiscard]] const Surface& surface() const { return m_surface; }
 
 private:
-    struct Block {  ///< neighbouring points and a ball around them
+    struct Block {  ///< neighbouring points and a ball around them, whose corners are furthest from its centre
         int column = 0;
         int row = 0;
         int endColumn = 0;
         int endRow = 0;
         Vector centre;
         double radius = 0.0;
+        std::size_t firstPart = 0;  ///< its parts in m_parts
+        std::size_t endPart = 0;
     };
+    class Bounds;
 
     [[nodiscard]] std::size_t index(int column, int row) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns) + static_cast<std::size_t>(column);
     }
     [[nodiscard]] double height(int row) const;
+    [[nodiscard]] Vector pointAt(int column, int row) const {
+        const Surface::Level& level = m_levels[static_cast<std::size_t>(row)];
+        return plus(level.centre, times(level.radius, m_directions[static_cast<std::size_t>(column)]));
+    }
     void makePoints();
     void makeBlocks();
-    [[nodiscard]] Block blockAt(int column, int row) const;
-    void count(int column, int row);
+    [[nodiscard]] Block blockAt(int column, int row, int size, int endColumn, int endRow) const;
+    void addPart(const Block& part, const Bounds& bounds);
+    void countAll(const Block& block);
+    void count(std::size_t place);
 
     Surface m_surface;
     int m_columns;
     int m_rows;
-    std::vector<Vector> m_points;
+    std::vector<Vector> m_directions;      ///< of the columns
+    std::vector<Surface::Level> m_levels;  ///< of the rows
     std::vector<double> m_shares;
     std::vector<Block> m_blocks;
+    std::vector<Block> m_parts;  ///< of the blocks
     std::vector<std::uint8_t> m_counts;
 };
 

@@ -14,7 +14,26 @@ struct Side {
     [[nodiscard]] double at(const Point_2Dim<double>& point) const { return constant + perX * point.x + perY * point.y; }
 };
 using Sides = std::array<Side, 5>;
-using Polygon = std::vector<Point_2Dim<double>>;
+
+/// A polygon without dents: four corners and one more for each plane that cuts it.
+class Polygon {
+public:
+    Polygon() = default;
+    Polygon(std::initializer_list<Point_2Dim<double>> corners) {
+        for (const Point_2Dim<double>& corner : corners) push_back(corner);
+    }
+    void push_back(const Point_2Dim<double>& corner) {
+        if (m_size < m_corners.size()) m_corners[m_size++] = corner;
+    }
+    [[nodiscard]] std::size_t size() const { return m_size; }
+    const Point_2Dim<double>& operator[](std::size_t i) const { return m_corners[i]; }
+    [[nodiscard]] const Point_2Dim<double>* begin() const { return m_corners.data(); }
+    [[nodiscard]] const Point_2Dim<double>* end() const { return m_corners.data() + m_size; }
+
+private:
+    std::array<Point_2Dim<double>, 16> m_corners;
+    std::size_t m_size = 0;
+};
 
 Sides sidesOn(const Channel& channel, const Planes& planes) {
     Sides sides{};
@@ -56,7 +75,7 @@ Polygon cutBy(const Side& side, const Polygon& polygon) {
     Polygon kept;
     for (std::size_t i = 0; i < polygon.size(); ++i) {
         const Point_2Dim<double>& point = polygon[i];
-        const Point_2Dim<double>& next = polygon[(i + 1) % polygon.size()];
+        const Point_2Dim<double>& next = polygon[i + 1 < polygon.size() ? i + 1 : 0];
         const double here = side.at(point);
         const double there = side.at(next);
         if (here >= 0.0) kept.push_back(point);
@@ -212,7 +231,8 @@ Range pitchSpanOf(const Channel& channel) { return {pitchLimit(channel, -1.0), p
 Overlap overlapOn(const Channel& channel, const Planes& other) {
     const Sides sides = scaled(sidesOn(channel, other), channel.tangents);
     Polygon common = {{0.0, 0.0}, {1.0, 0.0}, {1.0, 1.0}, {0.0, 1.0}};
-    for (const Side& side : sides) common = cutBy(side, common);
+    for (const Side& side : sides)
+        if (common.size() > 0) common = cutBy(side, common);
     const Shares shares = sharesOf(common);
     Overlap overlap;
     if (shares.area <= 0.0) return overlap;

@@ -22,7 +22,17 @@ std::optional<Surface> Surface::of(const LayoutScreen& screen) {
     const bool isSphere = screen.shape == BaseConfig::SHAPE_SPHERE;
     if (!isSphere && screen.shape != BaseConfig::SHAPE_CYLINDER) return std::nullopt;
     Surface surface(screen, isSphere);
-    return surface.setLimits() ? std::optional<Surface>(surface) : std::nullopt;
+    if (!surface.setLimits()) return std::nullopt;
+    surface.setBounds();
+    return surface;
+}
+
+void Surface::setBounds() {
+    const double rounded = rounding * m_screen.radius;
+    m_levels = {levelAt(m_heights.from).centre.z - m_screen.centre.z - rounded,
+                levelAt(m_heights.to).centre.z - m_screen.centre.z + rounded};
+    m_middle = directionAt((m_around.from + m_around.to) / 2.0);
+    m_sideways = std::cos((m_around.to - m_around.from) / 2.0);
 }
 
 /// What is more than a whole sphere counts as a whole one. A cylinder without a height has the angles of a sphere.
@@ -48,11 +58,10 @@ bool Surface::isClosed() const { return m_around.to - m_around.from > turn - rou
 bool Surface::endsBelow() const { return !m_isSphere || m_heights.from > -pi / 2.0 + rounding; }
 bool Surface::endsAbove() const { return !m_isSphere || m_heights.to < pi / 2.0 - rounding; }
 
-Vector Surface::pointAt(double around, double height) const {
-    const double level = m_isSphere ? std::cos(height) : 1.0;
-    const Vector fromCentre{m_screen.radius * level * std::sin(around), m_screen.radius * level * std::cos(around),
-                            m_isSphere ? m_screen.radius * std::sin(height) : height};
-    return plus(m_screen.centre, fromCentre);
+Surface::Level Surface::levelAt(double height) const {
+    const double up = m_isSphere ? m_screen.radius * std::sin(height) : height;
+    const double share = m_isSphere ? std::cos(height) : 1.0;
+    return {plus(m_screen.centre, {0.0, 0.0, up}), m_screen.radius * share};
 }
 
 double Surface::areaBetween(double low, double high) const {
@@ -77,11 +86,8 @@ bool Surface::isMetBy(const Vector& from, const Vector& direction) const {
 }
 
 bool Surface::holds(const Vector& fromCentre) const {
-    const double height = m_isSphere ? std::asin(std::clamp(fromCentre.z / m_screen.radius, -1.0, 1.0)) : fromCentre.z;
-    if (height < m_heights.from || height > m_heights.to) return false;
-    const double middle = (m_around.from + m_around.to) / 2.0;
-    const double around = std::remainder(std::atan2(fromCentre.x, fromCentre.y) - middle, turn);
-    return std::abs(around) <= (m_around.to - m_around.from) / 2.0;
+    if (fromCentre.z < m_levels.from || fromCentre.z > m_levels.to) return false;
+    return isClosed() || dot(fromCentre, m_middle) >= m_sideways * std::hypot(fromCentre.x, fromCentre.y);
 }
 
 }  // namespace XMLConfig::detail

@@ -24,7 +24,17 @@ public:
     [[nodiscard]] bool endsBelow() const;
     [[nodiscard]] bool endsAbove() const;
 
-    [[nodiscard]] Vector pointAt(double around, double height) const;
+    /// A circle around it at one height.
+    struct Level {
+        Vector centre;
+        double radius = 0.0;
+    };
+    [[nodiscard]] Level levelAt(double height) const;
+    static Vector directionAt(double around) { return {std::sin(around), std::cos(around), 0.0}; }
+    [[nodiscard]] Vector pointAt(double around, double height) const {
+        const Level level = levelAt(height);
+        return plus(level.centre, times(level.radius, directionAt(around)));
+    }
     /// How much area lies between two heights, in a measure of its own.
     [[nodiscard]] double areaBetween(double low, double high) const;
     /// The angle up, as seen from the centre, and back.
@@ -36,12 +46,16 @@ public:
 private:
     explicit Surface(const LayoutScreen& screen, bool isSphere) : m_screen(screen), m_isSphere(isSphere) {}
     bool setLimits();
+    void setBounds();
     [[nodiscard]] bool holds(const Vector& fromCentre) const;
 
     LayoutScreen m_screen;
     bool m_isSphere;
     Range m_around;
     Range m_heights;
+    Range m_levels;           ///< of m_heights, as lengths up from the centre
+    Vector m_middle;          ///< towards the middle of what is around
+    double m_sideways = 0.0;  ///< how much of a direction around points there at the limits
 };
 
 }  // namespace XMLConfig::detail

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "manager/Layout.h"
+#include "manager/layout/Grid.h"
 #include "tests/support/Rig.h"
 
 namespace {
@@ -10,6 +12,8 @@ namespace {
 using XMLConfig::Coverage;
 using XMLConfig::Layout;
 using XMLConfig::detail::degree;
+using XMLConfig::detail::dot;
+using XMLConfig::detail::minus;
 
 double sumOf(const Coverage& coverage) { return coverage.inNone + coverage.inOne + coverage.inTwo + coverage.inMore; }
 
@@ -166,6 +170,50 @@ TEST(Coverage, MoreThanASphereIsASphere) {
     ASSERT_TRUE(layout.coverage);
     EXPECT_EQ(layout.coverage->inNone, 0.0);
     EXPECT_NEAR(limitsOf(layout.screen)->phi.to / degree, 90.0, 1e-9);
+}
+
+/// How many of the channels show each point, one after the other.
+std::vector<int> countedOneByOne(const XMLConfig::detail::Surface& surface, const XMLConfig::detail::Grid& grid,
+                                 const std::vector<XMLConfig::Channel>& channels) {
+    std::vector<int> counts;
+    for (int row = 0; row < grid.rows(); ++row)
+        for (int column = 0; column < grid.columns(); ++column) {
+            const double around = (grid.around(column) + grid.around(column + 1)) / 2.0;
+            const double height = (surface.heightOf(grid.phi(row)) + surface.heightOf(grid.phi(row + 1))) / 2.0;
+            int count = 0;
+            for (const XMLConfig::Channel& channel : channels) {
+                const auto planes = XMLConfig::detail::planesOf(channel);
+                const auto direction = minus(surface.pointAt(around, height), channel.eyePoint);
+                const auto isInside = [&](const auto& normal) { return dot(normal, direction) >= 0.0; };
+                count += std::all_of(planes.begin(), planes.end(), isInside) ? 1 : 0;
+            }
+            counts.push_back(std::min(count, 3));
+        }
+    return counts;
+}
+
+TEST(Coverage, BlocksGiveWhatPointsOneByOneGive) {
+    for (const wchar_t* shape : {L"Sphere", L"Cylinder"}) {
+        ConfigInfo document;
+        put(document, {{10.0, 20.0, 30.0}, {-170.0, 0.0, 5.0}, {50.0, 80.0}, {12.0, 24.0, 0.0, -30.0, 20.0, 25.0, -35.0}});
+        ProjectorConfig(&document, L"1").setEyePoint({1.0, 2.0, -1.5});
+        putSphere(document, -180.0, 180.0, -70.0, 90.0);
+        ScreenConfig screen(&document, nullptr, L"");
+        screen.setShape(shape);
+        screen.setHeight(6.3);
+        const Layout layout = XMLConfig::layout(document);
+        const auto surface = *XMLConfig::detail::Surface::of(layout.screen);
+        XMLConfig::detail::Grid grid(surface);
+        for (const XMLConfig::Channel& channel : layout.channels) grid.add(channel);
+        const std::vector<int> expected = countedOneByOne(surface, grid, layout.channels);
+        int different = 0;
+        for (int row = 0; row < grid.rows(); ++row)
+            for (int column = 0; column < grid.columns(); ++column)
+                different +=
+                    grid.countAt(column, row) == expected[static_cast<std::size_t>(row * grid.columns() + column)] ? 0 : 1;
+        EXPECT_LE(different, 2) << shape;  // points that the rounding puts on one side or the other
+        EXPECT_GT(std::count(expected.begin(), expected.end(), 2), 0) << shape;
+    }
 }
 
 TEST(Coverage, OutlineOfTheScreenIsSeenFromTheEye) {
