@@ -13,7 +13,7 @@ class Diagnostics : public testing::Test {
 protected:
     void SetUp() override {
         m_before = UlvanoDiagnostics::getDataSubDirectory();
-        UlvanoDiagnostics::setDataSubDirectory(folder.path().wstring());
+        UlvanoDiagnostics::setDataSubDirectory(wideOf(folder.path()));
     }
     void TearDown() override { UlvanoDiagnostics::setDataSubDirectory(m_before); }
 
@@ -64,7 +64,7 @@ TEST_F(Diagnostics, SnapshotHoldsWhatTheDocumentHolds) {
 
 TEST_F(Diagnostics, FailedSaveIsLoggedAndNotPassedOn) {
     const LogCapture log;
-    UlvanoDiagnostics::setDataSubDirectory((folder.path() / "missing").wstring());
+    UlvanoDiagnostics::setDataSubDirectory(folder.file(L"missing"));
     const auto manager = newManager();
     manager->setConfigDirty(true);
     EXPECT_NO_THROW(UlvanoDiagnostics::saveConfiguration(manager.get()));

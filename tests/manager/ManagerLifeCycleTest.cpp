@@ -27,7 +27,6 @@
 #include "store/CorvaneException.h"
 #include "store/Outline.h"
 #include "tests/manager/TestManager.h"
-#include "tests/support/AsciiText.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
@@ -76,9 +75,9 @@ TEST(ManagerLifeCycle, NewConfigurationHoldsInitialValues) {
     manager->saveConfiguration(folder.file(L"new.skorrax"));
     const ConfigInfo document(folder.file(L"new.skorrax"));
     for (const wchar_t* section : {L"Color", L"Geometry", L"Screen", L"System", L"TargetLocator"})
-        EXPECT_TRUE(document.doesSectionExist(section, L"")) << asciiOf(section);
+        EXPECT_TRUE(document.doesSectionExist(section, L"")) << XMLConfig::detail::toUtf8(section);
     for (const wchar_t* section : {L"ProjectorApprovedSlots", L"SiteAnalytics", L"ProjMap", L"MediaServer"})
-        EXPECT_FALSE(document.doesSectionExist(section, L"")) << asciiOf(section);
+        EXPECT_FALSE(document.doesSectionExist(section, L"")) << XMLConfig::detail::toUtf8(section);
     struct Row {
         const wchar_t* section;
         const wchar_t* key;
@@ -88,7 +87,8 @@ TEST(ManagerLifeCycle, NewConfigurationHoldsInitialValues) {
                            Row{L"Screen", L"Screen_Radius", L"2.100000000000000e+00"}, Row{L"Screen", L"Shape", L"Flat"},
                            Row{L"System", L"Parallelize_Sends", L"true"},
                            Row{L"TargetLocator", L"Horizontal_Overlap", L"5.000000000000000e-02"}})
-        EXPECT_EQ(document.getStringItem(row.section, row.key, L"(missing)", L"", L"", L""), row.text) << asciiOf(row.key);
+        EXPECT_EQ(document.getStringItem(row.section, row.key, L"(missing)", L"", L"", L""), row.text)
+            << XMLConfig::detail::toUtf8(row.key);
 }
 
 TEST(ManagerLifeCycle, SectionsStandInTheOrderOfInitialisation) {
@@ -134,11 +134,12 @@ TEST(ManagerLifeCycle, LoadedFileAtTheLatestVersionIsUnchangedAndClean) {
     const auto manager = loadedManager(path);
     EXPECT_EQ(manager->getFileName(), path);
     EXPECT_EQ(manager->getVersionUpgradeStatus(), XMLConfig::NoUpgradeRequired);
-    EXPECT_EQ(manager->getAssetManager()->getRootPath(), folder.path().wstring());
+    EXPECT_EQ(manager->getAssetManager()->getRootPath(), wideOf(folder.path()));
     EXPECT_FALSE(manager->isConfigDirty());
     EXPECT_EQ(folder.read(L"hall.skorrax"), text);
     EXPECT_EQ(manager->getSystemConfig()->getFileVersion(), 9.0);
-    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + asciiOf(path) + "')")));
+    EXPECT_THAT(log.linesOf(managerLogger),
+                ElementsAre(info("loadConfiguration('" + XMLConfig::detail::toUtf8(path) + "')")));
 }
 
 TEST(ManagerLifeCycle, LoadBeginsTheVisitWithoutDirtyingTheDocument) {
@@ -166,14 +167,14 @@ TEST(ManagerLifeCycle, LoadedFileOfAForeignExtensionIsUntitled) {
     const auto manager = loadedManager(path);
     EXPECT_EQ(manager->getFileName(), L"");
     EXPECT_EQ(manager->getSystemConfig()->getSkorraFilename(), L"w.skorrax");
-    EXPECT_EQ(manager->getAssetManager()->getRootPath(), folder.path().wstring());
+    EXPECT_EQ(manager->getAssetManager()->getRootPath(), wideOf(folder.path()));
     EXPECT_EQ(loadedManager(path, ".skorra")->getFileName(), path);
     EXPECT_EQ(loadedManager(path, ".SKORRA")->getFileName(), L"");
 }
 
 TEST(ManagerLifeCycle, ExtensionsOutsideAsciiAreUtf8) {
     const TemporaryFolder folder;
-    const std::wstring path = folder.path().wstring() + L"/hall.\u00fcx";
+    const std::wstring path = wideOf(folder.path()) + L"/hall.\u00fcx";
     newManager(".\xC3\xBCx")->saveConfiguration(path);
     EXPECT_EQ(loadedManager(path, ".\xC3\xBCx")->getFileName(), path);
 }
@@ -184,7 +185,8 @@ TEST(ManagerLifeCycle, MissingFileIsRefusedByTheDocument) {
     const std::wstring path = folder.file(L"none.skorrax");
     EXPECT_EQ(thrownMessage<CorvaneException>([&] { loadedManager(path); }),
               L"Error parseDataFile: Can not open file: " + path);
-    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + asciiOf(path) + "')")));
+    EXPECT_THAT(log.linesOf(managerLogger),
+                ElementsAre(info("loadConfiguration('" + XMLConfig::detail::toUtf8(path) + "')")));
 }
 
 TEST(ManagerLifeCycle, MalformedFileIsRefusedByTheDocument) {
@@ -205,8 +207,8 @@ TEST(ManagerLifeCycle, NewerFileIsRefusedWithTheNameInTheMessage) {
     const auto product = TestProduct::make();
     EXPECT_EQ(thrownMessage<CorvaneException>([&] { XMLConfigManager::loadConfiguration(product, path); }), message);
     EXPECT_EQ(product.use_count(), 1);
-    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + asciiOf(path) + "')"),
-                                                        LogLine{managerLogger, "WARN", asciiOf(message)}));
+    EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + XMLConfig::detail::toUtf8(path) + "')"),
+                                                        LogLine{managerLogger, "WARN", XMLConfig::detail::toUtf8(message)}));
     EXPECT_THAT(
         log.linesOf("Ulvano.XMLConfig.VersionUpgrade"),
         ElementsAre(LogLine{"Ulvano.XMLConfig.VersionUpgrade", "TRACE", "doFileVersionConversion(9.001) -> 9.000"},
@@ -219,7 +221,7 @@ TEST(ManagerLifeCycle, NamesOutsideAsciiAreLoadedLoggedAndSavedUnderTheCLocale) 
     LogCapture log;
     const TemporaryFolder folder;
     newManager()->saveConfiguration(folder.file(L"made.skorrax"));
-    const std::wstring path = folder.path().wstring() + L"/B\u00fchne \u65e5\u672c.skorrax";
+    const std::wstring path = wideOf(folder.path()) + L"/B\u00fchne \u65e5\u672c.skorrax";
     auto manager = loadedManager(folder.file(L"made.skorrax"));
     manager->saveConfiguration(path);
     EXPECT_EQ(log.linesOf(managerLogger).back(),

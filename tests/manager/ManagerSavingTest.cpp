@@ -10,7 +10,6 @@
 #include "sections/ScreenConfig.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
-#include "tests/support/AsciiText.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
@@ -37,9 +36,9 @@ TEST(ManagerSaving, SavedFileGivesTheNameAndIsClean) {
     manager->saveConfiguration(path);
     EXPECT_EQ(manager->getFileName(), path);
     EXPECT_FALSE(manager->isConfigDirty());
-    EXPECT_EQ(manager->getAssetManager()->getRootPath(), folder.path().wstring());
+    EXPECT_EQ(manager->getAssetManager()->getRootPath(), wideOf(folder.path()));
     EXPECT_EQ(folder.entries(), 1u);
-    EXPECT_THAT(log.lines(), ElementsAre(info("saveConfiguration('" + asciiOf(path) + "')")));
+    EXPECT_THAT(log.lines(), ElementsAre(info("saveConfiguration('" + XMLConfig::detail::toUtf8(path) + "')")));
     EXPECT_EQ(loadedManager(path)->getFileName(), path);
 }
 
@@ -211,7 +210,7 @@ TEST(ManagerSaving, CopyLeavesNameAndDirtyFlag) {
     const auto manager = loadedManager(path);
     LogCapture log;
     manager->copyConfiguration(copy);
-    EXPECT_THAT(log.lines(), ElementsAre(info("copyConfiguration('" + asciiOf(copy) + "')")));
+    EXPECT_THAT(log.lines(), ElementsAre(info("copyConfiguration('" + XMLConfig::detail::toUtf8(copy) + "')")));
     EXPECT_FALSE(manager->isConfigDirty());
     manager->setConfigDirty(true);
     manager->copyConfiguration(copy);

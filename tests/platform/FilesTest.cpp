@@ -134,7 +134,7 @@ TEST_F(Files, AreNotFolders) {
     EXPECT_FALSE(removeFile(path));
     EXPECT_EQ(fileErrorOf([&] { FileReader reader(path); }), L"Can not read file " + path + L": Is a directory");
     EXPECT_EQ(replaceError(path), L"Can not write file " + path + L": Is a directory");
-    EXPECT_TRUE(std::filesystem::is_empty(path));
+    EXPECT_TRUE(std::filesystem::is_empty(pathOf(path)));
 }
 
 TEST_F(Files, HaveNames) {
@@ -160,13 +160,13 @@ TEST_F(Files, InAMissingFolderAreNotMade) {
 TEST_F(Files, ThatMayBeReadOnlyAreNotReplaced) {
     const std::wstring path = m_folder.write(L"a", "old");
     using std::filesystem::perms;
-    std::filesystem::permissions(path, perms::owner_write | perms::group_write | perms::others_write,
+    std::filesystem::permissions(pathOf(path), perms::owner_write | perms::group_write | perms::others_write,
                                  std::filesystem::perm_options::remove);
     EXPECT_FALSE(canOpenForUpdate(path));
     EXPECT_EQ(replaceError(path), L"Can not write file " + path + L": Permission denied");
     EXPECT_EQ(readWholeFile(path), "old");
     EXPECT_EQ(m_folder.entries(), 1u);
-    std::filesystem::permissions(path, perms::owner_write, std::filesystem::perm_options::add);
+    std::filesystem::permissions(pathOf(path), perms::owner_write, std::filesystem::perm_options::add);
     EXPECT_TRUE(canOpenForUpdate(path));
 }
 

@@ -38,7 +38,7 @@ TEST(Environment, HasATemporaryFolderWithoutATrailingSeparator) {
     ASSERT_FALSE(folder.empty());
     EXPECT_TRUE(isAbsolute(folder));
     EXPECT_FALSE(isSeparator(folder.back()));
-    EXPECT_TRUE(std::filesystem::is_directory(folder));
+    EXPECT_TRUE(std::filesystem::is_directory(pathOf(folder)));
 }
 
 TEST(Environment, NumbersThisProcess) { EXPECT_GT(processId(), 0); }
@@ -81,7 +81,7 @@ private:
 TEST_F(DiagnosticsFolder, IsOneForAProcessBelowTheTemporaryFolder) {
     const std::wstring path = UlvanoDiagnostics::getDataSubDirectory();
     EXPECT_EQ(UlvanoDiagnostics::getDataSubDirectory(), path);
-    EXPECT_TRUE(std::filesystem::is_directory(path));
+    EXPECT_TRUE(std::filesystem::is_directory(pathOf(path)));
     const std::wstring above = joinPath(temporaryFolder(), L"UlvanoDiagnostics");
     EXPECT_EQ(folderOf(path).substr(0, above.size()), above);  // what follows tells users who share the folder apart
     const std::wstring name = lastComponent(path);

@@ -138,7 +138,7 @@ TEST(ReprojectionAccuracy, VirtualMembersKeepTheirPlaces) {
 
 TEST(ReprojectionAccuracy, WithoutADocumentItWorksOnAPrivateOne) {
     TemporaryFolder folder;
-    const DiagnosticsIn diagnostics(folder.path().wstring());
+    const DiagnosticsIn diagnostics(wideOf(folder.path()));
     ReprojectionAccuracy accuracy(nullptr, L"");
     accuracy.initialize();
     EXPECT_EQ(accuracy.getMaxError(), -1.0);
@@ -163,7 +163,7 @@ TEST(ReprojectionAccuracy, DestroyingItDestroysItsDocument) {
 
 TEST(ReprojectionAccuracy, ResultsAreSavedInTheDiagnosticsFolder) {
     TemporaryFolder folder;
-    const DiagnosticsIn diagnostics(folder.path().wstring());
+    const DiagnosticsIn diagnostics(wideOf(folder.path()));
     auto* document = new ConfigInfo;
     ReprojectionAccuracy accuracy(document, L"");
     accuracy.setRMSError(L"1", 0.5);
@@ -183,7 +183,7 @@ TEST(ReprojectionAccuracy, LoadedResultsAreNeverSavedBackToTheirFile) {
     const DiagnosticsIn diagnostics(folder.file(L"diagnostics"));
     const std::wstring path = folder.file(L"measured.results");
     ReprojectionAccuracy(new ConfigInfo, L"").saveResults();
-    std::filesystem::rename(folder.path() / "diagnostics" / "temp.results", path);
+    std::filesystem::rename(folder.path() / "diagnostics" / "temp.results", pathOf(path));
     const std::string before = folder.read(L"measured.results");
 
     const std::unique_ptr<ReprojectionAccuracy> loaded(ReprojectionAccuracy::loadFromFile(path));

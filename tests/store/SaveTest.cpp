@@ -1,10 +1,7 @@
-#include <log4cxx/fileappender.h>
-#include <log4cxx/logger.h>
-#include <log4cxx/patternlayout.h>
-
 #include "store/Document.h"
 #include "store/DocumentWriter.h"
 #include "tests/store/StoreSupport.h"
+#include "tests/support/LogCapture.h"
 
 namespace fs = std::filesystem;
 
@@ -101,19 +98,13 @@ TEST(Save, FailsAsAnExceptionAndStaysDirty) {
 
 TEST(Save, LogsItsFailureAsAWarning) {
     const TemporaryFolder folder;
-    const auto logger = log4cxx::Logger::getLogger("Ulvano.XMLConfig.ConfigInfo");
-    const log4cxx::LayoutPtr layout(new log4cxx::PatternLayout(LOG4CXX_STR("%p|%c|%m%n")));
-    const log4cxx::AppenderPtr appender(
-        new log4cxx::FileAppender(layout, LOG4CXX_STR("") + (folder.path() / "log.txt").string(), false));
-    logger->addAppender(appender);
+    const LogCapture log;
     ConfigInfo document;
     const auto message = messageOf([&] { document.save(folder.file(L"none/a.skorrax")); });
     EXPECT_TRUE(document.save(folder.file(L"good.skorrax")));
     EXPECT_FALSE(document.save(L""));
-    logger->removeAppender(appender);
-    appender->close();
-    const std::string log = folder.read(L"log.txt");
-    EXPECT_EQ(log, "WARN|Ulvano.XMLConfig.ConfigInfo|" + std::string(message.begin(), message.end()) + "\n");
+    ASSERT_EQ(log.lines().size(), 1u);
+    EXPECT_EQ(log.lines()[0], (LogLine{"Ulvano.XMLConfig.ConfigInfo", "WARN", XMLConfig::detail::toUtf8(message)}));
 }
 
 #ifndef _WIN32
