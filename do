@@ -119,6 +119,13 @@ doInstall() {
     say "installed below $prefix"
 }
 
+# The whole suite as other users, languages and places see it.
+doSuites() {
+    # shellcheck disable=SC2086
+    need $forBuilding $forTesting
+    sh tests/suites/run.sh "$@"
+}
+
 doClean() {
     rm -rf build out
     say 'removed build/ and out/'
@@ -131,6 +138,7 @@ doHelp() {
 ./do bench [OPTION]...  measure against raw Xerces-C; options go to xmlconfig_bench
 ./do measure [FOLDER]    sizes of the sources, here or in the checkout of another commit
 ./do check              format, clang-tidy, sanitizers, threads, Windows parts, static consumer
+./do suites             every test in four languages, odd time zones and paths, as a user who is not root
 ./do install [PREFIX]   build the release and install it (default /usr/local)
 ./do clean              remove what was built
 ./do help               this list
@@ -147,6 +155,7 @@ case $verb in
     bench) doBench "$@" ;;
     measure) sh tests/measure.sh "${1:-.}" ;;
     check) doCheck ;;
+    suites) doSuites "$@" ;;
     install) doInstall "$@" ;;
     clean) doClean ;;
     help | -h | --help) doHelp ;;

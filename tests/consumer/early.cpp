@@ -8,6 +8,7 @@
 #include "base/BaseConfig.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/IQuorvelProductInfo.h"
+#include "platform/Utf8.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
 #include "sections/SystemConfig.h"
@@ -68,9 +69,9 @@ Application application;
 
 int main(int argumentCount, char** arguments) {
     if (argumentCount != 2) return EXIT_FAILURE;
-    const std::string file = std::string(arguments[1]) + "/early.skorrax";
+    const std::wstring file = XMLConfig::wideFromUtf8(std::string(arguments[1]) + "/early.skorrax");
     use(application.configuration());
-    application.configuration().saveConfiguration(std::wstring(file.begin(), file.end()));
+    application.configuration().saveConfiguration(file);
     require(!application.configuration().isConfigDirty(), "the save");
     return EXIT_SUCCESS;
 }

@@ -11,6 +11,7 @@
 #include "manager/Upgrade.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/IQuorvelProductInfo.h"
+#include "platform/Utf8.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
@@ -25,8 +26,6 @@ void expect(bool holds, const char* what) {
     std::cerr << "consumer: " << what << " does not hold\n";
     ++failures;
 }
-
-std::wstring widened(const std::string& ascii) { return std::wstring(ascii.begin(), ascii.end()); }
 
 void writeDocument(const std::wstring& path) {
     const std::unique_ptr<ConfigInfo> document(ConfigInfoFactory::getInstance()->createNew());
@@ -81,10 +80,10 @@ void loadOnce(const std::wstring& path) {
 int main(int argumentCount, char** arguments) {
     if (argumentCount != 2) return EXIT_FAILURE;
     const std::string folder = arguments[1];
-    writeDocument(widened(folder + "/made.skorrax"));
-    readDocument(widened(folder + "/made.skorrax"));
-    loadOnce(widened(folder + "/made.skorrax"));
-    readMissingDocument(widened(folder + "/missing.skorrax"));
+    writeDocument(XMLConfig::wideFromUtf8(folder + "/made.skorrax"));
+    readDocument(XMLConfig::wideFromUtf8(folder + "/made.skorrax"));
+    loadOnce(XMLConfig::wideFromUtf8(folder + "/made.skorrax"));
+    readMissingDocument(XMLConfig::wideFromUtf8(folder + "/missing.skorrax"));
     expect(std::ifstream(folder + "/made.skorrax").good(), "the file is there");
     return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -74,10 +74,12 @@ tryProgram "$work/by-cmake/early" "before main and after it"
 # useByPkgConfig LIBDIR WHAT
 useByPkgConfig() {
     export PKG_CONFIG_PATH="$1/pkgconfig"
-    # shellcheck disable=SC2046 # the flags are words
-    "$compiler" -std=c++17 "$here/main.cpp" -o "$work/by-pkg-config" $(pkg-config --cflags --libs XMLConfig) \
-        "-Wl,-rpath,$(pkg-config --variable=libdir XMLConfig)"
-    tryProgram "$work/by-pkg-config" "$2"
+    libraries=$1
+    what=$2
+    # The flags are words of the shell, in which pkg-config escapes the blanks of paths.
+    eval "set -- $(pkg-config --cflags --libs XMLConfig)"
+    "$compiler" -std=c++17 "$here/main.cpp" -o "$work/by-pkg-config" "$@" "-Wl,-rpath,$libraries"
+    tryProgram "$work/by-pkg-config" "$what"
     pkg-config --exact-version=2.1.1.14 XMLConfig
 }
 useByPkgConfig "$prefix/lib" "by pkg-config"

@@ -1,4 +1,3 @@
-#include <cstdlib>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,7 +39,7 @@ std::string headingOf(double version) {
 bool hasExample(double from, double below) {
     const auto files = historicalFiles("examples/history");
     return std::any_of(files.begin(), files.end(), [&](const HistoricalFile& file) {
-        const double version = std::strtod(file.version.c_str(), nullptr);
+        const double version = XMLConfig::detail::leadingDouble(XMLConfig::detail::fromUtf8(file.version));
         return from <= version && version < below;
     });
 }

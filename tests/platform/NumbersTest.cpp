@@ -1,5 +1,6 @@
 #include "platform/Numbers.h"
 
+#include <clocale>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -141,6 +142,7 @@ TEST(LeadingDouble, RoundsAsTheExactDecimalDemands) {
 }
 
 TEST(LeadingDouble, AgreesWithTheCLibraryOnRandomTexts) {
+    std::setlocale(LC_NUMERIC, "C");
     std::mt19937 random(2021);
     for (int i = 0; i < 20000; ++i) {
         std::string text = std::to_string(random());

@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "tests/store/StoreSupport.h"
+#include "tests/support/Environment.h"
 
 namespace storetests {
 
@@ -14,12 +15,7 @@ public:
     GermanLocale() : m_before(std::setlocale(LC_ALL, nullptr)) {
         m_active = std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr || made();
     }
-    ~GermanLocale() {
-        std::setlocale(LC_ALL, m_before.c_str());
-#ifndef _WIN32
-        unsetenv("LOCPATH");
-#endif
-    }
+    ~GermanLocale() { std::setlocale(LC_ALL, m_before.c_str()); }
     GermanLocale(const GermanLocale&) = delete;
     GermanLocale& operator=(const GermanLocale&) = delete;
     bool active() const { return m_active && std::string(std::localeconv()->decimal_point) == ","; }
@@ -32,12 +28,13 @@ private:
         const std::string command =
             "localedef -i de_DE -f UTF-8 '" + (m_folder.path() / "de_DE.UTF-8").string() + "' >/dev/null 2>&1";
         if (std::system(command.c_str()) != 0) return false;
-        setenv("LOCPATH", m_folder.path().c_str(), 1);
+        m_place.emplace("LOCPATH", m_folder.path().string());
         return std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr;
 #endif
     }
 
     TemporaryFolder m_folder;
+    std::optional<EnvironmentVariable> m_place;
     std::string m_before;
     bool m_active = false;
 };

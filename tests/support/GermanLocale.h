@@ -5,6 +5,7 @@
 #include <locale>
 #include <string>
 
+#include "tests/support/Environment.h"
 #include "tests/support/TemporaryFolder.h"
 
 /// While it lives, numbers of the C and of the C++ library have a decimal comma and points between
@@ -47,9 +48,8 @@ private:
         static const int built = std::system(
             ("localedef -c -i '" + path + "/source' -f UTF-8 '" + path + "/de_DE.UTF-8' > /dev/null 2>&1").c_str());
         if (built == -1) return;  // other results tell of the categories left out too; whether it serves is seen below
-        ::setenv("LOCPATH", path.c_str(), 1);
+        const EnvironmentVariable place("LOCPATH", path);
         std::setlocale(LC_ALL, "de_DE.UTF-8");
-        ::unsetenv("LOCPATH");
 #endif
     }
 

@@ -1,6 +1,7 @@
 #include "tests/support/OldFiles.h"
 
-#include <cstdlib>
+#include "platform/Numbers.h"
+#include "platform/Text.h"
 
 namespace {
 
@@ -253,7 +254,7 @@ std::string OldFiles::section(std::size_t kind, std::vector<std::string>& kept) 
 OldFile OldFiles::make() {
     OldFile file;
     const std::string version = anyOf(versions);
-    file.version = std::atof(version.c_str());
+    file.version = XMLConfig::detail::leadingDouble(XMLConfig::detail::fromUtf8(version));
     std::string sections;
     const std::size_t count = below(16);
     for (std::size_t i = 0; i < count; ++i) {

@@ -12,7 +12,7 @@
 class TestDocument {
 public:
     explicit TestDocument(const std::string& xml) {
-        static const TemporaryFolder folder;
+        const TemporaryFolder folder;
         m_document = std::make_unique<ConfigInfo>(folder.write(L"test.skorrax", xml));
     }
 

@@ -17,6 +17,7 @@
 #include "manager/UpgradeFile.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/IQuorvelProductInfo.h"
+#include "platform/Utf8.h"
 #include "sections/CameraConfig.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
@@ -36,7 +37,7 @@ struct Product : IQuorvelProductInfo {
     std::string getConfigFileExtension() const override { return ".skorrax"; }
 };
 
-std::wstring wide(const std::string& ascii) { return std::wstring(ascii.begin(), ascii.end()); }
+std::wstring wide(const std::string& text) { return XMLConfig::wideFromUtf8(text); }
 
 void require(bool holds, const char* what) {
     if (!holds) throw std::runtime_error(what);
