@@ -6,8 +6,8 @@
 
 namespace {
 
-/// With XMLCONFIG_TEST_LOCALE set, each test begins under the locale of the environment, as in an application that speaks its
-/// user's language; otherwise under "C", as every program begins.
+/// With XMLCONFIG_TEST_LOCALE set, each test begins under the locale of the environment, as in an application that speaks
+/// its user's language; otherwise under "C", as every program begins.
 class ProcessLocale : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo& /*info*/) override {
         std::locale::global(std::locale(""));
