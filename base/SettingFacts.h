@@ -39,6 +39,23 @@ struct SettingFacts {
         bool whileOneOf = true;
     };
 
+private:
+    static constexpr double infinity = std::numeric_limits<double>::infinity();
+
+    // Before its callers: Clang 14 makes nothing of it otherwise.
+    template <typename Field, typename Value>
+    constexpr SettingFacts with(Field SettingFacts::*field, const Value& value) const {
+        SettingFacts facts = *this;
+        facts.*field = value;
+        return facts;
+    }
+    constexpr SettingFacts ranging(double low, double high, bool withoutLow) const {
+        SettingFacts facts = with(&SettingFacts::range, Range{low, high, withoutLow, false});
+        facts.hasRange = true;
+        return facts;
+    }
+
+public:
     constexpr SettingFacts in(Unit value) const { return with(&SettingFacts::unit, value); }
     constexpr SettingFacts of(SettingClass value) const { return with(&SettingFacts::settingClass, value); }
     /// Text of a special form, which the section reads and writes.
@@ -102,21 +119,6 @@ struct SettingFacts {
     bool hasRange = false;
     Range range;
     Condition condition;
-
-private:
-    static constexpr double infinity = std::numeric_limits<double>::infinity();
-
-    constexpr SettingFacts ranging(double low, double high, bool withoutLow) const {
-        SettingFacts facts = with(&SettingFacts::range, Range{low, high, withoutLow, false});
-        facts.hasRange = true;
-        return facts;
-    }
-    template <typename Field, typename Value>
-    constexpr SettingFacts with(Field SettingFacts::*field, const Value& value) const {
-        SettingFacts facts = *this;
-        facts.*field = value;
-        return facts;
-    }
 };
 
 /// One line for people, which goes on from the key and so begins small.
