@@ -67,7 +67,8 @@ void Document::initializeDOM() {
         throw CorvaneException(L"Error initializeDataFile: Requested implementation is not supported");
     }
     try {
-        DocumentPointer made(m_implementation->createDocument(nullptr, xmlText(u"ConfigInfo"), nullptr));
+        DocumentPointer made(m_implementation->createDocument());
+        made->appendChild(made->createElementNS(nullptr, xmlText(u"ConfigInfo")));
         const auto add = [&made](const wchar_t* name, const std::wstring& text) {
             DOMElement* const element = made->createElement(xmlText(toUtf16(name)));
             append(*element, *made->createTextNode(xmlText(toUtf16(text))));

@@ -84,8 +84,9 @@ public:
     [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
 
     // Changing. Callers set the dirty flag and tell the observer.
-    /// Parses an element that is to be stored. Throws ParseFailure for anything else.
-    NewElement parseElement(const std::string& text) { return m_reader.read(text, m_tree); }
+    /// Parses an element that is to be stored. Throws ParseFailure for anything else; what was found before is worth
+    /// nothing then either.
+    NewElement parseElement(const std::string& text);
     /// Adds an item that is missing, with the section, the subsection and the groups that are missing around it. Where a
     /// name is illegal, throws DOMException and leaves what comes before it; nothing else leaves a part.
     void addItem(const Address& address, const Container& container, Content content);
@@ -109,6 +110,7 @@ private:
     /// Each primitive change ends here.
     void changed(const TreeChange& change) noexcept;
     void take(const std::wstring& name, const std::function<DocumentPointer()>& parse);
+    void shedWaste() noexcept;
     void adopt(DocumentPointer document) noexcept;
     struct Missing;
     [[nodiscard]] Missing missingOf(const Address& address, const Container& container) const;

@@ -66,6 +66,15 @@ Document::Missing Document::missingOf(const Address& address, const Container& c
     return missing;
 }
 
+NewElement Document::parseElement(const std::string& text) {
+    try {
+        return m_reader.read(text, m_tree);
+    } catch (...) {
+        shedWaste();
+        throw;
+    }
+}
+
 LooseElement Document::build(const Missing& missing, Content content, std::exception_ptr& illegalName) {
     LooseElement outermost;
     DOMElement* innermost = nullptr;
@@ -106,7 +115,7 @@ void Document::setText(const Item& item, const std::wstring& value) {
     DOMNode* const first = item.element->getFirstChild();
     const bool hadElements = item.element->getFirstElementChild() != nullptr;
     if (isOneText(first) && !value.empty()) {
-        first->setNodeValue(xmlText(toUtf16(value)));
+        Tree::setText(static_cast<xercesc::DOMText&>(*first), value);
     } else {
         xercesc::DOMText* const text = value.empty() ? nullptr : m_tree.makeText(value);
         m_tree.empty(*item.element);
@@ -151,7 +160,7 @@ void Document::renameSection(Section& section, const std::wstring& newID) {
     DOMNode* const text = attribute->getFirstChild();
     // Setting the attribute's value would leave the XML library without a value where memory runs out.
     if (isOneText(text) && !newID.empty()) {
-        text->setNodeValue(xmlText(toUtf16(newID)));
+        Tree::setText(static_cast<xercesc::DOMText&>(*text), newID);
     } else {
         DOMNode* const made = newID.empty() ? nullptr : m_tree.makeText(newID);
         while (DOMNode* const child = attribute->getFirstChild()) m_tree.discard(*attribute->removeChild(child));
@@ -187,6 +196,10 @@ void Document::changed(const TreeChange& change) noexcept {
     } catch (...) {
         m_index.reset(root());
     }
+    shedWaste();
+}
+
+void Document::shedWaste() noexcept {
     if (!m_tree.shedWaste()) return;
     m_reader.forgetTree();
     m_index.reset(root());

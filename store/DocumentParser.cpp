@@ -29,8 +29,7 @@ private:
 /// Hands a file of any name to the parser as it is read, so that it is never in memory as a whole.
 class FileStream : public xercesc::BinInputStream {
 public:
-    FileStream(const std::wstring& path, EndOfBytes& end, ContentHash& content)
-        : m_file(path), m_end(end), m_content(content) {}
+    FileStream(FileReader& file, EndOfBytes& end, ContentHash& content) : m_file(file), m_end(end), m_content(content) {}
     XMLFilePos curPos() const override { return m_position; }
     XMLSize_t readBytes(XMLByte* const buffer, const XMLSize_t size) override {
         const XMLSize_t count = m_file.read(buffer, size);
@@ -42,7 +41,7 @@ public:
     const XMLCh* getContentType() const override { return nullptr; }
 
 private:
-    FileReader m_file;
+    FileReader& m_file;
     EndOfBytes& m_end;
     ContentHash& m_content;
     XMLFilePos m_position = 0;
@@ -52,12 +51,16 @@ private:
 class FileSource : public xercesc::InputSource {
 public:
     explicit FileSource(const std::wstring& path) : m_path(path) {}
-    xercesc::BinInputStream* makeStream() const override { return new FileStream(m_path, m_end, m_content); }
+    xercesc::BinInputStream* makeStream() const override {
+        m_file = std::make_unique<FileReader>(m_path);
+        return new FileStream(*m_file, m_end, m_content);
+    }
     [[nodiscard]] const EndOfBytes& end() const { return m_end; }
     [[nodiscard]] const ContentHash& content() const { return m_content; }
 
 private:
     std::wstring m_path;
+    mutable std::unique_ptr<FileReader> m_file;  // not the stream's, which the parser loses when memory runs out
     mutable EndOfBytes m_end;
     mutable ContentHash m_content;
 };

@@ -61,6 +61,13 @@ LooseElement Tree::makeElement(const char16_t* name) { return {m_document->creat
 
 xercesc::DOMText* Tree::makeText(const std::wstring& text) { return m_document->createTextNode(xmlText(toUtf16(text))); }
 
+void Tree::setText(xercesc::DOMText& text, const std::wstring& value) {
+    const std::u16string units = toUtf16(value);
+    // Setting a longer value drops the old one before there is room for it; appending makes the room and drops nothing.
+    if (units.size() > view(text.getData()).size()) text.appendData(xmlText(units));
+    text.setData(xmlText(units));
+}
+
 void Tree::empty(DOMElement& element) noexcept {
     while (DOMNode* const child = element.getFirstChild()) remove(element, *child);
 }

@@ -34,6 +34,9 @@ public:
     LooseElement makeElement(const char16_t* name);
     xercesc::DOMText* makeText(const std::wstring& text);
 
+    /// Gives a text another value, or, where memory is short, leaves it as it is.
+    static void setText(xercesc::DOMText& text, const std::wstring& value);
+
     /// Takes the children out of an element.
     void empty(xercesc::DOMElement& element) noexcept;
     /// Takes a child out of its parent.

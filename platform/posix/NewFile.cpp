@@ -64,9 +64,9 @@ NewFile::~NewFile() {
 
 bool NewFile::isOurs() { return m_isClaimed && (m_name.empty() || m_file.status().st_nlink > 0); }
 
-void NewFile::giveName(const std::string& name) {
+void NewFile::giveName(std::string name) {
     if (link(m_file.descriptor(), name) == 0) {
-        m_name = name;
+        m_name = std::move(name);  // a copy could fail and leave the file
     } else if (errno == EEXIST) {
         throwFileError(purpose, m_target, EEXIST);
     } else {

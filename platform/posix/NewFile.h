@@ -28,7 +28,7 @@ public:
     void becomeTarget();
 
 private:
-    void giveName(const std::string& name);
+    void giveName(std::string name);
     void closeClaimed();
 
     std::string m_target;
