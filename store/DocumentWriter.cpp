@@ -1,6 +1,12 @@
 #include "store/DocumentWriter.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
 #include "platform/Text.h"
+#include "store/ByteBuffer.h"
 
 namespace XMLConfig::detail {
 
@@ -19,16 +25,29 @@ bool isText(const DOMNode& node) {
     return node.getNodeType() == DOMNode::TEXT_NODE || node.getNodeType() == DOMNode::CDATA_SECTION_NODE;
 }
 
+/// A text's or comment's, whose length the XML library knows.
+std::u16string_view dataOf(const DOMNode& node) {
+    const auto& data = static_cast<const xercesc::DOMCharacterData&>(node);
+    return {reinterpret_cast<const char16_t*>(data.getData()), data.getLength()};
+}
+
+/// Not 0 where a character may not be written as it is everywhere. Without a branch, so that the compiler takes several
+/// characters at once.
+constexpr unsigned special(std::uint16_t c) {
+    return static_cast<unsigned>(static_cast<std::uint16_t>(c - 0x20U) >= 0x5F) | static_cast<unsigned>(c == '&') |
+           static_cast<unsigned>(c == '<') | static_cast<unsigned>(c == '>') | static_cast<unsigned>(c == '"');
+}
+
 class Writer {
 public:
     /// Without a sink the text is kept until it is taken.
     Writer(bool isXml11, int lastLayoutLevel, const ByteSink* sink = nullptr)
-        : m_isXml11(isXml11), m_lastLayoutLevel(lastLayoutLevel), m_sink(sink) {}
+        : m_isXml11(isXml11), m_lastLayoutLevel(lastLayoutLevel), m_sink(sink), m_names(sink == nullptr ? 16 : 509) {}
 
     void writeLine(const DOMNode& node, int level) {
-        m_out.append(static_cast<std::size_t>(level) * 2, ' ');
+        indent(level);
         writeNode(node, level, false);
-        m_out += '\n';
+        m_out.append('\n');
     }
 
     void writeNode(const DOMNode& node, int level, bool isInside) {
@@ -36,11 +55,11 @@ public:
             case DOMNode::ELEMENT_NODE:
                 return writeElement(static_cast<const DOMElement&>(node), level, isInside);
             case DOMNode::TEXT_NODE:
-                return escape(view(node.getNodeValue()), false);
+                return escape(dataOf(node), false);
             case DOMNode::CDATA_SECTION_NODE:
-                return wrap("<![CDATA[", node.getNodeValue(), "]]>");
+                return wrap("<![CDATA[", dataOf(node), "]]>");
             case DOMNode::COMMENT_NODE:
-                return wrap("<!--", node.getNodeValue(), "-->");
+                return wrap("<!--", dataOf(node), "-->");
             case DOMNode::PROCESSING_INSTRUCTION_NODE:
                 return writeInstruction(node);
             default:
@@ -48,45 +67,61 @@ public:
         }
     }
 
-    void append(const char* text) { m_out += text; }
-    std::string take() { return std::move(m_out); }
+    void append(const char* text) { m_out.append(text); }
+    [[nodiscard]] std::string take() const { return std::string(m_out.text()); }
     void passOn() {
-        (*m_sink)(m_out);
+        (*m_sink)(m_out.text());
         m_out.clear();
     }
 
 private:
+    void indent(int level) { m_out.append(static_cast<std::size_t>(level) * 2, ' '); }
+
     void writeElement(const DOMElement& element, int level, bool isInside) {
-        const std::u16string_view name = view(element.getNodeName());
-        m_out += '<';
-        appendUtf8(m_out, name);
+        m_out.append('<');
+        writeName(element);
         writeAttributes(element);
         const Content content = isInside ? contentInside(element) : contentOf(element, level);
-        if (content == Content::Empty) {
-            m_out += "/>";
-            return;
-        }
-        m_out += '>';
+        if (content == Content::Empty) return m_out.append("/>");
+        m_out.append('>');
         if (content == Content::Layout) {
-            m_out += '\n';
-            for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-                if (!isText(*child)) writeLine(*child, level + 1);
-            }
-            m_out.append(static_cast<std::size_t>(level) * 2, ' ');
+            writeLines(element, level);
         } else {
-            for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-                writeNode(*child, level + 1, true);
-            }
+            writeInside(element, level);
         }
-        m_out += "</";
-        appendUtf8(m_out, name);
-        m_out += '>';
+        m_out.append("</");
+        writeName(element);
+        m_out.append('>');
         if (m_sink != nullptr && m_out.size() >= pieceSize) passOn();
+    }
+
+    /// A document keeps each name once, so that its place tells one from another.
+    void writeName(const DOMElement& element) {
+        const XMLCh* const name = element.getNodeName();
+        KnownName& known = m_names[std::hash<const XMLCh*>()(name) / sizeof(void*) % m_names.size()];
+        if (known.name == name) return m_out.append(known.bytes);
+        const std::size_t begin = m_out.size();
+        appendUtf8(view(name));
+        known = {name, std::string(m_out.text().substr(begin))};
+    }
+
+    void writeLines(const DOMElement& element, int level) {
+        m_out.append('\n');
+        for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
+            if (!isText(*child)) writeLine(*child, level + 1);
+        }
+        indent(level);
+    }
+
+    void writeInside(const DOMElement& element, int level) {
+        for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
+            writeNode(*child, level + 1, true);
+        }
     }
 
     static Content contentInside(const DOMElement& element) {
         for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            if (!isText(*child) || !view(child->getNodeValue()).empty()) return Content::Verbatim;
+            if (!isText(*child) || !dataOf(*child).empty()) return Content::Verbatim;
         }
         return Content::Empty;
     }
@@ -95,13 +130,15 @@ private:
         bool hasOthers = false;
         bool hasBlanks = false;
         for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            if (!isText(*child)) {
+            const auto type = child->getNodeType();
+            if (type == DOMNode::CDATA_SECTION_NODE) return Content::Verbatim;
+            if (type != DOMNode::TEXT_NODE) {
                 hasOthers = true;
-            } else if (child->getNodeType() == DOMNode::CDATA_SECTION_NODE || !isLayout(view(child->getNodeValue()))) {
-                return Content::Verbatim;
-            } else {
-                hasBlanks = hasBlanks || !view(child->getNodeValue()).empty();
+                continue;
             }
+            const std::u16string_view text = dataOf(*child);
+            if (!isLayout(text)) return Content::Verbatim;
+            hasBlanks = hasBlanks || !text.empty();
         }
         if (hasOthers) return Content::Layout;
         return hasBlanks && level > m_lastLayoutLevel ? Content::Verbatim : Content::Empty;
@@ -112,45 +149,67 @@ private:
         const XMLSize_t count = attributes->getLength();
         for (XMLSize_t i = 0; i < count; ++i) {
             const DOMNode* const attribute = attributes->item(i);
-            m_out += ' ';
-            appendUtf8(m_out, view(attribute->getNodeName()));
-            m_out += "=\"";
+            m_out.append(' ');
+            appendUtf8(view(attribute->getNodeName()));
+            m_out.append("=\"");
             escape(view(attribute->getNodeValue()), true);
-            m_out += '"';
+            m_out.append('"');
         }
     }
 
     void writeInstruction(const DOMNode& node) {
-        m_out += "<?";
-        appendUtf8(m_out, view(node.getNodeName()));
+        m_out.append("<?");
+        appendUtf8(view(node.getNodeName()));
         const std::u16string_view data = view(node.getNodeValue());
-        if (!data.empty()) m_out += ' ';
-        appendUtf8(m_out, data);
-        m_out += "?>";
+        if (!data.empty()) m_out.append(' ');
+        appendUtf8(data);
+        m_out.append("?>");
     }
 
-    void wrap(const char* begin, const XMLCh* text, const char* end) {
-        m_out += begin;
-        appendUtf8(m_out, view(text));
-        m_out += end;
+    void wrap(const char* begin, std::u16string_view text, const char* end) {
+        m_out.append(begin);
+        appendUtf8(text);
+        m_out.append(end);
+    }
+
+    /// Most text is plain: it is copied and looked at in one pass. False, and nothing done, where it is not.
+    bool appendPlain(std::u16string_view text) {
+        char* const put = m_out.room(text.size());
+        std::uint16_t others = 0;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const auto c = static_cast<std::uint16_t>(text[i]);
+            others = static_cast<std::uint16_t>(others | special(c));
+            put[i] = static_cast<char>(c);
+        }
+        if (others != 0) return false;
+        m_out.added(text.size());
+        return true;
+    }
+
+    void appendUtf8(std::u16string_view text) {
+        if (text.empty() || appendPlain(text)) return;
+        std::string bytes;
+        detail::appendUtf8(bytes, text);
+        m_out.append(bytes);
     }
 
     void escape(std::u16string_view text, bool isAttribute) {
+        if (appendPlain(text)) return;
         std::size_t plain = 0;
         for (std::size_t i = 0; i < text.size(); ++i) {
             const char16_t c = text[i];
             if (c > u'>' && c < 0x7F) continue;
             const char* const named = nameFor(c, isAttribute);
             if (named == nullptr && !needsNumber(c, isAttribute)) continue;
-            appendUtf8(m_out, text.substr(plain, i - plain));
+            appendUtf8(text.substr(plain, i - plain));
             plain = i + 1;
             if (named != nullptr) {
-                m_out += named;
+                m_out.append(named);
             } else {
                 writeReference(c);
             }
         }
-        appendUtf8(m_out, text.substr(plain));
+        appendUtf8(text.substr(plain));
     }
 
     static const char* nameFor(char16_t c, bool isAttribute) {
@@ -177,25 +236,33 @@ private:
 
     void writeReference(char16_t c) {
         constexpr char digits[] = "0123456789ABCDEF";
-        m_out += "&#x";
+        m_out.append("&#x");
         bool isStarted = false;
         for (int shift = 12; shift >= 0; shift -= 4) {
             const auto digit = static_cast<std::size_t>((c >> shift) & 0xF);
             isStarted = isStarted || digit != 0;
-            if (isStarted) m_out += digits[digit];
+            if (isStarted) m_out.append(digits[digit]);
         }
-        m_out += ';';
+        m_out.append(';');
     }
+
+    struct KnownName {
+        const XMLCh* name = nullptr;
+        std::string bytes;
+    };
 
     bool m_isXml11;
     int m_lastLayoutLevel;
     const ByteSink* m_sink;
-    std::string m_out;
+    ByteBuffer m_out;
+    std::vector<KnownName> m_names;  // by a hash; an element alone needs few
 };
 
 }  // namespace
 
-bool isLayout(std::u16string_view text) { return text.find_first_not_of(u" \t\n") == std::u16string_view::npos; }
+bool isLayout(std::u16string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char16_t c) { return c == u' ' || c == u'\n' || c == u'\t'; });
+}
 
 void writeDocument(const xercesc::DOMDocument& document, const ByteSink& sink) {
     const bool isXml11 = view(document.getXmlVersion()) == u"1.1";
