@@ -1,5 +1,6 @@
 #include "store/DocumentParser.h"
 
+#include <atomic>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 
@@ -11,20 +12,29 @@ namespace XMLConfig::detail {
 
 namespace {
 
-/// Whether a reader was left with bytes that make no character. The XML library takes them for the end of the text. It
-/// shows only in what room it has when it asks for more and there is none: less than it had at first.
+/// How many bytes were read, and whether the reader was left with some that make no character. The XML library takes them
+/// for the end of the text. It shows only in what room it has when it asks for more and there is none: less than it had at
+/// first.
 class EndOfBytes {
 public:
     void asked(XMLSize_t room, XMLSize_t given) {
         if (m_firstRoom == 0) m_firstRoom = room;
         if (given == 0) m_lastRoom = room;
+        m_size += given;
     }
+    [[nodiscard]] XMLFilePos size() const { return m_size; }
     [[nodiscard]] bool isInsideCharacter() const { return m_lastRoom < m_firstRoom; }
 
 private:
     XMLSize_t m_firstRoom = 0;
     XMLSize_t m_lastRoom = 0;
+    XMLFilePos m_size = 0;
 };
+
+/// Making a parser takes as long as reading a small file, so one that was good is kept for the next load of any thread. What
+/// was large leaves much memory with its parser. It lives as long as the process does: a load at its end may need it.
+constexpr XMLFilePos largestForSpare = 1024 * 1024;
+std::atomic<StrictParser*> spareParser = nullptr;
 
 /// Hands a file of any name to the parser as it is read, so that it is never in memory as a whole.
 class FileStream : public xercesc::BinInputStream {
@@ -76,9 +86,12 @@ std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path) { ret
 
 DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
     const FileSource source(path);
-    StrictParser parser;
-    DocumentPointer document = parser.parseDocument(source);
-    if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
+    std::unique_ptr<StrictParser> parser(spareParser.exchange(nullptr));
+    if (parser == nullptr) parser = std::make_unique<StrictParser>();
+    DocumentPointer document = parser->parseDocument(source);
+    if (source.end().isInsideCharacter()) parser->refuseEnd(L"The last character is incomplete");
+    const bool isSmall = source.end().size() <= largestForSpare;
+    if (isSmall && parser->isAsNew()) parser.reset(spareParser.exchange(parser.release()));
     content = source.content();
     return document;
 }

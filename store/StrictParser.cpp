@@ -28,6 +28,11 @@ DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) 
     return document;
 }
 
+bool StrictParser::isAsNew() const {
+    const bool isXml11 = getScanner()->getXMLVersion() == xercesc::XMLReader::XMLV1_1;
+    return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces;
+}
+
 void StrictParser::error(const unsigned int /*code*/, const XMLCh* const /*domain*/,
                          const xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* const text,
                          const XMLCh* const /*systemId*/, const XMLCh* const /*publicId*/, const XMLFileLoc line,

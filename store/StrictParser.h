@@ -22,6 +22,9 @@ public:
     /// How many levels of elements were met since this was forgotten.
     [[nodiscard]] int levels() const { return m_levels; }
     void forgetLevels() { m_levels = 0; }
+    /// Whether nothing that matters to another text is left of those that were read. The library forgets neither the
+    /// version of XML nor namespaces.
+    [[nodiscard]] bool isAsNew() const;
 
     void error(unsigned int code, const XMLCh* domain, xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* text,
                const XMLCh* systemId, const XMLCh* publicId, XMLFileLoc line, XMLFileLoc column) override;
