@@ -10,7 +10,7 @@ export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1
 forBuilding='cmake ninja-build ccache g++ pkg-config libxerces-c-dev liblog4cxx-dev libcli11-dev nlohmann-json3-dev libfmt-dev libpugixml-dev libutf8proc-dev'
 forTesting='libgtest-dev libgmock-dev locales'
 forBenchmarks='libbenchmark-dev'
-forChecking='clang-format clang-tidy g++-mingw-w64-x86-64-posix wine64 googletest'
+forChecking='clang-format clang-tidy g++-mingw-w64-x86-64-posix wine64 googletest valgrind'
 
 say() { printf '\n== %s\n' "$*"; }
 fail() { printf './do: %s\n' "$*" >&2; exit 1; }
@@ -80,9 +80,17 @@ checkTidy() {
         ':!platform/windows/*' | xargs -0 -n 1 -P "$jobs" clang-tidy --quiet -p build/dev
 }
 
+# The release's instructions for eight fixed jobs, of which none may grow by more than 3 % unseen.
+checkCounts() {
+    cmake --preset release -DBUILD_TESTING=OFF -DXMLCONFIG_BUILD_BENCHMARKS=ON
+    cmake --build --preset release -j "$jobs" --target xmlconfig_counts
+    say 'counting instructions'
+    sh bench/counts.sh
+}
+
 doCheck() {
     # shellcheck disable=SC2086
-    need $forBuilding $forTesting $forChecking
+    need $forBuilding $forTesting $forBenchmarks $forChecking
     checkFormat
     build dev
     checkTidy
@@ -96,6 +104,7 @@ doCheck() {
         say 'testing what is particular to Windows'
         sh tests/windows/run.sh
     fi
+    checkCounts
     say 'using the static library as a consumer'
     XMLCONFIG_BUILD_TYPE=Debug XMLCONFIG_FLAGS_DEBUG=-O0 XMLCONFIG_LAUNCHER=ccache \
         sh tests/consumer/run.sh build/consumer-static static
