@@ -45,6 +45,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/Check.h
     manager/Layout.h
     manager/LogOutput.h
+    manager/Origin.h
     manager/SettingSearch.h
     manager/UlvanoDiagnostics.h
     manager/Upgrade.h

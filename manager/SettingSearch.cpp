@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <unordered_map>
 
 #include "manager/Catalogue.h"
 
@@ -79,6 +80,45 @@ bool matchesPattern(std::wstring_view text, std::wstring_view pattern) {
     return false;
 }
 
+/// The settings of one section: by key, and those whose keys are patterns one after the other.
+class SectionSettings {
+public:
+    void add(const Setting& setting) {
+        if (setting.key.find(L'%') == std::wstring::npos) m_byKey.emplace(setting.key, &setting);
+        else m_patterns.push_back(&setting);
+    }
+    const Setting* find(const std::wstring& path) const {
+        const auto exact = m_byKey.find(path);
+        if (exact != m_byKey.end()) return exact->second;
+        const auto fits = [&](const Setting* setting) { return matchesPattern(path, setting->key); };
+        const auto pattern = std::find_if(m_patterns.begin(), m_patterns.end(), fits);
+        return pattern == m_patterns.end() ? nullptr : *pattern;
+    }
+
+private:
+    std::unordered_map<std::wstring_view, const Setting*> m_byKey;
+    std::vector<const Setting*> m_patterns;
+};
+
+class SettingsBySection {
+public:
+    SettingsBySection() {
+        for (const Setting& setting : knownSettings()) m_sections[setting.section].add(setting);
+    }
+    const SectionSettings* find(const std::wstring& section) const {
+        const auto place = m_sections.find(section);
+        return place == m_sections.end() ? nullptr : &place->second;
+    }
+
+private:
+    std::unordered_map<std::wstring_view, SectionSettings> m_sections;
+};
+
+const SettingsBySection& settingsBySection() {
+    static const SettingsBySection sections;
+    return sections;
+}
+
 /// The address below its section in the catalogue's spelling.
 std::wstring pathOf(const Address& address) {
     if (address.subSection.empty()) return address.key;
@@ -88,11 +128,14 @@ std::wstring pathOf(const Address& address) {
 
 }  // namespace
 
+const Setting* knownSetting(const Address& address) {
+    const SectionSettings* const section = settingsBySection().find(address.section);
+    return section == nullptr ? nullptr : section->find(pathOf(address));
+}
+
 std::optional<Setting> findSetting(const Address& address) {
-    const std::wstring path = pathOf(address);
-    for (const Setting& setting : knownSettings())
-        if (setting.section == address.section && matchesPattern(path, setting.key)) return setting;
-    return std::nullopt;
+    const Setting* const setting = knownSetting(address);
+    return setting == nullptr ? std::nullopt : std::optional<Setting>(*setting);
 }
 
 bool isGroupOfSettings(const Address& address) {
