@@ -28,6 +28,17 @@ std::optional<std::wstring> ElementView::attribute(const std::wstring& attribute
     return found == nullptr ? std::nullopt : std::optional(detail::fromUtf16(detail::view(found->getValue())));
 }
 
+std::vector<std::pair<std::wstring, std::wstring>> ElementView::attributes() const {
+    std::vector<std::pair<std::wstring, std::wstring>> attributes;
+    const xercesc::DOMNamedNodeMap* const nodes = m_element == nullptr ? nullptr : elementOf(*this)->getAttributes();
+    for (XMLSize_t i = 0; nodes != nullptr && i < nodes->getLength(); ++i) {
+        const xercesc::DOMNode* const node = nodes->item(i);
+        attributes.emplace_back(detail::fromUtf16(detail::view(node->getNodeName())),
+                                detail::fromUtf16(detail::view(node->getNodeValue())));
+    }
+    return attributes;
+}
+
 std::wstring ElementView::text() const {
     return m_element == nullptr ? std::wstring() : detail::wideTextOf(*elementOf(*this));
 }

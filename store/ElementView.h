@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Export.h"
@@ -28,6 +29,8 @@ public:
     bool isNamed(const std::wstring& tag) const;
     /// An attribute's value; nothing where there is no such attribute.
     std::optional<std::wstring> attribute(const std::wstring& attributeName) const;
+    /// All of them, names and values, in the order in which a save writes them.
+    std::vector<std::pair<std::wstring, std::wstring>> attributes() const;
     /// The "ID" attribute's value; "" where there is none.
     std::wstring id() const { return attribute(L"ID").value_or(std::wstring()); }
     /// The element's text with that of everything inside it.

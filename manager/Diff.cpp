@@ -1,0 +1,252 @@
+#include "manager/Diff.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_map>
+
+#include "manager/Origin.h"
+#include "manager/SettingSearch.h"
+#include "manager/diff/DeviceMatches.h"
+#include "manager/diff/StoredTexts.h"
+#include "manager/diff/ValueComparison.h"
+#include "store/Tokens.h"
+
+namespace XMLConfig {
+namespace {
+
+using detail::DeviceMatch;
+using detail::StoredText;
+using detail::StoredTexts;
+
+std::wstring nameOf(const ElementView& device) {
+    for (const ElementView& child : device.children())
+        if (child.isNamed(L"Name")) return child.text();
+    return {};
+}
+
+std::wstring shownName(const ElementView& device) {
+    const std::wstring name = nameOf(device);
+    return name.empty() ? device.id() : name;
+}
+
+bool endsWith(const std::wstring& text, const std::wstring& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+/// What a renaming changes by itself.
+bool belongsToRenaming(const StoredText& text) {
+    if (!text.inSnippet) return text.path == L"OldSectionID";
+    return endsWith(text.path, L"@UID") || endsWith(text.path, L"/macAddress");
+}
+
+bool namesCameras(const StoredText& text) {
+    return text.setting != nullptr &&
+           (text.setting->type == SettingType::CameraIDs || text.setting->key.find(L"Associated_Camera_Id_") == 0);
+}
+
+/// The other key of a point that two cameras share, of those that `others` holds; the two may be named in either order.
+const StoredText* findSwapped(const StoredTexts& others, const StoredText& point) {
+    const std::size_t start = point.path.find(L'_') + 1;
+    const std::wstring pair = point.path.substr(start);
+    for (std::size_t i = pair.find(L'_'); i != std::wstring::npos; i = pair.find(L'_', i + 1)) {
+        const std::wstring swapped = pair.substr(i + 1) + L"_" + pair.substr(0, i);
+        if (const StoredText* const found = others.find(point.path.substr(0, start) + swapped)) return found;
+    }
+    return nullptr;
+}
+
+/// The text of a point under the other order of its cameras: the channels that show it to each change places.
+std::wstring withSwappedChannels(const std::wstring& point) {
+    std::vector<std::wstring> tokens = detail::tokensOf(point);
+    if (tokens.size() == 5) std::swap(tokens[3], tokens[4]);
+    std::wstring text;
+    for (const std::wstring& token : tokens) text += (text.empty() ? L"" : L", ") + token;
+    return text;
+}
+
+class Comparison {
+public:
+    Comparison(const ConfigInfo& oldDocument, const ConfigInfo& newDocument, const DiffOptions& options)
+        : m_old(oldDocument), m_new(newDocument), m_options(options) {}
+
+    Difference run() {
+        std::vector<std::pair<std::wstring, std::vector<DeviceMatch>>> devices;
+        for (const std::wstring& tag : sectionNames())
+            if (isDeviceSection(tag)) devices.emplace_back(tag, detail::matchDevices(m_old, m_new, tag));
+        for (const auto& [tag, matches] : devices) noteRenames(tag, matches);
+        for (const auto& [tag, matches] : devices) compareDevices(tag, matches);
+        compareSections();
+        for (const auto& [tag, matches] : devices) compareOrder(tag, matches);
+        return std::move(m_found);
+    }
+
+private:
+    /// A section of both documents that is compared.
+    struct Pair {
+        ElementView old;
+        ElementView now;
+        std::wstring device;
+        bool isRenamed = false;
+    };
+
+    void noteRenames(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
+        for (const DeviceMatch& match : matches) {
+            if (!match.old || !match.now || match.old.id() == match.now.id()) continue;
+            m_found.renamed.push_back({tag, nameOf(match.now), match.old.id(), match.now.id(), match.by});
+            if (tag == L"Camera") m_newCameraIDs[match.old.id()] = match.now.id();
+        }
+    }
+
+    void compareDevices(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
+        for (const DeviceMatch& match : matches) {
+            if (match.old && match.now) {
+                compare({match.old, match.now, nameOf(match.now), match.old.id() != match.now.id()});
+            } else {
+                const ElementView& device = match.now ? match.now : match.old;
+                const std::size_t settings = StoredTexts(device).all().size();
+                (match.now ? m_found.added : m_found.removed).push_back({tag, device.id(), nameOf(device), settings});
+            }
+        }
+    }
+
+    /// Every section that stands for no device, and the header.
+    void compareSections() {
+        std::map<std::pair<std::wstring, std::wstring>, Pair> pairs;
+        std::vector<Pair*> inOrder;
+        const auto add = [&](const ConfigInfo& document, ElementView Pair::*side) {
+            for (const ElementView& section : rootElement(document).children()) {
+                if (isDeviceSection(section.name()) && !section.id().empty()) continue;
+                const auto [place, isFirst] = pairs.try_emplace({section.name(), section.id()});
+                if (isFirst) inOrder.push_back(&place->second);
+                if (!(place->second.*side)) place->second.*side = section;
+            }
+        };
+        add(m_new, &Pair::now);
+        add(m_old, &Pair::old);
+        for (const Pair* const pair : inOrder) {
+            if (isHeaderElement((pair->now ? pair->now : pair->old).name())) compareHeader(*pair);
+            else compare(*pair);
+        }
+    }
+
+    void compareHeader(const Pair& pair) {
+        const std::wstring name = (pair.now ? pair.now : pair.old).name();
+        SettingDifference difference{name, {name, L"", L"", L"", L""}, L"", {}, {}, L"", false};
+        if (pair.old) difference.old = pair.old.text();
+        if (pair.now) difference.now = pair.now.text();
+        if (difference.old == difference.now) return;
+        const bool isStamp = name == L"BuildDate" || name == L"BuildNumber";
+        (isStamp ? m_found.runs : m_found.changed).push_back(difference);
+    }
+
+    void compare(const Pair& pair) {
+        const StoredTexts olds(pair.old);
+        const StoredTexts news(pair.now);
+        for (const StoredText& now : news.all()) {
+            const StoredText* old = olds.find(now.path);
+            if (old == nullptr && isOverlapPoint(now)) old = findSwapped(olds, now);
+            compareTexts(pair, old, &now);
+        }
+        for (const StoredText& old : olds.all()) {
+            if (news.find(old.path) != nullptr || (isOverlapPoint(old) && findSwapped(news, old) != nullptr)) continue;
+            compareTexts(pair, &old, nullptr);
+        }
+    }
+
+    static bool isOverlapPoint(const StoredText& text) {
+        return text.setting != nullptr && text.setting->type == SettingType::OverlapPoint;
+    }
+
+    /// One of the two may be null.
+    void compareTexts(const Pair& pair, const StoredText* old, const StoredText* now) {
+        const StoredText& any = now != nullptr ? *now : *old;
+        if (pair.isRenamed && belongsToRenaming(any)) return;
+        if (old != nullptr && now != nullptr && old->text == now->text && old->path == now->path) return;
+        SettingDifference difference = describe(pair, any);
+        if (old != nullptr) difference.old = old->text;
+        if (now != nullptr) difference.now = now->text;
+        listFor(difference, old, now).push_back(difference);
+    }
+
+    SettingDifference describe(const Pair& pair, const StoredText& text) const {
+        SettingDifference difference;
+        difference.place = text.place;
+        if (pair.now) difference.place.sectionID = pair.now.id();
+        const Address section{difference.place.section, difference.place.sectionID, L"", L"", L""};
+        difference.address = addressText(section) + L"/" + text.path;
+        difference.device = pair.device;
+        difference.inSnippet = text.inSnippet;
+        return difference;
+    }
+
+    std::vector<SettingDifference>& listFor(SettingDifference& difference, const StoredText* old, const StoredText* now) {
+        const Setting* const setting = (now != nullptr ? now : old)->setting;
+        if (setting != nullptr && setting->writtenByRuns) return m_found.runs;
+        if (old != nullptr && now != nullptr) return areSame(*old, *now) ? m_found.sameInValue : m_found.changed;
+        if (setting == nullptr) return m_found.changed;
+        const bool isGone = now == nullptr;
+        const std::optional<EffectiveValue> other =
+            effectiveValue(isGone ? m_new : m_old, isGone ? difference.place : placeInOld(difference, *now));
+        const std::wstring& text = (isGone ? old : now)->text;
+        const std::wstring read = textAsRead(text, setting->type).value_or(other ? other->text : text);
+        if (!other || !detail::areOneValue(other->text, read, setting->type, m_options.tolerance)) return m_found.changed;
+        difference.why = XMLConfig::nameOf(other->origin);
+        return m_found.sameInEffect;
+    }
+
+    /// Where the old document has what the new one knows under the difference's address.
+    Address placeInOld(const SettingDifference& difference, const StoredText& now) const {
+        Address place = now.place;
+        for (const RenamedDevice& renamed : m_found.renamed)
+            if (renamed.section == place.section && renamed.newID == difference.place.sectionID)
+                place.sectionID = renamed.oldID;
+        return place;
+    }
+
+    bool areSame(const StoredText& old, const StoredText& now) const {
+        if (now.setting == nullptr) return false;
+        if (namesCameras(now)) return newCameraIDs(old.text) == detail::tokensOf(now.text);
+        const std::wstring oldText = old.path == now.path ? old.text : withSwappedChannels(old.text);
+        return oldText == now.text || detail::areOneValue(oldText, now.text, now.setting->type, m_options.tolerance);
+    }
+
+    std::vector<std::wstring> newCameraIDs(const std::wstring& oldIDs) const {
+        std::vector<std::wstring> ids = detail::tokensOf(oldIDs);
+        for (std::wstring& id : ids) {
+            const auto renamed = m_newCameraIDs.find(id);
+            if (renamed != m_newCameraIDs.end()) id = renamed->second;
+        }
+        return ids;
+    }
+
+    /// Tells where those of both documents follow one another otherwise.
+    void compareOrder(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
+        std::unordered_map<std::wstring, std::size_t> newPlaces;  // by old ID
+        for (std::size_t i = 0; i < matches.size(); ++i)
+            if (matches[i].old && matches[i].now) newPlaces.emplace(matches[i].old.id(), i);
+        OrderDifference order{tag, {}, {}};
+        std::vector<std::size_t> places;
+        for (const ElementView& device : sectionElements(m_old, tag)) {
+            const auto place = newPlaces.find(device.id());
+            if (place != newPlaces.end()) places.push_back(place->second);
+            order.old.push_back(shownName(device));
+        }
+        if (std::is_sorted(places.begin(), places.end())) return;
+        for (const ElementView& device : sectionElements(m_new, tag)) order.now.push_back(shownName(device));
+        m_found.order.push_back(order);
+    }
+
+    const ConfigInfo& m_old;
+    const ConfigInfo& m_new;
+    const DiffOptions& m_options;
+    std::map<std::wstring, std::wstring> m_newCameraIDs;  // by old ID
+    Difference m_found;
+};
+
+}  // namespace
+
+Difference diff(const ConfigInfo& oldDocument, const ConfigInfo& newDocument, const DiffOptions& options) {
+    return Comparison(oldDocument, newDocument, options).run();
+}
+
+}  // namespace XMLConfig

@@ -1,0 +1,233 @@
+#include "manager/diff/DeviceMatches.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <set>
+
+#include "platform/Numbers.h"
+
+namespace XMLConfig::detail {
+namespace {
+
+/// Something a device can be known by; empty where it has nothing of the kind.
+using Key = std::wstring (*)(const ElementView& device);
+
+ElementView childNamed(const ElementView& element, const std::wstring& tag) {
+    for (const ElementView& child : element.children())
+        if (child.isNamed(tag)) return child;
+    return {};
+}
+
+std::wstring textBelow(const ElementView& element, const std::wstring& tag) { return childNamed(element, tag).text(); }
+
+ElementView snippetOf(const ElementView& device) { return childNamed(device, L"DeviceSnippet").firstChild(); }
+
+/// Twelve hexadecimal digits in lower case, or nothing.
+std::wstring macOf(const std::wstring& text) {
+    std::wstring digits;
+    for (const wchar_t character : text) {
+        if (character == L':' || character == L'-' || character == L'.') continue;
+        const bool isLetter = character >= L'A' && character <= L'F';
+        digits += isLetter ? static_cast<wchar_t>(character - L'A' + L'a') : character;
+    }
+    const bool isMac = digits.size() == 12 && digits.find_first_not_of(L"0123456789abcdef") == std::wstring::npos;
+    return isMac ? digits : std::wstring();
+}
+
+std::wstring afterStars(const std::wstring& id) {
+    const std::size_t stars = id.find(L"***");
+    return stars == std::wstring::npos ? std::wstring() : id.substr(stars + 3);
+}
+
+std::wstring idKey(const ElementView& device) { return device.id(); }
+std::wstring oldIDKey(const ElementView& device) { return textBelow(device, L"OldSectionID"); }
+
+std::wstring macKey(const ElementView& device) {
+    for (const std::wstring& text :
+         {afterStars(device.id()), textBelow(snippetOf(device), L"macAddress"),
+          textBelow(childNamed(device, L"Connection"), L"MAC_Address"), textBelow(device, L"Projector_MAC_Address")}) {
+        const std::wstring mac = macOf(text);
+        if (!mac.empty()) return mac;
+    }
+    return {};
+}
+
+std::wstring serialKey(const ElementView& device) { return textBelow(snippetOf(device), L"serialNumber"); }
+
+bool begins(const std::wstring& text, const std::wstring& start) { return text.compare(0, start.size(), start) == 0; }
+
+/// A name that somebody gave: not the one that every new device gets.
+std::wstring nameKey(const ElementView& device) {
+    const std::wstring name = textBelow(device, L"Name");
+    return begins(name, L"Channel_") || begins(name, L"Camera_") ? std::wstring() : name;
+}
+
+std::wstring connectionKey(const ElementView& device) {
+    const ElementView snippet = snippetOf(device);
+    const ElementView connection = childNamed(snippet, L"connection");
+    const std::wstring address = textBelow(connection, L"address");
+    const std::wstring port = textBelow(connection, L"port");
+    if (address.empty() && port.empty()) return {};
+    return address + L" " + port + L" " + textBelow(snippet, L"id");
+}
+
+/// The angles of a projector's channel in radians: yaw, pitch, and the four edges.
+using Angles = std::array<double, 6>;
+
+bool angleAt(const ElementView& device, std::initializer_list<const wchar_t*> path, double& angle) {
+    ElementView element = device;
+    for (const wchar_t* const tag : path) element = childNamed(element, tag);
+    angle = leadingDouble(element.text());
+    return static_cast<bool>(element);
+}
+
+/// False where it has no channel.
+bool readAngles(const ElementView& device, Angles& angles) {
+    const ElementView channel = childNamed(device, L"Channel_Extents");
+    return angleAt(channel, {L"Heading", L"Yaw"}, angles[0]) && angleAt(channel, {L"Heading", L"Pitch"}, angles[1]) &&
+           angleAt(channel, {L"HFOV", L"Left"}, angles[2]) && angleAt(channel, {L"HFOV", L"Right"}, angles[3]) &&
+           angleAt(channel, {L"VFOV", L"Top"}, angles[4]) && angleAt(channel, {L"VFOV", L"Bottom"}, angles[5]);
+}
+
+constexpr double radiansPerDegree = 3.14159265358979323846 / 180.0;
+
+/// Whether two channels are the same: heading within a degree, edges within a tenth of one.
+bool areOneChannel(const Angles& one, const Angles& other) {
+    for (std::size_t i = 0; i < one.size(); ++i)
+        if (!(std::abs(one[i] - other[i]) <= (i < 2 ? 1.0 : 0.1) * radiansPerDegree)) return false;
+    return true;
+}
+
+std::vector<ElementView> devicesOf(const ConfigInfo& document, const std::wstring& tag) {
+    std::vector<ElementView> devices;
+    std::set<std::wstring> met;
+    for (const ElementView& device : sectionElements(document, tag))
+        if (!device.id().empty() && met.insert(device.id()).second) devices.push_back(device);
+    return devices;
+}
+
+class Matcher {
+public:
+    Matcher(const std::vector<ElementView>& old, const std::vector<ElementView>& now) : m_old(old), m_now(now) {
+        m_partnerOfOld.assign(old.size(), none);
+        m_partnerOfNew.assign(now.size(), none);
+        m_by.assign(now.size(), L"ID");
+    }
+
+    /// Joins those that one key of the old device and one of the new device name, each the only one of its side.
+    void join(Key oldKey, Key newKey, const wchar_t* by) {
+        const Places oldPlaces = places(m_old, m_partnerOfOld, oldKey);
+        for (const auto& [key, now] : places(m_now, m_partnerOfNew, newKey)) {
+            const auto old = oldPlaces.find(key);
+            if (now != ambiguous && old != oldPlaces.end() && old->second != ambiguous) pair(old->second, now, by);
+        }
+    }
+
+    /// Joins what shows the same part of the picture: sorted by yaw, only neighbours within a degree are compared.
+    void joinChannels() {
+        const std::vector<Channel> olds = channels(m_old, m_partnerOfOld);
+        const std::vector<Channel> news = channels(m_now, m_partnerOfNew);
+        std::vector<std::size_t> partner(news.size(), none);
+        std::vector<std::size_t> claims(olds.size(), 0);
+        for (std::size_t i = 0; i < news.size(); ++i) {
+            const auto range = nearYaw(olds, news[i].angles[0]);
+            std::size_t found = 0;
+            for (std::size_t k = range.first; k < range.second; ++k) {
+                if (!areOneChannel(olds[k].angles, news[i].angles)) continue;
+                partner[i] = k;
+                ++claims[k];
+                ++found;
+            }
+            if (found != 1) partner[i] = none;
+        }
+        for (std::size_t i = 0; i < news.size(); ++i)
+            if (partner[i] != none && claims[partner[i]] == 1) pair(olds[partner[i]].device, news[i].device, L"place");
+    }
+
+    std::vector<DeviceMatch> result() const {
+        std::vector<DeviceMatch> matches;
+        for (std::size_t i = 0; i < m_now.size(); ++i) {
+            const std::size_t old = m_partnerOfNew[i];
+            matches.push_back({old == none ? ElementView() : m_old[old], m_now[i], m_by[i]});
+        }
+        for (std::size_t i = 0; i < m_old.size(); ++i)
+            if (m_partnerOfOld[i] == none) matches.push_back({m_old[i], {}});
+        return matches;
+    }
+
+private:
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+    static constexpr std::size_t ambiguous = static_cast<std::size_t>(-2);
+    using Places = std::map<std::wstring, std::size_t>;
+    struct Channel {
+        Angles angles;
+        std::size_t device;
+    };
+
+    static Places places(const std::vector<ElementView>& devices, const std::vector<std::size_t>& partners, Key key) {
+        Places result;
+        for (std::size_t i = 0; i < devices.size(); ++i) {
+            if (partners[i] != none) continue;
+            const std::wstring text = key(devices[i]);
+            if (text.empty()) continue;
+            const auto [place, isFirst] = result.emplace(text, i);
+            if (!isFirst) place->second = ambiguous;
+        }
+        return result;
+    }
+
+    static std::vector<Channel> channels(const std::vector<ElementView>& devices, const std::vector<std::size_t>& partners) {
+        std::vector<Channel> result;
+        for (std::size_t i = 0; i < devices.size(); ++i) {
+            Channel channel{{}, i};
+            if (partners[i] == none && readAngles(devices[i], channel.angles)) result.push_back(channel);
+        }
+        const auto isFurtherLeft = [](const Channel& one, const Channel& other) { return one.angles[0] < other.angles[0]; };
+        std::sort(result.begin(), result.end(), isFurtherLeft);
+        return result;
+    }
+
+    static std::pair<std::size_t, std::size_t> nearYaw(const std::vector<Channel>& sorted, double yaw) {
+        const auto isLeftOf = [](const Channel& channel, double angle) { return channel.angles[0] < angle; };
+        const auto isRightOf = [](double angle, const Channel& channel) { return angle < channel.angles[0]; };
+        const auto first = std::lower_bound(sorted.begin(), sorted.end(), yaw - radiansPerDegree, isLeftOf);
+        const auto last = std::upper_bound(first, sorted.end(), yaw + radiansPerDegree, isRightOf);
+        return {static_cast<std::size_t>(first - sorted.begin()), static_cast<std::size_t>(last - sorted.begin())};
+    }
+
+    void pair(std::size_t old, std::size_t now, const wchar_t* by) {
+        m_partnerOfOld[old] = now;
+        m_partnerOfNew[now] = old;
+        m_by[now] = by;
+    }
+
+    const std::vector<ElementView>& m_old;
+    const std::vector<ElementView>& m_now;
+    std::vector<std::size_t> m_partnerOfOld;
+    std::vector<std::size_t> m_partnerOfNew;
+    std::vector<const wchar_t*> m_by;
+};
+
+}  // namespace
+
+std::vector<DeviceMatch> matchDevices(const ConfigInfo& oldDocument, const ConfigInfo& newDocument,
+                                      const std::wstring& tag) {
+    const std::vector<ElementView> olds = devicesOf(oldDocument, tag);
+    const std::vector<ElementView> news = devicesOf(newDocument, tag);
+    Matcher matcher(olds, news);
+    matcher.join(idKey, idKey, L"ID");
+    matcher.join(idKey, oldIDKey, L"OldSectionID");
+    matcher.join(oldIDKey, idKey, L"OldSectionID");
+    matcher.join(macKey, macKey, L"MAC address");
+    matcher.join(serialKey, serialKey, L"serial number");
+    matcher.join(nameKey, nameKey, L"name");
+    if (tag == L"Projector") {
+        matcher.join(connectionKey, connectionKey, L"place");
+        matcher.joinChannels();
+    }
+    return matcher.result();
+}
+
+}  // namespace XMLConfig::detail

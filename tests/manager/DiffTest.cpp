@@ -1,0 +1,325 @@
+#include "manager/Diff.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/TestDocument.h"
+
+namespace {
+
+using XMLConfig::Difference;
+using XMLConfig::DiffOptions;
+using XMLConfig::SettingDifference;
+
+std::string dome() {
+    std::ifstream in("examples/dome.skorrax", std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+/// The text with each `from` replaced; fails the test where there is none.
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    std::size_t found = 0;
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+        ++found;
+    }
+    EXPECT_GT(found, 0U) << from;
+    return text;
+}
+
+/// A configuration with those sections.
+std::string config(const std::string& sections) {
+    return "<ConfigInfo><Version>9.000</Version>" + sections + "</ConfigInfo>";
+}
+
+Difference diffOf(const std::string& old, const std::string& now, const DiffOptions& options = {}) {
+    const TestDocument oldDocument(old);
+    const TestDocument newDocument(now);
+    return XMLConfig::diff(*oldDocument, *newDocument, options);
+}
+
+Difference diffOfItems(const std::string& section, const std::string& old, const std::string& now,
+                       const DiffOptions& options = {}) {
+    const auto inSection = [&](const std::string& items) {
+        return config("<" + section + ">" + items + "</" + section + ">");
+    };
+    return diffOf(inSection(old), inSection(now), options);
+}
+
+std::vector<std::wstring> addresses(const std::vector<SettingDifference>& differences) {
+    std::vector<std::wstring> all;
+    for (const SettingDifference& difference : differences) all.push_back(difference.address);
+    return all;
+}
+using Addresses = std::vector<std::wstring>;
+
+std::string projector(const std::string& id, const std::string& items) {
+    return "<Projector ID=\"" + id + "\">" + items + "</Projector>";
+}
+
+std::string snippet(const std::string& id, const std::string& parts) {
+    return "<DeviceSnippet><device UID=\"" + id + "\">" + parts + "</device></DeviceSnippet>";
+}
+
+TEST(Diff, EqualDocumentsDifferInNothing) {
+    const Difference difference = diffOf(dome(), dome());
+    EXPECT_TRUE(difference.isNothing());
+    EXPECT_TRUE(difference.runs.empty());
+    EXPECT_TRUE(difference.sameInEffect.empty());
+    EXPECT_TRUE(difference.sameInValue.empty());
+}
+
+TEST(Diff, ChangedSettingIsToldWithBothTextsAndItsDevice) {
+    const Difference difference = diffOfItems("System", "<Site_Name>Hall</Site_Name>", "<Site_Name>Dome</Site_Name>");
+    ASSERT_EQ(addresses(difference.changed), Addresses{L"System/Site_Name"});
+    EXPECT_EQ(difference.changed[0].old, L"Hall");
+    EXPECT_EQ(difference.changed[0].now, L"Dome");
+    EXPECT_EQ(difference.changed[0].device, L"");
+    EXPECT_FALSE(difference.isNothing());
+}
+
+TEST(Diff, AddedAndGoneTextsAreTold) {
+    const Difference difference = diffOfItems("System", "<Site_Name>Hall</Site_Name>", "<Own>x</Own>");
+    ASSERT_EQ(addresses(difference.changed), (Addresses{L"System/Own", L"System/Site_Name"}));
+    EXPECT_EQ(difference.changed[0].old, std::nullopt);
+    EXPECT_EQ(difference.changed[0].now, L"x");
+    EXPECT_EQ(difference.changed[1].old, L"Hall");
+    EXPECT_EQ(difference.changed[1].now, std::nullopt);
+}
+
+TEST(Diff, ChangedProjectorOfTheDomeIsToldByItsName) {
+    const std::string yaw = "3.926990816987241e-01";
+    const Difference difference = diffOf(dome(), replaced(dome(), "<Yaw>" + yaw, "<Yaw>4.188790204786391e-01"));
+    ASSERT_EQ(addresses(difference.changed),
+              Addresses{L"Projector[VELDAR***00:0a:0b:0c:0d:03]/Channel_Extents/Heading/Yaw"});
+    EXPECT_EQ(difference.changed[0].device, L"Dome 3");
+    EXPECT_EQ(difference.changed[0].old, L"3.926990816987241e-01");
+}
+
+TEST(Diff, SwappedProjectorIsKnownByTheIDItHad) {
+    const std::string now = replaced(dome(), "0c:0d:02", "0c:0d:77");
+    const std::string remembered =
+        replaced(now, "<Name>Dome 2</Name>", "<Name>Dome 2</Name><OldSectionID>VELDAR***00:0a:0b:0c:0d:02</OldSectionID>");
+    const Difference difference = diffOf(dome(), remembered);
+    ASSERT_EQ(difference.renamed.size(), 1U);
+    EXPECT_EQ(difference.renamed[0].name, L"Dome 2");
+    EXPECT_EQ(difference.renamed[0].oldID, L"VELDAR***00:0a:0b:0c:0d:02");
+    EXPECT_EQ(difference.renamed[0].newID, L"VELDAR***00:0a:0b:0c:0d:77");
+    EXPECT_EQ(difference.renamed[0].by, L"OldSectionID");
+    EXPECT_EQ(addresses(difference.changed), Addresses{});
+    const Difference backwards = diffOf(remembered, dome());
+    ASSERT_EQ(backwards.renamed.size(), 1U);
+    EXPECT_EQ(backwards.renamed[0].by, L"OldSectionID");
+}
+
+struct Stage {
+    const char* name;
+    const wchar_t* by;
+    std::string old;
+    std::string now;
+};
+
+class DeviceStage : public testing::TestWithParam<Stage> {};
+
+TEST_P(DeviceStage, TellsTheSameDevice) {
+    const Stage& stage = GetParam();
+    const Difference difference = diffOf(config(projector("a", stage.old)), config(projector("b", stage.now)));
+    ASSERT_EQ(difference.renamed.size(), 1U);
+    EXPECT_EQ(difference.renamed[0].by, stage.by);
+    EXPECT_TRUE(difference.added.empty());
+    EXPECT_TRUE(difference.removed.empty());
+}
+
+TEST_P(DeviceStage, TellsNothingWhereItIsNotUnique) {
+    const Stage& stage = GetParam();
+    const Difference difference =
+        diffOf(config(projector("a", stage.old)), config(projector("b", stage.now) + projector("c", stage.now)));
+    EXPECT_TRUE(difference.renamed.empty());
+    EXPECT_EQ(difference.added.size(), 2U);
+    ASSERT_EQ(difference.removed.size(), 1U);
+    EXPECT_EQ(difference.removed[0].id, L"a");
+}
+
+const char* const channel =
+    "<Channel_Extents><Heading><Yaw>1.0</Yaw><Pitch>0.1</Pitch></Heading><HFOV><Left>-0.5</Left><Right>0.5</Right></HFOV>"
+    "<VFOV><Top>0.4</Top><Bottom>-0.4</Bottom></VFOV></Channel_Extents>";
+const char* const nearlyThatChannel =
+    "<Channel_Extents><Heading><Yaw>1.015</Yaw><Pitch>0.1</Pitch></Heading><HFOV><Left>-0.5</Left><Right>0.501</Right></"
+    "HFOV>"
+    "<VFOV><Top>0.4</Top><Bottom>-0.4</Bottom></VFOV></Channel_Extents>";
+
+INSTANTIATE_TEST_SUITE_P(
+    All, DeviceStage,
+    testing::Values(Stage{"MacAddress", L"MAC address", snippet("a", "<macAddress>02:1C:00:51:00:a0</macAddress>"),
+                          snippet("b", "<macAddress>02-1c-00-51-00-A0</macAddress>")},
+                    Stage{"OldMacAddress", L"MAC address", "<Projector_MAC_Address>021c005100a0</Projector_MAC_Address>",
+                          "<Connection><MAC_Address>02:1c:00:51:00:a0</MAC_Address></Connection>"},
+                    Stage{"SerialNumber", L"serial number", snippet("a", "<serialNumber>17</serialNumber>"),
+                          snippet("b", "<serialNumber>17</serialNumber>")},
+                    Stage{"Name", L"name", "<Name>Front</Name>", "<Name>Front</Name>"},
+                    Stage{"Connection", L"place",
+                          snippet("a", "<id>1</id><connection><address>10.0.0.1</address></connection>"),
+                          snippet("b", "<id>1</id><connection><address>10.0.0.1</address></connection>")},
+                    Stage{"Channel", L"place", channel, nearlyThatChannel}),
+    [](const testing::TestParamInfo<Stage>& stage) { return stage.param.name; });
+
+TEST(Diff, NamesThatNewDevicesGetTellNothing) {
+    const Difference difference =
+        diffOf(config(projector("a", "<Name>Channel_1</Name>")), config(projector("b", "<Name>Channel_1</Name>")));
+    EXPECT_TRUE(difference.renamed.empty());
+}
+
+TEST(Diff, AddedAndRemovedDevicesAreToldAsAWhole) {
+    const Difference difference =
+        diffOf(config(projector("a", "<Name>A</Name>")), config(projector("b", "<Name>B</Name><Gamma>2</Gamma>")));
+    ASSERT_EQ(difference.added.size(), 1U);
+    EXPECT_EQ(difference.added[0].section, L"Projector");
+    EXPECT_EQ(difference.added[0].id, L"b");
+    EXPECT_EQ(difference.added[0].name, L"B");
+    EXPECT_EQ(difference.added[0].settings, 2U);
+    EXPECT_EQ(difference.removed.size(), 1U);
+    EXPECT_TRUE(difference.changed.empty());
+}
+
+TEST(Diff, OtherFormsOfOneValueAreTheSameInValue) {
+    const Difference difference =
+        diffOfItems("Geometry", "<Box_Spacing>1.500000000000000e+00</Box_Spacing><Blend_Run>true</Blend_Run>",
+                    "<Box_Spacing>1.5</Box_Spacing><Blend_Run>YES</Blend_Run>");
+    EXPECT_TRUE(difference.isNothing());
+    EXPECT_EQ(addresses(difference.sameInValue), (Addresses{L"Geometry/Box_Spacing", L"Geometry/Blend_Run"}));
+}
+
+TEST(Diff, DoublesDifferBeyondTheTwelfthDigit) {
+    EXPECT_TRUE(
+        diffOfItems("Geometry", "<Box_Spacing>1</Box_Spacing>", "<Box_Spacing>1.0000000000009</Box_Spacing>").isNothing());
+    EXPECT_FALSE(
+        diffOfItems("Geometry", "<Box_Spacing>1</Box_Spacing>", "<Box_Spacing>1.000000000002</Box_Spacing>").isNothing());
+}
+
+TEST(Diff, ToleranceReplacesTheUsualOne) {
+    DiffOptions options;
+    options.tolerance = 0.01;
+    EXPECT_TRUE(
+        diffOfItems("Geometry", "<Box_Spacing>1</Box_Spacing>", "<Box_Spacing>1.009</Box_Spacing>", options).isNothing());
+    EXPECT_FALSE(
+        diffOfItems("Geometry", "<Box_Spacing>1</Box_Spacing>", "<Box_Spacing>1.02</Box_Spacing>", options).isNothing());
+}
+
+TEST(Diff, WordsAreComparedExactly) {
+    EXPECT_FALSE(diffOfItems("Screen", "<Shape>Sphere</Shape>", "<Shape>sphere</Shape>").isNothing());
+}
+
+TEST(Diff, StoringTheInheritedValueHasNoEffect) {
+    const std::string geometry = "<Geometry><Portrait_Mode>0</Portrait_Mode></Geometry>";
+    const Difference difference =
+        diffOf(config(geometry + projector("a", "<Portrait_Mode>0</Portrait_Mode>")), config(geometry + projector("a", "")));
+    EXPECT_TRUE(difference.isNothing());
+    ASSERT_EQ(addresses(difference.sameInEffect), Addresses{L"Projector[a]/Portrait_Mode"});
+    EXPECT_EQ(difference.sameInEffect[0].why, L"inherited");
+    EXPECT_EQ(difference.sameInEffect[0].old, L"0");
+    EXPECT_EQ(difference.sameInEffect[0].now, std::nullopt);
+}
+
+TEST(Diff, StoringTheDefaultHasNoEffect) {
+    const Difference difference = diffOfItems("Geometry", "", "<Fit_Solver>2</Fit_Solver>");
+    ASSERT_EQ(difference.sameInEffect.size(), 1U);
+    EXPECT_EQ(difference.sameInEffect[0].why, L"default");
+    EXPECT_EQ(addresses(diffOfItems("Geometry", "", "<Fit_Solver>5</Fit_Solver>").changed),
+              Addresses{L"Geometry/Fit_Solver"});
+}
+
+TEST(Diff, PartsOfASnippetAreToldOneByOne) {
+    const Difference difference = diffOf(config(projector("a", snippet("a", "\n  <id>1</id> <type>x</type>"))),
+                                         config(projector("a", snippet("a", "<id> 2 </id><type>x</type>"))));
+    ASSERT_EQ(addresses(difference.changed), Addresses{L"Projector[a]/DeviceSnippet/device/id"});
+    EXPECT_TRUE(difference.changed[0].inSnippet);
+    EXPECT_EQ(difference.changed[0].old, L"1");
+    EXPECT_EQ(difference.changed[0].now, L"2");
+}
+
+TEST(Diff, AttributesOfASnippetAreComparedByName) {
+    const auto device = [](const std::string& attributes) {
+        return config(projector("a", "<DeviceSnippet><device " + attributes + "/></DeviceSnippet>"));
+    };
+    EXPECT_TRUE(diffOf(device("UID=\"a\" name=\"n\""), device("name=\"n\" UID=\"a\"")).isNothing());
+    EXPECT_EQ(addresses(diffOf(device("UID=\"a\""), device("UID=\"b\"")).changed),
+              Addresses{L"Projector[a]/DeviceSnippet/device@UID"});
+}
+
+TEST(Diff, ReferencesFollowARenamedCamera) {
+    const auto rig = [](const std::string& id) {
+        return config("<Color><CameraOrder>" + id + "</CameraOrder></Color><Camera ID=\"" + id +
+                      "\"><Name>Left</Name></Camera>" +
+                      projector("p", "<Associated_Camera_Id_1>" + id + "</Associated_Camera_Id_1>"));
+    };
+    const Difference difference = diffOf(rig("c1"), rig("c2"));
+    EXPECT_EQ(difference.renamed.size(), 1U);
+    EXPECT_EQ(addresses(difference.changed), Addresses{});
+    EXPECT_EQ(difference.sameInValue.size(), 2U);
+}
+
+TEST(Diff, OrderOfCamerasCounts) {
+    EXPECT_EQ(addresses(diffOfItems("Color", "<CameraOrder>a, b</CameraOrder>", "<CameraOrder>b, a</CameraOrder>").changed),
+              Addresses{L"Color/CameraOrder"});
+}
+
+TEST(Diff, PointOfTwoCamerasIsKnownInEitherOrder) {
+    const Difference difference =
+        diffOfItems("Color", "<CameraOverlapPoint_a_b>1.0, 2.0, 3.0, 0, 1</CameraOverlapPoint_a_b>",
+                    "<CameraOverlapPoint_b_a>1.0, 2.0, 3.0, 1, 0</CameraOverlapPoint_b_a>");
+    EXPECT_TRUE(difference.isNothing());
+    EXPECT_EQ(difference.sameInValue.size(), 1U);
+    EXPECT_FALSE(diffOfItems("Color", "<CameraOverlapPoint_a_b>1.0, 2.0, 3.0, 0, 1</CameraOverlapPoint_a_b>",
+                             "<CameraOverlapPoint_b_a>1.0, 2.0, 3.0, 0, 1</CameraOverlapPoint_b_a>")
+                     .isNothing());
+}
+
+TEST(Diff, MarkersAreKnownByTheirNumbers) {
+    const auto camera = [](const std::string& points) {
+        return config("<Camera ID=\"c\"><Camera_Calibration_Points>" + points + "</Camera_Calibration_Points></Camera>");
+    };
+    EXPECT_TRUE(diffOf(camera("1, 10.0, 20.0, 2, 30.0, 40.0"), camera("2, 30.0, 40.0, 1, 10.0000004, 20.0")).isNothing());
+    EXPECT_FALSE(diffOf(camera("1, 10.0, 20.0"), camera("1, 10.000001, 20.0")).isNothing());
+    EXPECT_FALSE(diffOf(camera("1, 10.0, 20.0"), camera("2, 10.0, 20.0")).isNothing());
+}
+
+TEST(Diff, OrderOfDevicesIsOneLine) {
+    const std::string a = projector("a", "<Name>A</Name>");
+    const std::string b = projector("b", "");
+    const std::string c = projector("c", "<Name>C</Name>");
+    const Difference difference = diffOf(config(a + b + c), config(a + c + b));
+    ASSERT_EQ(difference.order.size(), 1U);
+    EXPECT_EQ(difference.order[0].section, L"Projector");
+    EXPECT_EQ(difference.order[0].old, (Addresses{L"A", L"b", L"C"}));
+    EXPECT_EQ(difference.order[0].now, (Addresses{L"A", L"C", L"b"}));
+    EXPECT_TRUE(difference.changed.empty());
+}
+
+TEST(Diff, OrderOfSettingsAndSectionsCountsForNothing) {
+    EXPECT_TRUE(
+        diffOf(config("<System><A>1</A><B>2</B></System><Screen/>"), config("<Screen/><System><B>2</B><A>1</A></System>"))
+            .isNothing());
+}
+
+TEST(Diff, WhatRunsWriteIsToldApart) {
+    const Difference difference = diffOf(
+        "<ConfigInfo><Version>9.000</Version><BuildDate>a</BuildDate><SiteAnalytics><SuccessfulRunNumber>27"
+        "</SuccessfulRunNumber></SiteAnalytics></ConfigInfo>",
+        "<ConfigInfo><Version>9.000</Version><BuildDate>b</BuildDate><SiteAnalytics><SuccessfulRunNumber>28"
+        "</SuccessfulRunNumber></SiteAnalytics></ConfigInfo>");
+    EXPECT_TRUE(difference.isNothing());
+    EXPECT_EQ(addresses(difference.runs), (Addresses{L"BuildDate", L"SiteAnalytics/SuccessfulRunNumber"}));
+}
+
+TEST(Diff, HiddenItemsDoNotCount) { EXPECT_TRUE(diffOfItems("System", "<A>1</A><A>2</A>", "<A>1</A><A>3</A>").isNothing()); }
+
+TEST(Diff, SubsectionsAreKnownByTheirIDs) {
+    const auto slots = [](const std::string& name) {
+        return config("<ProjectorApprovedSlots><Slot ID=\"1\"><Name>" + name + "</Name></Slot></ProjectorApprovedSlots>");
+    };
+    EXPECT_EQ(addresses(diffOf(slots("a"), slots("b")).changed), Addresses{L"ProjectorApprovedSlots/Slot[1]/Name"});
+}
+
+}  // namespace
