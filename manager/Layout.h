@@ -32,7 +32,7 @@ struct EdgeValues {
 };
 
 /// From one angle or height up to another.
-struct Range {
+struct Interval {
     double from = 0.0;
     double to = 0.0;
 };
@@ -67,8 +67,8 @@ struct Channel {
     EdgeValues tangents;  ///< of the edges
     /// What the image's true outline reaches; the yaw goes on beyond half a turn rather than jump, and spans a full turn
     /// where the channel holds the zenith or the nadir.
-    Range yawSpan;
-    Range pitchSpan;
+    Interval yawSpan;
+    Interval pitchSpan;
     /// How much of the image meets the screen nowhere; none where there is no coverage.
     std::optional<double> offScreen;
     /// It overlaps as many others as are looked for at most (`mostNeighbours`): `Layout::pairs` may leave some out.
@@ -133,21 +133,21 @@ struct LayoutScreen {
     Point_3Dim<double> centre;
     double radius = -1.0;
     double height = -1.0;  ///< of a cylinder
-    Range theta;           ///< around, 0 forward and positive to the right
-    Range phi;             ///< up
+    Interval theta;        ///< around, 0 forward and positive to the right
+    Interval phi;          ///< up
 };
 
 /// A piece of the screen.
 struct ScreenPatch {
-    Range theta;
-    Range phi;
+    Interval theta;
+    Interval phi;
 };
 
 /// A connected part of the screen that no channel reaches.
 struct UncoveredPart {
     double share = 0.0;  ///< of the screen's area
-    Range theta;         ///< what it reaches
-    Range phi;
+    Interval theta;      ///< what it reaches
+    Interval phi;
     bool isHole = false;               ///< whether it touches no edge of the screen
     std::vector<ScreenPatch> patches;  ///< of a hole: what it is made of, row by row; empty otherwise
 };
@@ -159,7 +159,7 @@ struct Coverage {
     double inOne = 0.0;
     double inTwo = 0.0;
     double inMore = 0.0;
-    std::vector<Range> uncoveredBands;     ///< of phi: where all around is in no channel; upwards
+    std::vector<Interval> uncoveredBands;  ///< of phi: where all around is in no channel; upwards
     std::vector<UncoveredPart> uncovered;  ///< connected parts, the largest first
 };
 

@@ -128,6 +128,9 @@ int run(const std::vector<std::string>& arguments) {
     } catch (const CorvaneParseException& fault) {  // an operand that is no address
         complain(std::string(fault.what()));
         return WrongUsage;
+    } catch (const WrongOperands& fault) {
+        complain(std::string(fault.what()));
+        return WrongUsage;
     } catch (const Unreadable& fault) {
         complain(std::string(fault.what()));
         return NotReadable;

@@ -22,7 +22,7 @@ Json degrees(double radians, int decimals = 9) {
                    decimals);
 }
 Json percent(double share) { return rounded(100.0 * share, 1); }
-Json span(const XMLConfig::Range& range) { return Json::array({degrees(range.from, 1), degrees(range.to, 1)}); }
+Json span(const XMLConfig::Interval& range) { return Json::array({degrees(range.from, 1), degrees(range.to, 1)}); }
 Json blend(double stored) { return stored < 0.0 ? Json(nullptr) : Json(stored); }
 
 Json blends(const EdgeValues& values) {
@@ -95,7 +95,7 @@ Json screen(const std::optional<XMLConfig::Coverage>& coverage) {
                  {"inTwo", percent(coverage->inTwo)},
                  {"inMore", percent(coverage->inMore)}};
     json["uncoveredBands"] = Json::array();
-    for (const XMLConfig::Range& band : coverage->uncoveredBands) json["uncoveredBands"].push_back(span(band));
+    for (const XMLConfig::Interval& band : coverage->uncoveredBands) json["uncoveredBands"].push_back(span(band));
     json["holes"] = Json::array();
     for (const XMLConfig::UncoveredPart& part : coverage->uncovered)
         if (part.isHole)

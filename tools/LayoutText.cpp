@@ -173,7 +173,7 @@ std::wstring holesText(const XMLConfig::Coverage& coverage, const Units& units, 
     Rows rows;
     for (const XMLConfig::UncoveredPart& part : coverage.uncovered) {
         if (!part.isHole) continue;
-        const auto range = [&](const XMLConfig::Range& span) {
+        const auto range = [&](const XMLConfig::Interval& span) {
             return units.angle(span.from, 1) + L" to " + units.angle(span.to, 1);
         };
         rows.push_back({coloured(
@@ -197,7 +197,7 @@ std::wstring screenText(const Layout& layout, const Units& units, bool isColoure
 
 const std::wstring& nameOf(const Channel& channel) { return channel.name.empty() ? channel.id : channel.name; }
 
-std::wstring spanText(const XMLConfig::Range& span, const Units& units) {
+std::wstring spanText(const XMLConfig::Interval& span, const Units& units) {
     return units.angle(span.from, 1) + L" .. " + units.angle(span.to, 1);
 }
 

@@ -17,7 +17,7 @@ std::wstring layoutJson(const XMLConfig::Layout& layout, const std::string& file
 const std::wstring& nameOf(const XMLConfig::Channel& channel);
 std::wstring headingText(const XMLConfig::Channel& channel, const Units& units);
 std::wstring fieldText(const XMLConfig::EdgeValues& edges, const Units& units);
-std::wstring spanText(const XMLConfig::Range& span, const Units& units);
+std::wstring spanText(const XMLConfig::Interval& span, const Units& units);
 std::wstring blendsText(const XMLConfig::EdgeValues& blends);  ///< left / right / top / bottom
 std::wstring rangeText(const XMLConfig::Overlap& overlap);     ///< in the middle, and from the least to the most
 /// Why a channel cannot be reckoned with.

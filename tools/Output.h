@@ -12,6 +12,12 @@ public:
     explicit Refusal(const std::wstring& message);
 };
 
+/// Operands that no option parser can judge: exit status 2.
+class WrongOperands : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 void print(const std::wstring& text);        ///< to standard output, as it stands
 void showProgress(const std::string& text);  ///< to standard error, as it stands, at once
 void complain(const std::string& message);   ///< "xmlconfig: " and the message, a line of standard error

@@ -18,5 +18,7 @@ public:
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,
 /// which is said on standard error. Throws Unreadable for everything else.
 std::unique_ptr<ConfigInfo> readDocument(const std::string& file);
+/// The same as it stands, of whatever release up to the latest.
+std::unique_ptr<ConfigInfo> readDocumentAsStored(const std::string& file);
 
 }  // namespace tool

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,11 @@ struct Request {
     bool explain = false;
     bool json = false;
     bool dryRun = false;
+    bool all = false;
+    bool lines = false;
+    bool asStored = false;
+    bool git = false;
+    std::optional<double> tolerance;
     std::string picture;
     std::string colour = "auto";
     unsigned waitSeconds = 30;
@@ -60,6 +66,8 @@ void setUpCheck(CLI::App& app, Request& request);
 ExitStatus runCheck(const Request& request);
 void setUpLayout(CLI::App& app, Request& request);
 ExitStatus runLayout(const Request& request);
+void setUpDiff(CLI::App& app, Request& request);
+ExitStatus runDiff(const Request& request);
 void setUpUpgrade(CLI::App& app, Request& request);
 ExitStatus runUpgrade(const Request& request);
 

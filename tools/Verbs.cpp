@@ -21,6 +21,7 @@ const std::vector<Verb>& verbs() {
         {"check", "Look for values, settings and identifiers that are not in order", setUpCheck, runCheck},
         {"layout", "Show where the channels lie, overlap and leave gaps", setUpLayout, runLayout,
          XMLConfig::LogLevel::Error},
+        {"diff", "Tell what differs between two files", setUpDiff, runDiff, XMLConfig::LogLevel::Error},
         // Each conversion is logged as a warning, and is what was asked for here.
         {"upgrade", "Bring files of older releases to the latest version", setUpUpgrade, runUpgrade,
          XMLConfig::LogLevel::Error},

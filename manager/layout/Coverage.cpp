@@ -112,8 +112,8 @@ bool isRowEmpty(const Grid& grid, int row) {
     return true;
 }
 
-std::vector<Range> bandsOf(const Grid& grid) {
-    std::vector<Range> bands;
+std::vector<Interval> bandsOf(const Grid& grid) {
+    std::vector<Interval> bands;
     bool isOpen = false;
     for (int row = 0; row < grid.rows(); ++row) {
         const bool isEmpty = isRowEmpty(grid, row);

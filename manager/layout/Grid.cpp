@@ -9,12 +9,12 @@ namespace {
 constexpr int blockSize = 32;
 constexpr int partSize = 8;
 
-int stepsOf(const Range& range, double step) {
+int stepsOf(const Interval& range, double step) {
     constexpr double rounding = 1e-6;
     return std::max(1, static_cast<int>(std::ceil((range.to - range.from) / step - rounding)));
 }
 
-double placeIn(const Range& range, double step, int steps) {
+double placeIn(const Interval& range, double step, int steps) {
     return range.from + (range.to - range.from) * step / static_cast<double>(steps);
 }
 
@@ -58,7 +58,7 @@ double Grid::height(int row) const { return placeIn(m_surface.heights(), row, m_
 double Grid::phi(int row) const { return m_surface.phiOf(height(row)); }
 
 void Grid::makePoints() {
-    const Range& heights = m_surface.heights();
+    const Interval& heights = m_surface.heights();
     const double whole = m_surface.areaBetween(heights.from, heights.to) * m_columns;
     for (int column = 0; column < m_columns; ++column)
         m_directions.push_back(Surface::directionAt(placeIn(m_surface.around(), column + 0.5, m_columns)));

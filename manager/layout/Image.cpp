@@ -209,14 +209,14 @@ std::array<Vector, 4> cornersOf(const Channel& channel) {
 }
 
 // Along an edge the yaw only rises or only falls: seen from above, an edge is a straight line.
-Range yawSpanOf(const Channel& channel) {
+Interval yawSpanOf(const Channel& channel) {
     const Planes planes = planesOf(channel);
     if (holds(planes, {0.0, 0.0, 1.0}) || holds(planes, {0.0, 0.0, -1.0})) return {channel.yaw - pi, channel.yaw + pi};
     const std::array<Vector, 4> corners = cornersOf(channel);
     const EdgeValues& edge = channel.tangents;
     const Vector middle = directionAt(channel, (edge.left + edge.right) / 2.0, (edge.bottom + edge.top) / 2.0);
     const double centre = headingOf(middle, channel.yaw).yaw;
-    Range span{centre, centre};
+    Interval span{centre, centre};
     double yaw = headingOf(corners[0], centre).yaw;
     for (std::size_t i = 0; i <= corners.size(); ++i) {
         yaw = headingOf(corners[i % corners.size()], yaw).yaw;
@@ -226,7 +226,7 @@ Range yawSpanOf(const Channel& channel) {
     return span;
 }
 
-Range pitchSpanOf(const Channel& channel) { return {pitchLimit(channel, -1.0), pitchLimit(channel, 1.0)}; }
+Interval pitchSpanOf(const Channel& channel) { return {pitchLimit(channel, -1.0), pitchLimit(channel, 1.0)}; }
 
 Overlap overlapOn(const Channel& channel, const Planes& other) {
     const Sides sides = scaled(sidesOn(channel, other), channel.tangents);

@@ -22,8 +22,8 @@ Vector directionAt(const Channel& channel, double x, double y);
 std::array<Vector, 4> cornersOf(const Channel& channel);
 
 /// What the image's outline reaches.
-Range yawSpanOf(const Channel& channel);
-Range pitchSpanOf(const Channel& channel);
+Interval yawSpanOf(const Channel& channel);
+Interval pitchSpanOf(const Channel& channel);
 
 /// How another channel, given by its planes, lies over this one's image. All zeros where it does not.
 Overlap overlapOn(const Channel& channel, const Planes& other);

@@ -11,7 +11,7 @@ namespace {
 constexpr double rounding = 1e-9;
 constexpr double turn = 2.0 * pi;
 
-bool isRange(const Range& range) {
+bool isRange(const Interval& range) {
     return std::isfinite(range.from) && std::isfinite(range.to) && range.from < range.to && std::abs(range.from) <= turn &&
            std::abs(range.to) <= turn;
 }
@@ -48,7 +48,7 @@ bool Surface::setLimits() {
     }
     if (!isRange(screen.phi)) return false;
     const double highest = m_isSphere ? pi / 2.0 : highestCylinder;
-    const Range phi{std::max(screen.phi.from, -highest), std::min(screen.phi.to, highest)};
+    const Interval phi{std::max(screen.phi.from, -highest), std::min(screen.phi.to, highest)};
     m_heights = {heightOf(phi.from), heightOf(phi.to)};
     return phi.from < phi.to;
 }
@@ -97,7 +97,7 @@ namespace XMLConfig {
 std::optional<ScreenPatch> limitsOf(const LayoutScreen& screen) {
     const auto surface = detail::Surface::of(screen);
     if (!surface) return std::nullopt;
-    const Range& heights = surface->heights();
+    const Interval& heights = surface->heights();
     return ScreenPatch{surface->around(), {surface->phiOf(heights.from), surface->phiOf(heights.to)}};
 }
 

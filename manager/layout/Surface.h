@@ -14,8 +14,8 @@ public:
     /// None where the screen has another shape, or where its size is not stored or makes no sense.
     static std::optional<Surface> of(const LayoutScreen& screen);
 
-    [[nodiscard]] const Range& around() const { return m_around; }
-    [[nodiscard]] const Range& heights() const { return m_heights; }
+    [[nodiscard]] const Interval& around() const { return m_around; }
+    [[nodiscard]] const Interval& heights() const { return m_heights; }
     /// How high half a degree is.
     [[nodiscard]] double heightStep() const;
     /// Whether it goes all the way round.
@@ -51,9 +51,9 @@ private:
 
     LayoutScreen m_screen;
     bool m_isSphere;
-    Range m_around;
-    Range m_heights;
-    Range m_levels;           ///< of m_heights, as lengths up from the centre
+    Interval m_around;
+    Interval m_heights;
+    Interval m_levels;        ///< of m_heights, as lengths up from the centre
     Vector m_middle;          ///< towards the middle of what is around
     double m_sideways = 0.0;  ///< how much of a direction around points there at the limits
 };

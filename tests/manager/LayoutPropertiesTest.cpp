@@ -217,8 +217,8 @@ TEST(LayoutProperties, ClippingAgreesWithAskingPointByPoint) {
 
 TEST(LayoutProperties, SpansReachWhatTheOutlineReaches) {
     for (const XMLConfig::Channel& channel : layoutOf(randomRig(11, 200)).channels) {
-        XMLConfig::Range pitch{10.0, -10.0};
-        XMLConfig::Range yaw{100.0, -100.0};
+        XMLConfig::Interval pitch{10.0, -10.0};
+        XMLConfig::Interval yaw{100.0, -100.0};
         double before = (channel.yawSpan.from + channel.yawSpan.to) / 2.0;
         for (const Vector& direction : outlineOf(channel, {0.0, 1.0, 1.0, 0.0}, 2000)) {
             const XMLConfig::Heading heading = XMLConfig::headingOf(direction, before);

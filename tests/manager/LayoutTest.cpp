@@ -34,7 +34,7 @@ Layout layoutOfExample(const std::string& from = "", const std::string& to = "")
 
 int percent(double share) { return static_cast<int>(std::lround(100.0 * share)); }
 
-void expectRange(const XMLConfig::Range& range, double from, double to, double within) {
+void expectRange(const XMLConfig::Interval& range, double from, double to, double within) {
     EXPECT_NEAR(range.from / degree, from, within);
     EXPECT_NEAR(range.to / degree, to, within);
 }

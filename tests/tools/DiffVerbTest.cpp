@@ -1,0 +1,192 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using Json = nlohmann::json;
+
+void replaceOnce(std::string& text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    ASSERT_NE(at, std::string::npos) << from;
+    text.replace(at, from.size(), to);
+}
+
+/// The example, and what became of it overnight: "Dome 2" was swapped, "Dome 3" turned, "Dome 4" got another gamma and lost
+/// a setting that it inherits all the same, the cameras changed places, the site got a name, and there was a run.
+class DiffVerb : public testing::Test {
+protected:
+    DiffVerb() {
+        std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
+        yesterday = file(L"yesterday.skorrax", text);
+        swapProjector(text);
+        replaceOnce(text, "<Yaw>3.926990816987241e-01", "<Yaw>4.188790204786391e-01");
+        const std::size_t last = text.find("0c:0d:1f\">");
+        text.replace(text.find("<Gamma>2.2", last), 10, "<Gamma>2.3");
+        const std::string portrait = "<Portrait_Mode>0</Portrait_Mode>";
+        text.erase(text.find(portrait, last), portrait.size());
+        replaceOnce(text, "00:a0,PGR***02:1c:00:51:00:a4</CameraOrder>", "00:a4,PGR***02:1c:00:51:00:a0</CameraOrder>");
+        replaceOnce(text, "</System>", "<Site_Name>Planetarium</Site_Name></System>");
+        replaceOnce(text, "<SuccessfulRunNumber>27", "<SuccessfulRunNumber>28");
+        today = file(L"today.skorrax", text);
+    }
+
+    static void swapProjector(std::string& text) {
+        const std::string end = "</Projector>";
+        const std::size_t start = text.find("<Projector ID=\"VELDAR***00:0a:0b:0c:0d:02\">");
+        const std::size_t length = text.find(end, start) + end.size() - start;
+        std::string projector = text.substr(start, length);
+        text.erase(start, length);
+        replaceOnce(projector, "0c:0d:02", "0c:0d:77");
+        replaceOnce(projector, "0c:0d:02", "0c:0d:77");
+        replaceOnce(projector, "<Name>", "<OldSectionID>VELDAR***00:0a:0b:0c:0d:02</OldSectionID><Name>");
+        replaceOnce(projector, "<Lamp_Power>8.500000000000000e+01", "<Lamp_Power>85");
+        text.insert(text.rfind(end) + end.size(), projector);
+    }
+
+    std::string file(const std::wstring& name, const std::string& text) const {
+        folder.write(name, text);
+        return folder.at(name).u8string();
+    }
+
+    TemporaryFolder folder;
+    std::string yesterday;
+    std::string today;
+};
+
+const char* const lastLine =
+    "1 renamed, 3 changed, 1 added, 0 removed; told with --all: 1 of runs and times, 1 the same in effect, 1 the same in "
+    "value\n";
+
+TEST_F(DiffVerb, TellsWhatChangedOvernight) {
+    const ToolRun run = runTool({"diff", yesterday, today});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output,
+              "= Projector[Dome 2]  ID VELDAR***00:0a:0b:0c:0d:02 -> VELDAR***00:0a:0b:0c:0d:77 (its OldSectionID says so)\n"
+              "~ Projector[Dome 3]/Channel_Extents/Heading/Yaw  22.5° -> 24°\n"
+              "~ Projector[Dome 4]/Gamma                        2.2 -> 2.3\n"
+              "~ Color/CameraOrder                              Dome left, Dome right -> Dome right, Dome left\n"
+              "+ System/Site_Name                               Planetarium\n"
+              "^ order of the projectors: Dome 1, Dome 3, Dome 4, Dome 2\n" +
+                  std::string(lastLine));
+    EXPECT_EQ(run.errors, "");
+}
+
+TEST_F(DiffVerb, ListsWhatHasNoEffectWhenAsked) {
+    const ToolRun run = runTool({"diff", "--all", yesterday, today});
+    EXPECT_THAT(run.output, HasSubstr("27 -> 28 (runs and times)\n"));
+    EXPECT_THAT(run.output, HasSubstr("0 (the same in effect: inherited)\n"));
+    EXPECT_THAT(run.output, HasSubstr("8.500000000000000e+01 -> 85 (the same in value)\n"));
+    EXPECT_THAT(run.output, HasSubstr("\n1 renamed, 3 changed, 1 added, 0 removed\n"));
+}
+
+TEST_F(DiffVerb, PrintsTheLastLineAlone) { EXPECT_EQ(runTool({"diff", "--stat", yesterday, today}).output, lastLine); }
+
+TEST_F(DiffVerb, EndsWithZeroWhereNothingDiffers) {
+    const ToolRun run = runTool({"diff", yesterday, yesterday});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "0 renamed, 0 changed, 0 added, 0 removed\n");
+}
+
+TEST_F(DiffVerb, PrintsLinesToSetAndCountsTheRest) {
+    const ToolRun run = runTool({"diff", "--lines", yesterday, today});
+    EXPECT_EQ(run.output,
+              "Projector[VELDAR***00:0a:0b:0c:0d:03]/Channel_Extents/Heading/Yaw=4.188790204786391e-01\n"
+              "Projector[VELDAR***00:0a:0b:0c:0d:1f]/Gamma=2.300000000000000e+00\n"
+              "Color/CameraOrder=PGR***02:1c:00:51:00:a4,PGR***02:1c:00:51:00:a0\n"
+              "System/Site_Name=Planetarium\n");
+    EXPECT_EQ(run.errors, "xmlconfig: 2 differences cannot be told as lines; diff without --lines shows them\n");
+}
+
+TEST_F(DiffVerb, SaysAllOfItInJson) {
+    const ToolRun run = runTool({"diff", "--json", yesterday, today});
+    EXPECT_EQ(run.status, 1);
+    const Json json = Json::parse(run.output);
+    EXPECT_EQ(json["format"], 1);
+    EXPECT_EQ(json["verb"], "diff");
+    EXPECT_EQ(json["old"], yesterday);
+    EXPECT_EQ(json["new"], today);
+    EXPECT_EQ(json["same"], false);
+    EXPECT_EQ(json["renamed"][0]["by"], "OldSectionID");
+    EXPECT_EQ(json["added"], Json::array());
+    EXPECT_EQ(json["changed"].size(), 4U);
+    const Json first = {{"address", "Projector[VELDAR***00:0a:0b:0c:0d:03]/Channel_Extents/Heading/Yaw"},
+                        {"device", "Dome 3"},
+                        {"old", "3.926990816987241e-01"},
+                        {"new", "4.188790204786391e-01"},
+                        {"oldText", "22.5°"},
+                        {"newText", "24°"}};
+    EXPECT_EQ(json["changed"][0], first);
+    EXPECT_EQ(json["changed"][3]["old"], nullptr);
+    EXPECT_EQ(json["sameInEffect"][0]["why"], "inherited");
+    EXPECT_EQ(json["sameInValue"][0]["new"], "85");
+    EXPECT_EQ(json["runs"][0]["address"], "SiteAnalytics/SuccessfulRunNumber");
+    EXPECT_EQ(json["order"][0]["new"], (Json{"Dome 1", "Dome 3", "Dome 4", "Dome 2"}));
+    EXPECT_EQ(json["exit"], 1);
+    EXPECT_THAT(run.output, StartsWith("{\n  \"format\": 1,"));
+    EXPECT_EQ(run.output.rfind("\"exit\": 1\n}\n"), run.output.size() - 12);
+}
+
+TEST_F(DiffVerb, TellsAddedAndRemovedDevicesAsAWhole) {
+    std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
+    const std::size_t start = text.find("<Projector ID=\"VELDAR***00:0a:0b:0c:0d:02\">");
+    text.erase(start, text.find("</Projector>", start) + 12 - start);
+    const std::string fewer = file(L"fewer.skorrax", text);
+    EXPECT_THAT(runTool({"diff", yesterday, fewer}).output,
+                StartsWith("- Projector[Dome 2]  ID VELDAR***00:0a:0b:0c:0d:02, "));
+    EXPECT_THAT(runTool({"diff", fewer, yesterday}).output,
+                StartsWith("+ Projector[Dome 2]  ID VELDAR***00:0a:0b:0c:0d:02, "));
+    EXPECT_EQ(runTool({"diff", "--stat", yesterday, fewer}).output, "0 renamed, 0 changed, 0 added, 1 removed\n");
+}
+
+TEST_F(DiffVerb, ComparesOldFilesAsUpgradedUnlessAsked) {
+    const std::string old = "examples/history/dome-8.000.skorrax";
+    const ToolRun upgraded = runTool({"diff", "--stat", old, old});
+    EXPECT_EQ(upgraded.status, 0);
+    EXPECT_THAT(upgraded.errors, HasSubstr("is of file version 8.0; read as it would be after the upgrade"));
+    const ToolRun stored = runTool({"diff", "--as-stored", old, old});
+    EXPECT_EQ(stored.status, 0);
+    EXPECT_EQ(stored.errors, "");
+}
+
+TEST_F(DiffVerb, TakesATolerance) {
+    EXPECT_THAT(runTool({"diff", "--stat", "--tolerance", "0.05", yesterday, today}).output,
+                StartsWith("1 renamed, 2 changed"));
+}
+
+TEST_F(DiffVerb, AnswersGitAndEndsWithZero) {
+    const ToolRun run = runTool({"diff", "--git", "hall.skorrax", yesterday, "0a", "100644", today, "0b", "100644"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, StartsWith("diff --xmlconfig a/hall.skorrax\n= Projector[Dome 2]"));
+    const ToolRun added = runTool({"diff", "--git", "hall.skorrax", "/dev/null", ".", ".", today, "0b", "100644"});
+    EXPECT_EQ(added.status, 0);
+    EXPECT_THAT(added.output, HasSubstr("+ Projector[Dome 1] "));
+}
+
+TEST_F(DiffVerb, RefusesOtherNumbersOfFiles) {
+    EXPECT_EQ(runTool({"diff", yesterday}).status, 2);
+    EXPECT_EQ(runTool({"diff", yesterday}).errors, "xmlconfig: OLD and NEW are required\n");
+    EXPECT_EQ(runTool({"diff", "-", "-"}).errors, "xmlconfig: only one of the files can be standard input\n");
+    EXPECT_EQ(runTool({"diff", "--git", yesterday, today}).errors, "xmlconfig: --git takes git's seven arguments\n");
+}
+
+TEST_F(DiffVerb, SaysThatAFileIsNoConfiguration) {
+    const ToolRun run = runTool({"diff", yesterday, file(L"bad.skorrax", "<ConfigInfo>")});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.output, "");
+    EXPECT_THAT(run.errors, HasSubstr("bad.skorrax"));
+    EXPECT_EQ(runTool({"diff", yesterday, folder.at(L"none.skorrax").u8string()}).status, 3);
+}
+
+TEST_F(DiffVerb, ColoursOnRequestOnly) {
+    EXPECT_THAT(runTool({"diff", "--color=always", yesterday, today}).output, HasSubstr("\x1b["));
+    EXPECT_THAT(runTool({"diff", yesterday, today}).output, testing::Not(HasSubstr("\x1b[")));
+}
+
+}  // namespace

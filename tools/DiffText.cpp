@@ -1,0 +1,192 @@
+#include "tools/DiffText.h"
+
+#include <vector>
+
+#include "manager/SettingSearch.h"
+#include "store/ConfigInfo.h"
+#include "tools/Colour.h"
+#include "tools/Showing.h"
+#include "tools/Table.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Difference;
+using XMLConfig::LoneDevice;
+using XMLConfig::OrderDifference;
+using XMLConfig::RenamedDevice;
+using XMLConfig::SettingDifference;
+
+std::wstring joined(const std::vector<std::wstring>& names) {
+    std::wstring list;
+    for (const std::wstring& name : names) list += (list.empty() ? L"" : L", ") + name;
+    return list;
+}
+
+std::wstring reasonOf(const RenamedDevice& device) {
+    if (device.by == L"OldSectionID") return L"its OldSectionID says so";
+    if (device.by == L"place") return L"it has the same connection or channel";
+    return L"it has the same " + device.by;
+}
+
+/// "projectors" for "Projector".
+std::wstring pluralOf(const std::wstring& section) {
+    std::wstring plural = section + L"s";
+    if (plural[0] >= L'A' && plural[0] <= L'Z') plural[0] = static_cast<wchar_t>(plural[0] - L'A' + L'a');
+    return plural;
+}
+
+wchar_t signOf(const SettingDifference& difference) {
+    if (!difference.old) return L'+';
+    return difference.now ? L'~' : L'-';
+}
+
+Tone toneOf(wchar_t sign) { return sign == L'+' ? Tone::Good : sign == L'-' ? Tone::Bad : Tone::Doubtful; }
+
+class Lines {
+public:
+    Lines(const Compared& compared, bool isColoured)
+        : m_old(compared.oldDocument), m_new(compared.newDocument), m_isColoured(isColoured) {}
+
+    /// Of texts that differ in nothing else the stored forms are shown.
+    void add(const SettingDifference& difference, const std::wstring& remark, bool asStored = false) {
+        const bool isPlain = asStored || difference.inSnippet;
+        const XMLConfig::Setting* const setting = isPlain ? nullptr : XMLConfig::knownSetting(difference.place);
+        std::wstring text;
+        if (difference.old) text += m_old.value(*difference.old, setting);
+        if (difference.old && difference.now) text += L" -> ";
+        if (difference.now) text += m_new.value(*difference.now, setting);
+        const Showing& showing = difference.now ? m_new : m_old;
+        addRow(signOf(difference), showing.address(difference.address, difference.place), text + remark);
+    }
+    void add(wchar_t sign, const LoneDevice& device) {
+        const Showing& showing = sign == L'+' ? m_new : m_old;
+        const std::wstring count = std::to_wstring(device.settings) + (device.settings == 1 ? L" setting" : L" settings");
+        addRow(sign, showing.address({device.section, device.id, L"", L"", L""}), L"ID " + device.id + L", " + count);
+    }
+
+    /// The rows in two columns.
+    std::wstring text() const {
+        std::wstring lines;
+        std::size_t start = 0;
+        const std::wstring table = tableText(m_rows, L"");
+        for (const wchar_t sign : m_signs) {
+            const std::size_t end = table.find(L'\n', start);
+            const std::wstring line = std::wstring(1, sign) + L" " + table.substr(start, end - start);
+            lines += coloured(line, toneOf(sign), m_isColoured) + L"\n";
+            start = end + 1;
+        }
+        return lines;
+    }
+    const Showing& now() const { return m_new; }
+
+private:
+    void addRow(wchar_t sign, const std::wstring& address, const std::wstring& text) {
+        m_signs.push_back(sign);
+        m_rows.push_back({address, text});
+    }
+
+    Showing m_old;
+    Showing m_new;
+    bool m_isColoured;
+    std::vector<wchar_t> m_signs;
+    std::vector<std::vector<std::wstring>> m_rows;
+};
+
+void addSigned(Lines& lines, const std::vector<SettingDifference>& differences, wchar_t sign) {
+    for (const SettingDifference& difference : differences)
+        if (signOf(difference) == sign) lines.add(difference, L"");
+}
+
+/// What changes nothing that the application does.
+void addQuiet(Lines& lines, const Difference& difference) {
+    for (const SettingDifference& run : difference.runs) lines.add(run, L" (runs and times)");
+    for (const SettingDifference& same : difference.sameInEffect)
+        lines.add(same, L" (the same in effect: " + same.why + L")");
+    for (const SettingDifference& same : difference.sameInValue) lines.add(same, L" (the same in value)", true);
+}
+
+struct Counts {
+    std::size_t changed = 0;
+    std::size_t added = 0;
+    std::size_t removed = 0;
+};
+
+Counts countsOf(const Difference& difference) {
+    Counts counts{0, difference.added.size(), difference.removed.size()};
+    for (const SettingDifference& change : difference.changed) {
+        const wchar_t sign = signOf(change);
+        ++(sign == L'+' ? counts.added : sign == L'-' ? counts.removed : counts.changed);
+    }
+    return counts;
+}
+
+std::wstring notToldText(const Difference& difference) {
+    std::vector<std::wstring> parts;
+    const auto add = [&](std::size_t count, const wchar_t* what) {
+        if (count > 0) parts.push_back(std::to_wstring(count) + what);
+    };
+    add(difference.runs.size(), L" of runs and times");
+    add(difference.sameInEffect.size(), L" the same in effect");
+    add(difference.sameInValue.size(), L" the same in value");
+    return joined(parts);
+}
+
+/// Whole snippets are set at once, the first time a part of one is met.
+std::wstring lineOf(const SettingDifference& change, const ConfigInfo& document) {
+    const std::wstring address = addressText(change.place);
+    if (!change.inSnippet) return address + L"=" + escaped(*change.now);
+    const std::wstring snippet =
+        document.getStringItemAsDOMElement(change.place.section, change.place.key, L"", change.place.sectionID);
+    return address + L"=" + escaped(snippet);
+}
+
+}  // namespace
+
+std::wstring diffText(const Difference& difference, const Compared& compared, bool all, bool isColoured) {
+    Lines lines(compared, isColoured);
+    std::wstring text;
+    for (const RenamedDevice& device : difference.renamed)
+        text += coloured(L"= " + lines.now().address({device.section, device.newID, L"", L"", L""}) + L"  ID " +
+                             device.oldID + L" -> " + device.newID + L" (" + reasonOf(device) + L")",
+                         Tone::Doubtful, isColoured) +
+                L"\n";
+    addSigned(lines, difference.changed, L'~');
+    for (const LoneDevice& device : difference.added) lines.add(L'+', device);
+    addSigned(lines, difference.changed, L'+');
+    for (const LoneDevice& device : difference.removed) lines.add(L'-', device);
+    addSigned(lines, difference.changed, L'-');
+    if (all) addQuiet(lines, difference);
+    text += lines.text();
+    for (const OrderDifference& order : difference.order)
+        text +=
+            coloured(L"^ order of the " + pluralOf(order.section) + L": " + joined(order.now), Tone::Doubtful, isColoured) +
+            L"\n";
+    return text + diffStatistics(difference, all);
+}
+
+std::wstring diffStatistics(const Difference& difference, bool all) {
+    const Counts counts = countsOf(difference);
+    const std::wstring notTold = all ? std::wstring() : notToldText(difference);
+    return std::to_wstring(difference.renamed.size()) + L" renamed, " + std::to_wstring(counts.changed) + L" changed, " +
+           std::to_wstring(counts.added) + L" added, " + std::to_wstring(counts.removed) + L" removed" +
+           (notTold.empty() ? L"" : L"; told with --all: " + notTold) + L"\n";
+}
+
+std::wstring diffLines(const Difference& difference, const Compared& compared, std::size_t& leftOut) {
+    std::wstring lines;
+    std::wstring last;
+    leftOut = difference.renamed.size() + difference.added.size() + difference.removed.size() + difference.order.size();
+    for (const SettingDifference& change : difference.changed) {
+        if (!change.now && !change.inSnippet) {
+            ++leftOut;
+            continue;
+        }
+        const std::wstring line = lineOf(change, compared.newDocument);
+        if (line != last) lines += line + L"\n";
+        last = line;
+    }
+    return lines;
+}
+
+}  // namespace tool

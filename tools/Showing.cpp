@@ -1,0 +1,126 @@
+#include "tools/Showing.h"
+
+#include <charconv>
+#include <set>
+
+#include "manager/Origin.h"
+#include "manager/SettingSearch.h"
+#include "platform/Utf8.h"
+#include "store/ElementView.h"
+#include "store/Tokens.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Address;
+using XMLConfig::ElementView;
+using XMLConfig::Setting;
+using XMLConfig::SettingType;
+using XMLConfig::Unit;
+
+std::wstring nameOf(const ElementView& device) {
+    for (const ElementView& child : device.children())
+        if (child.isNamed(L"Name")) return child.text();
+    return {};
+}
+
+bool namesCameras(const Setting& setting) {
+    return setting.type == SettingType::CameraIDs || setting.key.find(L"Associated_Camera_Id_") == 0;
+}
+
+bool isNumbers(SettingType type) {
+    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
+           type == SettingType::Point2 || type == SettingType::Point3;
+}
+
+/// As the application reads it.
+double numberOf(const std::wstring& token) {
+    const std::string text = XMLConfig::utf8FromWide(XMLConfig::textAsRead(token, SettingType::Double).value_or(L""));
+    double number = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+/// Runs of white space as one blank, none at the ends.
+std::wstring inOneLine(const std::wstring& text) {
+    std::wstring line;
+    bool isPending = false;
+    for (const wchar_t character : text) {
+        const bool isBlank = character == L' ' || character == L'\t' || character == L'\n' || character == L'\r';
+        if (!isBlank && isPending && !line.empty()) line += L' ';
+        if (!isBlank) line += character;
+        isPending = isBlank;
+    }
+    return line;
+}
+
+}  // namespace
+
+Showing::Showing(const ConfigInfo& document) : m_units(document) {
+    for (const std::wstring& section : XMLConfig::sectionNames()) {
+        if (!XMLConfig::isDeviceSection(section)) continue;
+        std::map<std::wstring, std::set<std::wstring>> idsByName;
+        for (const ElementView& device : XMLConfig::sectionElements(document, section))
+            idsByName[nameOf(device)].insert(device.id());
+        for (const auto& [name, ids] : idsByName)
+            if (!name.empty() && ids.size() == 1) m_names[{section, *ids.begin()}] = name;
+    }
+}
+
+std::wstring Showing::device(const std::wstring& section, const std::wstring& id) const {
+    const auto name = m_names.find({section, id});
+    return name == m_names.end() ? id : name->second;
+}
+
+std::wstring Showing::address(const std::wstring& text, const Address& place) const {
+    const std::wstring section = XMLConfig::addressText({place.section, place.sectionID, L"", L"", L""});
+    const std::wstring shown = device(place.section, place.sectionID);
+    if (shown == place.sectionID || text.compare(0, section.size(), section) != 0) return text;
+    return XMLConfig::addressText({place.section, shown, L"", L"", L""}) + text.substr(section.size());
+}
+
+std::wstring Showing::address(const Address& place) const { return address(addressText(place), place); }
+
+std::wstring Showing::value(const std::wstring& stored, const Setting* setting) const {
+    if (setting == nullptr || !isOfType(stored, setting->type)) return inOneLine(stored);
+    if (namesCameras(*setting)) return cameras(stored);
+    if (!isNumbers(setting->type)) return inOneLine(stored);
+    std::wstring shown;
+    for (const std::wstring& token : XMLConfig::detail::tokensOf(stored))
+        shown += (shown.empty() ? L"" : L", ") + number(numberOf(token), setting->unit);
+    return shown;
+}
+
+std::wstring Showing::number(double value, Unit unit) const {
+    switch (unit) {
+        case Unit::Radians:
+            return m_units.angle(value, 6);
+        case Unit::Meters:
+            return m_units.length(value) + L" " + m_units.lengthUnit();
+        case Unit::Percent:
+            return numberText(value) + L" %";
+        default:
+            return numberText(value);
+    }
+}
+
+std::wstring Showing::cameras(const std::wstring& ids) const {
+    std::wstring names;
+    for (const std::wstring& id : XMLConfig::detail::tokensOf(ids))
+        names += (names.empty() ? L"" : L", ") + device(L"Camera", id);
+    return names;
+}
+
+std::wstring escaped(const std::wstring& text) {
+    std::wstring line;
+    for (const wchar_t character : text) {
+        if (character == L'\n') line += L"\\n";
+        else if (character == L'\t') line += L"\\t";
+        else if (character == L'\r') line += L"\\r";
+        else if (character == L'\\') line += L"\\\\";
+        else line += character;
+    }
+    return line;
+}
+
+}  // namespace tool

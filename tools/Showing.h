@@ -1,0 +1,42 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "base/Setting.h"
+#include "store/Address.h"
+#include "tools/Numbers.h"
+
+class ConfigInfo;
+
+namespace tool {
+
+/// How a document's places and values are shown to people: devices by their names, numbers in the document's units.
+class Showing {
+public:
+    /// Borrows nothing: names and units are read once.
+    explicit Showing(const ConfigInfo& document);
+
+    /// The device's name; its ID where it has none or shares it with another of its kind.
+    [[nodiscard]] std::wstring device(const std::wstring& section, const std::wstring& id) const;
+    /// The address with the device's name in the place of its ID. What follows the section in `text` stays as it is.
+    [[nodiscard]] std::wstring address(const std::wstring& text, const XMLConfig::Address& place) const;
+    [[nodiscard]] std::wstring address(const XMLConfig::Address& place) const;
+    /// A stored text of the setting as people read it: shortest digits, angles and lengths in the document's units, cameras
+    /// by name, one line. As it stands where it is not of the setting's type; `setting` may be null.
+    [[nodiscard]] std::wstring value(const std::wstring& stored, const XMLConfig::Setting* setting) const;
+    [[nodiscard]] const Units& units() const { return m_units; }
+
+private:
+    [[nodiscard]] std::wstring number(double value, XMLConfig::Unit unit) const;
+    [[nodiscard]] std::wstring cameras(const std::wstring& ids) const;
+
+    Units m_units;
+    std::map<std::pair<std::wstring, std::wstring>, std::wstring> m_names;  // by section and ID, those that are unique
+};
+
+/// The same as one line: line feeds, tabs and backslashes written as \n, \t and \\.
+std::wstring escaped(const std::wstring& text);
+
+}  // namespace tool
