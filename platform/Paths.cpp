@@ -145,7 +145,10 @@ std::wstring foldPath(std::wstring_view path) {
     const std::wstring_view ending = path.substr(path.find_last_of(separators) + 1);
     const bool lastIsDropped = ending == L"." || ending == L"..";
     std::wstring result(topOf(path));
-    return result += spelled(foldedComponentsOf(path), !lastIsDropped);
+    result += spelled(foldedComponentsOf(path), !lastIsDropped);
+    // "a/../C:/b" leads to something in this folder whose name looks like a drive.
+    const bool nowHasATop = isAbsolute(result) && !isAbsolute(path);
+    return nowHasATop ? L"." + std::wstring(1, path[path.find_first_of(separators)]) + result : result;
 }
 
 bool sameDrive(std::wstring_view left, std::wstring_view right) { return equalIgnoringCase(driveOf(left), driveOf(right)); }

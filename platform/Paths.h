@@ -30,7 +30,7 @@ std::wstring folderOf(std::wstring_view path);
 /// otherwise "/". An empty folder gives the name; an absolute name is returned as it is.
 std::wstring joinPath(std::wstring_view folder, std::wstring_view name);
 /// "." and ".." folded in the text; leading ".." of a relative path stay, those above the top are dropped.
-/// Separators keep their spelling.
+/// Separators keep their spelling. A relative path stays relative: "." stays in front of what looks like a drive.
 std::wstring foldPath(std::wstring_view path);
 /// Whether the drives are the same, without regard to case (two paths without a drive: yes).
 bool sameDrive(std::wstring_view left, std::wstring_view right);

@@ -121,6 +121,21 @@ const JoinRow joinRows[] = {
     {L"/shows", L"", L"/shows"},
 };
 
+TEST(Drive, MayBeEveryLetter) {
+    for (const wchar_t letter : std::wstring(L"AZaz")) {
+        const std::wstring drive = std::wstring(1, letter) + L":";
+        EXPECT_EQ(driveOf(drive + L"\\a"), drive);
+        EXPECT_TRUE(isAbsolute(drive + L"a"));
+    }
+    for (const wchar_t other : std::wstring(L"@[`{")) EXPECT_EQ(driveOf(std::wstring(1, other) + L":\\a"), L"");
+}
+
+TEST(FoldedPath, OfARelativePathStaysRelative) {
+    EXPECT_EQ(foldPath(L"a/../C:/b"), L"./C:/b");
+    EXPECT_EQ(foldPath(L".\\C:"), L".\\C:");
+    EXPECT_EQ(foldPath(L"./C:/b"), L"./C:/b");
+}
+
 INSTANTIATE_TEST_SUITE_P(Paths, JoinPath, testing::ValuesIn(joinRows));
 
 class FoldPath : public testing::TestWithParam<Row> {};
