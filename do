@@ -10,6 +10,9 @@ export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1
 forBuilding='cmake ninja-build ccache g++ pkg-config libxerces-c-dev liblog4cxx-dev libcli11-dev nlohmann-json3-dev libfmt-dev libpugixml-dev libutf8proc-dev'
 forTesting='libgtest-dev libgmock-dev locales'
 forBenchmarks='libbenchmark-dev'
+forFuzzing='clang libclang-rt-14-dev'
+forCoverage='gcovr'
+forTracing='strace time'
 forChecking='clang-format clang-tidy g++-mingw-w64-x86-64-posix wine64 googletest valgrind'
 
 say() { printf '\n== %s\n' "$*"; }
@@ -105,6 +108,7 @@ doCheck() {
         sh tests/windows/run.sh
     fi
     checkCounts
+    doFuzz 30
     say 'using the static library as a consumer'
     XMLCONFIG_BUILD_TYPE=Debug XMLCONFIG_FLAGS_DEBUG=-O0 XMLCONFIG_LAUNCHER=ccache \
         sh tests/consumer/run.sh build/consumer-static static
@@ -128,6 +132,37 @@ doInstall() {
     say "installed below $prefix"
 }
 
+# Inputs that nobody thought of: so many seconds for each fuzzer.
+doFuzz() {
+    # shellcheck disable=SC2086
+    need $forBuilding $forFuzzing
+    build fuzz
+    say 'fuzzing'
+    sh fuzz/run.sh "$@"
+}
+
+# What no test runs, a folder in a line.
+doCoverage() {
+    # shellcheck disable=SC2086
+    need $forBuilding $forTesting $forCoverage
+    build coverage
+    sh tests/coverage/run.sh
+}
+
+# Files made to harm, calls of the system that fail, and kills at any time.
+doFaults() {
+    # shellcheck disable=SC2086
+    need $forBuilding $forTesting $forTracing
+    build dev
+    build release -DBUILD_TESTING=OFF
+    say 'every call of the system fails'
+    build/dev/bin/xmlconfig_faults errors
+    say 'killed at every call of the system and at random'
+    build/dev/bin/xmlconfig_faults kills 2000
+    say 'hostile files'
+    sh tests/hostile/run.sh build/release/bin/xmlconfig
+}
+
 # The whole suite as other users, languages and places see it.
 doSuites() {
     # shellcheck disable=SC2086
@@ -146,7 +181,10 @@ doHelp() {
 ./do test               build and run every test
 ./do bench [OPTION]...  measure against raw Xerces-C; options go to xmlconfig_bench
 ./do measure [FOLDER]    sizes of the sources, here or in the checkout of another commit
-./do check              format, clang-tidy, sanitizers, threads, Windows parts, static consumer
+./do check              format, clang-tidy, sanitizers, threads, fuzzers, Windows parts, static consumer
+./do fuzz [SECONDS]     five fuzzers, each for so long (30)
+./do coverage           lines and branches that the tests run, a folder in a line
+./do faults             failing calls of the system, kills at any time, files made to harm
 ./do suites             every test in four languages, odd time zones and paths, as a user who is not root
 ./do install [PREFIX]   build the release and install it (default /usr/local)
 ./do clean              remove what was built
@@ -164,6 +202,9 @@ case $verb in
     bench) doBench "$@" ;;
     measure) sh tests/measure.sh "${1:-.}" ;;
     check) doCheck ;;
+    fuzz) doFuzz "$@" ;;
+    coverage) doCoverage ;;
+    faults) doFaults ;;
     suites) doSuites "$@" ;;
     install) doInstall "$@" ;;
     clean) doClean ;;
