@@ -83,6 +83,13 @@ void gather(Told& told, const Document& document, const Address& address, const 
                  isNew ? std::wstring() : observed(document, *item.element), after);
 }
 
+/// What is or will be around the container's items.
+const xercesc::DOMElement& placeOf(const Document& document, const Container& container, const Address& address) {
+    if (container.element != nullptr) return *container.element;
+    const auto* const section = document.getSection(address.sectionName, address.sectionID);
+    return section == nullptr || address.subSectionName.empty() ? *document.root() : *section->element;
+}
+
 }  // namespace
 
 std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const std::wstring& key,
@@ -167,6 +174,8 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         const bool isParsed = isElement && !value.empty();
         auto content = isParsed ? parseElement(*m_document, address, value) : XMLConfig::detail::NewElement();
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
+        XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, placeOf(*m_document, container, address),
+                                                content.namespaces);
 
         Told told(*m_document, address);
         if (m_document->observer != nullptr) gather(told, *m_document, address, container, item, content, value);

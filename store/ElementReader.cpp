@@ -19,7 +19,7 @@ NewElement ElementReader::read(const std::string& text, Tree& tree) {
         xercesc::DOMElement* const element = m_holder->getFirstElementChild();
         unlink(*m_holder, *element);
         tree.empty(*m_holder);
-        return {{element, {&tree}}, depth};
+        return {{element, {&tree}}, depth, m_parser->namespaces()};
     } catch (...) {
         m_parser.reset();
         tree.countWaste(text.size() * wasteOfAByte);

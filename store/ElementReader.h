@@ -11,7 +11,8 @@ namespace XMLConfig::detail {
 /// An element that was parsed to be stored.
 struct NewElement {
     LooseElement element;
-    int depth = 0;  ///< levels of nested elements, itself counted
+    int depth = 0;       ///< levels of nested elements, itself counted
+    int namespaces = 0;  ///< declared at most in one of its elements and those around that
 };
 
 /// Parses elements that are to be stored, for one tree.

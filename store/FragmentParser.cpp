@@ -88,12 +88,17 @@ FragmentParser::~FragmentParser() = default;
 
 // Where nobody knows how to build in another's tree, a document is made and taken over.
 int FragmentParser::parse(const std::string& text, DOMElement& parent) {
-    if (linksAreKnown()) return m_builder->parseInto(parent, TextSource(text));
+    if (linksAreKnown()) {
+        const int levels = m_builder->parseInto(parent, TextSource(text));
+        m_namespaces = m_builder->namespaces();
+        return levels;
+    }
     StrictParser parser;
     const DocumentPointer document = parsed(parser, text);
     for (const auto* child = document->getFirstChild(); child != nullptr; child = child->getNextSibling()) {
         parent.appendChild(parent.getOwnerDocument()->importNode(child, true));
     }
+    m_namespaces = parser.namespaces();
     return parser.levels();
 }
 

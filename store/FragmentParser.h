@@ -21,9 +21,13 @@ public:
     /// be in `parent`, and the parser must be thrown away.
     int parse(const std::string& text, xercesc::DOMElement& parent);
 
+    /// How many namespaces were declared at most in one of its elements and those around it.
+    [[nodiscard]] int namespaces() const { return m_namespaces; }
+
 private:
     class Builder;
     std::unique_ptr<Builder> m_builder;
+    int m_namespaces = 0;
 };
 
 /// Parses one element given as UTF-8 into a document of its own. Throws likewise.

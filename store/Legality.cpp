@@ -30,6 +30,33 @@ void refuse(const wchar_t* prefix, const std::wstring& where, const wchar_t* wha
                            L"), which XML cannot hold");
 }
 
+int declarationsOf(const xercesc::DOMElement& element) {
+    const xercesc::DOMNamedNodeMap* const attributes = element.getAttributes();
+    int count = 0;
+    for (XMLSize_t i = 0; i < attributes->getLength(); ++i) {
+        const std::u16string_view name = view(attributes->item(i)->getNodeName());
+        count += name == u"xmlns" || name.substr(0, 6) == u"xmlns:" ? 1 : 0;
+    }
+    return count;
+}
+
+/// Of the element, those around it, and those inside that a key leads through.
+int declarationsOnTheWay(const xercesc::DOMElement& element, const std::wstring& key) {
+    int count = declarationsOf(element);
+    for (const auto* above = element.getParentNode(); above != nullptr; above = above->getParentNode()) {
+        if (above->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) break;
+        count += declarationsOf(static_cast<const xercesc::DOMElement&>(*above));
+    }
+    const xercesc::DOMElement* inside = &element;
+    for (std::size_t begin = 0; begin <= key.size() && inside != nullptr;) {
+        const std::size_t end = std::min(key.find(L'|', begin), key.size());
+        inside = childNamed(inside, toUtf16(std::wstring_view(key).substr(begin, end - begin)));
+        if (inside != nullptr) count += declarationsOf(*inside);
+        begin = end + 1;
+    }
+    return count;
+}
+
 }  // namespace
 
 std::wstring describe(const Address& address) {
@@ -62,6 +89,12 @@ void refuseDeepNesting(const wchar_t* prefix, const Address& address, int depthI
     if (above + parts + depthInside <= maximumDepth) return;
     throw CorvaneException(prefix + describe(address) + L": elements may be nested " + formatInteger(maximumDepth) +
                            L" levels deep at most");
+}
+
+void refuseManyNamespaces(const wchar_t* prefix, const Address& address, const xercesc::DOMElement& place, int inside) {
+    if (inside == 0 || declarationsOnTheWay(place, address.key) + inside <= maximumNamespaces) return;
+    throw CorvaneException(prefix + describe(address) + L": at most " + formatInteger(maximumNamespaces) +
+                           L" namespaces may be declared in an element and those around it");
 }
 
 }  // namespace XMLConfig::detail

@@ -17,5 +17,8 @@ void refuseWhatXmlCannotHold(const wchar_t* prefix, const Address& address, cons
 void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, const std::wstring& id);
 /// Throws CorvaneException where the item, with `depthInside` levels in it, would lie deeper than can be read again.
 void refuseDeepNesting(const wchar_t* prefix, const Address& address, int depthInside);
+/// Throws CorvaneException where the item, with `inside` namespaces declared in it, would have more of them around one
+/// element than can be read again. `place` is the element below which the item is or will be.
+void refuseManyNamespaces(const wchar_t* prefix, const Address& address, const xercesc::DOMElement& place, int inside);
 
 }  // namespace XMLConfig::detail

@@ -33,6 +33,11 @@ bool StrictParser::isAsNew() const {
     return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces;
 }
 
+void StrictParser::forgetLevels() {
+    m_levels = 0;
+    m_namespaces.forgetMost();
+}
+
 void StrictParser::error(const unsigned int /*code*/, const XMLCh* const /*domain*/,
                          const xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* const text,
                          const XMLCh* const /*systemId*/, const XMLCh* const /*publicId*/, const XMLFileLoc line,
@@ -165,6 +170,7 @@ void StrictParser::Namespaces::enterElement(const int depth) {
     if (m_pending == 0) return;
     m_declarations.push_back({depth, m_pending});
     m_inForce += m_pending;
+    m_most = std::max(m_most, m_inForce);
     m_pending = 0;
 }
 

@@ -21,7 +21,9 @@ public:
     [[noreturn]] void refuseEnd(const wchar_t* reason) const;
     /// How many levels of elements were met since this was forgotten.
     [[nodiscard]] int levels() const { return m_levels; }
-    void forgetLevels() { m_levels = 0; }
+    /// How many namespaces were declared at most in one of them and those around it.
+    [[nodiscard]] int namespaces() const { return m_namespaces.most(); }
+    void forgetLevels();
     /// Whether nothing that matters to another text is left of those that were read. The library forgets neither the
     /// version of XML nor namespaces.
     [[nodiscard]] bool isAsNew() const;
@@ -61,6 +63,8 @@ private:
         unsigned int addOrFind(const XMLCh* name) override;
         /// Forgets those that the library knows without a declaration.
         void forget() { m_pending = 0; }
+        void forgetMost() { m_most = 0; }
+        [[nodiscard]] int most() const { return m_most; }
         void enterElement(int depth);
         void leaveElement(int depth);
 
@@ -72,6 +76,7 @@ private:
         const StrictParser& m_parser;
         int m_pending = 0;  // of the element that begins
         int m_inForce = 0;  // of those around it
+        int m_most = 0;
         std::vector<Declaration> m_declarations;
     };
 

@@ -84,6 +84,25 @@ TEST(InputLimits, AThousandNamespacesAroundAnElement) {
     EXPECT_EQ(load(many + "</ConfigInfo>")->getSectionCount(L"d"), 3000);
 }
 
+TEST(InputLimits, CountTheNamespacesAroundAFragment) {
+    const auto stored = [](const std::wstring& section, const std::wstring& key, int count) {
+        const Document document = load("<ConfigInfo" + namespaces(100, "r") + "><S ID=\"1\"" + namespaces(100, "s") + "><A" +
+                                       namespaces(100, "a") + "/></S></ConfigInfo>");
+        const std::string text = "<f><g" + namespaces(count, "f") + "/></f>";
+        document->setStringItemAsDOMElement(section, key, std::wstring(text.begin(), text.end()), L"1");
+        EXPECT_EQ(textOf(*reloaded(*document)), textOf(*document));
+    };
+    stored(L"S", L"A", 700);
+    stored(L"S", L"A|B", 700);
+    stored(L"S", L"B", 800);
+    stored(L"T", L"B", 900);
+    const std::wstring rest = L"\": at most 1000 namespaces may be declared in an element and those around it";
+    EXPECT_EQ(messageOf([&] { stored(L"S", L"A", 701); }), L"Error setItem: section \"S\" [1], key \"A" + rest);
+    EXPECT_EQ(messageOf([&] { stored(L"S", L"A|B", 701); }), L"Error setItem: section \"S\" [1], key \"A|B" + rest);
+    EXPECT_EQ(messageOf([&] { stored(L"S", L"B", 801); }), L"Error setItem: section \"S\" [1], key \"B" + rest);
+    EXPECT_EQ(messageOf([&] { stored(L"T", L"B", 901); }), L"Error setItem: section \"T\" [1], key \"B" + rest);
+}
+
 TEST(InputLimits, OfOneTagAreFoundBeforeItsEnd) {
     std::string text = "<ConfigInfo><S" + namespaces(20000, "p");
     for (int i = 0; i < 20000; ++i) text += " p" + std::to_string(i) + ":a=\"1\"";
