@@ -28,20 +28,40 @@ std::size_t weightOf(const DOMNode& node) {
     return weight;
 }
 
+void copyChildren(const DOMNode& from, DOMElement& to, xercesc::DOMDocument& document, NameCounter& names) {
+    for (const DOMNode* child = from.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
+        names.count(document);
+        DOMNode* const copy = document.importNode(child, false);
+        append(to, *copy);
+        if (copy->getNodeType() == DOMNode::ELEMENT_NODE)
+            copyChildren(*child, static_cast<DOMElement&>(*copy), document, names);
+    }
+}
+
 DocumentPointer copyOf(const xercesc::DOMDocument& document) {
     DocumentPointer copy(startXmlLibrary()->createDocument());
+    NameCounter names;
     copy->setXmlVersion(document.getXmlVersion());
-    for (const DOMNode* node = document.getFirstChild(); node != nullptr; node = node->getNextSibling())
-        copy->appendChild(copy->importNode(node, true));
+    for (const DOMNode* node = document.getFirstChild(); node != nullptr; node = node->getNextSibling()) {
+        DOMNode* const made = copy->appendChild(copy->importNode(node, false));
+        if (made->getNodeType() == DOMNode::ELEMENT_NODE) copyChildren(*node, static_cast<DOMElement&>(*made), *copy, names);
+    }
     return copy;
 }
 
 }  // namespace
 
+void NameCounter::count(xercesc::DOMDocument& document) {
+    if (++m_asked < m_askedUntilSpread || !linksAreKnown()) return;
+    m_askedUntilSpread = m_asked * 2;
+    spreadNames(*insideOf(&document));
+}
+
 void Discard::operator()(DOMElement* element) const { tree->discard(*element); }
 
 void Tree::adopt(DocumentPointer document) noexcept {
     m_document = std::move(document);
+    m_names = {};
     m_waste = 0;
     m_allowedWaste = leastWaste;
 }
@@ -57,7 +77,10 @@ LooseElement Tree::makeElement(const DOMElement& place, const std::wstring& name
     return makeElement(tag.c_str());
 }
 
-LooseElement Tree::makeElement(const char16_t* name) { return {m_document->createElement(xmlText(name)), {this}}; }
+LooseElement Tree::makeElement(const char16_t* name) {
+    m_names.count(*m_document);
+    return {m_document->createElement(xmlText(name)), {this}};
+}
 
 xercesc::DOMText* Tree::makeText(const std::wstring& text) { return m_document->createTextNode(xmlText(toUtf16(text))); }
 

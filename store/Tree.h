@@ -10,6 +10,17 @@ namespace XMLConfig::detail {
 
 class Tree;
 
+/// Sees to it that a document's many names are found as fast as its few.
+class NameCounter {
+public:
+    /// To be called for each node with a name that is made.
+    void count(xercesc::DOMDocument& document);
+
+private:
+    std::size_t m_asked = 0;
+    std::size_t m_askedUntilSpread = 1024;
+};
+
 struct Discard {
     Tree* tree = nullptr;
     void operator()(xercesc::DOMElement* element) const;
@@ -50,6 +61,7 @@ public:
 
 private:
     DocumentPointer m_document;
+    NameCounter m_names;
     std::size_t m_waste = 0;         // bytes, estimated
     std::size_t m_allowedWaste = 0;  // how much there may be until the content is weighed again
 };

@@ -29,6 +29,7 @@ public:
             EXPECT_EQ(m_document->isDirty(), m_reference.dirty) << "step " << m_step << ": " << m_last;
             if (m_step % 97 == 0) compareAll();
             if (m_step % 1009 == 1008) reload();
+            if (m_step % 701 == 700) fillWithWaste();
             if (m_random() % 16 == 0) clean();
         }
         compareAll();
@@ -143,6 +144,15 @@ private:
         EXPECT_EQ(described(XMLConfig::outline(*m_document)), described(m_reference.outline()))
             << "step " << m_step << ", last " << m_last;
     }
+    /// Enough of it to have the tree copied.
+    void fillWithWaste() {
+        for (int i = 0; i < 800; ++i) {
+            set(*m_document, L"Waste", L"A", std::wstring(600, L'x'));
+            EXPECT_TRUE(m_document->removeSection(L"Waste", L""));
+        }
+        m_reference.dirty = true;
+        compareAll();
+    }
     void reload() {
         m_document = reloaded(*m_document);
         m_reference.dirty = false;
@@ -156,6 +166,20 @@ private:
     int m_step = 0;
     const char* m_last = "";
 };
+
+/// A section with many subsections of few IDs, and a group of many keys: both are found by lists of their own.
+std::string crowdedInside() {
+    std::string text = "<ConfigInfo><Alpha ID=\"1\">";
+    for (int i = 0; i < 120; ++i) {
+        const char* const attributes[] = {"", " ID=\"1\"", " ID=\"2\"", " ID=\"3\"", " ID=\"x y\""};
+        text += std::string("<Slot") + attributes[i % 5] + "><k1>" + std::to_string(i) + "</k1></Slot>";
+    }
+    text += "<k1>";
+    for (int i = 0; i < 60; ++i) text += "<z" + std::to_string(i) + "/>";
+    text += "<b>1</b><b>2</b></k1><k1><a>3</a></k1></Alpha><Beta ID=\"2\"><Mode><k1>";
+    for (int i = 0; i < 60; ++i) text += "<z" + std::to_string(i) + "/>";
+    return text + "<a>4</a></k1></Mode></Beta></ConfigInfo>";
+}
 
 const char* const crowded =
     "<ConfigInfo>\n  <Version>9.000</Version>\n  <Alpha/>\n  <Alpha ID=\"1\"><k1>a</k1><Slot "
@@ -177,6 +201,11 @@ TEST_P(SectionIndexRandom, GivesWhatAWalkInDocumentOrderGivesFromNew) {
 TEST_P(SectionIndexRandom, GivesWhatAWalkInDocumentOrderGivesFromAFile) {
     SCOPED_TRACE("seed " + std::to_string(GetParam()));
     Walk(GetParam() + 1000, load(crowded)).run(6000);
+}
+
+TEST_P(SectionIndexRandom, GivesWhatAWalkInDocumentOrderGivesFromManyOfAName) {
+    SCOPED_TRACE("seed " + std::to_string(GetParam()));
+    Walk(GetParam() + 2000, load(crowdedInside())).run(3000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, SectionIndexRandom, testing::Values(1u, 2u, 3u, 20190311u));
