@@ -67,8 +67,9 @@ bool fileExists(const std::wstring& path);  ///< anything of that name, folders 
 bool makeFolder(const std::wstring& path);
 /// Makes a folder and those above it; true when it exists afterwards.
 bool makeFolders(const std::wstring& path);
-/// Copies a file's bytes and rights to a new file that must not exist yet, flushed to the disk; without the rights that
-/// this process cannot give, and then for nobody else to read. Throws FileError, and leaves no part of it.
+/// Copies a file's bytes and rights to a new file that must not exist yet, flushed to the disk. Nobody but this user may
+/// do more with the copy than with the source. Where the copy cannot get the source's owner, an access list lets him in
+/// if the disk keeps such lists. Throws FileError, and leaves no part of the copy.
 void copyToNewFile(const std::wstring& from, const std::wstring& to);
 bool removeFile(const std::wstring& path);  ///< true when it was there and is gone
 

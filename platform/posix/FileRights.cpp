@@ -11,6 +11,8 @@
 #include <sys/xattr.h>
 #endif
 
+#include "platform/posix/AccessList.h"
+
 namespace XMLConfig::detail {
 namespace {
 
@@ -31,7 +33,10 @@ bool isGranted(const OpenFile& file, int result) {
 
 #if defined(__linux__)
 
-bool isAccessList(std::string_view name) { return name == "system.posix_acl_access" || name == "system.nfs4_acl"; }
+/// The lists of NFS version 4 have more kinds of rights than those of POSIX.
+constexpr const char* foreignListName = "system.nfs4_acl";
+
+bool isAccessList(std::string_view name) { return name == accessListName || name == foreignListName; }
 
 /// Not the labels that the system's own policies put on files, nor what only the superuser sees.
 bool isKept(std::string_view name) { return name.substr(0, 5) == "user." || isAccessList(name); }
@@ -50,7 +55,7 @@ std::optional<std::string> filled(const OpenFile& file, Call call) {
     return bytes.substr(0, static_cast<std::size_t>(size));
 }
 
-/// The names of all attributes, a null character behind each; none on a disk that knows no attributes.
+/// The names of all attributes, a null character after each; none on a disk that knows no attributes.
 std::optional<std::string> attributeNames(const OpenFile& file) {
     return filled(file, [&file](char* buffer, std::size_t size) {
         const ssize_t result = ::flistxattr(file.descriptor(), buffer, size);
@@ -101,12 +106,28 @@ bool FileRights::giveAttributes(OpenFile& file) const {
 
 void makePrivate(OpenFile& file) {
     if (::fchmod(file.descriptor(), S_IRUSR | S_IWUSR) != 0) file.fail(errno);
-    for (const char* list : {"system.posix_acl_access", "system.nfs4_acl"}) ::fremovexattr(file.descriptor(), list);
+    for (const char* list : {accessListName, foreignListName}) ::fremovexattr(file.descriptor(), list);
     if (::fchmod(file.descriptor(), S_IRUSR | S_IWUSR) != 0) file.fail(errno);
+}
+
+std::optional<FileRights> FileRights::handedTo(uid_t owner, gid_t group) const {
+    if (m_attributes.count(foreignListName) != 0) return std::nullopt;
+    const auto known = m_attributes.find(accessListName);
+    const std::optional<AccessList> before =
+        known == m_attributes.end() ? accessListOf(m_mode) : parsedAccessList(known->second);
+    if (!before) return std::nullopt;
+    const AccessList list = handedOver(*before, {m_owner, m_group}, {owner, group});
+    FileRights rights = *this;
+    rights.m_owner = owner;
+    rights.m_group = group;
+    rights.m_mode = modeOf(list);
+    rights.m_attributes[accessListName] = bytesOf(list);
+    return rights;
 }
 
 #else
 
+std::optional<FileRights> FileRights::handedTo(uid_t, gid_t) const { return std::nullopt; }
 std::optional<FileRights::Attributes> FileRights::attributesOf(const OpenFile&) { return Attributes(); }
 bool FileRights::giveAttributes(OpenFile&) const { return true; }
 
@@ -127,6 +148,7 @@ std::optional<FileRights> FileRights::of(const OpenFile& file) {
 FileRights FileRights::ownedBy(uid_t owner) const {
     FileRights rights = *this;
     rights.m_owner = owner;
+    if (owner != m_owner) rights.m_mode &= ~mode_t{S_ISUID | S_ISGID};  // with them a program would run as the new owner
     return rights;
 }
 

@@ -22,8 +22,11 @@ public:
     /// have exactly these rights afterwards.
     [[nodiscard]] bool giveTo(OpenFile& file) const;
 
-    /// The same, but for the owner.
+    /// The same, but for the owner, and without the bits that let a program run as he.
     FileRights ownedBy(uid_t owner) const;
+    /// What a file of another owner or group has to have so that the owner of this one may do with it what he may with his
+    /// own, and nobody more than with this one. Nothing where no access list of a kind known here can say that.
+    std::optional<FileRights> handedTo(uid_t owner, gid_t group) const;
     friend bool operator==(const FileRights& left, const FileRights& right) {
         return left.m_owner == right.m_owner && left.m_group == right.m_group && left.m_mode == right.m_mode &&
                left.m_attributes == right.m_attributes;

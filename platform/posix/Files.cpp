@@ -28,12 +28,22 @@ void copyBytes(OpenFile& source, OpenFile& copy) {
 
 bool give(const FileRights& rights, OpenFile& file) { return rights.giveOwnership(file) && rights.giveTo(file); }
 
-/// The rights of the source, or those but for the owner, who is then the one who copies. Where neither can be given,
-/// nobody else has any: a part of them could mean more to somebody than the whole.
+/// What the source's rights come to for a file of this process's user, in the source's group where he may give it that.
+bool handOver(const FileRights& rights, uid_t maker, OpenFile& copy) {
+    (void)rights.ownedBy(maker).giveOwnership(copy);
+    const struct stat status = copy.status();
+    const std::optional<FileRights> handed = rights.handedTo(status.st_uid, status.st_gid);
+    return handed && handed->giveTo(copy);
+}
+
+/// The rights of the source; where this process may not give the owner, an access list that gives them to him; where there
+/// are no such lists, the source's rights but for the owner. Where none can be given, nobody else has any: a part of
+/// them could mean more to somebody than the whole.
 void giveRights(const OpenFile& source, OpenFile& copy) {
     const uid_t maker = copy.status().st_uid;
     const std::optional<FileRights> rights = FileRights::of(source);
-    const bool isDone = rights && (give(*rights, copy) || give(rights->ownedBy(maker), copy));
+    const bool isDone =
+        rights && (give(*rights, copy) || handOver(*rights, maker, copy) || give(rights->ownedBy(maker), copy));
     if (!isDone) makePrivate(copy);
 }
 

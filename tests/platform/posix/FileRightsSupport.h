@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -41,6 +42,11 @@ inline bool setList(const fs::path& path, const char* kind, const AccessList& en
     std::string bytes(reinterpret_cast<const char*>(&version), sizeof version);
     bytes.append(reinterpret_cast<const char*>(entries.data()), entries.size() * sizeof(AccessEntry));
     return ::setxattr(path.c_str(), kind, bytes.data(), bytes.size(), 0) == 0;
+}
+
+/// Whether the disk of a file knows access lists.
+inline bool knowsLists(const fs::path& path) {
+    return ::getxattr(path.c_str(), ofTheFile, nullptr, 0) >= 0 || errno == ENODATA;
 }
 
 /// Owner, group, mode and all attributes, access list included, in a form that can be compared and shown.

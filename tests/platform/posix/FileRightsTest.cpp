@@ -20,6 +20,8 @@ const OtherUser alice{aliceId, {aliceId, team, club}};
 const OtherUser bob{bobId, {bobId, team}};
 const OtherUser eve{eveId, {eveId}};
 const OtherUser clubber{50004, {club}};
+const OtherUser teamAndEve{50005, {eveId, team}};
+const OtherUser clubAndEve{50006, {eveId, club}};
 
 enum class Way { beside, straight };
 
@@ -39,6 +41,8 @@ std::ostream& operator<<(std::ostream& out, const RightsCase& row) { return out 
 const AccessList evesFolder{owner(7), user(eveId, 7), group(7), mask(7), others(7)};
 const AccessList bobsFile{owner(6), user(bobId, 6), group(0), mask(6), others(0)};
 
+const AccessList notForTheClub{owner(6), group(6), group(club, 0), mask(6), others(6)};
+
 const RightsCase rightsCases[] = {
     {"OwnerAndAPlainMode", alice, Way::beside, aliceId, 0640},
     {"OwnerAndAGroupOfHis", alice, Way::beside, team, 0660},
@@ -51,10 +55,14 @@ const RightsCase rightsCases[] = {
     {"OwnerOfAFileWithAListInAFolderWithAnother", alice, Way::beside, aliceId, 0660, bobsFile, evesFolder},
     {"OwnerInAFolderThatGivesItsGroup", alice, Way::beside, aliceId, 0660, {}, {}, 02777},
     {"MemberOfTheGroup", bob, Way::straight, team, 0660},
+    {"MemberOfAGroupThatTheOwnerIsNotIn", bob, Way::straight, bobId, 0660},
     {"UserOfTheList", bob, Way::straight, aliceId, 0660, bobsFile},
     {"UserOfTheListInAFolderWithAnother", bob, Way::straight, aliceId, 0660, bobsFile, evesFolder},
     {"AnybodyWhereAllMayWrite", eve, Way::straight, aliceId, 0666},
     {"AnybodyInAFolderWithAList", eve, Way::straight, team, 0666, {}, evesFolder},
+    {"AnybodyWhereTheGroupMayNot", eve, Way::straight, team, 0606},
+    {"AnybodyWhereTheListKeepsAGroupOut", eve, Way::straight, team, 0666, notForTheClub},
+    {"AnybodyWhereTheOwnerOnlyReads", eve, Way::straight, team, 0446},
     {"SuperuserAndAPlainMode", root, Way::beside, aliceId, 0600},
     {"SuperuserAndBitsThatAWriteCuts", root, Way::beside, team, 06770},
     {"SuperuserAndAFileWithAListInAFolderWithAnother", root, Way::beside, team, 0660, bobsFile, evesFolder},
@@ -102,10 +110,14 @@ TEST_P(RightsOfAFile, AreNotWiderInACopy) {
         return true;
     }));
     EXPECT_EQ(m_folder.read(L"copy"), "old");
-    for (const OtherUser& who : {alice, bob, eve, clubber}) {
+    for (const OtherUser& who : {alice, bob, eve, clubber, teamAndEve, clubAndEve}) {
         for (const int flags : {O_RDONLY, O_WRONLY}) {
             EXPECT_TRUE(!mayOpen(who, copy, flags) || mayOpen(who, m_at, flags)) << who.user << " with " << flags;
         }
+    }
+    for (const int flags : {O_RDONLY, O_WRONLY}) {
+        if (!knowsLists(m_at)) continue;
+        EXPECT_EQ(mayOpen(alice, copy, flags), mayOpen(alice, m_at, flags)) << flags;
     }
     if (GetParam().saver.user == aliceId && GetParam().way == Way::beside) {
         EXPECT_EQ(rightsOf(copy), m_before);
@@ -114,6 +126,46 @@ TEST_P(RightsOfAFile, AreNotWiderInACopy) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, RightsOfAFile, testing::ValuesIn(rightsCases),
                          [](const auto& row) { return std::string(row.param.name); });
+
+class CopyOfAnothers : public ReplaceFile {
+protected:
+    void SetUp() override {
+        if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can be several users";
+        ASSERT_EQ(::chmod(m_folder.path().c_str(), 0777), 0);
+    }
+    /// Rights of a copy by bob of a file of alice's; an error above 0 lets `call` fail with it.
+    std::map<std::string, std::string> copied(gid_t group, mode_t mode, const char* call = "", int error = 0) {
+        EXPECT_EQ(::chown(m_at.c_str(), aliceId, group), 0);
+        EXPECT_EQ(::chmod(m_at.c_str(), mode), 0);
+        EXPECT_TRUE(holdsFor(bob, [&] {
+            const SystemCallWatch watch(failing(call, error));
+            copyToNewFile(m_path, m_folder.file(L"copy"));
+            return true;
+        }));
+        return rightsOf(m_folder.at(L"copy"));
+    }
+    static std::map<std::string, std::string> plain(gid_t group, mode_t mode) {
+        return {
+            {"owner", std::to_string(bobId)}, {"group", std::to_string(group)}, {"mode", std::to_string(S_IFREG | mode)}};
+    }
+
+    std::wstring m_path = m_folder.write(L"a", "old");
+    fs::path m_at = m_folder.at(L"a");
+};
+
+TEST_F(CopyOfAnothers, FileKeepsItsGroupWhereThereAreNoLists) {
+    EXPECT_EQ(copied(team, 0660, "fsetxattr", ENOTSUP), plain(team, 0660));
+}
+
+TEST_F(CopyOfAnothers, FileIsTheCopiersAloneWhereItsGroupIsNotToBeHadAndThereAreNoLists) {
+    EXPECT_EQ(copied(club, 0666, "fsetxattr", ENOTSUP), plain(bobId, 0600));
+}
+
+TEST_F(CopyOfAnothers, FileRunsNothingAsTheCopier) {
+    EXPECT_EQ(copied(team, 06770, "fsetxattr", ENOTSUP), plain(team, 0770));
+    fs::remove(m_folder.at(L"copy"));
+    EXPECT_EQ(copied(team, 06770).at("mode"), std::to_string(S_IFREG | 0770));
+}
 
 class OwnRights : public ReplaceFile {
 protected:
