@@ -66,20 +66,19 @@ const wchar_t* nameOf(Unit unit) { return unitNames[static_cast<std::size_t>(uni
 const wchar_t* nameOf(SettingClass settingClass) { return classNames[static_cast<std::size_t>(settingClass)]; }
 
 bool isOfType(const std::wstring& text, SettingType type) {
-    using namespace detail;
     switch (type) {
         case SettingType::Bool:
-            return ValueTrait<bool>::isValid(text);
+            return detail::ValueTrait<bool>::isValid(text);
         case SettingType::Int:
-            return ValueTrait<int>::isValid(text);
+            return detail::ValueTrait<int>::isValid(text);
         case SettingType::Double:
-            return ValueTrait<double>::isValid(text);
+            return detail::ValueTrait<double>::isValid(text);
         case SettingType::IntPoint2:
-            return ValueTrait<Point_2Dim<int>>::isValid(text);
+            return detail::ValueTrait<Point_2Dim<int>>::isValid(text);
         case SettingType::Point2:
-            return ValueTrait<Point_2Dim<double>>::isValid(text);
+            return detail::ValueTrait<Point_2Dim<double>>::isValid(text);
         case SettingType::Point3:
-            return ValueTrait<Point_3Dim<double>>::isValid(text);
+            return detail::ValueTrait<Point_3Dim<double>>::isValid(text);
         default:
             return true;
     }

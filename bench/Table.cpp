@@ -162,6 +162,11 @@ bool Table::print() const {
     printer.row("layout", 1000, {Floor::Of::Ratio, 2.0}, shownTime, "load");
     printer.row("layout", 10000, {}, shownTime, "load");
     printer.growth("layout", 100, 10000, 1.2);
+    printLine("one projector", "projectors", "two compared", "load", "ratio", "floor", "");
+    printer.row("diff", 100, {}, shownTime, "load");
+    printer.row("diff", 1000, {Floor::Of::Ratio, 4.0}, shownTime, "load");
+    printer.row("diff", 10000, {}, shownTime, "load");
+    printer.growth("diff", 100, 10000, 1.2);
     printer.end();
     return !m_failed;
 }

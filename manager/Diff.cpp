@@ -85,7 +85,6 @@ private:
     struct Pair {
         ElementView old;
         ElementView now;
-        std::wstring device;
         bool isRenamed = false;
     };
 
@@ -100,7 +99,7 @@ private:
     void compareDevices(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
         for (const DeviceMatch& match : matches) {
             if (match.old && match.now) {
-                compare({match.old, match.now, nameOf(match.now), match.old.id() != match.now.id()});
+                compare({match.old, match.now, match.old.id() != match.now.id()});
             } else {
                 const ElementView& device = match.now ? match.now : match.old;
                 const std::size_t settings = StoredTexts(device).all().size();
@@ -140,6 +139,7 @@ private:
     }
 
     void compare(const Pair& pair) {
+        if (pair.old && pair.now && haveEqualContents(pair.old, pair.now)) return;
         const StoredTexts olds(pair.old);
         const StoredTexts news(pair.now);
         for (const StoredText& now : news.all()) {
@@ -174,7 +174,7 @@ private:
         if (pair.now) difference.place.sectionID = pair.now.id();
         const Address section{difference.place.section, difference.place.sectionID, L"", L"", L""};
         difference.address = addressText(section) + L"/" + text.path;
-        difference.device = pair.device;
+        if (pair.now && isDeviceSection(difference.place.section)) difference.device = nameOf(pair.now);
         difference.inSnippet = text.inSnippet;
         return difference;
     }

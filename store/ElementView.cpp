@@ -11,6 +11,34 @@ namespace {
 
 const xercesc::DOMElement* elementOf(const ElementView& view) { return ElementAccess::element(view); }
 
+bool areAttributesEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
+    const xercesc::DOMNamedNodeMap& ones = *one.getAttributes();
+    if (ones.getLength() != other.getAttributes()->getLength()) return false;
+    for (XMLSize_t i = 0; i < ones.getLength(); ++i) {
+        const xercesc::DOMNode& attribute = *ones.item(i);
+        const xercesc::DOMAttr* const found = other.getAttributeNode(attribute.getNodeName());
+        if (found == nullptr || detail::view(found->getValue()) != detail::view(attribute.getNodeValue())) return false;
+    }
+    return true;
+}
+
+bool areTextsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
+    std::u16string oneBuffer;
+    std::u16string otherBuffer;
+    return detail::textOf(one, oneBuffer) == detail::textOf(other, otherBuffer);
+}
+
+bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
+    const xercesc::DOMElement* a = one.getFirstElementChild();
+    const xercesc::DOMElement* b = other.getFirstElementChild();
+    if (a == nullptr && b == nullptr) return areTextsEqual(one, other);
+    for (; a != nullptr && b != nullptr; a = a->getNextElementSibling(), b = b->getNextElementSibling()) {
+        const bool areAlike = detail::view(a->getNodeName()) == detail::view(b->getNodeName()) && areAttributesEqual(*a, *b);
+        if (!areAlike || !areContentsEqual(*a, *b)) return false;
+    }
+    return a == b;
+}
+
 }  // namespace
 
 std::wstring ElementView::name() const {
@@ -55,6 +83,11 @@ ElementView ElementView::parent() const {
     const xercesc::DOMNode* const parent = m_element == nullptr ? nullptr : elementOf(*this)->getParentNode();
     const bool isElement = parent != nullptr && parent->getNodeType() == xercesc::DOMNode::ELEMENT_NODE;
     return isElement ? ElementAccess::view(static_cast<const xercesc::DOMElement*>(parent)) : ElementView();
+}
+
+bool haveEqualContents(const ElementView& one, const ElementView& other) {
+    if (!one || !other) return !one && !other;
+    return areContentsEqual(*elementOf(one), *elementOf(other));
 }
 
 ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view(detail::Document::of(document).root()); }

@@ -80,6 +80,9 @@ private:
 
 inline ElementView::Children ElementView::children() const { return Children(firstChild()); }
 
+/// Whether both hold the same elements in the same order, with the same attributes and, where an element holds no others,
+/// the same text. What stands between elements does not count, nor do the attributes of the two themselves.
+XMLCONFIG_API bool haveEqualContents(const ElementView& one, const ElementView& other);
 /// The root, whose children are the header elements and the sections.
 XMLCONFIG_API ElementView rootElement(const ConfigInfo& document);
 /// The sections of that tag in document order, those without ID too. Nothing else of the document is visited.

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "store/ElementView.h"
 #include "tests/support/TestDocument.h"
 
 namespace {
@@ -320,6 +321,25 @@ TEST(Diff, SubsectionsAreKnownByTheirIDs) {
         return config("<ProjectorApprovedSlots><Slot ID=\"1\"><Name>" + name + "</Name></Slot></ProjectorApprovedSlots>");
     };
     EXPECT_EQ(addresses(diffOf(slots("a"), slots("b")).changed), Addresses{L"ProjectorApprovedSlots/Slot[1]/Name"});
+}
+
+TEST(Diff, EqualContentsAreTheSameElementsAttributesAndTexts) {
+    const auto areEqual = [](const std::string& one, const std::string& other) {
+        const TestDocument first(config("<System ID=\"a\">" + one + "</System>"));
+        const TestDocument second(config("<System ID=\"b\">" + other + "</System>"));
+        return haveEqualContents(XMLConfig::sectionElements(*first, L"System")[0],
+                                 XMLConfig::sectionElements(*second, L"System")[0]);
+    };
+    EXPECT_TRUE(areEqual("<A x=\"1\" y=\"2\">t</A><B><C/></B>", "\n<A y=\"2\" x=\"1\">t</A> <B>\n<C></C></B>"));
+    EXPECT_FALSE(areEqual("<A>t</A>", "<A>u</A>"));
+    EXPECT_FALSE(areEqual("<A>t</A>", "<B>t</B>"));
+    EXPECT_FALSE(areEqual("<A x=\"1\"/>", "<A x=\"2\"/>"));
+    EXPECT_FALSE(areEqual("<A x=\"1\"/>", "<A y=\"1\"/>"));
+    EXPECT_FALSE(areEqual("<A/>", "<A x=\"1\"/>"));
+    EXPECT_FALSE(areEqual("<A/>", "<A/><B/>"));
+    EXPECT_FALSE(areEqual("<A/><B/>", "<A/>"));
+    EXPECT_FALSE(areEqual("<A><B/></A>", "<A>t</A>"));
+    EXPECT_FALSE(areEqual("<A/><B/>", "<B/><A/>"));
 }
 
 }  // namespace
