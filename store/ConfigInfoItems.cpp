@@ -174,8 +174,10 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
         const bool isParsed = isElement && !value.empty();
         auto content = isParsed ? parseElement(*m_document, address, value) : XMLConfig::detail::NewElement();
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
-        XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, placeOf(*m_document, container, address),
-                                                content.namespaces);
+        if (content.namespaces != 0) {
+            XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, placeOf(*m_document, container, address),
+                                                    content.namespaces);
+        }
 
         Told told(*m_document, address);
         if (m_document->observer != nullptr) gather(told, *m_document, address, container, item, content, value);

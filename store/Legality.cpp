@@ -84,6 +84,8 @@ void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, co
 }
 
 void refuseDeepNesting(const wchar_t* prefix, const Address& address, int depthInside) {
+    constexpr int mostAbove = 4;  // with a key's first part, whose other parts have a character each at least
+    if (mostAbove + depthInside + static_cast<std::ptrdiff_t>(address.key.size()) <= maximumDepth) return;
     const auto parts = std::count(address.key.begin(), address.key.end(), L'|') + 1;
     const auto above = address.subSectionName.empty() ? 2 : 3;  // the root, the section, the subsection
     if (above + parts + depthInside <= maximumDepth) return;
