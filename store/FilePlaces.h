@@ -16,7 +16,7 @@ struct FilePlace {
 };
 
 /// Where a document's elements stand in the file that it was loaded from. A document keeps no places itself, so that
-/// nobody pays for them who does not ask: the file is read once more, which takes about half as long as a load.
+/// nobody pays for them who does not ask: the file is read once more, which takes about as long as two loads.
 ///
 /// An element is found by what it is, not by what was done to it: it has the place of the file's element of the same tag
 /// and the same "ID" attribute (or none), below elements likewise the same. Of several that are equal in that, the first
