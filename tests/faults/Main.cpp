@@ -175,7 +175,6 @@ void killAtRandom(const std::vector<Operation>& all, int count) {
     KillTally tally;
     for (int i = 0; i < count; ++i) {
         const Operation& operation = all[random() % all.size()];
-        if (!operation.isAtomic || !operation.prepare) continue;  // an upgrade is done once: nothing to repeat in the child
         Scene scene(operation.oldText);
         operation.prepare(scene);
         const std::chrono::microseconds time(random() % 8000);
@@ -191,10 +190,13 @@ void killAtRandom(const std::vector<Operation>& all, int count) {
 }
 
 int runKills(int count) {
-    std::vector<Operation> all = operations();
-    for (const Operation& operation : all)
-        if (operation.isAtomic) killEverywhere(operation);
-    killAtRandom(all, count);
+    std::vector<Operation> repeatable;
+    for (const Operation& operation : operations()) {
+        if (!operation.isAtomic) continue;
+        killEverywhere(operation);
+        if (operation.prepare) repeatable.push_back(operation);  // an upgrade is done once: nothing to repeat in the child
+    }
+    killAtRandom(repeatable, count);
     return broken;
 }
 
