@@ -43,6 +43,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/AssetManager.h
     manager/Catalogue.h
     manager/Check.h
+    manager/CheckRules.h
     manager/Diff.h
     manager/Layout.h
     manager/LogOutput.h

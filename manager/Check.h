@@ -1,29 +1,79 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Export.h"
+#include "store/ElementView.h"
 
 class ConfigInfo;
 
 namespace XMLConfig {
 
-/// Something in a document that deserves a look. None stops the library: it reads the document all the same.
-struct Finding {
-    enum class Kind {
-        WrongType,       ///< a stored text that is not of its setting's type
-        UnknownSetting,  ///< an item or group of items that the catalogue does not know
-        UnknownSection,
-        RepeatedID,  ///< a section or subsection hidden by an earlier one of the same name and ID
-        MissingID    ///< a device without an ID
-    };
-    Kind kind;
-    std::wstring address;  ///< as parseAddress takes it; of a device without ID the section's name
-    std::wstring message;  ///< one line without the address
+/// How bad a finding is.
+enum class Severity {
+    Error,    ///< a run cannot be right, or the application reads something else than the file seems to say
+    Warning,  ///< probably wrong
+    Note      ///< worth knowing
 };
 
-/// What is found, in document order. Sections whose keys the callers choose hold no unknown settings.
+/// "error", "warning" or "note".
+XMLCONFIG_API const wchar_t* nameOf(Severity severity);
+
+/// Whether a program may do what mends a finding.
+enum class MendSafety {
+    None,  ///< nobody but the user knows
+    Safe,  ///< it changes nothing that the application reads, or what it reads was broken for sure
+    Asked  ///< only where the user asks for it
+};
+
+/// "none", "safe" or "asked".
+XMLCONFIG_API const wchar_t* nameOf(MendSafety safety);
+
+/// What would mend a finding.
+struct Mend {
+    MendSafety safety = MendSafety::None;
+    /// Arguments of the command-line tool, the verb first; L"FILE" stands for the document's file.
+    std::vector<std::vector<std::wstring>> commands;
+};
+
+/// Another place that belongs to a finding.
+struct FindingPlace {
+    ElementView element;   ///< borrows the document
+    std::wstring address;  ///< as parseAddress takes it
+    std::wstring text;     ///< what stands there, where that is a value
+};
+
+/// Something in a document that deserves a look. None stops the library: it reads the document all the same.
+struct Finding {
+    std::wstring rule;  ///< "XC103"; `checkRules` tells what it means
+    std::wstring name;  ///< "wrong-type"
+    Severity severity = Severity::Warning;
+    /// What is meant, or what is around it where it is not stored; a view of no element for the document as a whole. Borrows
+    /// the document: good until it changes or ends.
+    ElementView element;
+    std::wstring address;  ///< as parseAddress takes it; of a device without ID the section's name; "" for the document
+    std::wstring device;   ///< the name of the device whose setting it is, or its ID; "" for others
+    std::wstring message;  ///< one line without the address
+    std::vector<FindingPlace> places;
+    Mend mend;
+};
+
+/// How a document is looked at.
+struct CheckOptions {
+    std::vector<std::wstring> onlyRules;  ///< "XC103", ...; all where empty
+    std::wstring file;                    ///< the document's file; "" where it has none: then no file name is looked at
+    bool looksForFiles = true;            ///< whether to look on the disk for the files that the document names
+    std::optional<double> storedVersion;  ///< what the file had, where it was upgraded in memory
+};
+
+/// What is found in a document of the latest version, which stays as it is: errors first, then warnings, then notes; within
+/// these by rule, and of each rule in document order. A document of a newer version gives one finding, which says so.
+/// Values that cannot be read are findings or count as missing; nothing is thrown for them. Sections whose keys the callers
+/// choose hold no unknown settings. Angles in messages are in the document's unit. Takes time in proportion to the document.
+XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document, const CheckOptions& options);
+/// The same of a document that has no file.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document);
 
 }  // namespace XMLConfig

@@ -1,21 +1,135 @@
 #include <CLI/App.hpp>
+#include <algorithm>
 
-#include "manager/Check.h"
-#include "tools/Configuration.h"
-#include "tools/Output.h"
+#include "manager/CheckRules.h"
+#include "platform/Utf8.h"
+#include "store/CorvaneException.h"
+#include "store/FilePlaces.h"
+#include "tools/CheckText.h"
+#include "tools/Colour.h"
+#include "tools/Reading.h"
+#include "tools/Suggestion.h"
 #include "tools/Verb.h"
 
 namespace tool {
+namespace {
 
-void setUpCheck(CLI::App& app, Request& request) { app.add_option("FILE", request.file, "The file to check")->required(); }
+using XMLConfig::Finding;
+using XMLConfig::Severity;
+
+std::wstring ruleOf(const std::string& word) {
+    std::wstring id = XMLConfig::wideFromUtf8(word);
+    for (wchar_t& letter : id)
+        if (letter >= L'a' && letter <= L'z') letter = static_cast<wchar_t>(letter - L'a' + L'A');
+    if (XMLConfig::findRule(id) != nullptr) return id;
+    throw WrongOperands("there is no rule " + word + "; docs/rules.md and 'xmlconfig describe' tell all");
+}
+
+XMLConfig::CheckOptions optionsOf(const Request& request, const std::string& file, std::optional<double> storedVersion) {
+    XMLConfig::CheckOptions options;
+    for (const std::string& word : request.rules) options.onlyRules.push_back(ruleOf(word));
+    if (file != "-") options.file = XMLConfig::wideFromUtf8(file);
+    options.looksForFiles = !request.withoutFiles;
+    options.storedVersion = storedVersion;
+    return options;
+}
+
+/// Finds the lines of what was found.
+class Lines {
+public:
+    Lines(const ConfigInfo& document, const std::string& file) {
+        if (file == "-") return;
+        try {
+            m_places = std::make_unique<XMLConfig::FilePlaces>(document, XMLConfig::wideFromUtf8(file));
+        } catch (const CorvaneException&) {
+            // Another program has replaced the file by one that cannot be read: what was found stands without lines.
+        }
+    }
+    [[nodiscard]] std::optional<unsigned long long> of(const XMLConfig::ElementView& element) const {
+        if (!m_places || !element) return std::nullopt;
+        const std::optional<XMLConfig::FilePlace> place = m_places->find(element);
+        return place ? std::optional<unsigned long long>(place->line) : std::nullopt;
+    }
+
+private:
+    std::unique_ptr<XMLConfig::FilePlaces> m_places;
+};
+
+std::vector<CheckedFile::Place> withLines(const std::vector<Finding>& findings, const ConfigInfo& document,
+                                          const std::string& file) {
+    std::vector<CheckedFile::Place> result;
+    if (findings.empty()) return result;
+    const Lines lines(document, file);
+    for (const Finding& finding : findings) {
+        result.push_back({finding, lines.of(finding.element), {}});
+        for (const XMLConfig::FindingPlace& other : finding.places)
+            result.back().otherLines.push_back(lines.of(other.element));
+    }
+    const auto isBefore = [](const CheckedFile::Place& a, const CheckedFile::Place& b) {
+        if (a.finding.severity != b.finding.severity) return a.finding.severity < b.finding.severity;
+        if (a.finding.rule != b.finding.rule) return a.finding.rule < b.finding.rule;
+        return a.line.value_or(0) < b.line.value_or(0);
+    };
+    std::stable_sort(result.begin(), result.end(), isBefore);
+    return result;
+}
+
+/// The findings of one file, and how they are shown: at once, because they borrow the document.
+CheckedFile checkFile(const Request& request, const std::string& file, std::wstring& text) {
+    CheckedFile checked;
+    checked.file = file;
+    try {
+        const ReadForCheck read = readForCheck(file);
+        checked.version = read.storedVersion ? *read.storedVersion : read.document->getVersion();
+        const auto findings = XMLConfig::check(*read.document, optionsOf(request, file, read.storedVersion));
+        checked.findings = withLines(findings, *read.document, file);
+        if (!request.json) text = checkText(checked, Showing(*read.document), isColoured(request.colour));
+    } catch (const Unreadable& fault) {
+        checked.fault = XMLConfig::wideFromUtf8(fault.what());
+        complain(checked.fault);
+    }
+    return checked;
+}
+
+ExitStatus statusOf(const std::vector<CheckedFile>& all, bool isStrict) {
+    ExitStatus status = Done;
+    for (const CheckedFile& checked : all) {
+        if (!checked.fault.empty()) return NotReadable;
+        const bool isBad = checked.count(Severity::Error) > 0 || checked.count(Severity::Warning) > 0;
+        if (isBad || (isStrict && !checked.findings.empty())) status = Refused;
+    }
+    return status;
+}
+
+}  // namespace
+
+void setUpCheck(CLI::App& app, Request& request) {
+    app.add_option("FILE", request.operands, "The files to check; - for standard input")->required();
+    app.add_option("--only", request.rules, "Look for these rules alone, as in XC103,XC217")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->type_name("RULE");
+    app.add_flag("--no-files", request.withoutFiles, "Do not look for the files that a configuration names");
+    app.add_flag("--strict", request.strict, "Let notes count for the exit status");
+    app.add_flag("--json", request.json, "Answer with one JSON object");
+    setUpColour(app, request.colour);
+    app.footer(
+        "'xmlconfig describe RULE' tells what a rule looks at.\n\n"
+        "Exit status: 0 no errors and no warnings, 1 some, 2 wrong usage, 3 a file cannot be read or is no\n"
+        "configuration.");
+}
 
 ExitStatus runCheck(const Request& request) {
-    const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
-    requireLatestVersion(*document, request.file);
-    const std::vector<XMLConfig::Finding> findings = XMLConfig::check(*document);
-    for (const XMLConfig::Finding& finding : findings)
-        print(L"warning: " + finding.address + L": " + finding.message + L"\n");
-    return findings.empty() ? Done : Refused;
+    std::vector<CheckedFile> all;
+    for (const std::string& word : request.rules) ruleOf(word);
+    for (const std::string& file : request.operands) {
+        std::wstring text;
+        all.push_back(checkFile(request, file, text));
+        print(text);
+    }
+    const ExitStatus status = statusOf(all, request.strict);
+    if (request.json) print(checkJson(all, status));
+    return status;
 }
 
 }  // namespace tool

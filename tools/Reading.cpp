@@ -1,5 +1,7 @@
 #include "tools/Reading.h"
 
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 
@@ -7,6 +9,7 @@
 #include "platform/Utf8.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
+#include "tools/FaultLine.h"
 #include "tools/Numbers.h"
 
 namespace tool {
@@ -16,13 +19,35 @@ const std::wstring standardInput = L"standard input";
 
 std::wstring nameOf(const std::string& file) { return file == "-" ? standardInput : XMLConfig::wideFromUtf8(file); }
 
+std::string allOf(std::istream& in) { return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()}; }
+
+/// With the line at fault, where the message names one.
+[[noreturn]] void refuse(const std::wstring& message, const std::string& text) {
+    const std::wstring line = faultLine(message, text);
+    throw Unreadable(line.empty() ? message : message + L"\n" + line);
+}
+
+std::unique_ptr<ConfigInfo> parsedInput() {
+    const std::string bytes = allOf(std::cin);
+    try {
+        return ConfigInfo::fromText(bytes, standardInput);
+    } catch (const CorvaneException& fault) {
+        refuse(fault.getMessage(), bytes);
+    }
+}
+
 std::unique_ptr<ConfigInfo> parsed(const std::string& file) {
-    if (file != "-") {
+    if (file == "-") return parsedInput();
+    try {
         const std::wstring path = XMLConfig::wideFromUtf8(file);
         return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
+    } catch (const CorvaneException& fault) {
+        const std::filesystem::path path = std::filesystem::u8path(file);
+        std::error_code ignored;
+        if (!std::filesystem::is_regular_file(path, ignored)) throw;
+        std::ifstream in(path, std::ios::binary);
+        refuse(fault.getMessage(), in ? allOf(in) : std::string());
     }
-    const std::string bytes{std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
-    return ConfigInfo::fromText(bytes, standardInput);
 }
 
 /// Whole versions with one decimal, as people write them.
@@ -49,6 +74,21 @@ void bringUpToDate(ConfigInfo& document, const std::wstring& name) {
 }
 
 }  // namespace
+
+ReadForCheck readForCheck(const std::string& file) {
+    try {
+        ReadForCheck result{parsed(file), std::nullopt};
+        if (!result.document->doesSectionExist(L"Version", L""))
+            throw Unreadable(nameOf(file) + L": is no configuration, it has no version");
+        const double version = result.document->getVersion();
+        if (version >= ConfigInfoFactory::getLatestFileVersionNumber()) return result;
+        XMLConfig::upgradeDocument(*result.document);
+        result.storedVersion = version;
+        return result;
+    } catch (const CorvaneException& fault) {
+        throw Unreadable(fault.getMessage());
+    }
+}
 
 std::unique_ptr<ConfigInfo> readDocument(const std::string& file) {
     try {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "store/ConfigInfo.h"
@@ -9,7 +10,8 @@
 /// Documents as the verbs that only read take them.
 namespace tool {
 
-/// A file that cannot be read or written, or that is no configuration: exit status 3.
+/// A file that cannot be read or written, or that is no configuration: exit status 3. Of a fault in the XML it shows the
+/// line, and a caret under the place.
 class Unreadable : public Refusal {
 public:
     using Refusal::Refusal;
@@ -18,6 +20,12 @@ public:
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,
 /// which is said on standard error. Throws Unreadable for everything else.
 std::unique_ptr<ConfigInfo> readDocument(const std::string& file);
+/// The same of any release, newer ones as they are; nothing is said.
+struct ReadForCheck {
+    std::unique_ptr<ConfigInfo> document;
+    std::optional<double> storedVersion;  ///< where it was brought up to date
+};
+ReadForCheck readForCheck(const std::string& file);
 /// The same as it stands, of whatever release up to the latest.
 std::unique_ptr<ConfigInfo> readDocumentAsStored(const std::string& file);
 

@@ -26,6 +26,9 @@ struct Request {
     bool lines = false;
     bool asStored = false;
     bool git = false;
+    std::vector<std::string> rules;
+    bool strict = false;
+    bool withoutFiles = false;
     std::optional<double> tolerance;
     std::string picture;
     std::string colour = "auto";

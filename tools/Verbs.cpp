@@ -18,7 +18,7 @@ const std::vector<Verb>& verbs() {
         {"get", "Print the values at addresses", setUpGet, runGet},
         {"set", "Change the values at addresses, all or none", setUpSet, runSet, XMLConfig::LogLevel::Error},
         {"describe", "List the settings the library knows", setUpDescribe, runDescribe},
-        {"check", "Look for values, settings and identifiers that are not in order", setUpCheck, runCheck},
+        {"check", "Look for what is not in order", setUpCheck, runCheck, XMLConfig::LogLevel::Error},
         {"layout", "Show where the channels lie, overlap and leave gaps", setUpLayout, runLayout,
          XMLConfig::LogLevel::Error},
         {"diff", "Tell what differs between two files", setUpDiff, runDiff, XMLConfig::LogLevel::Error},

@@ -2,21 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include "manager/CheckRules.h"
 #include "store/ConfigInfo.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
 
 using Lines = std::vector<std::wstring>;
-using Kind = XMLConfig::Finding::Kind;
 
-/// What is found in a document with that content, as "address: message".
+/// What the rules on the form find in a document with that content, as "address: message".
 Lines findingsIn(const std::string& content) {
     const TemporaryFolder folder;
     const std::wstring file =
         folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version>" + content + "</ConfigInfo>");
     Lines lines;
-    for (const XMLConfig::Finding& finding : XMLConfig::check(ConfigInfo(file)))
+    XMLConfig::CheckOptions options;
+    for (const XMLConfig::CheckRule& rule : XMLConfig::checkRules())
+        if (std::wstring(rule.id).rfind(L"XC1", 0) == 0) options.onlyRules.emplace_back(rule.id);
+    for (const XMLConfig::Finding& finding : XMLConfig::check(ConfigInfo(file), options))
         lines.push_back(finding.address + L": " + finding.message);
     return lines;
 }
@@ -26,9 +29,10 @@ TEST(Check, NewDocumentIsInOrder) { EXPECT_TRUE(XMLConfig::check(ConfigInfo()).e
 TEST(Check, FindsValuesOfAnotherType) {
     EXPECT_EQ(findingsIn("<System><Is_Camera_Used>maybe</Is_Camera_Used><ACT_Count>two</ACT_Count></System>"
                          "<Geometry><Box_Spacing>1,5</Box_Spacing><Box_Size>21</Box_Size></Geometry>"),
-              (Lines{L"System/Is_Camera_Used: \"maybe\" is not of type bool",
-                     L"System/ACT_Count: \"two\" is not of type int", L"Geometry/Box_Spacing: \"1,5\" is not of type double",
-                     L"Geometry/Box_Size: \"21\" is not of type 2-D integer point"}));
+              (Lines{L"System/Is_Camera_Used: \"maybe\" is not of type bool; the application reads true",
+                     L"System/ACT_Count: \"two\" is not of type int; the application reads 0",
+                     L"Geometry/Box_Spacing: \"1,5\" is not of type double; the application reads 1",
+                     L"Geometry/Box_Size: \"21\" is not of type 2-D integer point; the application reads 21, 21"}));
 }
 
 TEST(Check, FindsElementsInPlaceOfAValue) {
@@ -37,10 +41,12 @@ TEST(Check, FindsElementsInPlaceOfAValue) {
 }
 
 TEST(Check, LooksIntoGroupsAndRecords) {
-    EXPECT_EQ(findingsIn("<Projector ID='1'><Channel_Extents><Heading><Yaw>0</Yaw><Jaw>0</Jaw></Heading></Channel_Extents>"
-                         "<Designed><Frustum><Offset>0, 0</Offset></Frustum></Designed></Projector>"),
-              (Lines{L"Projector[1]/Channel_Extents/Heading/Jaw: there is no such setting",
-                     L"Projector[1]/Designed/Frustum/Offset: \"0, 0\" is not of type 3-D point"}));
+    EXPECT_EQ(
+        findingsIn("<Projector ID='1'><Channel_Extents><Heading><Yaw>0</Yaw><Jaw>0</Jaw></Heading></Channel_Extents>"
+                   "<Designed><Frustum><Offset>0, 0</Offset></Frustum></Designed></Projector>"),
+        (Lines{L"Projector[1]/Designed/Frustum/Offset: \"0, 0\" is not of type 3-D point; the application reads all zeros",
+               L"Projector[1]/Channel_Extents/Heading/Jaw: there is no such setting; did you mean "
+               L"\"Channel_Extents/Heading/Yaw\"?"}));
 }
 
 TEST(Check, FragmentsAreNotLookedInto) {
@@ -50,11 +56,13 @@ TEST(Check, FragmentsAreNotLookedInto) {
 
 TEST(Check, FindsUnknownSettingsOnceEach) {
     EXPECT_EQ(findingsIn("<System><RunTipe>ClassicRun</RunTipe><Extra><A/><B/></Extra></System>"),
-              (Lines{L"System/RunTipe: there is no such setting", L"System/Extra: there is no such setting"}));
+              (Lines{L"System/RunTipe: there is no such setting; did you mean \"RunType\"?",
+                     L"System/Extra: there is no such setting"}));
 }
 
 TEST(Check, FindsUnknownSectionsWithoutTheirContent) {
-    EXPECT_EQ(findingsIn("<Sistem><RunType>ClassicRun</RunType></Sistem>"), (Lines{L"Sistem: there is no such section"}));
+    EXPECT_EQ(findingsIn("<Sistem><RunType>ClassicRun</RunType></Sistem>"),
+              (Lines{L"Sistem: there is no such section; did you mean \"System\"?"}));
 }
 
 TEST(Check, OpenSectionsHoldAnyKey) {
@@ -86,7 +94,7 @@ TEST(Check, FindsSlotsWithoutANumber) {
 
 TEST(Check, FindsDevicesWithoutIdentifiers) {
     EXPECT_EQ(findingsIn("<Projector/><Camera/><Camera ID=''/>"),
-              (Lines{L"Projector: a device has no ID", L"Camera: a device has no ID", L"Camera: a device has no ID"}));
+              (Lines{L"Projector: a projector has no ID", L"Camera: a camera has no ID", L"Camera: a camera has no ID"}));
 }
 
 TEST(Check, AddressesCanBeParsed) {
@@ -94,15 +102,16 @@ TEST(Check, AddressesCanBeParsed) {
               (Lines{L"Projector[a]]/b]/Nickname: there is no such setting"}));
 }
 
-TEST(Check, TellsTheKindOfEachFinding) {
+TEST(Check, TellsErrorsFirstThenByRule) {
     const TemporaryFolder folder;
     const ConfigInfo document(folder.write(L"hall.skorrax",
                                            "<ConfigInfo><Version>9.000</Version><Camera/><Foo/>"
                                            "<System><X/><ACT_Count>x</ACT_Count></System><System/></ConfigInfo>"));
-    std::vector<Kind> kinds;
-    for (const XMLConfig::Finding& finding : XMLConfig::check(document)) kinds.push_back(finding.kind);
-    EXPECT_EQ(kinds, (std::vector<Kind>{Kind::MissingID, Kind::UnknownSection, Kind::UnknownSetting, Kind::WrongType,
-                                        Kind::RepeatedID}));
+    std::vector<std::wstring> rules;
+    for (const XMLConfig::Finding& finding : XMLConfig::check(document))
+        rules.push_back(std::wstring(nameOf(finding.severity)) + L" " + finding.rule + L" " + finding.name);
+    EXPECT_EQ(rules, (std::vector<std::wstring>{L"error XC103 wrong-type", L"error XC106 hidden", L"error XC107 no-id",
+                                                L"note XC104 unknown-setting", L"note XC105 unknown-section"}));
 }
 
 }  // namespace

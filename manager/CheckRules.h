@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vector>
+
+#include "manager/Check.h"
+#include "platform/Export.h"
+
+namespace XMLConfig {
+
+/// One of the rules by which a document is checked. The texts are one line each, for people.
+struct CheckRule {
+    const wchar_t* id;        ///< "XC103"
+    const wchar_t* name;      ///< "wrong-type"
+    const wchar_t* severity;  ///< "error", "warning or note", ...
+    const wchar_t* meaning;   ///< a sentence or two
+    const wchar_t* looksAt;   ///< settings, as addresses without IDs
+    const wchar_t* condition;
+    const wchar_t* mend;  ///< what mends it; "" where that is not known
+    MendSafety safety;    ///< of its mend
+};
+
+/// Every rule, by ID. Made once; lives as long as the process.
+XMLCONFIG_API const std::vector<CheckRule>& checkRules();
+/// Null for what is no rule's ID.
+XMLCONFIG_API const CheckRule* findRule(const std::wstring& id);
+
+}  // namespace XMLConfig

@@ -1,0 +1,217 @@
+#include <algorithm>
+#include <cmath>
+
+#include "base/Setting.h"
+#include "manager/check/Channels.h"
+#include "platform/Numbers.h"
+
+/// Rules on the channels: each by itself, and their places on the screen.
+namespace XMLConfig::detail {
+namespace {
+
+constexpr double pi = 3.14159265358979323846;
+constexpr double fullTurn = 2.0 * pi;
+
+constexpr ImageEdge edges[] = {ImageEdge::Left, ImageEdge::Right, ImageEdge::Top, ImageEdge::Bottom};
+
+const wchar_t* fieldKey(ImageEdge edge) {
+    switch (edge) {
+        case ImageEdge::Left:
+            return L"Channel_Extents|HFOV|Left";
+        case ImageEdge::Right:
+            return L"Channel_Extents|HFOV|Right";
+        case ImageEdge::Top:
+            return L"Channel_Extents|VFOV|Top";
+        case ImageEdge::Bottom:
+            break;
+    }
+    return L"Channel_Extents|VFOV|Bottom";
+}
+
+std::wstring degreesText(double radians) { return shortNumber(radians * 180.0 / pi) + L"deg"; }
+
+// A channel by itself.
+
+/// Swaps two values that stand the wrong way round.
+Mend swapped(const CheckedSection& projector, const std::wstring& low, const std::wstring& high) {
+    return {MendSafety::Asked,
+            {setCommand(placeOf(projector, low), projector.stored(high)),
+             setCommand(placeOf(projector, high), projector.stored(low))}};
+}
+
+void checkEdges(ChannelCheck& check, const CheckedSection& projector, ImageEdge low, ImageEdge high) {
+    const EdgeValues& field = check.channel(projector).edges;
+    if (field.at(low) < field.at(high)) return;
+    const bool isAcross = low == ImageEdge::Left;
+    Finding& finding = check.findings.add(L"XC303", Severity::Error, placeOf(projector, fieldKey(low)),
+                                          std::wstring(isAcross ? L"Left (" : L"Bottom (") + check.angle(field.at(low)) +
+                                              (isAcross ? L") is not left of Right (" : L") is not below Top (") +
+                                              check.angle(field.at(high)) + L")");
+    if (field.at(low) > field.at(high)) finding.mend = swapped(projector, fieldKey(low), fieldKey(high));
+}
+
+void checkFieldWidth(ChannelCheck& check, const CheckedSection& projector) {
+    const EdgeValues& field = check.channel(projector).edges;
+    const auto isNearer = [&](ImageEdge a, ImageEdge b) { return std::abs(field.at(a)) < std::abs(field.at(b)); };
+    const ImageEdge furthest = *std::max_element(std::begin(edges), std::end(edges), isNearer);
+    check.findings.add(L"XC304", Severity::Warning, placeOf(projector, fieldKey(furthest)),
+                       L"an edge " + check.angle(std::abs(field.at(furthest))) + L" off the line of sight");
+}
+
+void checkState(ChannelCheck& check, const CheckedSection& projector) {
+    switch (check.channel(projector).state) {
+        case ChannelState::Missing:
+            check.findings.add(L"XC309", Severity::Error, placeOf(projector, L"Channel_Extents"), L"has no channel yet");
+            break;
+        case ChannelState::EdgesSwapped:
+            checkEdges(check, projector, ImageEdge::Left, ImageEdge::Right);
+            checkEdges(check, projector, ImageEdge::Bottom, ImageEdge::Top);
+            break;
+        case ChannelState::FieldTooWide:
+            checkFieldWidth(check, projector);
+            break;
+        default:
+            break;
+    }
+}
+
+/// Whatever is stored in radians, in any section.
+void checkDegrees(Findings& findings, const CheckedSection& section) {
+    for (const CheckedItem& item : section.items) {
+        if (item.setting == nullptr || item.setting->unit != Unit::Radians || item.hiddenBy || item.holdsElements) continue;
+        for (const double number : numbersOf(item.text)) {
+            if (!(std::abs(number) > fullTurn) || !std::isfinite(number)) continue;
+            const Place place = placeOf(section, item);
+            Finding& finding =
+                findings.add(L"XC305", Severity::Error, place,
+                             shortNumber(number) + L" radians are " + shortNumber(std::abs(number) / fullTurn, 1) +
+                                 L" turns; it looks like degrees");
+            if (item.setting->type == SettingType::Double)
+                finding.mend = {MendSafety::Asked, {setCommand(place, shortNumber(number, 9) + L"deg")}};
+            break;
+        }
+    }
+}
+
+void checkHeading(ChannelCheck& check, const CheckedSection& projector) {
+    const Channel& channel = check.channel(projector);
+    const auto isBetween = [](double angle, double least) { return std::abs(angle) > least && std::abs(angle) <= fullTurn; };
+    if (isBetween(channel.yaw, pi)) {
+        const Place place = placeOf(projector, L"Channel_Extents|Heading|Yaw");
+        const double better = channel.yaw - (channel.yaw > 0.0 ? fullTurn : -fullTurn);
+        check.findings.add(L"XC306", Severity::Note, place, check.angle(channel.yaw) + L" is more than half a turn").mend = {
+            MendSafety::Safe, {setCommand(place, degreesText(better))}};
+    }
+    if (isBetween(channel.pitch, pi / 2.0))
+        check.findings.add(L"XC306", Severity::Warning, placeOf(projector, L"Channel_Extents|Heading|Pitch"),
+                           check.angle(channel.pitch) + L" is more than a quarter turn");
+}
+
+void checkSight(ChannelCheck& check, const CheckedSection& projector) {
+    const Channel& channel = check.channel(projector);
+    if (channel.state != ChannelState::Usable) return;
+    const auto isBeside = [](double low, double high) { return low > 0.0 || high < 0.0; };
+    const bool isAcross = isBeside(channel.edges.left, channel.edges.right);
+    if (!isAcross && !isBeside(channel.edges.bottom, channel.edges.top)) return;
+    check.findings.add(L"XC307", Severity::Note,
+                       placeOf(projector, isAcross ? L"Channel_Extents|HFOV" : L"Channel_Extents|VFOV"),
+                       L"does not hold its own line of sight");
+}
+
+void checkArea(ChannelCheck& check, const CheckedSection& projector, const wchar_t* lowKey, const wchar_t* highKey) {
+    constexpr double unknown = -1000.0;
+    const double low = check.findings.read.number(projector, lowKey);
+    const double high = check.findings.read.number(projector, highKey);
+    if (low == unknown || high == unknown) return;
+    if (low < high && low >= 0.0 && high <= 1.0) return;
+    Finding& finding = check.findings.add(L"XC316", Severity::Warning, placeOf(projector, lowKey),
+                                          shortNumber(low) + L" to " + shortNumber(high) + L" is no part of the screen");
+    if (low > high && high >= 0.0 && low <= 1.0) finding.mend = swapped(projector, lowKey, highKey);
+}
+
+// Eye points.
+
+bool isNear(const Point_3Dim<double>& a, const Point_3Dim<double>& b) {
+    constexpr double millimeter = 0.001;
+    return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z) <= millimeter;
+}
+
+std::wstring storedPoint(const Point_3Dim<double>& point) {
+    return formatScientific(point.x) + L", " + formatScientific(point.y) + L", " + formatScientific(point.z);
+}
+
+void checkEyePoints(ChannelCheck& check) {
+    const std::vector<Channel>& channels = check.layout.channels;
+    const Point_3Dim<double>& target = check.layout.targetEyePoint;
+    const ShownUnits& units = check.findings.units;
+    if (channels.empty()) return;
+    const auto isWithFirst = [&](const Channel& channel) { return isNear(channel.eyePoint, channels[0].eyePoint); };
+    if (std::all_of(channels.begin(), channels.end(), isWithFirst)) {
+        if (isNear(channels[0].eyePoint, target)) return;
+        const Place place = placeOf(check.findings, L"TargetLocator", L"Eye_Point");
+        check.findings
+            .add(
+                L"XC310", Severity::Note, place,
+                L"channels are seen from " + units.point(channels[0].eyePoint) + L", the target from " + units.point(target))
+            .mend = {MendSafety::Asked, {setCommand(place, storedPoint(channels[0].eyePoint))}};
+        return;
+    }
+    for (const Channel& channel : channels) {
+        if (isNear(channel.eyePoint, target)) continue;
+        const Place place = placeOf(*check.findings.read.projector(channel.id), L"Channel_Extents|Eye_Point");
+        check.findings
+            .add(L"XC310", Severity::Note, place,
+                 L"is seen from " + units.point(channel.eyePoint) + L", the target from " + units.point(target))
+            .mend = {MendSafety::Asked, {setCommand(place, storedPoint(target))}};
+    }
+}
+
+// The whole.
+
+void addNotLookedAt(ChannelCheck& check) {
+    std::vector<const CheckedSection*> broken;
+    for (const CheckedSection* projector : check.findings.read.projectors())
+        if (check.channel(*projector).state != ChannelState::Usable) broken.push_back(projector);
+    if (broken.empty()) return;
+    const std::wstring others = broken.size() == 1 ? L" is" : L" and " + counted(broken.size() - 1, L"other") + L" are";
+    check.findings.add(
+        L"XC300", Severity::Note, placeOf(*broken[0], L"Channel_Extents"),
+        L"neighbours, blends and coverage are not checked before " + broken[0]->title() + others + L" in order");
+}
+
+}  // namespace
+
+ChannelCheck::ChannelCheck(Findings& all) : findings(all), layout(XMLConfig::layout(all.document)) {
+    for (std::size_t i = 0; i < layout.channels.size(); ++i) m_indices.emplace(layout.channels[i].id, i);
+}
+
+const Channel& ChannelCheck::channel(const CheckedSection& projector) const {
+    return layout.channels[m_indices.at(projector.id)];
+}
+
+const CheckedSection& ChannelCheck::projector(std::size_t channel) const {
+    return *findings.read.projector(layout.channels[channel].id);
+}
+
+std::wstring ChannelCheck::title(std::size_t channel) const { return projector(channel).title(); }
+
+void checkChannels(Findings& findings) {
+    ChannelCheck check(findings);
+    for (const CheckedSection& section : findings.read.sections()) checkDegrees(findings, section);
+    for (const CheckedSection* projector : findings.read.projectors()) {
+        checkState(check, *projector);
+        checkHeading(check, *projector);
+        checkSight(check, *projector);
+        checkArea(check, *projector, L"Screen_Area_Left", L"Screen_Area_Right");
+        checkArea(check, *projector, L"Screen_Area_Top", L"Screen_Area_Bottom");
+        checkBlendsAlone(check, *projector);
+    }
+    checkEyePoints(check);
+    if (!check.layout.isComplete()) return addNotLookedAt(check);
+    checkRows(check);
+    checkPairs(check);
+    checkBlends(check);
+    checkCoverage(check);
+}
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <unordered_map>
+
+#include "manager/Layout.h"
+#include "manager/check/Findings.h"
+
+namespace XMLConfig::detail {
+
+/// What the rules on channels share.
+class ChannelCheck {
+public:
+    explicit ChannelCheck(Findings& findings);
+
+    Findings& findings;
+    const Layout layout;
+
+    [[nodiscard]] const Channel& channel(const CheckedSection& projector) const;
+    [[nodiscard]] const CheckedSection& projector(std::size_t channel) const;  ///< by the channel's index
+    [[nodiscard]] std::wstring title(std::size_t channel) const;
+    [[nodiscard]] std::wstring angle(double radians) const { return findings.units.angle(radians); }
+
+private:
+    std::unordered_map<std::wstring, std::size_t> m_indices;  // of the channels, by ID
+};
+
+void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector);
+
+// Of neighbours; only where every channel is usable.
+
+void checkRows(ChannelCheck& check);
+void checkPairs(ChannelCheck& check);
+void checkBlends(ChannelCheck& check);
+void checkCoverage(ChannelCheck& check);
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+#include <set>
+
+#include "manager/Check.h"
+#include "manager/Layout.h"
+#include "manager/check/Reading.h"
+#include "manager/check/Texts.h"
+
+/// What all rules work with.
+namespace XMLConfig::detail {
+
+/// Where something stands, or would stand.
+struct Place {
+    ElementView element;   ///< what is around it where it is not stored
+    std::wstring address;  ///< of the place itself
+    std::wstring device;
+};
+
+/// A document under check and what has been found in it.
+class Findings {
+public:
+    Findings(const ConfigInfo& document, const CheckOptions& options);
+
+    const ConfigInfo& document;
+    const CheckOptions& options;
+    const CheckedDocument read;
+    const ShownUnits units;
+
+    /// Whether any rule is asked for whose ID begins so.
+    [[nodiscard]] bool wants(const std::wstring& beginning) const;
+    /// The new finding, to be completed; good until the next one is added.
+    Finding& add(const wchar_t* rule, Severity severity, const Place& place, const std::wstring& message);
+    std::vector<Finding> inOrder();
+
+private:
+    std::vector<Finding> m_findings;
+    Finding m_unwanted;
+};
+
+[[nodiscard]] Place placeOf(const CheckedSection& section);
+[[nodiscard]] Place placeOf(const CheckedSection& section, const CheckedItem& item);
+/// Of a key, whether anything is stored there or not.
+[[nodiscard]] Place placeOf(const CheckedSection& section, const std::wstring& key);
+/// Of the first section of that name.
+[[nodiscard]] Place placeOf(const Findings& findings, const std::wstring& tag, const std::wstring& key);
+[[nodiscard]] FindingPlace otherPlace(const Place& place, const std::wstring& text = L"");
+
+/// The command that stores a text.
+[[nodiscard]] std::vector<std::wstring> setCommand(const Place& place, const std::wstring& text);
+[[nodiscard]] std::vector<std::wstring> unsetCommand(const Place& place);
+
+// The rules, a source file a group.
+
+void checkForm(Findings& findings);
+void checkIdentity(Findings& findings);
+void checkChannels(Findings& findings);
+void checkPicture(Findings& findings);
+void checkScreen(Findings& findings);
+void checkCameras(Findings& findings);
+void checkNetwork(Findings& findings);
+void checkEffect(Findings& findings);
+
+}  // namespace XMLConfig::detail

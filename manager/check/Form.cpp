@@ -1,0 +1,222 @@
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+#include "manager/Origin.h"
+#include "manager/SettingSearch.h"
+#include "manager/check/Findings.h"
+#include "manager/check/GoneSettings.h"
+#include "platform/Numbers.h"
+#include "store/ConfigInfo.h"
+#include "store/Tokens.h"
+
+/// Rules on the form: names, types, words, numbers and ranges.
+namespace XMLConfig::detail {
+namespace {
+
+bool isOfNumbers(SettingType type) {
+    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
+           type == SettingType::Point2 || type == SettingType::Point3;
+}
+
+std::wstring dotted(const std::wstring& text) {
+    std::wstring result = text;
+    std::replace(result.begin(), result.end(), L',', L'.');
+    return result;
+}
+
+class FormCheck {
+public:
+    explicit FormCheck(Findings& findings) : m_findings(findings) {}
+
+    void run() {
+        checkVersion();
+        for (const CheckedSection& section : m_findings.read.sections()) checkSection(section);
+    }
+
+private:
+    Finding& add(const wchar_t* rule, Severity severity, const CheckedSection& section, const CheckedItem& item,
+                 const std::wstring& message) {
+        return m_findings.add(rule, severity, placeOf(section, item), message);
+    }
+
+    void checkVersion() {
+        const std::optional<double> version = m_findings.options.storedVersion;
+        if (!version) return;
+        const ElementView element = childOf(rootElement(m_findings.document), L"Version");
+        m_findings
+            .add(L"XC101", Severity::Warning, {element, L"Version", L""},
+                 L"is of file version " + formatFixed(*version, 3) + L"; checked as it would be after the upgrade")
+            .mend.commands = {{L"upgrade", L"FILE"}};
+    }
+
+    void checkSection(const CheckedSection& section) {
+        const std::wstring kind = lowerCase(section.tag);
+        if (!section.isKnown) return addUnknownSection(section);
+        if (isDeviceSection(section.tag) && section.id.empty())
+            m_findings.add(L"XC107", Severity::Error, placeOf(section), L"a " + kind + L" has no ID");
+        if (section.hiddenBy)
+            addHidden(m_findings.add(L"XC106", Severity::Error, placeOf(section), hidden), section.hiddenBy);
+        for (const CheckedItem& item : section.items) checkItem(section, item);
+    }
+
+    static void addHidden(Finding& finding, const ElementView& earlier) {
+        finding.places = {{earlier, addressOf(earlier), L""}};
+    }
+
+    void addUnknownSection(const CheckedSection& section) {
+        const std::vector<std::wstring> names = sectionNames();
+        const std::wstring* const near = nearest(section.tag, names);
+        m_findings.add(L"XC105", near == nullptr ? Severity::Note : Severity::Warning, placeOf(section),
+                       L"there is no such section" + (near == nullptr ? L"" : L"; did you mean " + quoted(*near) + L"?"));
+    }
+
+    void checkItem(const CheckedSection& section, const CheckedItem& item) {
+        if (item.hiddenBy) addHidden(add(L"XC106", Severity::Warning, section, item, hidden), item.hiddenBy);
+        else if (item.kind == CheckedItem::Kind::Unknown) checkUnknown(section, item);
+        else if (item.kind == CheckedItem::Kind::Value) checkValue(section, item);
+    }
+
+    void checkUnknown(const CheckedSection& section, const CheckedItem& item) {
+        if (isOpenSection(section.tag) || item.key == L"OldSectionID") return;
+        if (const wchar_t* const release = releaseWithout(section.tag, item.key)) {
+            Finding& finding = add(L"XC112", Severity::Note, section, item, L"has been gone since " + std::wstring(release));
+            finding.mend = {MendSafety::Asked, {unsetCommand(placeOf(section, item))}};
+            return;
+        }
+        addUnknown(section, item, nearestKey(section.tag, item.key));
+    }
+
+    void addUnknown(const CheckedSection& section, const CheckedItem& item, const std::wstring& near) {
+        const std::wstring message = L"there is no such setting";
+        if (near.empty()) {
+            add(L"XC104", Severity::Note, section, item, message);
+            return;
+        }
+        std::wstring shown = near;
+        std::replace(shown.begin(), shown.end(), L'|', L'/');
+        Finding& finding =
+            add(L"XC104", Severity::Warning, section, item, message + L"; did you mean " + quoted(shown) + L"?");
+        if (item.holdsElements || section.holds(near)) return;
+        finding.mend = {MendSafety::Asked,
+                        {setCommand(placeOf(section, near), item.text), unsetCommand(placeOf(section, item))}};
+    }
+
+    /// "" where none is near. Asked once for each key, however many devices hold it.
+    const std::wstring& nearestKey(const std::wstring& tag, const std::wstring& key) {
+        const auto [place, isNew] = m_nearest.emplace(tag + L"/" + key, std::wstring());
+        if (!isNew) return place->second;
+        std::vector<std::wstring> keys;
+        for (const Setting& setting : settingsOfSection(tag)) keys.push_back(setting.key);
+        if (const std::wstring* const near = nearest(key, keys)) place->second = *near;
+        return place->second;
+    }
+
+    void checkValue(const CheckedSection& section, const CheckedItem& item) {
+        const Setting& setting = *item.setting;
+        if (setting.type == SettingType::Element) return;
+        if (item.holdsElements) {
+            add(L"XC108", Severity::Error, section, item, L"holds elements instead of a value");
+        } else if (!isOfType(item.text, setting.type)) {
+            addWrongType(section, item);
+        } else {
+            checkWords(section, item);
+            if (isOfNumbers(setting.type)) checkNumbers(section, item);
+        }
+    }
+
+    void addWrongType(const CheckedSection& section, const CheckedItem& item) {
+        const Setting& setting = *item.setting;
+        const std::wstring read = shortText(m_findings.read.text(section, item.key), setting.type);
+        Finding& finding =
+            add(L"XC103", Severity::Error, section, item,
+                quoted(item.text) + L" is not of type " + nameOf(setting.type) + L"; the application reads " + read);
+        const std::wstring better = meantBy(item);
+        if (!better.empty()) finding.mend = {MendSafety::Asked, {setCommand(placeOf(section, item), better)}};
+    }
+
+    /// What people mean who write decimal commas, "on" and "off"; "" for anything else.
+    static std::wstring meantBy(const CheckedItem& item) {
+        const SettingType type = item.setting->type;
+        if (type == SettingType::Bool)
+            return lowerCase(item.text) == L"on" ? L"true" : lowerCase(item.text) == L"off" ? L"false" : L"";
+        const std::wstring number = dotted(item.text);
+        return type == SettingType::Double && isOfType(number, type) ? number : L"";
+    }
+
+    void checkWords(const CheckedSection& section, const CheckedItem& item) {
+        const Setting& setting = *item.setting;
+        const auto& words = setting.words;
+        if (words.empty() || std::find(words.begin(), words.end(), item.text) != words.end()) return;
+        std::vector<std::wstring> shown;
+        std::copy_if(words.begin(), words.end(), std::back_inserter(shown), [](const auto& word) { return !word.empty(); });
+        const std::wstring instead = setting.othersCountAs.value_or(L"");
+        Finding& finding =
+            add(L"XC109", Severity::Error, section, item,
+                quoted(item.text) + L" is none of " + joined(shown) + (instead.empty() ? L"" : L"; counts as " + instead));
+        mendWord(finding, placeOf(section, item), item.text, shown);
+    }
+
+    static void mendWord(Finding& finding, const Place& place, const std::wstring& text,
+                         const std::vector<std::wstring>& words) {
+        const auto bare = [](const std::wstring& word) {
+            std::wstring lower = lowerCase(word);
+            lower.erase(std::remove(lower.begin(), lower.end(), L' '), lower.end());
+            return lower;
+        };
+        const auto isMeant = [&](const std::wstring& word) { return bare(word) == bare(text); };
+        const auto same = std::find_if(words.begin(), words.end(), isMeant);
+        const std::wstring* const near = same == words.end() ? nearest(text, words) : &*same;
+        if (near == nullptr) return;
+        finding.mend = {same == words.end() ? MendSafety::Asked : MendSafety::Safe, {setCommand(place, *near)}};
+    }
+
+    void checkNumbers(const CheckedSection& section, const CheckedItem& item) {
+        const std::vector<double> numbers = numbersOf(item.text);
+        const auto isFinite = [](double number) { return std::isfinite(number); };
+        if (!std::all_of(numbers.begin(), numbers.end(), isFinite)) {
+            add(L"XC113", Severity::Error, section, item, L"is not a number");
+            return;
+        }
+        checkNamedNumber(section, item);
+        checkRange(section, item, numbers);
+    }
+
+    void checkNamedNumber(const CheckedSection& section, const CheckedItem& item) {
+        const Setting& setting = *item.setting;
+        if (setting.numbers.empty()) return;
+        const int number = leadingInteger(item.text);
+        for (const NamedNumber& named : setting.numbers)
+            if (named.number == number) return;
+        add(L"XC110", Severity::Warning, section, item,
+            std::to_wstring(number) + L" is no " + nounOf(setting) +
+                (setting.othersCountAs ? L" and counts as " + *setting.othersCountAs : L""));
+    }
+
+    static std::wstring nounOf(const Setting& setting) {
+        if (setting.key == L"Fit_Solver") return L"mapper";
+        return setting.key == L"SizeDefinition" ? L"definition of the size" : L"scaling mode";
+    }
+
+    void checkRange(const CheckedSection& section, const CheckedItem& item, const std::vector<double>& numbers) {
+        const auto& range = item.setting->range;
+        if (!range) return;
+        for (const double number : numbers) {
+            if (contains(*range, number)) continue;
+            add(L"XC114", range->ownJudgement ? Severity::Warning : Severity::Error, section, item,
+                shortNumber(number) + L" is outside " + textOf(*range));
+            return;
+        }
+    }
+
+    static constexpr const wchar_t* hidden = L"is hidden by an earlier one";
+
+    Findings& m_findings;
+    std::unordered_map<std::wstring, std::wstring> m_nearest;
+};
+
+}  // namespace
+
+void checkForm(Findings& findings) { FormCheck(findings).run(); }
+
+}  // namespace XMLConfig::detail

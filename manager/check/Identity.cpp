@@ -1,0 +1,308 @@
+#include <algorithm>
+#include <set>
+
+#include "manager/check/Findings.h"
+#include "manager/check/Hardware.h"
+#include "platform/Numbers.h"
+#include "store/Tokens.h"
+
+/// Rules on devices: what names them, and what they name.
+namespace XMLConfig::detail {
+namespace {
+
+using Devices = std::vector<const CheckedSection*>;
+
+constexpr const wchar_t* firstCamera = L"Associated_Camera_Id_1";
+constexpr const wchar_t* secondCamera = L"Associated_Camera_Id_2";
+
+Devices allDevices(const Findings& findings) {
+    Devices devices = findings.read.projectors();
+    devices.insert(devices.end(), findings.read.cameras().begin(), findings.read.cameras().end());
+    return devices;
+}
+
+// Device snippets.
+
+void checkSnippet(Findings& findings, const CheckedSection& device) {
+    const Place place = placeOf(device, L"DeviceSnippet");
+    const ElementView snippet = device.snippet();
+    if (!snippet) {
+        findings.add(L"XC202", Severity::Warning, place, device.title() + L" has no device snippet");
+        return;
+    }
+    const std::wstring uid = snippet.attribute(L"UID").value_or(L"");
+    if (uid != device.id)
+        findings.add(L"XC201", Severity::Error, place,
+                     L"UID " + quoted(uid) + L" in the device snippet is not the section's ID");
+    const std::wstring type = snippet.attribute(L"type").value_or(L"");
+    const std::size_t stars = uid.find(L"***");
+    if (stars != std::wstring::npos && type != uid.substr(0, stars) && type != L"VC")
+        findings.add(L"XC203", Severity::Warning, place, L"the type " + quoted(type) + L" is not that of the UID");
+}
+
+void checkMAC(Findings& findings, const CheckedSection& device) {
+    const std::size_t stars = device.id.find(L"***");
+    const ElementView snippet = device.snippet();
+    if (stars == std::wstring::npos || !snippet) return;
+    const std::wstring inID = device.id.substr(stars + 3);
+    const std::wstring inSnippet = childText(snippet, L"macAddress");
+    const Place place = placeOf(device, L"DeviceSnippet");
+    if (!isMAC(inID))
+        findings.add(L"XC204", Severity::Warning, placeOf(device), quoted(inID) + L" in the ID is no MAC address");
+    else if (!inSnippet.empty() && plainMAC(inSnippet) != plainMAC(inID))
+        findings.add(L"XC204", Severity::Warning, place, inSnippet + L" is not the MAC address in the ID");
+}
+
+std::wstring macOf(const CheckedSection& device) {
+    const std::wstring inSnippet = childText(device.snippet(), L"macAddress");
+    const std::size_t stars = device.id.find(L"***");
+    const std::wstring inID = stars == std::wstring::npos ? L"" : device.id.substr(stars + 3);
+    return isMAC(inSnippet) ? inSnippet : isMAC(inID) ? inID : L"";
+}
+
+void checkSameMAC(Findings& findings) {
+    std::map<std::wstring, const CheckedSection*> owners;
+    for (const CheckedSection* device : allDevices(findings)) {
+        const std::wstring mac = macOf(*device);
+        if (mac.empty()) continue;
+        const auto [owner, isNew] = owners.emplace(plainMAC(mac), device);
+        if (isNew) continue;
+        findings
+            .add(L"XC205", Severity::Error, placeOf(*device),
+                 mac + L" is that of " + owner->second->title() + L" and " + device->title())
+            .places = {otherPlace(placeOf(*owner->second))};
+    }
+}
+
+void checkSameName(Findings& findings, const Devices& devices) {
+    std::map<std::wstring, const CheckedSection*> owners;
+    for (const CheckedSection* device : devices) {
+        const std::wstring name = device->stored(L"Name");
+        if (name.empty()) continue;
+        const auto [owner, isNew] = owners.emplace(name, device);
+        if (isNew) continue;
+        const Place other = placeOf(*owner->second);
+        findings
+            .add(L"XC206", Severity::Warning, placeOf(*device, L"Name"),
+                 quoted(name) + L" is also the name of " + other.address)
+            .places = {otherPlace(placeOf(*owner->second, L"Name"), name)};
+    }
+}
+
+void checkOldID(Findings& findings, const CheckedSection& device, const CheckedSection* holder) {
+    if (holder == nullptr || holder == &device) return;
+    findings.add(L"XC213", Severity::Warning, placeOf(device, L"OldSectionID"), quoted(holder->id) + L" is there as well")
+        .places = {otherPlace(placeOf(*holder))};
+}
+
+// References to cameras.
+
+/// `text` gives what the whole setting would hold with the ID of the camera that is meant.
+template <typename Text>
+void addNoSuchCamera(Findings& findings, const Place& place, const std::wstring& id, const Text& text) {
+    const CheckedSection* const camera = findings.read.cameraThatWas(id);
+    const std::wstring was = camera == nullptr ? L"" : L"; " + quoted(camera->id) + L" was " + id + L" before";
+    Finding& finding = findings.add(L"XC208", Severity::Error, place, L"there is no camera " + quoted(id) + was);
+    if (camera == nullptr) return;
+    finding.places = {otherPlace(placeOf(*camera))};
+    finding.mend = {MendSafety::Safe, {setCommand(place, text(camera->id))}};
+}
+
+void checkCamerasOf(Findings& findings, const CheckedSection& projector) {
+    for (const wchar_t* const key : {firstCamera, secondCamera}) {
+        const std::wstring id = projector.stored(key);
+        if (id.empty() || findings.read.camera(id) != nullptr) continue;
+        addNoSuchCamera(findings, placeOf(projector, key), id, [](const std::wstring& better) { return better; });
+    }
+    const std::wstring first = projector.stored(firstCamera);
+    const std::wstring second = projector.stored(secondCamera);
+    if (second.empty() || (!first.empty() && first != second)) return;
+    const Place place = placeOf(projector, secondCamera);
+    Finding& finding = findings.add(L"XC210", Severity::Warning, place,
+                                    first.empty() ? L"a second camera without a first" : L"is the first camera again");
+    finding.mend.safety = MendSafety::Safe;
+    if (first.empty()) finding.mend.commands = {setCommand(placeOf(projector, firstCamera), second)};
+    finding.mend.commands.push_back(unsetCommand(place));
+}
+
+std::vector<std::wstring> cameraOrder(const Findings& findings) {
+    return tokensOf(findings.read.text(L"Color", L"CameraOrder"));
+}
+
+std::wstring orderWith(std::vector<std::wstring> order, const std::wstring& old, const std::wstring& better) {
+    std::replace(order.begin(), order.end(), old, better);
+    return joined(order, L",");
+}
+
+void checkOrder(Findings& findings) {
+    const std::vector<std::wstring> order = cameraOrder(findings);
+    if (order.empty()) return;
+    const Place place = placeOf(findings, L"Color", L"CameraOrder");
+    std::set<std::wstring> met;
+    std::vector<std::wstring> complete;
+    std::vector<std::wstring> faults;
+    for (const std::wstring& id : order) {
+        const CheckedSection* const camera = findings.read.camera(id);
+        const bool isNew = met.insert(id).second;
+        if (isNew) complete.push_back(id);
+        if (camera == nullptr && isNew)
+            addNoSuchCamera(findings, place, id, [&](const std::wstring& better) { return orderWith(order, id, better); });
+        if (camera != nullptr && !isNew) faults.push_back(L"repeats " + camera->title());
+    }
+    for (const CheckedSection* camera : findings.read.cameras()) {
+        if (met.count(camera->id) != 0) continue;
+        complete.push_back(camera->id);
+        faults.push_back(L"leaves out " + camera->title());
+    }
+    for (const std::wstring& fault : faults)
+        findings.add(L"XC209", Severity::Warning, place, fault).mend = {MendSafety::Asked,
+                                                                        {setCommand(place, joined(complete, L","))}};
+}
+
+bool hasCamera(const CheckedSection& projector) {
+    return !projector.stored(firstCamera).empty() || !projector.stored(secondCamera).empty();
+}
+
+void checkWithoutCamera(Findings& findings) {
+    const auto& projectors = findings.read.projectors();
+    if (!findings.read.flag(L"System", L"Is_Camera_Used")) return;
+    const auto isObserved = [](const CheckedSection* projector) { return !projector->stored(firstCamera).empty(); };
+    if (std::none_of(projectors.begin(), projectors.end(), isObserved)) return;
+    for (const CheckedSection* projector : projectors)
+        if (!hasCamera(*projector))
+            findings.add(L"XC211", Severity::Warning, placeOf(*projector), L"has no camera, other projectors have");
+}
+
+void checkIdleCameras(Findings& findings) {
+    std::set<std::wstring> named;
+    for (const std::wstring& id : cameraOrder(findings)) named.insert(id);
+    for (const CheckedSection* projector : findings.read.projectors())
+        for (const wchar_t* const key : {firstCamera, secondCamera}) named.insert(projector->stored(key));
+    named.erase(L"");
+    if (named.empty()) return;
+    for (const CheckedSection* camera : findings.read.cameras())
+        if (named.count(camera->id) == 0)
+            findings.add(L"XC212", Severity::Note, placeOf(*camera),
+                         L"no projector and no camera order names " + camera->title());
+}
+
+bool isPairOfCameras(const Findings& findings, const std::wstring& pair) {
+    for (std::size_t at = pair.find(L'_'); at != std::wstring::npos; at = pair.find(L'_', at + 1))
+        if (findings.read.camera(pair.substr(0, at)) != nullptr && findings.read.camera(pair.substr(at + 1)) != nullptr)
+            return true;
+    return false;
+}
+
+void checkOverlapPoints(Findings& findings) {
+    const std::wstring beginning = L"CameraOverlapPoint_";
+    const CheckedSection& color = findings.read.section(L"Color");
+    for (const CheckedItem& item : color.items) {
+        if (item.key.compare(0, beginning.size(), beginning) != 0 || item.hiddenBy) continue;
+        if (isPairOfCameras(findings, item.key.substr(beginning.size()))) continue;
+        const Place place = placeOf(color, item);
+        findings.add(L"XC219", Severity::Note, place, L"names no two cameras").mend = {MendSafety::Asked,
+                                                                                       {unsetCommand(place)}};
+    }
+}
+
+// Counts.
+
+/// The number of the highest ACT unit that is described from `count` up; -1 where none is.
+int highestUnitFrom(const CheckedSection& system, int count) {
+    int highest = -1;
+    for (const wchar_t* const beginning : {L"ACT_Address_", L"ACT_Relay_Associations_"})
+        for (const CheckedItem& item : system.items) {
+            const std::wstring prefix = beginning;
+            if (item.setting == nullptr || item.key.compare(0, prefix.size(), prefix) != 0) continue;
+            const int unit = leadingInteger(item.key.substr(prefix.size()));
+            if (unit >= count) highest = std::max(highest, unit);
+        }
+    return highest;
+}
+
+void checkACTUnits(Findings& findings) {
+    const CheckedSection& system = findings.read.section(L"System");
+    const int count = findings.read.integer(L"System", L"ACT_Count");
+    const Place place = placeOf(findings, L"System", L"ACT_Count");
+    const std::wstring is = L"is " + std::to_wstring(count) + L", but unit ";
+    for (int unit = 0; unit < count; ++unit) {
+        if (!system.stored(L"ACT_Address_" + std::to_wstring(unit)).empty()) continue;
+        findings.add(L"XC215", Severity::Warning, place, is + std::to_wstring(unit) + L" has no address");
+        break;
+    }
+    const int highest = highestUnitFrom(system, std::max(count, 0));
+    if (highest < 0) return;
+    Finding& finding = findings.add(L"XC215", Severity::Warning, place, is + std::to_wstring(highest) + L" is described");
+    finding.mend = {MendSafety::Asked, {setCommand(place, std::to_wstring(static_cast<long long>(highest) + 1))}};
+}
+
+void checkSlot(Findings& findings) {
+    const int current = findings.read.integer(L"ProjectorApprovedSlots", L"CurrentSlotID");
+    if (current == -1) return;
+    std::vector<std::wstring> slots;
+    for (const CheckedItem& item : findings.read.section(L"ProjectorApprovedSlots").items) {
+        if (!item.element.isNamed(L"Slot") || item.element.id().empty()) continue;
+        slots.push_back(item.element.id());
+        if (leadingInteger(slots.back()) == current) return;
+    }
+    findings.add(L"XC216", Severity::Note, placeOf(findings, L"ProjectorApprovedSlots", L"CurrentSlotID"),
+                 L"slot " + std::to_wstring(current) + L" is none of the approved slots (" + joined(slots) + L")");
+}
+
+std::wstring thereAre(std::size_t count) {
+    return L"there " + std::wstring(count == 1 ? L"is " : L"are ") + counted(count, L"projector");
+}
+
+void checkCount(Findings& findings) {
+    const std::size_t actual = findings.read.projectors().size();
+    if (actual == 0 && !findings.read.section(L"Geometry").holds(L"Projector_Count")) return;
+    const int count = findings.read.integer(L"Geometry", L"Projector_Count");
+    if (count >= 0 && static_cast<std::size_t>(count) == actual) return;
+    const Place place = placeOf(findings, L"Geometry", L"Projector_Count");
+    findings.add(L"XC217", Severity::Warning, place, L"reads " + std::to_wstring(count) + L", but " + thereAre(actual))
+        .mend = {MendSafety::Asked, {setCommand(place, std::to_wstring(actual))}};
+}
+
+void checkLayoutRoom(Findings& findings) {
+    const std::size_t actual = findings.read.projectors().size();
+    const CheckedSection& geometry = findings.read.section(L"Geometry");
+    const bool isStored = geometry.holds(L"Projector_Layout_Width") || geometry.holds(L"Projector_Layout_Height");
+    if (actual == 0 && !isStored) return;
+    const double width = findings.read.integer(L"Geometry", L"Projector_Layout_Width");
+    const double height = findings.read.integer(L"Geometry", L"Projector_Layout_Height");
+    const double stack = std::max(1, findings.read.integer(L"Geometry", L"UserStackHeightOverride"));
+    const double room = width * height * stack;
+    if (room == static_cast<double>(actual)) return;
+    const std::wstring stacked = stack > 1.0 ? L", " + shortNumber(stack) + L" high," : L"";
+    findings.add(L"XC218", Severity::Warning, placeOf(findings, L"Geometry", L"Projector_Layout_Width"),
+                 L"the layout of " + shortNumber(width) + L" x " + shortNumber(height) + stacked + L" has room for " +
+                     shortNumber(room) + L", but " + thereAre(actual));
+}
+
+}  // namespace
+
+void checkIdentity(Findings& findings) {
+    for (const CheckedSection* device : allDevices(findings)) {
+        checkSnippet(findings, *device);
+        checkMAC(findings, *device);
+    }
+    checkSameMAC(findings);
+    checkSameName(findings, findings.read.projectors());
+    checkSameName(findings, findings.read.cameras());
+    for (const CheckedSection* projector : findings.read.projectors()) {
+        checkOldID(findings, *projector, findings.read.projector(projector->stored(L"OldSectionID")));
+        checkCamerasOf(findings, *projector);
+    }
+    for (const CheckedSection* camera : findings.read.cameras())
+        checkOldID(findings, *camera, findings.read.camera(camera->stored(L"OldSectionID")));
+    checkOrder(findings);
+    checkWithoutCamera(findings);
+    checkIdleCameras(findings);
+    checkOverlapPoints(findings);
+    checkACTUnits(findings);
+    checkSlot(findings);
+    checkCount(findings);
+    checkLayoutRoom(findings);
+}
+
+}  // namespace XMLConfig::detail

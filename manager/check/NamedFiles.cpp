@@ -1,0 +1,88 @@
+#include "manager/check/NamedFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Utf8.h"
+
+namespace XMLConfig::detail {
+namespace {
+
+constexpr const wchar_t* screenKeys[] = {L"VRML", L"MeasuredVRML", L"PCD", L"Marked_Surface_File"};
+constexpr const wchar_t* projectorKeys[] = {L"Red_Green_Alignment_Image", L"Projection_Model_File",
+                                            L"Projection_Model_Script", L"Projection_Layout_File"};
+
+/// Finds names that differ in case only, and reads each folder once.
+class Spelling {
+public:
+    /// The name as its parts are spelt on the disk; "" where a part is missing.
+    std::wstring find(const std::wstring& folder, const std::wstring& name) {
+        const std::size_t slash = name.rfind(L'/');
+        if (slash == std::wstring::npos) return entryLike(folder, name);
+        const std::wstring above = find(folder, name.substr(0, slash));
+        if (above.empty()) return {};
+        const std::wstring entry = entryLike(joinPath(folder, above), name.substr(slash + 1));
+        return entry.empty() ? L"" : above + L"/" + entry;
+    }
+
+private:
+    using Entries = std::map<std::wstring, std::wstring>;  // by name in lower case
+
+    std::wstring entryLike(const std::wstring& folder, const std::wstring& name) {
+        if (name == L"." || name == L"..") return name;
+        const auto [entries, isNew] = m_folders.emplace(folder, Entries());
+        if (isNew) entries->second = entriesOf(folder);
+        const auto found = entries->second.find(lowerCase(name));
+        return found == entries->second.end() ? L"" : found->second;
+    }
+
+    static Entries entriesOf(const std::wstring& folder) {
+        Entries entries;
+        std::error_code fault;
+        const std::filesystem::path path = std::filesystem::u8path(utf8FromWide(folder.empty() ? L"." : folder));
+        for (std::filesystem::directory_iterator entry(path, fault), end; !fault && entry != end; entry.increment(fault)) {
+            const std::wstring name = wideFromUtf8(entry->path().filename().u8string());
+            entries.emplace(lowerCase(name), name);
+        }
+        return entries;
+    }
+
+    std::map<std::wstring, Entries> m_folders;
+};
+
+class Search {
+public:
+    explicit Search(const Findings& findings) : m_folder(folderOf(findings.options.file)) {}
+
+    void lookFor(const CheckedSection& section, const wchar_t* key) {
+        const CheckedItem* const item = section.find(key);
+        if (item == nullptr || item->text.empty()) return;
+        NamedFile file{placeOf(section, *item), item->text, false, false, {}};
+        std::replace(file.name.begin(), file.name.end(), L'\\', L'/');
+        file.isThere = fileExists(joinPath(m_folder, file.name));
+        if (!file.isThere && !isAbsolute(file.name)) file.otherCase = m_spelling.find(m_folder, file.name);
+        file.isOtherCase = !file.otherCase.empty();
+        m_files.push_back(file);
+    }
+    std::vector<NamedFile> take() { return std::move(m_files); }
+
+private:
+    std::wstring m_folder;
+    Spelling m_spelling;
+    std::vector<NamedFile> m_files;
+};
+
+}  // namespace
+
+std::vector<NamedFile> namedFiles(const Findings& findings) {
+    Search search(findings);
+    for (const wchar_t* const key : screenKeys) search.lookFor(findings.read.section(L"Screen"), key);
+    for (const CheckedSection* projector : findings.read.projectors())
+        for (const wchar_t* const key : projectorKeys) search.lookFor(*projector, key);
+    return search.take();
+}
+
+}  // namespace XMLConfig::detail

@@ -1,0 +1,224 @@
+#include <map>
+
+#include "manager/check/Findings.h"
+#include "manager/check/Hardware.h"
+#include "platform/Numbers.h"
+#include "store/Tokens.h"
+
+/// Rules on network addresses and ports.
+namespace XMLConfig::detail {
+namespace {
+
+/// Something that is reached by an address or a port.
+struct Station {
+    Place place;
+    std::wstring title;
+    std::wstring address;  ///< of the network; "" for a serial port
+    std::wstring port;     ///< of the address, or the serial one
+    std::wstring id;       ///< of the device at that address or port; "" where there is one only
+    bool isProjector = false;
+    bool isBlackBox = false;
+};
+
+bool isType(const ElementView& connection, const std::wstring& type) {
+    return lowerCase(connection.attribute(L"type").value_or(L"")) == type;
+}
+
+struct BlackBox {
+    bool isEnabled = false;
+    bool isSerial = false;
+    std::wstring address;
+    std::wstring port;
+    int powerPort = 0;
+};
+
+/// Nothing where fewer than five pieces are stored.
+std::optional<BlackBox> blackBoxOf(const std::wstring& text) {
+    const std::vector<std::wstring> parts = tokensOf(text);
+    if (parts.size() < 5) return std::nullopt;
+    return BlackBox{lowerCase(parts[0]) == L"true", lowerCase(parts[1]) == L"serial", parts[2], parts[3],
+                    leadingInteger(parts[4])};
+}
+
+constexpr const wchar_t* camerasBox = L"Black_Box_Cameras_Comm";
+constexpr const wchar_t* lightsBox = L"Black_Box_LED_Lights_Comm";
+
+class NetworkCheck {
+public:
+    explicit NetworkCheck(Findings& findings) : m_findings(findings) {}
+
+    void run() {
+        for (const CheckedSection* projector : m_findings.read.projectors()) readProjector(*projector);
+        for (const CheckedSection* camera : m_findings.read.cameras()) readCamera(*camera);
+        readACTUnits();
+        readColorimeter();
+        for (const wchar_t* const key : {camerasBox, lightsBox}) readBlackBox(key);
+        checkSharedPowerPort();
+        checkAddresses();
+        checkPorts();
+        checkNetworks();
+    }
+
+private:
+    void add(const wchar_t* rule, Severity severity, const Place& place, const std::wstring& message) {
+        m_findings.add(rule, severity, place, message);
+    }
+
+    // What there is.
+
+    void readProjector(const CheckedSection& projector) {
+        const ElementView snippet = projector.snippet();
+        if (!snippet) return;  // has a rule of its own
+        const ElementView connection = childOf(snippet, L"connection");
+        const Place place = placeOf(projector, L"DeviceSnippet");
+        if (!connection) return add(L"XC707", Severity::Warning, place, L"has no connection yet");
+        if (isType(connection, L"virtual")) return add(L"XC708", Severity::Warning, place, L"is a virtual device");
+        Station station{place, projector.title(), {}, childText(connection, L"port"), childText(snippet, L"id"), true};
+        const bool isSerial = isType(connection, L"serial");
+        if (!isSerial) station.address = childText(connection, L"address");
+        if (!isSerial && station.address.empty()) return add(L"XC707", Severity::Warning, place, L"has no address");
+        if (station.port.empty()) return add(L"XC707", Severity::Warning, place, L"has no port");
+        (isSerial ? m_serial : m_network).push_back(station);
+    }
+
+    void readCamera(const CheckedSection& camera) {
+        const ElementView snippet = camera.snippet();
+        if (!snippet) return;
+        const Place place = placeOf(camera, L"DeviceSnippet");
+        if (snippet.attribute(L"type") == L"VC") add(L"XC708", Severity::Warning, place, L"is a virtual device");
+        const std::wstring address = childText(snippet, L"ipAddress");
+        if (!address.empty()) m_network.push_back({place, camera.title(), address, L"", L"", false});
+        else if (lowerCase(childText(snippet, L"dhcp")) == L"false")
+            add(L"XC705", Severity::Error, place, L"has no DHCP and no address");
+        readNetwork(snippet, place, address);
+    }
+
+    void readNetwork(const ElementView& snippet, const Place& place, const std::wstring& address) {
+        const auto own = ipv4Of(address);
+        const auto mask = ipv4Of(childText(snippet, L"subnetMask"));
+        if (!own || !mask) return;
+        m_networks.emplace(*own & *mask, *mask);
+        const std::wstring gatewayText = childText(snippet, L"defaultGateway");
+        const auto gateway = ipv4Of(gatewayText);
+        if (gateway && *gateway != 0 && (*gateway & *mask) != (*own & *mask))
+            add(L"XC705", Severity::Warning, place, L"the gateway " + gatewayText + L" is outside its network");
+    }
+
+    void readACTUnits() {
+        const std::wstring beginning = L"ACT_Address_";
+        const CheckedSection& system = m_findings.read.section(L"System");
+        for (const CheckedItem& item : system.items) {
+            if (item.hiddenBy || item.text.empty() || item.key.compare(0, beginning.size(), beginning) != 0) continue;
+            m_network.push_back(
+                {placeOf(system, item), L"ACT unit " + item.key.substr(beginning.size()), item.text, L"", L"", false});
+        }
+    }
+
+    void readColorimeter() {
+        if (m_findings.read.integer(L"Color", L"Colorimeter_Type") == 0) return;
+        m_serial.push_back({placeOf(m_findings, L"Color", L"AdvColor_ComPort"), L"the colorimeter", L"",
+                            m_findings.read.text(L"Color", L"AdvColor_ComPort"), L"", false});
+    }
+
+    // Black boxes.
+
+    void readBlackBox(const wchar_t* key) {
+        const std::wstring text = m_findings.read.section(L"System").stored(key);
+        const std::size_t parts = tokensOf(text).size();
+        if (parts == 0) return;
+        const Place place = placeOf(m_findings, L"System", key);
+        const std::optional<BlackBox> box = blackBoxOf(text);
+        if (!box) return add(L"XC706", Severity::Error, place, L"holds " + counted(parts, L"part") + L"; it needs five");
+        const int available = m_findings.read.integer(L"System", L"Available_BlackBox_Power_Ports");
+        if (box->powerPort < 1 || box->powerPort > available)
+            add(L"XC706", Severity::Warning, place,
+                L"power port " + std::to_wstring(box->powerPort) + L"; there are " + std::to_wstring(available));
+        if (box->isEnabled && box->isSerial)
+            m_serial.push_back({place, L"a black box", L"", box->address, L"", false, true});
+    }
+
+    void checkSharedPowerPort() {
+        const CheckedSection& system = m_findings.read.section(L"System");
+        const std::optional<BlackBox> cameras = blackBoxOf(system.stored(camerasBox));
+        const std::optional<BlackBox> lights = blackBoxOf(system.stored(lightsBox));
+        if (!cameras || !lights || !cameras->isEnabled || !lights->isEnabled) return;
+        const bool isSameBox = cameras->isSerial == lights->isSerial &&
+                               lowerCase(cameras->address) == lowerCase(lights->address) &&
+                               (cameras->isSerial || cameras->port == lights->port);
+        if (isSameBox && cameras->powerPort == lights->powerPort)
+            add(L"XC706", Severity::Error, placeOf(system, lightsBox),
+                L"is at power port " + std::to_wstring(lights->powerPort) + L" of the box, as the cameras are");
+    }
+
+    // Addresses.
+
+    void checkAddresses() {
+        std::map<std::wstring, std::vector<const Station*>> byAddress;
+        for (const Station& station : m_network) {
+            if (!ipv4Of(station.address))
+                add(L"XC703", Severity::Warning, station.place, quoted(station.address) + L" is no IPv4 address");
+            else checkSameAddress(byAddress[station.address], station);
+        }
+    }
+
+    /// Projectors may share an address where each has a port of its own. Of many that share one, each is compared with the
+    /// first of its kind only.
+    void checkSameAddress(std::vector<const Station*>& earlier, const Station& station) {
+        for (const Station* other : earlier) {
+            if (station.isProjector && other->isProjector && station.port != other->port) continue;
+            const bool haveOwnIDs = station.isProjector && other->isProjector && station.id != other->id;
+            m_findings
+                .add(L"XC701", haveOwnIDs ? Severity::Warning : Severity::Error, station.place,
+                     station.address + L" is used by " + other->title + L" and " + station.title)
+                .places = {otherPlace(other->place)};
+            return;
+        }
+        earlier.push_back(&station);
+    }
+
+    void checkPorts() {
+        std::map<std::wstring, std::vector<const Station*>> byPort;
+        for (const Station& station : m_serial) checkSamePort(byPort[lowerCase(station.port)], station);
+    }
+
+    /// Several projectors on one line are told apart by their IDs, both black boxes may be one.
+    void checkSamePort(std::vector<const Station*>& earlier, const Station& station) {
+        for (const Station* other : earlier) {
+            if (station.isProjector && other->isProjector && station.id != other->id) continue;
+            if (station.isBlackBox && other->isBlackBox) continue;
+            m_findings
+                .add(L"XC702", Severity::Error, station.place,
+                     station.port + L" is used by " + other->title + L" and " + station.title)
+                .places = {otherPlace(other->place)};
+            return;
+        }
+        earlier.push_back(&station);
+    }
+
+    void checkNetworks() {
+        if (m_networks.empty()) return;
+        for (const Station& station : m_network) {
+            const auto address = ipv4Of(station.address);
+            const bool isCamera = !station.isProjector && station.title.compare(0, 4, L"ACT ") != 0;
+            if (!address || isCamera || isInNetworks(*address)) continue;
+            add(L"XC704", Severity::Note, station.place, station.address + L" is in none of the cameras' networks");
+        }
+    }
+
+    [[nodiscard]] bool isInNetworks(std::uint32_t address) const {
+        for (const auto& [network, mask] : m_networks)
+            if ((address & mask) == network) return true;
+        return false;
+    }
+
+    Findings& m_findings;
+    std::vector<Station> m_network;
+    std::vector<Station> m_serial;
+    std::set<std::pair<std::uint32_t, std::uint32_t>> m_networks;  // network and mask
+};
+
+}  // namespace
+
+void checkNetwork(Findings& findings) { NetworkCheck(findings).run(); }
+
+}  // namespace XMLConfig::detail

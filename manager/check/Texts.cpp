@@ -1,0 +1,106 @@
+#include "manager/check/Texts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cwctype>
+
+#include "base/UnitConversionTable.h"
+#include "platform/Numbers.h"
+#include "store/Tokens.h"
+
+namespace XMLConfig::detail {
+namespace {
+
+using Table = UnitConversionTable;
+constexpr double degreesInARadian = 57.295779513082320877;
+
+bool isNumbers(SettingType type) {
+    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
+           type == SettingType::Point2 || type == SettingType::Point3;
+}
+
+}  // namespace
+
+std::wstring shortNumber(double value, int decimals) {
+    if (!std::isfinite(value)) return formatFixed(value, 0);
+    std::wstring text = formatFixed(value, decimals);
+    if (text.find(L'.') != std::wstring::npos) {
+        text.erase(text.find_last_not_of(L'0') + 1);
+        if (text.back() == L'.') text.pop_back();
+    }
+    return text == L"-0" ? L"0" : text;
+}
+
+std::wstring shortText(const std::wstring& stored, SettingType type) {
+    if (!isNumbers(type) || !isOfType(stored, type)) return stored;
+    std::vector<std::wstring> numbers;
+    for (const std::wstring& token : tokensOf(stored)) numbers.push_back(shortNumber(leadingDouble(token)));
+    return joined(numbers);
+}
+
+std::wstring quoted(const std::wstring& text) { return L"\"" + text + L"\""; }
+
+std::wstring counted(std::size_t count, const std::wstring& noun) {
+    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
+}
+
+std::wstring joined(const std::vector<std::wstring>& texts, const wchar_t* separator) {
+    std::wstring result;
+    for (std::size_t i = 0; i < texts.size(); ++i) result += (i == 0 ? L"" : separator) + texts[i];
+    return result;
+}
+
+std::wstring lowerCase(const std::wstring& text) {
+    std::wstring lower = text;
+    for (wchar_t& letter : lower)
+        if (letter >= L'A' && letter <= L'Z') letter = static_cast<wchar_t>(letter - L'A' + L'a');
+    return lower;
+}
+
+std::size_t lettersBetween(const std::wstring& left, const std::wstring& right, std::size_t limit) {
+    const std::size_t difference = left.size() > right.size() ? left.size() - right.size() : right.size() - left.size();
+    if (difference > limit) return limit + 1;
+    std::vector<std::size_t> row(right.size() + 1);
+    for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
+    for (std::size_t i = 1; i <= left.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i;
+        for (std::size_t j = 1; j <= right.size(); ++j) {
+            const std::size_t replaced = diagonal + (left[i - 1] == right[j - 1] ? 0 : 1);
+            diagonal = row[j];
+            row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
+        }
+    }
+    return std::min(row.back(), limit + 1);
+}
+
+const std::wstring* nearest(const std::wstring& text, const std::vector<std::wstring>& texts) {
+    constexpr std::size_t limit = 2;
+    const std::wstring* best = nullptr;
+    std::size_t least = limit + 1;
+    for (const std::wstring& candidate : texts) {
+        const std::size_t letters = lettersBetween(text, candidate, limit);
+        if (letters >= least || letters >= candidate.size()) continue;
+        least = letters;
+        best = &candidate;
+    }
+    return best;
+}
+
+ShownUnits::ShownUnits(const std::wstring& lengthUnit, const std::wstring& angleUnit)
+    : m_isDegrees(angleUnit != L"Radians"), m_lengthUnit(lengthUnit) {}
+
+std::wstring ShownUnits::angle(double radians, int decimals) const {
+    if (m_isDegrees) return shortNumber(radians * degreesInARadian, decimals) + L"\u00b0";
+    return shortNumber(radians, decimals + 2) + L" rad";
+}
+
+std::wstring ShownUnits::point(const Point_3Dim<double>& meters) const {
+    Table::UnitSubType unit = Table::Meters;
+    for (const auto candidate : {Table::Millimeters, Table::Centimeters, Table::Inches, Table::Feet})
+        if (Table::getUnitName(candidate) == m_lengthUnit) unit = candidate;
+    const auto shown = [&](double value) { return shortNumber(Table::convertValue(Table::Meters, unit, value), 4); };
+    return shown(meters.x) + L", " + shown(meters.y) + L", " + shown(meters.z) + L" " + Table::getUnitSuffix(unit);
+}
+
+}  // namespace XMLConfig::detail

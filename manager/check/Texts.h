@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/Setting.h"
+#include "store/ValueTypes.h"
+
+class ConfigInfo;
+
+/// Values as the messages of findings show them.
+namespace XMLConfig::detail {
+
+/// Rounded to at most so many decimals, without trailing zeros; never -0.
+std::wstring shortNumber(double value, int decimals = 6);
+/// A stored text with its numbers short, as it stands where it is none.
+std::wstring shortText(const std::wstring& stored, SettingType type);
+std::wstring quoted(const std::wstring& text);
+/// "projector" or "projectors".
+std::wstring counted(std::size_t count, const std::wstring& noun);
+std::wstring joined(const std::vector<std::wstring>& texts, const wchar_t* separator = L", ");
+std::wstring lowerCase(const std::wstring& text);
+/// How many letters have to be changed, added or taken away to make one text of the other; at most `limit` + 1.
+std::size_t lettersBetween(const std::wstring& left, const std::wstring& right, std::size_t limit);
+/// The one of the texts that is one or two letters away from the text, the nearest and first; null when none is.
+const std::wstring* nearest(const std::wstring& text, const std::vector<std::wstring>& texts);
+
+/// Angles and lengths in the units that the document asks for.
+class ShownUnits {
+public:
+    explicit ShownUnits(const std::wstring& lengthUnit, const std::wstring& angleUnit);
+    [[nodiscard]] std::wstring angle(double radians, int decimals = 2) const;
+    [[nodiscard]] std::wstring point(const Point_3Dim<double>& meters) const;
+
+private:
+    bool m_isDegrees;
+    std::wstring m_lengthUnit;
+};
+
+}  // namespace XMLConfig::detail

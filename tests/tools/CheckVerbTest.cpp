@@ -1,0 +1,161 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+using Json = nlohmann::json;
+
+const std::string example = TemporaryFolder::readFile("examples/dome.skorrax");
+
+class CheckVerb : public ::testing::Test {
+protected:
+    /// A file of that content, by its path.
+    std::string file(const std::string& content, const std::wstring& name = L"dome.skorrax") {
+        folder.write(name, content);
+        return (folder.path() / name).u8string();
+    }
+    std::string changed(const std::string& from, const std::string& to) {
+        std::string content = example;
+        const std::size_t at = content.find(from);
+        EXPECT_NE(at, std::string::npos) << from;
+        return file(content.replace(at, from.size(), to));
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(CheckVerb, TellsOfTheExample) {
+    const ToolRun run = runTool({"check", "examples/dome.skorrax"});
+    EXPECT_EQ(
+        run.output,
+        "note[XC216] examples/dome.skorrax:201 ProjectorApprovedSlots/CurrentSlotID: slot 3 is none of the approved "
+        "slots (1, 2)\n"
+        "note[XC321] examples/dome.skorrax:73 Screen: 22 % of the screen is in no channel; all of -10\u00b0 to -7\u00b0 "
+        "and 45\u00b0 to 60\u00b0 up\n"
+        "note[XC408] examples/dome.skorrax:364 Projector[Dome 2]/Box_Spacing: 2, the other 3 projectors have 1.5\n"
+        "note[XC409] examples/dome.skorrax:501 Projector[Dome 4]/Portrait_Mode: says again what it would inherit "
+        "(0)\n"
+        "note[XC901] 7 settings have no effect now: Geometry/Box_Size, Screen/Screen_Height, Screen/Screen_Width, "
+        "System/Cinema/Vertical_Stretch, \u2026\n"
+        "note[XC902] none of the 8 files that it names is here; is this a copy?\n"
+        "examples/dome.skorrax: 0 errors, 0 warnings, 12 notes\n");
+    EXPECT_EQ(run.errors, "");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST_F(CheckVerb, NotesCountWhereItIsStrict) {
+    EXPECT_EQ(runTool({"check", "--strict", "examples/dome.skorrax"}).status, 1);
+    const ToolRun run = runTool({"check", "--strict", "--only", "XC103", "examples/dome.skorrax"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "examples/dome.skorrax: 0 errors, 0 warnings, 0 notes; all is well\n");
+}
+
+TEST_F(CheckVerb, FilesAreNotLookedForWhereNotAsked) {
+    EXPECT_THAT(runTool({"check", "--no-files", "examples/dome.skorrax"}).output,
+                EndsWith("0 errors, 0 warnings, 11 notes\n"));
+}
+
+TEST_F(CheckVerb, OnlyTakesRulesThatThereAre) {
+    const ToolRun run = runTool({"check", "--only", "XC999", "examples/dome.skorrax"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.errors, HasSubstr("there is no rule XC999"));
+    EXPECT_EQ(runTool({"check", "--only", "xc216", "examples/dome.skorrax"}).output,
+              "note[XC216] examples/dome.skorrax:201 ProjectorApprovedSlots/CurrentSlotID: slot 3 is none of the approved "
+              "slots (1, 2)\nexamples/dome.skorrax: 0 errors, 0 warnings, 1 note\n");
+}
+
+TEST_F(CheckVerb, ChannelsAreShownAsAPicture) {
+    const std::string moved = changed("<Yaw>3.926990816987241e-01", "<Yaw>7.417649320975901e-01");
+    const ToolRun run = runTool({"check", "--only", "XC301", moved});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output, "warning[XC301] " + moved +
+                              ":390 Projector[Dome 3]/Channel_Extents/Heading/Yaw: 5\u00b0 gap between \"Dome 2\" and "
+                              "\"Dome 3\"\n" +
+                              moved + ": 0 errors, 1 warning, 0 notes\n  a picture: xmlconfig layout --svg layout.svg " +
+                              moved + "\n");
+}
+
+TEST_F(CheckVerb, HiddenItemsNameTheLineOfTheOther) {
+    const std::string twice =
+        changed("<Blend_Run>true</Blend_Run>", "<Blend_Run>true</Blend_Run>\n<Blend_Run>false</Blend_Run>");
+    EXPECT_EQ(runTool({"check", "--only", "XC106", twice}).output,
+              "warning[XC106] " + twice + ":34 Geometry/Blend_Run: is hidden by that in line 33\n" + twice +
+                  ": 0 errors, 1 warning, 0 notes\n");
+}
+
+TEST_F(CheckVerb, SameWordsShareALine) {
+    std::string content = example;
+    for (std::size_t at = 0; (at = content.find("<Gamma>2.2", at)) != std::string::npos; at += 10)
+        content.replace(at, 10, "<Gamma>9.2");
+    const std::string bad = file(content);
+    EXPECT_EQ(runTool({"check", "--only", "XC114", bad}).output,
+              "warning[XC114] 4 times: 9.2 is outside 1 to 4: Projector[Dome 1]/Gamma, Projector[Dome 2]/Gamma, "
+              "Projector[Dome 3]/Gamma, Projector[Dome 4]/Gamma\n" +
+                  bad + ": 0 errors, 4 warnings, 0 notes\n");
+}
+
+TEST_F(CheckVerb, OldFilesAreCheckedAsUpgraded) {
+    const std::string old = "examples/history/dome-8.000.skorrax";
+    const ToolRun run = runTool({"check", old});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, StartsWith("warning[XC101] " + old +
+                                       ":4 Version: is of file version 8.000; checked as it would be after the upgrade\n"));
+}
+
+TEST_F(CheckVerb, NewerFilesAreTold) {
+    const std::string newer = file("<ConfigInfo>\n<Version>10.000</Version><Sistem/></ConfigInfo>");
+    const ToolRun run = runTool({"check", newer});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output, "error[XC102] " + newer + ":2 Version: is of file version 10.0; this program knows 9.0\n" + newer +
+                              ": 1 error, 0 warnings, 0 notes\n");
+}
+
+TEST_F(CheckVerb, ShowsWhereTheXMLIsBroken) {
+    const std::string broken = file("<ConfigInfo>\n  <Version>9.000</Versoin>\n</ConfigInfo>\n");
+    const ToolRun run = runTool({"check", broken});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.output, "");
+    EXPECT_THAT(run.errors, HasSubstr("line 2, column "));
+    EXPECT_THAT(run.errors, HasSubstr("\n    <Version>9.000</Versoin>\n"));
+    EXPECT_THAT(run.errors, EndsWith("^\n"));
+}
+
+TEST_F(CheckVerb, WhatIsNoConfigurationCannotBeRead) {
+    const std::string none = file("<ConfigInfo/>");
+    const ToolRun run = runTool({"check", none});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.errors, "xmlconfig: " + none + ": is no configuration, it has no version\n");
+}
+
+TEST_F(CheckVerb, GoesOnAfterAFileThatCannotBeRead) {
+    const std::string missing = (folder.path() / "missing.skorrax").u8string();
+    const ToolRun run = runTool({"check", "--json", missing, "examples/dome.skorrax"});
+    EXPECT_EQ(run.status, 3);
+    const Json answer = Json::parse(run.output);
+    EXPECT_EQ(answer["exit"], 3);
+    EXPECT_EQ(answer["files"][0]["fault"], "Error parseDataFile: Can not open file: " + missing);
+    EXPECT_EQ(answer["files"][1]["notes"], 12);
+}
+
+TEST_F(CheckVerb, AnswersInJson) {
+    const ToolRun run = runTool({"check", "--json", "--only", "XC409", "examples/dome.skorrax"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(Json::parse(run.output), Json::parse(R"json({"format": 1, "verb": "check", "files": [{
+        "file": "examples/dome.skorrax", "version": 9.0, "errors": 0, "warnings": 0, "notes": 1, "findings": [{
+          "rule": "XC409", "name": "repeats-what-it-inherits", "severity": "note",
+          "address": "Projector[VELDAR***00:0a:0b:0c:0d:1f]/Portrait_Mode", "device": "Dome 4", "line": 501,
+          "message": "says again what it would inherit (0)",
+          "places": [{"address": "Geometry/Portrait_Mode", "line": 47, "text": "0"}],
+          "mend": {"safety": "safe", "commands": [
+            ["unset", "examples/dome.skorrax", "Projector[VELDAR***00:0a:0b:0c:0d:1f]/Portrait_Mode"]]}}]}], "exit": 0})json"));
+}
+
+}  // namespace

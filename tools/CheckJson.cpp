@@ -1,0 +1,72 @@
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "platform/Utf8.h"
+#include "tools/CheckText.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Finding;
+using XMLConfig::Severity;
+using Json = nlohmann::ordered_json;
+
+Json text(const std::wstring& wide) { return XMLConfig::utf8FromWide(wide); }
+
+Json numberOrNull(const std::optional<unsigned long long>& line) { return line ? Json(*line) : Json(nullptr); }
+
+Json placesOf(const CheckedFile::Place& place) {
+    Json places = Json::array();
+    for (std::size_t i = 0; i < place.finding.places.size(); ++i) {
+        const XMLConfig::FindingPlace& other = place.finding.places[i];
+        places.push_back(
+            {{"address", text(other.address)}, {"line", numberOrNull(place.otherLines[i])}, {"text", text(other.text)}});
+    }
+    return places;
+}
+
+Json mendOf(const Finding& finding, const std::string& file) {
+    Json commands = Json::array();
+    for (const std::vector<std::wstring>& command : finding.mend.commands) {
+        Json words = Json::array();
+        for (const std::wstring& word : command) words.push_back(word == L"FILE" ? Json(file) : text(word));
+        commands.push_back(words);
+    }
+    return {{"safety", text(nameOf(finding.mend.safety))}, {"commands", commands}};
+}
+
+Json jsonOf(const CheckedFile::Place& place, const std::string& file) {
+    const Finding& finding = place.finding;
+    return {{"rule", text(finding.rule)},
+            {"name", text(finding.name)},
+            {"severity", text(nameOf(finding.severity))},
+            {"address", text(finding.address)},
+            {"device", finding.device.empty() ? Json(nullptr) : text(finding.device)},
+            {"line", numberOrNull(place.line)},
+            {"message", text(messageOf(place))},
+            {"places", placesOf(place)},
+            {"mend", mendOf(finding, file)}};
+}
+
+Json jsonOf(const CheckedFile& checked) {
+    if (!checked.fault.empty()) return {{"file", checked.file}, {"fault", text(checked.fault)}};
+    Json json = {{"file", checked.file},
+                 {"version", checked.version},
+                 {"errors", checked.count(Severity::Error)},
+                 {"warnings", checked.count(Severity::Warning)},
+                 {"notes", checked.count(Severity::Note)}};
+    json["findings"] = Json::array();
+    for (const CheckedFile::Place& place : checked.findings) json["findings"].push_back(jsonOf(place, checked.file));
+    return json;
+}
+
+}  // namespace
+
+std::wstring checkJson(const std::vector<CheckedFile>& checked, int exitStatus) {
+    Json json = {{"format", 1}, {"verb", "check"}, {"files", Json::array()}};
+    for (const CheckedFile& file : checked) json["files"].push_back(jsonOf(file));
+    json["exit"] = exitStatus;
+    return XMLConfig::wideFromUtf8(json.dump(2)) + L"\n";
+}
+
+}  // namespace tool

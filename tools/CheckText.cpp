@@ -1,0 +1,135 @@
+#include "tools/CheckText.h"
+
+#include <algorithm>
+
+#include "platform/Utf8.h"
+#include "store/Address.h"
+#include "store/CorvaneException.h"
+#include "tools/Colour.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Finding;
+using XMLConfig::Severity;
+using Place = CheckedFile::Place;
+
+std::wstring counted(std::size_t count, const wchar_t* noun) {
+    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
+}
+
+/// Findings of one rule that may share a line have the same.
+std::wstring wordsOf(const Finding& finding) {
+    if (finding.rule == L"XC901") return L"has no effect now";  // what switches it off may differ
+    return finding.message;
+}
+
+bool canShareLine(const Finding& a, const Finding& b) {
+    return a.rule == b.rule && a.severity == b.severity && wordsOf(a) == wordsOf(b);
+}
+
+std::wstring shownAddress(const Finding& finding, const Showing& showing) {
+    try {
+        return showing.address(finding.address, XMLConfig::parseAddress(finding.address));
+    } catch (const CorvaneParseException&) {
+        return finding.address;
+    }
+}
+
+std::wstring head(const Finding& finding, bool isColoured) {
+    const Tone tone = finding.severity == Severity::Error     ? Tone::Bad
+                      : finding.severity == Severity::Warning ? Tone::Doubtful
+                                                              : Tone::Good;
+    return coloured(nameOf(finding.severity), tone, isColoured) + L"[" + finding.rule + L"] ";
+}
+
+class Text {
+public:
+    Text(const CheckedFile& checked, const Showing& showing, bool isColoured)
+        : m_checked(checked), m_showing(showing), m_isColoured(isColoured), m_file(XMLConfig::wideFromUtf8(checked.file)) {}
+
+    std::wstring make() const {
+        std::wstring text;
+        std::vector<bool> isTold(m_checked.findings.size(), false);
+        for (std::size_t i = 0; i < m_checked.findings.size(); ++i) {
+            if (isTold[i]) continue;
+            const std::vector<std::size_t> alike = alikeFrom(i);
+            if (alike.size() <= mostLines) {
+                text += line(m_checked.findings[i]);
+                continue;
+            }
+            for (const std::size_t index : alike) isTold[index] = true;
+            text += sharedLine(alike);
+        }
+        return text + countLine() + hints();
+    }
+
+private:
+    static constexpr std::size_t mostLines = 3;
+    static constexpr std::size_t mostNamed = 4;
+
+    /// The findings of the same rule with the same words, which stand near one another.
+    [[nodiscard]] std::vector<std::size_t> alikeFrom(std::size_t first) const {
+        std::vector<std::size_t> alike;
+        const Finding& one = m_checked.findings[first].finding;
+        for (std::size_t i = first; i < m_checked.findings.size() && m_checked.findings[i].finding.rule == one.rule; ++i)
+            if (canShareLine(one, m_checked.findings[i].finding)) alike.push_back(i);
+        return alike;
+    }
+
+    [[nodiscard]] std::wstring line(const Place& place) const {
+        const Finding& finding = place.finding;
+        const std::wstring start = head(finding, m_isColoured);
+        if (finding.address.empty()) return start + messageOf(place) + L"\n";
+        const std::wstring number = place.line ? L":" + std::to_wstring(*place.line) : L"";
+        return start + m_file + number + L" " + shownAddress(finding, m_showing) + L": " + messageOf(place) + L"\n";
+    }
+
+    [[nodiscard]] std::wstring sharedLine(const std::vector<std::size_t>& alike) const {
+        const Finding& first = m_checked.findings[alike[0]].finding;
+        std::wstring text = head(first, m_isColoured) + std::to_wstring(alike.size());
+        text += first.rule == L"XC901" ? L" settings have no effect now: " : L" times: " + first.message + L": ";
+        for (std::size_t i = 0; i < alike.size() && i < mostNamed; ++i)
+            text += (i == 0 ? L"" : L", ") + shownAddress(m_checked.findings[alike[i]].finding, m_showing);
+        return text + (alike.size() > mostNamed ? L", \u2026\n" : L"\n");
+    }
+
+    [[nodiscard]] std::wstring countLine() const {
+        const std::wstring text = m_file + L": " + counted(m_checked.count(Severity::Error), L"error") + L", " +
+                                  counted(m_checked.count(Severity::Warning), L"warning") + L", " +
+                                  counted(m_checked.count(Severity::Note), L"note");
+        return text + (m_checked.findings.empty() ? L"; all is well\n" : L"\n");
+    }
+
+    /// A picture says more about channels than many lines.
+    [[nodiscard]] std::wstring hints() const {
+        const auto isOfChannels = [](const Place& place) {
+            return place.finding.severity != Severity::Note && place.finding.rule.compare(0, 3, L"XC3") == 0;
+        };
+        if (m_file == L"-" || std::none_of(m_checked.findings.begin(), m_checked.findings.end(), isOfChannels)) return L"";
+        return L"  a picture: xmlconfig layout --svg layout.svg " + m_file + L"\n";
+    }
+
+    const CheckedFile& m_checked;
+    const Showing& m_showing;
+    const bool m_isColoured;
+    const std::wstring m_file;
+};
+
+}  // namespace
+
+std::size_t CheckedFile::count(Severity severity) const {
+    const auto isOfIt = [&](const Place& place) { return place.finding.severity == severity; };
+    return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isOfIt));
+}
+
+std::wstring messageOf(const Place& place) {
+    if (place.finding.rule != L"XC106" || place.otherLines.empty() || !place.otherLines[0]) return place.finding.message;
+    return L"is hidden by that in line " + std::to_wstring(*place.otherLines[0]);
+}
+
+std::wstring checkText(const CheckedFile& checked, const Showing& showing, bool isColoured) {
+    return Text(checked, showing, isColoured).make();
+}
+
+}  // namespace tool

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "manager/Check.h"
+#include "tools/Showing.h"
+
+/// Findings for people and for programs.
+namespace tool {
+
+/// What the check of one file gave.
+struct CheckedFile {
+    struct Place {
+        XMLConfig::Finding finding;
+        std::optional<unsigned long long> line;
+        std::vector<std::optional<unsigned long long>> otherLines;  ///< of the finding's places
+    };
+    std::string file;
+    std::wstring fault;  ///< why it could not be read; "" where it was
+    double version = 0.0;
+    std::vector<Place> findings;
+
+    [[nodiscard]] std::size_t count(XMLConfig::Severity severity) const;
+};
+
+/// A line a finding, and one for each rule that is found more than three times with the same words; then the counts.
+std::wstring checkText(const CheckedFile& checked, const Showing& showing, bool isColoured);
+/// One object about all files.
+std::wstring checkJson(const std::vector<CheckedFile>& checked, int exitStatus);
+/// The message, with the line of the other place where it speaks of one.
+std::wstring messageOf(const CheckedFile::Place& place);
+
+}  // namespace tool

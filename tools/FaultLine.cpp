@@ -1,0 +1,78 @@
+#include "tools/FaultLine.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/Utf8.h"
+#include "tools/Table.h"
+
+namespace tool {
+namespace {
+
+struct FaultPlace {
+    std::size_t line = 0;
+    std::size_t column = 0;  // in units of UTF-16, from 1
+};
+
+/// The number that begins behind the words; 0 without one.
+std::size_t numberBehind(const std::wstring& text, const std::wstring& words, std::size_t from) {
+    const std::size_t at = text.find(words, from);
+    if (at == std::wstring::npos) return 0;
+    std::size_t number = 0;
+    for (std::size_t i = at + words.size(); i < text.size() && text[i] >= L'0' && text[i] <= L'9'; ++i)
+        number = std::min<std::size_t>(10 * number + static_cast<std::size_t>(text[i] - L'0'), 1'000'000'000);
+    return number;
+}
+
+/// The last one that is named, as a file's name stands before it.
+std::optional<FaultPlace> placeIn(const std::wstring& message) {
+    const std::size_t at = message.rfind(L"line ");
+    if (at == std::wstring::npos) return std::nullopt;
+    const FaultPlace place{numberBehind(message, L"line ", at), numberBehind(message, L", column ", at)};
+    return place.line == 0 || place.column == 0 ? std::nullopt : std::optional<FaultPlace>(place);
+}
+
+std::optional<std::wstring> lineOf(const std::string& text, std::size_t line) {
+    std::size_t begin = 0;
+    for (; line > 1; --line) {
+        begin = text.find('\n', begin);
+        if (begin == std::string::npos) return std::nullopt;
+        ++begin;
+    }
+    std::string bytes = text.substr(begin, text.find('\n', begin) - begin);
+    if (!bytes.empty() && bytes.back() == '\r') bytes.pop_back();
+    return XMLConfig::wideFromUtf8(bytes);
+}
+
+std::size_t unitsOf(wchar_t character) { return static_cast<unsigned long>(character) > 0xFFFFUL ? 2 : 1; }
+
+/// The index of the character that holds a column.
+std::size_t indexOf(const std::wstring& line, std::size_t column) {
+    std::size_t units = 1;
+    std::size_t index = 0;
+    while (index < line.size() && units < column) units += unitsOf(line[index++]);
+    return index;
+}
+
+std::wstring withoutControls(std::wstring line) {
+    for (wchar_t& character : line)
+        if (character < L' ') character = L' ';
+    return line;
+}
+
+}  // namespace
+
+std::wstring faultLine(const std::wstring& message, const std::string& text) {
+    constexpr std::size_t before = 60;
+    constexpr std::size_t most = 100;
+    const std::optional<FaultPlace> place = placeIn(message);
+    const std::optional<std::wstring> line = place ? lineOf(text, place->line) : std::nullopt;
+    if (!line || line->empty()) return {};
+    const std::wstring shown = withoutControls(*line);
+    const std::size_t index = indexOf(shown, place->column);
+    const std::size_t begin = index > before ? index - before : 0;
+    const std::wstring blanks(widthOf(shown.substr(begin, index - begin)), L' ');
+    return L"  " + shown.substr(begin, most) + L"\n  " + blanks + L"^";
+}
+
+}  // namespace tool
