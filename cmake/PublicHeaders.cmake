@@ -48,6 +48,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/Layout.h
     manager/LogOutput.h
     manager/Origin.h
+    manager/Selector.h
     manager/SettingSearch.h
     manager/UlvanoDiagnostics.h
     manager/Upgrade.h

@@ -1,0 +1,101 @@
+#include "manager/Selector.h"
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
+#include "manager/SettingSearch.h"
+#include "store/ConfigInfo.h"
+#include "store/ElementView.h"
+
+namespace XMLConfig {
+namespace {
+
+using Devices = std::vector<ElementView>;
+
+bool endsWith(const std::wstring& text, const std::wstring& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+/// Whether X stands in the ID behind ":" or "***" and goes to its end.
+bool isEndingOf(const std::wstring& ending, const std::wstring& id) {
+    return !ending.empty() && (endsWith(id, L":" + ending) || endsWith(id, L"***" + ending));
+}
+
+bool isNamed(const ElementView& device, const std::wstring& name) {
+    for (const ElementView& child : device.children())
+        if (child.isNamed(L"Name")) return child.text() == name;
+    return false;
+}
+
+/// The number in "#3", counted from 1; 0 for every other text.
+std::size_t positionOf(const std::wstring& text) {
+    constexpr std::size_t longest = 9;
+    if (text.size() < 2 || text.size() > longest || text[0] != L'#') return 0;
+    std::size_t number = 0;
+    for (const wchar_t digit : text.substr(1)) {
+        if (digit < L'0' || digit > L'9') return 0;
+        number = 10 * number + static_cast<std::size_t>(digit - L'0');
+    }
+    return number;
+}
+
+/// Those that fit, in document order.
+Devices fitting(const Devices& devices, const std::function<bool(const ElementView&)>& fits) {
+    Devices found;
+    std::copy_if(devices.begin(), devices.end(), std::back_inserter(found), fits);
+    return found;
+}
+
+class Selecting {
+public:
+    Selecting(const ConfigInfo& document, const Address& address) : m_document(document), m_address(address) {}
+
+    Selection run() const {
+        const std::wstring& wish = m_address.sectionID;
+        if (!isDeviceSection(m_address.section)) return {{m_address}, {}};
+        if (!wish.empty() && m_document.doesSectionExist(m_address.section, wish)) return {{m_address}, {}};
+        const Devices devices = sectionElements(m_document, m_address.section);
+        if (wish == L"*") return all(devices);
+        if (wish.empty()) return only(devices);
+        if (const std::size_t position = positionOf(wish); position > 0 && position <= devices.size())
+            return only({devices[position - 1]});
+        const Devices named = fitting(devices, [&](const ElementView& device) { return isNamed(device, wish); });
+        if (!named.empty()) return only(named);
+        return only(fitting(devices, [&](const ElementView& device) { return isEndingOf(wish, device.id()); }));
+    }
+
+private:
+    Selection all(const Devices& devices) const {
+        Selection selection;
+        for (const ElementView& device : devices)
+            if (isReached(device)) selection.places.push_back(placeIn(device));
+        return selection;
+    }
+
+    Selection only(const Devices& devices) const {
+        if (devices.size() <= 1) return all(devices);
+        Selection selection;
+        for (const ElementView& device : devices) selection.candidates.push_back(device.id());
+        return selection;
+    }
+
+    Address placeIn(const ElementView& device) const {
+        Address place = m_address;
+        place.sectionID = device.id();
+        return place;
+    }
+
+    bool isReached(const ElementView& device) const {
+        return findElement(m_document, {m_address.section, device.id(), L"", L"", L""}) == device;
+    }
+
+    const ConfigInfo& m_document;
+    const Address& m_address;
+};
+
+}  // namespace
+
+Selection select(const ConfigInfo& document, const Address& address) { return Selecting(document, address).run(); }
+
+}  // namespace XMLConfig

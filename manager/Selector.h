@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Export.h"
+#include "store/Address.h"
+
+class ConfigInfo;
+
+/// Devices as people name them in an address.
+namespace XMLConfig {
+
+/// The places that an address means.
+struct Selection {
+    /// With the devices' whole IDs, in document order; empty where nothing fits. An address of another section than a
+    /// device's is taken as it is, whether the document holds it or not.
+    std::vector<Address> places;
+    /// Where the address fits several devices and so means none of them: their IDs, in document order.
+    std::vector<std::wstring> candidates;
+};
+
+/// Finds the devices that an address names: in `Projector[X]`, X is, in this order, an exact ID; `*` for all; `#3` for the
+/// third in the document; a device's exact name; an ending of an ID behind ":" or "***". Without X it is the only device of
+/// its kind. A device that no ID leads to, because it has none or that of an earlier one, is found only where it is the
+/// first of those. Nothing of the document is copied; an exact ID costs one look-up.
+XMLCONFIG_API Selection select(const ConfigInfo& document, const Address& address);
+
+}  // namespace XMLConfig
