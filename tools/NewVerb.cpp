@@ -4,7 +4,10 @@
 #include "manager/XMLConfigManager.h"
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"
+#include "sections/GeometryConfig.h"
 #include "tools/Configuration.h"
+#include "tools/Json.h"
+#include "tools/Numbers.h"
 #include "tools/Output.h"
 #include "tools/Verb.h"
 #include "tools/Writing.h"
@@ -18,11 +21,39 @@ bool hasExtension(const std::string& file) {
     return file.size() > extension.size() && file.compare(file.size() - extension.size(), extension.size(), extension) == 0;
 }
 
+/// In one row, with numbers for IDs until their devices are known.
+void addProjectors(XMLConfigManager& manager, unsigned count) {
+    if (count == 0) return;
+    for (unsigned number = 1; number <= count; ++number) manager.getProjectorConfig(std::to_wstring(number));
+    GeometryConfig* const geometry = manager.getGeometryConfig();
+    geometry->setProjectorCount(static_cast<int>(count));
+    geometry->setProjectorLayoutWidth(static_cast<int>(count));
+    geometry->setProjectorLayoutHeight(1);
+}
+
+std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
+    return L"made " + file + L": file version " + versionText(manager.getDocument().getVersion()) + L", " +
+           counted(manager.getProjectorConfigCount(), L"projector") + L", " +
+           counted(manager.getCameraConfigCount(), L"camera") + L"\nnext: xmlconfig check " + file + L"\n";
+}
+
+std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {
+    Json answer = jsonAnswer("new", file);
+    answer["version"] = manager.getDocument().getVersion();
+    answer["projectors"] = manager.getProjectorConfigCount();
+    return jsonEnd(std::move(answer), Done);
+}
+
 }  // namespace
 
 void setUpNew(CLI::App& app, Request& request) {
     app.add_option("FILE", request.file, "The file to make; its name ends in .skorrax")->required();
     app.add_flag("--force", request.force, "Replace a file that exists");
+    constexpr unsigned most = 10'000;
+    app.add_option("--projectors", request.projectors, "How many projectors it holds, side by side (0)")
+        ->type_name("N")
+        ->check(CLI::Range(0U, most));
+    app.add_flag("--json", request.json, "Answer with one JSON object");
     setUpWriting(app, request);
 }
 
@@ -32,8 +63,12 @@ ExitStatus runNew(const Request& request) {
     const auto lock = lockForWriting(request.file, request);
     if (!request.force && exists(request.file)) throw Refusal(file + L": exists; --force replaces it");
     const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::newConfiguration(std::make_shared<ProductInfo>()));
-    const XMLConfig::SignalHold hold;
-    manager->saveConfiguration(file);
+    addProjectors(*manager, request.projectors);
+    {
+        const XMLConfig::SignalHold hold;
+        manager->saveConfiguration(file);
+    }
+    print(request.json ? jsonOf(*manager, request.file) : textOf(*manager, file));
     return Done;
 }
 

@@ -33,6 +33,15 @@ std::wstring percentText(double share) {
     return percent == 0.0 && share > 0.0 ? L"under 1 %" : numberText(percent) + L" %";
 }
 
+std::wstring versionText(double version) {
+    const std::wstring digits = numberText(version, 3);
+    return digits.find(L'.') == std::wstring::npos ? digits + L".0" : digits;
+}
+
+std::wstring counted(long long count, const std::wstring& noun) {
+    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
+}
+
 Units::Units(const ConfigInfo& document) {
     // The accessor takes a document that it may change; its getters change nothing.
     const SystemConfig system(const_cast<ConfigInfo*>(&document), nullptr, L"");

@@ -16,6 +16,11 @@ double rounded(double value, int decimals);
 /// 33 %, from a share of 1. What is not nothing is never 0 %: "under 1 %".
 std::wstring percentText(double share);
 
+/// A file version with one decimal at least: 9.0, 2.005.
+std::wstring versionText(double version);
+/// "1 change", "2 changes"
+std::wstring counted(long long count, const std::wstring& noun);
+
 /// The units that a document wants its angles and lengths shown in.
 class Units {
 public:

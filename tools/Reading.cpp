@@ -50,12 +50,6 @@ std::unique_ptr<ConfigInfo> parsed(const std::string& file) {
     }
 }
 
-/// Whole versions with one decimal, as people write them.
-std::wstring versionText(double version) {
-    const std::wstring digits = numberText(version, 3);
-    return digits.find(L'.') == std::wstring::npos ? digits + L".0" : digits;
-}
-
 /// The version of a document that this program knows.
 double knownVersion(const ConfigInfo& document, const std::wstring& name) {
     const double latest = ConfigInfoFactory::getLatestFileVersionNumber();

@@ -33,6 +33,7 @@ struct Request {
     std::string picture;
     std::string colour = "auto";
     unsigned waitSeconds = 30;
+    unsigned projectors = 0;
 };
 
 /// What a program of this tool answers with.
