@@ -7,8 +7,10 @@
 #include "platform/Utf8.h"
 #include "store/Address.h"
 #include "store/ConfigInfoFactory.h"
+#include "store/CorvaneException.h"
 #include "store/ElementView.h"
 #include "tools/Output.h"
+#include "tools/Reading.h"
 #include "tools/Writing.h"
 
 namespace tool {
@@ -23,7 +25,11 @@ std::wstring storedVersion(const ConfigInfo& document) {
 
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
     const std::wstring path = XMLConfig::wideFromUtf8(file);
-    return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
+    try {
+        return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
+    } catch (const CorvaneException& fault) {
+        throw Unreadable(fault.getMessage());
+    }
 }
 
 bool isOfLatestVersion(const ConfigInfo& document) {
@@ -32,18 +38,23 @@ bool isOfLatestVersion(const ConfigInfo& document) {
 
 void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
     if (isOfLatestVersion(document)) return;
-    const bool isOlder = document.getVersion() < ConfigInfoFactory::getLatestFileVersionNumber();
+    const std::wstring name = XMLConfig::wideFromUtf8(file);
     const std::wstring version = storedVersion(document);
-    throw Refusal(XMLConfig::wideFromUtf8(file) +
-                  (version.empty() ? L": is of no file version" : L": is of file version " + version) +
-                  (isOlder ? L", which must be converted first" : L", which is newer than this program"));
+    if (version.empty()) throw Unreadable(name + L": is no configuration, it has no version");
+    if (document.getVersion() > ConfigInfoFactory::getLatestFileVersionNumber())
+        throw Unreadable(name + L": is of file version " + version + L", which is newer than this program");
+    throw Refusal(name + L": is of file version " + version + L" and must be upgraded first: xmlconfig upgrade " + name);
 }
 
 void saveDocument(ConfigInfo& document, const std::string& file) {
     document.insertBuildDateAndNumber();
     const XMLConfig::SignalHold hold;
     refuseForeignChange(document, file);
-    if (!document.save(XMLConfig::wideFromUtf8(file))) throw Refusal(L"an empty file name");
+    try {
+        if (!document.save(XMLConfig::wideFromUtf8(file))) throw Unreadable(L"an empty file name");
+    } catch (const CorvaneException& fault) {
+        throw Unreadable(fault.getMessage());
+    }
 }
 
 bool exists(const std::string& file) {

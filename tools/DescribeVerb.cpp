@@ -8,6 +8,7 @@
 #include "tools/Json.h"
 #include "tools/Output.h"
 #include "tools/Suggestion.h"
+#include "tools/Table.h"
 #include "tools/Verb.h"
 
 namespace tool {
@@ -33,10 +34,9 @@ std::wstring padded(const std::wstring& text, std::size_t width) {
 }
 
 void printList(const std::vector<Setting>& settings) {
-    std::size_t width = 0;
-    for (const Setting& setting : settings) width = std::max(width, addressOf(setting).size());
-    for (const Setting& setting : settings)
-        print(padded(addressOf(setting), width + 2) + padded(nameOf(setting.type), 18) + setting.meaning + L"\n");
+    std::vector<std::vector<std::wstring>> rows;
+    for (const Setting& setting : settings) rows.push_back({addressOf(setting), nameOf(setting.type), setting.meaning});
+    print(tableText(rows, L""));
 }
 
 void printField(const wchar_t* label, const std::wstring& text) {

@@ -1,10 +1,17 @@
 #include <CLI/App.hpp>
+#include <algorithm>
 
+#include "manager/Origin.h"
 #include "manager/SettingSearch.h"
+#include "platform/Terminal.h"
 #include "platform/Utf8.h"
-#include "store/Address.h"
-#include "tools/Configuration.h"
+#include "store/FilePlaces.h"
+#include "tools/Json.h"
 #include "tools/Output.h"
+#include "tools/Places.h"
+#include "tools/Reading.h"
+#include "tools/Showing.h"
+#include "tools/Table.h"
 #include "tools/Tree.h"
 #include "tools/Verb.h"
 
@@ -12,46 +19,234 @@ namespace tool {
 namespace {
 
 using XMLConfig::Address;
+using XMLConfig::EffectiveValue;
 using XMLConfig::ElementView;
+using XMLConfig::Origin;
+using XMLConfig::Setting;
 
-bool holdsElement(const Address& address) {
-    const auto setting = XMLConfig::findSetting(address);
-    return setting && setting->type == XMLConfig::SettingType::Element;
+/// What is at a place, or counts there.
+struct Answer {
+    std::wstring address;
+    Address place;
+    const Setting* setting = nullptr;
+    ElementView element;                    ///< what the place itself holds
+    std::wstring stored;                    ///< its text
+    std::optional<EffectiveValue> counted;  ///< what the application reads; nothing for unknown settings that are missing
+
+    /// Whether there is anything to print.
+    [[nodiscard]] bool isThere(bool asCounted) const { return asCounted ? counted || element : bool(element); }
+};
+
+std::wstring elementText(const ConfigInfo& document, const Address& place) {
+    return document.getStringItemAsDOMElement(place.section, place.key, L"", place.sectionID);
 }
 
-/// A value as it is stored, an XML element as XML, everything else as a tree.
-std::wstring textAt(const ConfigInfo& document, const Address& address, const ElementView& element) {
-    if (!element.firstChild() && !address.key.empty()) return element.text();
-    if (holdsElement(address))
-        return document.getStringItemAsDOMElement(address.section, address.key, L"", address.sectionID);
-    return treeText(XMLConfig::outline(element));
+bool holdsElement(const Setting* setting) {
+    return setting != nullptr && setting->type == XMLConfig::SettingType::Element;
 }
+
+Answer answerAt(const ConfigInfo& document, const Address& place) {
+    Answer answer{XMLConfig::addressText(place), place, XMLConfig::knownSetting(place),
+                  XMLConfig::findElement(document, place), L"", std::nullopt};
+    if (answer.element && holdsElement(answer.setting)) answer.stored = elementText(document, place);
+    else if (answer.element && !answer.element.firstChild()) answer.stored = answer.element.text();
+    answer.counted = XMLConfig::effectiveValue(document, place);
+    if (answer.counted && holdsElement(answer.setting)) answer.counted->text = answer.counted->stored;
+    return answer;
+}
+
+/// Whether the place holds other settings and no value.
+bool isGroup(const Answer& answer) {
+    return answer.place.key.empty() || (answer.element.firstChild() && !holdsElement(answer.setting));
+}
+
+/// A group's texts one by one; everything else as it is.
+void addAnswers(std::vector<Answer>& answers, const ConfigInfo& document, const Address& place) {
+    Answer answer = answerAt(document, place);
+    if (!answer.element || !isGroup(answer)) {
+        answers.push_back(std::move(answer));
+        return;
+    }
+    for (const StoredText& text : storedTexts(answer.element, place)) {
+        if (text.inSnippet) answers.push_back({text.address, text.place, nullptr, text.element, text.text, std::nullopt});
+        else answers.push_back(answerAt(document, text.place));
+    }
+}
+
+/// Everything that get prints, of one run.
+class Getting {
+public:
+    explicit Getting(const Request& request)
+        : m_request(request), m_file(XMLConfig::wideFromUtf8(request.file)), m_document(readDocument(request.file)) {}
+
+    ExitStatus run() {
+        const std::vector<Address> operands = addresses();
+        if (operands.size() == 1 && isPlain() && operands[0].sectionID != L"*") return printOne(operands[0]);
+        for (const Address& operand : operands) gather(operand);
+        const ExitStatus status = complainOfMissing();
+        if (m_request.json) print(jsonEnd(json(), status));
+        else print(m_request.origin ? originText() : linesText());
+        return status;
+    }
+
+private:
+    [[nodiscard]] bool isPlain() const { return !m_request.json && !m_request.origin; }
+    [[nodiscard]] bool isCounted() const { return m_request.effective || m_request.origin || m_request.json; }
+
+    [[nodiscard]] std::vector<Address> addresses() const {
+        std::vector<Address> list;
+        for (const std::string& operand : m_request.operands)
+            list.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+        return list;
+    }
+
+    void gather(const Address& operand) {
+        const std::vector<Address> places = placesOf(*m_document, operand);
+        for (const Address& place : places) addAnswers(m_answers, *m_document, place);
+        if (places.empty()) m_answers.push_back({XMLConfig::addressText(operand), operand, nullptr, {}, L"", std::nullopt});
+    }
+
+    /// The text alone; a group as a tree.
+    ExitStatus printOne(const Address& operand) {
+        const std::vector<Address> places = placesOf(*m_document, operand);
+        m_answers.push_back(answerAt(*m_document, places.empty() ? operand : places[0]));
+        const Answer& answer = m_answers[0];
+        const ExitStatus status = complainOfMissing();
+        if (!answer.isThere(isCounted()) && !m_request.fallback) return status;
+        const std::wstring text = answer.element && isGroup(answer) ? treeText(XMLConfig::outline(answer.element))
+                                                                    : textOf(answer);
+        print(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
+        return status;
+    }
+
+    /// What is missing and what it counts as; refused unless there is a --default.
+    [[nodiscard]] ExitStatus complainOfMissing() const {
+        ExitStatus status = Done;
+        for (const Answer& answer : m_answers) {
+            if (answer.isThere(isCounted()) || m_request.fallback) continue;
+            complain(m_file + L": holds no " + answer.address + countsAs(answer));
+            status = Refused;
+        }
+        return status;
+    }
+
+    static std::wstring countsAs(const Answer& answer) {
+        if (!answer.counted) return L"";
+        const std::wstring text = L"\"" + escaped(answer.counted->text) + L"\"";
+        return (answer.counted->origin == Origin::Inherited
+                    ? L"; it inherits " + text + L" from " + XMLConfig::addressText(answer.counted->from)
+                    : L"; its default is " + text) +
+               L" (--effective prints it)";
+    }
+
+    [[nodiscard]] std::wstring textOf(const Answer& answer) const {
+        if (!answer.isThere(isCounted())) return XMLConfig::wideFromUtf8(*m_request.fallback);
+        std::wstring text = answer.stored;
+        if (isCounted() && answer.counted) text = m_request.effective ? answer.counted->text : answer.counted->stored;
+        if (answer.element && holdsElement(answer.setting)) text = answer.stored;
+        return m_request.human ? Showing(*m_document).value(text, answer.setting) : text;
+    }
+
+    [[nodiscard]] std::wstring linesText() const {
+        std::wstring text;
+        for (const Answer& answer : m_answers)
+            if (answer.isThere(isCounted()) || m_request.fallback)
+                text += answer.address + L"\t" + escaped(textOf(answer)) + L"\n";
+        return text;
+    }
+
+    [[nodiscard]] std::wstring originText() const {
+        std::vector<std::vector<std::wstring>> rows;
+        for (const Answer& answer : m_answers)
+            if (answer.isThere(true))
+                rows.push_back({originOf(answer), sourceOf(answer), answer.address, escaped(textOf(answer))});
+        if (XMLConfig::detail::isOutputATerminal()) return tableText(rows, L"");
+        std::wstring text;
+        for (const auto& row : rows) text += row[0] + L"\t" + row[1] + L"\t" + row[2] + L"\t" + row[3] + L"\n";
+        return text;
+    }
+
+    static std::wstring originOf(const Answer& answer) {
+        return answer.counted ? nameOf(answer.counted->origin) : nameOf(Origin::Stored);
+    }
+
+    [[nodiscard]] std::wstring sourceOf(const Answer& answer) const {
+        if (answer.counted && answer.counted->origin == Origin::Default) return L"-";
+        const bool isInherited = answer.counted && answer.counted->origin == Origin::Inherited;
+        const std::optional<unsigned long long> line = lineOf(isInherited ? answer.counted->element : answer.element);
+        return (isInherited ? XMLConfig::addressText(answer.counted->from) : m_file) +
+               (line ? L":" + std::to_wstring(*line) : L"");
+    }
+
+    /// Standard input has no lines to go back to.
+    [[nodiscard]] std::optional<unsigned long long> lineOf(const ElementView& element) const {
+        if (m_request.file == "-") return std::nullopt;
+        if (!m_places) m_places = std::make_unique<XMLConfig::FilePlaces>(*m_document, m_file);
+        const auto place = m_places->find(element);
+        return place ? std::optional(place->line) : std::nullopt;
+    }
+
+    [[nodiscard]] Json json() const {
+        Json answer = jsonAnswer("get", m_request.file);
+        answer["values"] = Json::array();
+        const Showing showing(*m_document);
+        for (const Answer& value : m_answers) answer["values"].push_back(jsonOf(value, showing));
+        return answer;
+    }
+
+    [[nodiscard]] Json jsonOf(const Answer& answer, const Showing& showing) const {
+        Json json = {{"address", jsonText(answer.address)}, {"device", jsonText(deviceOf(answer, showing))}};
+        if (!answer.isThere(true)) {
+            json.update({{"origin", "missing"}, {"from", nullptr}, {"line", nullptr}});
+            json.update({{"text", m_request.fallback ? Json(*m_request.fallback) : Json(nullptr)}, {"value", nullptr}});
+        } else {
+            const bool isDefault = answer.counted && answer.counted->origin == Origin::Default;
+            const bool isInherited = answer.counted && answer.counted->origin == Origin::Inherited;
+            const auto line = isDefault ? std::nullopt : lineOf(isInherited ? answer.counted->element : answer.element);
+            json["origin"] = jsonText(originOf(answer));
+            json["from"] = isDefault ? Json(nullptr)
+                                     : jsonText(isInherited ? XMLConfig::addressText(answer.counted->from) : answer.address);
+            json["line"] = line ? Json(*line) : Json(nullptr);
+            json["text"] = jsonText(textOf(answer));
+            json["value"] = valueOf(answer);
+        }
+        json["unit"] = jsonText(answer.setting == nullptr ? L"" : nameOf(answer.setting->unit));
+        return json;
+    }
+
+    static Json valueOf(const Answer& answer) {
+        const std::wstring& text = answer.counted && !holdsElement(answer.setting) ? answer.counted->text : answer.stored;
+        return answer.setting == nullptr ? jsonText(text) : jsonValue(text, answer.setting->type);
+    }
+
+    static std::wstring deviceOf(const Answer& answer, const Showing& showing) {
+        if (!XMLConfig::isDeviceSection(answer.place.section)) return L"";
+        return showing.device(answer.place.section, answer.place.sectionID);
+    }
+
+    const Request& m_request;
+    std::wstring m_file;
+    std::unique_ptr<ConfigInfo> m_document;
+    std::vector<Answer> m_answers;
+    mutable std::unique_ptr<XMLConfig::FilePlaces> m_places;
+};
 
 }  // namespace
 
 void setUpGet(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to read")->required();
+    app.add_option("FILE", request.file, "The file to read; - for standard input")->required();
     app.add_option("ADDRESS", request.operands, "Where a value stands; a whole section or group is shown as a tree")
         ->required();
-    app.footer(addressHelp);
+    app.add_flag("--effective", request.effective, "Print what the application reads: inherited values and defaults, too");
+    app.add_flag("--origin", request.origin, "Tell where what the application reads comes from");
+    app.add_flag("--human", request.human, "Print numbers short and in the document's units");
+    app.add_option("--default", request.fallback, "Print this for what is missing")->type_name("TEXT");
+    app.add_flag("--json", request.json, "Answer with one JSON object");
+    app.footer(std::string("One ADDRESS of one place prints the text; several, or [*], print lines of address, tab, text,\n"
+                           "in which \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
+               addressHelp);
 }
 
-ExitStatus runGet(const Request& request) {
-    std::vector<Address> addresses;
-    for (const std::string& operand : request.operands)
-        addresses.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
-    const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
-    ExitStatus status = Done;
-    for (const Address& address : addresses) {
-        if (const ElementView element = XMLConfig::findElement(*document, address)) {
-            const std::wstring text = textAt(*document, address, element);
-            print(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
-        } else {
-            complain(XMLConfig::wideFromUtf8(request.file) + L": holds no " + XMLConfig::addressText(address));
-            status = Refused;
-        }
-    }
-    return status;
-}
+ExitStatus runGet(const Request& request) { return Getting(request).run(); }
 
 }  // namespace tool

@@ -36,6 +36,7 @@ Json list(const std::wstring& text) {
 }  // namespace
 
 Json jsonText(const std::wstring& text) { return XMLConfig::utf8FromWide(text); }
+Json jsonText(const wchar_t* text) { return jsonText(std::wstring(text)); }
 Json jsonText(const std::optional<std::wstring>& text) { return text ? jsonText(*text) : Json(nullptr); }
 
 Json jsonValue(const std::wstring& text, SettingType type) {

@@ -13,6 +13,7 @@ using Json = nlohmann::ordered_json;
 
 /// A text; null for none.
 Json jsonText(const std::wstring& text);
+Json jsonText(const wchar_t* text);
 Json jsonText(const std::optional<std::wstring>& text);
 /// A stored text as the setting's type has it: a truth value, a number, a list of numbers; other texts as they are. Null for
 /// a number that JSON cannot hold.

@@ -1,11 +1,22 @@
 #include <CLI/App.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
 
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
+#include "tools/Changes.h"
+#include "tools/Colour.h"
 #include "tools/Configuration.h"
 #include "tools/Output.h"
+#include "tools/Places.h"
+#include "tools/Reading.h"
+#include "tools/SnippetParts.h"
 #include "tools/Suggestion.h"
+#include "tools/ValueInput.h"
 #include "tools/Verb.h"
 #include "tools/Writing.h"
 
@@ -16,6 +27,10 @@ using XMLConfig::Address;
 using XMLConfig::Assignment;
 using XMLConfig::ElementView;
 using XMLConfig::Setting;
+
+std::wstring forceHint(const std::wstring& message) {
+    return (message.back() == L'?' ? L" " : L"; ") + std::wstring(L"--force stores it all the same");
+}
 
 [[noreturn]] void refuse(const Address& address, const std::wstring& fault) {
     throw Refusal(XMLConfig::addressText(address) + L": " + fault);
@@ -29,22 +44,27 @@ using XMLConfig::Setting;
         XMLConfig::addressText({L"x", L"", address.subSection, address.subSectionID, address.key}).substr(2);
     const std::wstring nearest =
         names.empty() ? suggestion(address.section, XMLConfig::sectionNames()) : suggestion(key, names);
-    refuse(address,
-           L"there is no such setting" + nearest + (nearest.empty() ? L"; " : L" ") + L"--force stores it all the same");
+    refuse(address, L"there is no such setting" + (nearest.empty() ? L"; --force stores it all the same" : nearest));
 }
 
-/// Faults that --force overrules.
-void checkKnown(const Assignment& assignment, const ConfigInfo& document) {
-    const Address& address = assignment.address;
-    const auto setting = XMLConfig::findSetting(address);
-    if (!setting && !XMLConfig::isOpenSection(address.section) && !XMLConfig::findElement(document, address))
-        refuseUnknown(address);
-    if (setting && !XMLConfig::isOfType(assignment.value, setting->type))
-        refuse(address, L"\"" + assignment.value + L"\" is not of type " + nameOf(setting->type) +
-                            L"; --force stores it all the same");
+/// Faults of the place that --force overrules.
+void checkKnown(const Address& address, const ConfigInfo& document) {
+    const bool isKnown = XMLConfig::knownSetting(address) != nullptr || XMLConfig::isOpenSection(address.section);
+    if (!isKnown && !XMLConfig::findElement(document, address)) refuseUnknown(address);
     const bool mayBeMissing = address.sectionID.empty() && !XMLConfig::isDeviceSection(address.section);
     if (!mayBeMissing && !document.doesSectionExist(address.section, address.sectionID))
         refuse(address, L"there is no such section; --force adds it");
+}
+
+/// Faults of the value that --force overrules.
+void checkValue(const Assignment& assignment, const ConfigInfo& document) {
+    const Setting* const setting = XMLConfig::knownSetting(assignment.address);
+    if (setting == nullptr) return;
+    const std::optional<ValueFault> fault = faultOf(assignment.value, *setting);
+    if (!fault) return;
+    const std::wstring message = Showing(document).address(assignment.address) + L": " + fault->message;
+    if (!fault->isWarning) throw Refusal(message + (fault->offersForce ? forceHint(fault->message) : L""));
+    complain(L"warning: " + message);
 }
 
 /// Whether a value stands where the address wants other elements.
@@ -63,7 +83,8 @@ void checkAssignment(const Assignment& assignment, const ConfigInfo& document, b
     const Address& address = assignment.address;
     if (address.key.empty()) refuse(address, L"a section has no value; name a setting in it");
     if (XMLConfig::isHeaderElement(address.section)) refuse(address, L"there are no settings in " + address.section);
-    if (!force) checkKnown(assignment, document);
+    if (!force) checkKnown(address, document);
+    if (!force) checkValue(assignment, document);
     const bool holdsOthers = bool(XMLConfig::findElement(document, address).firstChild());
     const auto setting = XMLConfig::findSetting(address);
     const bool holdsElement = setting && setting->type == XMLConfig::SettingType::Element;
@@ -81,28 +102,137 @@ void store(ConfigInfo& document, const Assignment& assignment) {
     else document.setStringItem(section, key, assignment.value, sectionID, subSection, subSectionID);
 }
 
+/// One change that is asked for: an operand or a line.
+struct Wish {
+    Assignment assignment;
+    std::wstring part;  ///< in a device snippet; empty for the whole place
+};
+
+/// The place where the value begins, behind the first "=" that stands in no brackets; none without one.
+std::size_t valueStart(const std::wstring& text) {
+    bool isInID = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'[') isInID = true;
+        if (text[i] == L']') isInID = false;
+        if (text[i] == L'=' && !isInID) return i + 1;
+    }
+    return std::wstring::npos;
+}
+
+Wish wishOf(const std::wstring& text) {
+    const std::size_t start = valueStart(text);
+    if (start == std::wstring::npos) return {XMLConfig::parseAssignment(text), L""};
+    const SnippetPart part = snippetPartOf(text.substr(0, start - 1));
+    if (part.part.empty()) return {XMLConfig::parseAssignment(text), L""};
+    return {{XMLConfig::parseAddress(part.snippet), text.substr(start)}, part.part};
+}
+
+std::wstring unescaped(const std::wstring& line) {
+    std::wstring text;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] != L'\\' || i + 1 == line.size()) {
+            text += line[i];
+            continue;
+        }
+        const wchar_t next = line[++i];
+        text += next == L'n' ? L'\n' : next == L't' ? L'\t' : next == L'r' ? L'\r' : next;
+    }
+    return text;
+}
+
+/// Each line is a change, but empty ones.
+void addLines(std::vector<Wish>& wishes, std::istream& lines) {
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (!line.empty()) wishes.push_back(wishOf(unescaped(XMLConfig::wideFromUtf8(line))));
+    }
+}
+
+std::vector<Wish> wishesOf(const Request& request) {
+    std::vector<Wish> wishes;
+    for (const std::string& operand : request.operands) wishes.push_back(wishOf(XMLConfig::wideFromUtf8(operand)));
+    if (request.lineFile == "-") addLines(wishes, std::cin);
+    if (request.lineFile.empty() || request.lineFile == "-") return wishes;
+    std::ifstream lines(std::filesystem::u8path(request.lineFile), std::ios::binary);
+    if (!lines) throw Unreadable(XMLConfig::wideFromUtf8(request.lineFile) + L": cannot be read");
+    addLines(wishes, lines);
+    return wishes;
+}
+
+/// The places of a wish; one that only --force can make where no device fits.
+std::vector<Address> placesToSet(const ConfigInfo& document, const Address& operand) {
+    std::vector<Address> places = placesOf(document, operand);
+    if (!places.empty()) return places;
+    if (operand.sectionID == L"*" || operand.sectionID.substr(0, 1) == L"#") refuse(operand, L"there is no such section");
+    return {operand};
+}
+
+/// Changes a document wish by wish; each is checked with the earlier ones already done.
+class Changing {
+public:
+    Changing(ConfigInfo& document, bool force) : m_document(document), m_force(force) {}
+
+    void apply(const Wish& wish) {
+        for (const Address& place : placesToSet(m_document, wish.assignment.address)) {
+            if (wish.part.empty()) change(place, wish.assignment.value);
+            else changePart(place, wish.part, wish.assignment.value);
+        }
+    }
+    [[nodiscard]] const std::vector<Change>& changes() const { return m_changes; }
+
+private:
+    void change(const Address& place, const std::wstring& written) {
+        const Setting* const setting = XMLConfig::knownSetting(place);
+        const Assignment assignment{place, setting == nullptr ? written : storedForm(written, *setting)};
+        checkAssignment(assignment, m_document, m_force);
+        Change change = beginChange(m_document, place);
+        store(m_document, assignment);
+        endChange(change, m_document);
+        if (change.old != change.now) m_changes.push_back(std::move(change));
+    }
+
+    void changePart(const Address& place, const std::wstring& part, const std::wstring& value) {
+        const std::wstring xml =
+            m_document.getStringItemAsDOMElement(place.section, place.key, L"", place.sectionID);
+        Change change = beginChange(m_document, place);
+        change.address += L"/" + part;
+        change.setting = nullptr;
+        change.old = partIn(xml, part);
+        change.now = value;
+        if (change.old == change.now) return;
+        store(m_document, {place, withPart(xml, part, value)});
+        m_changes.push_back(std::move(change));
+    }
+
+    ConfigInfo& m_document;
+    bool m_force;
+    std::vector<Change> m_changes;
+};
+
 }  // namespace
 
 void setUpSet(CLI::App& app, Request& request) {
     app.add_option("FILE", request.file, "The file to change")->required();
-    app.add_option("CHANGE", request.operands, "ADDRESS=VALUE: where a value is stored, and the value")->required();
+    app.add_option("CHANGE", request.operands,
+                   "ADDRESS=VALUE: where a value is stored, and the value; a number may have a unit: 24deg, 1.2rad, 5.2m, "
+                   "340mm, 17ft, 12in");
+    app.add_option("--from", request.lineFile, "Take changes from a file, one a line, as 'show --flat' prints them; - for "
+                                               "standard input")
+        ->type_name("LINES");
     app.add_flag("--force", request.force, "Add unknown settings and sections too, and store values of another form");
-    setUpWriting(app, request);
+    setUpChanging(app, request);
     app.footer(addressHelp);
 }
 
 ExitStatus runSet(const Request& request) {
-    std::vector<Assignment> assignments;
-    for (const std::string& operand : request.operands)
-        assignments.push_back(XMLConfig::parseAssignment(XMLConfig::wideFromUtf8(operand)));
-    const auto lock = lockForWriting(request.file, request);
+    if (request.operands.empty() && request.lineFile.empty()) throw WrongOperands("CHANGE or --from is required");
+    const std::vector<Wish> wishes = wishesOf(request);
+    const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
-    for (const Assignment& assignment : assignments) {  // each is checked with the earlier ones already done
-        checkAssignment(assignment, *document, request.force);
-        store(*document, assignment);
-    }
-    if (document->isDirty()) saveDocument(*document, request.file);
+    Changing changing(*document, request.force);
+    for (const Wish& wish : wishes) changing.apply(wish);
+    finishChange("set", *document, changing.changes(), request);
     return Done;
 }
 

@@ -34,6 +34,15 @@ struct Request {
     std::string colour = "auto";
     unsigned waitSeconds = 30;
     unsigned projectors = 0;
+    bool origin = false;
+    bool effective = false;
+    bool human = false;
+    std::optional<std::string> fallback;
+    bool quiet = false;
+    std::string lineFile;
+    bool flat = false;
+    bool wholeTree = false;
+    bool steps = false;
 };
 
 /// What a program of this tool answers with.
@@ -64,6 +73,8 @@ void setUpGet(CLI::App& app, Request& request);
 ExitStatus runGet(const Request& request);
 void setUpSet(CLI::App& app, Request& request);
 ExitStatus runSet(const Request& request);
+void setUpUnset(CLI::App& app, Request& request);
+ExitStatus runUnset(const Request& request);
 void setUpDescribe(CLI::App& app, Request& request);
 ExitStatus runDescribe(const Request& request);
 void setUpCheck(CLI::App& app, Request& request);

@@ -3,12 +3,14 @@
 namespace tool {
 
 const char* const addressHelp =
-    "An ADDRESS is Section[ID]/Key/Nested or Section[ID]/Subsection[ID]/Key. Identifiers may be left out;\n"
-    "then the first section counts. In an identifier every character stands for itself, \"/\" and \"=\"\n"
-    "too; only \"]\" is written twice: Projector[a]]b]/Name is the name of the projector \"a]b\".\n"
-    "The shell wants addresses in quotes: 'Camera[PGR***00:0a:0b:0c:0d:0e]/Camera_Gain'.\n"
+    "An ADDRESS is Section[ID]/Key/Nested or Section[ID]/Subsection[ID]/Key. A device may be named by its ID,\n"
+    "its name, the ending of its ID behind \":\" or \"***\", or its number in the file: Projector[#3];\n"
+    "Projector[*] means all of them, and Projector/Name the only one. In brackets every character stands for\n"
+    "itself, \"/\" and \"=\" too; only \"]\" is written twice: Projector[a]]b]/Name is the name of \"a]b\".\n"
+    "The shell wants addresses in quotes: 'Camera[Dome left]/Camera_Gain'.\n"
     "\n"
-    "Exit status: 0 done, 1 not found or refused, 2 wrong usage.";
+    "Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be read or written, or is no\n"
+    "configuration.";
 
 const std::vector<Verb>& verbs() {
     static const std::vector<Verb> table = {
@@ -17,6 +19,8 @@ const std::vector<Verb>& verbs() {
         {"show", "Show what a file holds", setUpShow, runShow},
         {"get", "Print the values at addresses", setUpGet, runGet},
         {"set", "Change the values at addresses, all or none", setUpSet, runSet, XMLConfig::LogLevel::Error},
+        {"unset", "Take values away, so that inherited ones or defaults count", setUpUnset, runUnset,
+         XMLConfig::LogLevel::Error},
         {"describe", "List the settings the library knows", setUpDescribe, runDescribe},
         {"check", "Look for what is not in order", setUpCheck, runCheck, XMLConfig::LogLevel::Error},
         {"layout", "Show where the channels lie, overlap and leave gaps", setUpLayout, runLayout,

@@ -4,8 +4,10 @@
 
 #include "platform/Utf8.h"
 #include "store/FileChange.h"
+#include "tools/Colour.h"
 #include "tools/Configuration.h"
 #include "tools/Output.h"
+#include "tools/Reading.h"
 
 namespace tool {
 
@@ -14,6 +16,21 @@ void setUpWriting(CLI::App& app, Request& request) {
     app.add_option("--wait", request.waitSeconds, "How long to wait for another program that writes (30)")
         ->type_name("SECONDS")
         ->check(CLI::Range(0U, day));
+}
+
+void setUpChanging(CLI::App& app, Request& request) {
+    app.add_flag("--dry-run", request.dryRun, "Tell what would change and write nothing");
+    app.add_flag("--quiet", request.quiet, "Do not tell what has changed");
+    app.add_flag("--json", request.json, "Answer with one JSON object");
+    setUpColour(app, request.colour);
+    setUpWriting(app, request);
+}
+
+void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Request& request) {
+    const bool isWritten = !changes.empty() && !request.dryRun;
+    if (isWritten) saveDocument(document, request.file);
+    if (request.json) print(changesJson(verb, request.file, changes, isWritten));
+    else if (!request.quiet) print(changesText(changes, Showing(document), request.dryRun, isColoured(request.colour)));
 }
 
 std::unique_ptr<XMLConfig::ConfigLock> lockForWriting(const std::string& file, const Request& request) {
@@ -29,7 +46,7 @@ std::unique_ptr<XMLConfig::ConfigLock> lockForWriting(const std::string& file, c
 
 void refuseForeignChange(const ConfigInfo& document, const std::string& file) {
     if (!XMLConfig::hasFileChanged(document)) return;
-    throw Refusal(XMLConfig::wideFromUtf8(file) + L" has been changed by another program meanwhile; nothing was written");
+    throw Unreadable(XMLConfig::wideFromUtf8(file) + L" has been changed by another program meanwhile; nothing was written");
 }
 
 }  // namespace tool

@@ -5,6 +5,7 @@
 
 #include "store/ConfigInfo.h"
 #include "store/ConfigLock.h"
+#include "tools/Changes.h"
 #include "tools/Verb.h"
 
 /// What the verbs that write have in common.
@@ -12,6 +13,11 @@ namespace tool {
 
 /// The options of every verb that writes.
 void setUpWriting(CLI::App& app, Request& request);
+
+/// The options of the verbs that change settings.
+void setUpChanging(CLI::App& app, Request& request);
+/// Writes the document where there are changes and it is no dry run, and tells them.
+void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Request& request);
 
 /// The lock on a file, to be held from before it is read until it is written. Throws a Refusal that says who has it when
 /// the time that was asked for is over. None in a folder that does not exist: what follows says that it is missing.

@@ -71,7 +71,7 @@ void expectRun(const ToolRun& run, int status, const std::string& output, const 
     EXPECT_EQ(run.errors, errors);
 }
 
-const char* const verbNames[] = {"new", "show", "get", "set", "describe", "check", "layout", "upgrade"};
+const char* const verbNames[] = {"new", "show", "get", "set", "unset", "describe", "check", "layout", "upgrade"};
 
 TEST_F(Tool, TellsItsVersionEverywhere) {
     expectRun(runTool({"--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");
@@ -84,7 +84,8 @@ TEST_F(Tool, HelpsEverywhere) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output, HasSubstr("only \"]\" is written twice"));
-    EXPECT_THAT(run.output, HasSubstr("Exit status: 0 done, 1 not found or refused, 2 wrong usage."));
+    EXPECT_THAT(run.output, HasSubstr("Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be read or "
+                                      "written, or is no\nconfiguration."));
     for (const char* verb : verbNames) {
         EXPECT_THAT(run.output, HasSubstr(std::string("\n  ") + verb + " "));
         const ToolRun help = runTool({verb, "--help"});
@@ -125,27 +126,30 @@ TEST_F(Tool, ArgumentsMustBeUtf8) {
 TEST_F(Tool, UnreadableFilesAreRefused) {
     const std::string missing = path("missing.skorrax");
     const std::string message = "xmlconfig: Error parseDataFile: Can not open file: " + missing + "\n";
-    expectRun(runTool({"show", missing}), 1, "", message);
+    expectRun(runTool({"show", missing}), 3, "", message);
     expectRun(runTool({"check", missing}), 3, "", message);
-    expectRun(runTool({"get", missing, "System"}), 1, "", message);
-    expectRun(runTool({"set", missing, "System/RunType=x"}), 1, "", message);
+    expectRun(runTool({"get", missing, "System"}), 3, "", message);
+    expectRun(runTool({"set", missing, "System/RunType=x"}), 3, "", message);
+    expectRun(runTool({"unset", missing, "System/RunType"}), 3, "", message);
     const ToolRun run = runTool({"show", fileOf("<ConfigInfo><Version>")});
-    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.status, 3);
     EXPECT_THAT(run.errors, HasSubstr("line 1, column "));
 }
 
 TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
     const std::string file = path("neu.skorrax");
-    expectRun(runTool({"new", file}), 0, "", "");
+    expectRun(runTool({"new", file}), 0,
+              "made " + file + ": file version 9.0, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
     expectRun(runTool({"check", file}), 0, file + ": 0 errors, 0 warnings, 0 notes; all is well\n", "");
-    expectRun(runTool({"get", file, "Screen/Shape", "Geometry/Box_Size"}), 0, "Flat\n21, 21\n", "");
+    expectRun(runTool({"get", file, "Screen/Shape", "Geometry/Box_Size"}), 0,
+              "Screen/Shape\tFlat\nGeometry/Box_Size\t21, 21\n", "");
 }
 
 TEST_F(Tool, NewReplacesAFileOnlyByForce) {
     const std::string file = hallFile();
     expectRun(runTool({"new", file}), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
-    expectRun(runTool({"new", "--force", file}), 0, "", "");
+    EXPECT_EQ(runTool({"new", "--force", file}).status, 0);
     expectRun(runTool({"get", file, "Screen/Shape"}), 0, "Flat\n", "");
 }
 
@@ -160,7 +164,7 @@ TEST_F(Tool, NewWantsTheExtension) {
 
 TEST_F(Tool, NewTellsWhenTheFolderIsMissing) {
     const std::string file = path("nowhere/hall.skorrax");
-    expectRun(runTool({"new", file}), 1, "",
+    expectRun(runTool({"new", file}), 3, "",
               "xmlconfig: Error save(): An error occurred trying to save DOM tree to file. Msg is:Can not write file " +
                   file + ": No such file or directory\n");
 }
@@ -241,19 +245,26 @@ TEST_F(Tool, ShowTakesOlderFilesAsTheyAre) {
 TEST_F(Tool, GetPrintsStoredValues) {
     expectRun(runTool({"get", hallFile(), "System/RunType", "Projector[a/b=c]/Name", "Projector/Channel_Extents/Heading/Yaw",
                        "ProjectorApprovedSlots/Slot[3]/Name"}),
-              0, "ClassicRun\nGröße 日本\n1.000000000000000e+00\nLobby\n", "");
+              0,
+              "System/RunType\tClassicRun\nProjector[a/b=c]/Name\tGröße 日本\n"
+              "Projector[a/b=c]/Channel_Extents/Heading/Yaw\t1.000000000000000e+00\n"
+              "ProjectorApprovedSlots/Slot[3]/Name\tLobby\n",
+              "");
+    expectRun(runTool({"get", path("hall.skorrax"), "Projector/Name"}), 0, "Größe 日本\n", "");
 }
 
 TEST_F(Tool, GetPrintsElementsAsXmlAndGroupsAsTrees) {
     expectRun(runTool({"get", hallFile(), "Projector/DeviceSnippet"}), 0,
               "<device UID=\"X***1\">\n  <id>1</id>\n</device>\n", "");
-    expectRun(runTool({"get", path("hall.skorrax"), "Projector/Channel_Extents", "ProjectorApprovedSlots/Slot[3]"}), 0,
-              "Channel_Extents\n  Heading\n    Yaw = 1.000000000000000e+00\nSlot [3]\n  Name = Lobby\n", "");
+    expectRun(runTool({"get", path("hall.skorrax"), "Projector/Channel_Extents"}), 0,
+              "Channel_Extents\n  Heading\n    Yaw = 1.000000000000000e+00\n", "");
+    expectRun(runTool({"get", path("hall.skorrax"), "ProjectorApprovedSlots/Slot[3]"}), 0, "Slot [3]\n  Name = Lobby\n", "");
 }
 
 TEST_F(Tool, GetTellsWhatIsMissingAndPrintsTheRest) {
     const std::string file = hallFile();
-    expectRun(runTool({"get", file, "System/Nothing", "System/RunType", "Camera[2]/Name"}), 1, "ClassicRun\n",
+    expectRun(runTool({"get", file, "System/Nothing", "System/RunType", "Camera[2]/Name"}), 1,
+              "System/RunType\tClassicRun\n",
               "xmlconfig: " + file + ": holds no System/Nothing\nxmlconfig: " + file + ": holds no Camera[2]/Name\n");
 }
 
@@ -264,7 +275,11 @@ TEST_F(Tool, GetRefusesWhatIsNoAddress) {
 
 TEST_F(Tool, SetChangesExactlyWhatIsNamed) {
     const std::string file = hallFile();
-    expectRun(runTool({"set", file, "Projector[a/b=c]/Name=x=y ü", "System/RunType=CinemaRun"}), 0, "", "");
+    expectRun(runTool({"set", file, "Projector[a/b=c]/Name=x=y ü", "System/RunType=CinemaRun"}), 0,
+              "~ Projector[x=y ü]/Name  Größe 日本 -> x=y ü\n"
+              "~ System/RunType         ClassicRun -> CinemaRun\n"
+              "2 changes\n",
+              "");
     std::string expected = hall;
     expected.replace(expected.find("Größe 日本"), std::string("Größe 日本").size(), "x=y ü");
     expected.replace(expected.find("ClassicRun"), 10, "CinemaRun");
@@ -278,7 +293,7 @@ TEST_F(Tool, SetChangesExactlyWhatIsNamed) {
 
 TEST_F(Tool, SetStoresXmlElementsAsElements) {
     const std::string file = hallFile();
-    expectRun(runTool({"set", file, "Projector/DeviceSnippet=<device UID=\"Y***2\"><id>2</id></device>"}), 0, "", "");
+    EXPECT_EQ(runTool({"set", file, "Projector/DeviceSnippet=<device UID=\"Y***2\"><id>2</id></device>"}).status, 0);
     expectRun(runTool({"get", file, "Projector/DeviceSnippet"}), 0, "<device UID=\"Y***2\">\n  <id>2</id>\n</device>\n", "");
 }
 
@@ -286,9 +301,16 @@ TEST_F(Tool, SetAddsKnownSettings) {
     const std::string file = hallFile();
     expectRun(runTool({"set", file, "Geometry/Box_Spacing=1.75", "ProjectorApprovedSlots/Slot[4]/Name=Foyer",
                        "ProjMap/any/key=1"}),
-              0, "", "");
+              0,
+              "+ Geometry/Box_Spacing                 1.75\n"
+              "+ ProjectorApprovedSlots/Slot[4]/Name  Foyer\n"
+              "+ ProjMap/any/key                      1\n"
+              "3 changes\n",
+              "");
     expectRun(runTool({"get", file, "Geometry/Box_Spacing", "ProjectorApprovedSlots/Slot[4]/Name", "ProjMap/any/key"}), 0,
-              "1.75\nFoyer\n1\n", "");
+              "Geometry/Box_Spacing\t1.750000000000000e+00\nProjectorApprovedSlots/Slot[4]/Name\tFoyer\n"
+              "ProjMap/any/key\t1\n",
+              "");
     expectRun(runTool({"check", "--only", "XC103,XC104,XC105", file}), 0,
               file + ": 0 errors, 0 warnings, 0 notes; all is well\n", "");
 }
@@ -297,9 +319,9 @@ TEST_F(Tool, SetIsAllOrNothing) {
     const std::string file = hallFile();
     const std::pair<std::string, std::string> faults[] = {
         {"System/RunTipe=x",
-         "System/RunTipe: there is no such setting; did you mean \"RunType\"? --force stores it all the same"},
+         "System/RunTipe: there is no such setting; did you mean \"RunType\"?"},
         {"Sistem/RunType=x",
-         "Sistem/RunType: there is no such setting; did you mean \"System\"? --force stores it all the same"},
+         "Sistem/RunType: there is no such setting; did you mean \"System\"?"},
         {"System/Is_Camera_Used=maybe",
          "System/Is_Camera_Used: \"maybe\" is not of type bool; --force stores it all the same"},
         {"Projector[2]/Name=x", "Projector[2]/Name: there is no such section; --force adds it"},
@@ -307,7 +329,7 @@ TEST_F(Tool, SetIsAllOrNothing) {
         {"System=x", "System: a section has no value; name a setting in it"},
         {"Projector/Channel_Extents=1", "Projector/Channel_Extents: holds other settings and no value"},
         {"Camera[1]/DeviceSnippet/device=1",
-         "Camera[1]/DeviceSnippet/device: there is no such setting; --force stores it all the same"},
+         "device: there is no such part in the snippet"},
     };
     for (const auto& [change, message] : faults) {
         const ToolRun run = runTool({"set", file, "System/RunType=CinemaRun", change});
@@ -336,8 +358,13 @@ TEST_F(Tool, SetRefusesWhatXmlCannotHold) {
 TEST_F(Tool, SetByForceStoresAnything) {
     const std::string file = hallFile();
     expectRun(runTool({"set", "--force", file, "System/Is_Camera_Used=maybe", "Projector[2]/Nickname=x", "Mine/Own=1"}), 0,
-              "", "");
-    expectRun(runTool({"get", file, "System/Is_Camera_Used", "Projector[2]/Nickname", "Mine/Own"}), 0, "maybe\nx\n1\n", "");
+              "~ System/Is_Camera_Used  true -> maybe\n"
+              "+ Projector[2]/Nickname  x\n"
+              "+ Mine/Own               1\n"
+              "3 changes\n",
+              "");
+    expectRun(runTool({"get", file, "System/Is_Camera_Used", "Projector[2]/Nickname", "Mine/Own"}), 0,
+              "System/Is_Camera_Used\tmaybe\nProjector[2]/Nickname\tx\nMine/Own\t1\n", "");
     const ToolRun run = runTool({"check", "--only", "XC103,XC104,XC105", file});
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.output, HasSubstr("System/Is_Camera_Used: \"maybe\" is not of type bool; the application reads true\n"));
@@ -356,7 +383,7 @@ TEST_F(Tool, SetNeverMixesValuesAndSettings) {
     refused({"System/Own=1", "System/Own/Part=2"}, "System/Own/Part: a value stands where this setting belongs");
     refused({"System/Own/Part=2", "System/Own=1"}, "System/Own: holds other settings and no value");
     refused({"System/RunType/a/b=1"}, "System/RunType/a/b: a value stands where this setting belongs");
-    expectRun(runTool({"set", "--force", file, "System/Own=", "System/Own/Part=2"}), 0, "", "");
+    EXPECT_EQ(runTool({"set", "--force", file, "System/Own=", "System/Own/Part=2"}).status, 0);
     expectRun(runTool({"get", file, "System/Own/Part"}), 0, "2\n", "");
 }
 
@@ -379,7 +406,7 @@ TEST_F(Tool, SetTellsThatAnElementStays) {
 TEST_F(Tool, SettingWhatIsStoredLeavesTheFileAlone) {
     const std::string file = hallFile();
     const auto before = std::filesystem::last_write_time(file);
-    expectRun(runTool({"set", file, "System/RunType=ClassicRun"}), 0, "", "");
+    expectRun(runTool({"set", file, "System/RunType=ClassicRun"}), 0, "0 changes\n", "");
     EXPECT_EQ(std::filesystem::last_write_time(file), before);
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
 }
@@ -387,7 +414,7 @@ TEST_F(Tool, SettingWhatIsStoredLeavesTheFileAlone) {
 TEST_F(Tool, SetTellsOnceThatTheFileCannotBeSaved) {
     const std::string file = hallFile();
     expectRun(runTool({"set", file, "System/RunType=CinemaRun", "Projector/Name=" + std::string(2000, 'x')}, "ulimit -f 1;"),
-              1, "",
+              3, "",
               "xmlconfig: Error save(): An error occurred trying to save DOM tree to file. Msg is:Can not write file " +
                   file + ": File too large\n");
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
@@ -397,9 +424,14 @@ TEST_F(Tool, SetTellsOnceThatTheFileCannotBeSaved) {
 TEST_F(Tool, FilesOfOtherVersionsAreNotChanged) {
     const std::string older = "<ConfigInfo><Version>2.003</Version></ConfigInfo>";
     const std::string file = fileOf(older);
-    const std::string message = "xmlconfig: " + file + ": is of file version 2.003, which must be converted first\n";
+    const std::string message = "xmlconfig: " + file + ": is of file version 2.003 and must be upgraded first: xmlconfig upgrade " + file + "\n";
     expectRun(runTool({"set", file, "System/RunType=x"}), 1, "", message);
     EXPECT_EQ(folder.read(L"other.skorrax"), older);
+    expectRun(runTool({"set", fileOf("<ConfigInfo><Version>9.001</Version></ConfigInfo>"), "System/RunType=x"}), 3, "",
+              "xmlconfig: " + file + ": is of file version 9.001, which is newer than this program\n");
+    for (const char* const content : {"<ConfigInfo><Version/></ConfigInfo>", "<ConfigInfo/>"})
+        expectRun(runTool({"set", fileOf(content), "System/RunType=x"}), 3, "",
+                  "xmlconfig: " + file + ": is no configuration, it has no version\n");
 }
 
 TEST_F(Tool, DescribeListsTheCatalogue) {
@@ -419,11 +451,11 @@ TEST_F(Tool, DescribeDetailsOneSetting) {
               "  meaning       when the installation was first visited; 0 for not yet\n"
               "  type          int\n"
               "  unit          seconds since 1970-01-01 UTC\n"
-              "  when missing  \"0\"\n"
+              "  when missing  0\n"
               "  when new      not stored\n",
               "");
     const ToolRun inherited = runTool({"describe", "Projector/Box_Spacing"});
-    EXPECT_THAT(inherited.output, HasSubstr("when missing  that of Geometry, else \"1.500000000000000e+00\"\n"));
+    EXPECT_THAT(inherited.output, HasSubstr("when missing  that of Geometry, else 1.500000000000000e+00\n"));
     const ToolRun group = runTool({"describe", "Projector/Channel_Extents/Heading"});
     EXPECT_EQ(std::count(group.output.begin(), group.output.end(), '\n'), 3);
 }
@@ -438,10 +470,10 @@ TEST_F(Tool, DescribeSuggestsWhatIsMeant) {
 TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
     for (const std::string locale : {"LC_ALL=C", "LC_ALL=de_DE.UTF-8", "LC_ALL=POSIX"}) {
         const std::string file = path("Größe 日本 " + locale + ".skorrax");
-        expectRun(runTool({"new", file}, locale), 0, "", "");
+        EXPECT_EQ(runTool({"new", file}, locale).status, 0);
         expectRun(runTool({"new", file}, locale), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
-        expectRun(runTool({"set", file, "System/Skorra_File=Zürich 🎥.skorrax", "Geometry/Box_Spacing=1.5"}, locale), 0, "",
-                  "");
+        expectRun(runTool({"set", file, "System/Skorra_File=Zürich 🎥.skorrax", "Geometry/Box_Spacing=1.75"}, locale), 0,
+                  "~ System/Skorra_File    \"\" -> Zürich 🎥.skorrax\n~ Geometry/Box_Spacing  1.5 -> 1.75\n2 changes\n", "");
         expectRun(runTool({"get", file, "System/Skorra_File"}, locale), 0, "Zürich 🎥.skorrax\n", "");
         expectRun(runTool({"get", file, "System/Größe"}, locale), 1, "", "xmlconfig: " + file + ": holds no System/Größe\n");
     }
@@ -450,9 +482,11 @@ TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
 
 TEST_F(Tool, LibraryIsHeardOnlyWhenAsked) {
     const std::string file = path("hall.skorrax");
-    expectRun(runTool({"new", "--verbose", file}), 0, "",
+    const std::string made =
+        "made " + file + ": file version 9.0, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n";
+    expectRun(runTool({"new", "--verbose", file}), 0, made,
               "xmlconfig: INFO: newConfiguration()\nxmlconfig: INFO: saveConfiguration('" + file + "')\n");
-    expectRun(runTool({"--verbose", "new", "--force", file}), 0, "",
+    expectRun(runTool({"--verbose", "new", "--force", file}), 0, made,
               "xmlconfig: INFO: newConfiguration()\nxmlconfig: INFO: saveConfiguration('" + file + "')\n");
 }
 
@@ -472,7 +506,7 @@ TEST_F(Tool, ExampleRuns) {
     EXPECT_THAT(output, HasSubstr("50c50\n"
                                   "<     <Box_Spacing>1.500000000000000e+00</Box_Spacing>\n"
                                   "---\n"
-                                  ">     <Box_Spacing>1.75</Box_Spacing>\n"
+                                  ">     <Box_Spacing>1.750000000000000e+00</Box_Spacing>\n"
                                   "298c298\n"
                                   "<     <Name>Dome 2</Name>\n"
                                   "---\n"

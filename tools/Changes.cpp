@@ -1,0 +1,93 @@
+#include "tools/Changes.h"
+
+#include "manager/Origin.h"
+#include "manager/SettingSearch.h"
+#include "store/ConfigInfo.h"
+#include "store/ElementView.h"
+#include "tools/Colour.h"
+#include "tools/Numbers.h"
+#include "tools/Table.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Address;
+using XMLConfig::Origin;
+
+std::optional<std::wstring> storedAt(const ConfigInfo& document, const Address& place, const XMLConfig::Setting* setting) {
+    if (!XMLConfig::findElement(document, place)) return std::nullopt;
+    if (setting != nullptr && setting->type == XMLConfig::SettingType::Element)
+        return document.getStringItemAsDOMElement(place.section, place.key, L"", place.sectionID);
+    return XMLConfig::findElement(document, place).text();
+}
+
+/// Quotes make an empty text visible.
+std::wstring shown(const std::wstring& text, const Change& change, const Showing& showing) {
+    const std::wstring value = showing.value(text, change.setting);
+    return value.empty() ? L"\"\"" : value;
+}
+
+const wchar_t* kindOf(const Change& change) {
+    if (!change.now) return L"removed";
+    return change.old ? L"changed" : L"added";
+}
+
+std::wstring markOf(const Change& change, bool isInColour) {
+    if (!change.now) return coloured(L"-", Tone::Bad, isInColour);
+    const bool isNew = !change.old && change.inheritedFrom.empty();
+    return isNew ? coloured(L"+", Tone::Good, isInColour) : coloured(L"~", Tone::Doubtful, isInColour);
+}
+
+std::wstring whatHappened(const Change& change, const Showing& showing) {
+    const auto value = [&](const std::wstring& text) { return shown(text, change, showing); };
+    if (change.old && change.now) return value(*change.old) + L" -> " + value(*change.now);
+    if (change.now)
+        return (change.inheritedFrom.empty() ? L"" : value(change.counted) + L" (inherited) -> ") + value(*change.now);
+    if (!change.isKnown) return value(*change.old);
+    return value(*change.old) + L" -> " + value(change.counted) +
+           (change.inheritedFrom.empty() ? L" (default)" : L" (inherited from " + change.inheritedFrom + L")");
+}
+
+}  // namespace
+
+Change beginChange(const ConfigInfo& document, const Address& place) {
+    const XMLConfig::Setting* const setting = XMLConfig::knownSetting(place);
+    Change change{XMLConfig::addressText(place), place, storedAt(document, place, setting), std::nullopt, L"", L"", false,
+                  setting};
+    endChange(change, document);
+    change.now.reset();
+    return change;
+}
+
+void endChange(Change& change, const ConfigInfo& document) {
+    change.now = storedAt(document, change.place, change.setting);
+    if (change.now) return;
+    const auto counted = XMLConfig::effectiveValue(document, change.place);
+    change.isKnown = counted.has_value();
+    if (!counted) return;
+    change.counted = counted->stored;
+    change.inheritedFrom = counted->origin == Origin::Inherited ? counted->from.section : L"";
+}
+
+std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, bool isDryRun, bool isColoured) {
+    std::vector<std::vector<std::wstring>> rows;
+    for (const Change& change : changes)
+        rows.push_back({markOf(change, isColoured) + L" " + showing.address(change.address, change.place),
+                        whatHappened(change, showing)});
+    return tableText(rows, L"") + counted(static_cast<long long>(changes.size()), L"change") +
+           (isDryRun ? L" (dry run, nothing written)\n" : L"\n");
+}
+
+std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes, bool isWritten) {
+    Json answer = jsonAnswer(verb, file);
+    answer["written"] = isWritten;
+    answer["changes"] = Json::array();
+    for (const Change& change : changes)
+        answer["changes"].push_back({{"address", jsonText(change.address)},
+                                     {"kind", jsonText(kindOf(change))},
+                                     {"old", jsonText(change.old)},
+                                     {"new", jsonText(change.now)}});
+    return jsonEnd(std::move(answer), 0);
+}
+
+}  // namespace tool

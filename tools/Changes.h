@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Setting.h"
+#include "store/Address.h"
+#include "tools/Json.h"
+#include "tools/Showing.h"
+
+/// What the verbs that write have changed, told alike by all of them.
+namespace tool {
+
+/// A text that a writing verb stored, replaced or took away.
+struct Change {
+    std::wstring address;  ///< as addressText writes it; followed by the part of a device snippet
+    XMLConfig::Address place;
+    std::optional<std::wstring> old;    ///< what was stored; nothing where nothing was
+    std::optional<std::wstring> now;    ///< what is stored; nothing where nothing is
+    std::wstring counted;               ///< what the application reads where nothing is stored
+    std::wstring inheritedFrom;         ///< the section that gives it; empty for a default
+    bool isKnown = false;               ///< whether the catalogue knows what counts where nothing is stored
+    const XMLConfig::Setting* setting;  ///< null for what the catalogue does not know
+};
+
+/// What is stored at a place, or counts there, before a change of it.
+Change beginChange(const ConfigInfo& document, const XMLConfig::Address& place);
+/// The same place after the change.
+void endChange(Change& change, const ConfigInfo& document);
+
+/// One line a change and one with their number.
+std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, bool isDryRun, bool isColoured);
+/// The answer of a writing verb.
+std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes, bool isWritten);
+
+}  // namespace tool

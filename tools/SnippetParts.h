@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+class ConfigInfo;
+
+namespace XMLConfig {
+struct Address;
+}
+
+/// Single texts in a device snippet, as `show --flat` and `diff --lines` name them.
+namespace tool {
+
+/// An operand's place, and the part of the device snippet that stands there: "device@UID", "device/connection/port".
+struct SnippetPart {
+    std::wstring snippet;  ///< the address of the snippet; empty for an operand that names no part of one
+    std::wstring part;
+};
+SnippetPart snippetPartOf(const std::wstring& address);
+
+/// The snippet's XML with the part holding the value; throws a Refusal where it holds no such part, or the part holds others.
+std::wstring withPart(const std::wstring& xml, const std::wstring& part, const std::wstring& value);
+/// The part's text; throws as withPart.
+std::wstring partIn(const std::wstring& xml, const std::wstring& part);
+
+}  // namespace tool

@@ -1,0 +1,84 @@
+#include <CLI/App.hpp>
+
+#include "manager/SettingSearch.h"
+#include "platform/Utf8.h"
+#include "tools/Configuration.h"
+#include "tools/Places.h"
+#include "tools/Reading.h"
+#include "tools/Verb.h"
+#include "tools/Writing.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::Address;
+
+[[noreturn]] void refuse(const Address& place, const std::wstring& fault) {
+    throw Refusal(XMLConfig::addressText(place) + L": " + fault);
+}
+
+/// What is removed as a whole and holds the place: its section's child.
+Address wholeOf(Address place) {
+    if (!place.subSection.empty()) place.key.clear();
+    else place.key = place.key.substr(0, place.key.find(L'|'));
+    return place;
+}
+
+void remove(ConfigInfo& document, const Address& place) {
+    if (place.key.empty() && place.subSection.empty()) refuse(place, L"is a whole section; unset takes settings");
+    const Address whole = wholeOf(place);
+    const std::wstring above = XMLConfig::addressText(whole);
+    if (XMLConfig::addressText(place) != above) refuse(place, L"can be unset with all of " + above + L" only");
+    if (place.subSection.empty()) document.removeItem(place.section, place.key, place.sectionID);
+    else document.removeSubSection(place.section, place.subSection, place.sectionID, place.subSectionID);
+}
+
+/// One change for each text that goes.
+void unset(ConfigInfo& document, const Address& place, std::vector<Change>& changes) {
+    std::vector<Change> gone;
+    const XMLConfig::Setting* const setting = XMLConfig::knownSetting(place);
+    const bool isOne = setting != nullptr && setting->type == XMLConfig::SettingType::Element;
+    if (isOne) gone.push_back(beginChange(document, place));
+    for (const StoredText& text : storedTexts(XMLConfig::findElement(document, place), place))
+        if (!isOne) gone.push_back(beginChange(document, text.place));
+    remove(document, place);
+    for (Change& change : gone) {
+        endChange(change, document);
+        changes.push_back(std::move(change));
+    }
+}
+
+/// The places of an operand that store something; throws where none does.
+std::vector<Address> storedPlaces(const ConfigInfo& document, const Address& operand, const std::string& file) {
+    std::vector<Address> stored;
+    for (const Address& place : placesOf(document, operand))
+        if (XMLConfig::findElement(document, place)) stored.push_back(place);
+    if (stored.empty()) throw Refusal(XMLConfig::wideFromUtf8(file) + L": holds no " + XMLConfig::addressText(operand));
+    return stored;
+}
+
+}  // namespace
+
+void setUpUnset(CLI::App& app, Request& request) {
+    app.add_option("FILE", request.file, "The file to change")->required();
+    app.add_option("ADDRESS", request.operands, "What is to be stored no more, so that it is inherited or its default counts")
+        ->required();
+    setUpChanging(app, request);
+    app.footer(addressHelp);
+}
+
+ExitStatus runUnset(const Request& request) {
+    std::vector<Address> operands;
+    for (const std::string& operand : request.operands)
+        operands.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+    const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
+    const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
+    requireLatestVersion(*document, request.file);
+    std::vector<Change> changes;
+    for (const Address& operand : operands)
+        for (const Address& place : storedPlaces(*document, operand, request.file)) unset(*document, place, changes);
+    finishChange("unset", *document, changes, request);
+    return Done;
+}
+
+}  // namespace tool

@@ -1,0 +1,145 @@
+#include "tools/ValueInput.h"
+
+#include <fmt/format.h>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <vector>
+
+#include "base/UnitConversionTable.h"
+#include "manager/Origin.h"
+#include "platform/Utf8.h"
+#include "store/Tokens.h"
+#include "tools/Numbers.h"
+
+namespace tool {
+namespace {
+
+using Table = UnitConversionTable;
+using XMLConfig::Setting;
+using XMLConfig::SettingType;
+using XMLConfig::Unit;
+
+constexpr double fullTurn = 6.283185307179586;
+
+struct Suffix {
+    const char* text;
+    Unit unit;                 ///< of the settings that take it
+    Table::UnitSubType meant;  ///< not looked at for percents
+};
+constexpr Suffix suffixes[] = {
+    {"rad", Unit::Radians, Table::Radians},   {"deg", Unit::Radians, Table::Degrees},
+    {"°", Unit::Radians, Table::Degrees},     {"arcmin", Unit::Radians, Table::ArcMinutes},
+    {"m", Unit::Meters, Table::Meters},       {"cm", Unit::Meters, Table::Centimeters},
+    {"mm", Unit::Meters, Table::Millimeters}, {"ft", Unit::Meters, Table::Feet},
+    {"in", Unit::Meters, Table::Inches},      {"%", Unit::Percent, Table::UnknownUnitSubType},
+};
+
+bool isNumbers(SettingType type) {
+    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
+           type == SettingType::Point2 || type == SettingType::Point3;
+}
+
+/// In the stored unit, from a number in another one.
+double converted(double number, const Suffix& suffix) {
+    if (suffix.unit == Unit::Percent) return number;
+    return Table::convertValue(suffix.meant, suffix.unit == Unit::Radians ? Table::Radians : Table::Meters, number);
+}
+
+/// "24deg" for a setting in radians as their number; everything else as it is.
+std::wstring withoutUnit(const std::wstring& token, Unit unit) {
+    const std::string text = XMLConfig::utf8FromWide(token);
+    const char* const begin = text.data() + (text.substr(0, 1) == "+" ? 1 : 0);
+    const char* const end = text.data() + text.size();
+    double number = 0.0;
+    const auto [rest, error] = std::from_chars(begin, end, number);
+    if (error != std::errc()) return token;
+    for (const Suffix& suffix : suffixes)
+        if (suffix.unit == unit && std::string(rest, end) == suffix.text)
+            return XMLConfig::wideFromUtf8(fmt::format("{}", converted(number, suffix)));
+    return token;
+}
+
+std::vector<double> numbersIn(const std::wstring& stored) {
+    std::vector<double> numbers;
+    for (const std::wstring& token : XMLConfig::detail::tokensOf(stored)) {
+        const std::string text =
+            XMLConfig::utf8FromWide(XMLConfig::textAsRead(token, SettingType::Double).value_or(L""));
+        numbers.push_back(0.0);
+        std::from_chars(text.data(), text.data() + text.size(), numbers.back());
+    }
+    return numbers;
+}
+
+std::wstring countsAs(const Setting& setting) {
+    return setting.othersCountAs ? L"; counts as " + *setting.othersCountAs : L"";
+}
+
+std::optional<ValueFault> wordFault(const std::wstring& stored, const Setting& setting) {
+    const std::vector<std::wstring>& words = setting.words;
+    if (words.empty() || std::find(words.begin(), words.end(), stored) != words.end()) return std::nullopt;
+    std::wstring list;
+    for (const std::wstring& word : words) list += (list.empty() ? L"" : L", ") + word;
+    return ValueFault{L"\"" + stored + L"\" is none of " + list + countsAs(setting) + L" (XC109)"};
+}
+
+std::optional<ValueFault> numberFault(double number, const Setting& setting) {
+    const auto isIt = [&](const XMLConfig::NamedNumber& named) { return named.number == number; };
+    if (setting.numbers.empty() || std::any_of(setting.numbers.begin(), setting.numbers.end(), isIt)) return std::nullopt;
+    std::wstring list;
+    for (const XMLConfig::NamedNumber& named : setting.numbers)
+        list += (list.empty() ? L"" : L", ") + std::to_wstring(named.number) + L" " + named.name;
+    return ValueFault{numberText(number) + L" is none of " + list + countsAs(setting) + L" (XC110)", false, true};
+}
+
+std::optional<ValueFault> turnFault(double number, const Setting& setting) {
+    if (setting.unit != Unit::Radians || !(std::fabs(number) > fullTurn)) return std::nullopt;
+    const std::wstring text = numberText(number);
+    const std::wstring turns = numberText(std::fabs(number) / fullTurn, 1);
+    return ValueFault{text + L" radians are " + turns + L" turns (XC305); " + text + L"deg?", false, true};
+}
+
+std::optional<ValueFault> rangeFault(double number, const Setting& setting) {
+    if (!setting.range || XMLConfig::contains(*setting.range, number)) return std::nullopt;
+    const std::wstring text = numberText(number) + L" is outside " + XMLConfig::textOf(*setting.range);
+    if (setting.range->ownJudgement) return ValueFault{text + L", which is usual (XC114)", true, false};
+    return ValueFault{text + L" (XC114)", false, true};
+}
+
+}  // namespace
+
+std::wstring storedForm(const std::wstring& written, const Setting& setting) {
+    if (!isNumbers(setting.type)) return written;
+    const bool isOne = setting.type == SettingType::Int || setting.type == SettingType::Double;
+    const std::vector<std::wstring> tokens = XMLConfig::detail::tokensOf(written);
+    std::wstring stored;
+    bool isConverted = false;
+    for (const std::wstring& token : tokens) {
+        const std::wstring bare = withoutUnit(token, setting.unit);
+        const bool hadUnit = bare != token;
+        isConverted = isConverted || hadUnit;
+        stored += (stored.empty() ? L"" : L", ") +
+                  (hadUnit ? XMLConfig::textAsRead(bare, SettingType::Double).value_or(bare) : bare);
+    }
+    if (!isConverted || (isOne && tokens.size() != 1)) stored = written;
+    if (isOne && isOfType(stored, setting.type)) stored = XMLConfig::textAsRead(stored, setting.type).value_or(stored);
+    return stored;
+}
+
+std::optional<ValueFault> faultOf(const std::wstring& stored, const Setting& setting) {
+    if (!isOfType(stored, setting.type))
+        return ValueFault{L"\"" + stored + L"\" is not of type " + nameOf(setting.type), false, true};
+    if (auto fault = wordFault(stored, setting)) return fault;
+    if (!isNumbers(setting.type)) return std::nullopt;
+    std::optional<ValueFault> warning;
+    for (const double number : numbersIn(stored)) {
+        for (const auto find : {numberFault, turnFault, rangeFault}) {
+            std::optional<ValueFault> fault = find(number, setting);
+            if (fault && !fault->isWarning) return fault;
+            if (fault) warning = fault;
+        }
+    }
+    return warning;
+}
+
+}  // namespace tool
