@@ -52,8 +52,8 @@ std::wstring whatHappened(const Change& change, const Showing& showing) {
 
 Change beginChange(const ConfigInfo& document, const Address& place) {
     const XMLConfig::Setting* const setting = XMLConfig::knownSetting(place);
-    Change change{XMLConfig::addressText(place), place, storedAt(document, place, setting), std::nullopt, L"", L"", false,
-                  setting};
+    Change change{
+        XMLConfig::addressText(place), place, storedAt(document, place, setting), std::nullopt, L"", L"", false, setting};
     endChange(change, document);
     change.now.reset();
     return change;

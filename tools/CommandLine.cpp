@@ -20,7 +20,7 @@ namespace tool {
 namespace {
 
 const char* const summary = "Reads, checks and changes the configuration files of the projector calibration.";
-const char* const exitStatuses = 
+const char* const exitStatuses =
     "Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be read or written, or is no\n"
     "configuration.";
 

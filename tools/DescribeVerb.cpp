@@ -26,7 +26,8 @@ bool isWord(const std::wstring& text, const Setting& setting) {
 
 /// What a copy of a device's settings leaves out.
 std::wstring belonging(SettingClass settingClass) {
-    return settingClass == SettingClass::Identity ? L"the device's identity" : L"the device's " + std::wstring(nameOf(settingClass));
+    return settingClass == SettingClass::Identity ? L"the device's identity"
+                                                  : L"the device's " + std::wstring(nameOf(settingClass));
 }
 
 std::wstring padded(const std::wstring& text, std::size_t width) {

@@ -41,13 +41,11 @@ std::wstring elementText(const ConfigInfo& document, const Address& place) {
     return document.getStringItemAsDOMElement(place.section, place.key, L"", place.sectionID);
 }
 
-bool holdsElement(const Setting* setting) {
-    return setting != nullptr && setting->type == XMLConfig::SettingType::Element;
-}
+bool holdsElement(const Setting* setting) { return setting != nullptr && setting->type == XMLConfig::SettingType::Element; }
 
 Answer answerAt(const ConfigInfo& document, const Address& place) {
-    Answer answer{XMLConfig::addressText(place), place, XMLConfig::knownSetting(place),
-                  XMLConfig::findElement(document, place), L"", std::nullopt};
+    Answer answer{XMLConfig::addressText(place),           place, XMLConfig::knownSetting(place),
+                  XMLConfig::findElement(document, place), L"",   std::nullopt};
     if (answer.element && holdsElement(answer.setting)) answer.stored = elementText(document, place);
     else if (answer.element && !answer.element.firstChild()) answer.stored = answer.element.text();
     answer.counted = XMLConfig::effectiveValue(document, place);
@@ -113,8 +111,8 @@ private:
         const Answer& answer = m_answers[0];
         const ExitStatus status = complainOfMissing();
         if (!answer.isThere(isCounted()) && !m_request.fallback) return status;
-        const std::wstring text = answer.element && isGroup(answer) ? treeText(XMLConfig::outline(answer.element))
-                                                                    : textOf(answer);
+        const std::wstring text =
+            answer.element && isGroup(answer) ? treeText(XMLConfig::outline(answer.element)) : textOf(answer);
         print(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
         return status;
     }

@@ -5,10 +5,12 @@
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"
 #include "sections/GeometryConfig.h"
+#include "store/CorvaneException.h"
 #include "tools/Configuration.h"
 #include "tools/Json.h"
 #include "tools/Numbers.h"
 #include "tools/Output.h"
+#include "tools/Reading.h"
 #include "tools/Verb.h"
 #include "tools/Writing.h"
 
@@ -29,6 +31,15 @@ void addProjectors(XMLConfigManager& manager, unsigned count) {
     geometry->setProjectorCount(static_cast<int>(count));
     geometry->setProjectorLayoutWidth(static_cast<int>(count));
     geometry->setProjectorLayoutHeight(1);
+}
+
+void save(XMLConfigManager& manager, const std::wstring& file) {
+    const XMLConfig::SignalHold hold;
+    try {
+        manager.saveConfiguration(file);
+    } catch (const CorvaneException& fault) {
+        throw Unreadable(fault.getMessage());
+    }
 }
 
 std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
@@ -55,6 +66,7 @@ void setUpNew(CLI::App& app, Request& request) {
         ->check(CLI::Range(0U, most));
     app.add_flag("--json", request.json, "Answer with one JSON object");
     setUpWriting(app, request);
+    app.footer("Exit status: 0 done, 1 refused, 2 wrong usage, 3 the file cannot be written.");
 }
 
 ExitStatus runNew(const Request& request) {
@@ -64,10 +76,7 @@ ExitStatus runNew(const Request& request) {
     if (!request.force && exists(request.file)) throw Refusal(file + L": exists; --force replaces it");
     const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::newConfiguration(std::make_shared<ProductInfo>()));
     addProjectors(*manager, request.projectors);
-    {
-        const XMLConfig::SignalHold hold;
-        manager->saveConfiguration(file);
-    }
+    save(*manager, file);
     print(request.json ? jsonOf(*manager, request.file) : textOf(*manager, file));
     return Done;
 }

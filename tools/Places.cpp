@@ -39,8 +39,7 @@ public:
     void addItem(const ElementView& item, const Address& place) {
         const XMLConfig::Setting* const setting = XMLConfig::knownSetting(place);
         if (setting != nullptr && setting->type == XMLConfig::SettingType::Element) {
-            for (const ElementView& part : item.children())
-                addSnippet(part, place, addressText(place) + L"/" + part.name());
+            for (const ElementView& part : item.children()) addSnippet(part, place, addressText(place) + L"/" + part.name());
         } else if (item.firstChild()) {
             for (const ElementView& part : item.children()) addItem(part, below(place, part));
         } else if (!place.key.empty()) {
@@ -84,8 +83,8 @@ std::vector<Address> placesOf(const ConfigInfo& document, const Address& operand
         list += (i == 0 ? L" " : L", ") + addressText(device);
     }
     if (selection.candidates.size() > shown) list += L", ...";
-    throw Refusal(addressText(operand) + L": means one of " + std::to_wstring(selection.candidates.size()) +
-                  L" devices:" + list + L"; " + operand.section + L"[*] means all");
+    throw Refusal(addressText(operand) + L": means one of " + std::to_wstring(selection.candidates.size()) + L" devices:" +
+                  list + L"; " + operand.section + L"[*] means all");
 }
 
 std::vector<StoredText> storedTexts(const ElementView& element, const Address& place) {

@@ -17,7 +17,7 @@ std::vector<XMLConfig::Address> placesOf(const ConfigInfo& document, const XMLCo
 
 /// A text that a document stores: that of a setting, of an unknown item, or of a part of a device snippet.
 struct StoredText {
-    std::wstring address;  ///< as addressText writes it, followed by "@name" for an attribute in a device snippet
+    std::wstring address;      ///< as addressText writes it, followed by "@name" for an attribute in a device snippet
     XMLConfig::Address place;  ///< of the setting; in a device snippet that of the whole snippet
     XMLConfig::ElementView element;
     std::wstring text;

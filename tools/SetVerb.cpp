@@ -192,15 +192,18 @@ private:
     }
 
     void changePart(const Address& place, const std::wstring& part, const std::wstring& value) {
-        const std::wstring xml =
-            m_document.getStringItemAsDOMElement(place.section, place.key, L"", place.sectionID);
+        const std::wstring xml = m_document.getStringItemAsDOMElement(place.section, place.key, L"", place.sectionID);
         Change change = beginChange(m_document, place);
         change.address += L"/" + part;
         change.setting = nullptr;
-        change.old = partIn(xml, part);
-        change.now = value;
-        if (change.old == change.now) return;
-        store(m_document, {place, withPart(xml, part, value)});
+        try {
+            change.old = partIn(xml, part);
+            change.now = value;
+            if (change.old == change.now) return;
+            store(m_document, {place, withPart(xml, part, value)});
+        } catch (const Refusal& fault) {
+            throw Refusal(change.address + L": " + XMLConfig::wideFromUtf8(fault.what()));
+        }
         m_changes.push_back(std::move(change));
     }
 
@@ -216,8 +219,9 @@ void setUpSet(CLI::App& app, Request& request) {
     app.add_option("CHANGE", request.operands,
                    "ADDRESS=VALUE: where a value is stored, and the value; a number may have a unit: 24deg, 1.2rad, 5.2m, "
                    "340mm, 17ft, 12in");
-    app.add_option("--from", request.lineFile, "Take changes from a file, one a line, as 'show --flat' prints them; - for "
-                                               "standard input")
+    app.add_option("--from", request.lineFile,
+                   "Take changes from a file, one a line, as 'show --flat' prints them; - for "
+                   "standard input")
         ->type_name("LINES");
     app.add_flag("--force", request.force, "Add unknown settings and sections too, and store values of another form");
     setUpChanging(app, request);
@@ -230,9 +234,10 @@ ExitStatus runSet(const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
+    const Showing before(*document);
     Changing changing(*document, request.force);
     for (const Wish& wish : wishes) changing.apply(wish);
-    finishChange("set", *document, changing.changes(), request);
+    finishChange("set", *document, changing.changes(), before, request);
     return Done;
 }
 

@@ -11,9 +11,7 @@
 namespace tool {
 namespace {
 
-[[noreturn]] void refuse(const std::string& part, const char* why) {
-    throw Refusal(XMLConfig::wideFromUtf8(part) + XMLConfig::wideFromUtf8(why));
-}
+[[noreturn]] void refuse(const wchar_t* why) { throw Refusal(why); }
 
 bool namesElement(const std::wstring& address) {
     try {
@@ -40,17 +38,16 @@ public:
     Snippet(const std::wstring& xml, const std::wstring& part) : m_part(XMLConfig::utf8FromWide(part)) {
         const std::string bytes = XMLConfig::utf8FromWide(xml);
         if (!m_tree.load_buffer(bytes.data(), bytes.size(), pugi::parse_full, pugi::encoding_utf8))
-            refuse(m_part, ": the device snippet cannot be read");
+            refuse(L"there is no device snippet");
         const std::size_t at = m_part.find('@');
         m_node = m_tree;
         std::istringstream steps(m_part.substr(0, at));
         for (std::string step; std::getline(steps, step, '/');) m_node = childOf(m_node, step);
         if (at != std::string::npos) m_attribute = m_node.attribute(m_part.c_str() + at + 1);
-        if (!m_node || (at != std::string::npos && !m_attribute)) refuse(m_part, ": there is no such part in the snippet");
-        if (!m_attribute && m_node.find_child([](const pugi::xml_node& child) {
-                return child.type() == pugi::node_element;
-            }))
-            refuse(m_part, ": holds other parts and no value");
+        if (!m_node || (at != std::string::npos && !m_attribute)) refuse(L"there is no such part in the snippet");
+        if (!m_attribute &&
+            m_node.find_child([](const pugi::xml_node& child) { return child.type() == pugi::node_element; }))
+            refuse(L"holds other parts and no value");
     }
 
     [[nodiscard]] std::string text() const {

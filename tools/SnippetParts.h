@@ -18,7 +18,8 @@ struct SnippetPart {
 };
 SnippetPart snippetPartOf(const std::wstring& address);
 
-/// The snippet's XML with the part holding the value; throws a Refusal where it holds no such part, or the part holds others.
+/// The snippet's XML with the part holding the value; throws a Refusal, without the address, where it
+/// holds no such part, or the part holds others.
 std::wstring withPart(const std::wstring& xml, const std::wstring& part, const std::wstring& value);
 /// The part's text; throws as withPart.
 std::wstring partIn(const std::wstring& xml, const std::wstring& part);

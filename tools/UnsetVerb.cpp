@@ -61,7 +61,8 @@ std::vector<Address> storedPlaces(const ConfigInfo& document, const Address& ope
 
 void setUpUnset(CLI::App& app, Request& request) {
     app.add_option("FILE", request.file, "The file to change")->required();
-    app.add_option("ADDRESS", request.operands, "What is to be stored no more, so that it is inherited or its default counts")
+    app.add_option("ADDRESS", request.operands,
+                   "What is to be stored no more, so that it is inherited or its default counts")
         ->required();
     setUpChanging(app, request);
     app.footer(addressHelp);
@@ -74,10 +75,11 @@ ExitStatus runUnset(const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
+    const Showing before(*document);
     std::vector<Change> changes;
     for (const Address& operand : operands)
         for (const Address& place : storedPlaces(*document, operand, request.file)) unset(*document, place, changes);
-    finishChange("unset", *document, changes, request);
+    finishChange("unset", *document, changes, before, request);
     return Done;
 }
 

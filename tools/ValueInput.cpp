@@ -63,8 +63,7 @@ std::wstring withoutUnit(const std::wstring& token, Unit unit) {
 std::vector<double> numbersIn(const std::wstring& stored) {
     std::vector<double> numbers;
     for (const std::wstring& token : XMLConfig::detail::tokensOf(stored)) {
-        const std::string text =
-            XMLConfig::utf8FromWide(XMLConfig::textAsRead(token, SettingType::Double).value_or(L""));
+        const std::string text = XMLConfig::utf8FromWide(XMLConfig::textAsRead(token, SettingType::Double).value_or(L""));
         numbers.push_back(0.0);
         std::from_chars(text.data(), text.data() + text.size(), numbers.back());
     }

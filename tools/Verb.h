@@ -41,7 +41,6 @@ struct Request {
     bool quiet = false;
     std::string lineFile;
     bool flat = false;
-    bool wholeTree = false;
     bool steps = false;
 };
 

@@ -26,11 +26,12 @@ void setUpChanging(CLI::App& app, Request& request) {
     setUpWriting(app, request);
 }
 
-void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Request& request) {
+void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Showing& before,
+                  const Request& request) {
     const bool isWritten = !changes.empty() && !request.dryRun;
     if (isWritten) saveDocument(document, request.file);
     if (request.json) print(changesJson(verb, request.file, changes, isWritten));
-    else if (!request.quiet) print(changesText(changes, Showing(document), request.dryRun, isColoured(request.colour)));
+    else if (!request.quiet) print(changesText(changes, before, request.dryRun, isColoured(request.colour)));
 }
 
 std::unique_ptr<XMLConfig::ConfigLock> lockForWriting(const std::string& file, const Request& request) {

@@ -16,8 +16,10 @@ void setUpWriting(CLI::App& app, Request& request);
 
 /// The options of the verbs that change settings.
 void setUpChanging(CLI::App& app, Request& request);
-/// Writes the document where there are changes and it is no dry run, and tells them.
-void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Request& request);
+/// Writes the document where there are changes and it is no dry run, and tells them by the names that the devices had
+/// before.
+void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Showing& before,
+                  const Request& request);
 
 /// The lock on a file, to be held from before it is read until it is written. Throws a Refusal that says who has it when
 /// the time that was asked for is over. None in a folder that does not exist: what follows says that it is missing.

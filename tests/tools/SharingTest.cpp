@@ -144,7 +144,7 @@ TEST_F(Sharing, ChangeByAProgramWithoutTheLockIsNotOverwritten) {
     StartedProgram tool = startTool({"set", file, "System/RunType=ClassicRun"}, errorFile());
     while (!isReading(tool.process(), file)) std::this_thread::yield();
     std::filesystem::rename(path("theirs"), file);
-    EXPECT_EQ(tool.end(), 1);
+    EXPECT_EQ(tool.end(), 3);
     EXPECT_EQ(errors(), "xmlconfig: " + file + " has been changed by another program meanwhile; nothing was written\n");
     EXPECT_THAT(folder.read(L"hall.skorrax"), HasSubstr("Palvex3DRun"));
     EXPECT_EQ(folder.entries(), 1u);

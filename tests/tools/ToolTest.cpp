@@ -84,8 +84,9 @@ TEST_F(Tool, HelpsEverywhere) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output, HasSubstr("only \"]\" is written twice"));
-    EXPECT_THAT(run.output, HasSubstr("Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be read or "
-                                      "written, or is no\nconfiguration."));
+    EXPECT_THAT(run.output,
+                HasSubstr("Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be read or "
+                          "written, or is no\nconfiguration."));
     for (const char* verb : verbNames) {
         EXPECT_THAT(run.output, HasSubstr(std::string("\n  ") + verb + " "));
         const ToolRun help = runTool({verb, "--help"});
@@ -143,6 +144,39 @@ TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
     expectRun(runTool({"check", file}), 0, file + ": 0 errors, 0 warnings, 0 notes; all is well\n", "");
     expectRun(runTool({"get", file, "Screen/Shape", "Geometry/Box_Size"}), 0,
               "Screen/Shape\tFlat\nGeometry/Box_Size\t21, 21\n", "");
+}
+
+TEST_F(Tool, NewMakesProjectorsInOneRow) {
+    const std::string file = path("neu.skorrax");
+    expectRun(runTool({"new", "--projectors", "4", file}), 0,
+              "made " + file + ": file version 9.0, 4 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
+    expectRun(runTool({"get", file, "Projector[*]/Name", "Geometry/Projector_Count", "Geometry/Projector_Layout_Width",
+                       "Geometry/Projector_Layout_Height"}),
+              0,
+              "Projector[1]/Name\tChannel_1\nProjector[2]/Name\tChannel_2\nProjector[3]/Name\tChannel_3\n"
+              "Projector[4]/Name\tChannel_4\nGeometry/Projector_Count\t4\nGeometry/Projector_Layout_Width\t4\n"
+              "Geometry/Projector_Layout_Height\t1\n",
+              "");
+    EXPECT_EQ(runTool({"new", "--projectors", "-1", path("other.skorrax")}).status, 2);
+    expectRun(runTool({"new", "--json", "--force", "--projectors", "2", file}), 0,
+              "{\n  \"format\": 1,\n  \"verb\": \"new\",\n  \"file\": \"" + file +
+                  "\",\n  \"version\": 9.0,\n  \"projectors\": 2,\n  \"exit\": 0\n}\n",
+              "");
+}
+
+TEST_F(Tool, DescribeLooksForAWord) {
+    expectRun(
+        runTool({"describe", "OVERLAP"}), 0,
+        "Color/CameraOverlapPoint_%s_%s           3-D point and two channels  point seen by both cameras of a pair, by "
+        "their IDs, and the channel that shows it to each\n"
+        "TargetLocator/Horizontal_Overlap         double                      wanted overlap of projectors side by "
+        "side, as a fraction\n"
+        "TargetLocator/Vertical_Overlap           double                      wanted overlap of projectors one above "
+        "the other, as a fraction\n"
+        "TargetLocator/Overlap_Display_Unit       text                        unit in which a user interface shows "
+        "the overlaps\n"
+        "global/ReprojectionError_OverlapPercent  double                      the share of the measured overlap\n",
+        "");
 }
 
 TEST_F(Tool, NewReplacesAFileOnlyByForce) {
@@ -276,8 +310,8 @@ TEST_F(Tool, GetRefusesWhatIsNoAddress) {
 TEST_F(Tool, SetChangesExactlyWhatIsNamed) {
     const std::string file = hallFile();
     expectRun(runTool({"set", file, "Projector[a/b=c]/Name=x=y ü", "System/RunType=CinemaRun"}), 0,
-              "~ Projector[x=y ü]/Name  Größe 日本 -> x=y ü\n"
-              "~ System/RunType         ClassicRun -> CinemaRun\n"
+              "~ Projector[Größe 日本]/Name  Größe 日本 -> x=y ü\n"
+              "~ System/RunType              ClassicRun -> CinemaRun\n"
               "2 changes\n",
               "");
     std::string expected = hall;
@@ -318,18 +352,15 @@ TEST_F(Tool, SetAddsKnownSettings) {
 TEST_F(Tool, SetIsAllOrNothing) {
     const std::string file = hallFile();
     const std::pair<std::string, std::string> faults[] = {
-        {"System/RunTipe=x",
-         "System/RunTipe: there is no such setting; did you mean \"RunType\"?"},
-        {"Sistem/RunType=x",
-         "Sistem/RunType: there is no such setting; did you mean \"System\"?"},
+        {"System/RunTipe=x", "System/RunTipe: there is no such setting; did you mean \"RunType\"?"},
+        {"Sistem/RunType=x", "Sistem/RunType: there is no such setting; did you mean \"System\"?"},
         {"System/Is_Camera_Used=maybe",
          "System/Is_Camera_Used: \"maybe\" is not of type bool; --force stores it all the same"},
         {"Projector[2]/Name=x", "Projector[2]/Name: there is no such section; --force adds it"},
         {"System[2]/RunType=x", "System[2]/RunType: there is no such section; --force adds it"},
         {"System=x", "System: a section has no value; name a setting in it"},
-        {"Projector/Channel_Extents=1", "Projector/Channel_Extents: holds other settings and no value"},
-        {"Camera[1]/DeviceSnippet/device=1",
-         "device: there is no such part in the snippet"},
+        {"Projector/Channel_Extents=1", "Projector[a/b=c]/Channel_Extents: holds other settings and no value"},
+        {"Camera[1]/DeviceSnippet/device=1", "Camera[1]/DeviceSnippet/device: there is no device snippet"},
     };
     for (const auto& [change, message] : faults) {
         const ToolRun run = runTool({"set", file, "System/RunType=CinemaRun", change});
@@ -341,7 +372,7 @@ TEST_F(Tool, SetIsAllOrNothing) {
     expectRun(runTool({"set", file, "System/RunType=CinemaRun", "System/RunType"}), 2, "",
               "xmlconfig: Error parseAddress: \"System/RunType\", character 15: \"=\" and a value are missing\n");
     expectRun(runTool({"set", "--force", file, "System/RunType=CinemaRun", "Projector/Channel_Extents=1"}), 1, "",
-              "xmlconfig: Projector/Channel_Extents: holds other settings and no value\n");
+              "xmlconfig: Projector[a/b=c]/Channel_Extents: holds other settings and no value\n");
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
 }
 
@@ -400,7 +431,7 @@ TEST_F(Tool, SetTellsThatAnElementStays) {
     const std::string file = hallFile();
     EXPECT_EQ(runTool({"set", file, "Projector/DeviceSnippet=<device/>"}).status, 0);
     expectRun(runTool({"set", file, "Projector/DeviceSnippet="}), 1, "",
-              "xmlconfig: Projector/DeviceSnippet: an XML element cannot be made empty\n");
+              "xmlconfig: Projector[a/b=c]/DeviceSnippet: an XML element cannot be made empty\n");
 }
 
 TEST_F(Tool, SettingWhatIsStoredLeavesTheFileAlone) {
@@ -424,7 +455,8 @@ TEST_F(Tool, SetTellsOnceThatTheFileCannotBeSaved) {
 TEST_F(Tool, FilesOfOtherVersionsAreNotChanged) {
     const std::string older = "<ConfigInfo><Version>2.003</Version></ConfigInfo>";
     const std::string file = fileOf(older);
-    const std::string message = "xmlconfig: " + file + ": is of file version 2.003 and must be upgraded first: xmlconfig upgrade " + file + "\n";
+    const std::string message =
+        "xmlconfig: " + file + ": is of file version 2.003 and must be upgraded first: xmlconfig upgrade " + file + "\n";
     expectRun(runTool({"set", file, "System/RunType=x"}), 1, "", message);
     EXPECT_EQ(folder.read(L"other.skorrax"), older);
     expectRun(runTool({"set", fileOf("<ConfigInfo><Version>9.001</Version></ConfigInfo>"), "System/RunType=x"}), 3, "",
@@ -473,7 +505,7 @@ TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
         EXPECT_EQ(runTool({"new", file}, locale).status, 0);
         expectRun(runTool({"new", file}, locale), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
         expectRun(runTool({"set", file, "System/Skorra_File=Zürich 🎥.skorrax", "Geometry/Box_Spacing=1.75"}, locale), 0,
-                  "~ System/Skorra_File    \"\" -> Zürich 🎥.skorrax\n~ Geometry/Box_Spacing  1.5 -> 1.75\n2 changes\n", "");
+                  "+ System/Skorra_File    Zürich 🎥.skorrax\n~ Geometry/Box_Spacing  1.5 -> 1.75\n2 changes\n", "");
         expectRun(runTool({"get", file, "System/Skorra_File"}, locale), 0, "Zürich 🎥.skorrax\n", "");
         expectRun(runTool({"get", file, "System/Größe"}, locale), 1, "", "xmlconfig: " + file + ": holds no System/Größe\n");
     }

@@ -1,0 +1,122 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+const char* const dome = "examples/dome.skorrax";
+const std::string first = "Projector[VELDAR***00:0a:0b:0c:0d:01]";
+const std::string second = "Projector[VELDAR***00:0a:0b:0c:0d:02]";
+const std::string third = "Projector[VELDAR***00:0a:0b:0c:0d:03]";
+const std::string fourth = "Projector[VELDAR***00:0a:0b:0c:0d:1f]";
+
+void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors = "") {
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(run.output, output);
+    EXPECT_EQ(run.errors, errors);
+}
+
+}  // namespace
+
+TEST(GetVerb, DevicesHaveNamesNumbersAndEndings) {
+    for (const char* device : {"VELDAR***00:0a:0b:0c:0d:02", "Dome 2", "#2", "02", "0d:02", "00:0a:0b:0c:0d:02"})
+        expectRun(runTool({"get", dome, std::string("Projector[") + device + "]/Name"}), 0, "Dome 2\n");
+    expectRun(
+        runTool({"get", dome, "Projector[*]/Name"}), 0,
+        first + "/Name\tDome 1\n" + second + "/Name\tDome 2\n" + third + "/Name\tDome 3\n" + fourth + "/Name\tDome 4\n");
+}
+
+TEST(GetVerb, SeveralDevicesAreNeverOne) {
+    const std::string devices =
+        ": means one of 4 devices: Projector[Dome 1], Projector[Dome 2], Projector[Dome 3], Projector[Dome 4]; "
+        "Projector[*] means all\n";
+    expectRun(runTool({"get", dome, "Projector/Gamma"}), 1, "", "xmlconfig: Projector/Gamma" + devices);
+}
+
+TEST(GetVerb, OriginTellsWhereFrom) {
+    expectRun(runTool({"get", "--origin", dome, "Projector[*]/Box_Spacing", "Projector[#1]/Pellinor_Warp_Latency"}), 0,
+              "inherited\tGeometry/Box_Spacing:50\t" + first + "/Box_Spacing\t1.500000000000000e+00\n" +
+                  "stored\texamples/dome.skorrax:364\t" + second + "/Box_Spacing\t2.000000000000000e+00\n" +
+                  "inherited\tGeometry/Box_Spacing:50\t" + third + "/Box_Spacing\t1.500000000000000e+00\n" +
+                  "inherited\tGeometry/Box_Spacing:50\t" + fourth + "/Box_Spacing\t1.500000000000000e+00\n" +
+                  "default\t-\t" + first + "/Pellinor_Warp_Latency\t0\n");
+}
+
+TEST(GetVerb, InheritedValueIsNamedAndPrintedOnRequest) {
+    expectRun(runTool({"get", dome, "Projector[Dome 1]/Box_Spacing"}), 1, "",
+              "xmlconfig: examples/dome.skorrax: holds no " + first +
+                  "/Box_Spacing; it inherits \"1.500000000000000e+00\" from Geometry/Box_Spacing (--effective prints it)\n");
+    expectRun(runTool({"get", dome, "Projector[Dome 1]/Pellinor_Warp_Latency"}), 1, "",
+              "xmlconfig: examples/dome.skorrax: holds no " + first +
+                  "/Pellinor_Warp_Latency; its default is \"0\" (--effective prints it)\n");
+    expectRun(runTool({"get", "--effective", dome, "Projector[Dome 1]/Box_Spacing"}), 0, "1.500000000000000e+00\n");
+    expectRun(runTool({"get", "--effective", dome, "System/Nothing"}), 1, "",
+              "xmlconfig: examples/dome.skorrax: holds no System/Nothing\n");
+}
+
+TEST(GetVerb, DefaultStandsForWhatIsMissing) {
+    expectRun(runTool({"get", "--default", "none", dome, "Projector[Dome 1]/Box_Spacing"}), 0, "none\n");
+    expectRun(runTool({"get", "--default", "", dome, "System/Nothing", "System/Length_Unit", "Camera[x]/Name"}), 0,
+              "System/Nothing\t\nSystem/Length_Unit\tMeters\nCamera[x]/Name\t\n");
+}
+
+TEST(GetVerb, HumanIsShortAndInTheDocumentsUnits) {
+    expectRun(runTool({"get", "--human", dome, "Projector[Dome 3]/Channel_Extents/Heading/Yaw"}), 0, "22.5°\n");
+    expectRun(runTool({"get", "--human", dome, "Screen/Screen_Radius", "Projector[Dome 2]/Blend_Left"}), 0,
+              "Screen/Screen_Radius\t5.2 m\n" + second + "/Blend_Left\t25 %\n");
+}
+
+TEST(GetVerb, GroupsAreLinesBesideOthers) {
+    expectRun(runTool({"get", dome, "Projector[Dome 1]/Channel_Extents/HFOV", "System/Length_Unit"}), 0,
+              first + "/Channel_Extents/HFOV/Left\t-5.235987755982988e-01\n" + first +
+                  "/Channel_Extents/HFOV/Right\t5.235987755982988e-01\nSystem/Length_Unit\tMeters\n");
+    const ToolRun run = runTool({"get", dome, "Projector[*]/DeviceSnippet"});
+    EXPECT_THAT(run.output, HasSubstr(first + "/DeviceSnippet\t<device UID=\"VELDAR***00:0a:0b:0c:0d:01\""));
+    EXPECT_EQ(std::count(run.output.begin(), run.output.end(), '\n'), 4);
+}
+
+TEST(GetVerb, StandardInputHasNoLines) {
+    const std::string command = "cat examples/dome.skorrax |";
+    expectRun(runTool({"get", "-", "System/Length_Unit"}, command), 0, "Meters\n");
+    expectRun(runTool({"get", "--origin", "-", "System/Length_Unit"}, command), 0,
+              "stored\t-\tSystem/Length_Unit\tMeters\n");
+}
+
+TEST(GetVerb, OlderFileIsReadAsUpgraded) {
+    const std::string file = "examples/history/dome-8.000.skorrax";
+    const ToolRun run = runTool({"get", file, "System/Length_Unit"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "Feet\n");
+    EXPECT_THAT(run.errors,
+                HasSubstr("xmlconfig: " + file + ": is of file version 8.0; read as it would be after the upgrade\n"));
+}
+
+TEST(GetVerb, JsonHasTextsAndValues) {
+    const ToolRun run = runTool({"get", "--json", dome, "Projector[#1]/Box_Spacing", "Projector[#1]/Pellinor_Warp_Latency",
+                                 "Projector[#2]/Channel_Extents/Heading/Yaw", "Geometry/Box_Size", "System/Is_Camera_Used",
+                                 "System/Nothing"});
+    EXPECT_EQ(run.status, 1);
+    const auto json = nlohmann::json::parse(run.output);
+    EXPECT_EQ(json["format"], 1);
+    EXPECT_EQ(json["verb"], "get");
+    EXPECT_EQ(json["file"], dome);
+    EXPECT_EQ(json["exit"], 1);
+    const auto& values = json["values"];
+    ASSERT_EQ(values.size(), 6u);
+    EXPECT_EQ(values[0], nlohmann::json::parse(R"({"address":")" + first + R"(/Box_Spacing","device":"Dome 1",
+        "origin":"inherited","from":"Geometry/Box_Spacing","line":50,"text":"1.500000000000000e+00","value":1.5,"unit":""})"));
+    EXPECT_EQ(values[1], nlohmann::json::parse(R"({"address":")" + first + R"(/Pellinor_Warp_Latency","device":"Dome 1",
+        "origin":"default","from":null,"line":null,"text":"0","value":0,"unit":""})"));
+    EXPECT_EQ(values[2]["unit"], "radians");
+    EXPECT_DOUBLE_EQ(values[2]["value"], -3.926990816987241e-01);
+    EXPECT_EQ(values[3]["value"], nlohmann::json::parse("[25, 25]"));
+    EXPECT_EQ(values[4]["value"], true);
+    EXPECT_EQ(values[5]["origin"], "missing");
+    EXPECT_TRUE(values[5]["text"].is_null());
+}

@@ -1,0 +1,228 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+using Arguments = std::vector<std::string>;
+
+/// Changes a copy of the example.
+class SetVerb : public testing::Test {
+protected:
+    SetVerb() : original(TemporaryFolder::readFile("examples/dome.skorrax")) { folder.write(L"dome.skorrax", original); }
+
+    std::string file() const { return (folder.path() / "dome.skorrax").string(); }
+    std::string content() const { return folder.read(L"dome.skorrax"); }
+    ToolRun run(const std::string& verb, const Arguments& words, const std::string& environment = "") const {
+        Arguments arguments{verb, file()};
+        arguments.insert(arguments.end(), words.begin(), words.end());
+        return runTool(arguments, environment);
+    }
+    void expectRefused(const std::string& change, const std::string& message) const {
+        const ToolRun refused = run("set", {change});
+        EXPECT_EQ(refused.status, 1) << change;
+        EXPECT_EQ(refused.output, "");
+        EXPECT_EQ(refused.errors, "xmlconfig: " + message + "\n");
+        EXPECT_EQ(content(), original);
+    }
+    std::string stored(const std::string& address) const { return run("get", {address}).output; }
+
+    TemporaryFolder folder;
+    std::string original;
+};
+
+}  // namespace
+
+TEST_F(SetVerb, TellsWhatHasChanged) {
+    const ToolRun set = run("set", {"Projector[*]/Gamma=2.4", "Projector[Dome 3]/Channel_Extents/Heading/Yaw=24deg"});
+    EXPECT_EQ(set.status, 0);
+    EXPECT_EQ(set.errors, "");
+    EXPECT_EQ(set.output,
+              "~ Projector[Dome 1]/Gamma                        2.2 -> 2.4\n"
+              "~ Projector[Dome 2]/Gamma                        2.2 -> 2.4\n"
+              "~ Projector[Dome 3]/Gamma                        2.2 -> 2.4\n"
+              "~ Projector[Dome 4]/Gamma                        2.2 -> 2.4\n"
+              "~ Projector[Dome 3]/Channel_Extents/Heading/Yaw  22.5° -> 24°\n"
+              "5 changes\n");
+    EXPECT_EQ(stored("Projector[Dome 3]/Channel_Extents/Heading/Yaw"), "4.188790204786391e-01\n");
+    EXPECT_EQ(stored("Projector[#4]/Gamma"), "2.400000000000000e+00\n");
+}
+
+TEST_F(SetVerb, TellsWhatWasInheritedAndWhatIsNew) {
+    EXPECT_EQ(run("set", {"Projector[Dome 4]/Box_Spacing=2", "ProjMap/Site=Planetarium"}).output,
+              "~ Projector[Dome 4]/Box_Spacing  1.5 (inherited) -> 2\n"
+              "+ ProjMap/Site                   Planetarium\n"
+              "2 changes\n");
+}
+
+TEST_F(SetVerb, UnitsAreConverted) {
+    // Feet and inches as the application reckons them, so that it shows what was typed.
+    const std::pair<const char*, const char*> lengths[] = {
+        {"5.2m", "5.200000000000000e+00"}, {"17ft", "5.181599992123968e+00"},  {"340mm", "3.400000000000000e-01"},
+        {"12in", "3.048000003108960e-01"}, {"250cm", "2.500000000000000e+00"}, {"7", "7.000000000000000e+00"},
+    };
+    for (const auto& [written, text] : lengths) {
+        EXPECT_EQ(run("set", {std::string("Screen/Screen_Radius=") + written}).status, 0) << written;
+        EXPECT_EQ(stored("Screen/Screen_Radius"), std::string(text) + "\n");
+    }
+    const std::string yaw = "Projector[#1]/Channel_Extents/Heading/Yaw";
+    const std::pair<const char*, const char*> angles[] = {
+        {"-67.5deg", "-1.178097245096172e+00"},
+        {"1.2rad", "1.200000000000000e+00"},
+        {"+90°", "1.570796326794897e+00"},
+        {"-.5", "-5.000000000000000e-01"},
+    };
+    for (const auto& [written, text] : angles) {
+        EXPECT_EQ(run("set", {yaw + "=" + written}).status, 0) << written;
+        EXPECT_EQ(stored(yaw), std::string(text) + "\n");
+    }
+    EXPECT_EQ(run("set", {"Projector[#1]/Channel_Extents/Eye_Point=0, 10cm, 1.7m", "Projector[#1]/Blend_Right=20%"}).status,
+              0);
+    EXPECT_EQ(stored("Projector[#1]/Channel_Extents/Eye_Point"), "0, 1.000000000000000e-01, 1.700000000000000e+00\n");
+    EXPECT_EQ(stored("Projector[#1]/Blend_Right"), "2.000000000000000e+01\n");
+}
+
+TEST_F(SetVerb, UnitsOfOtherKindsAreRefused) {
+    expectRefused("Projector[#1]/Gamma=2deg",
+                  "Projector[Dome 1]/Gamma: \"2deg\" is not of type double; --force stores it all the same");
+    expectRefused("Screen/Screen_Radius=90deg",
+                  "Screen/Screen_Radius: \"90deg\" is not of type double; --force stores it all the same");
+    expectRefused("Screen/Screen_Radius=1m 2m",
+                  "Screen/Screen_Radius: \"1m 2m\" is not of type double; --force stores it all the same");
+}
+
+TEST_F(SetVerb, DegreesInRadiansAreRefused) {
+    expectRefused("Projector[Dome 1]/Channel_Extents/Heading/Yaw=-67.5",
+                  "Projector[Dome 1]/Channel_Extents/Heading/Yaw: -67.5 radians are 10.7 turns (XC305); -67.5deg? --force "
+                  "stores it all the same");
+    EXPECT_EQ(run("set", {"Projector[Dome 1]/Channel_Extents/Heading/Yaw=6.28"}).status, 0);
+}
+
+TEST_F(SetVerb, WordsAndNumbersMustBeKnown) {
+    expectRefused("Screen/Shape=Dome",
+                  "Screen/Shape: \"Dome\" is none of Flat, Sphere, Cylinder, Ruled, Toroid, VRML, Test (XC109)");
+    expectRefused("Geometry/Fit_Solver=3",
+                  "Geometry/Fit_Solver: 3 is none of 0 linear, 1 polynomial, 2 default, 5 spline, 7 perspective, 8 hybrid; "
+                  "counts as 2 (XC110); --force stores it all the same");
+    EXPECT_EQ(run("set", {"--force", "Screen/Shape=Dome", "Geometry/Fit_Solver=3"}).status, 0);
+    EXPECT_EQ(stored("Screen/Shape"), "Dome\n");
+}
+
+TEST_F(SetVerb, OutOfRangeIsRefused) {
+    expectRefused("Geometry/Projector_Count=-5",
+                  "Geometry/Projector_Count: -5 is outside 0 and more (XC114); --force stores it all the same");
+    EXPECT_EQ(run("set", {"--force", "Geometry/Projector_Count=-5"}).status, 0);
+}
+
+TEST_F(SetVerb, NumbersGetTheirCanonicalForm) {
+    EXPECT_EQ(run("set", {"Geometry/Box_Spacing=17.5e-1", "Geometry/Fit_Order= 4"}).status, 0);
+    EXPECT_EQ(stored("Geometry/Box_Spacing"), "1.750000000000000e+00\n");
+    EXPECT_EQ(stored("Geometry/Fit_Order"), "4\n");
+}
+
+TEST_F(SetVerb, SeveralDevicesAreRefused) {
+    const ToolRun refused = run("set", {"Projector/Gamma=2.4"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.errors, HasSubstr("Projector/Gamma: means one of 4 devices: Projector[Dome 1], "));
+    expectRefused("Projector[#5]/Gamma=2.4", "Projector[#5]/Gamma: there is no such section");
+    expectRefused("Projector[Dome 5]/Gamma=2.4", "Projector[Dome 5]/Gamma: there is no such section; --force adds it");
+}
+
+TEST_F(SetVerb, DryRunAndQuietAreNeitherWrittenNorTold) {
+    EXPECT_EQ(run("set", {"--dry-run", "Projector[#1]/Gamma=2.4"}).output,
+              "~ Projector[Dome 1]/Gamma  2.2 -> 2.4\n1 change (dry run, nothing written)\n");
+    EXPECT_EQ(content(), original);
+    EXPECT_EQ(folder.entries(), 1u);
+    const ToolRun quiet = run("set", {"--quiet", "Projector[#1]/Gamma=2.4"});
+    EXPECT_EQ(quiet.output + quiet.errors, "");
+    EXPECT_EQ(stored("Projector[#1]/Gamma"), "2.400000000000000e+00\n");
+}
+
+TEST_F(SetVerb, JsonListsTheChanges) {
+    const auto json = nlohmann::json::parse(run("set", {"--json", "Projector[#1]/Gamma=2.4", "ProjMap/Site=x"}).output);
+    EXPECT_EQ(json, nlohmann::json::parse(R"({"format":1,"verb":"set","file":")" + file() + R"(","written":true,"changes":[
+        {"address":"Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma","kind":"changed","old":"2.200000000000000e+00",
+         "new":"2.400000000000000e+00"},
+        {"address":"ProjMap/Site","kind":"added","old":null,"new":"x"}],"exit":0})"));
+}
+
+TEST_F(SetVerb, PartsOfADeviceSnippetAreSet) {
+    EXPECT_EQ(run("set",
+                  {"Projector[#1]/DeviceSnippet/device/connection/port=3003", "Projector[#1]/DeviceSnippet/device@name=x&y"})
+                  .output,
+              "~ Projector[Dome 1]/DeviceSnippet/device/connection/port  3002 -> 3003\n"
+              "~ Projector[Dome 1]/DeviceSnippet/device@name             PRJ-1 -> x&y\n"
+              "2 changes\n");
+    std::string expected = original;
+    expected.replace(expected.find("PRJ-1"), 5, "x&amp;y");
+    expected.replace(expected.find("<port>3002"), 10, "<port>3003");
+    EXPECT_EQ(content(), expected);
+    const ToolRun refused = run("set", {"Projector[#1]/DeviceSnippet/device/nothing=1"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.errors,
+              "xmlconfig: Projector[VELDAR***00:0a:0b:0c:0d:01]/DeviceSnippet/device/nothing: there is no such part in the "
+              "snippet\n");
+    EXPECT_EQ(run("set", {"Projector[#1]/DeviceSnippet/device/connection=1"}).errors,
+              "xmlconfig: Projector[VELDAR***00:0a:0b:0c:0d:01]/DeviceSnippet/device/connection: holds other parts and no "
+              "value\n");
+}
+
+TEST_F(SetVerb, LinesComeFromAFileOrStandardInput) {
+    folder.write(L"lines", "ProjMap/Site=a\\nb\\\\c\\td\r\n\nProjector[Dome 1]/Gamma=2.4\n");
+    EXPECT_EQ(run("set", {"--from", (folder.path() / "lines").string()}).status, 0);
+    EXPECT_EQ(stored("ProjMap/Site"), "a\nb\\c\td\n");
+    EXPECT_EQ(stored("Projector[#1]/Gamma"), "2.400000000000000e+00\n");
+    EXPECT_EQ(run("set", {"--from", "-"}, "printf 'ProjMap/Site=x\\n' |").output,
+              "~ ProjMap/Site  a b\\c d -> x\n1 change\n");
+    EXPECT_EQ(run("set", {"--from", (folder.path() / "none").string()}).status, 3);
+    EXPECT_EQ(run("set", {}).status, 2);
+}
+
+TEST_F(SetVerb, UnsetTellsWhatCountsNow) {
+    const ToolRun unset = run("unset", {"Projector[Dome 2]/Box_Spacing", "Geometry/Fit_Solver"});
+    EXPECT_EQ(unset.status, 0);
+    EXPECT_EQ(unset.errors, "");
+    EXPECT_EQ(unset.output,
+              "- Projector[Dome 2]/Box_Spacing  2 -> 1.5 (inherited from Geometry)\n"
+              "- Geometry/Fit_Solver            5 -> 2 (default)\n"
+              "2 changes\n");
+    std::string expected = original;
+    for (const std::string line :
+         {"    <Box_Spacing>2.000000000000000e+00</Box_Spacing>\n", "    <Fit_Solver>5</Fit_Solver>\n"})
+        expected.erase(expected.find(line), line.size());
+    EXPECT_EQ(content(), expected);
+}
+
+TEST_F(SetVerb, UnsetTakesGroupsAndSubsections) {
+    EXPECT_EQ(run("unset", {"Projector[#1]/Channel_Extents/HFOV"}).errors,
+              "xmlconfig: Projector[VELDAR***00:0a:0b:0c:0d:01]/Channel_Extents/HFOV: can be unset with all of "
+              "Projector[VELDAR***00:0a:0b:0c:0d:01]/Channel_Extents only\n");
+    EXPECT_EQ(run("unset", {"ProjectorApprovedSlots/Slot[1]/Name"}).status, 1);
+    EXPECT_EQ(content(), original);
+    const auto json = nlohmann::json::parse(run("unset", {"--json", "--dry-run", "Projector[#1]/Channel_Extents"}).output);
+    EXPECT_EQ(json["changes"].size(), 8u);
+    EXPECT_EQ(json["changes"][0]["kind"], "removed");
+    EXPECT_FALSE(json["written"]);
+    EXPECT_EQ(run("unset", {"ProjectorApprovedSlots/Slot[1]", "Projector[*]/DeviceSnippet"}).status, 0);
+    EXPECT_EQ(run("get", {"ProjectorApprovedSlots/Slot[1]"}).status, 1);
+    EXPECT_EQ(run("get", {"Projector[#4]/DeviceSnippet"}).status, 1);
+}
+
+TEST_F(SetVerb, UnsetIsAllOrNothing) {
+    const ToolRun unset = run("unset", {"Projector[Dome 2]/Box_Spacing", "System/Nothing"});
+    EXPECT_EQ(unset.status, 1);
+    EXPECT_EQ(unset.errors, "xmlconfig: " + file() + ": holds no System/Nothing\n");
+    EXPECT_EQ(run("unset", {"System"}).errors, "xmlconfig: System: is a whole section; unset takes settings\n");
+    EXPECT_EQ(content(), original);
+}
+
+TEST_F(SetVerb, UnsetOfAllTakesWhereStored) {
+    EXPECT_EQ(run("unset", {"Projector[*]/Box_Spacing"}).output,
+              "- Projector[Dome 2]/Box_Spacing  2 -> 1.5 (inherited from Geometry)\n1 change\n");
+    EXPECT_EQ(run("unset", {"Projector[*]/Box_Spacing"}).status, 1);
+}
