@@ -1,7 +1,10 @@
 #include <CLI/App.hpp>
 
-#include "tools/Configuration.h"
+#include "manager/SettingSearch.h"
+#include "platform/Utf8.h"
 #include "tools/Output.h"
+#include "tools/Places.h"
+#include "tools/Reading.h"
 #include "tools/Summary.h"
 #include "tools/Tree.h"
 #include "tools/Verb.h"
@@ -9,39 +12,118 @@
 namespace tool {
 namespace {
 
-struct HeaderLine {
-    const wchar_t* element;
-    const wchar_t* label;
-};
-constexpr HeaderLine headerLines[] = {
-    {L"Version", L"File        version "},
-    {L"BuildDate", L"Build date  "},
-    {L"BuildNumber", L"Build       "},
-    {L"DevelopedBy", L"Maker       "},
-};
+using XMLConfig::Address;
+using XMLConfig::ElementView;
 
-const wchar_t* labelOf(const XMLConfig::OutlineNode& node) {
-    for (const HeaderLine& line : headerLines)
-        if (node.name == line.element) return line.label;
-    return nullptr;
-}
+/// What show prints of one document, in one run.
+class Showcase {
+public:
+    explicit Showcase(const Request& request)
+        : m_request(request), m_file(XMLConfig::wideFromUtf8(request.file)), m_document(readDocument(request.file)) {}
+
+    ExitStatus run() {
+        for (const std::string& operand : m_request.operands)
+            find(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+        if (m_request.json) print(jsonEnd(json(), m_status));
+        else if (m_request.flat) print(lines());
+        else if (!m_request.operands.empty()) print(trees());
+        else
+            print(m_request.all ? headerText() + wholeTree()
+                                : summaryText(summarize(*m_document), m_file, Showing(*m_document)));
+        return m_status;
+    }
+
+private:
+    void find(const Address& operand) {
+        const std::size_t before = m_places.size();
+        for (const Address& place : placesOf(*m_document, operand))
+            if (XMLConfig::findElement(*m_document, place)) m_places.push_back(place);
+        if (m_places.size() > before) return;
+        complain(m_file + L": holds no " + XMLConfig::addressText(operand));
+        m_status = Refused;
+    }
+
+    /// Those at and below the operands, or all.
+    [[nodiscard]] std::vector<StoredText> texts() const {
+        if (m_request.operands.empty()) return storedTexts(*m_document);
+        std::vector<StoredText> all;
+        for (const Address& place : m_places)
+            for (StoredText& text : storedTexts(XMLConfig::findElement(*m_document, place), place))
+                all.push_back(std::move(text));
+        return all;
+    }
+
+    [[nodiscard]] std::wstring lines() const {
+        std::wstring lines;
+        for (const StoredText& text : texts()) lines += escaped(text.address + L"=" + text.text) + L"\n";
+        return lines;
+    }
+
+    [[nodiscard]] std::wstring trees() const {
+        std::wstring text;
+        for (const Address& place : m_places)
+            text += (text.empty() ? L"" : L"\n") + treeText(XMLConfig::outline(XMLConfig::findElement(*m_document, place)));
+        return text;
+    }
+
+    [[nodiscard]] std::wstring headerText() const {
+        std::wstring text;
+        for (const ElementView& element : XMLConfig::rootElement(*m_document).children())
+            if (XMLConfig::isHeaderElement(element.name())) text += treeText(XMLConfig::outline(element));
+        return text;
+    }
+
+    [[nodiscard]] std::wstring wholeTree() const {
+        std::wstring text;
+        for (const ElementView& element : XMLConfig::rootElement(*m_document).children())
+            if (!XMLConfig::isHeaderElement(element.name())) text += L"\n" + treeText(XMLConfig::outline(element));
+        return text;
+    }
+
+    [[nodiscard]] Json json() const {
+        // Standard input has no lines to go back to.
+        const bool hasLines = m_request.file != "-";
+        const auto places = hasLines ? std::make_unique<XMLConfig::FilePlaces>(*m_document, m_file) : nullptr;
+        Json answer = jsonAnswer("show", m_request.file);
+        answer["version"] = m_document->getVersion();
+        if (m_request.operands.empty()) answer.update(summaryJson(summarize(*m_document), places.get()));
+        if (m_request.all || m_request.flat || !m_request.operands.empty()) answer["sections"] = sections(places.get());
+        return answer;
+    }
+
+    [[nodiscard]] Json sections(const XMLConfig::FilePlaces* places) const {
+        Json list = Json::array();
+        for (const StoredText& text : texts()) {
+            const auto place = places == nullptr ? std::nullopt : places->find(text.element);
+            list.push_back(
+                {{"address", jsonText(text.address)},
+                 {"text", jsonText(text.text)},
+                 {"value", text.setting == nullptr ? jsonText(text.text) : jsonValue(text.text, text.setting->type)},
+                 {"unit", jsonText(text.setting == nullptr ? L"" : nameOf(text.setting->unit))},
+                 {"line", place ? Json(place->line) : Json(nullptr)}});
+        }
+        return list;
+    }
+
+    const Request& m_request;
+    std::wstring m_file;
+    std::unique_ptr<ConfigInfo> m_document;
+    std::vector<Address> m_places;
+    ExitStatus m_status = Done;
+};
 
 }  // namespace
 
 void setUpShow(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to show")->required();
-    app.add_flag("--summary", request.brief, "Leave out the sections and their items");
+    app.add_option("FILE", request.file, "The file to show; - for standard input")->required();
+    app.add_option("ADDRESS", request.operands, "Show these places only, as trees");
+    CLI::Option* const all = app.add_flag("--all", request.all, "Show the whole tree instead of the summary");
+    app.add_flag("--flat", request.flat, "One line a value: ADDRESS=TEXT, as 'set --from' reads them")->excludes(all);
+    app.add_flag("--json", request.json, "Answer with one JSON object");
+    app.footer(std::string("In the lines of --flat, \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
+               addressHelp);
 }
 
-ExitStatus runShow(const Request& request) {
-    const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
-    const std::vector<XMLConfig::OutlineNode> nodes = XMLConfig::outline(*document);
-    for (const XMLConfig::OutlineNode& node : nodes)
-        if (const wchar_t* const label = labelOf(node)) print(label + node.text + L"\n");
-    if (isOfLatestVersion(*document)) print(L"\n" + summaryText(summarize(*document)));
-    for (const XMLConfig::OutlineNode& node : nodes)
-        if (labelOf(node) == nullptr && !request.brief) print(L"\n" + treeText(node));
-    return Done;
-}
+ExitStatus runShow(const Request& request) { return Showcase(request).run(); }
 
 }  // namespace tool

@@ -1,35 +1,59 @@
 #include "tools/Summary.h"
 
-#include "base/UnitConversionTable.h"
 #include "sections/CameraConfig.h"
 #include "sections/GeometryConfig.h"
 #include "sections/ProjectorApprovedSlotsConfig.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
 #include "sections/SiteAnalyticsConfig.h"
-#include "sections/SystemConfig.h"
 #include "sections/TargetLocatorConfig.h"
 #include "store/ConfigInfo.h"
+#include "store/ElementView.h"
 
 namespace tool {
 namespace {
 
-using Units = UnitConversionTable;
+using XMLConfig::ElementView;
 
-double degrees(double radians) { return Units::convertValue(Units::Radians, Units::Degrees, radians); }
+ElementView childOf(const ElementView& element, const wchar_t* tag) {
+    for (const ElementView& child : element.children())
+        if (child.isNamed(tag)) return child;
+    return {};
+}
+
+std::wstring textOf(const ElementView& element, const wchar_t* tag) { return childOf(element, tag).text(); }
+
+/// What the device snippet of a section holds.
+ElementView deviceOf(const ElementView& section) { return childOf(section, L"DeviceSnippet").firstChild(); }
+
+Summary::Connection connectionOf(const ElementView& device) {
+    const ElementView connection = childOf(device, L"connection");
+    return {connection.attribute(L"type").value_or(L""), textOf(connection, L"address"), textOf(connection, L"port"),
+            textOf(connection, L"baud")};
+}
+
+std::vector<std::wstring> camerasOf(const ProjectorConfig& config) {
+    std::vector<std::wstring> cameras;
+    for (const std::wstring& id : {config.getAssociatedCameraId1(), config.getAssociatedCameraId2()})
+        if (!id.empty()) cameras.push_back(id);
+    return cameras;
+}
 
 Summary::Projector projectorOf(ConfigInfo& document, const std::wstring& id) {
     const ProjectorConfig config(&document, id);
     Summary::Projector projector;
     projector.id = id;
+    projector.element = XMLConfig::findElement(document, {L"Projector", id, L"", L"", L""});
+    projector.connection = connectionOf(deviceOf(projector.element));
+    projector.cameras = camerasOf(config);
     projector.name = config.getName();
     projector.resolutionX = config.getResolutionX();
     projector.resolutionY = config.getResolutionY();
-    projector.yaw = degrees(config.getChannelExtentHeadingYaw());
-    projector.pitch = degrees(config.getChannelExtentHeadingPitch());
-    projector.roll = degrees(config.getChannelExtentHeadingRoll());
-    projector.fieldAcross = degrees(config.getChannelExtentHFOVRight() - config.getChannelExtentHFOVLeft());
-    projector.fieldUpright = degrees(config.getChannelExtentVFOVTop() - config.getChannelExtentVFOVBottom());
+    projector.yaw = config.getChannelExtentHeadingYaw();
+    projector.pitch = config.getChannelExtentHeadingPitch();
+    projector.roll = config.getChannelExtentHeadingRoll();
+    projector.fieldAcross = config.getChannelExtentHFOVRight() - config.getChannelExtentHFOVLeft();
+    projector.fieldUpright = config.getChannelExtentVFOVTop() - config.getChannelExtentVFOVBottom();
     projector.blends[0] = config.getBlendPercentLeft();
     projector.blends[1] = config.getBlendPercentRight();
     projector.blends[2] = config.getBlendPercentTop();
@@ -39,29 +63,27 @@ Summary::Projector projectorOf(ConfigInfo& document, const std::wstring& id) {
 
 Summary::Camera cameraOf(ConfigInfo& document, const std::wstring& id) {
     const CameraConfig config(&document, id);
-    return {id, config.getName(), config.isAutomaticExposure(), config.getGeometryExposure(), config.getCameraGain()};
-}
-
-/// Lengths are stored in meters; negative ones stand for unknown and stay.
-double inUnit(double meters, Units::UnitSubType unit) {
-    return meters < 0.0 ? meters : Units::convertValue(Units::Meters, unit, meters);
+    const ElementView device = deviceOf(XMLConfig::findElement(document, {L"Camera", id, L"", L"", L""}));
+    return {id,
+            config.getName(),
+            config.isAutomaticExposure(),
+            config.getGeometryExposure(),
+            config.getCameraGain(),
+            textOf(device, L"ipAddress"),
+            textOf(device, L"serialNumber")};
 }
 
 Summary::Screen screenOf(ConfigInfo& document) {
-    const SystemConfig system(&document, nullptr, L"");
     ScreenConfig config(&document, nullptr, L"");
-    Units::UnitSubType unit = system.getLengthUnitByEnum();
-    if (unit > Units::Inches) unit = Units::Meters;
     Summary::Screen screen;
     screen.shape = config.getShape();
-    screen.unit = Units::getUnitSuffix(unit);
-    screen.width = inUnit(config.getWidth(), unit);
-    screen.height = inUnit(config.getHeight(), unit);
-    screen.radius = inUnit(config.getRadius(), unit);
-    screen.minTheta = degrees(config.getMinTheta());
-    screen.maxTheta = degrees(config.getMaxTheta());
-    screen.minPhi = degrees(config.getMinPhi());
-    screen.maxPhi = degrees(config.getMaxPhi());
+    screen.width = config.getWidth();
+    screen.height = config.getHeight();
+    screen.radius = config.getRadius();
+    screen.minTheta = config.getMinTheta();
+    screen.maxTheta = config.getMaxTheta();
+    screen.minPhi = config.getMinPhi();
+    screen.maxPhi = config.getMaxPhi();
     return screen;
 }
 
@@ -81,6 +103,10 @@ void addRuns(Summary& summary, ConfigInfo& document) {
 
 Summary summarize(ConfigInfo& document) {
     Summary summary;
+    const ElementView root = XMLConfig::rootElement(document);
+    summary.version = textOf(root, L"Version");
+    summary.buildDate = textOf(root, L"BuildDate");
+    summary.buildNumber = textOf(root, L"BuildNumber");
     for (const std::wstring& id : document.getSectionIDs(L"Projector"))
         summary.projectors.push_back(projectorOf(document, id));
     for (const std::wstring& id : document.getSectionIDs(L"Camera")) summary.cameras.push_back(cameraOf(document, id));

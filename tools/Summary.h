@@ -4,15 +4,28 @@
 #include <string>
 #include <vector>
 
+#include "store/ElementView.h"
+#include "store/FilePlaces.h"
+#include "tools/Json.h"
+#include "tools/Showing.h"
+
 class ConfigInfo;
 
 namespace tool {
 
-/// What matters most of a configuration, as the library reads it. Angles are in degrees.
+/// What matters most of a configuration, as the library reads it. Angles are in radians, lengths in meters.
 struct Summary {
+    /// How a projector is reached; texts as its device snippet has them, empty where it has none.
+    struct Connection {
+        std::wstring type;
+        std::wstring address;
+        std::wstring port;
+        std::wstring baud;
+    };
     struct Projector {
         std::wstring id;
         std::wstring name;
+        XMLConfig::ElementView element;
         int resolutionX = 0;
         int resolutionY = 0;
         double yaw = 0.0;
@@ -20,7 +33,9 @@ struct Summary {
         double roll = 0.0;
         double fieldAcross = 0.0;
         double fieldUpright = 0.0;
-        double blends[4] = {};  ///< left, right, top, bottom; -1 when unknown
+        double blends[4] = {};              ///< left, right, top, bottom; -1 when unknown
+        std::vector<std::wstring> cameras;  ///< IDs
+        Connection connection;
     };
     struct Camera {
         std::wstring id;
@@ -28,10 +43,11 @@ struct Summary {
         bool automaticExposure = false;
         int exposure = 0;
         int gain = 0;
+        std::wstring address;       ///< as its device snippet has it
+        std::wstring serialNumber;  ///< as its device snippet has it
     };
     struct Screen {
         std::wstring shape;
-        std::wstring unit;    ///< of the lengths
         double width = -1.0;  ///< negative when unknown, as height and radius
         double height = -1.0;
         double radius = -1.0;
@@ -45,6 +61,9 @@ struct Summary {
         std::wstring name;
     };
 
+    std::wstring version;  ///< as stored, like the next two
+    std::wstring buildDate;
+    std::wstring buildNumber;
     std::vector<Projector> projectors;
     int columns = 0;
     int rows = 0;
@@ -60,7 +79,9 @@ struct Summary {
 
 /// Gathers it through the accessors of the sections, on an open document of the latest version.
 Summary summarize(ConfigInfo& document);
-/// The summary as tables.
-std::wstring summaryText(const Summary& summary);
+/// The summary as tables; the name of the file is shown as given.
+std::wstring summaryText(const Summary& summary, const std::wstring& file, const Showing& showing);
+/// The members of the answer that stand for the summary; lines come from the places, which may be null.
+Json summaryJson(const Summary& summary, const XMLConfig::FilePlaces* places);
 
 }  // namespace tool

@@ -1,7 +1,7 @@
-#include <charconv>
 #include <ctime>
 
 #include "platform/Utf8.h"
+#include "tools/Numbers.h"
 #include "tools/Summary.h"
 #include "tools/Table.h"
 
@@ -10,51 +10,65 @@ namespace {
 
 using Rows = std::vector<std::vector<std::wstring>>;
 
-/// At most two decimals, without trailing zeros; the same under every locale.
-std::wstring number(double value) {
-    char text[400];
-    const auto end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, 2);
-    std::string digits(text, end.ptr);
-    if (digits.find('.') != std::string::npos) {
-        digits.erase(digits.find_last_not_of('0') + 1);
-        if (digits.back() == '.') digits.pop_back();
-    }
-    return XMLConfig::wideFromUtf8(digits == "-0" ? "0" : digits);
+std::wstring fileText(const Summary& summary, const std::wstring& file) {
+    std::wstring text = L"File        " + file + L", version " + summary.version;
+    if (!summary.buildNumber.empty()) text += L", build " + summary.buildNumber;
+    if (!summary.buildDate.empty()) text += L" of " + summary.buildDate;
+    return text + L"\n";
 }
 
-std::wstring known(double value) { return value < 0.0 ? L"?" : number(value); }
+std::wstring known(double value) { return value < 0.0 ? L"?" : numberText(value, 2); }
 
-std::wstring projectorsText(const Summary& summary) {
+std::wstring connectionText(const Summary::Connection& connection) {
+    std::wstring text = connection.address.empty() ? connection.port : connection.address;
+    if (!connection.address.empty() && !connection.port.empty()) text += L":" + connection.port;
+    if (!connection.baud.empty()) text += L" " + connection.baud;
+    return text.empty() ? L"-" : text;
+}
+
+std::wstring cameraNames(const std::vector<std::wstring>& ids, const Showing& showing) {
+    std::wstring names;
+    for (const std::wstring& id : ids) names += (names.empty() ? L"" : L", ") + showing.device(L"Camera", id);
+    return names.empty() ? L"-" : names;
+}
+
+std::wstring projectorsText(const Summary& summary, const Showing& showing) {
     std::wstring text = L"Projectors  " + std::to_wstring(summary.projectors.size());
     if (summary.projectors.empty()) return text + L"\n";
     text += L" (" + std::to_wstring(summary.columns) + L" x " + std::to_wstring(summary.rows) + L")\n";
-    Rows rows = {{L"ID", L"Name", L"Pixels", L"Yaw", L"Pitch", L"Roll", L"Field", L"Blends left/right/top/bottom"}};
+    Rows rows = {{L"#", L"Name", L"Heading", L"Field", L"Pixels", L"Blends l/r/t/b", L"Cameras", L"Connection", L"ID"}};
+    const Units& units = showing.units();
     for (const Summary::Projector& p : summary.projectors)
         rows.push_back(
-            {p.id, p.name, std::to_wstring(p.resolutionX) + L" x " + std::to_wstring(p.resolutionY), number(p.yaw) + L"°",
-             number(p.pitch) + L"°", number(p.roll) + L"°", number(p.fieldAcross) + L"° x " + number(p.fieldUpright) + L"°",
-             known(p.blends[0]) + L" / " + known(p.blends[1]) + L" / " + known(p.blends[2]) + L" / " + known(p.blends[3])});
+            {std::to_wstring(rows.size()), p.name, units.angle(p.yaw) + L" / " + units.angle(p.pitch),
+             units.angle(p.fieldAcross) + L" x " + units.angle(p.fieldUpright),
+             std::to_wstring(p.resolutionX) + L" x " + std::to_wstring(p.resolutionY),
+             known(p.blends[0]) + L" / " + known(p.blends[1]) + L" / " + known(p.blends[2]) + L" / " + known(p.blends[3]),
+             cameraNames(p.cameras, showing), connectionText(p.connection), p.id});
     return text + tableText(rows, L"  ");
 }
 
 std::wstring camerasText(const Summary& summary) {
     std::wstring text = L"Cameras     " + std::to_wstring(summary.cameras.size()) + L"\n";
     if (summary.cameras.empty()) return text;
-    Rows rows = {{L"ID", L"Name", L"Exposure", L"Gain"}};
+    Rows rows = {{L"#", L"Name", L"Exposure", L"Gain", L"Connection", L"ID"}};
     for (const Summary::Camera& c : summary.cameras)
-        rows.push_back(
-            {c.id, c.name, c.automaticExposure ? L"automatic" : std::to_wstring(c.exposure), std::to_wstring(c.gain)});
+        rows.push_back({std::to_wstring(rows.size()), c.name,
+                        c.automaticExposure ? L"automatic" : std::to_wstring(c.exposure), std::to_wstring(c.gain),
+                        c.address.empty() ? L"-" : c.address, c.id});
     return text + tableText(rows, L"  ");
 }
 
-std::wstring screenText(const Summary::Screen& s) {
+std::wstring screenText(const Summary::Screen& s, const Units& units) {
+    const auto length = [&](double meters) { return meters < 0.0 ? L"?" : units.length(meters); };
+    const std::wstring unit = L" " + units.lengthUnit();
     std::wstring text = L"Screen      " + s.shape + L", ";
     if (s.shape == L"Flat" || s.shape == L"VRML" || s.shape == L"Ruled" || s.shape == L"Test")
-        return text + known(s.width) + L" x " + known(s.height) + L" " + s.unit + L"\n";
-    text += L"radius " + known(s.radius) + L" " + s.unit;
-    if (s.shape == L"Cylinder") text += L", height " + known(s.height) + L" " + s.unit;
-    text += L", " + number(s.minTheta) + L"° to " + number(s.maxTheta) + L"° around";
-    if (s.shape != L"Cylinder") text += L", " + number(s.minPhi) + L"° to " + number(s.maxPhi) + L"° up";
+        return text + length(s.width) + L" x " + length(s.height) + unit + L"\n";
+    text += L"radius " + length(s.radius) + unit;
+    if (s.shape == L"Cylinder") text += L", height " + length(s.height) + unit;
+    text += L", " + units.angle(s.minTheta) + L" to " + units.angle(s.maxTheta) + L" around";
+    if (s.shape != L"Cylinder") text += L", " + units.angle(s.minPhi) + L" to " + units.angle(s.maxPhi) + L" up";
     return text + L"\n";
 }
 
@@ -81,9 +95,9 @@ std::wstring runsText(const Summary& summary) {
 
 }  // namespace
 
-std::wstring summaryText(const Summary& summary) {
-    return projectorsText(summary) + camerasText(summary) + screenText(summary.screen) + L"Target      " + summary.target +
-           L"\n" + runsText(summary);
+std::wstring summaryText(const Summary& summary, const std::wstring& file, const Showing& showing) {
+    return fileText(summary, file) + projectorsText(summary, showing) + camerasText(summary) +
+           screenText(summary.screen, showing.units()) + L"Target      " + summary.target + L"\n" + runsText(summary);
 }
 
 }  // namespace tool

@@ -109,8 +109,9 @@ TEST_F(Tool, WrongUsageIsStatusTwo) {
     expectRun(runTool({"frobnicate"}), 2, "",
               "xmlconfig: there is no verb \"frobnicate\"\nxmlconfig: 'xmlconfig --help' lists the verbs\n");
     expectRun(runTool({"show"}), 2, "", "xmlconfig: FILE is required\nxmlconfig: see 'xmlconfig show --help'\n");
-    for (const Arguments& arguments : {Arguments{}, Arguments{"show", "--what", "x"}, Arguments{"get", "x"},
-                                       Arguments{"set", "x"}, Arguments{"show", "x", "y"}, Arguments{"--what"}}) {
+    for (const Arguments& arguments :
+         {Arguments{}, Arguments{"show", "--what", "x"}, Arguments{"get", "x"}, Arguments{"set", "x"},
+          Arguments{"show", "--all", "--flat", "x"}, Arguments{"--what"}}) {
         const ToolRun run = runTool(arguments);
         EXPECT_EQ(run.status, 2) << testing::PrintToString(arguments);
         EXPECT_EQ(run.output, "");
@@ -203,77 +204,36 @@ TEST_F(Tool, NewTellsWhenTheFolderIsMissing) {
                   file + ": No such file or directory\n");
 }
 
-TEST_F(Tool, ShowPrintsHeaderSummaryAndTree) {
-    const ToolRun run = runTool({"show", hallFile()});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.errors, "");
-    EXPECT_THAT(run.output, StartsWith("File        version 9.000\n"
-                                       "Build date  Mar 11 2019\n"
-                                       "Build       2.1.1.14\n"
-                                       "Maker       Somebody\n"
-                                       "\n"
-                                       "Projectors  1 (1 x 1)\n"));
-    EXPECT_THAT(run.output, testing::EndsWith("\n"
-                                              "System\n"
-                                              "  RunType = ClassicRun\n"
-                                              "  Is_Camera_Used = true\n"
-                                              "\n"
-                                              "Projector [a/b=c]\n"
-                                              "  Name = Größe 日本\n"
-                                              "  DeviceSnippet\n"
-                                              "    device UID=\"X***1\"\n"
-                                              "      id = 1\n"
-                                              "  Channel_Extents\n"
-                                              "    Heading\n"
-                                              "      Yaw = 1.000000000000000e+00\n"
-                                              "\n"
-                                              "Camera [1]\n"
-                                              "  Camera_Calibration_Points =\n"
-                                              "    1, 10.000000, 20.000000,\n"
-                                              "    2, 30.000000, 40.000000\n"
-                                              "\n"
-                                              "ProjectorApprovedSlots\n"
-                                              "  Slot [3]\n"
-                                              "    Name = Lobby\n"));
+TEST_F(Tool, ShowAllPrintsTheWholeTree) {
+    expectRun(runTool({"show", "--all", hallFile()}), 0,
+              "Version = 9.000\n"
+              "BuildDate = Mar 11 2019\n"
+              "BuildNumber = 2.1.1.14\n"
+              "DevelopedBy = Somebody\n"
+              "\n"
+              "System\n"
+              "  RunType = ClassicRun\n"
+              "  Is_Camera_Used = true\n"
+              "\n"
+              "Projector [a/b=c]\n"
+              "  Name = Größe 日本\n"
+              "  DeviceSnippet\n"
+              "    device UID=\"X***1\"\n"
+              "      id = 1\n"
+              "  Channel_Extents\n"
+              "    Heading\n"
+              "      Yaw = 1.000000000000000e+00\n"
+              "\n"
+              "Camera [1]\n"
+              "  Camera_Calibration_Points =\n"
+              "    1, 10.000000, 20.000000,\n"
+              "    2, 30.000000, 40.000000\n"
+              "\n"
+              "ProjectorApprovedSlots\n"
+              "  Slot [3]\n"
+              "    Name = Lobby\n",
+              "");
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
-}
-
-TEST_F(Tool, SummaryTellsTheExample) {
-    expectRun(
-        runTool({"show", "--summary", "examples/dome.skorrax"}), 0,
-        "File        version 9.000\n"
-        "Build date  Mar 11 2019\n"
-        "Build       2.1.1.14\n"
-        "Maker       Ulvano\n"
-        "\n"
-        "Projectors  4 (4 x 1)\n"
-        "  ID                          Name    Pixels       Yaw     Pitch  Roll  Field      Blends left/right/top/bottom\n"
-        "  VELDAR***00:0a:0b:0c:0d:01  Dome 1  1920 x 1200  -67.5°  22°    0°    60° x 50°  0 / 25 / 0 / 0\n"
-        "  VELDAR***00:0a:0b:0c:0d:02  Dome 2  1920 x 1200  -22.5°  22°    0°    60° x 50°  25 / 25 / 0 / 0\n"
-        "  VELDAR***00:0a:0b:0c:0d:03  Dome 3  1920 x 1200  22.5°   22°    0°    60° x 50°  25 / 25 / 0 / 0\n"
-        "  VELDAR***00:0a:0b:0c:0d:1f  Dome 4  1920 x 1200  67.5°   22°    0°    60° x 50°  25 / 0 / 0 / 0\n"
-        "Cameras     2\n"
-        "  ID                       Name        Exposure  Gain\n"
-        "  PGR***02:1c:00:51:00:a0  Dome left   120000    3\n"
-        "  PGR***02:1c:00:51:00:a4  Dome right  120000    3\n"
-        "Screen      Sphere, radius 5.2 m, -90° to 90° around, -10° to 60° up\n"
-        "Target      Spherical\n"
-        "Runs        27 succeeded, 2 failed, the last one at 2019-03-11 14:05:09 UTC\n"
-        "Slots       2 approved: 1 \"Opening show\", 2 \"Sternenhimmel für Kinder\"; current slot 3\n",
-        "");
-}
-
-TEST_F(Tool, SummaryIsInTheDocumentsUnits) {
-    const std::string file = fileOf(
-        "<ConfigInfo><Version>9.000</Version><System><Length_Unit>Centimeters</Length_Unit></System>"
-        "<Screen><Screen_Width>2.5</Screen_Width></Screen></ConfigInfo>");
-    const ToolRun run = runTool({"show", "--summary", file});
-    EXPECT_THAT(run.output, HasSubstr("Projectors  0\nCameras     0\nScreen      Flat, 250 x ? cm\n"));
-}
-
-TEST_F(Tool, ShowTakesOlderFilesAsTheyAre) {
-    expectRun(runTool({"show", fileOf("<ConfigInfo><Version>2.003</Version><System><Old>1</Old></System></ConfigInfo>")}), 0,
-              "File        version 2.003\n\nSystem\n  Old = 1\n", "");
 }
 
 TEST_F(Tool, GetPrintsStoredValues) {
@@ -545,7 +505,7 @@ TEST_F(Tool, ExampleRuns) {
                                   ">     <Name>Dome, left of the middle</Name>\n"));
     EXPECT_THAT(output, HasSubstr("\nhistory/dome-1.500.skorra: version 1.500 -> 9.000, in upgraded.skorrax\n"));
     EXPECT_THAT(output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed\n"));
-    EXPECT_THAT(output, HasSubstr("\nFile        version 9.000\n"));
+    EXPECT_THAT(output, HasSubstr("\nFile        upgraded.skorrax, version 9.000, build "));
 }
 
 }  // namespace

@@ -1,0 +1,140 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+const char* const dome = "examples/dome.skorrax";
+const std::string first = "Projector[VELDAR***00:0a:0b:0c:0d:01]";
+
+void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors = "") {
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(run.output, output);
+    EXPECT_EQ(run.errors, errors);
+}
+
+}  // namespace
+
+TEST(ShowVerb, SummaryTellsTheExample) {
+    expectRun(
+        runTool({"show", dome}), 0,
+        "File        examples/dome.skorrax, version 9.000, build 2.1.1.14 of Mar 11 2019\n"
+        "Projectors  4 (4 x 1)\n"
+        "  #  Name    Heading       Field      Pixels       Blends l/r/t/b   Cameras                Connection          "
+        "ID\n"
+        "  1  Dome 1  -67.5° / 22°  60° x 50°  1920 x 1200  0 / 25 / 0 / 0   Dome left              192.168.10.11:3002  "
+        "VELDAR***00:0a:0b:0c:0d:01\n"
+        "  2  Dome 2  -22.5° / 22°  60° x 50°  1920 x 1200  25 / 25 / 0 / 0  Dome left, Dome right  192.168.10.12:3002  "
+        "VELDAR***00:0a:0b:0c:0d:02\n"
+        "  3  Dome 3  22.5° / 22°   60° x 50°  1920 x 1200  25 / 25 / 0 / 0  Dome right, Dome left  192.168.10.13:3002  "
+        "VELDAR***00:0a:0b:0c:0d:03\n"
+        "  4  Dome 4  67.5° / 22°   60° x 50°  1920 x 1200  25 / 0 / 0 / 0   Dome right             COM4 19200          "
+        "VELDAR***00:0a:0b:0c:0d:1f\n"
+        "Cameras     2\n"
+        "  #  Name        Exposure  Gain  Connection     ID\n"
+        "  1  Dome left   120000    3     192.168.10.41  PGR***02:1c:00:51:00:a0\n"
+        "  2  Dome right  120000    3     192.168.10.42  PGR***02:1c:00:51:00:a4\n"
+        "Screen      Sphere, radius 5.2 m, -90° to 90° around, -10° to 60° up\n"
+        "Target      Spherical\n"
+        "Runs        27 succeeded, 2 failed, the last one at 2019-03-11 14:05:09 UTC\n"
+        "Slots       2 approved: 1 \"Opening show\", 2 \"Sternenhimmel für Kinder\"; current slot 3\n");
+}
+
+TEST(ShowVerb, SummaryIsInTheDocumentsUnits) {
+    const TemporaryFolder folder;
+    folder.write(L"hall.skorrax",
+                 "<ConfigInfo><Version>9.000</Version><System><Length_Unit>Centimeters</Length_Unit></System>"
+                 "<Screen><Screen_Width>2.5</Screen_Width></Screen></ConfigInfo>");
+    const std::string file = (folder.path() / "hall.skorrax").string();
+    const ToolRun run = runTool({"show", file});
+    EXPECT_THAT(run.output, StartsWith("File        " + file +
+                                       ", version 9.000\nProjectors  0\nCameras     0\n"
+                                       "Screen      Flat, 250 x ? cm\n"));
+}
+
+TEST(ShowVerb, OlderFileIsShownAsUpgraded) {
+    const std::string file = "examples/history/dome-8.000.skorrax";
+    const ToolRun run = runTool({"show", file});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, StartsWith("File        " + file + ", version 9.000"));
+    EXPECT_THAT(run.errors, HasSubstr(file + ": is of file version 8.0; read as it would be after the upgrade\n"));
+}
+
+TEST(ShowVerb, StandardInputIsShown) {
+    EXPECT_THAT(runTool({"show", "-"}, "cat examples/dome.skorrax |").output, StartsWith("File        -, version 9.000"));
+    EXPECT_EQ(runTool({"show", "-"}, "echo '<a>' |").status, 3);
+}
+
+TEST(ShowVerb, AddressesShowTheirPartsOnly) {
+    expectRun(runTool({"show", dome, "Projector[Dome 1]/Channel_Extents/HFOV", "System/Nothing", "Screen/Shape"}), 1,
+              "HFOV\n  Left = -5.235987755982988e-01\n  Right = 5.235987755982988e-01\n\nShape = Sphere\n",
+              "xmlconfig: examples/dome.skorrax: holds no System/Nothing\n");
+}
+
+TEST(ShowVerb, FlatIsOneLineAValue) {
+    const ToolRun run = runTool({"show", "--flat", dome});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, StartsWith("Color/MaxIterationsColor=25\nColor/MinCameraExposureDeltaInMS=1000\n"));
+    EXPECT_THAT(run.output, HasSubstr("\n" + first + "/DeviceSnippet/device@UID=VELDAR***00:0a:0b:0c:0d:01\n"));
+    EXPECT_THAT(run.output, HasSubstr("\n" + first + "/Channel_Extents/Heading/Yaw=-1.178097245096172e+00\n"));
+    EXPECT_THAT(run.output, HasSubstr("/Camera_Calibration_Points=\\n\\t\\t1, 310.500000, 1480.125000,\\n\\t\\t2, "));
+    expectRun(runTool({"show", "--flat", dome, "Projector[#1]/Channel_Extents/HFOV"}), 0,
+              first + "/Channel_Extents/HFOV/Left=-5.235987755982988e-01\n" + first +
+                  "/Channel_Extents/HFOV/Right=5.235987755982988e-01\n");
+}
+
+TEST(ShowVerb, FlatLinesAreWhatSetReads) {
+    const TemporaryFolder folder;
+    const std::string original = TemporaryFolder::readFile(dome);
+    folder.write(L"dome.skorrax", original);
+    folder.write(L"lines", runTool({"show", "--flat", dome}).output);
+    const std::string file = (folder.path() / "dome.skorrax").string();
+    const std::string lines = (folder.path() / "lines").string();
+    expectRun(runTool({"set", "--force", file, "--from", lines}), 0, "0 changes\n");
+    EXPECT_EQ(runTool({"set", file, "Projector[*]/Gamma=3", "Color/CameraOrder=x",
+                       "Camera[#2]/DeviceSnippet/device/ipAddress=192.168.10.99"})
+                  .status,
+              0);
+    EXPECT_EQ(runTool({"set", "--force", file, "--from", lines}).status, 0);
+    EXPECT_EQ(folder.read(L"dome.skorrax"), original);
+}
+
+TEST(ShowVerb, JsonHoldsTheSummary) {
+    const auto json = nlohmann::json::parse(runTool({"show", "--json", dome}).output);
+    EXPECT_EQ(json["projectors"].size(), 4u);
+    auto projector = json["projectors"][0];
+    EXPECT_DOUBLE_EQ(projector["yaw"], -1.178097245096172);
+    EXPECT_DOUBLE_EQ(projector["pitch"], 0.3839724354387525);
+    projector.erase("yaw");
+    projector.erase("pitch");
+    EXPECT_EQ(projector, nlohmann::json::parse(R"({"number":1,"id":"VELDAR***00:0a:0b:0c:0d:01","name":"Dome 1","line":230,
+        "pixels":[1920,1200],"roll":0.0,"connection":{"type":"ETHERNET","address":"192.168.10.11","port":3002},
+        "cameras":["PGR***02:1c:00:51:00:a0"]})"));
+    EXPECT_EQ(json["projectors"][3]["connection"],
+              nlohmann::json::parse(R"({"type":"SERIAL","address":null,"port":"COM4","baud":19200})"));
+    EXPECT_EQ(json["cameras"][0], nlohmann::json::parse(R"({"number":1,"id":"PGR***02:1c:00:51:00:a0","name":"Dome left",
+        "address":"192.168.10.41","serialNumber":"17182096"})"));
+    EXPECT_EQ(json["screen"], nlohmann::json::parse(R"({"shape":"Sphere","radius":5.2})"));
+    EXPECT_EQ(json["runs"], nlohmann::json::parse(R"({"succeeded":27,"failed":2,"last":1552313109})"));
+    EXPECT_EQ(json["slots"][0], nlohmann::json::parse(R"({"id":"1","name":"Opening show"})"));
+    EXPECT_EQ(json["currentSlot"], 3);
+    EXPECT_EQ(json["version"], 9.0);
+    EXPECT_EQ(json["exit"], 0);
+    EXPECT_FALSE(json.contains("sections"));
+}
+
+TEST(ShowVerb, JsonOfAllHoldsEveryText) {
+    const auto json = nlohmann::json::parse(runTool({"show", "--all", "--json", dome}).output);
+    const std::string flat = runTool({"show", "--flat", dome}).output;
+    EXPECT_EQ(json["sections"].size(), static_cast<std::size_t>(std::count(flat.begin(), flat.end(), '\n')));
+    EXPECT_EQ(json["sections"][0], nlohmann::json::parse(R"({"address":"Color/MaxIterationsColor","text":"25","value":25,
+        "unit":"","line":8})"));
+}
