@@ -156,12 +156,15 @@ std::wstring countLine(const std::vector<UpgradeOutcome>& outcomes) {
 
 std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes) {
     const UpgradeCounts counts = countOf(outcomes);
-    Json json = {{"dryRun", !outcomes.empty() && outcomes.front().isDryRun},
+    Json json = {{"format", 1},
+                 {"verb", "upgrade"},
+                 {"dryRun", !outcomes.empty() && outcomes.front().isDryRun},
                  {"upgraded", counts.upgraded},
                  {"current", counts.current},
                  {"failed", counts.failed},
                  {"files", Json::array()}};
     for (const UpgradeOutcome& outcome : outcomes) json["files"].push_back(jsonOf(outcome));
+    json["exit"] = counts.failed == 0 ? 0 : 1;
     return XMLConfig::wideFromUtf8(json.dump(2)) + L"\n";
 }
 

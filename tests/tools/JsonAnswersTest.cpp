@@ -1,0 +1,94 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/support/JsonSchema.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Json = nlohmann::json;
+using Arguments = std::vector<std::string>;
+
+Json schemaOf(const std::string& verb) { return Json::parse(TemporaryFolder::readFile("docs/schemas/" + verb + ".json")); }
+
+/// Answers of verbs that read the example, or write to a copy of it.
+class JsonAnswers : public testing::Test {
+protected:
+    JsonAnswers() { folder.write(L"dome.skorrax", TemporaryFolder::readFile(dome)); }
+
+    std::string copy() const { return (folder.path() / "dome.skorrax").string(); }
+    void expectFits(const std::string& verb, Arguments words) const {
+        words.insert(words.begin(), {verb, "--json"});
+        const ToolRun run = runTool(words);
+        ASSERT_FALSE(run.output.empty()) << run.errors;
+        const Json answer = Json::parse(run.output);
+        EXPECT_THAT(schemaFaults(answer, schemaOf(verb)), IsEmpty()) << testing::PrintToString(words);
+        EXPECT_EQ(answer["exit"], run.status);
+        EXPECT_THAT(run.output, testing::EndsWith("\"exit\": " + std::to_string(run.status) + "\n}\n"));
+    }
+
+    static constexpr const char* dome = "examples/dome.skorrax";
+    TemporaryFolder folder;
+};
+
+void addNames(std::vector<std::string>& names, const Json& schema) {
+    const Json properties = schema.value("properties", Json::object());
+    for (const auto& [name, member] : properties.items()) {
+        names.push_back(name);
+        addNames(names, member);
+    }
+    if (schema.contains("items")) addNames(names, schema["items"]);
+}
+
+}  // namespace
+
+TEST(JsonSchema, TellsWhatDoesNotFit) {
+    const Json schema = Json::parse(R"({"type":"object","properties":{"a":{"type":["integer","null"]},
+        "b":{"type":"array","items":{"enum":["x","y"]}}},"required":["a"],"additionalProperties":false})");
+    EXPECT_THAT(schemaFaults(Json::parse(R"({"a":null,"b":["x"]})"), schema), IsEmpty());
+    EXPECT_THAT(schemaFaults(Json::parse(R"({"b":["x","z"],"c":1})"), schema),
+                ElementsAre("answer: lacks a", "answer.b[1]: \"z\" is none of [\"x\",\"y\"]", "answer: has an unknown c"));
+    EXPECT_THAT(schemaFaults(Json::parse(R"({"a":1.5})"), schema),
+                ElementsAre("answer.a: is 1.5 instead of [\"integer\",\"null\"]"));
+    EXPECT_THAT(schemaFaults(Json(1), schema), ElementsAre("answer: is 1 instead of \"object\""));
+}
+
+TEST_F(JsonAnswers, OfReadingVerbsFitTheirSchemas) {
+    expectFits("show", {dome});
+    expectFits("show", {"--all", dome});
+    expectFits("show", {dome, "Projector[*]/Name", "System/Nothing"});
+    expectFits("get", {dome, "Projector[*]", "System", "System/Nothing", "Projector[#1]/Box_Spacing"});
+    expectFits("describe", {});
+    expectFits("describe", {"Geometry/Fit_Solver", "overlap"});
+    expectFits("layout", {dome});
+    expectFits("diff", {dome, dome});
+    expectFits("diff", {"examples/history/dome-8.000.skorrax", dome});
+}
+
+TEST_F(JsonAnswers, OfWritingVerbsFitTheirSchemas) {
+    expectFits("new", {"--projectors", "2", (folder.path() / "new.skorrax").string()});
+    expectFits("set", {copy(), "Projector[*]/Gamma=3", "ProjMap/Own=x"});
+    expectFits("unset", {copy(), "Projector[#2]/Box_Spacing", "ProjMap/Own"});
+    expectFits("upgrade", {"--dry-run", "examples/history/dome-8.000.skorrax", dome, "missing"});
+}
+
+TEST_F(JsonAnswers, EveryMemberIsDocumented) {
+    const std::string page = TemporaryFolder::readFile("docs/tool.md");
+    for (const auto& file : std::filesystem::directory_iterator("docs/schemas")) {
+        const std::string verb = file.path().stem().string();
+        const std::size_t begin = page.find("\n## " + verb + "\n");
+        ASSERT_NE(begin, std::string::npos) << verb;
+        const std::string chapter = page.substr(begin, page.find("\n## ", begin + 1) - begin);
+        std::vector<std::string> names;
+        addNames(names, schemaOf(verb));
+        for (const std::string& name : names) {
+            const bool isCommon = name == "format" || name == "verb" || name == "exit" || name == "file";
+            EXPECT_TRUE(isCommon || chapter.find("`" + name + "`") != std::string::npos) << verb << ": " << name;
+        }
+    }
+}
