@@ -9,6 +9,7 @@
 #include "manager/ManagerLog.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
+#include "store/TextForms.h"
 
 namespace XMLConfig::detail {
 
@@ -35,6 +36,10 @@ public:
         if (found != m_accessors.end()) return found->second.get();
         auto device = std::make_unique<Device>(&m_document, id);
         if (!m_document.doesSectionExist(m_kind.section, id)) device->initialize();
+        return keep(id, std::move(device));
+    }
+    /// The ID is none that an accessor is known under.
+    Device* keep(const std::wstring& id, std::unique_ptr<Device> device) {
         return m_accessors.emplace(id, std::move(device)).first->second.get();
     }
 
@@ -89,8 +94,8 @@ private:
     }
 
     void logResult(const wchar_t* operation, const std::wstring& arguments, bool result) const {
-        logInfo(managerLog, std::wstring(operation) + m_kind.section + L"Config(" + arguments + L") returned: " +
-                                (result ? L"true" : L"false"));
+        logInfo(managerLog,
+                std::wstring(operation) + m_kind.section + L"Config(" + arguments + L") returned: " + textOf(result));
     }
 
     const DeviceKind& m_kind;

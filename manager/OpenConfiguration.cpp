@@ -2,8 +2,20 @@
 
 #include <utility>
 
+#include "base/AssetManager.h"
+#include "sections/CameraConfig.h"
 #include "sections/CameraItems.h"
+#include "sections/ColorConfig.h"
+#include "sections/GeometryConfig.h"
+#include "sections/MediaServerConfig.h"
+#include "sections/ProjMapConfig.h"
+#include "sections/ProjectorApprovedSlotsConfig.h"
+#include "sections/ProjectorConfig.h"
 #include "sections/ProjectorItems.h"
+#include "sections/ScreenConfig.h"
+#include "sections/SiteAnalyticsConfig.h"
+#include "sections/SystemConfig.h"
+#include "sections/TargetLocatorConfig.h"
 
 namespace XMLConfig::detail {
 

@@ -3,20 +3,20 @@
 #include <memory>
 #include <string>
 
-#include "base/AssetManager.h"
 #include "manager/DeviceCollection.h"
-#include "sections/CameraConfig.h"
-#include "sections/ColorConfig.h"
-#include "sections/GeometryConfig.h"
-#include "sections/MediaServerConfig.h"
-#include "sections/ProjMapConfig.h"
-#include "sections/ProjectorApprovedSlotsConfig.h"
-#include "sections/ProjectorConfig.h"
-#include "sections/ScreenConfig.h"
-#include "sections/SiteAnalyticsConfig.h"
-#include "sections/SystemConfig.h"
-#include "sections/TargetLocatorConfig.h"
-#include "store/ConfigInfo.h"
+
+class AssetManager;
+class CameraConfig;
+class ColorConfig;
+class GeometryConfig;
+class MediaServerConfig;
+class ProjMapConfig;
+class ProjectorApprovedSlotsConfig;
+class ProjectorConfig;
+class ScreenConfig;
+class SiteAnalyticsConfig;
+class SystemConfig;
+class TargetLocatorConfig;
 
 namespace XMLConfig::detail {
 

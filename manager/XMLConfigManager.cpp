@@ -9,6 +9,7 @@
 #include "manager/ProductExtension.h"
 #include "manager/VirtualDevices.h"
 #include "manager/upgrade/VersionUpgrade.h"
+#include "sections/SiteAnalyticsConfig.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "store/DocumentSaving.h"

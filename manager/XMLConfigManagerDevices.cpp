@@ -1,5 +1,7 @@
 #include "manager/OpenConfiguration.h"
 #include "manager/XMLConfigManager.h"
+#include "sections/CameraConfig.h"
+#include "sections/ProjectorConfig.h"
 
 std::vector<std::wstring> XMLConfigManager::getCameraIDs() const { return m_open->cameras.ids(); }
 

@@ -1,8 +1,13 @@
+#include "base/AssetManager.h"
 #include "manager/ManagerLog.h"
 #include "manager/OpenConfiguration.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/Environment.h"
 #include "platform/Paths.h"
+#include "sections/ColorConfig.h"
+#include "sections/MediaServerConfig.h"
+#include "sections/ScreenConfig.h"
+#include "sections/SystemConfig.h"
 
 using XMLConfig::detail::folderOf;
 using XMLConfig::detail::isAbsolute;

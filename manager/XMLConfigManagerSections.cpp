@@ -1,5 +1,14 @@
 #include "manager/OpenConfiguration.h"
 #include "manager/XMLConfigManager.h"
+#include "sections/ColorConfig.h"
+#include "sections/GeometryConfig.h"
+#include "sections/MediaServerConfig.h"
+#include "sections/ProjMapConfig.h"
+#include "sections/ProjectorApprovedSlotsConfig.h"
+#include "sections/ScreenConfig.h"
+#include "sections/SiteAnalyticsConfig.h"
+#include "sections/SystemConfig.h"
+#include "sections/TargetLocatorConfig.h"
 
 void XMLConfigManager::initializeSections() {
     m_open->color->initialize();
