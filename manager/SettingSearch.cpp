@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "manager/Catalogue.h"
+#include "sections/OpenItems.h"
 
 namespace XMLConfig {
 namespace {
@@ -30,9 +31,6 @@ constexpr Part parts[] = {
     {SettingType::PondOfMirrors, L"|Left", SettingType::Int, Unit::None},
     {SettingType::PondOfMirrors, L"|Right", SettingType::Int, Unit::None},
 };
-
-/// Sections whose keys their callers choose.
-constexpr const wchar_t* openSections[] = {L"MediaServer", L"ProjMap"};
 
 std::vector<Setting> settingsWithParts() {
     std::vector<Setting> settings;
@@ -163,7 +161,8 @@ std::wstring addressKey(const Setting& setting) {
 }
 
 bool isOpenSection(const std::wstring& section) {
-    return std::find(std::begin(openSections), std::end(openSections), section) != std::end(openSections);
+    return std::find(std::begin(detail::openSections), std::end(detail::openSections), section) !=
+           std::end(detail::openSections);
 }
 
 bool isDeviceSection(const std::wstring& section) { return section == L"Projector" || section == L"Camera"; }
@@ -178,7 +177,7 @@ std::vector<std::wstring> sectionNames() {
         if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     };
     for (const Setting& setting : knownSettings()) add(setting.section);
-    for (const wchar_t* section : openSections) add(section);
+    for (const wchar_t* section : detail::openSections) add(section);
     return names;
 }
 

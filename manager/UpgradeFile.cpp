@@ -7,6 +7,7 @@
 #include "store/CorvaneException.h"
 #include "store/DocumentSaving.h"
 #include "store/FileChange.h"
+#include "store/TextForms.h"
 
 namespace XMLConfig {
 
@@ -18,11 +19,9 @@ using detail::FileError;
     throw CorvaneException(L"Error upgradeFile: " + path + L": " + reason);
 }
 
-std::wstring versionText(double version) { return detail::formatFixed(version, 3); }
-
 // The first name of its kind that nothing has yet.
 std::wstring freeBackupName(const std::wstring& path, double version) {
-    const std::wstring first = path + L".v" + versionText(version) + L".bak";
+    const std::wstring first = path + L".v" + detail::versionText(version) + L".bak";
     std::wstring name = first;
     for (int number = 2; detail::fileExists(name); ++number) name = first + L"." + detail::formatInteger(number);
     return name;
@@ -84,7 +83,7 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     report.target = request.target.empty() ? request.path : request.target;
     report.status = upgradeDocument(document, &report.receipt);
     if (report.status == UpgradeFailed) {
-        refuse(request.path, L"is of file version " + versionText(version) + L", which is newer than this library");
+        refuse(request.path, L"is of file version " + detail::versionText(version) + L", which is newer than this library");
     }
     if (report.status == Upgraded && request.target.empty()) report.backup = freeBackupName(request.path, version);
     if (request.writesFiles) write(document, request, report);

@@ -4,10 +4,15 @@
 #include <vector>
 
 #include "base/ValueTraits.h"
+#include "sections/MediaServerItems.h"
 
 /// What the open key/value sections share: an item of any key, written only where it differs, and two types of value that
 /// only they hold.
 namespace XMLConfig::detail {
+
+inline constexpr const wchar_t* projMapSection = L"ProjMap";
+/// All of them.
+inline constexpr const wchar_t* openSections[] = {mediaServerItems.section, projMapSection};
 
 template <>
 struct ValueTrait<float> {

@@ -5,7 +5,7 @@
 using XMLConfig::detail::ValueTrait;
 
 ProjMapConfig::ProjMapConfig(ConfigInfo* configInfo, const std::wstring& sectionID)
-    : BaseConfig(configInfo, L"ProjMap", sectionID) {}
+    : BaseConfig(configInfo, XMLConfig::detail::projMapSection, sectionID) {}
 
 ProjMapConfig::~ProjMapConfig() = default;
 

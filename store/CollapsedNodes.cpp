@@ -9,7 +9,7 @@ namespace {
 
 using xercesc::DOMNode;
 
-// Steps through children, taking neighbouring pieces of text as one and leaving out text that is layout only.
+// Steps through children, taking neighbouring pieces of text as one and leaving out text that is indentation only.
 class Children {
 public:
     explicit Children(const DOMNode& parent) : m_next(parent.getFirstChild()) {}
@@ -22,7 +22,7 @@ public:
             text += view(m_next->getNodeValue());
             m_next = m_next->getNextSibling();
         }
-        if (!isLayout(text)) return true;
+        if (!isIndentation(text)) return true;
         text.clear();
         if (m_next == nullptr) return false;
         node = m_next;

@@ -10,6 +10,7 @@
 #include "store/Document.h"
 #include "store/DocumentSaving.h"
 #include "store/Log.h"
+#include "store/TextForms.h"
 
 using XMLConfig::detail::Change;
 using XMLConfig::detail::Document;
@@ -95,7 +96,7 @@ void ConfigInfo::setVersion(double version) {
     constexpr std::size_t versionLength = 31;
     reporting(prefix, [&] {
         XMLConfig::detail::Section& section = versionSection(*m_document, prefix);
-        const std::wstring text = XMLConfig::detail::formatFixed(version, 3).substr(0, versionLength);
+        const std::wstring text = XMLConfig::detail::versionText(version).substr(0, versionLength);
         Change change{Change::Kind::VersionChanged, L"Version", {}, {}, {}, text};
         if (m_document->observer != nullptr) change.oldValue = wideTextOf(*section.element);
         m_document->setSectionText(section, text);

@@ -10,11 +10,11 @@
 #include "store/DocumentWriter.h"
 #include "store/Legality.h"
 
-using XMLConfig::detail::Address;
 using XMLConfig::detail::Change;
 using XMLConfig::detail::ChangeObserver;
 using XMLConfig::detail::Container;
 using XMLConfig::detail::Document;
+using XMLConfig::detail::ItemAddress;
 using XMLConfig::detail::reporting;
 using XMLConfig::detail::wideTextOf;
 
@@ -22,8 +22,8 @@ namespace {
 
 constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
 
-// A fragment that is about to be stored. Parsed before anything is changed.
-XMLConfig::detail::NewElement parseElement(Document& document, const Address& address, const std::wstring& value) {
+// Parses a fragment that is about to be stored, before anything is changed.
+XMLConfig::detail::NewElement parseElement(Document& document, const ItemAddress& address, const std::wstring& value) {
     try {
         return document.parseElement(XMLConfig::detail::toUtf8(value));
     } catch (const XMLConfig::detail::ParseFailure& failure) {
@@ -35,7 +35,7 @@ XMLConfig::detail::NewElement parseElement(Document& document, const Address& ad
 /// What an observer is to be told of one operation, gathered before the change is made.
 class Told {
 public:
-    Told(const Document& document, const Address& address) : m_observer(document.observer), m_address(address) {}
+    Told(const Document& document, const ItemAddress& address) : m_observer(document.observer), m_address(address) {}
 
     void addSection() { add(Change::Kind::SectionAdded, {}, {}, {}); }
     void addSubSection() { add(Change::Kind::SectionAdded, subSection(), {}, {}); }
@@ -57,7 +57,7 @@ private:
     }
 
     ChangeObserver* m_observer;
-    const Address& m_address;
+    const ItemAddress& m_address;
     std::vector<Change> m_changes;
 };
 
@@ -70,7 +70,7 @@ std::wstring observed(const Document& document, const xercesc::DOMElement& item)
     return elements.empty() ? wideTextOf(item) : XMLConfig::detail::fromUtf8(elements);
 }
 
-void gather(Told& told, const Document& document, const Address& address, const Container& container,
+void gather(Told& told, const Document& document, const ItemAddress& address, const Container& container,
             const XMLConfig::detail::Item& item, const XMLConfig::detail::NewElement& content, const std::wstring& value) {
     const bool isNew = item.element == nullptr;
     const bool isContainerNew = container.element == nullptr;
@@ -84,7 +84,7 @@ void gather(Told& told, const Document& document, const Address& address, const 
 }
 
 /// What is or will be around the container's items.
-const xercesc::DOMElement& placeOf(const Document& document, const Container& container, const Address& address) {
+const xercesc::DOMElement& placeOf(const Document& document, const Container& container, const ItemAddress& address) {
     if (container.element != nullptr) return *container.element;
     const auto* const section = document.getSection(address.sectionName, address.sectionID);
     return section == nullptr || address.subSectionName.empty() ? *document.root() : *section->element;
@@ -96,7 +96,7 @@ std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const st
                                        const std::wstring& defaultValue, const std::wstring& sectionID,
                                        const std::wstring& subSectionName, const std::wstring& subSectionID) const {
     return reporting(L"Error getItem: ", [&] {
-        const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
+        const ItemAddress address{sectionName, sectionID, key, subSectionName, subSectionID};
         const auto item = m_document->getItem(m_document->container(address), key);
         if (item.element == nullptr) return defaultValue;
         std::u16string buffer;
@@ -146,7 +146,7 @@ bool ConfigInfo::doesItemExist(const std::wstring& sectionName, const std::wstri
 
 bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& sectionID) {
     return reporting(L"Error removeItem(): ", [&] {
-        const Address address{sectionName, sectionID, key, {}, {}};
+        const ItemAddress address{sectionName, sectionID, key, {}, {}};
         const auto item = m_document->getItem(sectionName, key, sectionID);
         if (item.element == nullptr) return false;
         Told told(*m_document, address);
@@ -163,7 +163,7 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
                          const std::wstring& subSectionID) {
     if (!m_document->exists()) return;
     reporting(setItemPrefix, [&] {
-        const Address address{sectionName, sectionID, key, subSectionName, subSectionID};
+        const ItemAddress address{sectionName, sectionID, key, subSectionName, subSectionID};
         const bool isElement = type == L"DOMElement";
         XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value);
         const Container container = m_document->container(address);

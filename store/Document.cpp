@@ -9,6 +9,7 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "store/DocumentParser.h"
+#include "store/TextForms.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
@@ -74,7 +75,7 @@ void Document::initializeDOM() {
             append(*element, *made->createTextNode(xmlText(toUtf16(text))));
             append(*made->getDocumentElement(), *element);
         };
-        add(L"Version", formatFixed(latestFileVersion, 3));
+        add(L"Version", versionText(latestFileVersion));
         add(L"BuildDate", buildDate);
         add(L"BuildNumber", buildNumber());
         add(L"DevelopedBy", makerName);
@@ -93,7 +94,7 @@ void Document::adopt(DocumentPointer document) noexcept {
     m_index.reset(root());
 }
 
-Container Document::container(const Address& address) const {
+Container Document::container(const ItemAddress& address) const {
     Section* section = getSection(address.sectionName, address.sectionID);
     if (section == nullptr) return {};
     if (address.subSectionName.empty()) return {section->element, section};

@@ -14,12 +14,13 @@
 
 class ConfigInfo;
 
-/// The tree behind a ConfigInfo with its index: finding elements by address, and the primitive changes that the public
+/// The tree that a ConfigInfo keeps, with its index: finding elements by address, and the primitive changes that the public
 /// operations are made of.
 namespace XMLConfig::detail {
 
-/// Where a value is: a section, perhaps a subsection, and a key. References to the caller's text.
-struct Address {
+/// Where a value is: a section, perhaps a subsection, and a key. References to the caller's text, since every get and set
+/// makes one; XMLConfig::Address keeps what people wrote.
+struct ItemAddress {
     const std::wstring& sectionName;
     const std::wstring& sectionID;
     const std::wstring& key;
@@ -77,21 +78,21 @@ public:
 
     // Looking up; null where there is nothing.
     Section* getSection(const std::wstring& name, const std::wstring& id) const { return m_index.find(name, id); }
-    [[nodiscard]] Container container(const Address& address) const;
+    [[nodiscard]] Container container(const ItemAddress& address) const;
     [[nodiscard]] Item getItem(const Container& container, const std::wstring& key) const;
     [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
     /// How many sections of that tag there are.
     [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
 
-    // Changing. Callers set the dirty flag and tell the observer.
+    // Changing. The callers set the dirty flag and call the observer.
     /// Parses an element that is to be stored. Throws ParseFailure for anything else; what was found before is worth
     /// nothing then either.
     NewElement parseElement(const std::string& text);
     /// Adds an item that is missing, with the section, the subsection and the groups that are missing around it. Where a
     /// name is illegal, throws DOMException and leaves what comes before it; nothing else leaves a part.
-    void addItem(const Address& address, const Container& container, Content content);
+    void addItem(const ItemAddress& address, const Container& container, Content content);
     void setText(const Item& item, const std::wstring& value);
-    /// The element becomes the item's only content. True when that differs from what was there by more than layout.
+    /// The element becomes the item's only content. True when that differs from what was there by more than indentation.
     bool setElement(const Item& item, LooseElement content);
     void setSectionText(Section& section, const std::wstring& value);
     void removeItem(Section& section, xercesc::DOMElement& item);
@@ -113,10 +114,10 @@ private:
     void shedWaste() noexcept;
     void adopt(DocumentPointer document) noexcept;
     struct Missing;
-    [[nodiscard]] Missing missingOf(const Address& address, const Container& container) const;
+    [[nodiscard]] Missing missingOf(const ItemAddress& address, const Container& container) const;
     /// What is missing, up to the first name that is illegal.
     LooseElement build(const Missing& missing, Content content, std::exception_ptr& illegalName);
-    void removeLayoutAfter(xercesc::DOMElement& parent, const xercesc::DOMElement& child) noexcept;
+    void removeIndentationAfter(xercesc::DOMElement& parent, const xercesc::DOMElement& child) noexcept;
 
     xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
     Tree m_tree;
@@ -134,9 +135,9 @@ std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& b
 std::u16string_view textOf(const Item& item, std::u16string& buffer);
 bool hasText(const xercesc::DOMElement& element, const std::wstring& text);
 std::wstring wideTextOf(const xercesc::DOMElement& element);
-/// Whether two trees are equal when text nodes made of layout only are left out.
+/// Whether two trees are equal when text nodes made of indentation only are left out.
 bool compareCollapsedNodes(const xercesc::DOMNode& left, const xercesc::DOMNode& right);
-/// Whether an element holds `content` and layout, and nothing else, where layout inside of both does not count.
+/// Whether an element holds `content` and indentation, and nothing else, where indentation inside of both does not count.
 bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content);
 
 }  // namespace XMLConfig::detail

@@ -42,14 +42,16 @@ struct Document::Missing {
     bool isSubSection = false;  // whether a subsection is among them
 };
 
-void Document::removeLayoutAfter(DOMElement& parent, const DOMElement& child) noexcept {
+/// What follows an element that goes must go whatever its white space is, or an empty line would stay. Elsewhere a carriage
+/// return is no indentation, since it may be a value.
+void Document::removeIndentationAfter(DOMElement& parent, const DOMElement& child) noexcept {
     DOMNode* const next = child.getNextSibling();
     if (next == nullptr || next->getNodeType() != DOMNode::TEXT_NODE) return;
-    const bool isLayout = view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos;
-    if (isLayout) m_tree.remove(parent, *next);
+    const bool isWhiteSpace = view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos;
+    if (isWhiteSpace) m_tree.remove(parent, *next);
 }
 
-Document::Missing Document::missingOf(const Address& address, const Container& container) const {
+Document::Missing Document::missingOf(const ItemAddress& address, const Container& container) const {
     Missing missing{container.element, container.section, {}, false};
     if (container.element == nullptr) {
         missing.section = getSection(address.sectionName, address.sectionID);
@@ -97,14 +99,14 @@ LooseElement Document::build(const Missing& missing, Content content, std::excep
     return outermost;
 }
 
-void Document::addItem(const Address& address, const Container& container, Content content) {
+void Document::addItem(const ItemAddress& address, const Container& container, Content content) {
     const Missing missing = missingOf(address, container);
     std::exception_ptr illegalName;
     DOMElement* const added = build(missing, std::move(content), illegalName).release();
     if (added != nullptr) {
         append(*missing.place, *added);
         const bool isSection = missing.section == nullptr;
-        if (missing.isSubSection) removeLayoutAfter(*root(), isSection ? *added : *missing.section->element);
+        if (missing.isSubSection) removeIndentationAfter(*root(), isSection ? *added : *missing.section->element);
         const bool isChild = !isSection && missing.place == missing.section->element;
         changed({isSection ? Kind::SectionAdded : isChild ? Kind::ChildAdded : Kind::InsideAdded, missing.section, added});
     }
@@ -144,13 +146,13 @@ void Document::removeItem(Section& section, DOMElement& item) {
 }
 
 void Document::removeSection(Section& section) {
-    removeLayoutAfter(*root(), *section.element);
+    removeIndentationAfter(*root(), *section.element);
     m_tree.remove(*root(), *section.element);
     changed({Kind::SectionRemoved, &section});
 }
 
 void Document::removeSubSection(const Container& subSection) {
-    removeLayoutAfter(*subSection.section->element, *subSection.element);
+    removeIndentationAfter(*subSection.section->element, *subSection.element);
     m_tree.remove(*subSection.section->element, *subSection.element);
     changed({Kind::ChildRemoved, subSection.section, subSection.element});
 }

@@ -15,11 +15,12 @@ namespace {
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
-constexpr int sectionLevel = 1;  // down to this level of a document text is no value, so white space alone is layout
+constexpr int sectionLevel = 1;  // down to this level of a document text is no value, so white space alone is indentation
 constexpr int noLevel = -1;
 constexpr std::size_t pieceSize = 64 * 1024;
 
-enum class Content { Empty, Layout, Verbatim };
+/// How an element writes what it holds.
+enum class Form { Empty, Indented, Verbatim };
 
 bool isText(const DOMNode& node) {
     return node.getNodeType() == DOMNode::TEXT_NODE || node.getNodeType() == DOMNode::CDATA_SECTION_NODE;
@@ -41,8 +42,8 @@ constexpr unsigned special(std::uint16_t c) {
 class Writer {
 public:
     /// Without a sink the text is kept until it is taken.
-    Writer(bool isXml11, int lastLayoutLevel, const ByteSink* sink = nullptr)
-        : m_isXml11(isXml11), m_lastLayoutLevel(lastLayoutLevel), m_sink(sink), m_names(sink == nullptr ? 16 : 509) {}
+    Writer(bool isXml11, int lastIndentedLevel, const ByteSink* sink = nullptr)
+        : m_isXml11(isXml11), m_lastIndentedLevel(lastIndentedLevel), m_sink(sink), m_names(sink == nullptr ? 16 : 509) {}
 
     void writeLine(const DOMNode& node, int level) {
         indent(level);
@@ -81,10 +82,10 @@ private:
         m_out.append('<');
         writeName(element);
         writeAttributes(element);
-        const Content content = isInside ? contentInside(element) : contentOf(element, level);
-        if (content == Content::Empty) return m_out.append("/>");
+        const Form form = isInside ? formInside(element) : formOf(element, level);
+        if (form == Form::Empty) return m_out.append("/>");
         m_out.append('>');
-        if (content == Content::Layout) {
+        if (form == Form::Indented) {
             writeLines(element, level);
         } else {
             writeInside(element, level);
@@ -119,29 +120,29 @@ private:
         }
     }
 
-    static Content contentInside(const DOMElement& element) {
+    static Form formInside(const DOMElement& element) {
         for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            if (!isText(*child) || !dataOf(*child).empty()) return Content::Verbatim;
+            if (!isText(*child) || !dataOf(*child).empty()) return Form::Verbatim;
         }
-        return Content::Empty;
+        return Form::Empty;
     }
 
-    Content contentOf(const DOMElement& element, int level) const {
+    Form formOf(const DOMElement& element, int level) const {
         bool hasOthers = false;
         bool hasBlanks = false;
         for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
             const auto type = child->getNodeType();
-            if (type == DOMNode::CDATA_SECTION_NODE) return Content::Verbatim;
+            if (type == DOMNode::CDATA_SECTION_NODE) return Form::Verbatim;
             if (type != DOMNode::TEXT_NODE) {
                 hasOthers = true;
                 continue;
             }
             const std::u16string_view text = dataOf(*child);
-            if (!isLayout(text)) return Content::Verbatim;
+            if (!isIndentation(text)) return Form::Verbatim;
             hasBlanks = hasBlanks || !text.empty();
         }
-        if (hasOthers) return Content::Layout;
-        return hasBlanks && level > m_lastLayoutLevel ? Content::Verbatim : Content::Empty;
+        if (hasOthers) return Form::Indented;
+        return hasBlanks && level > m_lastIndentedLevel ? Form::Verbatim : Form::Empty;
     }
 
     void writeAttributes(const DOMElement& element) {
@@ -252,7 +253,7 @@ private:
     };
 
     bool m_isXml11;
-    int m_lastLayoutLevel;
+    int m_lastIndentedLevel;
     const ByteSink* m_sink;
     ByteBuffer m_out;
     std::vector<KnownName> m_names;  // by a hash; an element alone needs few
@@ -260,7 +261,7 @@ private:
 
 }  // namespace
 
-bool isLayout(std::u16string_view text) {
+bool isIndentation(std::u16string_view text) {
     return std::all_of(text.begin(), text.end(), [](char16_t c) { return c == u' ' || c == u'\n' || c == u'\t'; });
 }
 

@@ -107,7 +107,7 @@ ElementView findElement(const ConfigInfo& document, const Address& address) {
     return detail::reporting(L"Error getItem: ", [&] {
         const detail::Document& tree = detail::Document::of(document);
         const auto& [section, sectionID, subSection, subSectionID, key] = address;
-        const detail::Address place{section, sectionID, key, subSection, subSectionID};
+        const detail::ItemAddress place{section, sectionID, key, subSection, subSectionID};
         const detail::Container container = tree.container(place);
         return ElementAccess::view(key.empty() ? container.element : tree.getItem(container, key).element);
     });

@@ -59,13 +59,13 @@ int declarationsOnTheWay(const xercesc::DOMElement& element, const std::wstring&
 
 }  // namespace
 
-std::wstring describe(const Address& address) {
+std::wstring describe(const ItemAddress& address) {
     std::wstring text = describeSection(address.sectionName, address.sectionID);
     if (!address.subSectionName.empty()) text += L", sub" + describeSection(address.subSectionName, address.subSectionID);
     return text + L", key \"" + address.key + L"\"";
 }
 
-void refuseWhatXmlCannotHold(const wchar_t* prefix, const Address& address, const std::wstring& value) {
+void refuseWhatXmlCannotHold(const wchar_t* prefix, const ItemAddress& address, const std::wstring& value) {
     const auto isHeld = [](const std::wstring& text) { return !firstCharacterXmlCannotHold(text); };
     if (isHeld(value) && isHeld(address.sectionName) && isHeld(address.sectionID) && isHeld(address.key) &&
         isHeld(address.subSectionName) && isHeld(address.subSectionID))
@@ -83,7 +83,7 @@ void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, co
     refuse(prefix, describeSection(sectionName, {}), L"the new ID", id);
 }
 
-void refuseDeepNesting(const wchar_t* prefix, const Address& address, int depthInside) {
+void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int depthInside) {
     constexpr int mostAbove = 4;  // with a key's first part, whose other parts have a character each at least
     if (mostAbove + depthInside + static_cast<std::ptrdiff_t>(address.key.size()) <= maximumDepth) return;
     const auto parts = std::count(address.key.begin(), address.key.end(), L'|') + 1;
@@ -93,7 +93,7 @@ void refuseDeepNesting(const wchar_t* prefix, const Address& address, int depthI
                            L" levels deep at most");
 }
 
-void refuseManyNamespaces(const wchar_t* prefix, const Address& address, const xercesc::DOMElement& place, int inside) {
+void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& place, int inside) {
     if (inside == 0 || declarationsOnTheWay(place, address.key) + inside <= maximumNamespaces) return;
     throw CorvaneException(prefix + describe(address) + L": at most " + formatInteger(maximumNamespaces) +
                            L" namespaces may be declared in an element and those around it");

@@ -8,17 +8,17 @@
 namespace XMLConfig::detail {
 
 /// "section "Name" [ID], key "Key"" for messages.
-std::wstring describe(const Address& address);
+std::wstring describe(const ItemAddress& address);
 
 /// Throws CorvaneException for a value or a part of the address with a character that XML 1.0 cannot hold; the message
 /// begins with the prefix and names the section, the key, the character's number and its place.
-void refuseWhatXmlCannotHold(const wchar_t* prefix, const Address& address, const std::wstring& value);
+void refuseWhatXmlCannotHold(const wchar_t* prefix, const ItemAddress& address, const std::wstring& value);
 /// The same for a section's new identifier.
 void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, const std::wstring& id);
 /// Throws CorvaneException where the item, with `depthInside` levels in it, would lie deeper than can be read again.
-void refuseDeepNesting(const wchar_t* prefix, const Address& address, int depthInside);
+void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int depthInside);
 /// Throws CorvaneException where the item, with `inside` namespaces declared in it, would have more of them around one
 /// element than can be read again. `place` is the element below which the item is or will be.
-void refuseManyNamespaces(const wchar_t* prefix, const Address& address, const xercesc::DOMElement& place, int inside);
+void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& place, int inside);
 
 }  // namespace XMLConfig::detail

@@ -22,6 +22,7 @@ std::optional<bool> boolOf(std::wstring_view text) {
 std::wstring textOf(int value) { return formatInteger(value); }
 std::wstring textOf(double value) { return formatScientific(value); }
 
+std::wstring versionText(double version) { return formatFixed(version, 3); }
 std::wstring textOf(const Point_2Dim<int>& value) { return formatInteger(value.x) + L", " + formatInteger(value.y); }
 
 std::wstring textOf(const Point_2Dim<double>& value) {

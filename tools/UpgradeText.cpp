@@ -12,6 +12,7 @@ namespace {
 using XMLConfig::UpgradeChange;
 using Json = nlohmann::ordered_json;
 
+/// As the library writes it into files; its own function is not exported.
 std::wstring versionText(double version) {
     char text[400];
     const auto end = std::to_chars(std::begin(text), std::end(text), version, std::chars_format::fixed, 3);
@@ -37,11 +38,11 @@ const char* nameOf(UpgradeChange::Kind kind) {
 // The text on one line: without its line breaks and the blanks after them.
 std::wstring oneLine(const std::wstring& text) {
     std::wstring line;
-    bool isBehindBreak = false;
+    bool isAfterBreak = false;
     for (const wchar_t character : text) {
         const bool isBreak = character == L'\n' || character == L'\r' || character == L'\t';
-        if (!isBreak && !(isBehindBreak && character == L' ')) line += character;
-        isBehindBreak = isBreak || (isBehindBreak && character == L' ');
+        if (!isBreak && !(isAfterBreak && character == L' ')) line += character;
+        isAfterBreak = isBreak || (isAfterBreak && character == L' ');
     }
     return line;
 }

@@ -4,17 +4,15 @@
 #include "manager/upgrade/StepRecorder.h"
 #include "manager/upgrade/UpgradeChain.h"
 #include "platform/Early.h"
-#include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
+#include "store/TextForms.h"
 
 namespace XMLConfig::detail {
 
 namespace {
 
 XMLCONFIG_EARLY const LoggerPtr upgradeLog = logger(L"Ulvano.XMLConfig.VersionUpgrade");
-
-std::wstring versionText(double version) { return formatFixed(version, 3); }
 
 void apply(const UpgradeStep& step, ConfigInfo& document, UpgradeObserver* observer) {
     if (observer == nullptr) return step.apply(document);
