@@ -252,7 +252,7 @@ TEST(BaseConfig, RefusedRenameChangesNothing) {
     ConfigInfo document;
     TestSection section(&document, L"1");
     section.set(L"I", 12);
-    const std::wstring message = thrownMessage<CorvaneException>([&] { section.renameSection(L"a\x0001z"); });
+    const std::wstring message = messageOf([&] { section.renameSection(L"a\x0001z"); });
     EXPECT_EQ(message.rfind(L"Error renameSection: ", 0), 0u);
     EXPECT_EQ(section.getSectionID(), L"1");
     EXPECT_EQ(stored(document, L"I", L"1"), L"12");

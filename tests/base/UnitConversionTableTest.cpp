@@ -90,13 +90,13 @@ TEST(UnitConversionTable, AccessorsRefuseWhatIsNoRow) {
     for (const int value : {9, 10, -1, 2147483647, -2147483647 - 1}) {
         SCOPED_TRACE(value);
         const Table::UnitSubType unit = subType(value);
-        EXPECT_EQ(thrownMessage<CorvaneException>([&] { Table::getUnitName(unit); }), invalidSubType);
-        EXPECT_EQ(thrownMessage<CorvaneException>([&] { Table::getUnitWString(unit); }), invalidSubType);
-        EXPECT_EQ(thrownMessage<CorvaneException>([&] { Table::getUnitSuffix(unit); }), invalidSubType);
-        EXPECT_EQ(thrownMessage<CorvaneException>([&] { Table::getUnitType(unit); }), invalidSubType);
-        EXPECT_EQ(thrownMessage<CorvaneException>([&] { Table::getUnitConversion(unit); }), invalidSubType);
-        EXPECT_EQ(thrownMessage<CorvaneException>([&] { Table::convertValue(unit, Table::Meters, 1.0); }), invalidSubType);
-        EXPECT_EQ(thrownMessage<CorvaneException>([&] { Table::convertValue(Table::Degrees, unit, 1.0); }), invalidSubType);
+        EXPECT_EQ(messageOf([&] { Table::getUnitName(unit); }), invalidSubType);
+        EXPECT_EQ(messageOf([&] { Table::getUnitWString(unit); }), invalidSubType);
+        EXPECT_EQ(messageOf([&] { Table::getUnitSuffix(unit); }), invalidSubType);
+        EXPECT_EQ(messageOf([&] { Table::getUnitType(unit); }), invalidSubType);
+        EXPECT_EQ(messageOf([&] { Table::getUnitConversion(unit); }), invalidSubType);
+        EXPECT_EQ(messageOf([&] { Table::convertValue(unit, Table::Meters, 1.0); }), invalidSubType);
+        EXPECT_EQ(messageOf([&] { Table::convertValue(Table::Degrees, unit, 1.0); }), invalidSubType);
     }
 }
 
@@ -111,6 +111,6 @@ TEST(UnitConversionTable, ValuesAreConvertedWithinTheirType) {
 
 TEST(UnitConversionTable, LengthsAndAnglesDoNotMix) {
     const std::wstring message = L"Invalid conversion. To/from must be of the same type!";
-    EXPECT_EQ(thrownMessage<CorvaneException>([] { Table::convertValue(Table::Meters, Table::Degrees, 1.0); }), message);
-    EXPECT_EQ(thrownMessage<CorvaneException>([] { Table::convertValue(Table::ArcMinutes, Table::Custom, 1.0); }), message);
+    EXPECT_EQ(messageOf([] { Table::convertValue(Table::Meters, Table::Degrees, 1.0); }), message);
+    EXPECT_EQ(messageOf([] { Table::convertValue(Table::ArcMinutes, Table::Custom, 1.0); }), message);
 }

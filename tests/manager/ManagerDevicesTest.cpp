@@ -73,9 +73,9 @@ TEST(ManagerDevices, SameAccessorEachTime) {
 
 TEST(ManagerDevices, RefusedIDAddsNothing) {
     TestManager manager;
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { manager.getCameraConfig(L"a\x0002"); }).rfind(L"Error ", 0), 0u);
+    EXPECT_EQ(messageOf([&] { manager.getCameraConfig(L"a\x0002"); }).rfind(L"Error ", 0), 0u);
     EXPECT_EQ(manager.getCameraConfigCount(), 0);
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { manager.getCameraConfig(L"a\x0002"); }).rfind(L"Error ", 0), 0u);
+    EXPECT_EQ(messageOf([&] { manager.getCameraConfig(L"a\x0002"); }).rfind(L"Error ", 0), 0u);
 }
 
 TEST(ManagerDevices, RenameToTheSameIDSucceedsWithoutADevice) {
@@ -173,7 +173,7 @@ TEST(ManagerDevices, RefusedRenameChangesNothing) {
     TestManager manager;
     CameraConfig* camera = manager.getCameraConfig(L"a");
     log.clear();
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { manager.renameCameraConfig(L"a", L"\x0001"); }).rfind(L"Error ", 0), 0u);
+    EXPECT_EQ(messageOf([&] { manager.renameCameraConfig(L"a", L"\x0001"); }).rfind(L"Error ", 0), 0u);
     EXPECT_EQ(manager.getCameraConfig(L"a"), camera);
     EXPECT_THAT(manager.getCameraIDs(), ElementsAre(L"a"));
     EXPECT_THAT(log.lines(), ElementsAre());

@@ -183,8 +183,7 @@ TEST(ManagerLifeCycle, MissingFileIsRefusedByTheDocument) {
     LogCapture log;
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"none.skorrax");
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { loadedManager(path); }),
-              L"Error parseDataFile: Can not open file: " + path);
+    EXPECT_EQ(messageOf([&] { loadedManager(path); }), L"Error parseDataFile: Can not open file: " + path);
     EXPECT_THAT(log.linesOf(managerLogger),
                 ElementsAre(info("loadConfiguration('" + XMLConfig::detail::toUtf8(path) + "')")));
 }
@@ -192,7 +191,7 @@ TEST(ManagerLifeCycle, MissingFileIsRefusedByTheDocument) {
 TEST(ManagerLifeCycle, MalformedFileIsRefusedByTheDocument) {
     const TemporaryFolder folder;
     const std::wstring path = folder.write(L"bad.skorrax", "<ConfigInfo>");
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] {
+    EXPECT_EQ(messageOf([&] {
                   loadedManager(path);
               }).rfind(L"Error parseDataFile: Error during parsing: " + path + L" XML message is: line ", 0),
               0u);
@@ -205,7 +204,7 @@ TEST(ManagerLifeCycle, NewerFileIsRefusedWithTheNameInTheMessage) {
     const std::wstring message =
         L"Error loadConfiguration(): doFileVersionUpgrade() failed attempting to upgrade file: " + path;
     const auto product = TestProduct::make();
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { XMLConfigManager::loadConfiguration(product, path); }), message);
+    EXPECT_EQ(messageOf([&] { XMLConfigManager::loadConfiguration(product, path); }), message);
     EXPECT_EQ(product.use_count(), 1);
     EXPECT_THAT(log.linesOf(managerLogger), ElementsAre(info("loadConfiguration('" + XMLConfig::detail::toUtf8(path) + "')"),
                                                         LogLine{managerLogger, "WARN", XMLConfig::detail::toUtf8(message)}));

@@ -105,7 +105,7 @@ TEST(ManagerSaving, FailedSaveKeepsTheNewNameAndTheChanges) {
     const std::wstring path = folder.file(L"none/hall.skorrax");
     TestManager manager;
     manager.getColorConfig()->setTargetSizeX(5);
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] {
+    EXPECT_EQ(messageOf([&] {
                   manager.saveConfiguration(path);
               }).rfind(L"Error save(): An error occurred trying to save DOM tree to file. Msg is:", 0),
               0u);

@@ -20,8 +20,7 @@ std::unique_ptr<XMLConfigManager> newWithoutProduct() {
 TEST(NoProduct, LoadIsRefused) {
     const TemporaryFolder folder;
     const std::wstring path = folder.write(L"a.skorrax", fileText());
-    EXPECT_EQ(thrownMessage<CorvaneException>(
-                  [&] { std::unique_ptr<XMLConfigManager>(XMLConfigManager::loadConfiguration(nullptr, path)); }),
+    EXPECT_EQ(messageOf([&] { std::unique_ptr<XMLConfigManager>(XMLConfigManager::loadConfiguration(nullptr, path)); }),
               complaint);
 }
 
@@ -29,7 +28,7 @@ TEST(NoProduct, NewConfigurationIsCopiedButNotSaved) {
     const TemporaryFolder folder;
     const auto manager = newWithoutProduct();
     EXPECT_EQ(manager->getProductInfo(), nullptr);
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { manager->saveConfiguration(folder.file(L"a.skorrax")); }), complaint);
+    EXPECT_EQ(messageOf([&] { manager->saveConfiguration(folder.file(L"a.skorrax")); }), complaint);
     EXPECT_EQ(manager->getFileName(), L"");
     EXPECT_EQ(folder.entries(), 0u);
     manager->copyConfiguration(folder.file(L"a.skorrax"));

@@ -56,10 +56,7 @@ TEST(UpgradeFile, TargetThatExistsIsRefused) {
     const TemporaryFolder folder;
     const std::wstring path = folder.write(L"old.skorra", fileText("", "2.0"));
     const std::wstring target = folder.write(L"new.skorrax", "precious");
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] {
-                  upgradeFile({path, target});
-              }),
-              L"Error upgradeFile: " + target + L": exists already");
+    EXPECT_EQ(messageOf([&] { upgradeFile({path, target}); }), L"Error upgradeFile: " + target + L": exists already");
     EXPECT_EQ(folder.read(L"new.skorrax"), "precious");
     EXPECT_EQ(folder.entries(), 2u);
 }
@@ -96,7 +93,7 @@ TEST(UpgradeFile, DryRunTellsEverythingAndWritesNothing) {
 TEST(UpgradeFile, NewerFileIsRefusedAndLeftAlone) {
     const TemporaryFolder folder;
     const std::wstring path = folder.write(L"a.skorrax", fileText("", "9.001"));
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { upgradeFile({path}); }),
+    EXPECT_EQ(messageOf([&] { upgradeFile({path}); }),
               L"Error upgradeFile: " + path + L": is of file version 9.001, which is newer than this library");
     EXPECT_EQ(folder.read(L"a.skorrax"), fileText("", "9.001"));
     EXPECT_EQ(folder.entries(), 1u);
@@ -142,7 +139,7 @@ std::wstring thrownWhile(const XMLConfig::UpgradeFileRequest& request, std::func
     const auto appender = std::make_shared<WhileItWorks>(std::move(work));
     const log4cxx::LoggerPtr logger = log4cxx::Logger::getLogger("Ulvano");
     logger->addAppender(appender);
-    const std::wstring message = thrownMessage<CorvaneException>([&] { upgradeFile(request); });
+    const std::wstring message = messageOf([&] { upgradeFile(request); });
     logger->removeAppender(appender);
     return message;
 }

@@ -4,6 +4,7 @@
 #include "store/CorvaneException.h"
 #include "tests/support/SettingRows.h"
 #include "tests/support/StoredItems.h"
+#include "tests/support/Thrown.h"
 
 using C = CameraConfig;
 using XMLConfig::tests::itemsOf;
@@ -65,15 +66,10 @@ TEST(CameraEdgeThresholds, FewerThanFourAreRefused) {
     camera.setMultiCamEdgeThreshold({1, 2, 3, 4});
     document.setDirty(false);
     for (const std::vector<int>& few : {std::vector<int>{}, {9}, {9, 8, 7}}) {
-        try {
-            camera.setMultiCamEdgeThreshold(few);
-            ADD_FAILURE() << few.size() << " values were taken";
-        } catch (const CorvaneException& refusal) {
-            EXPECT_EQ(refusal.getMessage(),
-                      L"Error setMultiCamEdgeThreshold: section \"Camera\" \"1\", item "
-                      L"\"MultiCamEdgeThreshold\": four values are needed, " +
-                          std::wstring(1, static_cast<wchar_t>(L'0' + few.size())) + L" were given");
-        }
+        EXPECT_EQ(messageOf([&] { camera.setMultiCamEdgeThreshold(few); }),
+                  L"Error setMultiCamEdgeThreshold: section \"Camera\" \"1\", item "
+                  L"\"MultiCamEdgeThreshold\": four values are needed, " +
+                      std::wstring(1, static_cast<wchar_t>(L'0' + few.size())) + L" were given");
         EXPECT_EQ(StoredItems(document, L"Camera", L"1").text(L"MultiCamEdgeThreshold"), L"1,2,3,4");
         EXPECT_FALSE(document.isDirty());
     }

@@ -17,6 +17,7 @@
 #include "store/CorvaneException.h"
 #include "tests/support/SettingRows.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/Thrown.h"
 #include "tests/support/VirtualSlots.h"
 
 namespace {
@@ -196,12 +197,8 @@ TEST(ReprojectionAccuracy, LoadedResultsAreNeverSavedBackToTheirFile) {
 TEST(ReprojectionAccuracy, LoadingWhatIsNoDocumentThrowsAsTheStoreDoes) {
     TemporaryFolder folder;
     const std::wstring missing = folder.file(L"missing.results");
-    try {
-        ReprojectionAccuracy::loadFromFile(missing);
-        FAIL() << "nothing thrown";
-    } catch (const CorvaneException& fault) {
-        EXPECT_EQ(fault.getMessage(), L"Error parseDataFile: Can not open file: " + missing);
-    }
+    EXPECT_EQ(messageOf([&] { ReprojectionAccuracy::loadFromFile(missing); }),
+              L"Error parseDataFile: Can not open file: " + missing);
     EXPECT_THROW(ReprojectionAccuracy::loadFromFile(folder.write(L"bad.results", "<ConfigInfo>")), CorvaneException);
 }
 

@@ -11,6 +11,7 @@
 #include "store/CorvaneException.h"
 #include "tests/support/SettingRows.h"
 #include "tests/support/StoredItems.h"
+#include "tests/support/Thrown.h"
 #include "tests/support/VirtualSlots.h"
 
 namespace {
@@ -267,14 +268,7 @@ TEST_F(SystemConfigTest, MethodOutsideTheEnumerationIsRefused) {
     document.setDirty(false);
     for (const int number : {-1, 7, 1000}) {
         const auto method = static_cast<SystemConfig::MarkerLocationMethodEnum>(number);
-        try {
-            system.setMarkerLocationMethod(method);
-            ADD_FAILURE() << number;
-        } catch (const CorvaneException& error) {
-            EXPECT_EQ(error.getMessage(), L"Unexpected marker location enum");
-            EXPECT_EQ(error.getText(), "");
-            EXPECT_EQ(error.getCode(), -1);
-        }
+        EXPECT_EQ(messageOf([&] { system.setMarkerLocationMethod(method); }), L"Unexpected marker location enum") << number;
         EXPECT_EQ(SystemConfig::MarkerLocationMethodEnumToString(method), "");
     }
     EXPECT_EQ(items.text(L"Marker_Location_Method"), L"led");

@@ -4,6 +4,7 @@
 
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
+#include "tests/support/Thrown.h"
 
 namespace {
 
@@ -44,12 +45,7 @@ TEST(Address, ReadsItsForms) {
 }
 
 std::wstring faultOf(const std::wstring& text) {
-    try {
-        parseAddress(text);
-    } catch (const CorvaneParseException& fault) {
-        return fault.getMessage();
-    }
-    return L"nothing thrown";
+    return messageOf<CorvaneParseException>([&] { parseAddress(text); });
 }
 
 TEST(Address, RefusesWhatIsNone) {

@@ -3,6 +3,7 @@
 
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
+#include "tests/support/Thrown.h"
 
 namespace {
 
@@ -21,12 +22,7 @@ TEST(DocumentFromText, HoldsWhatTheTextSays) {
 }
 
 std::wstring faultOf(const std::string& text) {
-    try {
-        ConfigInfo::fromText(text, L"standard input");
-    } catch (const CorvaneException& fault) {
-        return fault.getMessage();
-    }
-    return L"";
+    return messageOf([&] { ConfigInfo::fromText(text, L"standard input"); });
 }
 
 TEST(DocumentFromText, FaultsNameTheTextAndThePlace) {

@@ -202,7 +202,7 @@ TEST(ConfigLock, SavesNeedNoneAndAreNotKeptFromIt) {
 TEST(ConfigLock, FolderThatIsNotThereIsTold) {
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"missing") + L"/hall.skorrax";
-    EXPECT_EQ(thrownMessage<CorvaneException>([&] { const XMLConfig::ConfigLock lock(path); }),
+    EXPECT_EQ(messageOf([&] { const XMLConfig::ConfigLock lock(path); }),
               L"Error ConfigLock: Can not lock the folder of file " + path + L": No such file or directory");
 }
 

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "store/ConfigInfo.h"
-#include "store/CorvaneException.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/Thrown.h"
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -40,23 +40,6 @@ inline Document reloaded(ConfigInfo& document) { return load(textOf(document)); 
 
 /// The saved form of a document whose root holds `lines`, each already indented.
 inline std::string savedRoot(const std::string& lines) { return xmlHead + "<ConfigInfo>\n" + lines + "</ConfigInfo>\n"; }
-
-/// The message of the CorvaneException that `action` throws; a failed test and "" when it throws none.
-template <typename Action>
-std::wstring messageOf(Action&& action) {
-    try {
-        std::forward<Action>(action)();
-    } catch (const CorvaneException& exception) {
-        EXPECT_EQ(exception.getText(), "");
-        EXPECT_EQ(exception.getCode(), -1);
-        return exception.getMessage();
-    } catch (const std::exception& exception) {
-        ADD_FAILURE() << "another exception: " << exception.what();
-        return {};
-    }
-    ADD_FAILURE() << "no exception";
-    return {};
-}
 
 inline bool startsWith(const std::wstring& text, const std::wstring& start) {
     return text.compare(0, start.size(), start) == 0;

@@ -1,15 +1,23 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
-/// The wide message of the exception of type Exception that the call throws; "nothing was thrown" when it throws none.
+#include <gtest/gtest.h>
+
+#include "store/CorvaneException.h"
+
+/// The message of the exception that the call throws, which holds nothing beside it; a failed test when it throws none.
 /// Exceptions of other types pass through.
-template <typename Exception, typename Call>
-std::wstring thrownMessage(Call&& call) {
+template <typename Exception = CorvaneException, typename Call>
+std::wstring messageOf(Call&& call) {
     try {
-        call();
+        std::forward<Call>(call)();
     } catch (const Exception& exception) {
+        EXPECT_EQ(exception.getText(), "");
+        EXPECT_EQ(exception.getCode(), -1);
         return exception.getMessage();
     }
-    return L"nothing was thrown";
+    ADD_FAILURE() << "nothing was thrown";
+    return {};
 }
