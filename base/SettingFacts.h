@@ -42,7 +42,7 @@ struct SettingFacts {
 private:
     static constexpr double infinity = std::numeric_limits<double>::infinity();
 
-    // Before its callers: Clang 14 makes nothing of it otherwise.
+    // Stands before its callers, because Clang 14 cannot evaluate them otherwise.
     template <typename Field, typename Value>
     constexpr SettingFacts with(Field SettingFacts::*field, const Value& value) const {
         SettingFacts facts = *this;
@@ -121,7 +121,7 @@ public:
     Condition condition;
 };
 
-/// One line for people, which goes on from the key and so begins small.
+/// One line for people. It follows the key, and so begins with a small letter.
 constexpr SettingFacts means(const wchar_t* text) {
     SettingFacts facts;
     facts.meaning = text;

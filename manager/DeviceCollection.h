@@ -38,7 +38,7 @@ public:
         if (!m_document.doesSectionExist(m_kind.section, id)) device->initialize();
         return keep(id, std::move(device));
     }
-    /// The ID is none that an accessor is known under.
+    /// Takes over an accessor, under an ID that no other one is known under.
     Device* keep(const std::wstring& id, std::unique_ptr<Device> device) {
         return m_accessors.emplace(id, std::move(device)).first->second.get();
     }
@@ -101,7 +101,7 @@ private:
     const DeviceKind& m_kind;
     ConfigInfo& m_document;
     Accessors m_accessors;
-    std::vector<std::unique_ptr<Device>> m_displaced;  // callers may hold them still
+    std::vector<std::unique_ptr<Device>> m_displaced;  // kept, because callers may still use them
 };
 
 }  // namespace XMLConfig::detail

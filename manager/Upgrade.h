@@ -8,7 +8,7 @@
 
 class ConfigInfo;
 
-/// Bringing a document of an older release up to the latest version, and being told what that did.
+/// Brings a document of an older release up to the latest version, and reports what that changed.
 namespace XMLConfig {
 
 /// One thing that a conversion step did to the document.
@@ -31,7 +31,7 @@ struct UpgradeStepReport {
     std::vector<UpgradeChange> changes;
 };
 
-/// Is told of an upgrade while it runs. Nothing is gathered where there is none.
+/// Called during an upgrade with what it does. Without an observer the upgrade gathers nothing.
 class XMLCONFIG_API UpgradeObserver {
 public:
     virtual ~UpgradeObserver();
@@ -41,7 +41,7 @@ public:
     virtual void stepDone(const UpgradeStepReport& step) = 0;
 };
 
-/// Keeps everything it is told.
+/// An observer that keeps all reports.
 class XMLCONFIG_API UpgradeReceipt : public UpgradeObserver {
 public:
     ~UpgradeReceipt() override;

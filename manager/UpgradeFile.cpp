@@ -19,7 +19,7 @@ using detail::FileError;
     throw CorvaneException(L"Error upgradeFile: " + path + L": " + reason);
 }
 
-// The first name of its kind that nothing has yet.
+// The first backup name in the order of their numbers that no file has yet.
 std::wstring freeBackupName(const std::wstring& path, double version) {
     const std::wstring first = path + L".v" + detail::versionText(version) + L".bak";
     std::wstring name = first;
@@ -43,7 +43,7 @@ bool isSameContent(const std::wstring& left, const std::wstring& right) {
     }
 }
 
-// What would be kept, and then replaced, is not what was converted.
+// Refuses a file that was changed after it was read: the backup would keep something else than was converted.
 void refuseChange(const ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
     if (!hasFileChanged(document)) return;
     detail::removeFile(backup);

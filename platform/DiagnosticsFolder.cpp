@@ -25,7 +25,7 @@ Folder& folderOfThisRun() {
     return folder;
 }
 
-/// Writing into it tells where it could not be made.
+/// Where it could not be made, writing into it fails and says so.
 std::wstring makeFolderOfThisRun() {
     const std::wstring run = detail::utcStamp(detail::now()) + L'-' + detail::formatInteger(detail::processId());
     const std::wstring temporary = detail::temporaryFolder();

@@ -9,7 +9,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// Those who wait must not all ask at the same moments.
+/// Programs that wait must not all ask at the same moments.
 milliseconds around(milliseconds pause) {
     thread_local std::minstd_rand random{std::random_device{}()};
     return milliseconds(std::uniform_int_distribution<milliseconds::rep>(1, 2 * pause.count())(random));

@@ -14,7 +14,7 @@ namespace XMLConfig::detail {
 /// made beside it (new ones, backups) are covered too.
 class FileLock {
 public:
-    /// Takes nothing yet. A link leads to the folder of the file behind it; the file need not exist. Throws FileError when
+    /// Takes nothing yet. Of a link, the folder of its target is meant; the target need not exist. Throws FileError when
     /// the folder cannot be looked at.
     explicit FileLock(const std::wstring& path);
     /// Gives the right back.

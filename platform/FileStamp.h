@@ -13,7 +13,7 @@ struct FileStamp {
     std::uint64_t size = 0;
     std::int64_t timeWritten = 0;
     std::int64_t timeChanged = 0;  ///< written, replaced, renamed, other permissions: nobody can set it back
-    /// The last change lay far enough behind that the next one will show in the times, however coarse they are.
+    /// The last change is so long ago that the next one will show in the times, however coarse the disk keeps them.
     bool isSettled = false;
 };
 

@@ -76,7 +76,7 @@ IntegerRead readInteger(Text<Unit> text) {
 
 /// Digits and decimals of a number's text.
 struct Mantissa {
-    std::uint64_t value = 0;  // means nothing beyond 19 digits
+    std::uint64_t value = 0;  // wrong beyond 19 digits, which it cannot hold
     std::int64_t digits = 0;
     std::int64_t decimals = 0;
 };

@@ -48,7 +48,7 @@ std::wstring_view withoutTrailingSeparators(std::wstring_view path) {
 
 struct Component {
     std::wstring_view name;
-    std::wstring_view separator;  // behind the name; empty at the end
+    std::wstring_view separator;  // after the name; empty at the end
 };
 
 std::vector<Component> componentsOf(std::wstring_view path) {

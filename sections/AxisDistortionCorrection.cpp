@@ -29,7 +29,7 @@ double clamped(double value, double minValue, double maxValue) {
 
 bool sameMagnitude(double left, double right) { return std::abs(std::abs(left) - std::abs(right)) <= limitTolerance; }
 
-// NaN comes after every number: a plain comparison would be no ordering.
+// Sorts NaN after every number, because a plain comparison with it is no ordering.
 bool comesBefore(double left, double right) { return std::isnan(left) ? false : std::isnan(right) || left < right; }
 
 bool pairComesBefore(const Pair& left, const Pair& right) {

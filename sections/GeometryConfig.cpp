@@ -6,7 +6,7 @@ static constexpr auto& items = XMLConfig::detail::geometryItems;
 
 namespace {
 
-/// The number of a mapper the solve knows; the default mapper's for any other.
+/// The number, if it is of a mapper that the solver knows; else that of the default mapper.
 constexpr int knownMapper(int number) { return items.fitSolver.facts.hasNumber(number) ? number : items.fitSolver.fallback; }
 
 }  // namespace
@@ -16,7 +16,7 @@ GeometryConfig::GeometryConfig(ConfigInfo* configInfo, const std::wstring& secti
 
 GeometryConfig::~GeometryConfig() = default;
 
-// One by one, because a subclass may replace a setter and is to be asked.
+// Calls the setters one by one, because a subclass may have replaced some of them.
 void GeometryConfig::initialize() {
     setProjectorCount(items.projectorCount.initial);
     setProjectorLayoutWidth(items.projectorLayoutWidth.initial);

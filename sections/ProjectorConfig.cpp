@@ -16,7 +16,7 @@ ProjectorConfig::ProjectorConfig(ConfigInfo* configInfo, const std::wstring& sec
 
 ProjectorConfig::~ProjectorConfig() = default;
 
-// Inheritance, declared ahead of its users.
+// Settings that fall back on the geometry section; declared here because the accessors below use them.
 
 template <typename T>
 BaseConfig::Explicit<typename ValueTrait<T>::Given> ProjectorConfig::readInherited(const Descriptor<T>& item) const {
@@ -34,7 +34,7 @@ void ProjectorConfig::writeOrUnset(const Descriptor<std::wstring>& item, const s
     else write(item, value);
 }
 
-// One by one, because a subclass may replace a setter and is to be asked.
+// Calls the setters one by one, because a subclass may have replaced some of them.
 void ProjectorConfig::initialize() {
     setName(XMLConfig::detail::withSectionID(items.name.initial, getSectionID()));
     setDeviceSnippet(items.deviceSnippet.initial);

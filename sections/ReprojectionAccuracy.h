@@ -23,13 +23,15 @@ public:
     /// null when the factory gives no document.
     static ReprojectionAccuracy* loadFromFile(const std::wstring& path);
 
-    double getMaxError() const;
+    // Of the whole display.
+    double getMaxError() const;  ///< the largest reprojection error: pixels
     void setMaxError(double value);
-    double getRMSError() const;
+    double getRMSError() const;  ///< root mean square of the reprojection errors: pixels
     void setRMSError(double value);
-    double getOverlapPercentage() const;
+    double getOverlapPercentage() const;  ///< the share of the measured overlap: percent
     void setOverlapPercentage(double value);
 
+    // The same of one camera.
     double getMaxError(const std::wstring& cameraID) const;
     void setMaxError(const std::wstring& cameraID, double value);
     double getRMSError(const std::wstring& cameraID) const;

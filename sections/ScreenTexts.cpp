@@ -11,7 +11,7 @@ constexpr std::size_t maxLineLength = 127;
 
 std::wstring fixed(double value) { return formatFixed(value, 6); }
 
-// A line alone is a first line, not a last one: stored, do not change.
+// A line that is alone counts as the first, not as the last. Files hold it like that: do not change.
 std::wstring linesText(const std::vector<std::wstring>& lines) {
     std::wstring text;
     for (std::size_t i = 0; i < lines.size(); ++i) {

@@ -13,7 +13,9 @@
 
 class AssetManager;
 
-/// One black-box controller, which switches the power of cameras or LED lights.
+/// One black-box controller, which switches the power of cameras or LED lights: whether it is used, by which protocol,
+/// address and port it is spoken to, and the number of the power port, or ports, that it switches. Port numbers have no
+/// unit.
 class XMLCONFIG_API BlackBoxInfo {
 public:
     /// Not enabled, no address, communication port 0, power port -1.

@@ -24,7 +24,7 @@ XMLCONFIG_API Address parseAddress(const std::wstring& text);
 /// The text that parses into the address.
 XMLCONFIG_API std::wstring addressText(const Address& address);
 
-/// `Address=Value`; the value is everything behind the first "=" that stands in no identifier.
+/// `Address=Value`; the value is everything after the first "=" that stands in no identifier.
 struct Assignment {
     Address address;
     std::wstring value;

@@ -4,7 +4,7 @@
 
 class ConfigInfo;
 
-/// Watching a document change, for those who must tell what was done to it. Nothing is gathered without an observer.
+/// Watches a document change, for callers that report what was done to it. Without an observer nothing is gathered.
 namespace XMLConfig::detail {
 
 struct Change {

@@ -156,7 +156,7 @@ public:
 
     // Tokens.
 
-    /// Cuts from `text` its first token and the run of delimiters behind it, and returns the token (empty when `text`
+    /// Cuts from `text` its first token and the run of delimiters after it, and returns the token (empty when `text`
     /// begins with a delimiter).
     static std::wstring stringTok(std::wstring& text, const std::wstring& delimiters);
     /// Replaces `tokens` by the non-empty tokens of `text`; returns their number.

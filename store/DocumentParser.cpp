@@ -57,7 +57,7 @@ private:
     XMLFilePos m_position = 0;
 };
 
-/// For one parse.
+/// Serves one parse only.
 class FileSource : public xercesc::InputSource {
 public:
     explicit FileSource(const std::wstring& path) : m_path(path) {}

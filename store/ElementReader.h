@@ -20,7 +20,7 @@ class ElementReader {
 public:
     /// Throws ParseFailure for anything but one element.
     NewElement read(const std::string& text, Tree& tree);
-    /// There is another tree.
+    /// To be called when the tree is another one: the next element is read into that.
     void forgetTree() noexcept { m_holder = nullptr; }
 
 private:

@@ -30,7 +30,7 @@ public:
     FilePlaces(const FilePlaces&) = delete;
     FilePlaces& operator=(const FilePlaces&) = delete;
 
-    /// Where the element's start tag begins. To be asked before the document changes.
+    /// Where the element's start tag begins. Ask before the document changes.
     std::optional<FilePlace> find(const ElementView& element) const;
 
 private:

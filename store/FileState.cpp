@@ -12,7 +12,7 @@ namespace {
 
 std::wstring completePath(const std::wstring& path) { return isAbsolute(path) ? path : joinPath(currentFolder(), path); }
 
-/// Two spellings of a path are one.
+/// A form that is the same for all spellings of a path.
 std::wstring commonSpelling(const std::wstring& path) {
     std::wstring text = foldPath(completePath(path));
     for (wchar_t& character : text)
@@ -47,7 +47,7 @@ void FileState::wasWritten(std::uint64_t content) noexcept {
     try {
         m_stamp = fileStamp(m_path);
         if (m_stamp) m_stamp->isSettled = false;  // the file that was looked at may be another's already
-    } catch (...) {                               // the save is done; what the file holds will be compared
+    } catch (...) {                               // the save is done all the same; later the bytes are compared instead
         m_stamp = FileStamp();
     }
 }

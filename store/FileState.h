@@ -12,7 +12,7 @@ namespace XMLConfig::detail {
 class FileState {
 public:
     FileState() = default;
-    /// A look at a file before it is read or written. What that came to is told afterwards.
+    /// Looks at a file before it is read or written. The calls below say afterwards what came of that.
     static FileState before(const std::wstring& path);
     void wasRead(std::uint64_t content) { m_content = content; }
     /// The file has been made or replaced, and holds that content unless somebody else was quick.

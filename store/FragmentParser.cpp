@@ -86,7 +86,7 @@ FragmentParser::FragmentParser() : m_builder(std::make_unique<Builder>()) {}
 
 FragmentParser::~FragmentParser() = default;
 
-// Where nobody knows how to build in another's tree, a document is made and taken over.
+// Where the inside of the XML library is not known, the parser makes a document, and the element is copied from that.
 int FragmentParser::parse(const std::string& text, DOMElement& parent) {
     if (linksAreKnown()) {
         const int levels = m_builder->parseInto(parent, TextSource(text));

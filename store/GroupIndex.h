@@ -7,14 +7,14 @@
 
 namespace XMLConfig::detail {
 
-/// Finds children by name in elements of many children, once it has walked through them. Every change must be told.
+/// Finds children by name in elements of many children, once it has walked through them. Call it after every change.
 class GroupIndex {
 public:
     /// The first child element of that name; null when there is none.
     xercesc::DOMElement* child(xercesc::DOMElement& parent, std::u16string_view name);
-    /// The parent has one more child, its last.
+    /// To be called when the parent has got one more child, its last.
     void added(const xercesc::DOMElement& parent, xercesc::DOMElement& child);
-    /// The parent has other children.
+    /// To be called when the parent has got other children.
     void replaced(const xercesc::DOMElement& parent) { m_groups.erase(&parent); }
     void clear() noexcept { m_groups.clear(); }
 

@@ -21,7 +21,7 @@ LogText toLogText(const std::wstring& text) {
     else return toUtf8(text);
 }
 
-// Without an appender log4cxx complains on standard error, in programs that never heard of it.
+// Without an appender log4cxx complains on standard error, in programs that do not use it themselves.
 bool hasAppender(const LoggerPtr& logger) {
     for (LoggerPtr one = logger; one != nullptr; one = one->getParent()) {
         if (!one->getAllAppenders().empty()) return true;

@@ -12,7 +12,7 @@ namespace XMLConfig::detail {
 
 using LoggerPtr = std::shared_ptr<log4cxx::Logger>;
 
-/// The logger of that name; the same one each time. Nothing is configured by asking for it.
+/// The logger of that name; the same one each time. Asking for it configures nothing.
 LoggerPtr logger(const std::wstring& name);
 
 void logTrace(const LoggerPtr& logger, const std::wstring& text);

@@ -21,14 +21,14 @@ struct KnownItem {
 
 /// What is known of one section's items: which element a key leads to, and the text of those that hold one piece of text.
 /// The texts are copies that lie side by side, for those in the tree are spread over so much memory that a large document
-/// would answer more slowly than a small one. Every change of the tree must be told.
+/// would answer more slowly than a small one. Whoever changes the tree calls it.
 class SectionItems {
 public:
     bool isScanned = false;  ///< whether every child element of the section is known
 
     /// Null where there is none. Good, as what `add` gives, until the next add, remove or clear.
     [[nodiscard]] KnownItem* find(std::size_t number);
-    /// Where an element is known for the number already, the added one is listed among those after it.
+    /// Where the number leads to an element already, the added one is listed among those after it.
     KnownItem& add(std::size_t number, xercesc::DOMElement* element, std::size_t expectedNumbers);
     /// The number leads nowhere any more.
     void remove(std::size_t number);

@@ -67,7 +67,7 @@ void StrictParser::endDocument() {
     DOMLSParserImpl::endDocument();
 }
 
-// The library takes the character U+0000 behind the document element for the end of the text.
+// The library takes the character U+0000 after the document element for the end of the text.
 void StrictParser::checkEnd() {
     const xercesc::Locator* const place = getScanner()->getLocator();
     m_endLine = place->getLineNumber();
@@ -113,7 +113,7 @@ void StrictParser::docPI(const XMLCh* const target, const XMLCh* const data) {
     DOMLSParserImpl::docPI(target, data);
 }
 
-// The scanner lets some pass that the tree throws at, without a place.
+// The scanner lets some names pass that the tree refuses, without saying where they stand.
 void StrictParser::checkTarget(const XMLCh* const target) const {
     const bool isXml11 = getScanner()->getXMLVersion() == xercesc::XMLReader::XMLV1_1;
     if (!isXml11 && !xercesc::XMLChar1_0::isValidName(target))
@@ -181,7 +181,7 @@ void StrictParser::Namespaces::leaveElement(const int depth) {
 }
 
 void StrictParser::refuseOtherVersions(const XMLCh* const version) const {
-    // The parser reads "1.2" and the tree throws at it, without a place.
+    // The parser reads the version "1.2"; the tree refuses it, without saying where it stands.
     if (view(version) != u"1.0" && view(version) != u"1.1") refuse(L"This version of XML is not supported");
 }
 

@@ -49,7 +49,7 @@ protected:
     void refuseOtherVersions(const XMLCh* version) const;
     /// To be called where the text begins, by those who do not call this class's own function for it.
     void beginText() { m_namespaces.forget(); }
-    /// Throws where the text goes on behind what was read as its end.
+    /// Throws where the text goes on after what was read as its end.
     void checkEnd();
     void checkTarget(const XMLCh* target) const;
     static void refuseEmptiness(bool isEmpty);

@@ -6,7 +6,7 @@
 
 namespace XMLConfig::detail {
 
-/// One primitive change of the tree, told when it was made.
+/// One primitive change of the tree, passed to the index after it was made.
 struct TreeChange {
     enum class Kind {
         SectionAdded,     ///< `element` is the root's last child

@@ -85,7 +85,7 @@ void visitNames(DOMDocumentImpl& document, Visitor&& visit) {
     }
 }
 
-/// Whether a first child and the one behind it are joined to `parent` as is written down here.
+/// Whether a first child and the one after it are joined to `parent` as is written down here.
 bool areJoined(DOMElement& parent, DOMNode& first, DOMNode& second) {
     const Links firstLinks = linksOf(first);
     const Links secondLinks = linksOf(second);

@@ -13,7 +13,7 @@ namespace tool {
 std::wstring numberText(double value, int decimals = 9);
 /// Rounded in the same way; never -0.
 double rounded(double value, int decimals);
-/// 33 %, from a share of 1. What is not nothing is never 0 %: "under 1 %".
+/// 33 %, from a share of 1. A share above 0 never shows as 0 %, but as "under 1 %".
 std::wstring percentText(double share);
 
 /// A file version with one decimal at least: 9.0, 2.005.

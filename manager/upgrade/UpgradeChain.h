@@ -11,6 +11,8 @@ class ConfigInfo;
 namespace XMLConfig::detail {
 
 // Each is named by the version it leads to and stands in the file of its name. It writes and removes in a fixed order.
+// The declaration is a line of its own because the compiler checks the chain, which it can only with declared functions;
+// the linker names a step without its source, and a test a source without its row.
 void toVersion2(ConfigInfo& document);
 void toVersion2005(ConfigInfo& document);
 void toVersion3(ConfigInfo& document);
@@ -20,7 +22,7 @@ void toVersion6(ConfigInfo& document);
 void toVersion8(ConfigInfo& document);
 void toVersion9(ConfigInfo& document);
 
-/// An item that a step carries to another place; a receipt tells it as one thing instead of two.
+/// An item that a step carries to another place; a receipt lists it as one change instead of two.
 struct ItemMove {
     const wchar_t* fromSection;
     const wchar_t* fromKey;

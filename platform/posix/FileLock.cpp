@@ -41,7 +41,7 @@ private:
     int m_value;
 };
 
-/// What came of an attempt. Where something is not to be had, the other thing must do.
+/// What came of an attempt. Where the system denies one of the two, the other must do.
 enum class Attempt { Taken, Busy, NotToBeHad };
 
 bool isShortage(int error) { return error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS; }

@@ -13,12 +13,12 @@ namespace XMLConfig::detail {
 /// Who may do what with a file: owner, group, mode, access list, and the attributes that users gave it.
 class FileRights {
 public:
-    /// Nothing where this process is not told all of them. Throws SystemError where the disk fails.
+    /// Nothing where the system does not show this process all of them. Throws SystemError where the disk fails.
     static std::optional<FileRights> of(const OpenFile& file);
 
     /// False where this process may not give the file to that owner and group.
     [[nodiscard]] bool giveOwnership(OpenFile& file) const;
-    /// The rest, which a write would cut; the file belongs to its owner and group by then. False where the file does not
+    /// Gives the rest, after the last write, which would cut it, and after giveOwnership. False where the file does not
     /// have exactly these rights afterwards.
     [[nodiscard]] bool giveTo(OpenFile& file) const;
 

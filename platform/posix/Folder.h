@@ -13,7 +13,7 @@ class Folder {
 public:
     explicit Folder(const std::string& path);
 
-    /// Its entries out to the disk, as far as the system lets us: what was written is complete either way.
+    /// Flushes its entries to the disk, as far as the system allows: what was written is complete either way.
     void flush();
     /// Removes the new files of saves that were killed. One whose writer lives, here or in another process, stays.
     void removeAbandonedFiles();
@@ -31,8 +31,8 @@ private:
 std::string secretName();
 
 enum class Claim { made, impossible, denied };
-/// Marks a new file as one whose writer lives, until its last descriptor is closed. Denied when somebody is about to
-/// remove it; impossible where the disk knows no such marks, and then nobody removes abandoned files there either.
+/// Marks a new file as one whose writer lives, until its last descriptor is closed. Denied when another save is about to
+/// remove it; impossible where the disk knows no such marks, and then no save removes abandoned files there either.
 Claim claimNewFile(int descriptor);
 
 }  // namespace XMLConfig::detail

@@ -20,7 +20,7 @@ OpenFile openNew(const std::string& target, const std::string& name, mode_t mode
 #if defined(O_TMPFILE)
     try {
         return {systemFolder(target), purpose, O_WRONLY | O_TMPFILE, mode, target};
-    } catch (const SystemError&) {  // the attempt with a name tells what is wrong
+    } catch (const SystemError&) {  // the attempt with a name throws what is wrong
     }
 #endif
     throw NoNamelessFile();

@@ -8,23 +8,23 @@
 
 namespace XMLConfig::detail {
 
-/// A file that is written completely before the target's name leads to it. Gone when destroyed before that.
+/// A file that is written completely before it gets the target's name. The destructor removes it where it has not got it.
 class NewFile {
 public:
     enum class Naming { none, secret };
 
-    /// In the target's folder; without a name, or under one that nobody can foresee.
+    /// Makes the file in the target's folder, without a name or under one that nobody can foresee.
     NewFile(const std::string& target, Folder& folder, mode_t mode, Naming naming);
     ~NewFile();
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
     OpenFile& file() { return m_file; }
-    /// Not where somebody has removed it, or is about to, as an abandoned one.
+    /// False where another save took it for an abandoned one and has removed it, or is about to.
     bool isOurs();
-    /// Out to the disk and into the place of the file that has the target's name.
+    /// Flushes it to the disk and puts it in the place of the file that has the target's name.
     void replaceTarget();
-    /// Out to the disk and under the target's name. Throws SystemError EEXIST where something has that name.
+    /// Flushes it to the disk and gives it the target's name. Throws SystemError EEXIST where something has that name.
     void becomeTarget();
 
 private:
@@ -33,7 +33,7 @@ private:
 
     std::string m_target;
     Folder& m_folder;
-    std::string m_name;  ///< what has to go when this is destroyed; empty while there is nothing
+    std::string m_name;  ///< what the destructor removes; empty for nothing
     OpenFile m_file;
     bool m_isClaimed;
     int m_claim = -1;  ///< keeps the file from being taken for an abandoned one once it is closed

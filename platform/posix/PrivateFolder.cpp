@@ -11,7 +11,7 @@
 namespace XMLConfig::detail {
 namespace {
 
-/// A file of this user's in the folder's place is a mistake to tell, not somebody's trap.
+/// A file of this user's in the folder's place is his mistake, not somebody's trap: he is to hear of it.
 FolderClaim claimOfNoFolder(const std::string& name) {
     struct stat status {};
     if (::lstat(name.c_str(), &status) != 0) return FolderClaim::impossible;
@@ -33,7 +33,7 @@ FolderClaim claimOfFolder(int descriptor) {
 
 FolderClaim claimFolder(const std::wstring& path) {
     const std::string name = systemPath(path);
-    ::mkdir(name.c_str(), S_IRWXU);  // the folder itself tells whether it is there now, and whose it is
+    ::mkdir(name.c_str(), S_IRWXU);  // the look at the folder below says whether it is there now, and whose it is
     const int descriptor = ::open(name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     if (descriptor == -1) return claimOfNoFolder(name);
     const FolderClaim claim = claimOfFolder(descriptor);

@@ -34,7 +34,7 @@ bool cannotReserve(int error) {
     return std::find(reasons.begin(), reasons.end(), error) != reasons.end();
 }
 
-/// Room behind the end of the file, which stays where it is.
+/// Takes room after the end of the file; the end stays where it is.
 int takeRoom(int descriptor, off_t size) {
 #if defined(FALLOC_FL_KEEP_SIZE)
     return ::fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, size) == 0 ? 0 : errno;
@@ -60,12 +60,12 @@ void put(OpenFile& file, std::string_view bytes) {
     file.flush();
 }
 
-/// As far as the disk still takes it; the length first, since that needs no room.
+/// Puts back as much as the disk still takes; the length first, since that needs no room.
 void putBack(OpenFile& file, const std::optional<std::string>& before, off_t sizeBefore) {
     try {
         file.resize(sizeBefore);
         if (before) put(file, *before);
-    } catch (const SystemError&) {  // the first failure is the one to tell
+    } catch (const SystemError&) {  // the caller is to learn of the first failure
     }
 }
 

@@ -135,7 +135,7 @@ void OpenFile::rewind() {
 }
 
 void OpenFile::close() {
-    // Interrupted, it is closed all the same.
+    // A call that a signal interrupts has closed the file all the same.
     if (::close(std::exchange(m_descriptor, -1)) == -1 && errno != EINTR) fail(errno);
 }
 

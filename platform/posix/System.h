@@ -9,7 +9,7 @@
 
 #include "platform/Files.h"
 
-/// The system's file calls, told of failures by exceptions. Included by the sources of this folder only.
+/// The system's file calls, with exceptions for failures. Only sources of this folder include it.
 namespace XMLConfig::detail {
 
 /// The system's name of a path: UTF-8, every "\" a "/". Empty, which names no file, when the path holds a null character.
@@ -34,7 +34,7 @@ private:
 /// An open file; closed when destroyed. Whatever fails throws SystemError.
 class OpenFile {
 public:
-    /// Never a terminal to control the process, never left to a child. Messages begin with `purpose` and name
+    /// Opens it so that no child inherits it and no terminal becomes the process's. Messages begin with `purpose` and name
     /// `shownAs`, or the path when that is empty.
     OpenFile(const std::string& path, std::string_view purpose, int flags, mode_t mode = 0, const std::string& shownAs = {});
     ~OpenFile();
@@ -45,7 +45,7 @@ public:
     struct stat status() const;
     std::size_t read(void* buffer, std::size_t size);
     void write(std::string_view bytes);
-    /// Out to the disk; what cannot be flushed (a pipe, a device) counts as flushed.
+    /// Flushes it to the disk; what cannot be flushed (a pipe, a device) counts as flushed.
     void flush();
     void resize(off_t size);
     void rewind();

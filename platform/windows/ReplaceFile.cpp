@@ -155,7 +155,7 @@ void overwrite(const std::wstring& name, const std::wstring& shownAs, std::strin
         try {
             file.resize(static_cast<std::int64_t>(before.size()));  // first, since that needs no room
             put(file, before);
-        } catch (const SystemError&) {  // the first failure is the one to tell
+        } catch (const SystemError&) {  // the caller is to learn of the first failure
         }
         throw;
     }

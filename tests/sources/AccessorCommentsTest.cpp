@@ -33,6 +33,8 @@ const Section sections[] = {
     {"SiteAnalyticsConfig", "SiteAnalytics", L"SiteAnalytics", {"SiteAnalyticsConfig"}},
     {"ProjectorConfig", "Projector", L"Projector", {"ProjectorConfig"}},
     {"CameraConfig", "Camera", L"Camera", {"CameraConfig"}},
+    {"MediaServerConfig", "MediaServer", L"MediaServer", {}},                       // its callers name the keys
+    {"ReprojectionAccuracy", "ReprojectionAccuracy", L"ReprojectionAccuracy", {}},  // two getters an item, of one name
 };
 
 std::vector<std::string> linesOf(const std::string& path) {
