@@ -29,7 +29,8 @@ public:
         else if (!m_request.operands.empty()) print(trees());
         else
             print(m_request.all ? headerText() + wholeTree()
-                                : summaryText(summarize(*m_document), m_file, Showing(*m_document)));
+                                : summaryText(summarize(*m_document, m_request.file == "-" ? L"" : m_file), m_file,
+                                              Showing(*m_document)));
         return m_status;
     }
 
@@ -86,7 +87,8 @@ private:
         const auto places = hasLines ? std::make_unique<XMLConfig::FilePlaces>(*m_document, m_file) : nullptr;
         Json answer = jsonAnswer("show", m_request.file);
         answer["version"] = m_document->getVersion();
-        if (m_request.operands.empty()) answer.update(summaryJson(summarize(*m_document), places.get()));
+        if (m_request.operands.empty())
+            answer.update(summaryJson(summarize(*m_document, m_request.file == "-" ? L"" : m_file), places.get()));
         if (m_request.all || m_request.flat || !m_request.operands.empty()) answer["sections"] = sections(places.get());
         return answer;
     }

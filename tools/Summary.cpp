@@ -1,5 +1,6 @@
 #include "tools/Summary.h"
 
+#include "manager/Check.h"
 #include "sections/CameraConfig.h"
 #include "sections/GeometryConfig.h"
 #include "sections/ProjectorApprovedSlotsConfig.h"
@@ -99,9 +100,18 @@ void addRuns(Summary& summary, ConfigInfo& document) {
     summary.currentSlot = slots.getCurrentSlotID();
 }
 
+void addFindings(Summary& summary, const ConfigInfo& document, const std::wstring& file) {
+    XMLConfig::CheckOptions options;
+    options.file = file;
+    for (const XMLConfig::Finding& finding : XMLConfig::check(document, options))
+        ++(finding.severity == XMLConfig::Severity::Error     ? summary.errors
+           : finding.severity == XMLConfig::Severity::Warning ? summary.warnings
+                                                              : summary.notes);
+}
+
 }  // namespace
 
-Summary summarize(ConfigInfo& document) {
+Summary summarize(ConfigInfo& document, const std::wstring& file) {
     Summary summary;
     const ElementView root = XMLConfig::rootElement(document);
     summary.version = textOf(root, L"Version");
@@ -116,6 +126,7 @@ Summary summarize(ConfigInfo& document) {
     summary.screen = screenOf(document);
     summary.target = TargetLocatorConfig(&document, L"").getDataType();
     addRuns(summary, document);
+    addFindings(summary, document, file);
     return summary;
 }
 

@@ -64,6 +64,10 @@ struct Summary {
     std::wstring version;  ///< as stored, like the next two
     std::wstring buildDate;
     std::wstring buildNumber;
+    // What a check finds.
+    std::size_t errors = 0;
+    std::size_t warnings = 0;
+    std::size_t notes = 0;
     std::vector<Projector> projectors;
     int columns = 0;
     int rows = 0;
@@ -78,7 +82,8 @@ struct Summary {
 };
 
 /// Gathers it through the accessors of the sections, on an open document of the latest version.
-Summary summarize(ConfigInfo& document);
+/// `file` is where the document stands; "" where it has none.
+Summary summarize(ConfigInfo& document, const std::wstring& file);
 /// The summary as tables; the name of the file is shown as given.
 std::wstring summaryText(const Summary& summary, const std::wstring& file, const Showing& showing);
 /// The members of the answer that stand for the summary; lines come from the places, which may be null.

@@ -67,6 +67,7 @@ Json summaryJson(const Summary& summary, const XMLConfig::FilePlaces* places) {
     for (const Summary::Slot& slot : summary.approvedSlots)
         json["slots"].push_back({{"id", jsonText(slot.id)}, {"name", jsonText(slot.name)}});
     json["currentSlot"] = summary.currentSlot;
+    json["check"] = {{"errors", summary.errors}, {"warnings", summary.warnings}, {"notes", summary.notes}};
     return json;
 }
 

@@ -17,6 +17,12 @@ std::wstring fileText(const Summary& summary, const std::wstring& file) {
     return text + L"\n";
 }
 
+std::wstring checkText(const Summary& summary, const std::wstring& file) {
+    const auto text = [](std::size_t count, const wchar_t* noun) { return counted(static_cast<long long>(count), noun); };
+    return L"Check       " + text(summary.errors, L"error") + L", " + text(summary.warnings, L"warning") + L", " +
+           text(summary.notes, L"note") + L" (xmlconfig check " + file + L")\n";
+}
+
 std::wstring known(double value) { return value < 0.0 ? L"?" : numberText(value, 2); }
 
 std::wstring connectionText(const Summary::Connection& connection) {
@@ -96,7 +102,7 @@ std::wstring runsText(const Summary& summary) {
 }  // namespace
 
 std::wstring summaryText(const Summary& summary, const std::wstring& file, const Showing& showing) {
-    return fileText(summary, file) + projectorsText(summary, showing) + camerasText(summary) +
+    return fileText(summary, file) + checkText(summary, file) + projectorsText(summary, showing) + camerasText(summary) +
            screenText(summary.screen, showing.units()) + L"Target      " + summary.target + L"\n" + runsText(summary);
 }
 

@@ -27,6 +27,7 @@ TEST(ShowVerb, SummaryTellsTheExample) {
     expectRun(
         runTool({"show", dome}), 0,
         "File        examples/dome.skorrax, version 9.000, build 2.1.1.14 of Mar 11 2019\n"
+        "Check       0 errors, 0 warnings, 12 notes (xmlconfig check examples/dome.skorrax)\n"
         "Projectors  4 (4 x 1)\n"
         "  #  Name    Heading       Field      Pixels       Blends l/r/t/b   Cameras                Connection          "
         "ID\n"
@@ -56,7 +57,8 @@ TEST(ShowVerb, SummaryIsInTheDocumentsUnits) {
     const std::string file = (folder.path() / "hall.skorrax").string();
     const ToolRun run = runTool({"show", file});
     EXPECT_THAT(run.output, StartsWith("File        " + file +
-                                       ", version 9.000\nProjectors  0\nCameras     0\n"
+                                       ", version 9.000\nCheck       1 error, 0 warnings, 0 notes (xmlconfig check " + file +
+                                       ")\nProjectors  0\nCameras     0\n"
                                        "Screen      Flat, 250 x ? cm\n"));
 }
 
@@ -126,6 +128,7 @@ TEST(ShowVerb, JsonHoldsTheSummary) {
     EXPECT_EQ(json["runs"], nlohmann::json::parse(R"({"succeeded":27,"failed":2,"last":1552313109})"));
     EXPECT_EQ(json["slots"][0], nlohmann::json::parse(R"({"id":"1","name":"Opening show"})"));
     EXPECT_EQ(json["currentSlot"], 3);
+    EXPECT_EQ(json["check"], nlohmann::json::parse(R"({"errors":0,"warnings":0,"notes":12})"));
     EXPECT_EQ(json["version"], 9.0);
     EXPECT_EQ(json["exit"], 0);
     EXPECT_FALSE(json.contains("sections"));
