@@ -54,7 +54,11 @@ protected:
     }
 
     TemporaryFolder folder;
+#ifdef _WIN32
+    EnvironmentVariable temporary{"TMP", folder.path().string()};
+#else
     EnvironmentVariable temporary{"TMPDIR", folder.path().string()};
+#endif
     EnvironmentVariable published{"VIRTUAL_DEVICE_PATH"};
 };
 

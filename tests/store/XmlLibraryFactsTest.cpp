@@ -145,7 +145,7 @@ TEST_F(XmlLibraryFacts, TheSerializerLeavesACutFileOnAnIllegalCharacter) {
     const Released<xml::DOMLSOutput> output(implementation()->createLSOutput());
     bool complete = false;
     try {
-        xml::LocalFileFormatTarget target((folder.path() / "a.xml").c_str());
+        xml::LocalFileFormatTarget target((folder.path() / "a.xml").string().c_str());
         output->setByteStream(&target);
         complete = serializer->write(document.get(), output.get());
     } catch (...) {

@@ -215,7 +215,7 @@ std::string onTerminal(const std::string& file, const std::string& environment) 
     const std::string command = environment + " " + shellQuoted(toolPath()) + " layout " + shellQuoted(file);
     const std::string shell = "script -qec " + shellQuoted(command) + " /dev/null > " +
                               shellQuoted((folder.path() / "out").string()) + " < /dev/null";
-    EXPECT_EQ(std::system(shell.c_str()), 0);  // NOLINT(concurrency-mt-unsafe,cert-env33-c)
+    EXPECT_EQ(shellStatus(shell), 0);
     return folder.read(L"out");
 }
 

@@ -7,7 +7,7 @@
 #include "store/ConfigInfo.h"
 #include "store/ConfigLock.h"
 #include "tests/manager/TestManager.h"
-#include "tests/support/StartedProgram.h"
+#include "tests/support/posix/StartedProgram.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "store/ConfigInfo.h"
-#include "tests/support/StartedProgram.h"
+#include "tests/support/posix/StartedProgram.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
