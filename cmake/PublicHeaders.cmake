@@ -3,11 +3,13 @@ set(XMLCONFIG_PUBLIC_HEADERS
     platform/CameraInfo.h
     platform/DiagnosticsFolder.h
     platform/Export.h
+    platform/FileNames.h
     platform/GridSize.h
     platform/IPathHelper.h
     platform/IQuorvelProductInfo.h
     platform/IResourceCache.h
     platform/MapperType.h
+    platform/ProgramArguments.h
     platform/RunType.h
     platform/SignalHold.h
     platform/Utf8.h

@@ -7,10 +7,12 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <manager/LogOutput.h>
 #include <manager/XMLConfigManager.h>
 #include <platform/IQuorvelProductInfo.h>
+#include <platform/ProgramArguments.h>
 #include <platform/SignalHold.h>
 #include <platform/Utf8.h>
 #include <sections/ProjectorConfig.h>
@@ -67,14 +69,15 @@ int run(const std::string& what, const std::wstring& path, const std::string& ar
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string what = argc == 4 ? argv[1] : "";
+    const std::vector<std::string> arguments = XMLConfig::utf8Arguments(argc, argv);
+    const std::string what = arguments.size() == 3 ? arguments[0] : "";
     if (what != "count" && what != "edit") {
         std::cerr << "usage: sharing count FILE TIMES | sharing edit FILE NAME\n";
         return 2;
     }
     XMLConfig::logToStandardError(XMLConfig::LogLevel::Warn);
     try {
-        return run(what, XMLConfig::wideFromUtf8(argv[2]), argv[3]);
+        return run(what, XMLConfig::wideFromUtf8(arguments[1]), arguments[2]);
     } catch (const std::exception& error) {
         std::cerr << "sharing: " << error.what() << '\n';
         return EXIT_FAILURE;

@@ -4,10 +4,13 @@
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <manager/LogOutput.h>
 #include <manager/XMLConfigManager.h>
 #include <platform/IQuorvelProductInfo.h>
+#include <platform/ProgramArguments.h>
 #include <platform/Utf8.h>
 #include <sections/CameraConfig.h>
 #include <sections/ProjectorConfig.h>
@@ -52,13 +55,14 @@ void tour(const std::wstring& from, const std::wstring& to) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
+    const std::vector<std::string> arguments = XMLConfig::utf8Arguments(argc, argv);
+    if (arguments.size() != 2) {
         std::cerr << "usage: tour FILE NEWFILE\n";
         return 2;
     }
     XMLConfig::logToStandardError(XMLConfig::LogLevel::Warn);
     try {
-        tour(XMLConfig::wideFromUtf8(argv[1]), XMLConfig::wideFromUtf8(argv[2]));
+        tour(XMLConfig::wideFromUtf8(arguments[0]), XMLConfig::wideFromUtf8(arguments[1]));
     } catch (const std::exception& error) {
         std::cerr << "tour: " << error.what() << '\n';
         return EXIT_FAILURE;

@@ -5,7 +5,6 @@
 #include <log4cxx/logger.h>
 #include <log4cxx/spi/loggingevent.h>
 
-#include <cstdio>
 #include <string>
 #include <type_traits>
 
@@ -34,7 +33,7 @@ protected:
         const std::string line = std::string(detail::isErrorATerminal() ? "\r\x1b[K" : "") +
                                  "xmlconfig: " + utf8Of(event->getLevel()->toString()) + ": " +
                                  utf8Of(event->getRenderedMessage()) + "\n";
-        std::fwrite(line.data(), 1, line.size(), stderr);
+        detail::writeToError(line);
     }
 };
 

@@ -54,6 +54,7 @@ void setUpCommon(CLI::App& app, bool& verbose) {
 class CommandLine {
 public:
     CommandLine() : m_app(summary, "xmlconfig") {
+        m_app.allow_windows_style_options(false);  // "/" begins a path; the verbs inherit it
         setUpCommon(m_app, m_verbose);
         m_app.require_subcommand(1);
         m_app.footer(addressHelp);

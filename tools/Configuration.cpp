@@ -1,8 +1,6 @@
 #include "tools/Configuration.h"
 
-#include <algorithm>
-#include <filesystem>
-
+#include "platform/FileNames.h"
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
@@ -57,11 +55,16 @@ void saveDocument(ConfigInfo& document, const std::string& file) {
     }
 }
 
-bool exists(const std::string& file) {
-    std::string path = file;
-    if (std::filesystem::path::preferred_separator == '/') std::replace(path.begin(), path.end(), '\\', '/');
-    std::error_code ignored;
-    return std::filesystem::exists(std::filesystem::symlink_status(std::filesystem::u8path(path), ignored));
+bool exists(const std::string& file) { return XMLConfig::isNameTaken(XMLConfig::wideFromUtf8(file)); }
+
+std::vector<std::string> withPatternsExpanded(const std::vector<std::string>& names) {
+    std::vector<std::string> files;
+    for (const std::string& name : names) {
+        const std::vector<std::wstring> found = XMLConfig::filesMatching(XMLConfig::wideFromUtf8(name));
+        for (const std::wstring& file : found) files.push_back(XMLConfig::utf8FromWide(file));
+        if (found.empty()) files.push_back(name);
+    }
+    return files;
 }
 
 }  // namespace tool

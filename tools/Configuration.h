@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/IQuorvelProductInfo.h"
 #include "store/ConfigInfo.h"
@@ -27,5 +28,8 @@ void saveDocument(ConfigInfo& document, const std::string& file);
 
 /// Whether anything of that name exists.
 bool exists(const std::string& file);
+/// Names with "*" or "?" replaced by the files they stand for, where the system's shell leaves that to programs. Where
+/// nothing fits, the name stays.
+std::vector<std::string> withPatternsExpanded(const std::vector<std::string>& names);
 
 }  // namespace tool

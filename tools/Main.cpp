@@ -1,23 +1,16 @@
 #include <string>
 #include <vector>
 
+#include "platform/ProgramArguments.h"
+#include "platform/Terminal.h"
 #include "platform/Utf8.h"
 #include "tools/CommandLine.h"
 #include "tools/Output.h"
 #include "tools/Verb.h"
 
-#ifdef _WIN32
-
-int wmain(int count, wchar_t** words) {
-    std::vector<std::string> arguments;
-    for (int i = 1; i < count; ++i) arguments.push_back(XMLConfig::utf8FromWide(words[i]));
-    return tool::run(arguments);
-}
-
-#else
-
 int main(int count, char** words) {
-    const std::vector<std::string> arguments(words + (count > 0 ? 1 : 0), words + count);
+    XMLConfig::detail::prepareStandardStreams();
+    const std::vector<std::string> arguments = XMLConfig::utf8Arguments(count, words);
     for (const std::string& argument : arguments) {
         if (XMLConfig::utf8FromWide(XMLConfig::wideFromUtf8(argument)) == argument) continue;
         tool::complain("an argument is not UTF-8: " + argument);
@@ -25,5 +18,3 @@ int main(int count, char** words) {
     }
     return tool::run(arguments);
 }
-
-#endif

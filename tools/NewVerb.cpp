@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "manager/XMLConfigManager.h"
+#include "platform/FileNames.h"
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"
 #include "sections/GeometryConfig.h"
@@ -72,6 +73,7 @@ void setUpNew(CLI::App& app, Request& request) {
 ExitStatus runNew(const Request& request) {
     const std::wstring file = XMLConfig::wideFromUtf8(request.file);
     if (!hasExtension(request.file)) throw Refusal(file + L": the name of a configuration ends in \".skorrax\"");
+    if (XMLConfig::isDeviceName(file)) throw Refusal(file + L": is the name of a device");
     const auto lock = lockForWriting(request.file, request);
     if (!request.force && exists(request.file)) throw Refusal(file + L": exists; --force replaces it");
     const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::newConfiguration(std::make_shared<ProductInfo>()));

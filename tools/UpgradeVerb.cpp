@@ -4,6 +4,7 @@
 #include "platform/SignalHold.h"
 #include "platform/Terminal.h"
 #include "platform/Utf8.h"
+#include "tools/Configuration.h"
 #include "tools/Output.h"
 #include "tools/UpgradeText.h"
 #include "tools/Verb.h"
@@ -75,7 +76,9 @@ void setUpUpgrade(CLI::App& app, Request& request) {
         "Exit status: 0 all done, 1 some failed, 2 wrong usage.");
 }
 
-ExitStatus runUpgrade(const Request& request) {
+ExitStatus runUpgrade(const Request& asked) {
+    Request request = asked;
+    request.operands = withPatternsExpanded(asked.operands);
     if (!request.target.empty() && request.operands.size() > 1) {
         complain(std::string("--output goes with one FILE only"));
         complain(std::string("see 'xmlconfig upgrade --help'"));

@@ -1,10 +1,16 @@
 #include "platform/Terminal.h"
 
+#include <cstdio>
+
 #include <unistd.h>
 
 namespace XMLConfig::detail {
 
 bool isErrorATerminal() { return ::isatty(STDERR_FILENO) != 0; }
 bool isOutputATerminal() { return ::isatty(STDOUT_FILENO) != 0; }
+
+void writeToError(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+
+void prepareStandardStreams() {}
 
 }  // namespace XMLConfig::detail

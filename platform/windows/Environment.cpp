@@ -1,6 +1,7 @@
 #include "platform/Environment.h"
 
 #include <cstddef>
+#include <cstdlib>
 
 #include "platform/windows/System.h"
 
@@ -17,6 +18,7 @@ std::optional<std::wstring> environmentVariable(const std::wstring& name) {
 }
 
 void setEnvironmentVariable(const std::wstring& name, const std::wstring& value) {
+    ::_wputenv_s(name.c_str(), value.c_str());  // for getenv too, but takes an empty value for a removal
     ::SetEnvironmentVariableW(name.c_str(), value.c_str());
 }
 

@@ -42,9 +42,9 @@ constexpr std::array<Reason, 21> reasons{{
 }};
 
 std::wstring reasonText(DWORD error) {
-    const auto* const found =
-        std::find_if(reasons.begin(), reasons.end(), [error](const Reason& reason) { return reason.error == error; });
-    return found != reasons.end() ? found->text : L"System error " + formatInteger(error);
+    for (const Reason& reason : reasons)
+        if (reason.error == error) return reason.text;
+    return L"System error " + formatInteger(error);
 }
 
 /// A system call that fills a buffer and tells the size it would need.
@@ -68,15 +68,20 @@ HANDLE opened(const std::wstring& name, const OpenFile::Mode& mode) {
 
 }  // namespace
 
+std::wstring fullPath(std::wstring_view path) {
+    const std::wstring name(path);
+    return filled([&](wchar_t* buffer, DWORD size) { return ::GetFullPathNameW(name.c_str(), size, buffer, nullptr); });
+}
+
 std::wstring systemPath(std::wstring_view path) {
     constexpr std::size_t longestShortPath = 240;  // a folder's must leave room for a file of the old form
-    if (path.find(L'\0') != std::wstring_view::npos) return {};
+    if (path.empty() || path.find(L'\0') != std::wstring_view::npos) return {};
     std::wstring name(path);
     std::replace(name.begin(), name.end(), L'/', L'\\');
-    if (name.size() < longestShortPath || name.compare(0, 4, L"\\\\?\\") == 0 || name.compare(0, 4, L"\\\\.\\") == 0)
-        return name;
-    const std::wstring full =
-        filled([&](wchar_t* buffer, DWORD size) { return ::GetFullPathNameW(name.c_str(), size, buffer, nullptr); });
+    if (name.compare(0, 4, L"\\\\?\\") == 0 || name.compare(0, 4, L"\\\\.\\") == 0) return name;
+    // A short name may stand for a long path: the current folder counts.
+    const std::wstring full = fullPath(name);
+    if (full.size() < longestShortPath) return name;
     const bool isShare = full.compare(0, 2, L"\\\\") == 0;
     return isShare ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }

@@ -21,6 +21,8 @@ namespace XMLConfig::detail {
 /// The system's name of a path: every "/" a "\", and long paths in the form that has no limit of 260 characters.
 /// Empty, which names no file, when the path holds a null character.
 std::wstring systemPath(std::wstring_view path);
+/// From a drive, a share or a device on, as the system reads the name in the current folder.
+std::wstring fullPath(std::wstring_view path);
 /// Whether an attribute word is that of something that exists and is no folder.
 bool isFile(DWORD attributes);
 
