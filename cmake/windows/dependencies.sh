@@ -6,7 +6,8 @@
 # project's archive on the network, and only if its sum is the one below.
 #
 # What was built is kept below XMLCONFIG_WINDOWS_KEEP (default ~/.cache/xmlconfig-windows), in a folder named after this script,
-# its patches, the toolchain file and the compiler: a second run costs nothing.
+# its patches, the toolchain file and the compiler: a second run costs nothing. With --kept it builds nothing and fails where
+# nothing is kept.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 toolchain=$here/../mingw-w64.cmake
@@ -28,6 +29,7 @@ if [ -e "$prefix/complete" ]; then
     printf '%s\n' "$prefix"
     exit 0
 fi
+[ "${1:-}" != --kept ] || exit 1
 
 mkdir -p "$keep"
 work=$(mktemp -d "$keep/building-XXXXXX")
@@ -126,7 +128,7 @@ buildToolLibraries() {
 # Libraries that are headers only; the compiler for Windows must not see the machine's own folder of headers.
 copyHeaders() {
     mkdir -p "$prefix/share/cmake"
-    cp -r /usr/include/CLI /usr/include/nlohmann /usr/include/dtl "$prefix/include/"
+    cp -r /usr/include/CLI /usr/include/nlohmann "$prefix/include/"
     cp -r /usr/share/cmake/CLI11 /usr/share/cmake/nlohmann_json "$prefix/share/cmake/"
 }
 

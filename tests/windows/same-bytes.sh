@@ -1,0 +1,61 @@
+#!/bin/sh
+# tests/windows/same-bytes.sh WINDOWS_BUILD LINUX_TOOL: the tool for Windows, run under Wine, writes what the one of this
+# machine writes: its output, its complaints, its exit status and every file, byte for byte.
+set -eu
+cd "$(dirname "$0")/../.."
+tool=$(realpath "$1/bin/xmlconfig.exe")
+own=$(realpath "$2")
+. tests/windows/wine.sh
+work=$(mktemp -d)
+trap 'endWine; rm -rf "$work"' EXIT
+
+for system in linux windows; do
+    mkdir "$work/$system" "$work/$system.said"
+    cp examples/dome.skorrax examples/history/* "$work/$system/"
+done
+
+runs=0
+# run ARGUMENT...: both tools, each in its folder.
+run() {
+    runs=$((runs + 1))
+    (cd "$work/linux" && "$own" "$@" > "$work/linux.said/$runs.out" 2> "$work/linux.said/$runs.err"; echo "$? $*" > "$work/linux.said/$runs.status")
+    (cd "$work/windows" && "$wine" "$tool" "$@" > "$work/windows.said/$runs.out" 2> "$work/windows.said/$runs.err"; echo "$? $*" > "$work/windows.said/$runs.status")
+}
+
+run new new.skorrax
+run new new.skorrax
+run set new.skorrax 'System/RunType=CinemaRun' 'Geometry/Box_Spacing=1.75' 'Screen/Shape=Dome'
+run set --force new.skorrax 'Projector[Größe 日本]/Name=Ü "&<>" 📽'
+run get new.skorrax 'Projector[Größe 日本]/Name'
+run show new.skorrax
+run check new.skorrax
+run show dome.skorrax
+run check dome.skorrax
+run layout --color never dome.skorrax
+run layout --json dome.skorrax
+run layout --svg dome.svg dome.skorrax
+run describe
+run describe Geometry/Box_Spacing
+run get none.skorrax System/RunType
+run get dome.skorrax None/None
+run set dome.skorrax 'System/RunType'
+run nonsense
+run --help
+run upgrade --help
+for file in examples/history/*; do
+    name=$(basename "$file")
+    run upgrade --explain "$name" -o "to-$name.skorrax"
+    run upgrade --dry-run --json "$name"
+    run upgrade "$name"
+    run show "$name"
+done
+if "$own" --help | grep -q '^  diff '; then
+    run diff dome.skorrax dome-1.500.skorra
+    run diff dome.skorrax dome.skorrax
+fi
+
+diff -r "$work/linux" "$work/windows" && diff -r "$work/linux.said" "$work/windows.said" ||
+    { echo 'same-bytes: the tool for Windows writes something else' >&2; exit 1; }
+files=$(find "$work/linux" -type f | wc -l)
+[ "$files" -gt 30 ] || { echo "same-bytes: only $files files were compared" >&2; exit 1; }
+echo "same-bytes: $runs runs and $files files, all the same"
