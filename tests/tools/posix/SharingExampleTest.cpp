@@ -7,8 +7,8 @@
 #include <thread>
 
 #include "store/ConfigInfo.h"
-#include "tests/support/posix/StartedProgram.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/posix/StartedProgram.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include "store/ConfigInfo.h"
 #include "store/ConfigLock.h"
 #include "tests/manager/TestManager.h"
-#include "tests/support/posix/StartedProgram.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/posix/StartedProgram.h"
 
 namespace {
 
