@@ -42,12 +42,13 @@ bool canOpenForUpdate(const std::wstring& path) {
     static std::mutex oneAtATime;
     const std::lock_guard<std::mutex> lock(oneAtATime);
     const std::wstring name = systemPath(path);
-    const DWORD attributes = ::GetFileAttributesW(name.c_str());
-    if (!isFile(attributes) || (attributes & FILE_ATTRIBUTE_READONLY) != 0) return false;
     try {
-        const OpenFile file(name, L"Can not open file", path,
-                            {GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING});
-        return file.isOnDisk();
+        return triedWhileHeld(name, [&] {
+            const OpenFile file(name, L"Can not open file", path,
+                                {GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING});
+            const DWORD attributes = ::GetFileAttributesW(name.c_str());
+            return file.isOnDisk() && isFile(attributes) && (attributes & FILE_ATTRIBUTE_READONLY) == 0;
+        });
     } catch (const SystemError&) {
         return false;
     }
@@ -59,7 +60,8 @@ struct FileReader::Handle {
 
 FileReader::FileReader(const std::wstring& path) {
     refuseFolder(path);
-    m_handle.reset(new Handle{{systemPath(path), L"Can not read file", path, toRead}});
+    const std::wstring name = systemPath(path);
+    triedWhileHeld(name, [&] { m_handle.reset(new Handle{{name, L"Can not read file", path, toRead}}); });
 }
 
 FileReader::~FileReader() = default;

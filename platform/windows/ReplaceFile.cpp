@@ -10,8 +10,8 @@ namespace XMLConfig::detail {
 namespace {
 
 constexpr std::wstring_view purpose = L"Can not write file";
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD shareReading = FILE_SHARE_READ | FILE_SHARE_DELETE;
-constexpr std::wstring_view prefix = L".saving-";
 constexpr std::wstring_view digits = L"0123456789abcdef";
 constexpr std::size_t digitCount = 20;
 
@@ -21,14 +21,14 @@ std::wstring folderPart(const std::wstring& target) { return target.substr(0, ta
 /// A name that nobody can foresee: others may write in the folder too.
 std::wstring secretNameBeside(const std::wstring& target) {
     std::random_device random;
-    std::wstring name = folderPart(target).append(prefix);
+    std::wstring name = folderPart(target).append(savePrefix);
     for (std::size_t i = 0; i < digitCount; ++i) name += digits[random() % digits.size()];
     return name;
 }
 
 bool isSecretName(std::wstring_view name) {
-    return name.size() == prefix.size() + digitCount && name.substr(0, prefix.size()) == prefix &&
-           name.find_first_not_of(digits, prefix.size()) == std::wstring_view::npos;
+    return name.size() == savePrefix.size() + digitCount && name.substr(0, savePrefix.size()) == savePrefix &&
+           name.find_first_not_of(digits, savePrefix.size()) == std::wstring_view::npos;
 }
 
 bool isOlderThanAnySave(const FILETIME& written) {
@@ -44,7 +44,7 @@ bool isOlderThanAnySave(const FILETIME& written) {
 void removeAbandonedBeside(const std::wstring& target) {
     const std::wstring folder = folderPart(target);
     WIN32_FIND_DATAW found{};
-    const HANDLE search = ::FindFirstFileW((folder + std::wstring(prefix) + L'*').c_str(), &found);
+    const HANDLE search = ::FindFirstFileW((folder + std::wstring(savePrefix) + L'*').c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return;
     do {
         const bool isAbandoned =
@@ -85,16 +85,17 @@ public:
         m_placed = ::MoveFileExW(m_name.c_str(), m_target.c_str(), flags | MOVEFILE_WRITE_THROUGH) != 0;
         if (!m_placed) throwFileError(purpose, m_shownAs, ::GetLastError());
     }
-    /// The old file's attributes, streams and access list go over to the new one. False, and nothing changed, where they
-    /// cannot.
-    bool placeInstead() {
+    /// The old file's attributes, streams and access list go over to the new one. Throws SystemError where they cannot, or
+    /// where somebody lets the old file not be taken away; nothing is changed then.
+    void placeInstead() {
+        // Asked first, for a call that fails later may leave files of its own.
+        { const OpenFile removable(m_target, purpose, m_shownAs, {DELETE, shareAll, OPEN_EXISTING}); }
         m_placed = ::ReplaceFileW(m_target.c_str(), m_name.c_str(), nullptr, 0, nullptr, nullptr) != 0;
-        if (m_placed) return true;
+        if (m_placed) return;
         const DWORD error = ::GetLastError();
-        if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION) throwFileError(purpose, m_shownAs, error);
         const bool isGone = ::GetFileAttributesW(m_target.c_str()) == INVALID_FILE_ATTRIBUTES;
-        if (isGone) placeAsNew(0);  // the system had taken the old file away before it failed
-        return isGone;
+        if (!isGone) throwFileError(purpose, m_shownAs, error);
+        placeAsNew(0);  // the system had taken the old file away before it failed
     }
 
 private:
@@ -112,18 +113,12 @@ void createFile(const std::wstring& name, const std::wstring& shownAs, const Byt
     created.placeAsNew(flags);
 }
 
-/// False, and nothing changed, when the folder admits no second file, or none with the rights of the first.
-bool exchange(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
+/// Throws SystemError, and nothing is changed, where the folder admits no second file, or none in the place of the first.
+void exchange(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
     removeAbandonedBeside(name);
-    std::optional<NewFile> created;
-    try {
-        created.emplace(name, shownAs);
-    } catch (const SystemError& error) {
-        if (error.code() != ERROR_ACCESS_DENIED) throw;
-        return false;
-    }
-    created->complete(source);
-    return created->placeInstead();
+    NewFile created(name, shownAs);
+    created.complete(source);
+    triedWhileHeld(name, [&created] { created.placeInstead(); });
 }
 
 void put(OpenFile& file, std::string_view bytes) {
@@ -180,19 +175,36 @@ void createBehindLink(const std::wstring& link, const std::wstring& shownAs, con
     }
 }
 
+/// The name over all links of a file on a disk; empty of a device or a pipe, which has been written then.
+std::wstring nameOrWritten(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
+    OpenFile old(name, purpose, shownAs, {GENERIC_WRITE, shareReading, OPEN_EXISTING});
+    if (old.isOnDisk()) return old.finalName().empty() ? name : old.finalName();
+    old.write(gather(source));
+    old.flush();
+    return {};
+}
+
+/// Errors of a folder or of readers that forbid an exchange but may let the file be written.
+bool mayBeWrittenStraight(DWORD error) {
+    return error != ERROR_DISK_FULL && error != ERROR_HANDLE_DISK_FULL && error != ERROR_ALREADY_EXISTS &&
+           error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND;
+}
+
 void replaceExisting(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
-    std::wstring target;
-    {
-        OpenFile old(name, purpose, shownAs, {GENERIC_WRITE, shareReading, OPEN_EXISTING});
-        if (!old.isOnDisk()) {
-            old.write(gather(source));
-            old.flush();
-            return;
+    const std::wstring target = triedWhileHeld(name, [&] { return nameOrWritten(name, shownAs, source); });
+    if (target.empty()) return;
+    try {
+        exchange(target, shownAs, source);
+    } catch (const SystemError& refusal) {
+        if (!mayBeWrittenStraight(refusal.code())) throw;
+        try {
+            overwrite(name, shownAs, gather(source));
+        } catch (const SystemError& error) {
+            // Where it cannot even be opened, why it could not be exchanged tells more.
+            if (error.code() == ERROR_ACCESS_DENIED) throw refusal;
+            throw;
         }
-        target = old.finalName();
     }
-    const bool isNamed = !target.empty();
-    if (!isNamed || !exchange(target, shownAs, source)) overwrite(name, shownAs, gather(source));
 }
 
 bool isMissing(const SystemError& error) {

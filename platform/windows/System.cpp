@@ -17,7 +17,7 @@ struct Reason {
 };
 
 // The system's own texts follow the user's language.
-constexpr std::array<Reason, 21> reasons{{
+constexpr std::array<Reason, 22> reasons{{
     {ERROR_FILE_NOT_FOUND, L"No such file or directory"},
     {ERROR_PATH_NOT_FOUND, L"No such file or directory"},
     {ERROR_TOO_MANY_OPEN_FILES, L"Too many open files"},
@@ -39,6 +39,7 @@ constexpr std::array<Reason, 21> reasons{{
     {ERROR_FILENAME_EXCED_RANGE, L"File name too long"},
     {ERROR_DIRECTORY, L"Is a directory"},
     {ERROR_IO_DEVICE, L"Input/output error"},
+    {ERROR_UNABLE_TO_REMOVE_REPLACED, L"The file is in use"},
 }};
 
 std::wstring reasonText(DWORD error) {
@@ -93,6 +94,19 @@ bool isFile(DWORD attributes) {
 void throwFileError(std::wstring_view what, std::wstring_view path, DWORD error) {
     const std::wstring name(path.substr(0, path.find(L'\0')));
     throw SystemError(std::wstring(what) + L' ' + name + L": " + reasonText(error), error);
+}
+
+bool isHeldByOthers(DWORD error) {
+    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_UNABLE_TO_REMOVE_REPLACED;
+}
+
+bool isBetweenOldAndNew(const std::wstring& name, DWORD error) {
+    if (error != ERROR_FILE_NOT_FOUND) return false;
+    WIN32_FIND_DATAW found{};
+    const std::wstring saves = name.substr(0, name.find_last_of(L"\\:") + 1) + std::wstring(savePrefix) + L'*';
+    const HANDLE search = ::FindFirstFileW(saves.c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) return ::FindClose(search) != 0;
+    return ::GetFileAttributesW(name.c_str()) != INVALID_FILE_ATTRIBUTES;  // in its place meanwhile
 }
 
 OpenFile::OpenFile(const std::wstring& name, std::wstring_view purpose, std::wstring_view shownAs, const Mode& mode)

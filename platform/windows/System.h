@@ -38,6 +38,29 @@ private:
 /// Throws SystemError "<what> <path>: <reason>", the reason in English whatever the user's language.
 [[noreturn]] void throwFileError(std::wstring_view what, std::wstring_view path, DWORD error);
 
+/// How the names of the new files of saves begin, until they take their place.
+constexpr std::wstring_view savePrefix = L".saving-";
+
+/// Whether somebody else holds the file, which most do for moments only.
+bool isHeldByOthers(DWORD error);
+/// Whether a file was not found that a save may be putting in its place: the system takes the old one away before.
+bool isBetweenOldAndNew(const std::wstring& name, DWORD error);
+
+/// Calls again, for a quarter of a second, while others hold the file `name`; then what the call threw is thrown.
+template <typename Call>
+auto triedWhileHeld(const std::wstring& name, Call call) {
+    constexpr int mostTries = 25;
+    constexpr DWORD milliseconds = 10;
+    for (int i = 1;; ++i) {
+        try {
+            return call();
+        } catch (const SystemError& error) {
+            if (i == mostTries || !(isHeldByOthers(error.code()) || isBetweenOldAndNew(name, error.code()))) throw;
+        }
+        ::Sleep(milliseconds);
+    }
+}
+
 struct LocalMemory {
     void operator()(void* memory) const { ::LocalFree(memory); }
 };

@@ -1,5 +1,9 @@
+#include <atomic>
 #include <chrono>
 #include <filesystem>
+#include <memory>
+#include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -88,6 +92,61 @@ TEST_F(ReplaceFile, ReplacesAFileThatIsBeingRead) {
     EXPECT_EQ(reader.read(buffer, 3), 3u);
     EXPECT_STREQ(buffer, "old");
     EXPECT_EQ(m_folder.read(L"a"), "new");
+}
+
+TEST_F(ReplaceFile, WritesStraightToAFileThatAReaderLetsNotBeTakenAway) {
+    const std::wstring path = m_folder.write(L"a", "old and long");
+    const Opened reader(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    EXPECT_EQ(replaceError(path), L"no error");
+    EXPECT_EQ(m_folder.read(L"a"), "new");
+    EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(ReplaceFile, WaitsForOneThatHoldsTheFileForAMoment) {
+    const std::wstring path = m_folder.write(L"a", "old");
+    auto other = std::make_unique<Opened>(path, GENERIC_READ, FILE_SHARE_READ);
+    std::thread end([&other] {
+        ::Sleep(60);
+        other.reset();
+    });
+    EXPECT_EQ(replaceError(path), L"no error");
+    end.join();
+    EXPECT_EQ(m_folder.read(L"a"), "new");
+}
+
+TEST_F(ReplaceFile, IsReadWhileItIsReplaced) {
+    const std::wstring path = m_folder.write(L"a", "old");
+    std::atomic<bool> isDone{false};
+    std::atomic<int> failures{0};
+    std::vector<std::thread> readers;
+    for (int i = 0; i < 2; ++i)
+        readers.emplace_back([&] {
+            while (!isDone) {
+                try {
+                    if (!canOpenForUpdate(path) || readWholeFile(path).size() != 3) ++failures;
+                } catch (const FileError&) {
+                    ++failures;
+                }
+            }
+        });
+    int failedSaves = 0;
+    for (int i = 0; i < 100; ++i) failedSaves += replaceError(path) == L"no error" ? 0 : 1;
+    isDone = true;
+    for (std::thread& reader : readers) reader.join();
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(failedSaves, 0);
+}
+
+TEST_F(ReplaceFile, TakesAShortNameInALongFolder) {
+    std::wstring folder = m_folder.file(L"");
+    for (int i = 0; i < 6 && folder.size() < 235; ++i) ASSERT_TRUE(makeFolder(folder += L"\\" + std::wstring(30, L'f')));
+    const std::filesystem::path before = std::filesystem::current_path();
+    ASSERT_NE(::SetCurrentDirectoryW(folder.c_str()), 0);
+    const std::wstring name = std::wstring(60, L'n');
+    EXPECT_EQ(replaceError(name), L"no error");
+    EXPECT_EQ(readWholeFile(folder + L"\\" + name), "new");
+    EXPECT_TRUE(removeFile(name));
+    std::filesystem::current_path(before);
 }
 
 TEST_F(ReplaceFile, WritesStraightToADevice) {
