@@ -12,7 +12,7 @@ namespace {
 
 using Table = std::vector<std::pair<double, double>>;
 
-const double nan = std::numeric_limits<double>::quiet_NaN();
+const double notANumber = std::numeric_limits<double>::quiet_NaN();
 const double infinity = std::numeric_limits<double>::infinity();
 const int fixedNotation = static_cast<int>(std::ios_base::fixed);
 const int scientificNotation = static_cast<int>(std::ios_base::scientific);
@@ -92,7 +92,7 @@ TEST(AxisDistortionCorrection, WrittenTableReadsBack) {
 }
 
 TEST(AxisDistortionCorrection, NonFiniteNumbersReadBack) {
-    const Table table = deserialized(serialized({{-infinity, infinity}, {nan, 1}}, scientificNotation, 15));
+    const Table table = deserialized(serialized({{-infinity, infinity}, {notANumber, 1}}, scientificNotation, 15));
     ASSERT_EQ(table.size(), 2u);
     EXPECT_EQ(table[0], std::make_pair(-infinity, infinity));
     EXPECT_NE(table[1].first, table[1].first);
@@ -214,7 +214,7 @@ TEST(CleanData, WhatTheOutputHeldBecomesPartOfTheTable) {
 
 TEST(CleanData, NaNIsUnusableAndSortsBehindNumbers) {
     Table in;
-    for (int i = 0; i < 40; ++i) in.emplace_back(i % 3 == 0 ? nan : 40.0 - i, i);
+    for (int i = 0; i < 40; ++i) in.emplace_back(i % 3 == 0 ? notANumber : 40.0 - i, i);
     const Cleaned result = cleaned(in);
     EXPECT_FALSE(result.usable);
     ASSERT_EQ(result.table.size(), in.size() + 2);
@@ -222,7 +222,7 @@ TEST(CleanData, NaNIsUnusableAndSortsBehindNumbers) {
     EXPECT_EQ(result.table.back(), std::make_pair(90.0, 90.0));
     EXPECT_EQ(result.table[26].first, 39.0);
     EXPECT_NE(result.table[27].first, result.table[27].first);
-    EXPECT_FALSE(cleaned({{0, nan}}).usable);
+    EXPECT_FALSE(cleaned({{0, notANumber}}).usable);
 }
 
 TEST(CleanData, InfinitiesAreClamped) {

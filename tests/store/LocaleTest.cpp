@@ -70,9 +70,9 @@ TEST(Locale, OfPlainCharactersOpensForeignNames) {
         EXPECT_TRUE(document.save(folder.file(name)));
         EXPECT_EQ(get(ConfigInfo(folder.file(name)), L"S", L"A"), name);
     }
-    EXPECT_TRUE(std::filesystem::exists(folder.path() / "s\xc3\xbc"
-                                                        "d.skorrax"));
-    EXPECT_TRUE(std::filesystem::exists(folder.path() / "\xe6\x97\xa5\xe6\x9c\xac.skorrax"));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / std::filesystem::u8path("s\xc3\xbc"
+                                                                                "d.skorrax")));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / std::filesystem::u8path("\xe6\x97\xa5\xe6\x9c\xac.skorrax")));
     EXPECT_EQ(folder.entries(), 2u);
     std::setlocale(LC_ALL, before.c_str());
 }

@@ -27,7 +27,7 @@ protected:
         folder.write(std::wstring(name.begin(), name.end()), fileText(sections, version));
         return path(name);
     }
-    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
+    std::string path(const std::string& name) const { return (folder.path() / std::filesystem::u8path(name)).u8string(); }
 
     TemporaryFolder folder;
 };
