@@ -7,6 +7,7 @@
 #include "platform/Utf8.h"
 #include "tools/Json.h"
 #include "tools/Output.h"
+#include "tools/RuleText.h"
 #include "tools/Suggestion.h"
 #include "tools/Table.h"
 #include "tools/Verb.h"
@@ -161,6 +162,8 @@ void printSettings(const std::vector<Setting>& settings, const std::wstring& ask
     else printList(settings);
 }
 
+bool isRule(const std::wstring& word) { return !ruleText(word).empty(); }
+
 }  // namespace
 
 void setUpDescribe(CLI::App& app, Request& request) {
@@ -172,9 +175,14 @@ void setUpDescribe(CLI::App& app, Request& request) {
 
 ExitStatus runDescribe(const Request& request) {
     std::vector<std::vector<Setting>> answers;
-    for (const std::string& operand : request.operands) answers.push_back(settingsFor(XMLConfig::wideFromUtf8(operand)));
+    for (const std::string& operand : request.operands) {
+        const std::wstring word = XMLConfig::wideFromUtf8(operand);
+        answers.push_back(isRule(word) ? std::vector<Setting>() : settingsFor(word));
+    }
     if (answers.empty()) answers.push_back(XMLConfig::catalogue());
     if (request.json) {
+        for (const std::string& operand : request.operands)
+            if (isRule(XMLConfig::wideFromUtf8(operand))) throw WrongOperands("--json tells of settings, not of rules");
         Json answer = jsonAnswer("describe");
         answer["settings"] = Json::array();
         for (const auto& settings : answers)
@@ -182,8 +190,11 @@ ExitStatus runDescribe(const Request& request) {
         print(jsonEnd(std::move(answer), Done));
         return Done;
     }
-    for (std::size_t i = 0; i < answers.size(); ++i)
-        printSettings(answers[i], request.operands.empty() ? L"" : XMLConfig::wideFromUtf8(request.operands[i]));
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        const std::wstring word = request.operands.empty() ? L"" : XMLConfig::wideFromUtf8(request.operands[i]);
+        if (isRule(word)) print(ruleText(word));
+        else printSettings(answers[i], word);
+    }
     return Done;
 }
 

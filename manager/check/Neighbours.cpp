@@ -179,9 +179,11 @@ void checkAreas(ChannelCheck& check, std::size_t before, std::size_t index) {
 
 // Coverage.
 
-/// Whole degrees, as the screen is looked at every half of one.
+/// Whole degrees, as the screen is looked at every half of one; finer for what is smaller.
 std::wstring spanText(const ChannelCheck& check, double from, double to) {
-    return check.findings.units.angle(from, 0) + L" to " + check.findings.units.angle(to, 0);
+    constexpr double degree = 0.01745;
+    const int decimals = to - from < degree ? 1 : 0;
+    return check.findings.units.angle(from, decimals) + L" to " + check.findings.units.angle(to, decimals);
 }
 
 std::wstring uncoveredText(const ChannelCheck& check, const Coverage& coverage) {
