@@ -1,4 +1,4 @@
-// Loading an installation and reckoning its layout, beside loading it.
+// Loading an installation and reckoning its layout or checking it, beside loading it.
 
 #include <benchmark/benchmark.h>
 
@@ -9,6 +9,7 @@
 
 #include "Sample.h"
 #include "Suites.h"
+#include "manager/Check.h"
 #include "manager/Layout.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
@@ -94,6 +95,19 @@ void loadAndReckon(benchmark::State& state, int projectors) {
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 
+void loadAndCheck(benchmark::State& state, int projectors) {
+    const std::wstring path = arrangedFile(projectors);
+    for ([[maybe_unused]] auto step : state) {
+        auto document = std::make_unique<ConfigInfo>(path);
+        if (XMLConfig::check(*document).size() < static_cast<std::size_t>(projectors))
+            state.SkipWithError("not checked as expected");
+        state.PauseTiming();
+        document.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * projectors);
+}
+
 }  // namespace
 
 void registerLayout() {
@@ -101,6 +115,14 @@ void registerLayout() {
         const std::string size = std::to_string(projectors);
         benchmark::RegisterBenchmark(("layout/library/" + size).c_str(), loadAndReckon, projectors);
         benchmark::RegisterBenchmark(("layout/load/" + size).c_str(), loadOnly, projectors);
+    }
+}
+
+void registerCheck() {
+    for (const int projectors : {100, 1000, 10000}) {
+        const std::string size = std::to_string(projectors);
+        benchmark::RegisterBenchmark(("check/library/" + size).c_str(), loadAndCheck, projectors);
+        benchmark::RegisterBenchmark(("check/load/" + size).c_str(), loadOnly, projectors);
     }
 }
 

@@ -12,6 +12,7 @@ void registerAccessors();  ///< every setting of projectors; time of one project
 void releaseAccessors();   ///< to be called before the process ends
 void registerUpgrade();    ///< every conversion step; time of one device
 void registerLayout();     ///< load and layout; time of one projector
+void registerCheck();      ///< load and check; time of one projector
 void registerDiff();       ///< load two and compare; time of one projector
 
 }  // namespace bench

@@ -167,6 +167,11 @@ bool Table::print() const {
     printer.row("diff", 1000, {Floor::Of::Ratio, 4.0}, shownTime, "load");
     printer.row("diff", 10000, {}, shownTime, "load");
     printer.growth("diff", 100, 10000, 1.2);
+    printLine("one projector", "projectors", "with check", "load", "ratio", "floor", "");
+    printer.row("check", 100, {}, shownTime, "load");
+    printer.row("check", 1000, {Floor::Of::Ratio, 3.0}, shownTime, "load");
+    printer.row("check", 10000, {}, shownTime, "load");
+    printer.growth("check", 100, 10000, 1.2);
     printer.end();
     return !m_failed;
 }

@@ -52,6 +52,7 @@ int measure() {
     bench::registerAccessors();
     bench::registerUpgrade();
     bench::registerLayout();
+    bench::registerCheck();
     bench::registerDiff();
     std::cerr << "measuring takes a few minutes\n";
     for (int round = 0; round < rounds; ++round) benchmark::RunSpecifiedBenchmarks(&table);
