@@ -123,7 +123,7 @@ doCheck() {
         say 'testing what is particular to Windows'
         sh tests/windows/run.sh
     fi
-    if [ "${XMLCONFIG_WINDOWS:-}" = 1 ]; then doWindows; fi  # half an hour more, where nothing is kept
+    if [ "${XMLCONFIG_WINDOWS:-}" = 1 ]; then doWindows; fi  # takes long, and a build of its own
     checkCounts
     doFuzz 30
     say 'using the static library as a consumer'

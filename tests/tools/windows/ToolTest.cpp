@@ -20,7 +20,7 @@ protected:
 
 TEST_F(ToolOnWindows, TakesAPathThatBeginsWithASlash) {
     const ToolRun run = runTool({"get", "/there/is/none.skorrax", "System/RunType"});
-    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.status, 3);
     EXPECT_THAT(run.errors, HasSubstr("/there/is/none.skorrax"));
 }
 
