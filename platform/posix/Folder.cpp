@@ -59,22 +59,21 @@ void Folder::flush() {
     }
 }
 
-bool Folder::isAbandoned(const char* name) const {
+void Folder::removeIfAbandoned(const char* name) const {
     constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
     const int descriptor = ::openat(::dirfd(m_stream.get()), name, flags);
-    if (descriptor == -1) return false;
+    if (descriptor == -1) return;
     struct stat status {};
-    const bool result = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && lock(descriptor, F_RDLCK);
+    const bool isAbandoned = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && lock(descriptor, F_RDLCK);
+    // While the lock is held: a writer that claims the file afterwards sees that it is gone.
+    if (isAbandoned) ::unlinkat(::dirfd(m_stream.get()), name, 0);
     ::close(descriptor);
-    return result;
 }
 
 void Folder::removeAbandonedFiles() {
     if (!m_stream) return;
     while (const dirent* entry = ::readdir(m_stream.get())) {
-        if (isSecretName(entry->d_name) && isAbandoned(entry->d_name)) {
-            ::unlinkat(::dirfd(m_stream.get()), entry->d_name, 0);
-        }
+        if (isSecretName(entry->d_name)) removeIfAbandoned(entry->d_name);
     }
 }
 

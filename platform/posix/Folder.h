@@ -19,7 +19,7 @@ public:
     void removeAbandonedFiles();
 
 private:
-    bool isAbandoned(const char* name) const;
+    void removeIfAbandoned(const char* name) const;
 
     struct Closer {
         void operator()(DIR* stream) const { ::closedir(stream); }

@@ -120,6 +120,26 @@ TEST_F(KilledSave, IsNotTakenFromALivingWriter) {
     }
 }
 
+// A writer that claims its new file a moment too late must find it gone, not lose it after that.
+TEST_F(KilledSave, LeavesAFileThatIsRemovedBeforeItsLockIsGivenBack) {
+    const std::wstring left = m_folder.write(L".saving-0123456789abcdef0003", "left");
+    struct stat abandoned {};
+    ASSERT_EQ(::stat(m_folder.at(L".saving-0123456789abcdef0003").c_str(), &abandoned), 0);
+    int closes = 0;
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        struct stat status {};
+        if (call.name != "close" || ::fstat(call.descriptor, &status) != 0) return 0;
+        if (status.st_dev != abandoned.st_dev || status.st_ino != abandoned.st_ino) return 0;
+        if (closes++ == 0) {  // later ones are of files that got its number
+            EXPECT_EQ(status.st_nlink, 0u);
+        }
+        return 0;
+    });
+    replaceFile(m_path, "new");
+    EXPECT_GE(closes, 1);
+    EXPECT_FALSE(fileExists(left));
+}
+
 TEST_F(KilledSave, DoesNotKeepOthersFromLoading) {
     bool isAsked = false;
     const SystemCallWatch watch([&](const SystemCall& call) {
