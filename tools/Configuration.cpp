@@ -1,5 +1,7 @@
 #include "tools/Configuration.h"
 
+#include <algorithm>
+#include <filesystem>
 #include "platform/FileNames.h"
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"
@@ -65,6 +67,13 @@ std::vector<std::string> withPatternsExpanded(const std::vector<std::string>& na
         if (found.empty()) files.push_back(name);
     }
     return files;
+}
+
+bool isDevice(const std::string& file) {
+    std::string path = file;
+    if (std::filesystem::path::preferred_separator == '/') std::replace(path.begin(), path.end(), '\\', '/');
+    std::error_code ignored;
+    return std::filesystem::is_other(std::filesystem::status(std::filesystem::u8path(path), ignored));
 }
 
 }  // namespace tool

@@ -32,4 +32,7 @@ bool exists(const std::string& file);
 /// nothing fits, the name stays.
 std::vector<std::string> withPatternsExpanded(const std::vector<std::string>& names);
 
+/// Whether that name leads to a pipe or a device, into which the text goes straight.
+bool isDevice(const std::string& file);
+
 }  // namespace tool

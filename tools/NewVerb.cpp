@@ -1,5 +1,6 @@
 #include <CLI/App.hpp>
 #include <memory>
+#include <optional>
 
 #include "manager/XMLConfigManager.h"
 #include "platform/FileNames.h"
@@ -34,10 +35,11 @@ void addProjectors(XMLConfigManager& manager, unsigned count) {
     geometry->setProjectorLayoutHeight(1);
 }
 
-void save(XMLConfigManager& manager, const std::wstring& file) {
-    const XMLConfig::SignalHold hold;
+void save(XMLConfigManager& manager, const std::string& file) {
+    std::optional<XMLConfig::SignalHold> hold;
+    if (!isDevice(file)) hold.emplace();  // a pipe may wait for its reader for ever
     try {
-        manager.saveConfiguration(file);
+        manager.saveConfiguration(XMLConfig::wideFromUtf8(file));
     } catch (const CorvaneException& fault) {
         throw Unreadable(fault.getMessage());
     }
@@ -78,7 +80,7 @@ ExitStatus runNew(const Request& request) {
     if (!request.force && exists(request.file)) throw Refusal(file + L": exists; --force replaces it");
     const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::newConfiguration(std::make_shared<ProductInfo>()));
     addProjectors(*manager, request.projectors);
-    save(*manager, file);
+    save(*manager, request.file);
     print(request.json ? jsonOf(*manager, request.file) : textOf(*manager, file));
     return Done;
 }

@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <chrono>
+#include <csignal>
 #include <thread>
 
 #include "store/ConfigInfo.h"
@@ -164,6 +166,18 @@ TEST_F(Sharing, SignalInTheMiddleOfASaveEndsTheToolAfterIt) {
         EXPECT_THAT(folder.read(L"hall.skorrax"), HasSubstr("<Key>new</Key>"));
         EXPECT_EQ(folder.entries(), 2u);
     }
+}
+
+TEST_F(Sharing, SignalEndsTheToolThatWaitsForTheReaderOfAPipe) {
+    if (runTool({}).status == -1 ||
+        std::system("strace -V > /dev/null 2>&1") != 0)  // NOLINT(concurrency-mt-unsafe,cert-env33-c)
+        GTEST_SKIP() << "needs strace, which sends a signal at a system call";
+    const std::string pipe = path("hall.skorrax");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    StartedProgram tool({"timeout", "-s", "KILL", "20", "strace", "-qq", "-o", path("trace"), "-P", pipe, "-e",
+                         "trace=openat", "-e", "inject=openat:signal=TERM:when=1", toolPath(), "new", "--force", pipe});
+    EXPECT_EQ(tool.end(), -SIGTERM);
+    EXPECT_THAT(folder.read(L"trace"), HasSubstr("O_WRONLY"));
 }
 
 TEST_F(Sharing, SignalAtAnyTimeLeavesTheOldOrTheNewFileAlone) {
