@@ -132,9 +132,9 @@ private:
     // The target's tables.
 
     void checkTables() {
-        using namespace AxisDistortionCorrection;
-        checkTable(L"Horizontal_Content_Distortion", minValueInDegreesYaw(), maxValueInDegreesYaw());
-        checkTable(L"Vertical_Content_Distortion", minValueInDegreesPitch(), maxValueInDegreesPitch());
+        namespace Axis = AxisDistortionCorrection;
+        checkTable(L"Horizontal_Content_Distortion", Axis::minValueInDegreesYaw(), Axis::maxValueInDegreesYaw());
+        checkTable(L"Vertical_Content_Distortion", Axis::minValueInDegreesPitch(), Axis::maxValueInDegreesPitch());
     }
 
     void checkTable(const wchar_t* key, double least, double most) {

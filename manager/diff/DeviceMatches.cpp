@@ -48,7 +48,7 @@ std::wstring macKey(const ElementView& device) {
     for (const std::wstring& text :
          {afterStars(device.id()), textBelow(snippetOf(device), L"macAddress"),
           textBelow(childNamed(device, L"Connection"), L"MAC_Address"), textBelow(device, L"Projector_MAC_Address")}) {
-        const std::wstring mac = macOf(text);
+        std::wstring mac = macOf(text);
         if (!mac.empty()) return mac;
     }
     return {};
