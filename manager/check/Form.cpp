@@ -6,6 +6,7 @@
 #include "manager/SettingSearch.h"
 #include "manager/check/Findings.h"
 #include "manager/check/GoneSettings.h"
+#include "manager/check/Texts.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/Tokens.h"
@@ -13,11 +14,6 @@
 /// Rules on the form: names, types, words, numbers and ranges.
 namespace XMLConfig::detail {
 namespace {
-
-bool isOfNumbers(SettingType type) {
-    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
-           type == SettingType::Point2 || type == SettingType::Point3;
-}
 
 std::wstring dotted(const std::wstring& text) {
     std::wstring result = text;
@@ -121,7 +117,7 @@ private:
             addWrongType(section, item);
         } else {
             checkWords(section, item);
-            if (isOfNumbers(setting.type)) checkNumbers(section, item);
+            if (isNumbers(setting.type)) checkNumbers(section, item);
         }
     }
 

@@ -14,12 +14,12 @@ namespace {
 using Table = UnitConversionTable;
 constexpr double degreesInARadian = 57.295779513082320877;
 
+}  // namespace
+
 bool isNumbers(SettingType type) {
     return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
            type == SettingType::Point2 || type == SettingType::Point3;
 }
-
-}  // namespace
 
 std::wstring shortNumber(double value, int decimals) {
     if (!std::isfinite(value)) return formatFixed(value, 0);

@@ -11,12 +11,14 @@ class ConfigInfo;
 /// Values as the messages of findings show them.
 namespace XMLConfig::detail {
 
+/// Whether a stored text of the type is one number or several.
+bool isNumbers(SettingType type);
 /// Rounded to at most so many decimals, without trailing zeros; never -0.
 std::wstring shortNumber(double value, int decimals = 6);
 /// A stored text with its numbers short, as it stands where it is none.
 std::wstring shortText(const std::wstring& stored, SettingType type);
 std::wstring quoted(const std::wstring& text);
-/// "projector" or "projectors".
+/// "1 projector", "2 projectors".
 std::wstring counted(std::size_t count, const std::wstring& noun);
 std::wstring joined(const std::vector<std::wstring>& texts, const wchar_t* separator = L", ");
 std::wstring lowerCase(const std::wstring& text);
