@@ -6,6 +6,7 @@
 #include "store/Address.h"
 #include "store/CorvaneException.h"
 #include "tools/Colour.h"
+#include "tools/Numbers.h"
 
 namespace tool {
 namespace {
@@ -13,10 +14,6 @@ namespace {
 using XMLConfig::Finding;
 using XMLConfig::Severity;
 using Place = CheckedFile::Place;
-
-std::wstring counted(std::size_t count, const wchar_t* noun) {
-    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
-}
 
 /// Findings of one rule that may share a line have the same.
 std::wstring wordsOf(const Finding& finding) {
@@ -95,9 +92,11 @@ private:
     }
 
     [[nodiscard]] std::wstring countLine() const {
-        const std::wstring text = m_file + L": " + counted(m_checked.count(Severity::Error), L"error") + L", " +
-                                  counted(m_checked.count(Severity::Warning), L"warning") + L", " +
-                                  counted(m_checked.count(Severity::Note), L"note");
+        const auto number = [this](Severity severity, const wchar_t* noun) {
+            return counted(static_cast<long long>(m_checked.count(severity)), noun);
+        };
+        const std::wstring text = m_file + L": " + number(Severity::Error, L"error") + L", " +
+                                  number(Severity::Warning, L"warning") + L", " + number(Severity::Note, L"note");
         return text + (m_checked.findings.empty() ? L"; all is well\n" : L"\n");
     }
 

@@ -8,6 +8,7 @@
 #include "platform/Utf8.h"
 #include "store/ElementView.h"
 #include "store/Tokens.h"
+#include "tools/ValueInput.h"
 
 namespace tool {
 namespace {
@@ -26,11 +27,6 @@ std::wstring nameOf(const ElementView& device) {
 
 bool namesCameras(const Setting& setting) {
     return setting.type == SettingType::CameraIDs || setting.key.find(L"Associated_Camera_Id_") == 0;
-}
-
-bool isNumbers(SettingType type) {
-    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
-           type == SettingType::Point2 || type == SettingType::Point3;
 }
 
 /// As the application reads it.

@@ -35,11 +35,6 @@ constexpr Suffix suffixes[] = {
     {"in", Unit::Meters, Table::Inches},      {"%", Unit::Percent, Table::UnknownUnitSubType},
 };
 
-bool isNumbers(SettingType type) {
-    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
-           type == SettingType::Point2 || type == SettingType::Point3;
-}
-
 /// In the stored unit, from a number in another one.
 double converted(double number, const Suffix& suffix) {
     if (suffix.unit == Unit::Percent) return number;
@@ -106,6 +101,11 @@ std::optional<ValueFault> rangeFault(double number, const Setting& setting) {
 }
 
 }  // namespace
+
+bool isNumbers(SettingType type) {
+    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
+           type == SettingType::Point2 || type == SettingType::Point3;
+}
 
 std::wstring storedForm(const std::wstring& written, const Setting& setting) {
     if (!isNumbers(setting.type)) return written;
