@@ -18,7 +18,7 @@ constexpr Group groups[] = {{L"XC1", detail::checkForm},    {L"XC2", detail::che
                             {L"XC7", detail::checkNetwork}, {L"XC9", detail::checkEffect}};
 
 /// With one decimal at least, as people write versions.
-std::wstring versionText(double version) {
+std::wstring shownVersion(double version) {
     const std::wstring text = detail::shortNumber(version, 3);
     return text.find(L'.') == std::wstring::npos ? text + L".0" : text;
 }
@@ -31,8 +31,8 @@ bool isNewer(const ConfigInfo& document) {
 
 void addNewer(Findings& findings, const ConfigInfo& document) {
     findings.add(L"XC102", Severity::Error, {versionElement(document), L"Version", L""},
-                 L"is of file version " + versionText(document.getVersion()) + L"; this program knows " +
-                     versionText(ConfigInfoFactory::getLatestFileVersionNumber()));
+                 L"is of file version " + shownVersion(document.getVersion()) + L"; this program knows " +
+                     shownVersion(ConfigInfoFactory::getLatestFileVersionNumber()));
 }
 
 }  // namespace

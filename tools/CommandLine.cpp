@@ -32,7 +32,7 @@ std::string fileVersion() {
     return std::string(text, end.ptr);
 }
 
-std::string versionText() { return "xmlconfig " XMLCONFIG_VERSION " (file version " + fileVersion() + ")"; }
+std::string programVersion() { return "xmlconfig " XMLCONFIG_VERSION " (file version " + fileVersion() + ")"; }
 
 /// "help VERB" asks for what "VERB --help" asks for.
 std::vector<std::string> withoutHelpWord(std::vector<std::string> arguments) {
@@ -45,7 +45,7 @@ std::vector<std::string> withoutHelpWord(std::vector<std::string> arguments) {
 /// The options every verb has.
 void setUpCommon(CLI::App& app, bool& verbose) {
     app.set_help_flag("-h,--help", "Show this help");
-    app.set_version_flag("--version", versionText(), "Show the version");
+    app.set_version_flag("--version", programVersion(), "Show the version");
     app.add_flag("--verbose", verbose, "Tell what the library does");
     app.get_formatter()->column_width(28);
     app.footer(exitStatuses);

@@ -46,7 +46,7 @@ void save(XMLConfigManager& manager, const std::string& file) {
 }
 
 std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
-    return L"made " + file + L": file version " + versionText(manager.getDocument().getVersion()) + L", " +
+    return L"made " + file + L": file version " + shownVersion(manager.getDocument().getVersion()) + L", " +
            counted(manager.getProjectorConfigCount(), L"projector") + L", " +
            counted(manager.getCameraConfigCount(), L"camera") + L"\nnext: xmlconfig check " + file + L"\n";
 }

@@ -33,7 +33,7 @@ std::wstring percentText(double share) {
     return percent == 0.0 && share > 0.0 ? L"under 1 %" : numberText(percent) + L" %";
 }
 
-std::wstring versionText(double version) {
+std::wstring shownVersion(double version) {
     const std::wstring digits = numberText(version, 3);
     return digits.find(L'.') == std::wstring::npos ? digits + L".0" : digits;
 }

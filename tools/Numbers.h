@@ -17,7 +17,7 @@ double rounded(double value, int decimals);
 std::wstring percentText(double share);
 
 /// A file version with one decimal at least: 9.0, 2.005.
-std::wstring versionText(double version);
+std::wstring shownVersion(double version);
 /// "1 change", "2 changes"
 std::wstring counted(long long count, const std::wstring& noun);
 

@@ -56,15 +56,15 @@ double knownVersion(const ConfigInfo& document, const std::wstring& name) {
     if (!document.doesSectionExist(L"Version", L"")) throw Unreadable(name + L": is no configuration, it has no version");
     const double version = document.getVersion();
     if (version > latest)
-        throw Unreadable(name + L": is of file version " + versionText(version) + L"; this program knows " +
-                         versionText(latest));
+        throw Unreadable(name + L": is of file version " + shownVersion(version) + L"; this program knows " +
+                         shownVersion(latest));
     return version;
 }
 
 void bringUpToDate(ConfigInfo& document, const std::wstring& name) {
     const double version = knownVersion(document, name);
     if (XMLConfig::upgradeDocument(document) == XMLConfig::Upgraded)
-        complain(name + L": is of file version " + versionText(version) + L"; read as it would be after the upgrade");
+        complain(name + L": is of file version " + shownVersion(version) + L"; read as it would be after the upgrade");
 }
 
 }  // namespace

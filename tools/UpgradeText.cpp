@@ -13,7 +13,7 @@ using XMLConfig::UpgradeChange;
 using Json = nlohmann::ordered_json;
 
 /// As the library writes it into files; its own function is not exported.
-std::wstring versionText(double version) {
+std::wstring storedVersion(double version) {
     char text[400];
     const auto end = std::to_chars(std::begin(text), std::end(text), version, std::chars_format::fixed, 3);
     return XMLConfig::wideFromUtf8(std::string(text, end.ptr));
@@ -127,7 +127,7 @@ std::wstring upgradeLine(const UpgradeOutcome& outcome) {
     const XMLConfig::UpgradeFileReport& report = outcome.report;
     std::wstring line = outcome.file + L": ";
     if (report.status == XMLConfig::Upgraded) {
-        line += L"version " + versionText(report.receipt.fromVersion) + L" -> " + versionText(report.receipt.toVersion);
+        line += L"version " + storedVersion(report.receipt.fromVersion) + L" -> " + storedVersion(report.receipt.toVersion);
     } else {
         line += L"at the latest version already";
     }
@@ -139,7 +139,7 @@ std::wstring upgradeLine(const UpgradeOutcome& outcome) {
 std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt) {
     std::wstring text;
     for (const auto& step : receipt.steps) {
-        text += L"  to " + versionText(step.version) + L": " + step.summary + L"\n";
+        text += L"  to " + storedVersion(step.version) + L": " + step.summary + L"\n";
         if (step.changes.empty()) text += L"    nothing to do\n";
         for (const UpgradeChange& change : step.changes) {
             text += L"    " + XMLConfig::wideFromUtf8(nameOf(change.kind)) + L" " + placeOf(change) + whatHappened(change) +
