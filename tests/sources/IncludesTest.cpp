@@ -31,6 +31,9 @@ const std::vector<Foreign> foreignHeaders = {{"xercesc/", {"store"}},
                                              {"log4cxx/", {"store", "manager"}},
                                              {"CLI/", {"tools"}},
                                              {"nlohmann/", {"tools"}},
+                                             {"fmt/", {"tools"}},
+                                             {"pugixml.hpp", {"tools"}},
+                                             {"utf8proc.h", {"tools"}},
                                              {"unistd.h", {"platform/posix"}},
                                              {"fcntl.h", {"platform/posix", "platform/windows"}},
                                              {"sys/", {"platform/posix"}},
@@ -121,6 +124,9 @@ TEST(Includes, ThatAreForbiddenAreFound) {
         ElementsAre("sections/A.h includes xercesc/dom/DOM.hpp", "sections/A.h includes log4cxx/logger.h"));
     EXPECT_THAT(forbiddenIn("platform/Files.cpp", "#include <unistd.h>\n#include \"platform/posix/System.h\"\n"),
                 ElementsAre("platform/Files.cpp includes unistd.h", "platform/Files.cpp includes platform/posix/System.h"));
+    EXPECT_THAT(forbiddenIn("manager/Check.cpp", "#include <fmt/format.h>\n#include <pugixml.hpp>\n#include <utf8proc.h>\n"),
+                ElementsAre("manager/Check.cpp includes fmt/format.h", "manager/Check.cpp includes pugixml.hpp",
+                            "manager/Check.cpp includes utf8proc.h"));
     EXPECT_THAT(
         forbiddenIn("manager/Check.cpp", "#include \"tests/support/Thrown.h\"\n#include \"tools/Table.h\"\n"),
         ElementsAre("manager/Check.cpp includes tests/support/Thrown.h", "manager/Check.cpp includes tools/Table.h"));
