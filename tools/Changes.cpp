@@ -69,16 +69,18 @@ void endChange(Change& change, const ConfigInfo& document) {
     change.inheritedFrom = counted->origin == Origin::Inherited ? counted->from.section : L"";
 }
 
-std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, bool isDryRun, bool isColoured) {
+std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, const std::wstring& counts,
+                         bool isDryRun, bool isColoured) {
     std::vector<std::vector<std::wstring>> rows;
     for (const Change& change : changes)
         rows.push_back({markOf(change, isColoured) + L" " + showing.address(change.address, change.place),
                         whatHappened(change, showing)});
-    return tableText(rows, L"") + counted(static_cast<long long>(changes.size()), L"change") +
+    return tableText(rows, L"") + counted(static_cast<long long>(changes.size()), L"change") + counts +
            (isDryRun ? L" (dry run, nothing written)\n" : L"\n");
 }
 
-std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes, bool isWritten) {
+std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes,
+                         const FindingChange& findings, bool isWritten, int exitStatus) {
     Json answer = jsonAnswer(verb, file);
     answer["written"] = isWritten;
     answer["changes"] = Json::array();
@@ -87,7 +89,9 @@ std::wstring changesJson(const char* verb, const std::string& file, const std::v
                                      {"kind", jsonText(kindOf(change))},
                                      {"old", jsonText(change.old)},
                                      {"new", jsonText(change.now)}});
-    return jsonEnd(std::move(answer), 0);
+    answer["newFindings"] = jsonOf(findings.fresh);
+    answer["solved"] = jsonOf(findings.solved);
+    return jsonEnd(std::move(answer), exitStatus);
 }
 
 }  // namespace tool

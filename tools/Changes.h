@@ -6,6 +6,7 @@
 
 #include "base/Setting.h"
 #include "store/Address.h"
+#include "tools/FindingChange.h"
 #include "tools/Json.h"
 #include "tools/Showing.h"
 
@@ -29,9 +30,11 @@ Change beginChange(const ConfigInfo& document, const XMLConfig::Address& place);
 /// The same place after the change.
 void endChange(Change& change, const ConfigInfo& document);
 
-/// One line a change and one with their number.
-std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, bool isDryRun, bool isColoured);
+/// One line a change and one with their number, which `counts` goes on.
+std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, const std::wstring& counts,
+                         bool isDryRun, bool isColoured);
 /// The answer of a writing verb.
-std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes, bool isWritten);
+std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes,
+                         const FindingChange& findings, bool isWritten, int exitStatus);
 
 }  // namespace tool

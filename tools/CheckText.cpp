@@ -127,6 +127,11 @@ std::wstring messageOf(const Place& place) {
     return L"is hidden by that in line " + std::to_wstring(*place.otherLines[0]);
 }
 
+std::wstring findingText(const Finding& finding, const Showing& showing, bool isColoured) {
+    const std::wstring place = finding.address.empty() ? L"" : shownAddress(finding, showing) + L": ";
+    return head(finding, isColoured) + place + finding.message;
+}
+
 std::wstring checkText(const CheckedFile& checked, const Showing& showing, bool isColoured) {
     return Text(checked, showing, isColoured).make();
 }

@@ -29,6 +29,8 @@ struct CheckedFile {
 std::wstring checkText(const CheckedFile& checked, const Showing& showing, bool isColoured);
 /// One object about all files.
 std::wstring checkJson(const std::vector<CheckedFile>& checked, int exitStatus);
+/// A finding without its file: "warning[XC305] Projector[Dome 1]/...: message".
+std::wstring findingText(const XMLConfig::Finding& finding, const Showing& showing, bool isColoured);
 /// The message, with the line of the other place where it speaks of one.
 std::wstring messageOf(const CheckedFile::Place& place);
 

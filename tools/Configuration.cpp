@@ -23,15 +23,6 @@ std::wstring storedVersion(const ConfigInfo& document) {
 
 }  // namespace
 
-std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
-    const std::wstring path = XMLConfig::wideFromUtf8(file);
-    try {
-        return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
-    } catch (const CorvaneException& fault) {
-        throw Unreadable(fault.getMessage());
-    }
-}
-
 bool isOfLatestVersion(const ConfigInfo& document) {
     return !storedVersion(document).empty() && document.getVersion() == ConfigInfoFactory::getLatestFileVersionNumber();
 }

@@ -16,9 +16,6 @@ public:
     std::string getConfigFileExtension() const override { return ".skorrax"; }
 };
 
-/// The document as it stands in the file: nothing is converted, counted or stamped. Throws what ConfigInfo's file
-/// constructor throws.
-std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
 bool isOfLatestVersion(const ConfigInfo& document);
 /// Throws a Refusal unless the document is of the version that this library writes.
 void requireLatestVersion(const ConfigInfo& document, const std::string& file);

@@ -36,19 +36,7 @@ std::unique_ptr<ConfigInfo> parsedInput() {
     }
 }
 
-std::unique_ptr<ConfigInfo> parsed(const std::string& file) {
-    if (file == "-") return parsedInput();
-    try {
-        const std::wstring path = XMLConfig::wideFromUtf8(file);
-        return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
-    } catch (const CorvaneException& fault) {
-        const std::filesystem::path path = std::filesystem::u8path(file);
-        std::error_code ignored;
-        if (!std::filesystem::is_regular_file(path, ignored)) throw;
-        std::ifstream in(path, std::ios::binary);
-        refuse(fault.getMessage(), in ? allOf(in) : std::string());
-    }
-}
+std::unique_ptr<ConfigInfo> parsed(const std::string& file) { return file == "-" ? parsedInput() : openDocument(file); }
 
 /// The version of a document that this program knows.
 double knownVersion(const ConfigInfo& document, const std::wstring& name) {
@@ -68,6 +56,19 @@ void bringUpToDate(ConfigInfo& document, const std::wstring& name) {
 }
 
 }  // namespace
+
+std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
+    try {
+        const std::wstring path = XMLConfig::wideFromUtf8(file);
+        return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
+    } catch (const CorvaneException& fault) {
+        const std::filesystem::path path = std::filesystem::u8path(file);
+        std::error_code ignored;
+        if (!std::filesystem::is_regular_file(path, ignored)) throw Unreadable(fault.getMessage());
+        std::ifstream in(path, std::ios::binary);
+        refuse(fault.getMessage(), in ? allOf(in) : std::string());
+    }
+}
 
 ReadForCheck readForCheck(const std::string& file) {
     try {

@@ -17,6 +17,8 @@ public:
     using Refusal::Refusal;
 };
 
+/// The document as it stands in the file: nothing is converted, counted or stamped. Throws Unreadable.
+std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,
 /// which is said on standard error. Throws Unreadable for everything else.
 std::unique_ptr<ConfigInfo> readDocument(const std::string& file);

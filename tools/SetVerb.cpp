@@ -223,7 +223,8 @@ void setUpSet(CLI::App& app, Request& request) {
                    "Take changes from a file, one a line, as 'show --flat' prints them; - for "
                    "standard input")
         ->type_name("LINES");
-    app.add_flag("--force", request.force, "Add unknown settings and sections too, and store values of another form");
+    app.add_flag("--force", request.force,
+                 "Add unknown settings and sections too, store values of another form, and write what makes errors");
     setUpChanging(app, request);
     app.footer(addressHelp);
 }
@@ -234,11 +235,10 @@ ExitStatus runSet(const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
-    const Showing before(*document);
+    const Before before(*document, request.file);
     Changing changing(*document, request.force);
     for (const Wish& wish : wishes) changing.apply(wish);
-    finishChange("set", *document, changing.changes(), before, request);
-    return Done;
+    return finishChange("set", *document, changing.changes(), before, request);
 }
 
 }  // namespace tool

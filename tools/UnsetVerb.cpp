@@ -64,6 +64,7 @@ void setUpUnset(CLI::App& app, Request& request) {
     app.add_option("ADDRESS", request.operands,
                    "What is to be stored no more, so that it is inherited or its default counts")
         ->required();
+    app.add_flag("--force", request.force, "Write what makes errors too");
     setUpChanging(app, request);
     app.footer(addressHelp);
 }
@@ -75,12 +76,11 @@ ExitStatus runUnset(const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
-    const Showing before(*document);
+    const Before before(*document, request.file);
     std::vector<Change> changes;
     for (const Address& operand : operands)
         for (const Address& place : storedPlaces(*document, operand, request.file)) unset(*document, place, changes);
-    finishChange("unset", *document, changes, before, request);
-    return Done;
+    return finishChange("unset", *document, changes, before, request);
 }
 
 }  // namespace tool

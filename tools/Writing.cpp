@@ -10,6 +10,20 @@
 #include "tools/Reading.h"
 
 namespace tool {
+namespace {
+
+/// The errors that a change makes, for standard error.
+std::wstring refusalText(const FindingChange& findings, const Showing& showing) {
+    std::vector<XMLConfig::Finding> errors;
+    for (const XMLConfig::Finding& finding : findings.fresh)
+        if (finding.severity == XMLConfig::Severity::Error) errors.push_back(finding);
+    std::wstring text = L"nothing was written, for the change makes errors; --force writes it all the same\n" +
+                        findingLines(errors, showing, false);
+    text.pop_back();  // the line end that follows every complaint
+    return text;
+}
+
+}  // namespace
 
 void setUpWriting(CLI::App& app, Request& request) {
     constexpr unsigned day = 24 * 60 * 60;
@@ -26,12 +40,25 @@ void setUpChanging(CLI::App& app, Request& request) {
     setUpWriting(app, request);
 }
 
-void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Showing& before,
-                  const Request& request) {
-    const bool isWritten = !changes.empty() && !request.dryRun;
+Before::Before(const ConfigInfo& document, const std::string& file)
+    : showing(document), findings(findingsOf(document, file)) {}
+
+ExitStatus finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Before& before,
+                        const Request& request) {
+    const FindingChange findings = compareFindings(before.findings, findingsOf(document, request.file));
+    const bool isRefused = findings.newErrors > 0 && !request.force;
+    const bool isWritten = !changes.empty() && !request.dryRun && !isRefused;
+    const ExitStatus status = isRefused ? Refused : Done;
+    const Showing after(document);
     if (isWritten) saveDocument(document, request.file);
-    if (request.json) print(changesJson(verb, request.file, changes, isWritten));
-    else if (!request.quiet) print(changesText(changes, before, request.dryRun, isColoured(request.colour)));
+    if (request.json) print(changesJson(verb, request.file, changes, findings, isWritten, status));
+    if (isRefused) complain(refusalText(findings, after));
+    else if (!request.json && !request.quiet) {
+        const bool isInColour = isColoured(request.colour);
+        print(changesText(changes, before.showing, findingCounts(findings), request.dryRun, isInColour) +
+              findingLines(findings.fresh, after, isInColour));
+    }
+    return status;
 }
 
 std::unique_ptr<XMLConfig::ConfigLock> lockForWriting(const std::string& file, const Request& request) {

@@ -6,6 +6,7 @@
 #include "store/ConfigInfo.h"
 #include "store/ConfigLock.h"
 #include "tools/Changes.h"
+#include "tools/FindingChange.h"
 #include "tools/Verb.h"
 
 /// What the verbs that write have in common.
@@ -16,10 +17,19 @@ void setUpWriting(CLI::App& app, Request& request);
 
 /// The options of the verbs that change settings.
 void setUpChanging(CLI::App& app, Request& request);
+
+/// What a document was before a change of it.
+struct Before {
+    Before(const ConfigInfo& document, const std::string& file);
+
+    Showing showing;
+    std::vector<XMLConfig::Finding> findings;
+};
+
 /// Writes the document where there are changes and it is no dry run, and tells them by the names that the devices had
-/// before.
-void finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Showing& before,
-                  const Request& request);
+/// before, and what the change does to the findings. Changes that make errors are refused without --force.
+ExitStatus finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Before& before,
+                        const Request& request);
 
 /// The lock on a file, to be held from before it is read until it is written. Throws a Refusal that says who has it when
 /// the time that was asked for is over. None in a folder that does not exist: what follows says that it is missing.

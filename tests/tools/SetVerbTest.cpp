@@ -48,16 +48,18 @@ TEST_F(SetVerb, TellsWhatHasChanged) {
               "~ Projector[Dome 3]/Gamma                        2.2 -> 2.4\n"
               "~ Projector[Dome 4]/Gamma                        2.2 -> 2.4\n"
               "~ Projector[Dome 3]/Channel_Extents/Heading/Yaw  22.5° -> 24°\n"
-              "5 changes\n");
+              "5 changes, 0 new findings\n");
     EXPECT_EQ(stored("Projector[Dome 3]/Channel_Extents/Heading/Yaw"), "4.188790204786391e-01\n");
     EXPECT_EQ(stored("Projector[#4]/Gamma"), "2.400000000000000e+00\n");
 }
 
 TEST_F(SetVerb, TellsWhatWasInheritedAndWhatIsNew) {
-    EXPECT_EQ(run("set", {"Projector[Dome 4]/Box_Spacing=2", "ProjMap/Site=Planetarium"}).output,
-              "~ Projector[Dome 4]/Box_Spacing  1.5 (inherited) -> 2\n"
-              "+ ProjMap/Site                   Planetarium\n"
-              "2 changes\n");
+    EXPECT_EQ(
+        run("set", {"Projector[Dome 4]/Box_Spacing=2", "ProjMap/Site=Planetarium"}).output,
+        "~ Projector[Dome 4]/Box_Spacing  1.5 (inherited) -> 2\n"
+        "+ ProjMap/Site                   Planetarium\n"
+        "2 changes, 1 new finding, 1 solved (XC408)\n"
+        "note[XC901] Projector[Dome 4]/Box_Spacing: has no effect now: Geometry/Enable_Automatic_Mapper_Settings is true\n");
 }
 
 TEST_F(SetVerb, UnitsAreConverted) {
@@ -135,7 +137,8 @@ TEST_F(SetVerb, SeveralDevicesAreRefused) {
 
 TEST_F(SetVerb, DryRunAndQuietAreNeitherWrittenNorTold) {
     EXPECT_EQ(run("set", {"--dry-run", "Projector[#1]/Gamma=2.4"}).output,
-              "~ Projector[Dome 1]/Gamma  2.2 -> 2.4\n1 change (dry run, nothing written)\n");
+              "~ Projector[Dome 1]/Gamma  2.2 -> 2.4\n1 change, 1 new finding (dry run, nothing written)\n"
+              "note[XC408] Projector[Dome 1]/Gamma: 2.4, the other 3 projectors have 2.2\n");
     EXPECT_EQ(content(), original);
     EXPECT_EQ(folder.entries(), 1u);
     const ToolRun quiet = run("set", {"--quiet", "Projector[#1]/Gamma=2.4"});
@@ -148,7 +151,9 @@ TEST_F(SetVerb, JsonListsTheChanges) {
     EXPECT_EQ(json, nlohmann::json::parse(R"({"format":1,"verb":"set","file":")" + file() + R"(","written":true,"changes":[
         {"address":"Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma","kind":"changed","old":"2.200000000000000e+00",
          "new":"2.400000000000000e+00"},
-        {"address":"ProjMap/Site","kind":"added","old":null,"new":"x"}],"exit":0})"));
+        {"address":"ProjMap/Site","kind":"added","old":null,"new":"x"}],"newFindings":[
+        {"rule":"XC408","name":"odd-one-out","severity":"note","address":"Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma",
+         "message":"2.4, the other 3 projectors have 2.2"}],"solved":[],"exit":0})"));
 }
 
 TEST_F(SetVerb, PartsOfADeviceSnippetAreSet) {
@@ -157,7 +162,7 @@ TEST_F(SetVerb, PartsOfADeviceSnippetAreSet) {
                   .output,
               "~ Projector[Dome 1]/DeviceSnippet/device/connection/port  3002 -> 3003\n"
               "~ Projector[Dome 1]/DeviceSnippet/device@name             PRJ-1 -> x&y\n"
-              "2 changes\n");
+              "2 changes, 0 new findings\n");
     std::string expected = original;
     expected.replace(expected.find("PRJ-1"), 5, "x&amp;y");
     expected.replace(expected.find("<port>3002"), 10, "<port>3003");
@@ -178,7 +183,7 @@ TEST_F(SetVerb, LinesComeFromAFileOrStandardInput) {
     EXPECT_EQ(stored("ProjMap/Site"), "a\nb\\c\td\n");
     EXPECT_EQ(stored("Projector[#1]/Gamma"), "2.400000000000000e+00\n");
     EXPECT_EQ(run("set", {"--from", "-"}, "printf 'ProjMap/Site=x\\n' |").output,
-              "~ ProjMap/Site  a b\\c d -> x\n1 change\n");
+              "~ ProjMap/Site  a b\\c d -> x\n1 change, 0 new findings\n");
     EXPECT_EQ(run("set", {"--from", (folder.path() / "none").string()}).status, 3);
     EXPECT_EQ(run("set", {}).status, 2);
 }
@@ -190,7 +195,7 @@ TEST_F(SetVerb, UnsetTellsWhatCountsNow) {
     EXPECT_EQ(unset.output,
               "- Projector[Dome 2]/Box_Spacing  2 -> 1.5 (inherited from Geometry)\n"
               "- Geometry/Fit_Solver            5 -> 2 (default)\n"
-              "2 changes\n");
+              "2 changes, 0 new findings, 2 solved (XC408, XC901)\n");
     std::string expected = original;
     for (const std::string line :
          {"    <Box_Spacing>2.000000000000000e+00</Box_Spacing>\n", "    <Fit_Solver>5</Fit_Solver>\n"})
@@ -223,6 +228,40 @@ TEST_F(SetVerb, UnsetIsAllOrNothing) {
 
 TEST_F(SetVerb, UnsetOfAllTakesWhereStored) {
     EXPECT_EQ(run("unset", {"Projector[*]/Box_Spacing"}).output,
-              "- Projector[Dome 2]/Box_Spacing  2 -> 1.5 (inherited from Geometry)\n1 change\n");
+              "- Projector[Dome 2]/Box_Spacing  2 -> 1.5 (inherited from Geometry)\n"
+              "1 change, 0 new findings, 2 solved (XC408, XC901)\n");
     EXPECT_EQ(run("unset", {"Projector[*]/Box_Spacing"}).status, 1);
+}
+
+TEST_F(SetVerb, NewErrorsAreRefusedWithoutForce) {
+    const std::string error = "error[XC501] Screen/Screen_Radius: a Sphere needs it (0)\n";
+    const ToolRun refused = run("set", {"Screen/Screen_Radius=0"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.output, "");
+    EXPECT_EQ(refused.errors,
+              "xmlconfig: nothing was written, for the change makes errors; --force writes it all the same\n" + error);
+    const ToolRun json = run("set", {"--json", "Screen/Screen_Radius=0"});
+    EXPECT_EQ(json.status, 1);
+    const auto answer = nlohmann::json::parse(json.output);
+    EXPECT_FALSE(answer["written"]);
+    EXPECT_EQ(answer["exit"], 1);
+    EXPECT_EQ(answer["newFindings"][0]["rule"], "XC501");
+    EXPECT_EQ(content(), original);
+    const ToolRun forced = run("set", {"--force", "Screen/Screen_Radius=0"});
+    EXPECT_EQ(forced.status, 0);
+    EXPECT_THAT(forced.output, testing::HasSubstr(error));
+    EXPECT_NE(content(), original);
+    EXPECT_EQ(run("set", {"ProjMap/Site=x"}).output, "+ ProjMap/Site  x\n1 change, 0 new findings\n");
+    EXPECT_EQ(nlohmann::json::parse(run("set", {"--json", "Screen/Screen_Radius=5.2"}).output)["solved"][0]["rule"],
+              "XC501");
+}
+
+TEST_F(SetVerb, ShowsTheLineOfAFaultInTheXml) {
+    folder.write(L"dome.skorrax", "<a>\n <b></c>\n</a>\n");
+    for (const char* verb : {"set", "unset"}) {
+        const ToolRun set = run(verb, {verb == std::string("set") ? "ProjMap/Site=x" : "ProjMap/Site"});
+        EXPECT_EQ(set.status, 3);
+        EXPECT_THAT(set.errors, testing::HasSubstr("\n   <b></c>\n"));
+        EXPECT_THAT(set.errors, testing::EndsWith("^\n"));
+    }
 }

@@ -100,8 +100,8 @@ TEST(ShowVerb, FlatLinesAreWhatSetReads) {
     folder.write(L"lines", runTool({"show", "--flat", dome}).output);
     const std::string file = (folder.path() / "dome.skorrax").string();
     const std::string lines = (folder.path() / "lines").string();
-    expectRun(runTool({"set", "--force", file, "--from", lines}), 0, "0 changes\n");
-    EXPECT_EQ(runTool({"set", file, "Projector[*]/Gamma=3", "Color/CameraOrder=x",
+    expectRun(runTool({"set", "--force", file, "--from", lines}), 0, "0 changes, 0 new findings\n");
+    EXPECT_EQ(runTool({"set", "--force", file, "Projector[*]/Gamma=3", "Color/CameraOrder=x",
                        "Camera[#2]/DeviceSnippet/device/ipAddress=192.168.10.99"})
                   .status,
               0);

@@ -272,7 +272,9 @@ TEST_F(Tool, SetChangesExactlyWhatIsNamed) {
     expectRun(runTool({"set", file, "Projector[a/b=c]/Name=x=y ü", "System/RunType=CinemaRun"}), 0,
               "~ Projector[Größe 日本]/Name  Größe 日本 -> x=y ü\n"
               "~ System/RunType              ClassicRun -> CinemaRun\n"
-              "2 changes\n",
+              "2 changes, 1 new finding, 1 solved (XC300)\n"
+              "note[XC300] Projector[x=y ü]/Channel_Extents: neighbours, blends and coverage are not checked before \"x=y "
+              "ü\" is in order\n",
               "");
     std::string expected = hall;
     expected.replace(expected.find("Größe 日本"), std::string("Größe 日本").size(), "x=y ü");
@@ -299,7 +301,8 @@ TEST_F(Tool, SetAddsKnownSettings) {
               "+ Geometry/Box_Spacing                 1.75\n"
               "+ ProjectorApprovedSlots/Slot[4]/Name  Foyer\n"
               "+ ProjMap/any/key                      1\n"
-              "3 changes\n",
+              "3 changes, 1 new finding\n"
+              "note[XC901] Geometry/Box_Spacing: has no effect now: Geometry/Enable_Automatic_Mapper_Settings is true\n",
               "");
     expectRun(runTool({"get", file, "Geometry/Box_Spacing", "ProjectorApprovedSlots/Slot[4]/Name", "ProjMap/any/key"}), 0,
               "Geometry/Box_Spacing\t1.750000000000000e+00\nProjectorApprovedSlots/Slot[4]/Name\tFoyer\n"
@@ -348,12 +351,22 @@ TEST_F(Tool, SetRefusesWhatXmlCannotHold) {
 
 TEST_F(Tool, SetByForceStoresAnything) {
     const std::string file = hallFile();
-    expectRun(runTool({"set", "--force", file, "System/Is_Camera_Used=maybe", "Projector[2]/Nickname=x", "Mine/Own=1"}), 0,
-              "~ System/Is_Camera_Used  true -> maybe\n"
-              "+ Projector[2]/Nickname  x\n"
-              "+ Mine/Own               1\n"
-              "3 changes\n",
-              "");
+    expectRun(
+        runTool({"set", "--force", file, "System/Is_Camera_Used=maybe", "Projector[2]/Nickname=x", "Mine/Own=1"}), 0,
+        "~ System/Is_Camera_Used  true -> maybe\n"
+        "+ Projector[2]/Nickname  x\n"
+        "+ Mine/Own               1\n"
+        "3 changes, 8 new findings, 1 solved (XC300)\n"
+        "error[XC103] System/Is_Camera_Used: \"maybe\" is not of type bool; the application reads true\n"
+        "error[XC309] Projector[2]/Channel_Extents: has no channel yet\n"
+        "warning[XC202] Projector[2]/DeviceSnippet: \"2\" has no device snippet\n"
+        "warning[XC217] Geometry/Projector_Count: reads 1, but there are 2 projectors\n"
+        "warning[XC218] Geometry/Projector_Layout_Width: the layout of 1 x 1 has room for 1, but there are 2 projectors\n"
+        "note[XC104] Projector[2]/Nickname: there is no such setting\n"
+        "note[XC105] Mine: there is no such section\n"
+        "note[XC300] Projector[Größe 日本]/Channel_Extents: neighbours, blends and coverage are not checked before \"Größe "
+        "日本\" and 1 other are in order\n",
+        "");
     expectRun(runTool({"get", file, "System/Is_Camera_Used", "Projector[2]/Nickname", "Mine/Own"}), 0,
               "System/Is_Camera_Used\tmaybe\nProjector[2]/Nickname\tx\nMine/Own\t1\n", "");
     const ToolRun run = runTool({"check", "--only", "XC103,XC104,XC105", file});
@@ -397,7 +410,7 @@ TEST_F(Tool, SetTellsThatAnElementStays) {
 TEST_F(Tool, SettingWhatIsStoredLeavesTheFileAlone) {
     const std::string file = hallFile();
     const auto before = std::filesystem::last_write_time(file);
-    expectRun(runTool({"set", file, "System/RunType=ClassicRun"}), 0, "0 changes\n", "");
+    expectRun(runTool({"set", file, "System/RunType=ClassicRun"}), 0, "0 changes, 0 new findings\n", "");
     EXPECT_EQ(std::filesystem::last_write_time(file), before);
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
 }
@@ -465,7 +478,9 @@ TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
         EXPECT_EQ(runTool({"new", file}, locale).status, 0);
         expectRun(runTool({"new", file}, locale), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
         expectRun(runTool({"set", file, "System/Skorra_File=Zürich 🎥.skorrax", "Geometry/Box_Spacing=1.75"}, locale), 0,
-                  "+ System/Skorra_File    Zürich 🎥.skorrax\n~ Geometry/Box_Spacing  1.5 -> 1.75\n2 changes\n", "");
+                  "+ System/Skorra_File    Zürich 🎥.skorrax\n~ Geometry/Box_Spacing  1.5 -> 1.75\n2 changes, 1 new finding\n"
+                  "note[XC901] Geometry/Box_Spacing: has no effect now: Geometry/Enable_Automatic_Mapper_Settings is true\n",
+                  "");
         expectRun(runTool({"get", file, "System/Skorra_File"}, locale), 0, "Zürich 🎥.skorrax\n", "");
         expectRun(runTool({"get", file, "System/Größe"}, locale), 1, "", "xmlconfig: " + file + ": holds no System/Größe\n");
     }
