@@ -44,7 +44,10 @@ std::optional<std::wstring> lineOf(const std::string& text, std::size_t line) {
     return XMLConfig::wideFromUtf8(bytes);
 }
 
-std::size_t unitsOf(wchar_t character) { return static_cast<unsigned long>(character) > 0xFFFFUL ? 2 : 1; }
+std::size_t unitsOf(wchar_t character) {
+    const auto code = static_cast<char32_t>(character);
+    return code > 0xFFFF ? 2 : 1;
+}
 
 /// The index of the character that holds a column.
 std::size_t indexOf(const std::wstring& line, std::size_t column) {
