@@ -11,6 +11,7 @@
 #include "platform/Utf8.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
+#include "tools/ManualPage.h"
 #include "tools/Output.h"
 #include "tools/Reading.h"
 #include "tools/Suggestion.h"
@@ -68,6 +69,7 @@ public:
     }
 
     int run(const std::vector<std::string>& arguments) {
+        if (arguments.size() == 2 && arguments[0] == "--man") return printManual(arguments[1]);
         if (const std::optional<std::string> unknown = unknownVerb(arguments)) return refuseUnknownVerb(*unknown);
         try {
             m_app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -105,6 +107,16 @@ private:
         complain(std::string(error.what()));
         complain("see 'xmlconfig " + (chosen.empty() ? "" : chosen[0]->get_name() + " ") + "--help'");
         return WrongUsage;
+    }
+
+    /// For the build, which makes the manual pages; no help names it.
+    int printManual(const std::string& name) const {
+        const bool whole = name == "xmlconfig";
+        if (!whole && unknownVerb({name})) return refuseUnknownVerb(name);
+        const CLI::App& app = whole ? m_app : *m_app.get_subcommand(name);
+        const std::string page = manualPage(app, whole ? name : "xmlconfig " + name, "xmlconfig " XMLCONFIG_VERSION);
+        print(XMLConfig::wideFromUtf8(page));
+        return flushOutput() ? Done : Refused;
     }
 
     int runVerb() const {
