@@ -72,6 +72,7 @@ void endChange(Change& change, const ConfigInfo& document) {
 std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, const std::wstring& counts,
                          bool isDryRun, bool isColoured) {
     std::vector<std::vector<std::wstring>> rows;
+    rows.reserve(changes.size());
     for (const Change& change : changes)
         rows.push_back({markOf(change, isColoured) + L" " + showing.address(change.address, change.place),
                         whatHappened(change, showing)});

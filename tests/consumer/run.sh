@@ -98,8 +98,9 @@ if [ "$kind" = static ]; then
 fi
 
 say "installing to folders given as absolute paths"
-apart=$work/apart
-rm -rf "$apart"
+# CMake refuses folders of headers below the sources, where this script may be told to work.
+apart=$(mktemp -d)
+trap 'rm -rf "$apart"' EXIT
 configureLibrary "$apart/prefix" "$apart/libraries" "$apart/headers" > /dev/null
 cmake --build "$work/library" -j "$jobs" > /dev/null
 cmake --install "$work/library" > /dev/null

@@ -149,6 +149,7 @@ TEST(BothPaths, MakeEqualTreesAndBytes) {
 
 // The parser that is kept from one load to the next against a new one.
 TEST(BothPaths, ReadFilesAlikeOneAfterTheOther) {
+    XMLConfig::detail::startXmlLibrary();
     const TemporaryFolder folder;
     RandomText random(11);
     int refused = 0;
