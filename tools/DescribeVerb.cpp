@@ -37,6 +37,7 @@ std::wstring padded(const std::wstring& text, std::size_t width) {
 
 void printList(const std::vector<Setting>& settings) {
     std::vector<std::vector<std::wstring>> rows;
+    rows.reserve(settings.size());
     for (const Setting& setting : settings) rows.push_back({addressOf(setting), nameOf(setting.type), setting.meaning});
     print(tableText(rows, L""));
 }

@@ -37,7 +37,7 @@ std::wstring answer(const Request& request, const XMLConfig::Difference& differe
     if (request.brief) return diffStatistics(difference, request.all);
     if (!request.lines) return diffText(difference, compared, request.all, isColoured(request.colour));
     std::size_t leftOut = 0;
-    const std::wstring lines = diffLines(difference, compared, leftOut);
+    std::wstring lines = diffLines(difference, compared, leftOut);
     if (leftOut > 0)
         complain(std::to_string(leftOut) + " differences cannot be told as lines; diff without --lines shows them");
     return lines;
