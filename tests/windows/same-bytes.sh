@@ -15,12 +15,24 @@ for system in linux windows; do
 done
 
 runs=0
+# say SYSTEM COMMAND...: what it says and how it ends, in that system's folder.
+say() {
+    system=$1
+    shift
+    status=0
+    (cd "$work/$system" && exec "$@") > "$work/$system.said/$runs.out" 2> "$work/$system.said/$runs.err" || status=$?
+    echo "$status" > "$work/$system.said/$runs.status"
+}
 # run ARGUMENT...: both tools, each in its folder.
 run() {
     runs=$((runs + 1))
-    (cd "$work/linux" && "$own" "$@" > "$work/linux.said/$runs.out" 2> "$work/linux.said/$runs.err"; echo "$? $*" > "$work/linux.said/$runs.status")
-    (cd "$work/windows" && "$wine" "$tool" "$@" > "$work/windows.said/$runs.out" 2> "$work/windows.said/$runs.err"; echo "$? $*" > "$work/windows.said/$runs.status")
+    printf '%s\n' "$*" > "$work/$runs.arguments"
+    say linux "$own" "$@"
+    say windows "$wine" "$tool" "$@"
 }
+
+# The first program makes the emulator's folder, and talks about it.
+"$wine" "$tool" --version > "$work/first" 2>&1
 
 run new new.skorrax
 run new new.skorrax
