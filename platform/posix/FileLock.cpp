@@ -140,11 +140,11 @@ struct FileLock::Parts {
     Descriptor locked;
     Descriptor named;
 
-    [[nodiscard]] Attempt takeFolder() {
+    [[nodiscard]] Attempt takeFolder(Descriptor& taken) const {
         Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         if (!opened.isOpen()) return notToBeHad(path, errno);
         if (lockFolder(opened.value()) == -1) return errno == EWOULDBLOCK ? Attempt::Busy : notToBeHad(path, errno);
-        locked = std::move(opened);
+        taken = std::move(opened);
         return Attempt::Taken;
     }
 };
@@ -158,13 +158,18 @@ FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>()
 
 FileLock::~FileLock() = default;
 
+// Nothing is kept of an attempt that is not a success, also of one that ends with an exception.
 bool FileLock::tryTake() {
-    const Attempt folder = m_parts->takeFolder();
+    Descriptor locked;
+    Descriptor named;
+    const Attempt folder = m_parts->takeFolder(locked);
     if (folder == Attempt::Busy) return false;
-    const Attempt name = takeName(m_parts->path, m_parts->status, m_parts->named);
-    if (name == Attempt::Busy) m_parts->locked = Descriptor();
+    const Attempt name = takeName(m_parts->path, m_parts->status, named);
+    if (name == Attempt::Busy) return false;
     if (folder == Attempt::NotToBeHad && name == Attempt::NotToBeHad) throwFileError(purpose, m_parts->path, ENOTSUP);
-    return name != Attempt::Busy;
+    m_parts->locked = std::move(locked);
+    m_parts->named = std::move(named);
+    return true;
 }
 
 long FileLock::holder() const { return holderOf(m_parts->status); }

@@ -4,11 +4,13 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <csignal>
 
+#include "platform/Files.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Unprivileged.h"
 
@@ -57,6 +59,25 @@ private:
 };
 
 bool isFreeFor(uid_t user, const std::wstring& path) { return OtherHolder(path, user).isHolding(); }
+
+/// While it lives, this process can open one more file.
+class OneDescriptorLeft {
+public:
+    OneDescriptorLeft() {
+        ::getrlimit(RLIMIT_NOFILE, &m_before);
+        const int lowestFree = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+        ::close(lowestFree);
+        rlimit limit = m_before;
+        limit.rlim_cur = static_cast<rlim_t>(lowestFree) + 1;
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~OneDescriptorLeft() { ::setrlimit(RLIMIT_NOFILE, &m_before); }
+    OneDescriptorLeft(const OneDescriptorLeft&) = delete;
+    OneDescriptorLeft& operator=(const OneDescriptorLeft&) = delete;
+
+private:
+    rlimit m_before{};
+};
 
 constexpr uid_t somebody = Unprivileged::nobody - 1;
 
@@ -144,5 +165,16 @@ TEST(FileLockOfPosix, HoldsAgainstThoseWhoSeeTheFolderAlone) {
     FileLock lock(folder.file(L"hall.skorrax"));
     EXPECT_FALSE(lock.tryTake());
     ::close(opened);
+    EXPECT_TRUE(lock.tryTake());
+}
+
+TEST(FileLockOfPosix, KeepsNothingOfAnAttemptThatRunsShort) {
+    const TemporaryFolder folder;
+    FileLock lock(folder.file(L"hall.skorrax"));
+    {
+        const OneDescriptorLeft shortage;
+        EXPECT_THROW((void)lock.tryTake(), XMLConfig::detail::FileError);
+    }
+    EXPECT_TRUE(FileLock(folder.file(L"hall.skorrax")).tryTake());
     EXPECT_TRUE(lock.tryTake());
 }
