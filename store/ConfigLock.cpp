@@ -1,5 +1,7 @@
 #include "store/ConfigLock.h"
 
+#include <algorithm>
+
 #include "platform/Environment.h"
 #include "platform/FileLock.h"
 #include "platform/Files.h"
@@ -36,7 +38,8 @@ std::unique_ptr<detail::FileLock> taken(const std::wstring& path, std::chrono::m
 
 }  // namespace
 
-ConfigLock::ConfigLock(const std::wstring& path, std::chrono::milliseconds patience) : m_lock(taken(path, patience)) {}
+ConfigLock::ConfigLock(const std::wstring& path, std::chrono::milliseconds patience)
+    : m_lock(taken(path, std::max(patience, std::chrono::milliseconds::zero()))) {}
 
 ConfigLock::~ConfigLock() = default;
 

@@ -18,6 +18,7 @@ public:
     /// The file has been made or replaced, and holds that content unless somebody else was quick.
     void wasWritten(std::uint64_t content) noexcept;
 
+    /// Whether that is a name of the file, in another spelling or by a link perhaps.
     [[nodiscard]] bool isOf(const std::wstring& path) const;
     /// Whether the file is gone or holds other bytes than it did. It is read only where its stamp leaves that open.
     [[nodiscard]] bool hasChanged() const;

@@ -6,6 +6,7 @@
 
 #include "store/ConfigLock.h"
 #include "store/ContentHash.h"
+#include "store/DocumentSaving.h"
 #include "store/FileState.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/support/LogCapture.h"
@@ -32,6 +33,12 @@ LogLine overwritten(const TemporaryFolder& folder) {
 /// The file looks as if it had been written long ago; only the time of its last change cannot be set.
 void makeOld(const std::filesystem::path& file) {
     std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() - std::chrono::hours(48));
+}
+
+bool makeLink(const std::filesystem::path& link, const std::filesystem::path& target) {
+    std::error_code error;
+    std::filesystem::create_symlink(target, link, error);
+    return !error;
 }
 
 }  // namespace
@@ -126,6 +133,31 @@ TEST(FileChange, OtherSpellingsOfThePathAreTheSameFile) {
     EXPECT_EQ(log.lines().size(), 1u);
 }
 
+TEST(FileChange, LinksLeadToTheSameFile) {
+    const TemporaryFolder folder;
+    const std::wstring file = folder.write(L"a.skorrax", small);
+    if (!makeLink(folder.at(L"link.skorrax"), "a.skorrax")) GTEST_SKIP() << "needs the right to make links";
+    const auto warningsOf = [&](const std::wstring& loaded, const std::wstring& saved) {
+        folder.write(L"a.skorrax", small);
+        ConfigInfo document(loaded);
+        folder.write(L"a.skorrax", sameSize);
+        const LogCapture log;
+        document.save(saved);
+        return log.lines().size();
+    };
+    EXPECT_EQ(warningsOf(file, folder.file(L"link.skorrax")), 1u);
+    EXPECT_EQ(warningsOf(folder.file(L"link.skorrax"), file), 1u);
+}
+
+TEST(FileChange, CopyByALinkIsOneOfTheFileItself) {
+    const TemporaryFolder folder;
+    ConfigInfo document(folder.write(L"a.skorrax", small));
+    if (!makeLink(folder.at(L"link.skorrax"), "a.skorrax")) GTEST_SKIP() << "needs the right to make links";
+    document.setStringItem(L"S", L"A", L"3", {}, {}, {});
+    XMLConfig::detail::saveCopy(document, folder.file(L"link.skorrax"));
+    EXPECT_FALSE(hasFileChanged(document));
+}
+
 TEST(FileChange, RelativeNameMeansTheFolderThatWasCurrent) {
     const TemporaryFolder folder;
     const std::filesystem::path before = std::filesystem::current_path();
@@ -188,6 +220,14 @@ TEST(ConfigLock, WaitsAndSaysForWhom) {
                   path + L" is being written by another part of this program (process " + process + L"), waited 20 ms");
         EXPECT_EQ(busy.getMessage(), L"Error ConfigLock: " + busy.getReason());
     }
+}
+
+TEST(ConfigLock, PatienceBelowNothingIsNone) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"hall.skorrax");
+    const XMLConfig::ConfigLock held(path);
+    const std::wstring message = messageOf([&] { const XMLConfig::ConfigLock second(path, std::chrono::milliseconds(-5)); });
+    EXPECT_EQ(message.substr(message.rfind(L',')), L", waited 0 s");
 }
 
 TEST(ConfigLock, SavesNeedNoneAndAreNotKeptFromIt) {
