@@ -20,6 +20,9 @@
 /// Guards: another version at compile time leaves all of this out, and before anything reaches in at run time
 /// examineLinks compares the library that was loaded with the one compiled against, by its version and by a small tree.
 /// Where either differs, linksAreKnown says so and the library's public functions serve, slower but with the same result.
+/// The patch number cannot be compared: the running library tells it nowhere, only its header does. Nor need it be, since
+/// 3.2.0 and all later 3.2 stand for each other under one file name and so must keep the members of their classes; a
+/// build that does not is seen by the small tree.
 namespace XMLConfig::detail {
 
 /// Whether the members of that version are those written down here. `className` is what the library, as it was loaded,
