@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -10,6 +11,7 @@
 #include "platform/DiagnosticsFolder.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/posix/OtherUser.h"
+#include "tests/support/posix/SystemCalls.h"
 
 namespace {
 
@@ -46,6 +48,18 @@ TEST_F(OwnFolder, IsClosedToOthersWhateverTheMask) {
     ::umask(0777);
     EXPECT_FALSE(makePrivateFolder(m_above.file(L"unreachable")).path.empty());
     ::umask(maskBefore);
+}
+
+TEST_F(OwnFolder, IsNotLeftOpenToPrograms) {
+    int closed = 0;
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        if (call.name != "close") return 0;
+        EXPECT_EQ(::fcntl(call.descriptor, F_GETFD) & FD_CLOEXEC, FD_CLOEXEC);
+        ++closed;
+        return 0;
+    });
+    makePrivateFolder(m_path);
+    EXPECT_EQ(closed, 1);
 }
 
 TEST_F(OwnFolder, ThatOthersCouldReadIsClosed) {

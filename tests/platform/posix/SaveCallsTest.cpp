@@ -183,6 +183,7 @@ TEST_F(SaveCalls, LeaveNoDescriptorToAChild) {
             }
             return isNameless ? 0 : withoutNameless(call);
         });
+        m_folder.write(L".saving-0123456789abcdef0003", "what a killed save left");
         replaceFile(m_path, "new");
         fs::remove(m_folder.at(L"b"));
         copyToNewFile(m_path, m_folder.file(L"b"));
