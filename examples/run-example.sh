@@ -43,7 +43,13 @@ say xmlconfig upgrade --explain history/dome-1.500.skorra -o upgraded.skorrax
 mkdir history
 cp "$examples/history/dome-1.500.skorra" history/
 chmod u+w history/dome-1.500.skorra
-"$xmlconfig" upgrade --explain history/dome-1.500.skorra -o upgraded.skorrax
+# Status 1: a camera of a type that is not known any more is lost.
+status=0
+"$xmlconfig" upgrade --explain history/dome-1.500.skorra -o upgraded.skorrax || status=$?
+if [ "$status" -ne 1 ]; then
+    echo "run-example.sh: the upgrade ended with status $status, not 1" >&2
+    exit 1
+fi
 
 say xmlconfig show upgraded.skorrax
 "$xmlconfig" show upgraded.skorrax

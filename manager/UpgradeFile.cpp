@@ -1,5 +1,6 @@
 #include "manager/UpgradeFile.h"
 
+#include "manager/upgrade/Losses.h"
 #include "platform/Cancellation.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
@@ -81,7 +82,10 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     const double version = document.getVersion();
     UpgradeFileReport report;
     report.target = request.target.empty() ? request.path : request.target;
+    const std::vector<LostDevice> cameras = detail::camerasOf(document);
     report.status = upgradeDocument(document, &report.receipt);
+    report.lost = detail::lostOf(cameras, report.receipt);
+    report.dangling = detail::danglingReferences(document, report.receipt);
     if (report.status == UpgradeFailed) {
         refuse(request.path, L"is of file version " + detail::versionText(version) + L", which is newer than this library");
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "manager/Upgrade.h"
 #include "platform/Export.h"
@@ -14,12 +15,30 @@ struct UpgradeFileRequest {
     bool writesFiles = true;   ///< false to convert in memory only, and be told what would be done
 };
 
+/// A device that the upgrade drops, with everything in it.
+struct LostDevice {
+    std::wstring section;
+    std::wstring id;
+    std::wstring name;         ///< "" where it has none
+    std::size_t settings = 0;  ///< how many items the file held for it
+    std::wstring type;         ///< the camera type that is not known any more; "" where it stated none
+};
+
+/// A setting that names a camera by the ID that it had before the upgrade, and so names none.
+struct DanglingReference {
+    std::wstring address;
+    std::wstring value;
+    std::wstring newValue;  ///< the value with the cameras' new IDs
+};
+
 /// What upgradeFile did, or would do.
 struct UpgradeFileReport {
     VersionUpgradeEnum status = NoUpgradeRequired;  ///< never UpgradeFailed
     std::wstring target;                            ///< the file that holds the result
     std::wstring backup;                            ///< the file that holds the old one; "" where none is kept
     UpgradeReceipt receipt;                         ///< what each step did
+    std::vector<LostDevice> lost;
+    std::vector<DanglingReference> dangling;
 };
 
 /// Brings a file to the latest version.

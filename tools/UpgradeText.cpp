@@ -5,6 +5,7 @@
 
 #include "platform/Utf8.h"
 #include "store/Address.h"
+#include "tools/UpgradeSummary.h"
 
 namespace tool {
 namespace {
@@ -92,6 +93,27 @@ Json jsonOf(const XMLConfig::UpgradeStepReport& step) {
     return {{"version", step.version}, {"summary", jsonOf(step.summary)}, {"changes", changes}};
 }
 
+void addLosses(Json& json, const UpgradeOutcome& outcome) {
+    for (const char* const member : {"lost", "renamed", "dangling"}) json[member] = Json::array();
+    for (const auto& device : outcome.report.lost) {
+        json["lost"].push_back({{"section", jsonOf(device.section)},
+                                {"id", jsonOf(device.id)},
+                                {"name", jsonOf(device.name)},
+                                {"settings", device.settings}});
+    }
+    for (const auto& step : outcome.report.receipt.steps) {
+        for (const UpgradeChange& change : step.changes) {
+            if (change.kind == UpgradeChange::Kind::Renamed) json["renamed"].push_back(jsonOf(change));
+        }
+    }
+    for (const auto& reference : outcome.report.dangling) {
+        json["dangling"].push_back({{"address", jsonOf(reference.address)},
+                                    {"oldValue", jsonOf(reference.value)},
+                                    {"newValue", jsonOf(reference.newValue)},
+                                    {"command", jsonOf(followingCommand(outcome, reference))}});
+    }
+}
+
 Json jsonOf(const UpgradeOutcome& outcome) {
     Json json = {{"file", jsonOf(outcome.file)}};
     if (!outcome.fault.empty()) {
@@ -106,6 +128,7 @@ Json jsonOf(const UpgradeOutcome& outcome) {
     if (!isUpgraded) return json;
     json["from"] = outcome.report.receipt.fromVersion;
     json["to"] = outcome.report.receipt.toVersion;
+    addLosses(json, outcome);
     json["steps"] = Json::array();
     for (const auto& step : outcome.report.receipt.steps) json["steps"].push_back(jsonOf(step));
     return json;
@@ -116,6 +139,7 @@ Json jsonOf(const UpgradeOutcome& outcome) {
 UpgradeCounts countOf(const std::vector<UpgradeOutcome>& outcomes) {
     UpgradeCounts counts;
     for (const UpgradeOutcome& outcome : outcomes) {
+        if (!outcome.report.lost.empty()) ++counts.lost;
         if (!outcome.fault.empty()) ++counts.failed;
         else if (outcome.report.status == XMLConfig::Upgraded) ++counts.upgraded;
         else ++counts.current;
@@ -133,6 +157,7 @@ std::wstring upgradeLine(const UpgradeOutcome& outcome) {
     }
     if (report.target != outcome.file) line += L", in " + report.target;
     if (!report.backup.empty()) line += L", the old file is " + report.backup;
+    for (const auto& device : report.lost) line += L", lost " + lostName(device);
     return outcome.isDryRun ? line + L" (dry run, nothing written)" : line;
 }
 
@@ -152,7 +177,8 @@ std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt) {
 std::wstring countLine(const std::vector<UpgradeOutcome>& outcomes) {
     const UpgradeCounts counts = countOf(outcomes);
     return XMLConfig::wideFromUtf8(std::to_string(counts.upgraded) + " upgraded, " + std::to_string(counts.current) +
-                                   " at the latest version already, " + std::to_string(counts.failed) + " failed");
+                                   " at the latest version already, " + std::to_string(counts.failed) + " failed" +
+                                   (counts.lost == 0 ? "" : "; " + std::to_string(counts.lost) + " lost something"));
 }
 
 std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes) {
@@ -165,7 +191,7 @@ std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes) {
                  {"failed", counts.failed},
                  {"files", Json::array()}};
     for (const UpgradeOutcome& outcome : outcomes) json["files"].push_back(jsonOf(outcome));
-    json["exit"] = counts.failed == 0 ? 0 : 1;
+    json["exit"] = counts.failed + counts.lost == 0 ? 0 : 1;
     return XMLConfig::wideFromUtf8(json.dump(2)) + L"\n";
 }
 

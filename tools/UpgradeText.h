@@ -19,6 +19,7 @@ struct UpgradeCounts {
     std::size_t upgraded = 0;
     std::size_t current = 0;
     std::size_t failed = 0;
+    std::size_t lost = 0;  ///< of the upgraded, how many lost a device
 };
 UpgradeCounts countOf(const std::vector<UpgradeOutcome>& outcomes);
 
@@ -26,7 +27,7 @@ UpgradeCounts countOf(const std::vector<UpgradeOutcome>& outcomes);
 std::wstring upgradeLine(const UpgradeOutcome& outcome);
 /// Lines about each step and each change; "" where there was no step.
 std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt);
-/// "2 upgraded, 1 at the latest version already, 0 failed"
+/// "2 upgraded, 1 at the latest version already, 0 failed; 1 lost something"
 std::wstring countLine(const std::vector<UpgradeOutcome>& outcomes);
 /// One object, with a line end.
 std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes);

@@ -6,6 +6,7 @@
 #include "platform/Utf8.h"
 #include "tools/Configuration.h"
 #include "tools/Output.h"
+#include "tools/UpgradeSummary.h"
 #include "tools/UpgradeText.h"
 #include "tools/Verb.h"
 #include "tools/Writing.h"
@@ -55,7 +56,8 @@ void printOutcome(const UpgradeOutcome& outcome, const Request& request) {
     if (!outcome.fault.empty()) complain(outcome.file + L": not upgraded: " + outcome.fault);
     if (request.json) return;
     if (outcome.fault.empty()) print(upgradeLine(outcome) + L"\n");
-    if (request.explain) print(explanation(outcome.report.receipt));
+    if (request.explain && outcome.fault.empty()) print(upgradeSummary(outcome));
+    if (request.steps) print(explanation(outcome.report.receipt));
 }
 
 }  // namespace
@@ -65,7 +67,8 @@ void setUpUpgrade(CLI::App& app, Request& request) {
     // An empty name, as an unset variable gives, must not fall back to converting in place.
     const auto isNamed = [](const std::string& name) { return std::string(name.empty() ? "the file name is empty" : ""); };
     app.add_option("-o,--output", request.target, "Where the result goes, a file that does not exist yet")->check(isNamed);
-    app.add_flag("--explain", request.explain, "Tell what each step did");
+    app.add_flag("--explain", request.explain, "Tell what was lost, renamed, moved and dropped");
+    app.add_flag("--steps", request.steps, "Tell every change of each step");
     app.add_flag("--json", request.json, "Tell everything as JSON");
     app.add_flag("--dry-run", request.dryRun, "Write nothing");
     setUpWriting(app, request);
@@ -73,7 +76,7 @@ void setUpUpgrade(CLI::App& app, Request& request) {
         "Without --output a file is converted in place; the old one is kept beside it as FILE.v1.500.bak,\n"
         "with the version it had. A file that fails is left as it was, and the others are gone on with.\n"
         "\n"
-        "Exit status: 0 all done, 1 some failed, 2 wrong usage.");
+        "Exit status: 0 all done, 1 some failed or lost a device, 2 wrong usage.");
 }
 
 ExitStatus runUpgrade(const Request& asked) {
@@ -94,7 +97,8 @@ ExitStatus runUpgrade(const Request& asked) {
         if (!request.json) outcomes.back().report.receipt.steps.clear();  // printed already, and large
     }
     print(request.json ? upgradeJson(outcomes) : countLine(outcomes) + L"\n");
-    const bool isAllDone = countOf(outcomes).failed == 0;
+    const UpgradeCounts counts = countOf(outcomes);
+    const bool isAllDone = counts.failed + counts.lost == 0;
     return isAllDone ? Done : Refused;
 }
 

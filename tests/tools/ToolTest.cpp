@@ -518,8 +518,9 @@ TEST_F(Tool, ExampleRuns) {
                                   "<     <Name>Dome 2</Name>\n"
                                   "---\n"
                                   ">     <Name>Dome, left of the middle</Name>\n"));
-    EXPECT_THAT(output, HasSubstr("\nhistory/dome-1.500.skorra: version 1.500 -> 9.000, in upgraded.skorrax\n"));
-    EXPECT_THAT(output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed\n"));
+    EXPECT_THAT(output, HasSubstr("\nhistory/dome-1.500.skorra: version 1.500 -> 9.000, in upgraded.skorrax, lost "
+                                  "Camera[3] \"Old analogue\"\n"));
+    EXPECT_THAT(output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed; 1 lost something\n"));
     EXPECT_THAT(output, HasSubstr("\nFile        upgraded.skorrax, version 9.000, build "));
 }
 

@@ -63,7 +63,7 @@ std::optional<std::string> shownOnATerminal(const std::vector<std::string>& argu
     }
     ::close(kept);
     ::close(screen);
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(status, 1);  // a camera is lost
     EXPECT_NE(end, std::string::npos);
     return shown.substr(0, end);
 }
@@ -158,11 +158,11 @@ TEST_F(UpgradeVerb, DryRunWritesNothing) {
     EXPECT_EQ(folder.entries(), 1u);
 }
 
-TEST_F(UpgradeVerb, ExplainTellsWhatEachStepDid) {
+TEST_F(UpgradeVerb, StepsTellsWhatEachStepDid) {
     const std::string file = write("hall.skorrax", "7.5",
                                    "<Screen><Unit>Feet</Unit></Screen><Geometry><Fit_Solver>5</Fit_Solver></Geometry>"
                                    "<Camera ID=\"1\"><CameraType>0</CameraType></Camera><Camera ID=\"2\"/>");
-    const ToolRun run = runTool({"upgrade", "--explain", "--dry-run", file});
+    const ToolRun run = runTool({"upgrade", "--steps", "--dry-run", file});
     EXPECT_THAT(run.output,
                 HasSubstr("\n  to 8.000: fit solver and overlap unit\n"
                           "    changed Geometry/Fit_Solver: 5 -> 1\n"
@@ -180,8 +180,54 @@ TEST_F(UpgradeVerb, StepThatFoundNothingSaysSo) {
     const std::string file = write("hall.skorrax", "7.5",
                                    "<Geometry><Fit_Solver>1</Fit_Solver></Geometry>"
                                    "<TargetLocator><Overlap_Display_Unit>Percent</Overlap_Display_Unit></TargetLocator>");
-    EXPECT_THAT(runTool({"upgrade", "--explain", "--dry-run", file}).output,
+    EXPECT_THAT(runTool({"upgrade", "--steps", "--dry-run", file}).output,
                 HasSubstr("  to 8.000: fit solver and overlap unit\n    nothing to do\n"));
+}
+
+TEST_F(UpgradeVerb, ExplainTellsInShortWhatBecameOfTheFile) {
+    const ToolRun run = runTool({"upgrade", "--explain", "--dry-run", "examples/history/dome-8.000.skorrax"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(
+        run.output,
+        HasSubstr(", lost Camera[3] \"Old analogue\" (dry run, nothing written)\n"
+                  "  lost     Camera[3] \"Old analogue\" with its 14 settings: cameras of type 7 are not known any more\n"
+                  "  renamed  Camera[1] -> PGR***00:b0:9d:00:00:01, Camera[2] -> PGR***00:b0:9d:00:00:02; nothing refers "
+                  "to the cameras' old IDs\n"
+                  "  moved    Screen/Unit -> System/Length_Unit, Screen/AngleUnit -> System/AngleUnit\n"
+                  "  shared   6 settings stand in Geometry now, 16 of the projectors' own went\n"
+                  "  joined   12 settings of cameras into their device snippets\n"
+                  "  gone     15 settings that version 9.0 does not know (--steps lists every change)\n"));
+    EXPECT_THAT(run.output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed; 1 lost something\n"));
+}
+
+TEST_F(UpgradeVerb, ReferencesToRenamedCamerasComeWithTheCommandThatFollows) {
+    const std::string file = write("hall.skorrax", "8.0",
+                                   "<Camera ID=\"1\"><CameraType>0</CameraType></Camera>"
+                                   "<Color><CameraOrder>1,9</CameraOrder></Color>"
+                                   "<Projector ID=\"P\"><Associated_Camera_Id_1>1</Associated_Camera_Id_1>"
+                                   "<Associated_Camera_Id_2>9</Associated_Camera_Id_2></Projector>");
+    const ToolRun run = runTool({"upgrade", "--explain", "--dry-run", file});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, HasSubstr("  dangling Color/CameraOrder = 1,9: xmlconfig set " + file +
+                                      " 'Color/CameraOrder=PGR***,9'\n"
+                                      "  dangling Projector[P]/Associated_Camera_Id_1 = 1: xmlconfig set " +
+                                      file + " 'Projector[P]/Associated_Camera_Id_1=PGR***'\n"));
+    EXPECT_THAT(run.output, Not(HasSubstr("Associated_Camera_Id_2 =")));
+}
+
+TEST_F(UpgradeVerb, JsonTellsLosses) {
+    const std::string file = write("hall.skorrax", "8.0",
+                                   "<Camera ID=\"1\"><CameraType>0</CameraType></Camera>"
+                                   "<Camera ID=\"2\"><Name>Old</Name></Camera>"
+                                   "<Color><CameraOrder>1</CameraOrder></Color>");
+    const auto json = nlohmann::json::parse(runTool({"upgrade", "--json", "--dry-run", file}).output);
+    const auto& first = json["files"][0];
+    EXPECT_EQ(json["exit"], 1);
+    EXPECT_EQ(first["lost"], nlohmann::json::parse(R"([{"section":"Camera","id":"2","name":"Old","settings":1}])"));
+    ASSERT_EQ(first["renamed"].size(), 1u);
+    EXPECT_EQ(first["renamed"][0]["newValue"], "PGR***");
+    ASSERT_EQ(first["dangling"].size(), 1u);
+    EXPECT_EQ(first["dangling"][0]["command"], "xmlconfig set " + file + " 'Color/CameraOrder=PGR***'");
 }
 
 TEST_F(UpgradeVerb, JsonTellsTheSame) {

@@ -1,0 +1,157 @@
+#include "tools/UpgradeSummary.h"
+
+#include <set>
+
+#include "store/Address.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::UpgradeChange;
+using Kind = UpgradeChange::Kind;
+
+struct Tally {
+    std::wstring renamed;
+    std::wstring moved;
+    std::set<std::wstring> shared;  // keys that Geometry got
+    std::size_t ownGone = 0;        // projectors' values of such keys
+    std::size_t joined = 0;
+    std::size_t gone = 0;
+    std::size_t others = 0;
+    bool hasRenamedCamera = false;
+};
+
+void append(std::wstring& list, const std::wstring& text) { list += (list.empty() ? L"" : L", ") + text; }
+
+std::wstring counted(std::size_t count, const std::wstring& one, const std::wstring& many) {
+    return std::to_wstring(count) + L" " + (count == 1 ? one : many);
+}
+
+std::wstring line(const std::wstring& word, const std::wstring& text) {
+    return text.empty() ? L"" : L"  " + word + std::wstring(9 - word.size(), L' ') + text + L"\n";
+}
+
+std::wstring place(const std::wstring& section, const std::wstring& id, const std::wstring& key) {
+    return XMLConfig::addressText({section, id, L"", L"", key});
+}
+
+bool isLost(const UpgradeOutcome& outcome, const UpgradeChange& change) {
+    for (const XMLConfig::LostDevice& device : outcome.report.lost) {
+        if (device.section == change.section && device.id == change.sectionID) return true;
+    }
+    return false;
+}
+
+// A step keeps these of a camera in the device snippet.
+bool isJoined(const UpgradeChange& change) {
+    static const std::set<std::wstring> keys = {L"CameraType",   L"SerialNumber", L"Model",
+                                                L"Resolution_X", L"Resolution_Y", L"Connection"};
+    return change.section == L"Camera" && keys.count(change.key) != 0;
+}
+
+void addRemoved(Tally& tally, const UpgradeChange& change) {
+    if (isJoined(change)) ++tally.joined;
+    else if (change.section == L"Projector" && tally.shared.count(change.key) != 0) ++tally.ownGone;
+    else ++tally.gone;
+}
+
+void add(Tally& tally, const UpgradeChange& change) {
+    const std::wstring from = place(change.section, change.sectionID, change.key);
+    if (change.kind == Kind::Removed) {
+        addRemoved(tally, change);
+    } else if (change.kind == Kind::Renamed) {
+        append(tally.renamed, from + L" -> " + change.newValue);
+        tally.hasRenamedCamera = tally.hasRenamedCamera || change.section == L"Camera";
+    } else if (change.kind == Kind::Moved && !change.newKey.empty()) {
+        append(tally.moved, from + L" -> " + place(change.newSection, L"", change.newKey));
+    } else if (tally.shared.count(change.key) == 0 || change.section != L"Geometry") {
+        ++tally.others;
+    }
+}
+
+// Geometry gets settings that the projectors had, in the same step in which theirs go.
+std::set<std::wstring> sharedKeys(const XMLConfig::UpgradeStepReport& step) {
+    std::set<std::wstring> ofProjectors;
+    for (const UpgradeChange& change : step.changes) {
+        if (change.kind == Kind::Removed && change.section == L"Projector") ofProjectors.insert(change.key);
+    }
+    std::set<std::wstring> keys;
+    for (const UpgradeChange& change : step.changes) {
+        const bool isAdded = change.kind == Kind::Added && change.section == L"Geometry";
+        if (isAdded && ofProjectors.count(change.key) != 0) keys.insert(change.key);
+    }
+    return keys;
+}
+
+Tally tallyOf(const UpgradeOutcome& outcome) {
+    Tally tally;
+    for (const XMLConfig::UpgradeStepReport& step : outcome.report.receipt.steps) {
+        tally.shared.merge(sharedKeys(step));
+        for (const UpgradeChange& change : step.changes) {
+            if (!isLost(outcome, change)) add(tally, change);
+        }
+    }
+    return tally;
+}
+
+std::wstring reasonOf(const XMLConfig::LostDevice& device) {
+    return device.type.empty() ? L"it states no camera type"
+                               : L"cameras of type " + device.type + L" are not known any more";
+}
+
+std::wstring danglingLines(const UpgradeOutcome& outcome) {
+    std::wstring lines;
+    for (const XMLConfig::DanglingReference& reference : outcome.report.dangling) {
+        lines +=
+            line(L"dangling", reference.address + L" = " + reference.value + L": " + followingCommand(outcome, reference));
+    }
+    return lines;
+}
+
+std::wstring countLines(const Tally& tally) {
+    std::wstring text;
+    if (!tally.shared.empty())
+        text += line(L"shared", counted(tally.shared.size(), L"setting stands", L"settings stand") + L" in Geometry now, " +
+                                    std::to_wstring(tally.ownGone) + L" of the projectors' own went");
+    if (tally.joined != 0)
+        text += line(L"joined", counted(tally.joined, L"setting", L"settings") + L" of cameras into their device snippets");
+    if (tally.gone != 0)
+        text += line(L"gone", counted(tally.gone, L"setting", L"settings") +
+                                  L" that version 9.0 does not know (--steps lists every change)");
+    if (tally.others != 0)
+        text += line(L"others", counted(tally.others, L"more change", L"more changes") + L" (--steps lists every change)");
+    return text;
+}
+
+}  // namespace
+
+std::wstring lostName(const XMLConfig::LostDevice& device) {
+    const std::wstring address = place(device.section, device.id, L"");
+    return device.name.empty() ? address : address + L" \"" + device.name + L"\"";
+}
+
+std::wstring followingCommand(const UpgradeOutcome& outcome, const XMLConfig::DanglingReference& reference) {
+    const auto quoted = [](const std::wstring& text) {
+        std::wstring word = L"'";
+        for (const wchar_t character : text) word += character == L'\'' ? L"'\\''" : std::wstring(1, character);
+        return word + L"'";
+    };
+    const std::wstring& file = outcome.report.target;
+    const bool isPlain = file.find_first_of(L" '\"$&;()*?[]<>|`\\") == std::wstring::npos;
+    return L"xmlconfig set " + (isPlain ? file : quoted(file)) + L" " +
+           quoted(reference.address + L"=" + reference.newValue);
+}
+
+std::wstring upgradeSummary(const UpgradeOutcome& outcome) {
+    const Tally tally = tallyOf(outcome);
+    std::wstring text;
+    for (const XMLConfig::LostDevice& device : outcome.report.lost) {
+        text += line(L"lost", lostName(device) + L" with its " + counted(device.settings, L"setting", L"settings") + L": " +
+                                  reasonOf(device));
+    }
+    const bool isUnreferred = tally.hasRenamedCamera && outcome.report.dangling.empty();
+    text += line(L"renamed", tally.renamed + (isUnreferred ? L"; nothing refers to the cameras' old IDs" : L""));
+    return text + danglingLines(outcome) + line(L"moved", tally.moved) + countLines(tally);
+}
+
+}  // namespace tool
