@@ -82,10 +82,11 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     const double version = document.getVersion();
     UpgradeFileReport report;
     report.target = request.target.empty() ? request.path : request.target;
-    const std::vector<LostDevice> cameras = detail::camerasOf(document);
+    const std::vector<LostDevice> devices = detail::devicesOf(document);
     report.status = upgradeDocument(document, &report.receipt);
-    report.lost = detail::lostOf(cameras, report.receipt);
-    report.dangling = detail::danglingReferences(document, report.receipt);
+    report.lost = detail::lostOf(devices, report.receipt);
+    report.renamed = detail::renamedOf(devices, report.receipt);
+    report.dangling = detail::danglingReferences(document, report.renamed);
     if (report.status == UpgradeFailed) {
         refuse(request.path, L"is of file version " + detail::versionText(version) + L", which is newer than this library");
     }

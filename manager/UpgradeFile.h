@@ -24,6 +24,14 @@ struct LostDevice {
     std::wstring type;         ///< the camera type that is not known any more; "" where it stated none
 };
 
+/// A device that the upgrade gave another ID.
+struct DeviceWithNewID {
+    std::wstring section;
+    std::wstring name;  ///< "" where it has none
+    std::wstring oldID;
+    std::wstring newID;
+};
+
 /// A setting that names a camera by the ID that it had before the upgrade, and so names none.
 struct DanglingReference {
     std::wstring address;
@@ -38,6 +46,7 @@ struct UpgradeFileReport {
     std::wstring backup;                            ///< the file that holds the old one; "" where none is kept
     UpgradeReceipt receipt;                         ///< what each step did
     std::vector<LostDevice> lost;
+    std::vector<DeviceWithNewID> renamed;
     std::vector<DanglingReference> dangling;
 };
 

@@ -22,9 +22,9 @@ std::wstring nameOf(const std::string& file) { return file == "-" ? standardInpu
 std::string allOf(std::istream& in) { return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()}; }
 
 /// With the line at fault, where the message names one.
-[[noreturn]] void refuse(const std::wstring& message, const std::string& text) {
+std::wstring withLine(const std::wstring& message, const std::string& text) {
     const std::wstring line = faultLine(message, text);
-    throw Unreadable(line.empty() ? message : message + L"\n" + line);
+    return line.empty() ? message : message + L"\n" + line;
 }
 
 std::unique_ptr<ConfigInfo> parsedInput() {
@@ -32,7 +32,7 @@ std::unique_ptr<ConfigInfo> parsedInput() {
     try {
         return ConfigInfo::fromText(bytes, standardInput);
     } catch (const CorvaneException& fault) {
-        refuse(fault.getMessage(), bytes);
+        throw Unreadable(withLine(fault.getMessage(), bytes));
     }
 }
 
@@ -57,16 +57,20 @@ void bringUpToDate(ConfigInfo& document, const std::wstring& name) {
 
 }  // namespace
 
+std::wstring withFaultLine(const std::wstring& message, const std::string& file) {
+    const std::filesystem::path path = std::filesystem::u8path(file);
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored)) return message;
+    std::ifstream in(path, std::ios::binary);
+    return in ? withLine(message, allOf(in)) : message;
+}
+
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
     try {
         const std::wstring path = XMLConfig::wideFromUtf8(file);
         return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
     } catch (const CorvaneException& fault) {
-        const std::filesystem::path path = std::filesystem::u8path(file);
-        std::error_code ignored;
-        if (!std::filesystem::is_regular_file(path, ignored)) throw Unreadable(fault.getMessage());
-        std::ifstream in(path, std::ios::binary);
-        refuse(fault.getMessage(), in ? allOf(in) : std::string());
+        throw Unreadable(withFaultLine(fault.getMessage(), file));
     }
 }
 

@@ -17,6 +17,9 @@ public:
     using Refusal::Refusal;
 };
 
+/// The message, and the line of the file that it finds fault with, with a caret under the place; where it names one.
+std::wstring withFaultLine(const std::wstring& message, const std::string& file);
+
 /// The document as it stands in the file: nothing is converted, counted or stamped. Throws Unreadable.
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,

@@ -11,14 +11,12 @@ using XMLConfig::UpgradeChange;
 using Kind = UpgradeChange::Kind;
 
 struct Tally {
-    std::wstring renamed;
     std::wstring moved;
     std::set<std::wstring> shared;  // keys that Geometry got
     std::size_t ownGone = 0;        // projectors' values of such keys
     std::size_t joined = 0;
     std::size_t gone = 0;
     std::size_t others = 0;
-    bool hasRenamedCamera = false;
 };
 
 void append(std::wstring& list, const std::wstring& text) { list += (list.empty() ? L"" : L", ") + text; }
@@ -56,12 +54,10 @@ void addRemoved(Tally& tally, const UpgradeChange& change) {
 }
 
 void add(Tally& tally, const UpgradeChange& change) {
+    if (change.kind == Kind::Renamed) return;  // told by the device
     const std::wstring from = place(change.section, change.sectionID, change.key);
     if (change.kind == Kind::Removed) {
         addRemoved(tally, change);
-    } else if (change.kind == Kind::Renamed) {
-        append(tally.renamed, from + L" -> " + change.newValue);
-        tally.hasRenamedCamera = tally.hasRenamedCamera || change.section == L"Camera";
     } else if (change.kind == Kind::Moved && !change.newKey.empty()) {
         append(tally.moved, from + L" -> " + place(change.newSection, L"", change.newKey));
     } else if (tally.shared.count(change.key) == 0 || change.section != L"Geometry") {
@@ -99,6 +95,17 @@ std::wstring reasonOf(const XMLConfig::LostDevice& device) {
                                : L"cameras of type " + device.type + L" are not known any more";
 }
 
+std::wstring renamedText(const UpgradeOutcome& outcome) {
+    std::wstring list;
+    bool hasCamera = false;
+    for (const XMLConfig::DeviceWithNewID& device : outcome.report.renamed) {
+        append(list, deviceName(device.section, device.oldID, device.name) + L" -> " + device.newID);
+        hasCamera = hasCamera || device.section == L"Camera";
+    }
+    const bool isUnreferred = hasCamera && outcome.report.dangling.empty();
+    return list + (isUnreferred ? L"; nothing refers to the cameras' old IDs" : L"");
+}
+
 std::wstring danglingLines(const UpgradeOutcome& outcome) {
     std::wstring lines;
     for (const XMLConfig::DanglingReference& reference : outcome.report.dangling) {
@@ -125,9 +132,8 @@ std::wstring countLines(const Tally& tally) {
 
 }  // namespace
 
-std::wstring lostName(const XMLConfig::LostDevice& device) {
-    const std::wstring address = place(device.section, device.id, L"");
-    return device.name.empty() ? address : address + L" \"" + device.name + L"\"";
+std::wstring deviceName(const std::wstring& section, const std::wstring& id, const std::wstring& name) {
+    return place(section, id, L"") + (name.empty() ? L"" : L" \"" + name + L"\"");
 }
 
 std::wstring followingCommand(const UpgradeOutcome& outcome, const XMLConfig::DanglingReference& reference) {
@@ -146,11 +152,10 @@ std::wstring upgradeSummary(const UpgradeOutcome& outcome) {
     const Tally tally = tallyOf(outcome);
     std::wstring text;
     for (const XMLConfig::LostDevice& device : outcome.report.lost) {
-        text += line(L"lost", lostName(device) + L" with its " + counted(device.settings, L"setting", L"settings") + L": " +
-                                  reasonOf(device));
+        text += line(L"lost", deviceName(device.section, device.id, device.name) + L" with its " +
+                                  counted(device.settings, L"setting", L"settings") + L": " + reasonOf(device));
     }
-    const bool isUnreferred = tally.hasRenamedCamera && outcome.report.dangling.empty();
-    text += line(L"renamed", tally.renamed + (isUnreferred ? L"; nothing refers to the cameras' old IDs" : L""));
+    text += line(L"renamed", renamedText(outcome));
     return text + danglingLines(outcome) + line(L"moved", tally.moved) + countLines(tally);
 }
 

@@ -101,10 +101,11 @@ void addLosses(Json& json, const UpgradeOutcome& outcome) {
                                 {"name", jsonOf(device.name)},
                                 {"settings", device.settings}});
     }
-    for (const auto& step : outcome.report.receipt.steps) {
-        for (const UpgradeChange& change : step.changes) {
-            if (change.kind == UpgradeChange::Kind::Renamed) json["renamed"].push_back(jsonOf(change));
-        }
+    for (const auto& device : outcome.report.renamed) {
+        json["renamed"].push_back({{"section", jsonOf(device.section)},
+                                   {"name", jsonOf(device.name)},
+                                   {"old", jsonOf(device.oldID)},
+                                   {"new", jsonOf(device.newID)}});
     }
     for (const auto& reference : outcome.report.dangling) {
         json["dangling"].push_back({{"address", jsonOf(reference.address)},
@@ -157,7 +158,7 @@ std::wstring upgradeLine(const UpgradeOutcome& outcome) {
     }
     if (report.target != outcome.file) line += L", in " + report.target;
     if (!report.backup.empty()) line += L", the old file is " + report.backup;
-    for (const auto& device : report.lost) line += L", lost " + lostName(device);
+    for (const auto& device : report.lost) line += L", lost " + deviceName(device.section, device.id, device.name);
     return outcome.isDryRun ? line + L" (dry run, nothing written)" : line;
 }
 
@@ -181,7 +182,7 @@ std::wstring countLine(const std::vector<UpgradeOutcome>& outcomes) {
                                    (counts.lost == 0 ? "" : "; " + std::to_string(counts.lost) + " lost something"));
 }
 
-std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes) {
+std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes, int exitStatus) {
     const UpgradeCounts counts = countOf(outcomes);
     Json json = {{"format", 1},
                  {"verb", "upgrade"},
@@ -191,7 +192,7 @@ std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes) {
                  {"failed", counts.failed},
                  {"files", Json::array()}};
     for (const UpgradeOutcome& outcome : outcomes) json["files"].push_back(jsonOf(outcome));
-    json["exit"] = counts.failed + counts.lost == 0 ? 0 : 1;
+    json["exit"] = exitStatus;
     return XMLConfig::wideFromUtf8(json.dump(2)) + L"\n";
 }
 

@@ -11,7 +11,8 @@ namespace tool {
 struct UpgradeOutcome {
     std::wstring file;
     bool isDryRun = false;
-    std::wstring fault;  ///< why it failed; "" where it did not
+    std::wstring fault;      ///< why it failed; "" where it did not
+    bool isRefused = false;  ///< whether it failed though the files can be read and written
     XMLConfig::UpgradeFileReport report;
 };
 
@@ -30,6 +31,6 @@ std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt);
 /// "2 upgraded, 1 at the latest version already, 0 failed; 1 lost something"
 std::wstring countLine(const std::vector<UpgradeOutcome>& outcomes);
 /// One object, with a line end.
-std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes);
+std::wstring upgradeJson(const std::vector<UpgradeOutcome>& outcomes, int exitStatus);
 
 }  // namespace tool

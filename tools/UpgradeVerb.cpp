@@ -6,6 +6,7 @@
 #include "platform/Utf8.h"
 #include "tools/Configuration.h"
 #include "tools/Output.h"
+#include "tools/Reading.h"
 #include "tools/UpgradeSummary.h"
 #include "tools/UpgradeText.h"
 #include "tools/Verb.h"
@@ -46,14 +47,28 @@ UpgradeOutcome upgradeOne(const std::string& file, const Request& request) {
         const auto lock = request.dryRun ? nullptr : lockForWriting(file, request);
         const XMLConfig::SignalHold hold;
         outcome.report = XMLConfig::upgradeFile({outcome.file, XMLConfig::wideFromUtf8(request.target), !request.dryRun});
+    } catch (const Refusal& fault) {  // another program is writing
+        outcome.fault = XMLConfig::wideFromUtf8(fault.what());
+        outcome.isRefused = true;
     } catch (const std::exception& fault) {
         outcome.fault = XMLConfig::wideFromUtf8(fault.what());
+        outcome.isRefused = !request.target.empty() && exists(request.target);
     }
     return outcome;
 }
 
+ExitStatus statusOf(const std::vector<UpgradeOutcome>& outcomes) {
+    ExitStatus status = Done;
+    for (const UpgradeOutcome& outcome : outcomes) {
+        if (!outcome.fault.empty() && !outcome.isRefused) return NotReadable;
+        if (outcome.isRefused || !outcome.report.lost.empty()) status = Refused;
+    }
+    return status;
+}
+
 void printOutcome(const UpgradeOutcome& outcome, const Request& request) {
-    if (!outcome.fault.empty()) complain(outcome.file + L": not upgraded: " + outcome.fault);
+    if (!outcome.fault.empty())
+        complain(outcome.file + L": not upgraded: " + withFaultLine(outcome.fault, XMLConfig::utf8FromWide(outcome.file)));
     if (request.json) return;
     if (outcome.fault.empty()) print(upgradeLine(outcome) + L"\n");
     if (request.explain && outcome.fault.empty()) print(upgradeSummary(outcome));
@@ -76,7 +91,8 @@ void setUpUpgrade(CLI::App& app, Request& request) {
         "Without --output a file is converted in place; the old one is kept beside it as FILE.v1.500.bak,\n"
         "with the version it had. A file that fails is left as it was, and the others are gone on with.\n"
         "\n"
-        "Exit status: 0 all done, 1 some failed or lost a device, 2 wrong usage.");
+        "Exit status: 0 all done, 1 refused or a device is lost, 2 wrong usage, 3 a file cannot be read or\n"
+        "written, or is no configuration.");
 }
 
 ExitStatus runUpgrade(const Request& asked) {
@@ -96,10 +112,9 @@ ExitStatus runUpgrade(const Request& asked) {
         printOutcome(outcomes.back(), request);
         if (!request.json) outcomes.back().report.receipt.steps.clear();  // printed already, and large
     }
-    print(request.json ? upgradeJson(outcomes) : countLine(outcomes) + L"\n");
-    const UpgradeCounts counts = countOf(outcomes);
-    const bool isAllDone = counts.failed + counts.lost == 0;
-    return isAllDone ? Done : Refused;
+    const ExitStatus status = statusOf(outcomes);
+    print(request.json ? upgradeJson(outcomes, status) : countLine(outcomes) + L"\n");
+    return status;
 }
 
 }  // namespace tool

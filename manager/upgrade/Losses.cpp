@@ -11,12 +11,13 @@ namespace XMLConfig::detail {
 namespace {
 
 constexpr const wchar_t* cameraTag = L"Camera";
+constexpr const wchar_t* projectorTag = L"Projector";
 
 using NewIDs = std::map<std::wstring, std::wstring>;
 
-LostDevice describe(const ElementView& camera) {
-    LostDevice device{cameraTag, camera.id(), {}, 0, {}};
-    for (const ElementView item : camera.children()) {
+LostDevice describe(const ElementView& element) {
+    LostDevice device{element.name(), element.id(), {}, 0, {}};
+    for (const ElementView item : element.children()) {
         ++device.settings;
         if (item.isNamed(L"Name")) device.name = item.text();
         if (item.isNamed(L"CameraType")) device.type = item.text();
@@ -24,18 +25,16 @@ LostDevice describe(const ElementView& camera) {
     return device;
 }
 
-bool isRemovalOf(const UpgradeChange& change, const LostDevice& camera) {
-    return change.kind == UpgradeChange::Kind::Removed && change.key.empty() && change.section == camera.section &&
-           change.sectionID == camera.id;
+const LostDevice* find(const std::vector<LostDevice>& devices, const std::wstring& section, const std::wstring& id) {
+    const auto isIt = [&](const LostDevice& device) { return device.section == section && device.id == id; };
+    const auto device = std::find_if(devices.begin(), devices.end(), isIt);
+    return device == devices.end() ? nullptr : &*device;
 }
 
-NewIDs renamedCameras(const UpgradeReceipt& receipt) {
+NewIDs newCameraIDs(const std::vector<DeviceWithNewID>& renamed) {
     NewIDs ids;
-    for (const UpgradeStepReport& step : receipt.steps) {
-        for (const UpgradeChange& change : step.changes) {
-            if (change.kind == UpgradeChange::Kind::Renamed && change.section == cameraTag)
-                ids[change.oldValue] = change.newValue;
-        }
+    for (const DeviceWithNewID& device : renamed) {
+        if (device.section == cameraTag) ids[device.oldID] = device.newID;
     }
     return ids;
 }
@@ -65,30 +64,43 @@ void addDangling(std::vector<DanglingReference>& found, const ElementView& secti
 
 }  // namespace
 
-std::vector<LostDevice> camerasOf(const ConfigInfo& document) {
-    std::vector<LostDevice> cameras;
-    for (const ElementView& camera : sectionElements(document, cameraTag)) cameras.push_back(describe(camera));
-    return cameras;
+std::vector<LostDevice> devicesOf(const ConfigInfo& document) {
+    std::vector<LostDevice> devices;
+    for (const wchar_t* const tag : {projectorTag, cameraTag})
+        for (const ElementView& device : sectionElements(document, tag)) devices.push_back(describe(device));
+    return devices;
 }
 
-std::vector<LostDevice> lostOf(const std::vector<LostDevice>& cameras, const UpgradeReceipt& receipt) {
+std::vector<LostDevice> lostOf(const std::vector<LostDevice>& devices, const UpgradeReceipt& receipt) {
     std::vector<LostDevice> lost;
     for (const UpgradeStepReport& step : receipt.steps) {
         for (const UpgradeChange& change : step.changes) {
-            const auto isLost = [&](const LostDevice& camera) { return isRemovalOf(change, camera); };
-            const auto camera = std::find_if(cameras.begin(), cameras.end(), isLost);
-            if (camera != cameras.end()) lost.push_back(*camera);
+            if (change.kind != UpgradeChange::Kind::Removed || !change.key.empty()) continue;
+            const LostDevice* const device = find(devices, change.section, change.sectionID);
+            if (device != nullptr) lost.push_back(*device);
         }
     }
     return lost;
 }
 
-std::vector<DanglingReference> danglingReferences(const ConfigInfo& document, const UpgradeReceipt& receipt) {
-    const NewIDs ids = renamedCameras(receipt);
+std::vector<DeviceWithNewID> renamedOf(const std::vector<LostDevice>& devices, const UpgradeReceipt& receipt) {
+    std::vector<DeviceWithNewID> renamed;
+    for (const UpgradeStepReport& step : receipt.steps) {
+        for (const UpgradeChange& change : step.changes) {
+            if (change.kind != UpgradeChange::Kind::Renamed) continue;
+            const LostDevice* const device = find(devices, change.section, change.oldValue);
+            renamed.push_back({change.section, device == nullptr ? L"" : device->name, change.oldValue, change.newValue});
+        }
+    }
+    return renamed;
+}
+
+std::vector<DanglingReference> danglingReferences(const ConfigInfo& document, const std::vector<DeviceWithNewID>& renamed) {
+    const NewIDs ids = newCameraIDs(renamed);
     std::vector<DanglingReference> found;
     if (ids.empty()) return found;
     for (const ElementView& color : sectionElements(document, L"Color")) addDangling(found, color, L"CameraOrder", ids);
-    for (const ElementView& projector : sectionElements(document, L"Projector")) {
+    for (const ElementView& projector : sectionElements(document, projectorTag)) {
         addDangling(found, projector, L"Associated_Camera_Id_1", ids);
         addDangling(found, projector, L"Associated_Camera_Id_2", ids);
     }

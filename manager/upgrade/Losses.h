@@ -7,11 +7,13 @@
 /// What an upgrade takes from a file, besides what its receipt says.
 namespace XMLConfig::detail {
 
-/// All cameras of a document before its upgrade, in document order.
-std::vector<LostDevice> camerasOf(const ConfigInfo& document);
-/// Those of the cameras that the upgrade removed.
-std::vector<LostDevice> lostOf(const std::vector<LostDevice>& cameras, const UpgradeReceipt& receipt);
-/// The settings of an upgraded document that name a camera by the ID that the upgrade replaced.
-std::vector<DanglingReference> danglingReferences(const ConfigInfo& document, const UpgradeReceipt& receipt);
+/// All projectors and cameras of a document before its upgrade, each kind in document order.
+std::vector<LostDevice> devicesOf(const ConfigInfo& document);
+/// Those of the devices that the upgrade removed.
+std::vector<LostDevice> lostOf(const std::vector<LostDevice>& devices, const UpgradeReceipt& receipt);
+/// Those of the devices that the upgrade gave another ID.
+std::vector<DeviceWithNewID> renamedOf(const std::vector<LostDevice>& devices, const UpgradeReceipt& receipt);
+/// The settings of an upgraded document that name a camera by the ID that it had before.
+std::vector<DanglingReference> danglingReferences(const ConfigInfo& document, const std::vector<DeviceWithNewID>& renamed);
 
 }  // namespace XMLConfig::detail

@@ -139,7 +139,7 @@ TEST_F(UpgradeVerb, GoesOnAfterAFileThatFails) {
     const std::string current = write("current.skorrax", "9.000");
     const std::string old = write("old.skorrax", "8.0");
     const ToolRun run = runTool({"upgrade", newer, path("missing.skorrax"), current, old});
-    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.status, 3);
     EXPECT_THAT(run.output, HasSubstr(old + ": version 8.000 -> 9.000"));
     EXPECT_THAT(run.output, HasSubstr("\n1 upgraded, 1 at the latest version already, 2 failed\n"));
     EXPECT_THAT(run.errors, HasSubstr("xmlconfig: " + newer + ": not upgraded: "));
@@ -147,6 +147,15 @@ TEST_F(UpgradeVerb, GoesOnAfterAFileThatFails) {
     EXPECT_THAT(run.errors, Not(HasSubstr("\r")));
     EXPECT_EQ(folder.read(L"newer.skorrax"), fileText("", "9.001"));
     EXPECT_EQ(folder.entries(), 4u);
+}
+
+TEST_F(UpgradeVerb, ShowsTheLineOfAFault) {
+    folder.write(L"broken.skorrax", "<ConfigInfo>\n  <Version>8.0</Vers>\n");
+    const ToolRun run = runTool({"upgrade", path("broken.skorrax")});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_THAT(run.errors, HasSubstr("\n    <Version>8.0</Vers>\n"));
+    EXPECT_THAT(run.errors, testing::EndsWith(" ^\n"));
+    EXPECT_EQ(folder.entries(), 1u);
 }
 
 TEST_F(UpgradeVerb, DryRunWritesNothing) {
@@ -191,8 +200,8 @@ TEST_F(UpgradeVerb, ExplainTellsInShortWhatBecameOfTheFile) {
         run.output,
         HasSubstr(", lost Camera[3] \"Old analogue\" (dry run, nothing written)\n"
                   "  lost     Camera[3] \"Old analogue\" with its 14 settings: cameras of type 7 are not known any more\n"
-                  "  renamed  Camera[1] -> PGR***00:b0:9d:00:00:01, Camera[2] -> PGR***00:b0:9d:00:00:02; nothing refers "
-                  "to the cameras' old IDs\n"
+                  "  renamed  Camera[1] \"Front\" -> PGR***00:b0:9d:00:00:01, Camera[2] \"Rear\" -> "
+                  "PGR***00:b0:9d:00:00:02; nothing refers to the cameras' old IDs\n"
                   "  moved    Screen/Unit -> System/Length_Unit, Screen/AngleUnit -> System/AngleUnit\n"
                   "  shared   6 settings stand in Geometry now, 16 of the projectors' own went\n"
                   "  joined   12 settings of cameras into their device snippets\n"
@@ -224,8 +233,7 @@ TEST_F(UpgradeVerb, JsonTellsLosses) {
     const auto& first = json["files"][0];
     EXPECT_EQ(json["exit"], 1);
     EXPECT_EQ(first["lost"], nlohmann::json::parse(R"([{"section":"Camera","id":"2","name":"Old","settings":1}])"));
-    ASSERT_EQ(first["renamed"].size(), 1u);
-    EXPECT_EQ(first["renamed"][0]["newValue"], "PGR***");
+    EXPECT_EQ(first["renamed"], nlohmann::json::parse(R"([{"section":"Camera","name":"","old":"1","new":"PGR***"}])"));
     ASSERT_EQ(first["dangling"].size(), 1u);
     EXPECT_EQ(first["dangling"][0]["command"], "xmlconfig set " + file + " 'Color/CameraOrder=PGR***'");
 }
@@ -234,7 +242,7 @@ TEST_F(UpgradeVerb, JsonTellsTheSame) {
     const std::string old = write("old.skorrax", "8.0", feet);
     const std::string current = write("current.skorrax", "9.000");
     const ToolRun run = runTool({"upgrade", "--json", old, current, path("missing.skorrax")});
-    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.status, 3);
     const auto json = nlohmann::json::parse(run.output);
     EXPECT_EQ(json["upgraded"], 1);
     EXPECT_EQ(json["current"], 1);
