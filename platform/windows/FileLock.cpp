@@ -6,7 +6,8 @@
 #include "platform/windows/System.h"
 
 // A named object of the system stands for the right: who makes it has it, and it goes with its last handle. It is never
-// waited for, so that no thread owns it.
+// waited for, so that no thread owns it. Beside it the holder's number lies in memory that all programs of the session may
+// look at; memory that all sessions share is not for every user to make.
 namespace XMLConfig::detail {
 namespace {
 
@@ -51,27 +52,55 @@ std::wstring behindLinks(const std::wstring& path) {
     return size == 0 || size >= name.size() ? path : name.substr(0, size);
 }
 
-std::wstring nameOfRight(const std::wstring& path) {
+std::wstring markOfFolder(const std::wstring& path) {
     const Handle folder(lookedAt(folderOfSystemPath(behindLinks(systemPath(path)))));
     BY_HANDLE_FILE_INFORMATION information{};
     if (systemPath(path).empty()) throwFileError(purpose, path, ERROR_PATH_NOT_FOUND);
     if (!folder.isOpen() || ::GetFileInformationByHandle(folder.value(), &information) == 0)
         throwFileError(purpose, path, ::GetLastError());
-    return L"Global\\XMLConfig-" + formatInteger(information.dwVolumeSerialNumber) + L"-" +
+    return L"XMLConfig-" + formatInteger(information.dwVolumeSerialNumber) + L"-" +
            formatInteger(information.nFileIndexHigh) + L"-" + formatInteger(information.nFileIndexLow);
+}
+
+class NumberInMemory {
+public:
+    NumberInMemory(HANDLE memory, DWORD access) : m_number(::MapViewOfFile(memory, access, 0, 0, sizeof(DWORD))) {}
+    ~NumberInMemory() {
+        if (m_number != nullptr) ::UnmapViewOfFile(m_number);
+    }
+    NumberInMemory(const NumberInMemory&) = delete;
+    NumberInMemory& operator=(const NumberInMemory&) = delete;
+
+    /// Null where the system gives none.
+    [[nodiscard]] DWORD* get() const { return static_cast<DWORD*>(m_number); }
+
+private:
+    void* m_number;
+};
+
+/// The number is there as long as the handle is open.
+HANDLE tellHolder(const std::wstring& name) {
+    const HANDLE memory =
+        ::CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(DWORD), name.c_str());
+    const NumberInMemory number(memory, FILE_MAP_WRITE);
+    if (number.get() != nullptr) *number.get() = ::GetCurrentProcessId();
+    return memory;
 }
 
 }  // namespace
 
 struct FileLock::Parts {
-    explicit Parts(const std::wstring& file) : path(file), name(nameOfRight(file)), held(nullptr) {}
+    Parts(const std::wstring& file, const std::wstring& mark)
+        : path(file), name(L"Global\\" + mark), holderName(L"Local\\" + mark + L"-holder") {}
 
     std::wstring path;
     std::wstring name;
-    Handle held;
+    std::wstring holderName;
+    Handle held{nullptr};
+    Handle told{nullptr};
 };
 
-FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>(path)) {}
+FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>(path, markOfFolder(path))) {}
 
 FileLock::~FileLock() = default;
 
@@ -82,9 +111,15 @@ bool FileLock::tryTake() {
     if (error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED) return false;
     if (!made.isOpen()) throwFileError(purpose, m_parts->path, error);
     m_parts->held.swap(made);
+    Handle told(tellHolder(m_parts->holderName));
+    m_parts->told.swap(told);
     return true;
 }
 
-long FileLock::holder() const { return 0; }
+long FileLock::holder() const {
+    const Handle memory(::OpenFileMappingW(FILE_MAP_READ, FALSE, m_parts->holderName.c_str()));
+    const NumberInMemory number(memory.value(), FILE_MAP_READ);
+    return number.get() == nullptr ? 0 : static_cast<long>(*number.get());
+}
 
 }  // namespace XMLConfig::detail
