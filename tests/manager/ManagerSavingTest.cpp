@@ -25,6 +25,9 @@ std::wstring storedMesh(const std::wstring& path) {
     return ConfigInfo(path).getStringItem(L"Screen", L"VRML", L"(missing)", L"", L"", L"");
 }
 
+/// With the separators of this system, whose temporary folder gives them to all names below it.
+std::wstring ofThisSystem(const std::wstring& path) { return wideOf(pathOf(path).make_preferred()); }
+
 }  // namespace
 
 TEST(ManagerSaving, SavedFileGivesTheNameAndIsClean) {
@@ -136,13 +139,13 @@ TEST(ManagerSaving, SavingIntoAnotherFolderRewritesRelativeNames) {
     EXPECT_EQ(storedMesh(folder.file(L"old/hall.skorrax")), L"dome.obj");
 
     manager->saveConfiguration(folder.file(L"new/hall.skorrax"));
-    EXPECT_EQ(storedMesh(folder.file(L"new/hall.skorrax")), L"../old/dome.obj");
+    EXPECT_EQ(storedMesh(folder.file(L"new/hall.skorrax")), ofThisSystem(L"../old/dome.obj"));
     EXPECT_EQ(storedMesh(folder.file(L"old/hall.skorrax")), L"dome.obj");
-    EXPECT_EQ(screen->getMeshPath(BaseConfig::FilePathAbsolute), folder.file(L"old/dome.obj"));
+    EXPECT_EQ(screen->getMeshPath(BaseConfig::FilePathAbsolute), ofThisSystem(folder.file(L"old/dome.obj")));
     EXPECT_EQ(manager->getAssetManager()->getRootPath(), folder.file(L"new"));
 
     manager->saveConfiguration(folder.file(L"new/other.skorrax"));
-    EXPECT_EQ(storedMesh(folder.file(L"new/other.skorrax")), L"../old/dome.obj");
+    EXPECT_EQ(storedMesh(folder.file(L"new/other.skorrax")), ofThisSystem(L"../old/dome.obj"));
     manager->saveConfiguration(folder.file(L"old/hall.skorrax"));
     EXPECT_EQ(storedMesh(folder.file(L"old/hall.skorrax")), L"dome.obj");
 }
@@ -183,7 +186,7 @@ TEST(ManagerSaving, NamesFollowTheFileBetweenRelativeFolders) {
     EXPECT_EQ(manager.getAssetManager()->getRootPath(), here);
     manager.document.setStringItem(L"Screen", L"VRML", L"dome.obj", L"", L"", L"");
     manager.updateRelativeFilePaths(L"backup/hall.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"../dome.obj");
+    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), ofThisSystem(L"../dome.obj"));
     manager.updateRelativeFilePaths(L"./backup/../hall.skorrax");
     EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"dome.obj");
     manager.updateRelativeFilePaths(here + L"/hall.skorrax");

@@ -18,6 +18,8 @@ std::string toolPath();
 /// Runs the tool with UTF-8 arguments. `environment` is put before the command, as in "LC_ALL=C"; only where a shell of
 /// POSIX runs it may it be more than a variable.
 ToolRun runTool(const std::vector<std::string>& arguments, const std::string& environment = "");
+/// The same with these bytes on its standard input.
+ToolRun runToolReading(const std::string& input, const std::vector<std::string>& arguments);
 
 /// As one word of a shell of POSIX.
 std::string shellQuoted(const std::string& text);

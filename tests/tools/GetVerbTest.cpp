@@ -82,9 +82,9 @@ TEST(GetVerb, GroupsAreLinesBesideOthers) {
 }
 
 TEST(GetVerb, StandardInputHasNoLines) {
-    const std::string command = "cat examples/dome.skorrax |";
-    expectRun(runTool({"get", "-", "System/Length_Unit"}, command), 0, "Meters\n");
-    expectRun(runTool({"get", "--origin", "-", "System/Length_Unit"}, command), 0,
+    const std::string input = TemporaryFolder::readFile(dome);
+    expectRun(runToolReading(input, {"get", "-", "System/Length_Unit"}), 0, "Meters\n");
+    expectRun(runToolReading(input, {"get", "--origin", "-", "System/Length_Unit"}), 0,
               "stored\t-\tSystem/Length_Unit\tMeters\n");
 }
 

@@ -58,10 +58,10 @@ TEST_F(LayoutVerb, ShowsTheExample) {
 }
 
 TEST_F(LayoutVerb, ReadsStandardInput) {
-    const ToolRun run = runTool({"layout", "-"}, "cat " + shellQuoted(example()) + " |");
+    const ToolRun run = runToolReading(TemporaryFolder::readFile(example()), {"layout", "-"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output, exampleText);
-    const ToolRun broken = runTool({"layout", "-"}, "echo '<a>' |");
+    const ToolRun broken = runToolReading("<a>\n", {"layout", "-"});
     EXPECT_EQ(broken.status, 3);
     EXPECT_EQ(broken.output, "");
     EXPECT_THAT(broken.errors, HasSubstr("standard input XML message is: line 2, column 1: "));

@@ -148,7 +148,8 @@ TEST_F(SetVerb, DryRunAndQuietAreNeitherWrittenNorTold) {
 
 TEST_F(SetVerb, JsonListsTheChanges) {
     const auto json = nlohmann::json::parse(run("set", {"--json", "Projector[#1]/Gamma=2.4", "ProjMap/Site=x"}).output);
-    EXPECT_EQ(json, nlohmann::json::parse(R"({"format":1,"verb":"set","file":")" + file() + R"(","written":true,"changes":[
+    EXPECT_EQ(json, nlohmann::json::parse(R"({"format":1,"verb":"set","file":)" + nlohmann::json(file()).dump() +
+                                          R"(,"written":true,"changes":[
         {"address":"Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma","kind":"changed","old":"2.200000000000000e+00",
          "new":"2.400000000000000e+00"},
         {"address":"ProjMap/Site","kind":"added","old":null,"new":"x"}],"newFindings":[
@@ -182,7 +183,7 @@ TEST_F(SetVerb, LinesComeFromAFileOrStandardInput) {
     EXPECT_EQ(run("set", {"--from", (folder.path() / "lines").string()}).status, 0);
     EXPECT_EQ(stored("ProjMap/Site"), "a\nb\\c\td\n");
     EXPECT_EQ(stored("Projector[#1]/Gamma"), "2.400000000000000e+00\n");
-    EXPECT_EQ(run("set", {"--from", "-"}, "printf 'ProjMap/Site=x\\n' |").output,
+    EXPECT_EQ(runToolReading("ProjMap/Site=x\n", {"set", file(), "--from", "-"}).output,
               "~ ProjMap/Site  a b\\c d -> x\n1 change, 0 new findings\n");
     EXPECT_EQ(run("set", {"--from", (folder.path() / "none").string()}).status, 3);
     EXPECT_EQ(run("set", {}).status, 2);

@@ -71,8 +71,9 @@ TEST(ShowVerb, OlderFileIsShownAsUpgraded) {
 }
 
 TEST(ShowVerb, StandardInputIsShown) {
-    EXPECT_THAT(runTool({"show", "-"}, "cat examples/dome.skorrax |").output, StartsWith("File        -, version 9.000"));
-    EXPECT_EQ(runTool({"show", "-"}, "echo '<a>' |").status, 3);
+    EXPECT_THAT(runToolReading(TemporaryFolder::readFile(dome), {"show", "-"}).output,
+                StartsWith("File        -, version 9.000"));
+    EXPECT_EQ(runToolReading("<a>\n", {"show", "-"}).status, 3);
 }
 
 TEST(ShowVerb, AddressesShowTheirPartsOnly) {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
@@ -160,8 +161,8 @@ TEST_F(Tool, NewMakesProjectorsInOneRow) {
               "");
     EXPECT_EQ(runTool({"new", "--projectors", "-1", path("other.skorrax")}).status, 2);
     expectRun(runTool({"new", "--json", "--force", "--projectors", "2", file}), 0,
-              "{\n  \"format\": 1,\n  \"verb\": \"new\",\n  \"file\": \"" + file +
-                  "\",\n  \"version\": 9.0,\n  \"projectors\": 2,\n  \"exit\": 0\n}\n",
+              "{\n  \"format\": 1,\n  \"verb\": \"new\",\n  \"file\": " + nlohmann::json(file).dump() +
+                  ",\n  \"version\": 9.0,\n  \"projectors\": 2,\n  \"exit\": 0\n}\n",
               "");
 }
 

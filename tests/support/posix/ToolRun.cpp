@@ -19,6 +19,12 @@ ToolRun runTool(const std::vector<std::string>& arguments, const std::string& en
     return {status, folder.read(L"out"), folder.read(L"err")};
 }
 
+ToolRun runToolReading(const std::string& input, const std::vector<std::string>& arguments) {
+    const TemporaryFolder folder;
+    folder.write(L"in", input);
+    return runTool(arguments, "cat " + shellQuoted((folder.path() / "in").string()) + " |");
+}
+
 std::string shellQuoted(const std::string& text) {
     std::string quoted = "'";
     for (char character : text) quoted += character == '\'' ? std::string("'\\''") : std::string(1, character);

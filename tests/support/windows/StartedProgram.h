@@ -22,11 +22,11 @@ inline std::wstring quotedWord(const std::wstring& word) {
     return quoted.append(backslashes, L'\\') + L'"';
 }
 
-/// A program that runs beside the test; what it prints and complains about goes to files.
+/// A program that runs beside the test; what it prints and complains about goes to files, what it reads comes from one.
 class StartedProgram {
 public:
     explicit StartedProgram(const std::vector<std::string>& command, const std::wstring& output = L"NUL",
-                            const std::wstring& errors = L"NUL") {
+                            const std::wstring& errors = L"NUL", const std::wstring& input = L"NUL") {
         std::wstring line;
         for (const std::string& word : command) line += quotedWord(XMLConfig::detail::fromUtf8(word)) + L' ';
         SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
@@ -37,7 +37,7 @@ public:
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdInput = opened(L"NUL", GENERIC_READ, OPEN_EXISTING);
+        startup.hStdInput = opened(input, GENERIC_READ, OPEN_EXISTING);
         startup.hStdOutput = opened(output, GENERIC_WRITE, output == L"NUL" ? OPEN_EXISTING : CREATE_ALWAYS);
         startup.hStdError = opened(errors, GENERIC_WRITE, errors == L"NUL" ? OPEN_EXISTING : CREATE_ALWAYS);
         PROCESS_INFORMATION process{};
