@@ -1,4 +1,3 @@
-#include <CLI/App.hpp>
 #include <algorithm>
 
 #include "manager/CheckRules.h"
@@ -103,17 +102,16 @@ ExitStatus statusOf(const std::vector<CheckedFile>& all, bool isStrict) {
 
 }  // namespace
 
-void setUpCheck(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.operands, "The files to check; - for standard input")->required();
-    app.add_option("--only", request.rules, "Look for these rules alone, as in XC103,XC217")
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->type_name("RULE");
-    app.add_flag("--no-files", request.withoutFiles, "Do not look for the files that a configuration names");
-    app.add_flag("--strict", request.strict, "Let notes count for the exit status");
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    setUpColour(app, request.colour);
-    app.footer(
+void setUpCheck(Options& options, Request& request) {
+    options.value("FILE", request.operands, "The files to check; - for standard input").required();
+    options.value("--only", request.rules, "Look for these rules alone, as in XC103,XC217")
+        .separatedBy(',')
+        .valueName("RULE");
+    options.flag("--no-files", request.withoutFiles, "Do not look for the files that a configuration names");
+    options.flag("--strict", request.strict, "Let notes count for the exit status");
+    options.flag("--json", request.json, "Answer with one JSON object");
+    setUpColour(options, request.colour);
+    options.footer(
         "'xmlconfig describe RULE' tells what a rule looks at.\n\n"
         "Exit status: 0 no errors and no warnings, 1 some, 2 wrong usage, 3 a file cannot be read or is no\n"
         "configuration.");

@@ -1,17 +1,16 @@
 #include "tools/Colour.h"
 
 #include <fmt/color.h>
-#include <CLI/App.hpp>
 #include <cstdlib>
 
 #include "platform/Terminal.h"
 #include "platform/Utf8.h"
+#include "tools/Options.h"
 
 namespace tool {
 
-void setUpColour(CLI::App& app, std::string& wish) {
-    app.add_option("--color", wish, "Colour the output: auto, always or never")
-        ->check(CLI::IsMember({"auto", "always", "never"}));
+void setUpColour(Options& options, std::string& wish) {
+    options.value("--color", wish, "Colour the output: auto, always or never").oneOf({"auto", "always", "never"});
 }
 
 bool isColoured(const std::string& wish) {

@@ -2,18 +2,16 @@
 
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 /// Colours on a terminal. They never say what the words do not.
 namespace tool {
+
+class Options;
 
 /// How a text is meant.
 enum class Tone { Good, Doubtful, Bad };
 
 /// Adds --color to a verb.
-void setUpColour(CLI::App& app, std::string& wish);
+void setUpColour(Options& options, std::string& wish);
 /// Whether output is to be coloured: as wished ("always", "never"), else on a terminal where NO_COLOR is not set.
 bool isColoured(const std::string& wish);
 /// The text between escape sequences, or as it is.

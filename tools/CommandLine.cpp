@@ -64,7 +64,8 @@ public:
             CLI::App* const app = m_app.add_subcommand(verb.name, verb.summary);
             setUpCommon(*app, m_verbose);
             m_requests.emplace_back();
-            verb.setUp(*app, m_requests.back());
+            Options options(*app);
+            verb.setUp(options, m_requests.back());
         }
     }
 

@@ -1,4 +1,3 @@
-#include <CLI/App.hpp>
 #include <algorithm>
 #include <cmath>
 
@@ -167,11 +166,11 @@ bool isRule(const std::wstring& word) { return !ruleText(word).empty(); }
 
 }  // namespace
 
-void setUpDescribe(CLI::App& app, Request& request) {
-    app.add_option("SETTING", request.operands,
-                   "SECTION, SECTION/KEY, or a word to look for in names and meanings; all settings are listed without");
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    app.footer("Exit status: 0 done, 1 nothing is known of it, 2 wrong usage.");
+void setUpDescribe(Options& options, Request& request) {
+    options.value("SETTING", request.operands,
+                  "SECTION, SECTION/KEY, or a word to look for in names and meanings; all settings are listed without");
+    options.flag("--json", request.json, "Answer with one JSON object");
+    options.footer("Exit status: 0 done, 1 nothing is known of it, 2 wrong usage.");
 }
 
 ExitStatus runDescribe(const Request& request) {

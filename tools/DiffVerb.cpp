@@ -1,5 +1,3 @@
-#include <CLI/App.hpp>
-
 #include "platform/Utf8.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
@@ -45,17 +43,17 @@ std::wstring answer(const Request& request, const XMLConfig::Difference& differe
 
 }  // namespace
 
-void setUpDiff(CLI::App& app, Request& request) {
-    app.add_option("OLD NEW", request.operands, "The files to compare; one may be - for standard input")->required();
-    app.add_flag("--all", request.all, "Tell runs and times, and what is the same in effect or value, too");
-    app.add_flag("--stat", request.brief, "Print the last line only");
-    app.add_flag("--lines", request.lines, "Print the changes as lines for 'set --from'");
-    app.add_flag("--as-stored", request.asStored, "Compare files of older releases as they are, not as upgraded");
-    app.add_option("--tolerance", request.tolerance, "By how much numbers may differ, in the stored unit")->type_name("X");
-    app.add_flag("--git", request.git, "Take the seven arguments that git passes, and end with 0");
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    setUpColour(app, request.colour);
-    app.footer(
+void setUpDiff(Options& options, Request& request) {
+    options.value("OLD NEW", request.operands, "The files to compare; one may be - for standard input").required();
+    options.flag("--all", request.all, "Tell runs and times, and what is the same in effect or value, too");
+    options.flag("--stat", request.brief, "Print the last line only");
+    options.flag("--lines", request.lines, "Print the changes as lines for 'set --from'");
+    options.flag("--as-stored", request.asStored, "Compare files of older releases as they are, not as upgraded");
+    options.value("--tolerance", request.tolerance, "By how much numbers may differ, in the stored unit").valueName("X");
+    options.flag("--git", request.git, "Take the seven arguments that git passes, and end with 0");
+    options.flag("--json", request.json, "Answer with one JSON object");
+    setUpColour(options, request.colour);
+    options.footer(
         "Exit status: 0 no difference, 1 differences, 2 wrong usage, 3 a file cannot be read or is no configuration.");
 }
 

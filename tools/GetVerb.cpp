@@ -1,4 +1,3 @@
-#include <CLI/App.hpp>
 #include <algorithm>
 
 #include "manager/Origin.h"
@@ -231,18 +230,19 @@ private:
 
 }  // namespace
 
-void setUpGet(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to read; - for standard input")->required();
-    app.add_option("ADDRESS", request.operands, "Where a value stands; a whole section or group is shown as a tree")
-        ->required();
-    app.add_flag("--effective", request.effective, "Print what the application reads: inherited values and defaults, too");
-    app.add_flag("--origin", request.origin, "Tell where what the application reads comes from");
-    app.add_flag("--human", request.human, "Print numbers short and in the document's units");
-    app.add_option("--default", request.fallback, "Print this for what is missing")->type_name("TEXT");
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    app.footer(std::string("One ADDRESS of one place prints the text; several, or [*], print lines of address, tab, text,\n"
-                           "in which \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
-               addressHelp);
+void setUpGet(Options& options, Request& request) {
+    options.value("FILE", request.file, "The file to read; - for standard input").required();
+    options.value("ADDRESS", request.operands, "Where a value stands; a whole section or group is shown as a tree")
+        .required();
+    options.flag("--effective", request.effective, "Print what the application reads: inherited values and defaults, too");
+    options.flag("--origin", request.origin, "Tell where what the application reads comes from");
+    options.flag("--human", request.human, "Print numbers short and in the document's units");
+    options.value("--default", request.fallback, "Print this for what is missing").valueName("TEXT");
+    options.flag("--json", request.json, "Answer with one JSON object");
+    options.footer(
+        std::string("One ADDRESS of one place prints the text; several, or [*], print lines of address, tab, text,\n"
+                    "in which \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
+        addressHelp);
 }
 
 ExitStatus runGet(const Request& request) { return Getting(request).run(); }

@@ -1,4 +1,3 @@
-#include <CLI/App.hpp>
 #include <filesystem>
 #include <fstream>
 
@@ -21,12 +20,12 @@ void writePicture(const std::string& file, const std::string& svg) {
 
 }  // namespace
 
-void setUpLayout(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to look at; - for standard input")->required();
-    app.add_option("--svg", request.picture, "Draw the picture into this file")->type_name("FILE.svg");
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    setUpColour(app, request.colour);
-    app.footer("Exit status: 0 done, 2 wrong usage, 3 a file cannot be read or written, or is no configuration.");
+void setUpLayout(Options& options, Request& request) {
+    options.value("FILE", request.file, "The file to look at; - for standard input").required();
+    options.value("--svg", request.picture, "Draw the picture into this file").valueName("FILE.svg");
+    options.flag("--json", request.json, "Answer with one JSON object");
+    setUpColour(options, request.colour);
+    options.footer("Exit status: 0 done, 2 wrong usage, 3 a file cannot be read or written, or is no configuration.");
 }
 
 ExitStatus runLayout(const Request& request) {

@@ -1,4 +1,3 @@
-#include <CLI/App.hpp>
 #include <memory>
 #include <optional>
 
@@ -60,16 +59,16 @@ std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {
 
 }  // namespace
 
-void setUpNew(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to make; its name ends in .skorrax")->required();
-    app.add_flag("--force", request.force, "Replace a file that exists");
+void setUpNew(Options& options, Request& request) {
+    options.value("FILE", request.file, "The file to make; its name ends in .skorrax").required();
+    options.flag("--force", request.force, "Replace a file that exists");
     constexpr unsigned most = 10'000;
-    app.add_option("--projectors", request.projectors, "How many projectors it holds, side by side (0)")
-        ->type_name("N")
-        ->check(CLI::Range(0U, most));
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    setUpWriting(app, request);
-    app.footer("Exit status: 0 done, 1 refused, 2 wrong usage, 3 the file cannot be written.");
+    options.value("--projectors", request.projectors, "How many projectors it holds, side by side (0)")
+        .valueName("N")
+        .between(0U, most);
+    options.flag("--json", request.json, "Answer with one JSON object");
+    setUpWriting(options, request);
+    options.footer("Exit status: 0 done, 1 refused, 2 wrong usage, 3 the file cannot be written.");
 }
 
 ExitStatus runNew(const Request& request) {

@@ -1,4 +1,3 @@
-#include <CLI/App.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -214,19 +213,20 @@ private:
 
 }  // namespace
 
-void setUpSet(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to change")->required();
-    app.add_option("CHANGE", request.operands,
-                   "ADDRESS=VALUE: where a value is stored, and the value; a number may have a unit: 24deg, 1.2rad, 5.2m, "
-                   "340mm, 17ft, 12in");
-    app.add_option("--from", request.lineFile,
-                   "Take changes from a file, one a line, as 'show --flat' prints them; - for "
-                   "standard input")
-        ->type_name("LINES");
-    app.add_flag("--force", request.force,
+void setUpSet(Options& options, Request& request) {
+    options.value("FILE", request.file, "The file to change").required();
+    options.value("CHANGE", request.operands,
+                  "ADDRESS=VALUE: where a value is stored, and the value; a number may have a unit: 24deg, 1.2rad, 5.2m, "
+                  "340mm, 17ft, 12in");
+    options
+        .value("--from", request.lineFile,
+               "Take changes from a file, one a line, as 'show --flat' prints them; - for "
+               "standard input")
+        .valueName("LINES");
+    options.flag("--force", request.force,
                  "Add unknown settings and sections too, store values of another form, and write what makes errors");
-    setUpChanging(app, request);
-    app.footer(addressHelp);
+    setUpChanging(options, request);
+    options.footer(addressHelp);
 }
 
 ExitStatus runSet(const Request& request) {

@@ -1,5 +1,3 @@
-#include <CLI/App.hpp>
-
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "tools/Output.h"
@@ -116,14 +114,15 @@ private:
 
 }  // namespace
 
-void setUpShow(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to show; - for standard input")->required();
-    app.add_option("ADDRESS", request.operands, "Show these places only, as trees");
-    CLI::Option* const all = app.add_flag("--all", request.all, "Show the whole tree instead of the summary");
-    app.add_flag("--flat", request.flat, "One line a value: ADDRESS=TEXT, as 'set --from' reads them")->excludes(all);
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    app.footer(std::string("In the lines of --flat, \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
-               addressHelp);
+void setUpShow(Options& options, Request& request) {
+    options.value("FILE", request.file, "The file to show; - for standard input").required();
+    options.value("ADDRESS", request.operands, "Show these places only, as trees");
+    const Option all = options.flag("--all", request.all, "Show the whole tree instead of the summary");
+    options.flag("--flat", request.flat, "One line a value: ADDRESS=TEXT, as 'set --from' reads them").excludes(all);
+    options.flag("--json", request.json, "Answer with one JSON object");
+    options.footer(
+        std::string("In the lines of --flat, \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
+        addressHelp);
 }
 
 ExitStatus runShow(const Request& request) { return Showcase(request).run(); }

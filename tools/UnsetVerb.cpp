@@ -1,5 +1,3 @@
-#include <CLI/App.hpp>
-
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "tools/Configuration.h"
@@ -59,14 +57,13 @@ std::vector<Address> storedPlaces(const ConfigInfo& document, const Address& ope
 
 }  // namespace
 
-void setUpUnset(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.file, "The file to change")->required();
-    app.add_option("ADDRESS", request.operands,
-                   "What is to be stored no more, so that it is inherited or its default counts")
-        ->required();
-    app.add_flag("--force", request.force, "Write what makes errors too");
-    setUpChanging(app, request);
-    app.footer(addressHelp);
+void setUpUnset(Options& options, Request& request) {
+    options.value("FILE", request.file, "The file to change").required();
+    options.value("ADDRESS", request.operands, "What is to be stored no more, so that it is inherited or its default counts")
+        .required();
+    options.flag("--force", request.force, "Write what makes errors too");
+    setUpChanging(options, request);
+    options.footer(addressHelp);
 }
 
 ExitStatus runUnset(const Request& request) {

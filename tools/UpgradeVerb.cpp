@@ -1,5 +1,3 @@
-#include <CLI/App.hpp>
-
 #include "manager/UpgradeFile.h"
 #include "platform/SignalHold.h"
 #include "platform/Terminal.h"
@@ -77,17 +75,17 @@ void printOutcome(const UpgradeOutcome& outcome, const Request& request) {
 
 }  // namespace
 
-void setUpUpgrade(CLI::App& app, Request& request) {
-    app.add_option("FILE", request.operands, "The files to bring to the latest version")->required();
+void setUpUpgrade(Options& options, Request& request) {
+    options.value("FILE", request.operands, "The files to bring to the latest version").required();
     // An empty name, as an unset variable gives, must not fall back to converting in place.
-    const auto isNamed = [](const std::string& name) { return std::string(name.empty() ? "the file name is empty" : ""); };
-    app.add_option("-o,--output", request.target, "Where the result goes, a file that does not exist yet")->check(isNamed);
-    app.add_flag("--explain", request.explain, "Tell what was lost, renamed, moved and dropped");
-    app.add_flag("--steps", request.steps, "Tell every change of each step");
-    app.add_flag("--json", request.json, "Tell everything as JSON");
-    app.add_flag("--dry-run", request.dryRun, "Write nothing");
-    setUpWriting(app, request);
-    app.footer(
+    options.value("-o,--output", request.target, "Where the result goes, a file that does not exist yet")
+        .notEmpty("the file name is empty");
+    options.flag("--explain", request.explain, "Tell what was lost, renamed, moved and dropped");
+    options.flag("--steps", request.steps, "Tell every change of each step");
+    options.flag("--json", request.json, "Tell everything as JSON");
+    options.flag("--dry-run", request.dryRun, "Write nothing");
+    setUpWriting(options, request);
+    options.footer(
         "Without --output a file is converted in place; the old one is kept beside it as FILE.v1.500.bak,\n"
         "with the version it had. A file that fails is left as it was, and the others are gone on with.\n"
         "\n"

@@ -5,10 +5,7 @@
 #include <vector>
 
 #include "manager/LogOutput.h"
-
-namespace CLI {
-class App;
-}
+#include "tools/Options.h"
 
 namespace tool {
 
@@ -49,9 +46,9 @@ enum ExitStatus : int { Done = 0, Refused = 1, WrongUsage = 2, NotReadable = 3 }
 
 struct Verb {
     const char* name;
-    const char* summary;                             ///< one line
-    void (*setUp)(CLI::App& app, Request& request);  ///< names the operands and options
-    ExitStatus (*run)(const Request& request);       ///< what it throws is told as a refusal
+    const char* summary;                                ///< one line
+    void (*setUp)(Options& options, Request& request);  ///< names the operands and options
+    ExitStatus (*run)(const Request& request);          ///< what it throws is told as a refusal
     /// From which level up the library's log is shown without --verbose.
     XMLConfig::LogLevel log = XMLConfig::LogLevel::Warn;
 };
@@ -64,25 +61,25 @@ const std::vector<Verb>& verbs();
 
 // One source file a verb.
 
-void setUpNew(CLI::App& app, Request& request);
+void setUpNew(Options& options, Request& request);
 ExitStatus runNew(const Request& request);
-void setUpShow(CLI::App& app, Request& request);
+void setUpShow(Options& options, Request& request);
 ExitStatus runShow(const Request& request);
-void setUpGet(CLI::App& app, Request& request);
+void setUpGet(Options& options, Request& request);
 ExitStatus runGet(const Request& request);
-void setUpSet(CLI::App& app, Request& request);
+void setUpSet(Options& options, Request& request);
 ExitStatus runSet(const Request& request);
-void setUpUnset(CLI::App& app, Request& request);
+void setUpUnset(Options& options, Request& request);
 ExitStatus runUnset(const Request& request);
-void setUpDescribe(CLI::App& app, Request& request);
+void setUpDescribe(Options& options, Request& request);
 ExitStatus runDescribe(const Request& request);
-void setUpCheck(CLI::App& app, Request& request);
+void setUpCheck(Options& options, Request& request);
 ExitStatus runCheck(const Request& request);
-void setUpLayout(CLI::App& app, Request& request);
+void setUpLayout(Options& options, Request& request);
 ExitStatus runLayout(const Request& request);
-void setUpDiff(CLI::App& app, Request& request);
+void setUpDiff(Options& options, Request& request);
 ExitStatus runDiff(const Request& request);
-void setUpUpgrade(CLI::App& app, Request& request);
+void setUpUpgrade(Options& options, Request& request);
 ExitStatus runUpgrade(const Request& request);
 
 }  // namespace tool

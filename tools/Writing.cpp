@@ -1,7 +1,5 @@
 #include "tools/Writing.h"
 
-#include <CLI/App.hpp>
-
 #include "platform/Utf8.h"
 #include "store/FileChange.h"
 #include "tools/Colour.h"
@@ -25,19 +23,19 @@ std::wstring refusalText(const FindingChange& findings, const Showing& showing) 
 
 }  // namespace
 
-void setUpWriting(CLI::App& app, Request& request) {
+void setUpWriting(Options& options, Request& request) {
     constexpr unsigned day = 24 * 60 * 60;
-    app.add_option("--wait", request.waitSeconds, "How long to wait for another program that writes (30)")
-        ->type_name("SECONDS")
-        ->check(CLI::Range(0U, day));
+    options.value("--wait", request.waitSeconds, "How long to wait for another program that writes (30)")
+        .valueName("SECONDS")
+        .between(0U, day);
 }
 
-void setUpChanging(CLI::App& app, Request& request) {
-    app.add_flag("--dry-run", request.dryRun, "Tell what would change and write nothing");
-    app.add_flag("--quiet", request.quiet, "Do not tell what has changed");
-    app.add_flag("--json", request.json, "Answer with one JSON object");
-    setUpColour(app, request.colour);
-    setUpWriting(app, request);
+void setUpChanging(Options& options, Request& request) {
+    options.flag("--dry-run", request.dryRun, "Tell what would change and write nothing");
+    options.flag("--quiet", request.quiet, "Do not tell what has changed");
+    options.flag("--json", request.json, "Answer with one JSON object");
+    setUpColour(options, request.colour);
+    setUpWriting(options, request);
 }
 
 Before::Before(const ConfigInfo& document, const std::string& file)

@@ -13,10 +13,10 @@
 namespace tool {
 
 /// The options of every verb that writes.
-void setUpWriting(CLI::App& app, Request& request);
+void setUpWriting(Options& options, Request& request);
 
 /// The options of the verbs that change settings.
-void setUpChanging(CLI::App& app, Request& request);
+void setUpChanging(Options& options, Request& request);
 
 /// What a document was before a change of it.
 struct Before {
