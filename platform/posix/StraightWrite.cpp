@@ -60,11 +60,20 @@ void put(OpenFile& file, std::string_view bytes) {
     file.flush();
 }
 
-/// Puts back as much as the disk still takes; the length first, since that needs no room.
+bool isCut(OpenFile& file, off_t size) {
+    try {
+        file.resize(size);
+        return true;
+    } catch (const SystemError&) {
+        return file.status().st_size <= size;
+    }
+}
+
+/// Puts back as much as the disk still takes; the length first, since that needs no room. The old text would not be whole
+/// in a file that cannot be made as short as it was, but the new one may be.
 void putBack(OpenFile& file, const std::optional<std::string>& before, off_t sizeBefore) {
     try {
-        file.resize(sizeBefore);
-        if (before) put(file, *before);
+        if (isCut(file, sizeBefore) && before) put(file, *before);
     } catch (const SystemError&) {  // the caller is to learn of the first failure
     }
 }

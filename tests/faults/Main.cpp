@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -32,6 +33,9 @@ constexpr Error errors[] = {{"ENOSPC", ENOSPC}, {"EIO", EIO},     {"EINTR", EINT
                             {"EDQUOT", EDQUOT}, {"EROFS", EROFS}, {"EACCES", EACCES}};
 
 int broken = 0;
+
+/// What nobody can help, each with the number of cases.
+std::map<std::string, int> beyondHelp;
 
 void report(const std::string& operation, const std::string& what, const std::string& fault) {
     ++broken;
@@ -84,12 +88,9 @@ struct Tally {
     int told = 0;
 };
 
-/// A lasting failure of unlink leaves what cannot be removed, and one of a straight write cannot be undone. Where nothing
-/// can be opened any more the backup stays, because nobody can tell whether the file is as it was.
-bool isBeyondHelp(const Operation& operation, const Plan& plan, const std::string& fault) {
-    if (!plan.isLasting) return false;
-    if (fault == "not upgraded, but a backup was left") return plan.function == "open";
-    return plan.function == "unlink" || plan.function == "unlinkat" || !operation.isAtomic;
+/// Where nothing can be opened any more a backup stays, because nobody can tell whether the file is as it was.
+bool isBeyondHelp(const Plan& plan, const std::string& fault) {
+    return plan.isLasting && plan.function == "open" && fault == leftBackup;
 }
 
 void tryOne(const Operation& operation, const Plan& plan, const char* errorName, Tally& tally) {
@@ -103,11 +104,27 @@ void tryOne(const Operation& operation, const Plan& plan, const char* errorName,
     if (end == End::Wrong) return report(operation.name, what, "no error of the library's own was told");
     std::string fault = operation.check(scene, end == End::Told);
     if (fault.empty()) fault = nextTime(operation, scene);
-    if (!fault.empty() && !isBeyondHelp(operation, plan, fault)) report(operation.name, what, fault);
+    if (fault.empty()) return;
+    if (isBeyondHelp(plan, fault)) {
+        ++beyondHelp[operation.name + ", " + plan.function + " fails for good: " + fault];
+    } else {
+        report(operation.name, what, fault);
+    }
+}
+
+/// Without those that need a superuser where there is none.
+std::vector<Operation> possibleOperations() {
+    std::vector<Operation> possible;
+    for (const Operation& operation : operations()) {
+        const bool isPossible = !operation.isOfAnother || ::geteuid() == 0;
+        if (isPossible) possible.push_back(operation);
+        if (!isPossible) std::cout << operation.name << ": left out, needs the superuser\n";
+    }
+    return possible;
 }
 
 int runErrors() {
-    for (const Operation& operation : operations()) {
+    for (const Operation& operation : possibleOperations()) {
         std::map<std::string, Tally> tallies;
         for (const Count& count : callsOf(operation))
             for (int call = 1; call <= count.calls; ++call)
@@ -122,6 +139,8 @@ int runErrors() {
             std::cout << "  " << function << ": " << tally.cases << " faults, " << tally.done << " done all the same, "
                       << tally.told << " told\n";
     }
+    std::cout << "beyond help:\n";
+    for (const auto& [what, cases] : beyondHelp) std::cout << "  " << what << " (" << cases << " faults)\n";
     return broken;
 }
 
@@ -141,19 +160,29 @@ bool runKilled(const Operation& operation, Scene& scene, const Plan& plan, While
 
 struct KillTally {
     int kills = 0;
-    int strays = 0;
+    int newFiles = 0;
+    int backups = 0;
 };
 
-/// The child's document is gone with it: only what the folder holds counts. What a kill leaves, the next save removes.
+/// The child's document is gone with it: only what the folder holds counts.
 void checkKilled(const Operation& operation, Scene& scene, const std::string& what, KillTally& tally) {
     ++tally.kills;
     std::string fault = operation.check(scene, true);
-    if (fault.rfind("a stray file", 0) == 0 || fault == "not upgraded, but a backup was left") {
-        ++tally.strays;
+    if (fault.rfind("a stray file: .saving-", 0) == 0) {
+        ++tally.newFiles;
+        fault.clear();
+    } else if (fault == leftBackup) {
+        ++tally.backups;
         fault.clear();
     }
-    if (fault.empty() && operation.prepare) fault = nextTime(operation, scene);
+    if (fault.empty()) fault = nextTime(operation, scene);
     if (!fault.empty()) report(operation.name, what, fault);
+}
+
+void tell(const std::string& what, const KillTally& tally) {
+    std::cout << what << ": a new file was left " << tally.newFiles << " times, until the next save";
+    if (tally.backups > 0) std::cout << "; the backup of a file that is not upgraded yet " << tally.backups << " times";
+    std::cout << '\n';
 }
 
 void killEverywhere(const Operation& operation) {
@@ -166,8 +195,7 @@ void killEverywhere(const Operation& operation) {
         if (!runKilled(operation, scene, plan, [](pid_t) {})) break;
         checkKilled(operation, scene, "killed before call " + std::to_string(call), tally);
     }
-    std::cout << operation.name << ": killed before each of " << tally.kills << " calls, " << tally.strays
-              << " times a new file was left until the next save\n";
+    tell(operation.name + ", killed before each of " + std::to_string(tally.kills) + " calls", tally);
 }
 
 void killAtRandom(const std::vector<Operation>& all, int count) {
@@ -176,7 +204,7 @@ void killAtRandom(const std::vector<Operation>& all, int count) {
     for (int i = 0; i < count; ++i) {
         const Operation& operation = all[random() % all.size()];
         Scene scene(operation.oldText);
-        operation.prepare(scene);
+        if (operation.prepare) operation.prepare(scene);
         const std::chrono::microseconds time(random() % 8000);
         const auto killLater = [time](pid_t child) {
             std::this_thread::sleep_for(time);
@@ -185,18 +213,15 @@ void killAtRandom(const std::vector<Operation>& all, int count) {
         runKilled(operation, scene, {}, killLater);
         checkKilled(operation, scene, "killed after " + std::to_string(time.count()) + " microseconds", tally);
     }
-    std::cout << "killed at " << tally.kills << " random times, " << tally.strays
-              << " times a new file was left until the next save\n";
+    tell("killed at " + std::to_string(tally.kills) + " random times", tally);
 }
 
 int runKills(int count) {
-    std::vector<Operation> repeatable;
-    for (const Operation& operation : operations()) {
-        if (!operation.isAtomic) continue;
-        killEverywhere(operation);
-        if (operation.prepare) repeatable.push_back(operation);  // an upgrade is done once: nothing to repeat in the child
-    }
-    killAtRandom(repeatable, count);
+    std::vector<Operation> atomic = possibleOperations();
+    atomic.erase(std::remove_if(atomic.begin(), atomic.end(), [](const Operation& one) { return !one.isAtomic; }),
+                 atomic.end());
+    for (const Operation& operation : atomic) killEverywhere(operation);
+    killAtRandom(atomic, count);
     return broken;
 }
 

@@ -1,5 +1,6 @@
 #include "tests/faults/Operations.h"
 
+#include <fcntl.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -8,13 +9,17 @@
 #include "manager/UpgradeFile.h"
 #include "manager/XMLConfigManager.h"
 #include "tests/support/TestProduct.h"
+#include "tests/support/posix/OtherUser.h"
 
 namespace faults {
 
 namespace {
 
 constexpr const char* attribute = "user.xmlconfig.test";
-const std::string latest = "<ConfigInfo><Version>9.000</Version><System><Site>old</Site></System></ConfigInfo>\n";
+std::string textWith(const std::string& site) {
+    return "<ConfigInfo><Version>9.000</Version><System><Site>" + site + "</Site></System></ConfigInfo>\n";
+}
+const std::string latest = textWith("old");
 
 struct State {
     std::unique_ptr<ConfigInfo> document;
@@ -103,6 +108,13 @@ Operation saveStraight() {
     return operation;
 }
 
+Operation saveShorterStraight() {
+    Operation operation = saveStraight();
+    operation.name = "save a shorter text where no second file may stand";
+    operation.oldText = textWith(std::string(5000, 'o'));
+    return operation;
+}
+
 Operation saveNew() {
     const auto state = std::make_shared<State>();
     Operation operation;
@@ -158,6 +170,40 @@ Operation saveAttributed() {
     return operation;
 }
 
+const OtherUser fileOwner{50001, {50001}};
+const OtherUser stranger{50002, {0}};  // of the group that the superuser's new files get
+
+void giveAway(const Scene& scene) {
+    const std::string folder = scene.folder.path().string();
+    const int result = ::chown((folder + "/hall.skorrax").c_str(), fileOwner.user, fileOwner.groups.front());
+    if (result != 0 || ::chmod(folder.c_str(), 0755) != 0) std::abort();
+}
+
+/// The rule for another's file: it stays his, and nothing beside it opens to those it is closed to.
+std::string checkAnothers(const Scene& scene) {
+    const struct stat status = scene.status();
+    if (status.st_uid != fileOwner.user || status.st_gid != fileOwner.groups.front()) return "the owner is another";
+    for (const std::string& name : scene.names()) {
+        const std::string path = (scene.folder.path() / name).string();
+        if (holdsFor(stranger, [&path] { return ::open(path.c_str(), O_RDONLY) != -1; }))
+            return "a stranger may read " + name;
+    }
+    return {};
+}
+
+Operation ofAnother(Operation operation) {
+    operation.name += ", another's";
+    operation.isOfAnother = true;
+    operation.prepare = [prepare = operation.prepare](Scene& scene) {
+        if (prepare) prepare(scene);
+        giveAway(scene);
+    };
+    operation.check = [check = operation.check](const Scene& scene, bool threw) {
+        return firstOf({check(scene, threw), checkAnothers(scene)});
+    };
+    return operation;
+}
+
 Operation copyConfiguration() {
     const auto state = std::make_shared<State>();
     Operation operation;
@@ -190,6 +236,16 @@ std::string upgradedText() {
     return folder.read(L"new.skorrax");
 }
 
+/// Beside the file there is a backup, or the one of an upgrade that was killed and a second one; each whole.
+std::string checkBackups(const Scene& scene) {
+    const std::wstring first = L"hall.skorrax.v1.500.bak";
+    for (const std::wstring& backup : {first, first + L".2"})
+        if (scene.folder.has(backup) && !scene.has(backup, scene.oldText())) return "a backup is not the old file";
+    return checkNames(scene, {{"hall.skorrax"},
+                              {"hall.skorrax", "hall.skorrax.v1.500.bak"},
+                              {"hall.skorrax", "hall.skorrax.v1.500.bak", "hall.skorrax.v1.500.bak.2"}});
+}
+
 Operation upgradeInPlace() {
     Operation operation;
     operation.name = "upgrade a file, with its backup";
@@ -203,10 +259,10 @@ Operation upgradeInPlace() {
         const std::wstring backup = L"hall.skorrax.v1.500.bak";
         const bool isNew = scene.has(L"hall.skorrax", newText);
         if (isNew && !scene.has(backup, scene.oldText())) return "upgraded, but there is no backup";
-        if (!isNew && scene.folder.has(backup)) return "not upgraded, but a backup was left";
-        return firstOf({checkFile(scene, L"hall.skorrax", scene.oldText(), newText, threw),
-                        scene.mode() == 0640 ? "" : "the mode is another",
-                        checkNames(scene, {{"hall.skorrax"}, {"hall.skorrax", "hall.skorrax.v1.500.bak"}})});
+        std::string fault = firstOf({checkFile(scene, L"hall.skorrax", scene.oldText(), newText, threw),
+                                     scene.mode() == 0640 ? "" : "the mode is another", checkBackups(scene)});
+        if (fault.empty() && !isNew && scene.folder.has(backup)) return leftBackup;
+        return fault;
     };
     return operation;
 }
@@ -240,8 +296,10 @@ std::vector<std::string> Scene::names() const {
 }
 
 std::vector<Operation> operations() {
-    return {saveOver(),       saveStraight(),      saveNew(),        saveByLink(),
-            saveAttributed(), copyConfiguration(), upgradeInPlace(), upgradeToAnother()};
+    std::vector<Operation> all{saveOver(),       saveStraight(),      saveShorterStraight(), saveNew(),         saveByLink(),
+                               saveAttributed(), copyConfiguration(), upgradeInPlace(),      upgradeToAnother()};
+    for (Operation (*make)() : {saveOver, saveStraight, upgradeInPlace}) all.push_back(ofAnother(make()));
+    return all;
 }
 
 }  // namespace faults

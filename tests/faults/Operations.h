@@ -28,11 +28,12 @@ public:
     }
     /// The names of the entries, sorted.
     std::vector<std::string> names() const;
-    int mode() const {
+    struct stat status() const {
         struct stat status {};
         ::stat((folder.path() / "hall.skorrax").c_str(), &status);
-        return static_cast<int>(status.st_mode & 07777);
+        return status;
     }
+    int mode() const { return static_cast<int>(status().st_mode & 07777); }
 
     TemporaryFolder folder;
 
@@ -45,14 +46,18 @@ struct Operation {
     std::string name;
     std::string oldText;  ///< what hall.skorrax holds before
     bool admitsNewFiles = true;
-    bool isAtomic = true;  ///< whether a kill at any time leaves the old or the new file
-    /// Makes ready what the calls are not counted of.
+    bool isAtomic = true;      ///< whether a kill at any time leaves the old or the new file
+    bool isOfAnother = false;  ///< the file belongs to another user, which only the superuser can arrange
+    /// Makes ready what the calls are not counted of. Where there is none, the operation needs nothing but the folder.
     std::function<void(Scene&)> prepare;
     /// The operation itself.
     std::function<void(Scene&)> run;
     /// Empty, or what is wrong; told whether the operation threw.
     std::function<std::string(const Scene&, bool threw)> check;
 };
+
+/// What the check of an upgrade says of a backup that stands beside a file that is not upgraded.
+inline constexpr const char* leftBackup = "not upgraded, but a backup was left";
 
 std::vector<Operation> operations();
 

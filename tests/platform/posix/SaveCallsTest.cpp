@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <csignal>
 #include <map>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -280,6 +281,19 @@ TEST_F(SaveCalls, PutTheOldContentBackWhereAStraightWriteFailsAtTheEnd) {
             EXPECT_EQ(replaceError(m_path, std::string(400, 'n')), refusal(m_path, L"Input/output error")) << name;
             EXPECT_EQ(m_folder.read(L"a"), old);
         }
+    }
+}
+
+TEST_F(SaveCalls, LeaveAWholeTextWhereNoFileCanBeCut) {
+    const SystemCallWatch watch([](const SystemCall& call) {
+        if (call.name == "rename") return EPERM;
+        return call.name == "ftruncate" ? EIO : 0;
+    });
+    for (const auto& [old, text, left] :
+         {std::tuple("long old text", "new", "long old text"), {"old", "long new text", "long new text"}}) {
+        m_folder.write(L"a", old);
+        EXPECT_EQ(replaceError(m_path, text), refusal(m_path, L"Input/output error"));
+        EXPECT_EQ(m_folder.read(L"a"), left);
     }
 }
 
