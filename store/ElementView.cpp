@@ -4,6 +4,7 @@
 #include "store/Address.h"
 #include "store/Document.h"
 #include "store/ElementAccess.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig {
 
@@ -50,7 +51,7 @@ bool ElementView::isNamed(const std::wstring& tag) const {
 }
 
 std::optional<std::wstring> ElementView::attribute(const std::wstring& attributeName) const {
-    if (m_element == nullptr) return std::nullopt;
+    if (m_element == nullptr || !detail::hasAttributes(*elementOf(*this))) return std::nullopt;
     const std::u16string name = detail::toUtf16(attributeName);
     const xercesc::DOMAttr* const found = elementOf(*this)->getAttributeNode(detail::xmlText(name));
     return found == nullptr ? std::nullopt : std::optional(detail::fromUtf16(detail::view(found->getValue())));
@@ -72,15 +73,15 @@ std::wstring ElementView::text() const {
 }
 
 ElementView ElementView::firstChild() const {
-    return m_element == nullptr ? ElementView() : ElementAccess::view(elementOf(*this)->getFirstElementChild());
+    return m_element == nullptr ? ElementView() : ElementAccess::view(detail::firstElementIn(*elementOf(*this)));
 }
 
 ElementView ElementView::next() const {
-    return m_element == nullptr ? ElementView() : ElementAccess::view(elementOf(*this)->getNextElementSibling());
+    return m_element == nullptr ? ElementView() : ElementAccess::view(detail::elementAfter(*elementOf(*this)));
 }
 
 ElementView ElementView::parent() const {
-    const xercesc::DOMNode* const parent = m_element == nullptr ? nullptr : elementOf(*this)->getParentNode();
+    const xercesc::DOMNode* const parent = m_element == nullptr ? nullptr : detail::parentOf(*elementOf(*this));
     const bool isElement = parent != nullptr && parent->getNodeType() == xercesc::DOMNode::ELEMENT_NODE;
     return isElement ? ElementAccess::view(static_cast<const xercesc::DOMElement*>(parent)) : ElementView();
 }

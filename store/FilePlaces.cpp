@@ -1,86 +1,124 @@
 #include "store/FilePlaces.h"
 
 #include <unordered_map>
+#include <unordered_set>
 
 #include "platform/Files.h"
 #include "platform/Text.h"
 #include "store/CorvaneException.h"
+#include "store/Document.h"
 #include "store/DocumentParser.h"
 #include "store/ElementAccess.h"
 #include "store/PlaceScanner.h"
+#include "store/TagScanner.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig {
 
+namespace detail {
+
+std::u16string identityOf(std::u16string_view tag, const XMLCh* id) {
+    std::u16string identity(tag);
+    if (id != nullptr) identity.append(1, u'=').append(view(id));  // no tag holds this character
+    return identity;
+}
+
+std::u16string identityOf(const xercesc::DOMElement& element) {
+    const auto* const id = hasAttributes(element) ? element.getAttributeNode(xmlText(u"ID")) : nullptr;
+    return identityOf(view(element.getNodeName()), id == nullptr ? nullptr : id->getValue());
+}
+
+}  // namespace detail
+
 namespace {
 
-using detail::PlacedElement;
+using detail::PlacedElements;
 using xercesc::DOMElement;
 
-/// Joins the elements of a tree to those of a text.
+/// Joins the elements of a tree to those of a text: of one element those inside it, when any of them is asked for.
 class Matching {
 public:
-    using Found = std::unordered_map<const DOMElement*, FilePlace>;
+    Matching(const DOMElement& root, const PlacedElements& text) : m_text(text) { m_found.emplace(&root, 0); }
 
-    explicit Matching(const detail::PlaceScanner& text) : m_text(text), m_nextEqual(text.elements.size()) {}
-
-    Found run(const DOMElement& root) {
-        match(root, 0);
-        return std::move(m_found);
+    /// The number of the text's element; nothing where it has none.
+    std::optional<std::size_t> find(const DOMElement* element) {
+        if (element == nullptr) return std::nullopt;
+        const auto found = m_found.find(element);
+        if (found != m_found.end()) return found->second;
+        const xercesc::DOMNode* const parent = detail::parentOf(*element);
+        if (parent == nullptr || parent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) return std::nullopt;
+        const auto* const around = static_cast<const DOMElement*>(parent);
+        const std::optional<std::size_t> placed = find(around);
+        if (!placed || !m_isMatched.insert(around).second) return std::nullopt;
+        matchInside(*around, *placed);
+        const auto matched = m_found.find(element);
+        return matched == m_found.end() ? std::nullopt : std::optional(matched->second);
     }
 
 private:
-    using FirstOf = std::unordered_map<std::size_t, std::size_t>;  // by identity
+    void matchInside(const DOMElement& around, std::size_t placed) {
+        const std::size_t first = m_text.firstChild(placed);
+        std::size_t same = first;
+        const DOMElement* child = detail::firstElementIn(around);
+        for (; child != nullptr && same != 0 && m_text.isLike(same, *child); child = detail::elementAfter(*child)) {
+            m_found.emplace(child, same);
+            same = m_text.next(same);
+        }
+        if (child != nullptr && same != 0) matchByIdentity(around, first);
+    }
 
-    void match(const DOMElement& element, std::size_t placed) {
-        const PlacedElement& here = m_text.elements[placed];
-        m_found[&element] = {here.line, here.column};
-        FirstOf next = childrenOf(here);
-        if (next.empty()) return;
-        for (const auto* child = element.getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
-            const auto found = next.find(identity(*child));
-            if (found == next.end() || found->second == 0) continue;
-            const std::size_t match = found->second;
-            found->second = m_nextEqual[match];
-            this->match(*child, match);
+    /// Of several that are equal, the first is the first, and so on.
+    void matchByIdentity(const DOMElement& around, std::size_t first) {
+        std::unordered_map<std::u16string, std::vector<std::size_t>> placed;
+        for (std::size_t number = first; number != 0; number = m_text.next(number))
+            placed[m_text.identity(number)].push_back(number);
+        std::unordered_map<std::u16string, std::size_t> met;
+        for (const auto* child = detail::firstElementIn(around); child != nullptr; child = detail::elementAfter(*child)) {
+            const std::u16string identity = detail::identityOf(*child);
+            const auto equals = placed.find(identity);
+            const std::size_t count = met[identity]++;
+            if (equals != placed.end() && count < equals->second.size()) m_found[child] = equals->second[count];
         }
     }
 
-    FirstOf childrenOf(const PlacedElement& parent) {
-        FirstOf first;
-        FirstOf last;
-        for (std::size_t child = parent.firstChild; child != 0; child = m_text.elements[child].next) {
-            const std::size_t number = m_text.elements[child].identity;
-            if (!first.emplace(number, child).second) m_nextEqual[last[number]] = child;
-            last[number] = child;
-        }
-        return first;
-    }
-
-    [[nodiscard]] std::size_t identity(const DOMElement& element) const {
-        const xercesc::DOMAttr* const id = element.getAttributeNode(detail::xmlText(u"ID"));
-        const auto found = m_text.identities.find(
-            detail::identityOf(detail::view(element.getNodeName()), id == nullptr ? nullptr : id->getValue()));
-        return found == m_text.identities.end() ? m_text.identities.size() : found->second;
-    }
-
-    const detail::PlaceScanner& m_text;
-    std::vector<std::size_t> m_nextEqual;  // the next one beside it of the same identity; 0 for none
-    Found m_found;
+    const PlacedElements& m_text;
+    std::unordered_map<const DOMElement*, std::size_t> m_found;
+    std::unordered_set<const DOMElement*> m_isMatched;
 };
+
+/// Nothing where the bytes are not those that the document was made of, so that they may be malformed, and where they are
+/// written in a rare way.
+std::unique_ptr<PlacedElements> scanQuickly(const detail::FileState& file, const std::string& bytes) {
+    detail::ContentHash content;
+    content.add(bytes);
+    return file.isContent(content.value()) ? detail::TagScanner::scan(bytes) : nullptr;
+}
+
+std::unique_ptr<PlacedElements> scanStrictly(const std::wstring& path) {
+    auto scanner = std::make_unique<detail::PlaceScanner>();
+    scanner->scan(*detail::fileSource(path));
+    return scanner;
+}
 
 }  // namespace
 
 struct FilePlaces::Places {
-    Matching::Found found;
+    std::string bytes;
+    std::unique_ptr<PlacedElements> elements;
+    std::optional<Matching> matching;  // nothing for a document without a root
 };
 
 FilePlaces::FilePlaces(const ConfigInfo& document, const std::wstring& path) : m_places(std::make_unique<Places>()) {
     const std::wstring failed = L"Error FilePlaces: " + path + L": ";
     try {
-        detail::PlaceScanner text;
-        text.scan(*detail::fileSource(path));
+        const detail::FileState& file = detail::Document::of(document).file;
+        if (file.isOf(path)) {
+            m_places->bytes = detail::readWholeFile(path);
+            m_places->elements = scanQuickly(file, m_places->bytes);
+        }
+        if (m_places->elements == nullptr) m_places->elements = scanStrictly(path);
         const DOMElement* const root = ElementAccess::element(rootElement(document));
-        if (root != nullptr) m_places->found = Matching(text).run(*root);
+        if (root != nullptr) m_places->matching.emplace(*root, *m_places->elements);
     } catch (const detail::ParseFailure& failure) {
         throw CorvaneException(failed + failure.message());
     } catch (const detail::FileError& error) {
@@ -93,8 +131,9 @@ FilePlaces::FilePlaces(const ConfigInfo& document, const std::wstring& path) : m
 FilePlaces::~FilePlaces() = default;
 
 std::optional<FilePlace> FilePlaces::find(const ElementView& element) const {
-    const auto found = m_places->found.find(ElementAccess::element(element));
-    return found == m_places->found.end() ? std::nullopt : std::optional(found->second);
+    if (!m_places->matching) return std::nullopt;
+    const std::optional<std::size_t> number = m_places->matching->find(ElementAccess::element(element));
+    return number ? std::optional(m_places->elements->place(*number)) : std::nullopt;
 }
 
 }  // namespace XMLConfig

@@ -21,40 +21,33 @@ std::u16string tagOf(const xercesc::XMLElementDecl& declaration, const XMLCh* pr
 
 }  // namespace
 
-std::u16string identityOf(std::u16string_view tag, const XMLCh* id) {
-    std::u16string identity(tag);
-    if (id != nullptr) identity.append(1, u'=').append(view(id));  // no tag holds this character
-    return identity;
-}
-
 void PlaceScanner::scan(const xercesc::InputSource& source) {
     xercesc::XMLPScanToken token;
     bool isGoing = parseFirst(source, token);
     const xercesc::Locator* const place = getScanner()->getLocator();
     while (isGoing) {
-        m_line = place->getLineNumber();
-        m_column = place->getColumnNumber();
+        m_next = {place->getLineNumber(), place->getColumnNumber()};
         isGoing = parseNext(token);
     }
-    refuseEmptiness(elements.empty());
+    refuseEmptiness(m_elements.empty());
 }
 
 void PlaceScanner::startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri,
                                 const XMLCh* const prefix, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                 const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) {
     enterLevel(attributeCount);
-    const std::u16string identity = identityOf(tagOf(declaration, prefix), idIn(attributes, attributeCount));
-    const std::size_t number = identities.emplace(identity, identities.size()).first->second;
-    elements.push_back({number, m_line, m_column, 0, 0});
-    if (!m_open.empty()) join(elements.size() - 1);
-    m_open.push_back({elements.size() - 1, 0});
+    const std::u16string& identity =
+        *m_identities.insert(identityOf(tagOf(declaration, prefix), idIn(attributes, attributeCount))).first;
+    m_elements.push_back({&identity, m_next, 0, 0});
+    if (!m_open.empty()) join(m_elements.size() - 1);
+    m_open.push_back({m_elements.size() - 1, 0});
     if (isEmpty) PlaceScanner::endElement(declaration, uri, isRoot, prefix);
 }
 
 void PlaceScanner::join(std::size_t added) {
     Open& around = m_open.back();
-    if (around.lastChild == 0) elements[around.element].firstChild = added;
-    else elements[around.lastChild].next = added;
+    if (around.lastChild == 0) m_elements[around.element].firstChild = added;
+    else m_elements[around.lastChild].next = added;
     around.lastChild = added;
 }
 

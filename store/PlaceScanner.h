@@ -1,36 +1,39 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+#include "store/PlacedElements.h"
 #include "store/StrictParser.h"
 
 namespace XMLConfig::detail {
 
-/// What tells an element from those beside it: its tag and its "ID" attribute, which may be missing.
-std::u16string identityOf(std::u16string_view tag, const XMLCh* id);
-
-/// An element of a text and where its start tag begins.
-struct PlacedElement {
-    std::size_t identity = 0;  ///< the number of its identity
-    std::uint64_t line = 0;
-    std::uint64_t column = 0;
-    std::size_t firstChild = 0;  ///< by index, like the next; 0, which is the root, stands for none
-    std::size_t next = 0;
-};
-
 /// Reads a text for the places of its elements and makes no tree of it. Refuses what a load refuses.
-class PlaceScanner : public StrictParser {
+class PlaceScanner : public PlacedElements, public StrictParser {
 public:
     /// Throws as StrictParser, and what the source throws.
     void scan(const xercesc::InputSource& source);
 
-    /// In document order, the root first.
-    std::vector<PlacedElement> elements;
-    /// The number of each identity that was met.
-    std::unordered_map<std::u16string, std::size_t> identities;
+    [[nodiscard]] std::size_t firstChild(std::size_t element) const override { return m_elements[element].firstChild; }
+    [[nodiscard]] std::size_t next(std::size_t element) const override { return m_elements[element].next; }
+    [[nodiscard]] std::u16string identity(std::size_t element) const override { return *m_elements[element].identity; }
+    [[nodiscard]] bool isLike(std::size_t element, const xercesc::DOMElement& other) const override {
+        return *m_elements[element].identity == identityOf(other);
+    }
+    [[nodiscard]] FilePlace place(std::size_t element) const override { return m_elements[element].place; }
+
+private:
+    struct Placed {
+        const std::u16string* identity = nullptr;
+        FilePlace place;
+        std::size_t firstChild = 0;
+        std::size_t next = 0;
+    };
+    struct Open {
+        std::size_t element = 0;
+        std::size_t lastChild = 0;
+    };
 
     void startElement(const xercesc::XMLElementDecl& declaration, unsigned int uri, const XMLCh* prefix,
                       const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount, bool isEmpty,
@@ -42,17 +45,12 @@ public:
     void startDocument() override;
     void endDocument() override;
     void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone, const XMLCh* actualEncoding) override;
-
-private:
     void join(std::size_t added);
 
-    struct Open {
-        std::size_t element = 0;
-        std::size_t lastChild = 0;
-    };
+    std::vector<Placed> m_elements;
+    std::unordered_set<std::u16string> m_identities;
     std::vector<Open> m_open;  // from the root to where the scanner is
-    std::uint64_t m_line = 1;  // of the piece of markup that is read next
-    std::uint64_t m_column = 1;
+    FilePlace m_next{1, 1};    // of the piece of markup that is read next
 };
 
 }  // namespace XMLConfig::detail

@@ -48,6 +48,14 @@ Links linksOf(DOMNode& node) {
     return {*xercesc::castToNodeImpl(&node), *xercesc::castToChildImpl(&node)};
 }
 
+DOMNode* nextOf(const DOMNode& node) { return linksOf(const_cast<DOMNode&>(node)).child.nextSibling; }
+
+/// The node or the first element after it. A node that may hold other ones in its place is none that the store makes.
+const DOMElement* elementFrom(const DOMNode* node) {
+    while (node != nullptr && node->getNodeType() != DOMNode::ELEMENT_NODE) node = nextOf(*node);
+    return static_cast<const DOMElement*>(node);
+}
+
 xercesc::DOMParentNode& childrenOf(DOMElement& element) { return static_cast<DOMElementImpl&>(element).fParent; }
 
 void join(xercesc::DOMParentNode& children, DOMNode& parent, DOMNode& child) {
@@ -179,6 +187,20 @@ DOMNode* parentOf(const DOMElement& element) {
     return node.isOwned() ? node.fOwnerNode : nullptr;
 }
 
+const DOMElement* firstElementIn(const DOMElement& element) {
+    if (!linksAreKnown()) return element.getFirstElementChild();
+    return elementFrom(static_cast<const DOMElementImpl&>(element).fParent.fFirstChild);
+}
+
+const DOMElement* elementAfter(const DOMElement& element) {
+    return linksAreKnown() ? elementFrom(nextOf(element)) : element.getNextElementSibling();
+}
+
+bool hasAttributes(const DOMElement& element) {
+    if (!linksAreKnown()) return element.hasAttributes();
+    return static_cast<const DOMElementImpl&>(element).fAttributes->getLength() > 0;
+}
+
 void reserveAttributes(DOMElement& element, const std::size_t count) {
     static_cast<DOMElementImpl&>(element).fAttributes->reserve(count);
 }
@@ -213,6 +235,9 @@ bool linksAreKnown() { return false; }
 void append(DOMElement& parent, DOMNode& child) { parent.appendChild(&child); }
 void unlink(DOMElement& parent, DOMNode& child) { parent.removeChild(&child); }
 DOMNode* parentOf(const DOMElement& element) { return element.getParentNode(); }
+const DOMElement* firstElementIn(const DOMElement& element) { return element.getFirstElementChild(); }
+const DOMElement* elementAfter(const DOMElement& element) { return element.getNextElementSibling(); }
+bool hasAttributes(const DOMElement& element) { return element.hasAttributes(); }
 void reserveAttributes(DOMElement& /*element*/, std::size_t /*count*/) {}
 void addAttribute(DOMElement& /*element*/, xercesc::DOMAttr& /*attribute*/, xercesc::DOMText& /*text*/) {}
 void spreadNames(DOMDocumentImpl& /*document*/) {}

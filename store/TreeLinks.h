@@ -39,6 +39,11 @@ void append(xercesc::DOMElement& parent, xercesc::DOMNode& child);
 void unlink(xercesc::DOMElement& parent, xercesc::DOMNode& child);
 /// The node that an element is a child of.
 xercesc::DOMNode* parentOf(const xercesc::DOMElement& element);
+/// The first element inside an element, and the next one beside it; null where there is none.
+const xercesc::DOMElement* firstElementIn(const xercesc::DOMElement& element);
+const xercesc::DOMElement* elementAfter(const xercesc::DOMElement& element);
+/// Whether an element has any attribute.
+bool hasAttributes(const xercesc::DOMElement& element);
 
 // These are asked for only where the links are known.
 

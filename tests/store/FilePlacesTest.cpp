@@ -1,5 +1,7 @@
 #include "store/FilePlaces.h"
 
+#include <random>
+
 #include "store/Address.h"
 #include "tests/store/StoreSupport.h"
 
@@ -132,6 +134,80 @@ TEST(FilePlaces, AreRefusedForAFileThatWouldNotLoad) {
     EXPECT_CONTAINS(refused(deep), L"nested too deeply");
     EXPECT_STARTS_WITH(messageOf([&] { const FilePlaces places(loaded.document, loaded.folder.file(L"missing")); }),
                        L"Error FilePlaces: ");
+}
+
+namespace {
+
+/// Writes well-formed texts that hold whatever may be mistaken for an element or for the end of one.
+class RandomText {
+public:
+    explicit RandomText(unsigned seed) : m_random(seed) {}
+
+    std::string make() {
+        std::string text = one({"", "\xEF\xBB\xBF"});
+        text += one({"", "<?xml version=\"1.0\"?>", "<?xml version='1.0' encoding='utf-8' ?>\r\n"});
+        return text + one({"", "<!-- <a> -->\n", "\n"}) + element(0) + one({"", "\n", "<!-- <b/> -->"});
+    }
+
+private:
+    std::size_t below(std::size_t count) { return m_random() % count; }
+    std::string one(const std::vector<std::string>& texts) { return texts[below(texts.size())]; }
+    std::string attributes() {
+        return one({"", "", " ID=\"1\"", " ID = '2'", " ID=\"\xC3\xA4>\"", " x='a>b\"/' ID='3'", " x.ID=\"4\"\n  y=''",
+                    "\r\n\tID=\"a/b\" z = '&lt;'", " ID=\"\"", " ID=\"&amp;\""});
+    }
+    std::string filling() {
+        return one({"", " ", "\n  ", "\r\n", "text", "\xC3\xA4 ", "\xE6\x97\xA5", "\xF0\x9F\x94\xA5", "&amp;", "&#10;",
+                    "a > b", "<!-- <a ID='1'> ' -->", "<!---->", "<![CDATA[</a><b> ]] >]]>", "<?p <a> ?>", "]]", "\t"});
+    }
+    std::string element(int depth) {
+        const std::string name = one({"a", "b", "a.b", "\xC3\xA4", "a-1"});
+        const std::string start = "<" + name + attributes() + one({"", " ", "\n"});
+        if (depth > 0 && below(4) == 0) return start + "/>";
+        std::string text = start + ">";
+        const std::size_t count = depth < 4 ? below(5) : 0;
+        for (std::size_t i = 0; i < count; ++i) text += filling() + element(depth + 1);
+        return text + filling() + "</" + name + one({"", " ", "\r\n"}) + ">";
+    }
+
+    std::mt19937 m_random;
+};
+
+/// The places of all elements, in document order.
+std::string placesOf(const FilePlaces& places, const ElementView& element) {
+    const auto place = places.find(element);
+    std::string text = place ? std::to_string(place->line) + ":" + std::to_string(place->column) + " " : "- ";
+    for (const ElementView& child : element.children()) text += placesOf(places, child);
+    return text;
+}
+
+}  // namespace
+
+// A copy is read as a file that may be malformed, the file itself as one that is known to be sound.
+TEST(FilePlaces, AreTheSameOfTheFileAndOfACopy) {
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        const std::string text = RandomText(seed).make();
+        const Loaded loaded(text);
+        const std::wstring copy = loaded.folder.write(L"copy.skorrax", text);
+        const std::string strict = placesOf(FilePlaces(loaded.document, copy), rootElement(loaded.document));
+        EXPECT_EQ(placesOf(FilePlaces(loaded.document, loaded.path), rootElement(loaded.document)), strict) << text;
+        EXPECT_EQ(strict.find('-'), std::string::npos) << text;
+    }
+}
+
+TEST(FilePlaces, AreThoseOfTheFileAsItIsNow) {
+    const Loaded loaded("<C>\n<S ID=\"1\"/>\n</C>");
+    loaded.folder.write(L"input.skorrax", "<C>\n\n<T/>\n <S ID=\"1\"/></C>");
+    EXPECT_EQ(loaded.placeOf(L"S[1]"), "4:2");
+    loaded.folder.write(L"input.skorrax", "<C>\n\n<T/>\n <S ID=\"1\"/></D>");
+    EXPECT_STARTS_WITH(messageOf([&] { const FilePlaces places(loaded.document, loaded.path); }), L"Error FilePlaces: ");
+}
+
+TEST(FilePlaces, AreThoseOfWhatWasSaved) {
+    Loaded loaded("<C><S ID=\"1\"/><S ID=\"2\"/></C>");
+    set(loaded.document, L"S", L"A", L"1", L"2");
+    loaded.document.save(loaded.path);
+    EXPECT_NE(loaded.placeOf(L"S[2]/A"), "");
 }
 
 TEST(FilePlaces, LeaveTheDocumentAsItIs) {
