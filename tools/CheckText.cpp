@@ -1,6 +1,7 @@
 #include "tools/CheckText.h"
 
 #include <algorithm>
+#include <map>
 
 #include "platform/Utf8.h"
 #include "store/Address.h"
@@ -21,9 +22,8 @@ std::wstring wordsOf(const Finding& finding) {
     return finding.message;
 }
 
-bool canShareLine(const Finding& a, const Finding& b) {
-    return a.rule == b.rule && a.severity == b.severity && wordsOf(a) == wordsOf(b);
-}
+/// The findings of a rule that may share a line, as indices in their order, by severity and words.
+using Alike = std::map<std::pair<Severity, std::wstring>, std::vector<std::size_t>>;
 
 std::wstring shownAddress(const Finding& finding, const Showing& showing) {
     try {
@@ -47,16 +47,10 @@ public:
 
     std::wstring make() const {
         std::wstring text;
-        std::vector<bool> isTold(m_checked.findings.size(), false);
-        for (std::size_t i = 0; i < m_checked.findings.size(); ++i) {
-            if (isTold[i]) continue;
-            const std::vector<std::size_t> alike = alikeFrom(i);
-            if (alike.size() <= mostLines) {
-                text += line(m_checked.findings[i]);
-                continue;
-            }
-            for (const std::size_t index : alike) isTold[index] = true;
-            text += sharedLine(alike);
+        const std::vector<Place>& all = m_checked.findings;
+        for (std::size_t begin = 0, end = 0; begin < all.size(); begin = end) {
+            while (end < all.size() && all[end].finding.rule == all[begin].finding.rule) ++end;
+            addRule(text, begin, end);
         }
         return text + countLine() + hints();
     }
@@ -65,13 +59,19 @@ private:
     static constexpr std::size_t mostLines = 3;
     static constexpr std::size_t mostNamed = 4;
 
-    /// The findings of the same rule with the same words, which stand near one another.
-    [[nodiscard]] std::vector<std::size_t> alikeFrom(std::size_t first) const {
-        std::vector<std::size_t> alike;
-        const Finding& one = m_checked.findings[first].finding;
-        for (std::size_t i = first; i < m_checked.findings.size() && m_checked.findings[i].finding.rule == one.rule; ++i)
-            if (canShareLine(one, m_checked.findings[i].finding)) alike.push_back(i);
-        return alike;
+    /// The findings of one rule from `begin` up to `end`.
+    void addRule(std::wstring& text, std::size_t begin, std::size_t end) const {
+        Alike alike;
+        const auto groupOf = [&](std::size_t index) -> std::vector<std::size_t>& {
+            const Finding& finding = m_checked.findings[index].finding;
+            return alike[{finding.severity, wordsOf(finding)}];
+        };
+        for (std::size_t i = begin; i < end; ++i) groupOf(i).push_back(i);
+        for (std::size_t i = begin; i < end; ++i) {
+            const std::vector<std::size_t>& group = groupOf(i);
+            if (group.size() <= mostLines) text += line(m_checked.findings[i]);
+            else if (group.front() == i) text += sharedLine(group);
+        }
     }
 
     [[nodiscard]] std::wstring line(const Place& place) const {
