@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "base/Setting.h"
 #include "manager/Check.h"
 #include "platform/Export.h"
 
@@ -23,5 +24,7 @@ struct CheckRule {
 XMLCONFIG_API const std::vector<CheckRule>& checkRules();
 /// Null for what is no rule's ID.
 XMLCONFIG_API const CheckRule* findRule(const std::wstring& id);
+/// The rules that look at the setting in particular, by ID; those that look at every setting are not among them.
+XMLCONFIG_API std::vector<const CheckRule*> rulesOf(const Setting& setting);
 
 }  // namespace XMLConfig

@@ -7,6 +7,7 @@
 #include "tools/CheckText.h"
 #include "tools/Colour.h"
 #include "tools/Reading.h"
+#include "tools/RuleText.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"
 
@@ -17,10 +18,7 @@ using XMLConfig::Finding;
 using XMLConfig::Severity;
 
 std::wstring ruleOf(const std::string& word) {
-    std::wstring id = XMLConfig::wideFromUtf8(word);
-    for (wchar_t& letter : id)
-        if (letter >= L'a' && letter <= L'z') letter = static_cast<wchar_t>(letter - L'a' + L'A');
-    if (XMLConfig::findRule(id) != nullptr) return id;
+    if (const XMLConfig::CheckRule* const rule = ruleNamed(XMLConfig::wideFromUtf8(word))) return rule->id;
     throw WrongOperands("there is no rule " + word + "; docs/rules.md and 'xmlconfig describe' tell all");
 }
 

@@ -85,8 +85,12 @@ private:
         const auto isWord = [](const std::string& argument) { return argument.empty() || argument[0] != '-'; };
         const auto word = std::find_if(arguments.begin(), arguments.end(), isWord);
         if (word == arguments.end()) return std::nullopt;
-        const auto isIt = [&](const Verb& verb) { return verb.name == *word; };
-        return std::any_of(verbs().begin(), verbs().end(), isIt) ? std::nullopt : std::optional<std::string>(*word);
+        return isVerb(*word) ? std::nullopt : std::optional<std::string>(*word);
+    }
+
+    static bool isVerb(const std::string& word) {
+        const auto isIt = [&](const Verb& verb) { return verb.name == word; };
+        return std::any_of(verbs().begin(), verbs().end(), isIt);
     }
 
     static int refuseUnknownVerb(const std::string& word) {
@@ -113,7 +117,7 @@ private:
     /// For the build, which makes the manual pages; no help names it.
     int printManual(const std::string& name) const {
         const bool whole = name == "xmlconfig";
-        if (!whole && unknownVerb({name})) return refuseUnknownVerb(name);
+        if (!whole && !isVerb(name)) return refuseUnknownVerb(name);
         const CLI::App& app = whole ? m_app : *m_app.get_subcommand(name);
         const std::string page = manualPage(app, whole ? name : "xmlconfig " + name, "xmlconfig " XMLCONFIG_VERSION);
         print(XMLConfig::wideFromUtf8(page));

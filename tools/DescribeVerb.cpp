@@ -1,10 +1,11 @@
 #include <algorithm>
-#include <cmath>
 
 #include "manager/Catalogue.h"
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
+#include "tools/DescribeJson.h"
 #include "tools/Json.h"
+#include "tools/Letters.h"
 #include "tools/Output.h"
 #include "tools/RuleText.h"
 #include "tools/Suggestion.h"
@@ -17,8 +18,6 @@ namespace {
 using XMLConfig::Setting;
 using XMLConfig::SettingClass;
 using XMLConfig::SettingType;
-
-std::wstring addressOf(const Setting& setting) { return setting.section + L"/" + XMLConfig::addressKey(setting); }
 
 bool isWord(const std::wstring& text, const Setting& setting) {
     return std::find(setting.words.begin(), setting.words.end(), text) != setting.words.end();
@@ -63,25 +62,17 @@ void printDetails(const Setting& setting) {
     printField(L"  when new", setting.initialText ? shown(*setting.initialText, setting) : L"not stored");
     printField(L"  counts", setting.countsWhile ? L"only while " + conditionText(setting) : L"");
     printField(L"  belongs to", setting.settingClass == SettingClass::Rest ? L"" : belonging(setting.settingClass));
+    printField(L"  rules", ruleIDs(XMLConfig::rulesOf(setting)));
     printField(L"  access", setting.readOnly ? L"only read by the library" : L"");
-}
-
-wchar_t lower(wchar_t character) {
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
-}
-
-std::wstring lowered(std::wstring text) {
-    std::transform(text.begin(), text.end(), text.begin(), lower);
-    return text;
 }
 
 /// Those whose address or meaning holds the word, whatever the case of its letters.
 std::vector<Setting> settingsAbout(const std::wstring& word) {
-    const std::wstring wanted = lowered(word);
+    const std::wstring wanted = lowerCase(word);
     std::vector<Setting> found;
     for (const Setting& setting : XMLConfig::catalogue()) {
-        const bool isFound = lowered(addressOf(setting)).find(wanted) != std::wstring::npos ||
-                             lowered(setting.meaning).find(wanted) != std::wstring::npos;
+        const bool isFound = lowerCase(addressOf(setting)).find(wanted) != std::wstring::npos ||
+                             lowerCase(setting.meaning).find(wanted) != std::wstring::npos;
         if (isFound) found.push_back(setting);
     }
     return found;
@@ -106,95 +97,47 @@ std::vector<Setting> settingsAt(const std::wstring& text) {
         if (!settings.empty()) names.clear();
         for (const Setting& setting : settings) names.push_back(addressOf(setting));
     }
-    throw Refusal(L"there is no \"" + text + L"\" among the settings" + suggestion(text, names));
+    throw Refusal(L"there is no \"" + text + L"\" among the settings and rules" + suggestion(text, names));
 }
 
-/// What an operand asks for: an address first, else a word.
-std::vector<Setting> settingsFor(const std::wstring& text) {
-    std::vector<Setting> settings = settingsAt(text);
-    if (settings.empty() && !text.empty()) settings = settingsAbout(text);
-    if (settings.empty()) refuseUnknown(text);
-    return settings;
+/// What an operand asks for: a rule, an address, or else a word to look for.
+Topic topicOf(const std::wstring& asked) {
+    if (const XMLConfig::CheckRule* const rule = ruleNamed(asked)) return {asked, {}, {rule}};
+    Topic topic{asked, settingsAt(asked), {}};
+    if (!topic.settings.empty()) return topic;
+    if (!asked.empty()) topic = {asked, settingsAbout(asked), rulesAbout(asked)};
+    if (topic.settings.empty() && topic.rules.empty()) refuseUnknown(asked);
+    return topic;
 }
 
-Json rangeJson(const Setting& setting) {
-    if (!setting.range) return nullptr;
-    const auto limit = [](double number) { return std::isfinite(number) ? Json(number) : Json(nullptr); };
-    return {{"low", limit(setting.range->low)},
-            {"high", limit(setting.range->high)},
-            {"withoutLow", setting.range->withoutLow},
-            {"ownJudgement", setting.range->ownJudgement}};
+void printTopic(const Topic& topic) {
+    const bool isRule = topic.rules.size() == 1 && topic.rules[0] == ruleNamed(topic.asked);
+    if (isRule) print(ruleText(*topic.rules[0]));
+    else if (topic.settings.size() == 1 && addressOf(topic.settings[0]) == topic.asked) printDetails(topic.settings[0]);
+    else {
+        printList(topic.settings);
+        if (!topic.rules.empty()) print(L"rules: " + ruleIDs(topic.rules) + L"\n");
+    }
 }
-
-Json valuesJson(const Setting& setting) {
-    Json values = Json::array();
-    for (const std::wstring& word : setting.words) values.push_back({{"value", jsonText(word)}, {"name", nullptr}});
-    for (const XMLConfig::NamedNumber& number : setting.numbers)
-        values.push_back({{"value", number.number}, {"name", jsonText(number.name)}});
-    return values;
-}
-
-Json jsonOf(const Setting& setting) {
-    return {{"address", jsonText(addressOf(setting))},
-            {"meaning", jsonText(setting.meaning)},
-            {"type", jsonText(nameOf(setting.type))},
-            {"unit", jsonText(nameOf(setting.unit))},
-            {"values", valuesJson(setting)},
-            {"othersCountAs", jsonText(setting.othersCountAs)},
-            {"range", rangeJson(setting)},
-            {"default", jsonText(setting.defaultText)},
-            {"initial", jsonText(setting.initialText)},
-            {"inheritsFrom", setting.inheritsFrom.empty() ? Json(nullptr) : jsonText(setting.inheritsFrom)},
-            {"class", jsonText(nameOf(setting.settingClass))},
-            {"countsWhile", setting.countsWhile ? jsonText(conditionText(setting)) : Json(nullptr)},
-            {"readOnly", setting.readOnly},
-            {"writtenByRuns", setting.writtenByRuns}};
-}
-
-Json jsonOf(const std::vector<Setting>& settings) {
-    Json json = Json::array();
-    for (const Setting& setting : settings) json.push_back(jsonOf(setting));
-    return json;
-}
-
-void printSettings(const std::vector<Setting>& settings, const std::wstring& asked) {
-    if (settings.size() == 1 && addressOf(settings[0]) == asked) printDetails(settings[0]);
-    else printList(settings);
-}
-
-bool isRule(const std::wstring& word) { return !ruleText(word).empty(); }
 
 }  // namespace
 
 void setUpDescribe(Options& options, Request& request) {
     options.value("SETTING", request.operands,
-                  "SECTION, SECTION/KEY, or a word to look for in names and meanings; all settings are listed without");
+                  "SECTION, SECTION/KEY, a rule of check, or a word to look for in names and meanings; all settings are "
+                  "listed without");
     options.flag("--json", request.json, "Answer with one JSON object");
     options.footer("Exit status: 0 done, 1 nothing is known of it, 2 wrong usage.");
 }
 
 ExitStatus runDescribe(const Request& request) {
-    std::vector<std::vector<Setting>> answers;
-    for (const std::string& operand : request.operands) {
-        const std::wstring word = XMLConfig::wideFromUtf8(operand);
-        answers.push_back(isRule(word) ? std::vector<Setting>() : settingsFor(word));
-    }
-    if (answers.empty()) answers.push_back(XMLConfig::catalogue());
-    if (request.json) {
-        for (const std::string& operand : request.operands)
-            if (isRule(XMLConfig::wideFromUtf8(operand))) throw WrongOperands("--json tells of settings, not of rules");
-        Json answer = jsonAnswer("describe");
-        answer["settings"] = Json::array();
-        for (const auto& settings : answers)
-            for (Json& setting : jsonOf(settings)) answer["settings"].push_back(std::move(setting));
-        print(jsonEnd(std::move(answer), Done));
-        return Done;
-    }
-    for (std::size_t i = 0; i < answers.size(); ++i) {
-        const std::wstring word = request.operands.empty() ? L"" : XMLConfig::wideFromUtf8(request.operands[i]);
-        if (isRule(word)) print(ruleText(word));
-        else printSettings(answers[i], word);
-    }
+    std::vector<Topic> topics;
+    for (const std::string& operand : request.operands) topics.push_back(topicOf(XMLConfig::wideFromUtf8(operand)));
+    if (topics.empty()) topics.push_back({L"", XMLConfig::catalogue(), {}});
+    if (request.operands.empty() && request.json) topics[0].rules = rulesAbout(L"");
+    if (request.json) print(describeJson(topics));
+    else
+        for (const Topic& topic : topics) printTopic(topic);
     return Done;
 }
 

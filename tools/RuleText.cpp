@@ -1,9 +1,11 @@
 #include "tools/RuleText.h"
 
-#include "manager/CheckRules.h"
+#include "tools/Letters.h"
 
 namespace tool {
 namespace {
+
+using XMLConfig::CheckRule;
 
 std::wstring field(const std::wstring& label, const std::wstring& text) {
     constexpr std::size_t width = 14;
@@ -12,14 +14,42 @@ std::wstring field(const std::wstring& label, const std::wstring& text) {
 
 }  // namespace
 
-std::wstring ruleText(const std::wstring& id) {
-    std::wstring upper = id;
-    for (wchar_t& letter : upper)
-        if (letter >= L'a' && letter <= L'z') letter = static_cast<wchar_t>(letter - L'a' + L'A');
-    const XMLConfig::CheckRule* const rule = XMLConfig::findRule(upper);
-    if (rule == nullptr) return {};
-    return std::wstring(rule->id) + L" " + rule->name + L", " + rule->severity + L"\n  " + rule->meaning + L"\n" +
-           field(L"looks at", rule->looksAt) + field(L"exactly", rule->condition) + field(L"mend", rule->mend);
+const CheckRule* ruleNamed(const std::wstring& id) { return XMLConfig::findRule(upperCase(id)); }
+
+Rules rulesAbout(const std::wstring& word) {
+    const std::wstring wanted = lowerCase(word);
+    Rules rules;
+    for (const CheckRule& rule : XMLConfig::checkRules())
+        for (const wchar_t* const text : {rule.name, rule.meaning, rule.condition}) {
+            if (lowerCase(text).find(wanted) == std::wstring::npos) continue;
+            rules.push_back(&rule);
+            break;
+        }
+    return rules;
+}
+
+std::wstring ruleText(const CheckRule& rule) {
+    return std::wstring(rule.id) + L" " + rule.name + L", " + rule.severity + L"\n  " + rule.meaning + L"\n" +
+           field(L"looks at", rule.looksAt) + field(L"exactly", rule.condition) + field(L"mend", rule.mend);
+}
+
+std::wstring ruleIDs(const Rules& rules) {
+    std::wstring list;
+    for (const CheckRule* const rule : rules) list += (list.empty() ? L"" : L", ") + std::wstring(rule->id);
+    return list;
+}
+
+Json ruleIDsJson(const Rules& rules) {
+    Json list = Json::array();
+    for (const CheckRule* const rule : rules) list.push_back(jsonText(rule->id));
+    return list;
+}
+
+Json ruleJson(const CheckRule& rule) {
+    return {{"rule", jsonText(rule.id)},           {"name", jsonText(rule.name)},
+            {"severity", jsonText(rule.severity)}, {"meaning", jsonText(rule.meaning)},
+            {"looksAt", jsonText(rule.looksAt)},   {"condition", jsonText(rule.condition)},
+            {"mend", jsonText(rule.mend)},         {"safety", jsonText(nameOf(rule.safety))}};
 }
 
 }  // namespace tool

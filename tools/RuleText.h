@@ -1,10 +1,25 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "manager/CheckRules.h"
+#include "tools/Json.h"
+
+/// The rules of a check, as describe tells of them.
 namespace tool {
 
-/// What is to be known of the rule of that ID, whatever the case of its letters; "" for what is no rule's ID.
-std::wstring ruleText(const std::wstring& id);
+using Rules = std::vector<const XMLConfig::CheckRule*>;
+
+/// The rule of that ID, whatever the case of its letters; null for what is no rule's ID.
+const XMLConfig::CheckRule* ruleNamed(const std::wstring& id);
+/// Those whose name, meaning or condition holds the word, whatever the case of its letters.
+Rules rulesAbout(const std::wstring& word);
+/// What is to be known of a rule, in several lines.
+std::wstring ruleText(const XMLConfig::CheckRule& rule);
+/// "XC301, XC311"; "" for none.
+std::wstring ruleIDs(const Rules& rules);
+Json ruleIDsJson(const Rules& rules);
+Json ruleJson(const XMLConfig::CheckRule& rule);
 
 }  // namespace tool

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
+#include "tools/Letters.h"
+
 namespace tool {
 namespace {
 
-wchar_t lower(wchar_t character) {
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
-}
-
-/// How many characters must be put in, taken out or replaced to make one of the other; case counts for nothing.
+/// How many characters must be put in, taken out or replaced to make one of the other.
 std::size_t distance(const std::wstring& from, const std::wstring& to) {
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -18,7 +16,7 @@ std::size_t distance(const std::wstring& from, const std::wstring& to) {
         std::size_t diagonal = row[0];
         row[0] = i;
         for (std::size_t j = 1; j <= to.size(); ++j) {
-            const std::size_t replaced = diagonal + (lower(from[i - 1]) == lower(to[j - 1]) ? 0 : 1);
+            const std::size_t replaced = diagonal + (from[i - 1] == to[j - 1] ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
         }
@@ -32,7 +30,7 @@ std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring
     const std::wstring* nearest = nullptr;
     std::size_t least = std::max<std::size_t>(text.size() / 3, 2) + 1;
     for (const std::wstring& name : names) {
-        const std::size_t steps = distance(text, name);
+        const std::size_t steps = distance(lowerCase(text), lowerCase(name));
         if (steps >= least || steps >= name.size()) continue;
         least = steps;
         nearest = &name;

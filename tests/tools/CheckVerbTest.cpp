@@ -158,16 +158,4 @@ TEST_F(CheckVerb, AnswersInJson) {
             ["unset", "examples/dome.skorrax", "Projector[VELDAR***00:0a:0b:0c:0d:1f]/Portrait_Mode"]]}}]}], "exit": 0})json"));
 }
 
-TEST(DescribeVerb, TellsWhatARuleLooksAt) {
-    const ToolRun run = runTool({"describe", "xc312"});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(
-        run.output,
-        "XC312 blend-too-narrow, warning\n"
-        "  A blend takes less of the image than a neighbour overlaps. What lies between is lit by both: a bright band.\n"
-        "  looks at      Projector/Blend_Left, _Right, _Top, _Bottom, Projector/Channel_Extents\n"
-        "  exactly       0 <= blend < least overlap - 2, where a neighbour overlaps over more than 90 % of that edge\n"
-        "  mend          set the blend to the overlap in the middle, or mend the channel\n");
-}
-
 }  // namespace

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TerminalRun.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -46,6 +47,26 @@ TEST(GetVerb, OriginTellsWhereFrom) {
                   "inherited\tGeometry/Box_Spacing:50\t" + third + "/Box_Spacing\t1.500000000000000e+00\n" +
                   "inherited\tGeometry/Box_Spacing:50\t" + fourth + "/Box_Spacing\t1.500000000000000e+00\n" +
                   "default\t-\t" + first + "/Pellinor_Warp_Latency\t0\n");
+}
+
+TEST(GetVerb, OriginHasColumnsOnATerminal) {
+    const auto run =
+        runOnATerminal({"get", "--origin", dome, "Projector[*]/Box_Spacing", "Geometry/Portrait_Mode"}, ToTerminal::Output);
+    if (!run) GTEST_SKIP() << "no terminal can be made here";
+    EXPECT_EQ(run->status, 0);
+    EXPECT_EQ(run->shown, "inherited  Geometry/Box_Spacing:50    " + first +
+                              "/Box_Spacing  1.500000000000000e+00\r\n"
+                              "stored     examples/dome.skorrax:364  " +
+                              second +
+                              "/Box_Spacing  2.000000000000000e+00\r\n"
+                              "inherited  Geometry/Box_Spacing:50    " +
+                              third +
+                              "/Box_Spacing  1.500000000000000e+00\r\n"
+                              "inherited  Geometry/Box_Spacing:50    " +
+                              fourth +
+                              "/Box_Spacing  1.500000000000000e+00\r\n"
+                              "stored     examples/dome.skorrax:47   "
+                              "Geometry/Portrait_Mode                             0\r\n");
 }
 
 TEST(GetVerb, InheritedValueIsNamedAndPrintedOnRequest) {

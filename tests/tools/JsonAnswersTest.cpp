@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
+#include <sstream>
 
 #include "tests/support/JsonSchema.h"
 #include "tests/support/TemporaryFolder.h"
@@ -65,6 +67,8 @@ TEST_F(JsonAnswers, OfReadingVerbsFitTheirSchemas) {
     expectFits("get", {dome, "Projector[*]", "System", "System/Nothing", "Projector[#1]/Box_Spacing"});
     expectFits("describe", {});
     expectFits("describe", {"Geometry/Fit_Solver", "overlap"});
+    expectFits("describe", {"XC312", "gap", "Projector/Gamma"});
+    expectFits("check", {dome, "examples/history/dome-8.000.skorrax", "missing"});
     expectFits("layout", {dome});
     expectFits("diff", {dome, dome});
     expectFits("diff", {"examples/history/dome-8.000.skorrax", dome});
@@ -75,6 +79,27 @@ TEST_F(JsonAnswers, OfWritingVerbsFitTheirSchemas) {
     expectFits("set", {copy(), "Projector[*]/Gamma=3", "ProjMap/Own=x"});
     expectFits("unset", {copy(), "Projector[#2]/Box_Spacing", "ProjMap/Own"});
     expectFits("upgrade", {"--dry-run", "examples/history/dome-8.000.skorrax", dome, "missing"});
+}
+
+TEST_F(JsonAnswers, OfACheckWithMendsFitTheSchema) {
+    folder.write(L"broken.skorrax",
+                 "<ConfigInfo><Version>9.000</Version><Screen><Shape>sphere</Shape><Nothing>1</Nothing>"
+                 "</Screen><Camera><Name>x</Name></Camera><Projector ID=\"P\"/></ConfigInfo>");
+    expectFits("check", {(folder.path() / "broken.skorrax").string()});
+}
+
+TEST_F(JsonAnswers, AreThereForEveryVerb) {
+    const std::string help = runTool({"--help"}).output;
+    std::istringstream lines(help.substr(help.find("Subcommands:")));
+    std::vector<std::string> verbs;
+    std::smatch match;
+    for (std::string line; std::getline(lines, line);)
+        if (std::regex_search(line, match, std::regex("^  ([a-z]+)  "))) verbs.push_back(match[1]);
+    EXPECT_GE(verbs.size(), 10U);
+    for (const std::string& verb : verbs) {
+        EXPECT_TRUE(std::filesystem::exists("docs/schemas/" + verb + ".json")) << verb;
+        EXPECT_THAT(runTool({verb, "--help"}).output, testing::HasSubstr("--json")) << verb;
+    }
 }
 
 TEST_F(JsonAnswers, EveryMemberIsDocumented) {

@@ -69,6 +69,7 @@ TEST(ManualPage, IsNamedByNoHelpAndOfNoUnknownVerb) {
     const ToolRun run = runTool({"--man", "shw"});
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.errors, HasSubstr("there is no verb \"shw\"; did you mean \"show\"?"));
+    for (const char* name : {"-x", "--help", ""}) EXPECT_EQ(runTool({"--man", name}).status, 2) << name;
 }
 
 }  // namespace

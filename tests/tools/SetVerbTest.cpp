@@ -219,6 +219,18 @@ TEST_F(SetVerb, UnsetTakesGroupsAndSubsections) {
     EXPECT_EQ(run("get", {"Projector[#4]/DeviceSnippet"}).status, 1);
 }
 
+TEST_F(SetVerb, WarnsOfWhatIsUnusualInOurJudgementAndStoresIt) {
+    const ToolRun set = run("set", {"Color/UserLampPowerCap=1.5", "Geometry/Max_Grid_Width=1"});
+    EXPECT_EQ(set.status, 0);
+    EXPECT_EQ(set.errors,
+              "xmlconfig: warning: Color/UserLampPowerCap: 1.5 is outside above 0 to 1, which is usual (XC114)\n"
+              "xmlconfig: warning: Geometry/Max_Grid_Width: 1 is outside 2 and more, which is usual (XC114)\n");
+    EXPECT_THAT(set.output, HasSubstr("~ Color/UserLampPowerCap   0.9 -> 1.5\n"));
+    EXPECT_THAT(set.output, HasSubstr("\nwarning[XC114] Color/UserLampPowerCap: 1.5 is outside above 0 to 1"));
+    EXPECT_EQ(stored("Geometry/Max_Grid_Width"), "1\n");
+    EXPECT_EQ(run("check", {"--only", "XC114"}).status, 1);
+}
+
 TEST_F(SetVerb, UnsetIsAllOrNothing) {
     const ToolRun unset = run("unset", {"Projector[Dome 2]/Box_Spacing", "System/Nothing"});
     EXPECT_EQ(unset.status, 1);

@@ -72,7 +72,7 @@ void expectRun(const ToolRun& run, int status, const std::string& output, const 
     EXPECT_EQ(run.errors, errors);
 }
 
-const char* const verbNames[] = {"new", "show", "get", "set", "unset", "describe", "check", "layout", "upgrade"};
+const char* const verbNames[] = {"new", "show", "get", "set", "unset", "describe", "check", "layout", "diff", "upgrade"};
 
 TEST_F(Tool, TellsItsVersionEverywhere) {
     expectRun(runTool({"--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");
@@ -164,21 +164,6 @@ TEST_F(Tool, NewMakesProjectorsInOneRow) {
               "{\n  \"format\": 1,\n  \"verb\": \"new\",\n  \"file\": " + nlohmann::json(file).dump() +
                   ",\n  \"version\": 9.0,\n  \"projectors\": 2,\n  \"exit\": 0\n}\n",
               "");
-}
-
-TEST_F(Tool, DescribeLooksForAWord) {
-    expectRun(
-        runTool({"describe", "OVERLAP"}), 0,
-        "Color/CameraOverlapPoint_%s_%s           3-D point and two channels  point seen by both cameras of a pair, by "
-        "their IDs, and the channel that shows it to each\n"
-        "TargetLocator/Horizontal_Overlap         double                      wanted overlap of projectors side by "
-        "side, as a fraction\n"
-        "TargetLocator/Vertical_Overlap           double                      wanted overlap of projectors one above "
-        "the other, as a fraction\n"
-        "TargetLocator/Overlap_Display_Unit       text                        unit in which a user interface shows "
-        "the overlaps\n"
-        "global/ReprojectionError_OverlapPercent  double                      the share of the measured overlap\n",
-        "");
 }
 
 TEST_F(Tool, NewReplacesAFileOnlyByForce) {
@@ -438,39 +423,6 @@ TEST_F(Tool, FilesOfOtherVersionsAreNotChanged) {
     for (const char* const content : {"<ConfigInfo><Version/></ConfigInfo>", "<ConfigInfo/>"})
         expectRun(runTool({"set", fileOf(content), "System/RunType=x"}), 3, "",
                   "xmlconfig: " + file + ": is no configuration, it has no version\n");
-}
-
-TEST_F(Tool, DescribeListsTheCatalogue) {
-    const ToolRun all = runTool({"describe"});
-    EXPECT_EQ(all.status, 0);
-    for (const char* address : {"Color/", "Geometry/Box_Spacing ", "Projector/Channel_Extents/Heading/Yaw ",
-                                "ProjectorApprovedSlots/Slot[%d]/Name ", "MediaServer/outputFile "})
-        EXPECT_THAT(all.output, testing::AnyOf(HasSubstr(std::string("\n") + address), StartsWith(address)));
-    const ToolRun section = runTool({"describe", "SiteAnalytics"});
-    EXPECT_EQ(std::count(section.output.begin(), section.output.end(), '\n'), 4);
-    EXPECT_THAT(section.output, StartsWith("SiteAnalytics/SuccessfulRunNumber  int "));
-}
-
-TEST_F(Tool, DescribeDetailsOneSetting) {
-    expectRun(runTool({"describe", "SiteAnalytics/VisitTimestamp"}), 0,
-              "SiteAnalytics/VisitTimestamp\n"
-              "  meaning       when the installation was first visited; 0 for not yet\n"
-              "  type          int\n"
-              "  unit          seconds since 1970-01-01 UTC\n"
-              "  when missing  0\n"
-              "  when new      not stored\n",
-              "");
-    const ToolRun inherited = runTool({"describe", "Projector/Box_Spacing"});
-    EXPECT_THAT(inherited.output, HasSubstr("when missing  that of Geometry, else 1.500000000000000e+00\n"));
-    const ToolRun group = runTool({"describe", "Projector/Channel_Extents/Heading"});
-    EXPECT_EQ(std::count(group.output.begin(), group.output.end(), '\n'), 3);
-}
-
-TEST_F(Tool, DescribeSuggestsWhatIsMeant) {
-    expectRun(runTool({"describe", "Sistem"}), 1, "",
-              "xmlconfig: there is no \"Sistem\" among the settings; did you mean \"System\"?\n");
-    expectRun(runTool({"describe", "System/RuntType"}), 1, "",
-              "xmlconfig: there is no \"System/RuntType\" among the settings; did you mean \"System/RunType\"?\n");
 }
 
 TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {

@@ -1,4 +1,3 @@
-#include <cstdlib>
 #include <optional>
 
 #include <gmock/gmock.h>
@@ -6,13 +5,9 @@
 
 #include <nlohmann/json.hpp>
 
-#ifndef _WIN32
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
 #include "tests/manager/TestManager.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TerminalRun.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -31,43 +26,6 @@ protected:
 
     TemporaryFolder folder;
 };
-
-// What the tool writes to a terminal as its standard error; nothing where the system gives no terminal.
-#ifdef _WIN32
-std::optional<std::string> shownOnATerminal(const std::vector<std::string>& /*arguments*/) { return std::nullopt; }
-#else
-std::optional<std::string> shownOnATerminal(const std::vector<std::string>& arguments) {
-    const int screen = ::posix_openpt(O_RDWR | O_NOCTTY);
-    if (screen < 0) return std::nullopt;
-    const bool isGranted = ::grantpt(screen) == 0 && ::unlockpt(screen) == 0;
-    const char* const found = isGranted ? ::ptsname(screen) : nullptr;  // NOLINT(concurrency-mt-unsafe)
-    const std::string name = found == nullptr ? "" : found;
-    const int kept = ::open(name.c_str(), O_RDWR | O_NOCTTY);
-    if (kept < 0) {
-        ::close(screen);
-        return std::nullopt;
-    }
-    std::string command = shellQuoted(toolPath());
-    for (const std::string& argument : arguments) command += " " + shellQuoted(argument);
-    command += " > /dev/null 2> " + name;
-    const int status = shellStatus(command);
-    // The system hands on what was written in its own time: all of it has come when the mark behind it has.
-    const std::string mark = "<end>";
-    std::string shown;
-    std::size_t end = std::string::npos;
-    for (ssize_t size = ::write(kept, mark.data(), mark.size()); size > 0 && end == std::string::npos;) {
-        char piece[4096];
-        size = ::read(screen, piece, sizeof piece);
-        if (size > 0) shown.append(piece, static_cast<std::size_t>(size));
-        end = shown.find(mark);
-    }
-    ::close(kept);
-    ::close(screen);
-    EXPECT_EQ(status, 1);  // a camera is lost
-    EXPECT_NE(end, std::string::npos);
-    return shown.substr(0, end);
-}
-#endif
 
 const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";
 
@@ -292,9 +250,10 @@ TEST_F(UpgradeVerb, RemovedCameraIsAnError) {
 TEST_F(UpgradeVerb, LogLinesTakeThePlaceOfTheProgress) {
     const std::string one = write("1.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
     const std::string two = write("2.skorrax", "8.0");
-    const std::optional<std::string> shown = shownOnATerminal({"upgrade", one, two});
-    if (!shown) GTEST_SKIP() << "no terminal can be made here";
-    EXPECT_THAT(*shown,
+    const std::optional<TerminalRun> run = runOnATerminal({"upgrade", one, two}, ToTerminal::Errors);
+    if (!run) GTEST_SKIP() << "no terminal can be made here";
+    EXPECT_EQ(run->status, 1);  // a camera is lost
+    EXPECT_THAT(run->shown,
                 StartsWith("\r1/2 " + one + "\x1b[K" +
                            "\r\x1b[Kxmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\r\n" +
                            "\r\x1b[K" + "\r2/2 " + two + "\x1b[K\r\x1b[K"));

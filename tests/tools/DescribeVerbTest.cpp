@@ -1,0 +1,108 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors) {
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(run.output, output);
+    EXPECT_EQ(run.errors, errors);
+}
+
+}  // namespace
+
+TEST(DescribeVerb, LooksForAWord) {
+    expectRun(
+        runTool({"describe", "OVERLAP"}), 0,
+        "Color/CameraOverlapPoint_%s_%s           3-D point and two channels  point seen by both cameras of a pair, by "
+        "their IDs, and the channel that shows it to each\n"
+        "TargetLocator/Horizontal_Overlap         double                      wanted overlap of projectors side by "
+        "side, as a fraction\n"
+        "TargetLocator/Vertical_Overlap           double                      wanted overlap of projectors one above "
+        "the other, as a fraction\n"
+        "TargetLocator/Overlap_Display_Unit       text                        unit in which a user interface shows "
+        "the overlaps\n"
+        "global/ReprojectionError_OverlapPercent  double                      the share of the measured overlap\n"
+        "rules: XC219, XC301, XC308, XC311, XC312, XC313, XC315, XC319\n",
+        "");
+}
+
+TEST(DescribeVerb, ListsTheCatalogue) {
+    const ToolRun all = runTool({"describe"});
+    EXPECT_EQ(all.status, 0);
+    for (const char* address : {"Color/", "Geometry/Box_Spacing ", "Projector/Channel_Extents/Heading/Yaw ",
+                                "ProjectorApprovedSlots/Slot[%d]/Name ", "MediaServer/outputFile "})
+        EXPECT_THAT(all.output, testing::AnyOf(HasSubstr(std::string("\n") + address), StartsWith(address)));
+    const ToolRun section = runTool({"describe", "SiteAnalytics"});
+    EXPECT_EQ(std::count(section.output.begin(), section.output.end(), '\n'), 4);
+    EXPECT_THAT(section.output, StartsWith("SiteAnalytics/SuccessfulRunNumber  int "));
+}
+
+TEST(DescribeVerb, DetailsOneSetting) {
+    expectRun(runTool({"describe", "SiteAnalytics/VisitTimestamp"}), 0,
+              "SiteAnalytics/VisitTimestamp\n"
+              "  meaning       when the installation was first visited; 0 for not yet\n"
+              "  type          int\n"
+              "  unit          seconds since 1970-01-01 UTC\n"
+              "  when missing  0\n"
+              "  when new      not stored\n"
+              "  rules         XC903\n",
+              "");
+    const ToolRun inherited = runTool({"describe", "Projector/Box_Spacing"});
+    EXPECT_THAT(inherited.output, HasSubstr("when missing  that of Geometry, else 1.500000000000000e+00\n"));
+    const ToolRun group = runTool({"describe", "Projector/Channel_Extents/Heading"});
+    EXPECT_EQ(std::count(group.output.begin(), group.output.end(), '\n'), 3);
+}
+
+TEST(DescribeVerb, SuggestsWhatIsMeant) {
+    expectRun(runTool({"describe", "Sistem"}), 1, "",
+              "xmlconfig: there is no \"Sistem\" among the settings and rules; did you mean \"System\"?\n");
+    expectRun(runTool({"describe", "System/RuntType"}), 1, "",
+              "xmlconfig: there is no \"System/RuntType\" among the settings and rules; did you mean \"System/RunType\"?\n");
+}
+
+TEST(DescribeVerb, TellsWhatARuleLooksAt) {
+    const ToolRun run = runTool({"describe", "xc312"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(
+        run.output,
+        "XC312 blend-too-narrow, warning\n"
+        "  A blend takes less of the image than a neighbour overlaps. What lies between is lit by both: a bright band.\n"
+        "  looks at      Projector/Blend_Left, _Right, _Top, _Bottom, Projector/Channel_Extents\n"
+        "  exactly       0 <= blend < least overlap - 2, where a neighbour overlaps over more than 90 % of that edge\n"
+        "  mend          set the blend to the overlap in the middle, or mend the channel\n");
+}
+
+TEST(DescribeVerb, TellsWhichRulesLookAtASetting) {
+    EXPECT_THAT(runTool({"describe", "Geometry/Fit_Solver"}).output, HasSubstr("\n  rules         XC110\n"));
+    EXPECT_THAT(runTool({"describe", "Projector/Box_Spacing"}).output,
+                HasSubstr("\n  rules         XC114, XC408, XC409, XC411, XC901\n"));
+}
+
+TEST(DescribeVerb, LooksForAWordInRulesToo) {
+    expectRun(runTool({"describe", "lit by both"}), 0, "rules: XC312\n", "");
+    EXPECT_EQ(runTool({"describe", "lit by neither"}).status, 1);
+}
+
+TEST(DescribeVerb, AnswersInJson) {
+    const auto rule = nlohmann::json::parse(runTool({"describe", "--json", "xc409"}).output);
+    EXPECT_TRUE(rule["settings"].empty());
+    ASSERT_EQ(rule["rules"].size(), 1U);
+    EXPECT_EQ(rule["rules"][0]["rule"], "XC409");
+    EXPECT_EQ(rule["rules"][0]["safety"], "safe");
+    const auto setting = nlohmann::json::parse(runTool({"describe", "--json", "Geometry/Fit_Solver"}).output);
+    EXPECT_TRUE(setting["rules"].empty());
+    EXPECT_EQ(setting["settings"][0]["rules"], nlohmann::json::parse(R"(["XC110"])"));
+    const auto all = nlohmann::json::parse(runTool({"describe", "--json"}).output);
+    EXPECT_GT(all["rules"].size(), 90U);
+    EXPECT_GT(all["settings"].size(), 200U);
+}
