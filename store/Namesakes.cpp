@@ -1,5 +1,7 @@
 #include "store/Namesakes.h"
 
+#include "store/TreeLinks.h"
+
 namespace XMLConfig::detail {
 
 namespace {
@@ -11,7 +13,7 @@ std::u16string idOf(const xercesc::DOMElement& element) {
 }  // namespace
 
 xercesc::DOMElement* ElementQueue::first(const xercesc::DOMElement& parent) {
-    while (m_passed < m_elements.size() && m_elements[m_passed]->getParentNode() != &parent) ++m_passed;
+    while (m_passed < m_elements.size() && parentOf(*m_elements[m_passed]) != &parent) ++m_passed;
     return m_passed == m_elements.size() ? nullptr : m_elements[m_passed];
 }
 

@@ -1,6 +1,7 @@
 #include "store/SectionIndex.h"
 
 #include "platform/Text.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -23,9 +24,10 @@ void scan(Section& section) {
     }
 }
 
-KnownItem* known(Section& section, const std::wstring& key) {
-    const std::size_t* const number = section.tag->findNumber(key);
-    return number == nullptr ? nullptr : section.items.find(*number);
+void forgetNested(Section& section, std::size_t number) {
+    const std::vector<std::size_t>* const nested = section.tag->nestedIn(number);
+    if (nested == nullptr) return;
+    for (const std::size_t each : *nested) section.items.remove(each);
 }
 
 }  // namespace
@@ -111,26 +113,35 @@ Section& SectionIndex::sectionOf(const xercesc::DOMElement* element) {
 
 KnownItem* SectionIndex::item(Section& section, const std::wstring& key) {
     scan(section);
-    if (KnownItem* const found = known(section, key)) return found;
+    SectionTag& tag = *section.tag;
+    const SectionTag::Key* const known = tag.findKey(key);
+    if (known == nullptr) return key.find(L'|') == std::wstring::npos ? nullptr : newNested(section, key);
+    if (KnownItem* const found = section.items.find(known->number)) return found;
+    const KnownItem* const first = known->rest.empty() ? nullptr : section.items.find(known->first);
+    xercesc::DOMElement* const found = first == nullptr ? nullptr : walk(first->element, known->rest);
+    return found == nullptr ? nullptr : &section.items.add(known->number, found, tag.countNumbers());
+}
+
+/// A key of several parts that nobody asked for yet; it is numbered where it leads to an item.
+KnownItem* SectionIndex::newNested(Section& section, const std::wstring& key) {
+    SectionTag& tag = *section.tag;
     const std::size_t end = key.find(L'|');
-    if (end == std::wstring::npos) return nullptr;
-    const KnownItem* const first = known(section, key.substr(0, end));
+    const SectionTag::Key* const known = tag.findKey(key.substr(0, end));
+    const KnownItem* const first = known == nullptr ? nullptr : section.items.find(known->number);
     xercesc::DOMElement* const found =
         first == nullptr ? nullptr : walk(first->element, toUtf16(std::wstring_view(key).substr(end + 1)));
-    if (found == nullptr) return nullptr;
-    const std::size_t number = section.tag->numberOfNested(key);
-    return &section.items.add(number, found, section.tag->countNumbers());
+    return found == nullptr ? nullptr : &section.items.add(tag.numberOfNested(key), found, tag.countNumbers());
 }
 
 xercesc::DOMElement* SectionIndex::subSection(Section& section, const std::wstring& tag, const std::wstring& id) {
     scan(section);
     if (tag.find(L'|') != std::wstring::npos) return nullptr;  // a key of several parts
-    const std::size_t* const number = section.tag->findNumber(tag);
-    const KnownItem* const first = number == nullptr ? nullptr : section.items.find(*number);
+    const SectionTag::Key* const known = section.tag->findKey(tag);
+    const KnownItem* const first = known == nullptr ? nullptr : section.items.find(known->number);
     if (first == nullptr || id.empty()) return first == nullptr ? nullptr : first->element;
     const std::u16string wanted = toUtf16(id);
     if (view(first->element->getAttribute(xmlText(u"ID"))) == wanted) return first->element;
-    Namesakes* const others = section.items.after(*number);
+    Namesakes* const others = section.items.after(known->number);
     return others == nullptr ? nullptr : others->withID(wanted, *section.element);
 }
 
@@ -153,33 +164,33 @@ void SectionIndex::sectionRenamed(Section& section, const std::wstring& newID) {
 }
 
 void SectionIndex::insideAdded(Section& section, xercesc::DOMElement& added) {
-    auto& parent = static_cast<xercesc::DOMElement&>(*added.getParentNode());
+    auto& parent = static_cast<xercesc::DOMElement&>(*parentOf(added));
     m_groups.added(parent, added);
     // Texts are known of those alone that hold nothing else.
-    if (added.getPreviousSibling() == parent.getFirstChild()) forgetInside(section, added);
+    if (parent.getFirstChild()->getNextSibling() == &added) forgetInside(section, added);
 }
 
 void SectionIndex::childRemoved(Section& section, const xercesc::DOMElement& child) {
     if (!section.items.isScanned) return;
-    forgetInside(section, child);
     const std::size_t number = section.tag->numberOfName(child.getNodeName());
     const KnownItem* const known = section.items.find(number);
-    if (known != nullptr && known->element == &child) section.items.removeFirst(number, *section.element);
+    if (known == nullptr || known->element != &child) return;
+    forgetNested(section, number);
+    section.items.removeFirst(number, *section.element);
 }
 
 // What is known inside of the section's child that holds the element, or is it.
 void SectionIndex::forgetInside(Section& section, const xercesc::DOMElement& element) {
     if (!section.items.isScanned) return;
     if (&element == section.element) return section.items.clear();
-    const xercesc::DOMNode* child = &element;
-    for (const auto* parent = child->getParentNode(); parent != nullptr && parent != section.element;
-         parent = child->getParentNode())
-        child = parent;
+    const xercesc::DOMElement* child = &element;
+    for (const auto* parent = parentOf(*child); parent != nullptr && parent != section.element; parent = parentOf(*child))
+        child = static_cast<const xercesc::DOMElement*>(parent);
     const std::size_t number = section.tag->numberOfName(child->getNodeName());
     KnownItem* const known = section.items.find(number);
     if (known == nullptr || known->element != child) return;
     section.items.forgetText(*known);
-    for (const std::size_t nested : section.tag->nestedIn(number)) section.items.remove(nested);
+    forgetNested(section, number);
 }
 
 void SectionIndex::build() {

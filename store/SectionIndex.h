@@ -41,6 +41,7 @@ public:
 private:
     void build();
     SectionTag* tagNamed(const std::wstring& name);
+    KnownItem* newNested(Section& section, const std::wstring& key);
     void sectionRenamed(Section& section, const std::wstring& newID);
     void insideAdded(Section& section, xercesc::DOMElement& added);
     static void childRemoved(Section& section, const xercesc::DOMElement& child);

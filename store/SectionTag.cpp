@@ -59,19 +59,29 @@ void SectionTag::swap(Section& earlier, Section& later) {
     list(later);
 }
 
-const std::size_t* SectionTag::findNumber(const std::wstring& key) const {
-    const auto found = m_numbers.find(key);
-    return found == m_numbers.end() ? nullptr : &found->second;
+const SectionTag::Key* SectionTag::findKey(const std::wstring& key) const {
+    const auto found = m_keys.find(key);
+    return found == m_keys.end() ? nullptr : &found->second;
 }
 
-std::size_t SectionTag::numberOf(const std::wstring& key) { return m_numbers.emplace(key, m_numbers.size()).first->second; }
+std::size_t SectionTag::numberOf(const std::wstring& key) {
+    return m_keys.emplace(key, Key{m_keys.size()}).first->second.number;
+}
 
 std::size_t SectionTag::numberOfNested(const std::wstring& key) {
-    if (const std::size_t* const known = findNumber(key)) return *known;
-    std::vector<std::size_t>& nested = m_nested[numberOf(key.substr(0, key.find(L'|')))];
+    if (const Key* const known = findKey(key)) return known->number;
+    const std::size_t end = key.find(L'|');
+    const std::size_t first = numberOf(key.substr(0, end));
+    std::vector<std::size_t>& nested = m_nestedIn[first];
     if (nested.size() == nested.capacity())
         nested.reserve(2 * nested.size() + 1);  // nothing may fail after the key is known
-    return nested.emplace_back(numberOf(key));
+    Key made{m_keys.size(), first, toUtf16(std::wstring_view(key).substr(end + 1))};
+    return nested.emplace_back(m_keys.emplace(key, std::move(made)).first->second.number);
+}
+
+const std::vector<std::size_t>* SectionTag::nestedIn(std::size_t number) const {
+    const auto found = m_nestedIn.find(number);
+    return found == m_nestedIn.end() ? nullptr : &found->second;
 }
 
 std::size_t SectionTag::numberOfName(const XMLCh* name) {

@@ -45,16 +45,22 @@ public:
     /// `later` is the next one.
     void swap(Section& earlier, Section& later);
 
-    /// The key's number; null where none of the sections was asked for it or has it.
-    [[nodiscard]] const std::size_t* findNumber(const std::wstring& key) const;
+    struct Key {
+        std::size_t number = 0;
+        std::size_t first = 0;     ///< of a key of several parts: the number of the first
+        std::u16string rest = {};  ///< and what follows it; empty for a key of one part
+    };
+
+    /// Null where none of the sections was asked for that key or has it.
+    [[nodiscard]] const Key* findKey(const std::wstring& key) const;
     std::size_t numberOf(const std::wstring& key);
     /// That of a key of several parts.
     std::size_t numberOfNested(const std::wstring& key);
     /// That of a child's name, which must be the document's own copy of it.
     std::size_t numberOfName(const XMLCh* name);
-    [[nodiscard]] std::size_t countNumbers() const { return m_numbers.size(); }
-    /// Those that begin with that key and have more parts.
-    [[nodiscard]] const std::vector<std::size_t>& nestedIn(std::size_t number) { return m_nested[number]; }
+    [[nodiscard]] std::size_t countNumbers() const { return m_keys.size(); }
+    /// Those that begin with that key and have more parts; null where there are none.
+    [[nodiscard]] const std::vector<std::size_t>* nestedIn(std::size_t number) const;
 
 private:
     struct ByOrder {
@@ -71,9 +77,9 @@ private:
     std::unordered_map<std::wstring, Namesakes> m_othersOfID;  // where there are several, those after the first
     Section* m_first = nullptr;
     Section* m_last = nullptr;
-    std::unordered_map<std::wstring, std::size_t> m_numbers;
+    std::unordered_map<std::wstring, Key> m_keys;
     std::unordered_map<const XMLCh*, std::size_t> m_nameNumbers;
-    std::unordered_map<std::size_t, std::vector<std::size_t>> m_nested;
+    std::unordered_map<std::size_t, std::vector<std::size_t>> m_nestedIn;
 };
 
 /// The "ID" attribute's value; "" when there is none.
