@@ -6,14 +6,6 @@
 using XMLConfig::detail::escapedForXml;
 using XMLConfig::detail::formatInteger;
 
-namespace {
-
-std::wstring element(const std::wstring& tag, const std::wstring& text) {
-    return L'<' + tag + L'>' + escapedForXml(text) + L"</" + tag + L'>';
-}
-
-}  // namespace
-
 void CameraInfo::setBayerPattern(int pattern) { m_bayerPattern = pattern; }
 void CameraInfo::setCameraType(int type) { m_cameraType = type; }
 void CameraInfo::setDefaultGateway(const std::wstring& address) { m_defaultGateway = address; }
@@ -30,12 +22,24 @@ void CameraInfo::setResolution(int x, int y) {
     m_resolutionY = y;
 }
 
+std::vector<std::pair<const wchar_t*, std::wstring>> CameraInfo::elements() const {
+    return {{L"bayerPattern", formatInteger(m_bayerPattern)},
+            {L"cameraType", formatInteger(m_cameraType)},
+            {L"defaultGateway", m_defaultGateway},
+            {L"dhcp", m_dhcp ? L"true" : L"false"},
+            {L"firmware", m_firmware},
+            {L"ipAddress", m_ipAddress},
+            {L"macAddress", m_macAddress},
+            {L"model", m_model},
+            {L"resolutionX", formatInteger(m_resolutionX)},
+            {L"resolutionY", formatInteger(m_resolutionY)},
+            {L"serialNumber", m_serialNumber},
+            {L"subnetMask", m_subnetMask}};
+}
+
 std::string CameraInfo::toXml() const {
-    return XMLConfig::detail::toUtf8(
-        element(L"bayerPattern", formatInteger(m_bayerPattern)) + element(L"cameraType", formatInteger(m_cameraType)) +
-        element(L"defaultGateway", m_defaultGateway) + element(L"dhcp", m_dhcp ? L"true" : L"false") +
-        element(L"firmware", m_firmware) + element(L"ipAddress", m_ipAddress) + element(L"macAddress", m_macAddress) +
-        element(L"model", m_model) + element(L"resolutionX", formatInteger(m_resolutionX)) +
-        element(L"resolutionY", formatInteger(m_resolutionY)) + element(L"serialNumber", m_serialNumber) +
-        element(L"subnetMask", m_subnetMask));
+    std::wstring xml;
+    for (const auto& [tag, text] : elements())
+        xml += L'<' + std::wstring(tag) + L'>' + escapedForXml(text) + L"</" + tag + L'>';
+    return XMLConfig::detail::toUtf8(xml);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/Export.h"
 
@@ -19,8 +21,11 @@ public:
     void setSerialNumber(const std::wstring& number);
     void setSubnetMask(const std::wstring& mask);
 
-    /// UTF-8: the elements bayerPattern, cameraType, defaultGateway, dhcp ("true"/"false"), firmware, ipAddress,
-    /// macAddress, model, resolutionX, resolutionY, serialNumber, subnetMask in this order, escaped, with nothing between.
+    /// Names and texts of the elements bayerPattern, cameraType, defaultGateway, dhcp ("true"/"false"), firmware, ipAddress,
+    /// macAddress, model, resolutionX, resolutionY, serialNumber, subnetMask in this order. The names live as long as the
+    /// program.
+    std::vector<std::pair<const wchar_t*, std::wstring>> elements() const;
+    /// UTF-8: the same as XML, escaped, with nothing between.
     std::string toXml() const;
 
 private:

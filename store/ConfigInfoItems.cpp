@@ -14,7 +14,9 @@ using XMLConfig::detail::Change;
 using XMLConfig::detail::ChangeObserver;
 using XMLConfig::detail::Container;
 using XMLConfig::detail::Document;
+using XMLConfig::detail::ElementParts;
 using XMLConfig::detail::ItemAddress;
+using XMLConfig::detail::NewElement;
 using XMLConfig::detail::reporting;
 using XMLConfig::detail::wideTextOf;
 
@@ -22,10 +24,19 @@ namespace {
 
 constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
 
-// Parses a fragment that is about to be stored, before anything is changed.
-XMLConfig::detail::NewElement parseElement(Document& document, const ItemAddress& address, const std::wstring& value) {
+/// What is to be stored: a text, the text of an element, or the parts of one.
+struct Value {
+    const std::wstring& text;
+    bool isElement;
+    const ElementParts* parts = nullptr;
+};
+
+// The element that is about to be stored, if it is one; made before anything is changed.
+NewElement elementOf(const Value& value, Document& document, const ItemAddress& address) {
+    if (value.parts != nullptr) return document.makeElement(*value.parts);
+    if (!value.isElement || value.text.empty()) return {};
     try {
-        return document.parseElement(XMLConfig::detail::toUtf8(value));
+        return document.parseElement(XMLConfig::detail::toUtf8(value.text));
     } catch (const XMLConfig::detail::ParseFailure& failure) {
         throw CorvaneException(setItemPrefix + std::wstring(L" XML message is: ") + failure.message() + L" (" +
                                XMLConfig::detail::describe(address) + L")");
@@ -40,6 +51,7 @@ public:
     void addSection() { add(Change::Kind::SectionAdded, {}, {}, {}); }
     void addSubSection() { add(Change::Kind::SectionAdded, subSection(), {}, {}); }
     void addItem(Change::Kind kind, const std::wstring& before, const std::wstring& after) {
+        if (m_observer == nullptr) return;
         add(kind, (m_address.subSectionName.empty() ? L"" : subSection() + L"|") + m_address.key, before, after);
     }
     void tell() const {
@@ -48,8 +60,7 @@ public:
 
 private:
     void add(Change::Kind kind, const std::wstring& key, const std::wstring& before, const std::wstring& after) {
-        if (m_observer != nullptr)
-            m_changes.push_back({kind, m_address.sectionName, m_address.sectionID, key, before, after});
+        m_changes.push_back({kind, m_address.sectionName, m_address.sectionID, key, before, after});
     }
     [[nodiscard]] std::wstring subSection() const {
         const std::wstring& id = m_address.subSectionID;
@@ -71,7 +82,7 @@ std::wstring observed(const Document& document, const xercesc::DOMElement& item)
 }
 
 void gather(Told& told, const Document& document, const ItemAddress& address, const Container& container,
-            const XMLConfig::detail::Item& item, const XMLConfig::detail::NewElement& content, const std::wstring& value) {
+            const XMLConfig::detail::Item& item, const NewElement& content, const std::wstring& value) {
     const bool isNew = item.element == nullptr;
     const bool isContainerNew = container.element == nullptr;
     const bool isSectionNew = isContainerNew && document.getSection(address.sectionName, address.sectionID) == nullptr;
@@ -88,6 +99,36 @@ const xercesc::DOMElement& placeOf(const Document& document, const Container& co
     if (container.element != nullptr) return *container.element;
     const auto* const section = document.getSection(address.sectionName, address.sectionID);
     return section == nullptr || address.subSectionName.empty() ? *document.root() : *section->element;
+}
+
+void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& value) {
+    Document& document = Document::of(configInfo);
+    if (!document.exists()) return;
+    reporting(setItemPrefix, [&] {
+        XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value.text);
+        const Container container = document.container(address);
+        const auto item = document.getItem(container, address.key);
+        const bool isNew = item.element == nullptr;
+        const bool isEmpty = value.text.empty() && value.parts == nullptr;
+        if (!isNew && (value.isElement ? isEmpty : XMLConfig::detail::hasText(*item.element, value.text))) return;
+
+        NewElement content = elementOf(value, document, address);
+        XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
+        if (content.namespaces != 0) {
+            XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, placeOf(document, container, address),
+                                                    content.namespaces);
+        }
+
+        Told told(document, address);
+        if (document.observer != nullptr) gather(told, document, address, container, item, content, value.text);
+        bool isChanged = true;
+        if (isNew) document.addItem(address, container, {value.text, std::move(content.element)});
+        else if (content.element) isChanged = document.setElement(item, std::move(content.element));
+        else document.setText(item, value.text);
+        if (!isChanged) return;
+        configInfo.setDirty(true);
+        told.tell();
+    });
 }
 
 }  // namespace
@@ -107,7 +148,7 @@ std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const st
 void ConfigInfo::setStringItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& value,
                                const std::wstring& sectionID, const std::wstring& subSectionName,
                                const std::wstring& subSectionID) {
-    setItem(sectionName, key, value, sectionID, L"String", subSectionName, subSectionID);
+    store(*this, {sectionName, sectionID, key, subSectionName, subSectionID}, {value, false});
 }
 
 std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionName, const std::wstring& key,
@@ -123,7 +164,7 @@ std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionNa
 
 void ConfigInfo::setStringItemAsDOMElement(const std::wstring& sectionName, const std::wstring& key,
                                            const std::wstring& value, const std::wstring& sectionID) {
-    setItem(sectionName, key, value, sectionID, L"DOMElement", {}, {});
+    store(*this, {sectionName, sectionID, key, {}, {}}, {value, true});
 }
 
 bool ConfigInfo::doesSectionExist(const std::wstring& sectionName, const std::wstring& sectionID) const {
@@ -161,32 +202,16 @@ bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring&
 void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& value,
                          const std::wstring& sectionID, const std::wstring& type, const std::wstring& subSectionName,
                          const std::wstring& subSectionID) {
-    if (!m_document->exists()) return;
-    reporting(setItemPrefix, [&] {
-        const ItemAddress address{sectionName, sectionID, key, subSectionName, subSectionID};
-        const bool isElement = type == L"DOMElement";
-        XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value);
-        const Container container = m_document->container(address);
-        const auto item = m_document->getItem(container, key);
-        const bool isNew = item.element == nullptr;
-        if (!isNew && (isElement ? value.empty() : XMLConfig::detail::hasText(*item.element, value))) return;
-
-        const bool isParsed = isElement && !value.empty();
-        auto content = isParsed ? parseElement(*m_document, address, value) : XMLConfig::detail::NewElement();
-        XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
-        if (content.namespaces != 0) {
-            XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, placeOf(*m_document, container, address),
-                                                    content.namespaces);
-        }
-
-        Told told(*m_document, address);
-        if (m_document->observer != nullptr) gather(told, *m_document, address, container, item, content, value);
-        bool isChanged = true;
-        if (isNew) m_document->addItem(address, container, {value, std::move(content.element)});
-        else if (isParsed) isChanged = m_document->setElement(item, std::move(content.element));
-        else m_document->setText(item, value);
-        if (!isChanged) return;
-        m_dirty = true;
-        told.tell();
-    });
+    store(*this, {sectionName, sectionID, key, subSectionName, subSectionID}, {value, type == L"DOMElement"});
 }
+
+namespace XMLConfig::detail {
+
+void setElementItem(ConfigInfo& document, const std::wstring& sectionName, const std::wstring& key,
+                    const ElementParts& value, const std::wstring& sectionID) {
+    static const std::wstring none;
+    if (value.isPlain()) store(document, {sectionName, sectionID, key, none, none}, {none, true, &value});
+    else document.setStringItemAsDOMElement(sectionName, key, value.xml(), sectionID);
+}
+
+}  // namespace XMLConfig::detail

@@ -35,7 +35,7 @@ bool ConfigInfo::getBoolItem(const std::wstring& sectionName, const std::wstring
 
 void ConfigInfo::setBoolItem(const std::wstring& sectionName, const std::wstring& key, bool value,
                              const std::wstring& sectionID) {
-    setItem(sectionName, key, textOf(value), sectionID, L"String", {}, {});
+    setStringItem(sectionName, key, textOf(value), sectionID, {}, {});
 }
 
 int ConfigInfo::getIntegerItem(const std::wstring& sectionName, const std::wstring& key, int defaultValue,
@@ -46,7 +46,7 @@ int ConfigInfo::getIntegerItem(const std::wstring& sectionName, const std::wstri
 
 void ConfigInfo::setIntegerItem(const std::wstring& sectionName, const std::wstring& key, int value,
                                 const std::wstring& sectionID) {
-    setItem(sectionName, key, textOf(value), sectionID, L"Integer", {}, {});
+    setStringItem(sectionName, key, textOf(value), sectionID, {}, {});
 }
 
 double ConfigInfo::getDoubleItem(const std::wstring& sectionName, const std::wstring& key, double defaultValue,
@@ -57,7 +57,7 @@ double ConfigInfo::getDoubleItem(const std::wstring& sectionName, const std::wst
 
 void ConfigInfo::setDoubleItem(const std::wstring& sectionName, const std::wstring& key, double value,
                                const std::wstring& sectionID) {
-    setItem(sectionName, key, textOf(value), sectionID, L"Double", {}, {});
+    setStringItem(sectionName, key, textOf(value), sectionID, {}, {});
 }
 
 Point_2Dim<int> ConfigInfo::getPoint2IItem(const std::wstring& sectionName, const std::wstring& key,
@@ -67,7 +67,7 @@ Point_2Dim<int> ConfigInfo::getPoint2IItem(const std::wstring& sectionName, cons
 
 void ConfigInfo::setPoint2IItem(const std::wstring& sectionName, const std::wstring& key, const Point_2Dim<int>& value,
                                 const std::wstring& sectionID) {
-    setItem(sectionName, key, textOf(value), sectionID, L"String", {}, {});
+    setStringItem(sectionName, key, textOf(value), sectionID, {}, {});
 }
 
 Point_2Dim<double> ConfigInfo::getPoint2DItem(const std::wstring& sectionName, const std::wstring& key,
@@ -77,7 +77,7 @@ Point_2Dim<double> ConfigInfo::getPoint2DItem(const std::wstring& sectionName, c
 
 void ConfigInfo::setPoint2DItem(const std::wstring& sectionName, const std::wstring& key, const Point_2Dim<double>& value,
                                 const std::wstring& sectionID) {
-    setItem(sectionName, key, textOf(value), sectionID, L"String", {}, {});
+    setStringItem(sectionName, key, textOf(value), sectionID, {}, {});
 }
 
 Point_3Dim<double> ConfigInfo::getPoint3DItem(const std::wstring& sectionName, const std::wstring& key,
@@ -87,7 +87,7 @@ Point_3Dim<double> ConfigInfo::getPoint3DItem(const std::wstring& sectionName, c
 
 void ConfigInfo::setPoint3DItem(const std::wstring& sectionName, const std::wstring& key, const Point_3Dim<double>& value,
                                 const std::wstring& sectionID) {
-    setItem(sectionName, key, textOf(value), sectionID, L"String", {}, {});
+    setStringItem(sectionName, key, textOf(value), sectionID, {}, {});
 }
 
 Frustum ConfigInfo::getFrustum(const std::wstring& sectionName, const std::wstring& key, const Frustum& defaultValue,

@@ -54,7 +54,7 @@ void ConfigInfo::setDoubleVector(const std::wstring& sectionName, const std::wst
                                  const std::vector<double>& values, const std::wstring& sectionID) {
     setVector(L"Error: ConfigInfo::setDoubleVector: Passed buffer is too small to support dimensions", key, dimension1,
               dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
               });
 }
 
@@ -67,7 +67,7 @@ void ConfigInfo::setPoint2IVector(const std::wstring& sectionName, const std::ws
                                   const std::vector<Point_2Dim<int>>& values, const std::wstring& sectionID) {
     setVector(L"Error: ConfigInfo::setPoint2IVector: Passed buffer is too small to support diamensions", key, dimension1,
               dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
               });
 }
 
@@ -80,7 +80,7 @@ void ConfigInfo::setPoint2DVector(const std::wstring& sectionName, const std::ws
                                   const std::vector<Point_2Dim<double>>& values, const std::wstring& sectionID) {
     setVector(L"Error: ConfigInfo::setPoint2DVector: Passed buffer is too small to support diamensions", key, dimension1,
               dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
               });
 }
 
@@ -93,6 +93,6 @@ void ConfigInfo::setPoint3DVector(const std::wstring& sectionName, const std::ws
                                   const std::vector<Point_3Dim<double>>& values, const std::wstring& sectionID) {
     setVector(L"Error: ConfigInfo::setPoint3DVector: Passed buffer is too small to support diamensions", key, dimension1,
               dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setItem(sectionName, itemKey, text, sectionID, L"String", {}, {});
+                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
               });
 }

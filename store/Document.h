@@ -88,6 +88,7 @@ public:
     /// Parses an element that is to be stored. Throws ParseFailure for anything else; what was found before is worth
     /// nothing then either.
     NewElement parseElement(const std::string& text);
+    NewElement makeElement(const ElementParts& parts) { return detail::makeElement(parts, m_tree); }
     /// Adds an item that is missing, with the section, the subsection and the groups that are missing around it. Where a
     /// name is illegal, throws DOMException and leaves what comes before it; nothing else leaves a part.
     void addItem(const ItemAddress& address, const Container& container, Content content);
@@ -114,6 +115,8 @@ private:
     void shedWaste() noexcept;
     void adopt(DocumentPointer document) noexcept;
     struct Missing;
+    /// The first child of that name.
+    [[nodiscard]] xercesc::DOMElement* childOf(const Container& container, std::wstring_view name) const;
     [[nodiscard]] Missing missingOf(const ItemAddress& address, const Container& container) const;
     /// What is missing, up to the first name that is illegal.
     LooseElement build(const Missing& missing, Content content, std::exception_ptr& illegalName);

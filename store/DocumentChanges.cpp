@@ -1,4 +1,5 @@
 #include <exception>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,18 +15,13 @@ using xercesc::DOMElement;
 using xercesc::DOMNode;
 using Kind = TreeChange::Kind;
 
-std::vector<std::wstring> partsOf(const std::wstring& key) {
-    std::vector<std::wstring> parts;
-    for (std::size_t begin = 0;;) {
-        const std::size_t end = key.find(L'|', begin);
-        parts.push_back(key.substr(begin, end == std::wstring::npos ? end : end - begin));
-        if (end == std::wstring::npos) return parts;
-        begin = end + 1;
-    }
-}
-
-void setID(DOMElement& element, const std::wstring& id) {
-    if (!id.empty()) element.setAttribute(xmlText(u"ID"), xmlText(toUtf16(id)));
+/// Cuts the first part from a key; false where that was the last.
+bool cutPart(std::wstring_view& key, std::wstring_view& part) {
+    const std::size_t end = key.find(L'|');
+    part = key.substr(0, end);
+    if (end == std::wstring_view::npos) return false;
+    key.remove_prefix(end + 1);
+    return true;
 }
 
 }  // namespace
@@ -33,8 +29,8 @@ void setID(DOMElement& element, const std::wstring& id) {
 /// The elements that an address wants and the tree lacks: where the first of them is to be joined, and their names and IDs.
 struct Document::Missing {
     struct Step {
-        std::wstring name;
-        std::wstring id;
+        std::wstring_view name;
+        std::wstring_view id;
     };
     DOMElement* place = nullptr;
     Section* section = nullptr;  // what the place is in; null for the root
@@ -51,6 +47,11 @@ void Document::removeIndentationAfter(DOMElement& parent, const DOMElement& chil
     if (isWhiteSpace) m_tree.remove(parent, *next);
 }
 
+DOMElement* Document::childOf(const Container& container, std::wstring_view name) const {
+    return container.isSection() ? getItem(container, std::wstring(name)).element
+                                 : m_index.walk(container.element, toUtf16(name));
+}
+
 Document::Missing Document::missingOf(const ItemAddress& address, const Container& container) const {
     Missing missing{container.element, container.section, {}, false};
     if (container.element == nullptr) {
@@ -60,8 +61,13 @@ Document::Missing Document::missingOf(const ItemAddress& address, const Containe
         if (missing.section == nullptr) missing.steps.push_back({address.sectionName, address.sectionID});
         if (missing.isSubSection) missing.steps.push_back({address.subSectionName, address.subSectionID});
     }
-    for (const std::wstring& part : partsOf(address.key)) {
-        DOMElement* const found = missing.steps.empty() ? getItem({missing.place, missing.section}, part).element : nullptr;
+    std::wstring_view key = address.key;
+    for (bool isLast = false; !isLast;) {
+        std::wstring_view part;
+        isLast = !cutPart(key, part);
+        // The whole key leads nowhere, so that its last part is missing in any case.
+        const bool canBeThere = !isLast && missing.steps.empty();
+        DOMElement* const found = canBeThere ? childOf({missing.place, missing.section}, part) : nullptr;
         if (found != nullptr) missing.place = found;
         else missing.steps.push_back({part, {}});
     }
@@ -88,7 +94,7 @@ LooseElement Document::build(const Missing& missing, Content content, std::excep
             illegalName = std::current_exception();
             return outermost;
         }
-        setID(*element, step.id);
+        if (!step.id.empty()) m_tree.addAttribute(*element, u"ID", toUtf16(step.id).c_str());
         DOMElement* const inner = element.get();
         if (innermost == nullptr) outermost = std::move(element);
         else append(*innermost, *element.release());
@@ -140,7 +146,7 @@ void Document::setSectionText(Section& section, const std::wstring& value) {
 }
 
 void Document::removeItem(Section& section, DOMElement& item) {
-    if (item.getParentNode() != section.element) throw xercesc::DOMException(xercesc::DOMException::NOT_FOUND_ERR);
+    if (parentOf(item) != section.element) throw xercesc::DOMException(xercesc::DOMException::NOT_FOUND_ERR);
     m_tree.remove(*section.element, item);
     changed({Kind::ChildRemoved, &section, &item});
 }

@@ -1,5 +1,8 @@
 #include "store/ElementReader.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
@@ -10,6 +13,31 @@ namespace {
 constexpr std::size_t wasteOfAByte = 16;
 
 }  // namespace
+
+NewElement makeElement(const ElementParts& parts, Tree& tree) {
+    using Kind = ElementParts::Kind;
+    NewElement outermost;
+    xercesc::DOMElement* innermost = nullptr;
+    int depth = 0;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const ElementParts::Part part = parts[i];
+        if (part.kind == Kind::Begin) {
+            LooseElement element = tree.makeElement(part.name);
+            xercesc::DOMElement* const inner = element.get();
+            if (innermost == nullptr) outermost.element = std::move(element);
+            else append(*innermost, *element.release());
+            innermost = inner;
+            outermost.depth = std::max(outermost.depth, ++depth);
+        } else if (part.kind == Kind::Attribute) {
+            tree.addAttribute(*innermost, part.name, part.value.data());
+        } else if (part.kind == Kind::Text) {
+            if (!part.value.empty()) append(*innermost, *tree.makeText(part.value.data()));
+        } else {
+            innermost = --depth == 0 ? nullptr : static_cast<xercesc::DOMElement*>(parentOf(*innermost));
+        }
+    }
+    return outermost;
+}
 
 NewElement ElementReader::read(const std::string& text, Tree& tree) {
     if (m_parser == nullptr) m_parser = std::make_unique<FragmentParser>();

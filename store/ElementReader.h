@@ -3,17 +3,21 @@
 #include <memory>
 #include <string>
 
+#include "store/ElementParts.h"
 #include "store/FragmentParser.h"
 #include "store/Tree.h"
 
 namespace XMLConfig::detail {
 
-/// An element that was parsed to be stored.
+/// An element that is to be stored.
 struct NewElement {
     LooseElement element;
     int depth = 0;       ///< levels of nested elements, itself counted
     int namespaces = 0;  ///< declared at most in one of its elements and those around that
 };
+
+/// Makes nodes of parts that are plain.
+NewElement makeElement(const ElementParts& parts, Tree& tree);
 
 /// Parses elements that are to be stored, for one tree.
 class ElementReader {

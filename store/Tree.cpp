@@ -66,7 +66,7 @@ void Tree::adopt(DocumentPointer document) noexcept {
     m_allowedWaste = leastWaste;
 }
 
-LooseElement Tree::makeElement(const DOMElement& place, const std::wstring& name) {
+LooseElement Tree::makeElement(const DOMElement& place, const std::wstring_view name) {
     const std::u16string tag = toUtf16(name);
     const std::size_t colon = tag.find(u':');
     // What is not one declared prefix and one name could be written but never be read again.
@@ -82,7 +82,16 @@ LooseElement Tree::makeElement(const char16_t* name) {
     return {m_document->createElement(xmlText(name)), {this}};
 }
 
-xercesc::DOMText* Tree::makeText(const std::wstring& text) { return m_document->createTextNode(xmlText(toUtf16(text))); }
+xercesc::DOMText* Tree::makeText(const std::wstring& text) { return makeText(toUtf16(text).c_str()); }
+
+xercesc::DOMText* Tree::makeText(const char16_t* text) { return m_document->createTextNode(xmlText(text)); }
+
+void Tree::addAttribute(DOMElement& element, const char16_t* name, const char16_t* value) {
+    m_names.count(*m_document);
+    if (!linksAreKnown()) return element.setAttribute(xmlText(name), xmlText(value));
+    reserveAttributes(element, 1);
+    detail::addAttribute(element, *m_document->createAttribute(xmlText(name)), *makeText(value));
+}
 
 void Tree::setText(xercesc::DOMText& text, const std::wstring& value) {
     const std::u16string units = toUtf16(value);

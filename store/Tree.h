@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "store/XmlLibrary.h"
 
@@ -41,9 +42,12 @@ public:
     [[nodiscard]] xercesc::DOMElement* root() const { return m_document ? m_document->getDocumentElement() : nullptr; }
 
     /// Throws DOMException for a name that could not be read again below `place`.
-    LooseElement makeElement(const xercesc::DOMElement& place, const std::wstring& name);
+    LooseElement makeElement(const xercesc::DOMElement& place, std::wstring_view name);
     LooseElement makeElement(const char16_t* name);
     xercesc::DOMText* makeText(const std::wstring& text);
+    xercesc::DOMText* makeText(const char16_t* text);
+    /// Adds an attribute to a new element that has none of that name.
+    void addAttribute(xercesc::DOMElement& element, const char16_t* name, const char16_t* value);
 
     /// Gives a text another value, or, where memory is short, leaves it as it is.
     static void setText(xercesc::DOMText& text, const std::wstring& value);

@@ -2,15 +2,15 @@
 
 #include <utility>
 
-#include "platform/Text.h"
-
 namespace XMLConfig::detail {
 
 namespace {
 
 std::vector<StepSection> sectionsOf(ConfigInfo& document, const wchar_t* name) {
+    std::vector<std::wstring> ids = document.getSectionIDs(name);
     std::vector<StepSection> sections;
-    for (const std::wstring& id : document.getSectionIDs(name)) sections.emplace_back(document, name, id);
+    sections.reserve(ids.size());
+    for (std::wstring& id : ids) sections.emplace_back(document, name, std::move(id));
     return sections;
 }
 
@@ -48,8 +48,8 @@ void StepSection::setPoint(const std::wstring& key, const Point_2Dim<int>& value
 void StepSection::setText(const std::wstring& key, const std::wstring& value) {
     m_document->setStringItem(m_name, key, value, m_id, {}, {});
 }
-void StepSection::setElement(const std::wstring& key, const std::wstring& xml) {
-    m_document->setStringItemAsDOMElement(m_name, key, xml, m_id);
+void StepSection::setElement(const std::wstring& key, const ElementParts& element) {
+    setElementItem(*m_document, m_name, key, element, m_id);
 }
 
 void StepSection::removeItem(const std::wstring& key) { m_document->removeItem(m_name, key, m_id); }
@@ -64,7 +64,5 @@ void StepSection::remove() { m_document->removeSection(m_name, m_id); }
 
 std::vector<StepSection> projectorsOf(ConfigInfo& document) { return sectionsOf(document, L"Projector"); }
 std::vector<StepSection> camerasOf(ConfigInfo& document) { return sectionsOf(document, L"Camera"); }
-
-std::string escaped(const std::wstring& text) { return toUtf8(escapedForXml(text)); }
 
 }  // namespace XMLConfig::detail

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "store/ConfigInfo.h"
+#include "store/ElementParts.h"
 
 /// The words in which conversion steps are written.
 namespace XMLConfig::detail {
@@ -36,7 +37,7 @@ public:
     void setNumber(const std::wstring& key, double value);
     void setPoint(const std::wstring& key, const Point_2Dim<int>& value);
     void setText(const std::wstring& key, const std::wstring& value);
-    void setElement(const std::wstring& key, const std::wstring& xml);
+    void setElement(const std::wstring& key, const ElementParts& element);
 
     /// Items that the section lacks are passed over.
     void removeItem(const std::wstring& key);
@@ -53,8 +54,5 @@ private:
 /// The sections that have an ID, in document order. They are found once: later renames and removals do not change the list.
 std::vector<StepSection> projectorsOf(ConfigInfo& document);
 std::vector<StepSection> camerasOf(ConfigInfo& document);
-
-/// UTF-8 with "&", "<", ">" and quotes escaped, so that a snippet built of it always parses.
-std::string escaped(const std::wstring& text);
 
 }  // namespace XMLConfig::detail

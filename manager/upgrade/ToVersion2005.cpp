@@ -1,7 +1,6 @@
 #include "manager/upgrade/StepTools.h"
 #include "manager/upgrade/UpgradeChain.h"
 #include "platform/Numbers.h"
-#include "platform/Text.h"
 
 // Version 2.005 describes how a projector is reached in a device snippet and names its section by its MAC address, so
 // that devices can be told apart on every site. The items that spelt the connection out go, with everything that the
@@ -19,28 +18,27 @@ void completeEdgeThresholds(StepSection& camera) {
     camera.setText(L"MultiCamEdgeThreshold", threshold + L',' + threshold + L',' + threshold + L',' + threshold);
 }
 
-std::wstring deviceSnippet(const StepSection& projector, const std::wstring& mac) {
-    const std::string number = toUtf8(formatInteger(projector.integer(L"ID", -1)));
-    const std::wstring protocol = projector.text(L"Protocol", L"serial");
-    const std::string port = escaped(projector.text(L"Projector_Comm_String", L"COM1"));
-    const std::string value = toUtf8(formatInteger(projector.integer(L"Projector_Comm_Long", 9600)));
+ElementParts deviceSnippet(const StepSection& projector, const std::wstring& uid) {
+    const std::wstring number = formatInteger(projector.integer(L"ID", -1));
+    const bool isSerial = projector.text(L"Protocol", L"serial") == L"serial";
+    const std::wstring port = projector.text(L"Projector_Comm_String", L"COM1");
+    const std::wstring value = formatInteger(projector.integer(L"Projector_Comm_Long", 9600));
 
-    std::string snippet = "<device UID=\"VELDAR***" + escaped(mac) + "\" name=\"PRJ-" + number +
-                          "\" type=\"VELDAR\" version=\"1.0\">\t<id>" + number + "</id>";
-    if (protocol != L"serial") {
-        snippet += "<connection type=\"ETHERNET\"><address>" + port + "</address><port>" + value + "</port>";
-    } else {
-        snippet += "<connection type=\"SERIAL\"><port>" + port + "</port><baud>" + value + "</baud>";
-    }
-    return fromUtf8(snippet + "</connection></device>");
+    ElementParts snippet;
+    snippet.begin(L"device").attribute(L"UID", uid).attribute(L"name", L"PRJ-" + number);
+    snippet.attribute(L"type", L"VELDAR").attribute(L"version", L"1.0");
+    snippet.text(L"\t").element(L"id", number);
+    snippet.begin(L"connection").attribute(L"type", isSerial ? L"SERIAL" : L"ETHERNET");
+    snippet.element(isSerial ? L"port" : L"address", port).element(isSerial ? L"baud" : L"port", value);
+    return snippet.end().end();
 }
 
 void describeDevices(ConfigInfo& document) {
     for (StepSection& projector : projectorsOf(document)) {
-        const std::wstring mac = projector.text(L"Projector_MAC_Address");
-        const std::wstring snippet = deviceSnippet(projector, mac);
-        if (projector.element(L"DeviceSnippet").empty()) projector.setElement(L"DeviceSnippet", snippet);
-        projector.rename(L"VELDAR***" + mac);
+        const std::wstring uid = L"VELDAR***" + projector.text(L"Projector_MAC_Address");
+        if (projector.element(L"DeviceSnippet").empty())
+            projector.setElement(L"DeviceSnippet", deviceSnippet(projector, uid));
+        projector.rename(uid);
     }
 }
 

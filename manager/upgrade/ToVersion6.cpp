@@ -11,19 +11,34 @@ namespace {
 constexpr int channelCount = 50;
 constexpr int sampleCount = 4;
 
-void removeNumbered(StepSection& camera, const wchar_t* prefix, int count) {
-    for (int i = 0; i < count; ++i) camera.removeItem(prefix + formatInteger(i));
+using Keys = std::vector<std::wstring>;
+
+Keys numbered(const wchar_t* prefix, int count) {
+    Keys keys;
+    for (int i = 0; i < count; ++i) keys.push_back(prefix + formatInteger(i));
+    return keys;
 }
 
-void removeCalibration(StepSection& camera) {
+void removeAll(StepSection& camera, const Keys& keys) {
+    for (const std::wstring& key : keys) camera.removeItem(key);
+}
+
+// Made once for all cameras.
+struct NumberedKeys {
+    Keys channels = numbered(L"Channel_", channelCount);
+    Keys lensSamples = numbered(L"LensDropoffPnts_", sampleCount);
+    Keys deltaSamples = numbered(L"InterCameraDeltaSample_", sampleCount);
+};
+
+void removeCalibration(StepSection& camera, const NumberedKeys& numbered) {
     camera.removeItems({L"CalibrationTimeStamp", L"Calibration_Type", L"Camera_Calibration_Engine", L"SensorSize_X",
                         L"SensorSize_Y", L"FocalLength_X", L"FocalLength_Y", L"ImageCenter_X", L"ImageCenter_Y",
                         L"RadialDistortion_1", L"RadialDistortion_2", L"TangentialDistortion_1", L"TangentialDistortion_2",
                         L"Aperture", L"Red_Exposure", L"Green_Exposure", L"Blue_Exposure", L"White_Exposure"});
-    removeNumbered(camera, L"Channel_", channelCount);
+    removeAll(camera, numbered.channels);
     camera.removeItems({L"White_Balance_Coefficients", L"Scale_Factor", L"Kappa", L"Image_Center_TX", L"Image_Center_TY"});
-    removeNumbered(camera, L"LensDropoffPnts_", sampleCount);
-    removeNumbered(camera, L"InterCameraDeltaSample_", sampleCount);
+    removeAll(camera, numbered.lensSamples);
+    removeAll(camera, numbered.deltaSamples);
     camera.removeItem(L"Automatic_Binarization");
 }
 
@@ -61,7 +76,8 @@ void toVersion6(ConfigInfo& document) {
 
     auto cameras = camerasOf(document);
     const std::wstring method = takeMarkerLocationMethod(cameras);
-    for (StepSection& camera : cameras) removeCalibration(camera);
+    const NumberedKeys numbered;
+    for (StepSection& camera : cameras) removeCalibration(camera, numbered);
     StepSection(document, L"System").setText(L"Marker_Location_Method", method);
 }
 

@@ -4,7 +4,6 @@
 #include "manager/upgrade/VersionUpgrade.h"
 #include "platform/CameraInfo.h"
 #include "platform/Numbers.h"
-#include "platform/Text.h"
 #include "store/Log.h"
 
 // Version 9.0 describes cameras by device snippets, as projectors have been since 2.005, keeps the units of the whole
@@ -33,10 +32,11 @@ CameraInfo cameraInfo(const StepSection& camera, int type) {
 
 void describeCamera(StepSection& camera, int type) {
     const std::wstring newID = L"PGR***" + camera.text(L"Connection|MAC_Address");
-    const std::string snippet = "<device UID=\"" + escaped(newID) +
-                                "\" name=\"\" password=\"\" type=\"PGR\" version=\"1.0\">" +
-                                cameraInfo(camera, type).toXml() + "</device>";
-    camera.setElement(L"DeviceSnippet", fromUtf8(snippet));
+    ElementParts snippet;
+    snippet.begin(L"device").attribute(L"UID", newID).attribute(L"name", L"").attribute(L"password", L"");
+    snippet.attribute(L"type", L"PGR").attribute(L"version", L"1.0");
+    for (const auto& [name, text] : cameraInfo(camera, type).elements()) snippet.element(name, text);
+    camera.setElement(L"DeviceSnippet", snippet.end());
     camera.removeItems({L"CameraType", L"SerialNumber", L"Model", L"Resolution_X", L"Resolution_Y", L"Connection"});
     camera.rename(newID);
 }
