@@ -9,21 +9,16 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "tests/base/TestSection.h"
+#include "tests/support/DocumentTexts.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/VirtualSlots.h"
+
+using XMLConfig::tests::storedText;
 
 static_assert(std::is_abstract_v<BaseConfig> && std::has_virtual_destructor_v<BaseConfig>);
 static_assert(!std::is_copy_constructible_v<BaseConfig> && !std::is_copy_assignable_v<BaseConfig>);
 static_assert(!std::is_convertible_v<BaseConfig::Explicit<int>, int>);
 static_assert(sizeof(BaseConfig::Explicit<int>) == sizeof(int), "the value and nothing else");
-
-namespace {
-
-std::wstring stored(const ConfigInfo& document, const std::wstring& key, const std::wstring& id = L"") {
-    return document.getStringItem(L"Test", key, L"(missing)", id, L"", L"");
-}
-
-}  // namespace
 
 TEST(BaseConfig, VocabularyIsSpelledAsStored) {
     EXPECT_EQ(BaseConfig::AXIS_POS_X, L"X");
@@ -175,12 +170,13 @@ TEST(BaseConfig, WritesAreStoredInTheFormsOfTheirTypes) {
     section.set(L"P2", Point_2Dim<int>(3, 4));
     section.set(L"P3", Point_3Dim<double>(1, 2, 3));
     section.set(L"A|B", std::wstring(L"text"));
-    EXPECT_EQ(stored(document, L"I", L"3"), L"12");
-    EXPECT_EQ(stored(document, L"D", L"3"), L"1.500000000000000e+00");
-    EXPECT_EQ(stored(document, L"B", L"3"), L"true");
-    EXPECT_EQ(stored(document, L"P2", L"3"), L"3, 4");
-    EXPECT_EQ(stored(document, L"P3", L"3"), L"1.000000000000000e+00, 2.000000000000000e+00, 3.000000000000000e+00");
-    EXPECT_EQ(stored(document, L"A|B", L"3"), L"text");
+    EXPECT_EQ(storedText(document, L"Test", L"I", L"3"), L"12");
+    EXPECT_EQ(storedText(document, L"Test", L"D", L"3"), L"1.500000000000000e+00");
+    EXPECT_EQ(storedText(document, L"Test", L"B", L"3"), L"true");
+    EXPECT_EQ(storedText(document, L"Test", L"P2", L"3"), L"3, 4");
+    EXPECT_EQ(storedText(document, L"Test", L"P3", L"3"),
+              L"1.000000000000000e+00, 2.000000000000000e+00, 3.000000000000000e+00");
+    EXPECT_EQ(storedText(document, L"Test", L"A|B", L"3"), L"text");
     EXPECT_TRUE(document.isDirty());
     EXPECT_EQ(section.get(L"I", 0).value, 12);
     EXPECT_EQ(section.get(L"D", 0.0).value, 1.5);
@@ -200,7 +196,7 @@ TEST(BaseConfig, RemovedSectionLeavesTheAccessorUsable) {
     EXPECT_FALSE(document.doesSectionExist(L"Test", L"1"));
     EXPECT_EQ(section.getSectionID(), L"1");
     section.set(L"I", 2);
-    EXPECT_EQ(stored(document, L"I", L"1"), L"2");
+    EXPECT_EQ(storedText(document, L"Test", L"I", L"1"), L"2");
 }
 
 TEST(BaseConfig, MovedSectionSwapsWithItsNeighbour) {
@@ -223,8 +219,8 @@ TEST(BaseConfig, RenameNotesTheOldID) {
     section.renameSection(L"3");
     EXPECT_EQ(section.getSectionID(), L"3");
     EXPECT_EQ(section.getSectionName(), L"Test");
-    EXPECT_EQ(stored(document, L"OldSectionID", L"3"), L"1");
-    EXPECT_EQ(stored(document, L"I", L"3"), L"12");
+    EXPECT_EQ(storedText(document, L"Test", L"OldSectionID", L"3"), L"1");
+    EXPECT_EQ(storedText(document, L"Test", L"I", L"3"), L"12");
     EXPECT_FALSE(document.doesSectionExist(L"Test", L"1"));
     EXPECT_EQ(TestSection::oldSectionIDTagName(), L"OldSectionID");
 }
@@ -234,7 +230,7 @@ TEST(BaseConfig, RenameWithoutASectionStillNotesTheOldID) {
     TestSection section(&document, L"1");
     section.renameSection(L"3");
     EXPECT_EQ(section.getSectionID(), L"3");
-    EXPECT_EQ(stored(document, L"OldSectionID", L"3"), L"1");
+    EXPECT_EQ(storedText(document, L"Test", L"OldSectionID", L"3"), L"1");
     EXPECT_EQ(document.getSectionCount(L"Test"), 1);
 }
 
@@ -244,7 +240,7 @@ TEST(BaseConfig, RenameAgainNotesTheLastID) {
     section.set(L"I", 12);
     section.renameSection(L"3");
     section.renameSection(section.getSectionID() + L"b");
-    EXPECT_EQ(stored(document, L"OldSectionID", L"3b"), L"3");
+    EXPECT_EQ(storedText(document, L"Test", L"OldSectionID", L"3b"), L"3");
     EXPECT_EQ(document.getSectionCount(L"Test"), 1);
 }
 
@@ -255,8 +251,8 @@ TEST(BaseConfig, RefusedRenameChangesNothing) {
     const std::wstring message = messageOf([&] { section.renameSection(L"a\x0001z"); });
     EXPECT_EQ(message.rfind(L"Error renameSection: ", 0), 0u);
     EXPECT_EQ(section.getSectionID(), L"1");
-    EXPECT_EQ(stored(document, L"I", L"1"), L"12");
-    EXPECT_EQ(stored(document, L"OldSectionID", L"1"), L"(missing)");
+    EXPECT_EQ(storedText(document, L"Test", L"I", L"1"), L"12");
+    EXPECT_EQ(storedText(document, L"Test", L"OldSectionID", L"1"), std::nullopt);
 }
 
 #if defined(TESTS_KNOW_VIRTUAL_SLOTS)

@@ -9,6 +9,7 @@
 #include "base/UnitConversionTable.h"
 #include "store/ConfigInfo.h"
 #include "tests/base/TestSection.h"
+#include "tests/support/DocumentTexts.h"
 
 using XMLConfig::Setting;
 using XMLConfig::SettingType;
@@ -19,6 +20,7 @@ using XMLConfig::detail::means;
 using XMLConfig::detail::settingsOf;
 using XMLConfig::detail::SettingTable;
 using XMLConfig::detail::StartValues;
+using XMLConfig::tests::storedText;
 using Pond = BlackLevelBlending::PondOfMirrors;
 
 // A setter's value has the descriptor's own type and no other.
@@ -52,10 +54,6 @@ static_assert(keysAreDistinct(testItems));
 static_assert(!keysAreDistinct(sameKeys));
 static_assert(keysAreDistinct(noItems));
 
-std::wstring stored(const ConfigInfo& document, const std::wstring& key) {
-    return document.getStringItem(L"Test", key, L"(missing)", L"", L"", L"");
-}
-
 const std::wstring zeros = L"0.000000000000000e+00, 0.000000000000000e+00, 0.000000000000000e+00";
 
 }  // namespace
@@ -88,13 +86,14 @@ TEST(SettingTable, WrittenValuesAreStoredInTheirForms) {
     section.write(testItems.place, Point_3Dim<double>(1.0, 0.0, 0.5));
     section.write(testItems.name, std::wstring(L"Ada"));
     section.write(testItems.snippet, std::wstring(L"<device UID=\"a\"/>"));
-    EXPECT_EQ(stored(document, L"Flag"), L"false");
-    EXPECT_EQ(stored(document, L"Count"), L"-12");
-    EXPECT_EQ(stored(document, L"Ratio"), L"1.500000000000000e+00");
-    EXPECT_EQ(stored(document, L"Size"), L"640, 480");
-    EXPECT_EQ(stored(document, L"Spot"), L"1.000000000000000e-01, -2.000000000000000e+00");
-    EXPECT_EQ(stored(document, L"Place"), L"1.000000000000000e+00, 0.000000000000000e+00, 5.000000000000000e-01");
-    EXPECT_EQ(stored(document, L"Names|First"), L"Ada");
+    EXPECT_EQ(storedText(document, L"Test", L"Flag"), L"false");
+    EXPECT_EQ(storedText(document, L"Test", L"Count"), L"-12");
+    EXPECT_EQ(storedText(document, L"Test", L"Ratio"), L"1.500000000000000e+00");
+    EXPECT_EQ(storedText(document, L"Test", L"Size"), L"640, 480");
+    EXPECT_EQ(storedText(document, L"Test", L"Spot"), L"1.000000000000000e-01, -2.000000000000000e+00");
+    EXPECT_EQ(storedText(document, L"Test", L"Place"),
+              L"1.000000000000000e+00, 0.000000000000000e+00, 5.000000000000000e-01");
+    EXPECT_EQ(storedText(document, L"Test", L"Names|First"), L"Ada");
     EXPECT_EQ(document.getStringItemAsDOMElement(L"Test", L"Snippet", L"", L""), L"<device UID=\"a\"/>");
 }
 
@@ -123,17 +122,18 @@ TEST(SettingTable, WrittenValuesReadBack) {
 TEST(SettingTable, NewSectionHoldsTheInitialValues) {
     ConfigInfo document;
     TestSection(&document).initialize();
-    EXPECT_EQ(stored(document, L"Flag"), L"false");
-    EXPECT_EQ(stored(document, L"Count"), L"3");
-    EXPECT_EQ(stored(document, L"Ratio"), L"(missing)");
-    EXPECT_EQ(stored(document, L"Size"), L"1, 2");
-    EXPECT_EQ(stored(document, L"Spot"), L"1.500000000000000e+00, 2.500000000000000e+00");
-    EXPECT_EQ(stored(document, L"Place"), L"0.000000000000000e+00, 0.000000000000000e+00, -1.000000000000000e+00");
-    EXPECT_EQ(stored(document, L"Names|First"), L"somebody");
-    EXPECT_EQ(stored(document, L"Snippet"), L"");
-    EXPECT_EQ(stored(document, L"Frustum|Offset"), zeros);
-    EXPECT_EQ(stored(document, L"Frustum|ResolutionX"), L"0");
-    EXPECT_EQ(stored(document, L"Pond|Right"), L"0");
+    EXPECT_EQ(storedText(document, L"Test", L"Flag"), L"false");
+    EXPECT_EQ(storedText(document, L"Test", L"Count"), L"3");
+    EXPECT_EQ(storedText(document, L"Test", L"Ratio"), std::nullopt);
+    EXPECT_EQ(storedText(document, L"Test", L"Size"), L"1, 2");
+    EXPECT_EQ(storedText(document, L"Test", L"Spot"), L"1.500000000000000e+00, 2.500000000000000e+00");
+    EXPECT_EQ(storedText(document, L"Test", L"Place"),
+              L"0.000000000000000e+00, 0.000000000000000e+00, -1.000000000000000e+00");
+    EXPECT_EQ(storedText(document, L"Test", L"Names|First"), L"somebody");
+    EXPECT_EQ(storedText(document, L"Test", L"Snippet"), L"");
+    EXPECT_EQ(storedText(document, L"Test", L"Frustum|Offset"), zeros);
+    EXPECT_EQ(storedText(document, L"Test", L"Frustum|ResolutionX"), L"0");
+    EXPECT_EQ(storedText(document, L"Test", L"Pond|Right"), L"0");
 }
 
 TEST(SettingTable, SettingsListTheWholeTableInItsOrder) {

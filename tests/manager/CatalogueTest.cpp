@@ -11,11 +11,13 @@
 #include "store/Outline.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/AsciiText.h"
+#include "tests/support/DocumentTexts.h"
 #include "tests/support/TemporaryFolder.h"
 
 using XMLConfig::catalogue;
 using XMLConfig::OutlineNode;
 using XMLConfig::Setting;
+using XMLConfig::tests::storedText;
 
 namespace {
 
@@ -88,8 +90,7 @@ TEST(Catalogue, InitialTextsAreWhatANewDocumentHolds) {
     for (const Setting& setting : catalogue()) {
         if (fixedSections.count(setting.section) == 0) continue;
         SCOPED_TRACE(asciiOf(setting.section + L"/" + setting.key));
-        EXPECT_EQ(document->getStringItem(setting.section, setting.key, L"(missing)", L"", L"", L""),
-                  setting.initialText.value_or(L"(missing)"));
+        EXPECT_EQ(storedText(*document, setting.section, setting.key), setting.initialText);
     }
 }
 

@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "store/ElementView.h"
+#include "tests/support/DeviceSections.h"
+#include "tests/support/Example.h"
 #include "tests/support/TestDocument.h"
 
 namespace {
@@ -13,11 +12,6 @@ namespace {
 using XMLConfig::Difference;
 using XMLConfig::DiffOptions;
 using XMLConfig::SettingDifference;
-
-std::string dome() {
-    std::ifstream in("examples/dome.skorrax", std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 /// The text with each `from` replaced; fails the test where there is none.
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
@@ -56,16 +50,12 @@ std::vector<std::wstring> addresses(const std::vector<SettingDifference>& differ
 }
 using Addresses = std::vector<std::wstring>;
 
-std::string projector(const std::string& id, const std::string& items) {
-    return "<Projector ID=\"" + id + "\">" + items + "</Projector>";
-}
-
 std::string snippet(const std::string& id, const std::string& parts) {
     return "<DeviceSnippet><device UID=\"" + id + "\">" + parts + "</device></DeviceSnippet>";
 }
 
 TEST(Diff, EqualDocumentsDifferInNothing) {
-    const Difference difference = diffOf(dome(), dome());
+    const Difference difference = diffOf(exampleText(), exampleText());
     EXPECT_TRUE(difference.isNothing());
     EXPECT_TRUE(difference.runs.empty());
     EXPECT_TRUE(difference.sameInEffect.empty());
@@ -92,7 +82,8 @@ TEST(Diff, AddedAndGoneTextsAreTold) {
 
 TEST(Diff, ChangedProjectorOfTheDomeIsToldByItsName) {
     const std::string yaw = "3.926990816987241e-01";
-    const Difference difference = diffOf(dome(), replaced(dome(), "<Yaw>" + yaw, "<Yaw>4.188790204786391e-01"));
+    const Difference difference =
+        diffOf(exampleText(), replaced(exampleText(), "<Yaw>" + yaw, "<Yaw>4.188790204786391e-01"));
     ASSERT_EQ(addresses(difference.changed),
               Addresses{L"Projector[VELDAR***00:0a:0b:0c:0d:03]/Channel_Extents/Heading/Yaw"});
     EXPECT_EQ(difference.changed[0].device, L"Dome 3");
@@ -100,17 +91,17 @@ TEST(Diff, ChangedProjectorOfTheDomeIsToldByItsName) {
 }
 
 TEST(Diff, SwappedProjectorIsKnownByTheIDItHad) {
-    const std::string now = replaced(dome(), "0c:0d:02", "0c:0d:77");
+    const std::string now = replaced(exampleText(), "0c:0d:02", "0c:0d:77");
     const std::string remembered =
         replaced(now, "<Name>Dome 2</Name>", "<Name>Dome 2</Name><OldSectionID>VELDAR***00:0a:0b:0c:0d:02</OldSectionID>");
-    const Difference difference = diffOf(dome(), remembered);
+    const Difference difference = diffOf(exampleText(), remembered);
     ASSERT_EQ(difference.renamed.size(), 1U);
     EXPECT_EQ(difference.renamed[0].name, L"Dome 2");
     EXPECT_EQ(difference.renamed[0].oldID, L"VELDAR***00:0a:0b:0c:0d:02");
     EXPECT_EQ(difference.renamed[0].newID, L"VELDAR***00:0a:0b:0c:0d:77");
     EXPECT_EQ(difference.renamed[0].by, L"OldSectionID");
     EXPECT_EQ(addresses(difference.changed), Addresses{});
-    const Difference backwards = diffOf(remembered, dome());
+    const Difference backwards = diffOf(remembered, exampleText());
     ASSERT_EQ(backwards.renamed.size(), 1U);
     EXPECT_EQ(backwards.renamed[0].by, L"OldSectionID");
 }

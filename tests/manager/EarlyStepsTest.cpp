@@ -4,6 +4,7 @@
 
 #include "manager/upgrade/UpgradeChain.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/DeviceSections.h"
 #include "tests/support/SteppedDocument.h"
 #include "tests/support/TestDocument.h"
 
@@ -12,10 +13,6 @@ using XMLConfig::detail::toVersion2005;
 using XMLConfig::detail::toVersion3;
 
 namespace {
-
-std::string projector(const std::string& id, const std::string& items) {
-    return "<Projector ID=\"" + id + "\">" + items + "</Projector>";
-}
 
 TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sections) { return ::stepped(step, sections, "1.000"); }
 

@@ -3,6 +3,7 @@
 
 #include "manager/upgrade/UpgradeChain.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/DeviceSections.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/SteppedDocument.h"
 #include "tests/support/TestDocument.h"

@@ -5,6 +5,7 @@
 
 #include "manager/Layout.h"
 #include "manager/layout/Image.h"
+#include "tests/support/Matrices.h"
 #include "tests/support/Rig.h"
 
 namespace {
@@ -15,22 +16,6 @@ using XMLConfig::detail::degree;
 using XMLConfig::detail::dot;
 using XMLConfig::detail::overlapOn;
 using XMLConfig::detail::Vector;
-
-Layout layoutOf(const std::vector<RigChannel>& channels) {
-    ConfigInfo document;
-    put(document, channels);
-    return XMLConfig::layout(document);
-}
-
-using Matrix3 = std::array<double, 9>;
-
-Matrix3 product(const Matrix3& left, const Matrix3& right) {
-    Matrix3 result{};
-    for (std::size_t row = 0; row < 3; ++row)
-        for (std::size_t column = 0; column < 3; ++column)
-            for (std::size_t k = 0; k < 3; ++k) result[row * 3 + column] += left[row * 3 + k] * right[k * 3 + column];
-    return result;
-}
 
 Matrix3 rotationOf(double yaw, double pitch, double roll) {
     return Viewport({}, {yaw * degree, pitch * degree, roll * degree}, 0.0, 0.0, 0.0, 0.0, 1, 1).RotationMatrix;

@@ -9,6 +9,7 @@
 #include "sections/CameraConfig.h"
 #include "sections/SystemConfig.h"
 #include "sections/TargetLocatorConfig.h"
+#include "tests/support/Example.h"
 #include "tests/support/Rig.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -19,17 +20,9 @@ using XMLConfig::ImageEdge;
 using XMLConfig::Layout;
 using XMLConfig::detail::degree;
 
-Layout layoutOf(const std::vector<RigChannel>& channels) {
-    ConfigInfo document;
-    put(document, channels);
-    return XMLConfig::layout(document);
-}
-
 Layout layoutOfExample(const std::string& from = "", const std::string& to = "") {
     const TemporaryFolder folder;
-    std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
-    if (!from.empty()) text.replace(text.find(from), from.size(), to);
-    return XMLConfig::layout(ConfigInfo(folder.write(L"dome.skorrax", text)));
+    return XMLConfig::layout(ConfigInfo(folder.write(L"dome.skorrax", exampleText(from, to))));
 }
 
 int percent(double share) { return static_cast<int>(std::lround(100.0 * share)); }

@@ -8,20 +8,14 @@
 #include "sections/ProjectorConfig.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/DocumentTexts.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 
 using testing::ElementsAre;
-
-namespace {
-
-std::wstring stored(const ConfigInfo& document, const wchar_t* section, const wchar_t* key, const std::wstring& id) {
-    return document.getStringItem(section, key, L"(missing)", id, L"", L"");
-}
-
-}  // namespace
+using XMLConfig::tests::storedText;
 
 TEST(ManagerDevices, IDsAreTheDocumentsBeforeAnAccessorIsAskedFor) {
     const TemporaryFolder folder;
@@ -45,8 +39,8 @@ TEST(ManagerDevices, UnknownDeviceIsAddedWithItsInitialValues) {
     EXPECT_EQ(camera->getSectionID(), L"new");
     EXPECT_EQ(manager.getProjectorConfigCount(), 1);
     EXPECT_EQ(manager.getCameraConfigCount(), 1);
-    EXPECT_EQ(stored(manager.document, L"Projector", L"Name", L"new"), L"Channel_new");
-    EXPECT_EQ(stored(manager.document, L"Projector", L"Resolution_X", L"new"), L"1400");
+    EXPECT_EQ(storedText(manager.document, L"Projector", L"Name", L"new"), L"Channel_new");
+    EXPECT_EQ(storedText(manager.document, L"Projector", L"Resolution_X", L"new"), L"1400");
     EXPECT_TRUE(manager.isConfigDirty());
 }
 
@@ -57,7 +51,7 @@ TEST(ManagerDevices, KnownDeviceIsNotInitialisedAgain) {
     manager.setConfigDirty(false);
     EXPECT_EQ(manager.getProjectorConfig(L"1")->getName(), L"left");
     manager.getCameraConfig(L"1");
-    EXPECT_EQ(stored(manager.document, L"Projector", L"Resolution_X", L"1"), L"(missing)");
+    EXPECT_EQ(storedText(manager.document, L"Projector", L"Resolution_X", L"1"), std::nullopt);
     EXPECT_FALSE(manager.isConfigDirty());
 }
 
@@ -115,8 +109,8 @@ TEST(ManagerDevices, RenamedDeviceIsKnownUnderItsNewID) {
     EXPECT_EQ(manager.getCameraConfig(L"b"), camera);
     EXPECT_EQ(manager.getProjectorConfig(L"c"), projector);
     EXPECT_EQ(camera->getSectionID(), L"b");
-    EXPECT_EQ(stored(manager.document, L"Camera", L"OldSectionID", L"b"), L"a");
-    EXPECT_EQ(stored(manager.document, L"Projector", L"OldSectionID", L"c"), L"a");
+    EXPECT_EQ(storedText(manager.document, L"Camera", L"OldSectionID", L"b"), L"a");
+    EXPECT_EQ(storedText(manager.document, L"Projector", L"OldSectionID", L"c"), L"a");
     EXPECT_THAT(manager.getCameraIDs(), ElementsAre(L"b"));
     EXPECT_THAT(manager.getProjectorIDs(), ElementsAre(L"c"));
     EXPECT_FALSE(manager.renameCameraConfig(L"a", L"d"));

@@ -27,6 +27,7 @@
 #include "store/CorvaneException.h"
 #include "store/Outline.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/DocumentTexts.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
@@ -87,7 +88,7 @@ TEST(ManagerLifeCycle, NewConfigurationHoldsInitialValues) {
                            Row{L"Screen", L"Screen_Radius", L"2.100000000000000e+00"}, Row{L"Screen", L"Shape", L"Flat"},
                            Row{L"System", L"Parallelize_Sends", L"true"},
                            Row{L"TargetLocator", L"Horizontal_Overlap", L"5.000000000000000e-02"}})
-        EXPECT_EQ(document.getStringItem(row.section, row.key, L"(missing)", L"", L"", L""), row.text)
+        EXPECT_EQ(XMLConfig::tests::storedText(document, row.section, row.key), row.text)
             << XMLConfig::detail::toUtf8(row.key);
 }
 

@@ -10,6 +10,7 @@
 #include "sections/ScreenConfig.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/DocumentTexts.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManagerLog.h"
 #include "tests/support/TemporaryFolder.h"
@@ -18,12 +19,11 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using XMLConfig::tests::storedText;
 
 namespace {
 
-std::wstring storedMesh(const std::wstring& path) {
-    return ConfigInfo(path).getStringItem(L"Screen", L"VRML", L"(missing)", L"", L"", L"");
-}
+std::optional<std::wstring> storedMesh(const std::wstring& path) { return storedText(ConfigInfo(path), L"Screen", L"VRML"); }
 
 /// With the separators of this system, whose temporary folder gives them to all names below it.
 std::wstring ofThisSystem(const std::wstring& path) { return wideOf(pathOf(path).make_preferred()); }
@@ -168,7 +168,7 @@ TEST(ManagerSaving, SavingIntoTheSameFolderTouchesNoName) {
     manager.setConfigDirty(false);
     manager.updateRelativeFilePaths(L"D:\\shows\\other.skorrax");
     manager.updateRelativeFilePaths(L"d:\\SHOWS\\other.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L".\\dome.obj");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"VRML"), L".\\dome.obj");
     EXPECT_FALSE(manager.isConfigDirty());
     EXPECT_EQ(manager.getAssetManager()->getRootPath(), L"D:\\shows");
 }
@@ -177,7 +177,7 @@ TEST(ManagerSaving, RelativeFolderIsTheSameFolderAgain) {
     TestManager manager(L"shows/hall.skorrax");
     manager.document.setStringItem(L"Screen", L"VRML", L"dome.obj", L"", L"", L"");
     manager.updateRelativeFilePaths(L"shows/hall.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"dome.obj");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"VRML"), L"dome.obj");
 }
 
 TEST(ManagerSaving, NamesFollowTheFileBetweenRelativeFolders) {
@@ -186,11 +186,11 @@ TEST(ManagerSaving, NamesFollowTheFileBetweenRelativeFolders) {
     EXPECT_EQ(manager.getAssetManager()->getRootPath(), here);
     manager.document.setStringItem(L"Screen", L"VRML", L"dome.obj", L"", L"", L"");
     manager.updateRelativeFilePaths(L"backup/hall.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), ofThisSystem(L"../dome.obj"));
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"VRML"), ofThisSystem(L"../dome.obj"));
     manager.updateRelativeFilePaths(L"./backup/../hall.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"dome.obj");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"VRML"), L"dome.obj");
     manager.updateRelativeFilePaths(here + L"/hall.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"dome.obj");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"VRML"), L"dome.obj");
 }
 
 TEST(ManagerSaving, NamesOnDrivesFollowTheFile) {
@@ -198,11 +198,11 @@ TEST(ManagerSaving, NamesOnDrivesFollowTheFile) {
     manager.document.setStringItem(L"Screen", L"VRML", L"dome.obj", L"", L"", L"");
     manager.document.setStringItem(L"Screen", L"PCD", L"E:\\clouds\\a.pcd", L"", L"", L"");
     manager.updateRelativeFilePaths(L"D:\\tour\\hall.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"..\\shows\\dome.obj");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"PCD", L"", L"", L"", L""), L"E:\\clouds\\a.pcd");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"VRML"), L"..\\shows\\dome.obj");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"PCD"), L"E:\\clouds\\a.pcd");
     manager.updateRelativeFilePaths(L"E:\\clouds\\hall.skorrax");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"D:\\shows\\dome.obj");
-    EXPECT_EQ(manager.document.getStringItem(L"Screen", L"PCD", L"", L"", L"", L""), L"a.pcd");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"VRML"), L"D:\\shows\\dome.obj");
+    EXPECT_EQ(storedText(manager.document, L"Screen", L"PCD"), L"a.pcd");
     EXPECT_FALSE(manager.document.doesItemExist(L"Screen", L"Marked_Surface_File", L""));
 }
 

@@ -8,27 +8,13 @@
 #include <gtest/gtest.h>
 
 #include "platform/Text.h"
+#include "tests/support/FileErrors.h"
 #include "tests/support/GermanLocale.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
 
 using namespace XMLConfig::detail;
-
-template <typename Call>
-std::wstring fileErrorOf(Call call) {
-    try {
-        call();
-    } catch (const FileError& error) {
-        EXPECT_EQ(error.what(), toUtf8(error.message()));
-        return error.message();
-    }
-    return L"no error";
-}
-
-std::wstring replaceError(const std::wstring& path, std::string_view bytes = "new") {
-    return fileErrorOf([&] { replaceFile(path, bytes); });
-}
 
 class Files : public testing::Test {
 protected:

@@ -5,12 +5,14 @@
 
 #include "sections/SystemConfig.h"
 #include "store/ConfigInfo.h"
-#include "tests/support/SettingRows.h"
+#include "tests/support/DocumentTexts.h"
+#include "tests/support/StoredItems.h"
 
 namespace {
 
 using XMLConfig::tests::itemsOf;
 using XMLConfig::tests::leavesOf;
+using XMLConfig::tests::StoredItems;
 using Ports = std::vector<std::int32_t>;
 using Strings = std::vector<std::wstring>;
 
@@ -26,16 +28,14 @@ const wchar_t* const defaultShown =
 
 class BlackBoxTest : public testing::Test {
 protected:
-    void store(const std::wstring& text) { document.setStringItem(L"System", L"Black_Box_Cameras_Comm", text, {}, {}, {}); }
-    std::wstring stored(const std::wstring& key = L"Black_Box_Cameras_Comm") const {
-        return document.getStringItem(L"System", key, L"(missing)", {}, {}, {});
-    }
     BlackBoxInfo readText(const std::wstring& text) {
-        store(text);
+        texts.put(key, text);
         return system.getBlackBoxCamerasComm();
     }
 
+    const std::wstring key = L"Black_Box_Cameras_Comm";
     ConfigInfo document;
+    StoredItems texts{document, L"System"};
     SystemConfig system{&document, nullptr, L""};
 };
 
@@ -143,33 +143,33 @@ TEST_F(BlackBoxTest, OnlySpacesAreTakenOutOfTexts) {
 }
 
 TEST_F(BlackBoxTest, SetterKeepsTheOtherPortsOfTheDocument) {
-    store(L"true, a, b, 1, 2, 30, 40");
+    texts.put(key, L"true, a, b, 1, 2, 30, 40");
     BlackBoxInfo info(false, L"tcp", L"10.0.0.9", 23, 5);
     Ports ports{9};
     info.setOtherPowerPorts(ports);
     system.setBlackBoxCamerasComm(info);
-    EXPECT_EQ(stored(), L"false, tcp, 10.0.0.9, 23, 5, 30, 40");
+    EXPECT_EQ(texts.text(key), L"false, tcp, 10.0.0.9, 23, 5, 30, 40");
     EXPECT_EQ(info.getOtherPowerPorts(), (Ports{9}));
     system.setBlackBoxLEDLightsComm(info);
-    EXPECT_EQ(stored(L"Black_Box_LED_Lights_Comm"), L"false, tcp, 10.0.0.9, 23, 5");
+    EXPECT_EQ(texts.text(L"Black_Box_LED_Lights_Comm"), L"false, tcp, 10.0.0.9, 23, 5");
 }
 
 TEST_F(BlackBoxTest, SetterDropsThePortsOfAMalformedText) {
-    store(L"1, 2, 3, 4");
+    texts.put(key, L"1, 2, 3, 4");
     system.setBlackBoxCamerasComm(BlackBoxInfo());
-    EXPECT_EQ(stored(), L"false, , , 0, -1");
+    EXPECT_EQ(texts.text(key), L"false, , , 0, -1");
 }
 
 TEST_F(BlackBoxTest, HeadIsCutAt127CharactersAndPortsAreNot) {
-    store(L"true, a, b, 1, 2, 30, 40");
+    texts.put(key, L"true, a, b, 1, 2, 30, 40");
     const std::wstring address(200, L'\u00e4');
     system.setBlackBoxCamerasComm(BlackBoxInfo(true, L"tcp", address, 23, 5));
-    EXPECT_EQ(stored(), L"true, tcp, " + std::wstring(116, L'\u00e4') + L", 30, 40");
+    EXPECT_EQ(texts.text(key), L"true, tcp, " + std::wstring(116, L'\u00e4') + L", 30, 40");
 
-    store(L"");
+    texts.put(key, L"");
     const std::wstring fits(105, L'x');  // 127 characters in all
     system.setBlackBoxCamerasComm(BlackBoxInfo(true, L"t", fits, 2147483, -1));
-    EXPECT_EQ(stored(), L"true, t, " + fits + L", 2147483, -1");
+    EXPECT_EQ(texts.text(key), L"true, t, " + fits + L", 2147483, -1");
     system.setBlackBoxCamerasComm(BlackBoxInfo(true, L"t", fits + L"x", 2147483, -1));
-    EXPECT_EQ(stored(), L"true, t, " + fits + L"x, 2147483, -");
+    EXPECT_EQ(texts.text(key), L"true, t, " + fits + L"x, 2147483, -");
 }

@@ -5,12 +5,11 @@
 #include "sections/MediaServerConfig.h"
 #include "sections/MediaServerItems.h"
 #include "sections/ProjMapConfig.h"
-#include "tests/support/SettingRows.h"
+#include "tests/support/StoredItems.h"
 #include "tests/support/VirtualSlots.h"
 
 namespace {
 
-using XMLConfig::tests::storedText;
 using Point = Point_3Dim<double>;
 using Floats = std::vector<float>;
 
@@ -20,11 +19,8 @@ const std::wstring key = L"Export|Value";
 template <typename Section>
 class Open : public testing::Test {
 protected:
-    void put(const std::wstring& text) {
-        document.setStringItem(section.getSectionName(), key, text, L"", L"", L"");
-        document.setDirty(false);
-    }
-    std::optional<std::wstring> text() const { return storedText(document, section.getSectionName(), key); }
+    void put(const std::wstring& text) { m_texts.putClean(key, text); }
+    std::optional<std::wstring> text() const { return m_texts.text(key); }
     template <typename T>
     T got(T value) const {
         section.get(key, value);
@@ -33,6 +29,9 @@ protected:
 
     ConfigInfo document;
     Section section{&document, L""};
+
+private:
+    XMLConfig::tests::StoredItems m_texts{document, section.getSectionName()};
 };
 
 class MediaServer : public Open<MediaServerConfig> {};

@@ -11,10 +11,6 @@ std::wstring nestedElement(int levels) {
     return text;
 }
 
-Document sample() {
-    return load("<ConfigInfo><Version>9.000</Version><S ID=\"1\"><A>old</A><F><d>1</d></F></S></ConfigInfo>");
-}
-
 /// One of each range that XML 1.0 leaves out, at its ends; the lone surrogates as they stand in wide text.
 std::vector<wchar_t> forbidden() {
     std::vector<wchar_t> all{0x0, 0x1, 0x8, 0xb, 0xc, 0xe, 0x1f, 0xd800, 0xdbff, 0xdc00, 0xdfff, 0xfffe, 0xffff};
@@ -26,14 +22,14 @@ std::vector<wchar_t> forbidden() {
 
 TEST(IllegalName, IsRefusedByASetter) {
     for (const wchar_t* key : {L"", L"a b", L"1a", L"-a", L"<", L"a&b", L"\u00d7", L"a/b", L"a\n"}) {
-        const Document document = sample();
+        const Document document = smallDocument();
         const auto message = messageOf([&] { set(*document, L"S", key, L"v", L"1"); });
         EXPECT_STARTS_WITH(message, L"Error setItem: ") << key;
         EXPECT_FALSE(document->isDirty()) << key;
         EXPECT_EQ(reloaded(*document)->getVersion(), 9.0) << key;
     }
     for (const wchar_t* section : {L"a b", L"", L"1", L"a|b"}) {
-        const Document document = sample();
+        const Document document = smallDocument();
         const Untouched before(*document);
         EXPECT_STARTS_WITH(messageOf([&] { set(*document, section, L"A", L"v", L"1"); }), L"Error setItem: ") << section;
         EXPECT_TRUE(before.unchanged()) << section;
@@ -41,7 +37,7 @@ TEST(IllegalName, IsRefusedByASetter) {
 }
 
 TEST(IllegalName, LeavesAPartlyMadePath) {
-    const Document document = sample();
+    const Document document = smallDocument();
     EXPECT_STARTS_WITH(messageOf([&] { set(*document, L"N", L"a|b||c", L"v", L"2", L"T", L"t"); }), L"Error setItem: ");
     EXPECT_FALSE(document->isDirty());
     EXPECT_TRUE(document->doesSubSectionExist(L"N", L"T", L"2", L"t"));
@@ -51,13 +47,13 @@ TEST(IllegalName, LeavesAPartlyMadePath) {
 }
 
 TEST(IllegalName, OfASubSectionIsRefused) {
-    const Document document = sample();
+    const Document document = smallDocument();
     EXPECT_STARTS_WITH(messageOf([&] { set(*document, L"S", L"A", L"v", L"1", L"a b", L""); }), L"Error setItem: ");
     EXPECT_FALSE(document->isDirty());
 }
 
 TEST(IllegalName, IsOnlyNotFoundByLookUps) {
-    const Document document = sample();
+    const Document document = smallDocument();
     for (const wchar_t* name : {L"", L"a b", L"|", L"<", L"1"}) {
         EXPECT_EQ(get(*document, name, L"A"), L"(default)");
         EXPECT_EQ(get(*document, L"S", name), L"(default)");
@@ -72,7 +68,7 @@ TEST(IllegalName, IsOnlyNotFoundByLookUps) {
 TEST(IllegalCharacter, InAValueIsRefused) {
     for (const wchar_t character : forbidden()) {
         for (const wchar_t* key : {L"A", L"New", L"Deep|New"}) {
-            const Document document = sample();
+            const Document document = smallDocument();
             const Untouched before(*document);
             const std::wstring value = std::wstring(36, L'v') + character + L"w";
             const auto message = messageOf([&] { set(*document, L"S", key, value, L"1"); });
@@ -86,7 +82,7 @@ TEST(IllegalCharacter, InAValueIsRefused) {
 }
 
 TEST(IllegalCharacter, IsNamedInFull) {
-    const Document document = sample();
+    const Document document = smallDocument();
     const std::wstring bad = std::wstring(L"ab") + L'\x1';
     const auto refused = [&](const std::wstring& section, const std::wstring& key, const std::wstring& id,
                              const std::wstring& subSection, const std::wstring& subID, const std::wstring& value) {
@@ -142,7 +138,7 @@ TEST(LegalCharacters, AtEveryBoundaryAreKept) {
 
 TEST(IllegalCharacter, InAnIdIsRefused) {
     for (const wchar_t character : forbidden()) {
-        const Document document = sample();
+        const Document document = smallDocument();
         const Untouched before(*document);
         const std::wstring id = std::wstring(L"1") + character;
         EXPECT_STARTS_WITH(messageOf([&] { set(*document, L"S", L"A", L"v", id); }), L"Error setItem: ");
@@ -181,7 +177,7 @@ TEST(IllegalCharacter, IsRefusedWhereItsSubstituteIsStored) {
 TEST(IllegalCharacter, InAFragmentIsRefused) {
     for (const wchar_t character : forbidden()) {
         for (const wchar_t* key : {L"F", L"New|Deep"}) {
-            const Document document = sample();
+            const Document document = smallDocument();
             const Untouched before(*document);
             const std::wstring value = std::wstring(L"<d>") + character + L"</d>";
             EXPECT_STARTS_WITH(messageOf([&] { document->setStringItemAsDOMElement(L"S", key, value, L"1"); }),
@@ -197,7 +193,7 @@ TEST(BadFragment, IsRefusedWithItsPlace) {
           L"<a>\n</b>", L"<!DOCTYPE a><a/>", L"<!DOCTYPE a [<!ENTITY e \"f\">]><a>&e;</a>",
           L"<!DOCTYPE a SYSTEM \"/etc/passwd\"><a/>", L"<?xml version=\"1.0\"?>"}) {
         for (const auto& [section, key] : {std::pair{L"S", L"F"}, std::pair{L"S", L"New|Deep"}, std::pair{L"New", L"F"}}) {
-            const Document document = sample();
+            const Document document = smallDocument();
             const Untouched before(*document);
             const auto message =
                 messageOf([&, s = section, k = key] { document->setStringItemAsDOMElement(s, k, value, L"1"); });

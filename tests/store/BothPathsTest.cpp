@@ -7,6 +7,7 @@
 #include "store/StrictParser.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/store/TreeSupport.h"
+#include "tests/support/AsciiText.h"
 
 // What the store makes by the links of the XML library's tree is held against what it makes by the public functions alone,
 // of text that is right and of text that is not.
@@ -85,8 +86,6 @@ private:
     std::mt19937 m_random;
 };
 
-std::string narrow(const std::wstring& text) { return std::string(text.begin(), text.end()); }
-
 std::string asDocument(const std::string& text) {
     try {
         const DocumentPointer document = parsed(text);
@@ -94,7 +93,7 @@ std::string asDocument(const std::string& text) {
         XMLConfig::detail::writeDocument(*document, [&made](std::string_view piece) { made += piece; });
         return made;
     } catch (const ParseFailure& failure) {
-        return narrow(failure.message());
+        return asciiOf(failure.message());
     }
 }
 
@@ -109,7 +108,7 @@ public:
             return std::to_string(depth) + described(*parent) + XMLConfig::detail::writeElement(*parent);
         } catch (const ParseFailure& failure) {
             m_parser.reset();
-            return narrow(failure.message());
+            return asciiOf(failure.message());
         }
     }
 
@@ -122,7 +121,7 @@ std::string outcome(const std::function<DocumentPointer()>& parse) {
     try {
         return described(*parse()->getDocumentElement());
     } catch (const ParseFailure& failure) {
-        return narrow(failure.message());
+        return asciiOf(failure.message());
     }
 }
 

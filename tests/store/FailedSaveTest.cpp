@@ -15,15 +15,11 @@ namespace {
 
 const std::wstring saveError = L"Error save(): An error occurred trying to save DOM tree to file. Msg is:";
 
-Document sample() {
-    return load("<ConfigInfo><Version>9.000</Version><S ID=\"1\"><A>old</A><F><d>1</d></F></S></ConfigInfo>");
-}
-
 }  // namespace
 
 TEST(FailedSave, IntoAMissingFolder) {
     const TemporaryFolder folder;
-    const Document document = sample();
+    const Document document = smallDocument();
     set(*document, L"S", L"A", L"new", L"1");
     const Untouched before(*document);
     EXPECT_STARTS_WITH(messageOf([&] { document->save(folder.file(L"none/a.skorrax")); }), saveError);
@@ -34,7 +30,7 @@ TEST(FailedSave, IntoAMissingFolder) {
 TEST(FailedSave, OntoAFolder) {
     const TemporaryFolder folder;
     fs::create_directory(folder.path() / "sub");
-    const Document document = sample();
+    const Document document = smallDocument();
     document->setDirty(true);
     EXPECT_STARTS_WITH(messageOf([&] { document->save(folder.file(L"sub")); }), saveError);
     EXPECT_TRUE(document->isDirty());
@@ -46,7 +42,7 @@ TEST(FailedSave, OntoAReadOnlyFile) {
     const TemporaryFolder folder;
     const auto path = folder.write(L"a.skorrax", "old");
     fs::permissions(pathOf(path), fs::perms(0444));
-    const Document document = sample();
+    const Document document = smallDocument();
     const Untouched before(*document);
     EXPECT_STARTS_WITH(messageOf([&] { document->save(path); }), saveError);
     EXPECT_TRUE(before.unchanged());
@@ -55,7 +51,7 @@ TEST(FailedSave, OntoAReadOnlyFile) {
 }
 
 TEST(FailedSave, LeavesACleanDocumentClean) {
-    const Document document = sample();
+    const Document document = smallDocument();
     (void)messageOf([&] { document->save(L"/no such folder/a.skorrax"); });
     EXPECT_FALSE(document->isDirty());
 }
@@ -66,7 +62,7 @@ TEST(FailedSave, ThroughALinkThatCannotBeFollowed) {
     const TemporaryFolder folder;
     fs::create_symlink("none/real.skorrax", folder.path() / "broken.skorrax");
     fs::create_symlink("loop.skorrax", folder.path() / "loop.skorrax");
-    const Document document = sample();
+    const Document document = smallDocument();
     document->setDirty(true);
     for (const wchar_t* name : {L"broken.skorrax", L"loop.skorrax"}) {
         EXPECT_STARTS_WITH(messageOf([&] { document->save(folder.file(name)); }), saveError);
@@ -79,7 +75,7 @@ TEST(FailedSave, ThroughALinkThatCannotBeFollowed) {
 TEST(FailedSave, IntoAnUnwritableFolder) {
     const TemporaryFolder folder;
     fs::permissions(folder.path(), fs::perms(0555));
-    const Document document = sample();
+    const Document document = smallDocument();
     const Untouched before(*document);
     {
         const OrdinaryUser user;
@@ -95,7 +91,7 @@ TEST(SaveIntoAFolderOfNoSecondFile, WritesTheFileItself) {
     const auto path = folder.write(L"a.skorrax", "<ConfigInfo><S><A>" + std::string(5000, 'o') + "</A></S></ConfigInfo>");
     fs::permissions(pathOf(path), fs::perms(0666));
     fs::permissions(folder.path(), fs::perms(0555));
-    const Document document = sample();
+    const Document document = smallDocument();
     {
         const OrdinaryUser user;
         ASSERT_TRUE(user.active());
@@ -110,7 +106,7 @@ TEST(SaveIntoAFolderOfNoSecondFile, WritesTheFileItself) {
 #ifdef __linux__
 
 TEST(FailedSave, OntoAFullDevice) {
-    const Document document = sample();
+    const Document document = smallDocument();
     const Untouched before(*document);
     EXPECT_STARTS_WITH(messageOf([&] { document->save(L"/dev/full"); }), saveError);
     EXPECT_TRUE(before.unchanged());
@@ -139,7 +135,7 @@ TEST(FailedSave, OntoAFullDisk) {
     const SmallDisk disk;
     if (!disk.mounted()) GTEST_SKIP() << "no small disk can be mounted here: " << disk.error();
     const TemporaryFolder& folder = disk.folder();
-    const Document document = sample();
+    const Document document = smallDocument();
     const auto path = folder.file(L"a.skorrax");
     EXPECT_TRUE(document->save(path));
     const std::string old = folder.read(L"a.skorrax");

@@ -26,6 +26,11 @@ inline Document load(const std::string& text) {
     return std::make_unique<ConfigInfo>(folder.write(L"input.skorrax", text));
 }
 
+/// A document that was loaded, with a text and a fragment in section "S" of ID "1".
+inline Document smallDocument() {
+    return load("<ConfigInfo><Version>9.000</Version><S ID=\"1\"><A>old</A><F><d>1</d></F></S></ConfigInfo>");
+}
+
 /// What the document would be saved as; the dirty flag stays as it is.
 inline std::string textOf(ConfigInfo& document) {
     const TemporaryFolder folder;

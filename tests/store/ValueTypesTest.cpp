@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <type_traits>
 
-namespace {
+#include "tests/support/Matrices.h"
 
-using Nine = std::array<double, 9>;
+namespace {
 
 static_assert(std::is_same_v<decltype(Point_2Dim<int>::x), int>);
 static_assert(std::is_same_v<decltype(Point_3Dim<double>::z), double>);
@@ -23,27 +22,19 @@ static_assert(std::has_virtual_destructor_v<Viewport>);
 static_assert(std::has_virtual_destructor_v<Frustum>);
 static_assert(std::is_copy_constructible_v<Frustum> && std::is_copy_assignable_v<Frustum>);
 
-Nine product(const Nine& a, const Nine& b) {
-    Nine result{};
-    for (std::size_t row = 0; row < 3; ++row)
-        for (std::size_t column = 0; column < 3; ++column)
-            for (std::size_t k = 0; k < 3; ++k) result[row * 3 + column] += a[row * 3 + k] * b[k * 3 + column];
-    return result;
-}
-
-void expectNear(const Nine& actual, const Nine& expected) {
+void expectNear(const Matrix3& actual, const Matrix3& expected) {
     for (std::size_t i = 0; i < 9; ++i) EXPECT_NEAR(actual[i], expected[i], 1e-12) << "element " << i;
 }
 
-Nine aboutZ(double a) { return {std::cos(a), -std::sin(a), 0, std::sin(a), std::cos(a), 0, 0, 0, 1}; }
-Nine aboutX(double a) { return {1, 0, 0, 0, std::cos(a), -std::sin(a), 0, std::sin(a), std::cos(a)}; }
-Nine aboutY(double a) { return {std::cos(a), 0, std::sin(a), 0, 1, 0, -std::sin(a), 0, std::cos(a)}; }
+Matrix3 aboutZ(double a) { return {std::cos(a), -std::sin(a), 0, std::sin(a), std::cos(a), 0, 0, 0, 1}; }
+Matrix3 aboutX(double a) { return {1, 0, 0, 0, std::cos(a), -std::sin(a), 0, std::sin(a), std::cos(a)}; }
+Matrix3 aboutY(double a) { return {std::cos(a), 0, std::sin(a), 0, 1, 0, -std::sin(a), 0, std::cos(a)}; }
 
 Viewport turned(double yaw, double pitch, double roll) {
     return Viewport({1, 2, 3}, {yaw, pitch, roll}, -0.1, 0.2, -0.3, 0.4, 1920, 1080);
 }
 
-constexpr Nine identity{1, 0, 0, 0, 1, 0, 0, 0, 1};
+constexpr Matrix3 identity{1, 0, 0, 0, 1, 0, 0, 0, 1};
 
 }  // namespace
 
@@ -107,8 +98,8 @@ TEST(ViewportType, IsAllZerosWhenNew) {
     EXPECT_EQ(viewport.FOVBottom, 0.0);
     EXPECT_EQ(viewport.ResolutionX, 0);
     EXPECT_EQ(viewport.ResolutionY, 0);
-    EXPECT_EQ(viewport.RotationMatrix, Nine{});
-    EXPECT_EQ(viewport.InverseRotationMatrix, Nine{});
+    EXPECT_EQ(viewport.RotationMatrix, Matrix3{});
+    EXPECT_EQ(viewport.InverseRotationMatrix, Matrix3{});
 }
 
 TEST(ViewportType, KeepsItsEightFields) {
@@ -144,7 +135,7 @@ TEST(ViewportType, TurnsAboutYByTheRoll) {
 }
 
 TEST(ViewportType, AppliesTheYawLast) {
-    for (const auto& angles : {Nine{0.1, 0.2, 0.3}, Nine{-1.2, 2.5, 0.7}, Nine{3.1, -0.4, -2.2}}) {
+    for (const auto& angles : {Matrix3{0.1, 0.2, 0.3}, Matrix3{-1.2, 2.5, 0.7}, Matrix3{3.1, -0.4, -2.2}}) {
         const Viewport viewport = turned(angles[0], angles[1], angles[2]);
         expectNear(viewport.RotationMatrix, product(product(aboutZ(-angles[0]), aboutX(angles[1])), aboutY(angles[2])));
         expectNear(product(viewport.RotationMatrix, viewport.InverseRotationMatrix), identity);
@@ -164,8 +155,8 @@ TEST(FrustumType, IsAllZerosWhenNew) {
     EXPECT_EQ(frustum.TanTop, 0.0);
     EXPECT_EQ(frustum.Width, 0.0);
     EXPECT_EQ(frustum.Height, 0.0);
-    EXPECT_EQ(frustum.RotationMatrix, Nine{});
-    EXPECT_EQ(frustum.InverseRotationMatrix, Nine{});
+    EXPECT_EQ(frustum.RotationMatrix, Matrix3{});
+    EXPECT_EQ(frustum.InverseRotationMatrix, Matrix3{});
 }
 
 TEST(FrustumType, DerivesItsExtentsFromTheAngles) {

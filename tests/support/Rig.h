@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "manager/Layout.h"
 #include "manager/layout/Vector.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
@@ -33,6 +34,12 @@ inline void put(ConfigInfo& document, const std::wstring& id, const RigChannel& 
 /// Projectors "1", "2" and so on.
 inline void put(ConfigInfo& document, const std::vector<RigChannel>& channels) {
     for (std::size_t i = 0; i < channels.size(); ++i) put(document, std::to_wstring(i + 1), channels[i]);
+}
+
+inline XMLConfig::Layout layoutOf(const std::vector<RigChannel>& channels) {
+    ConfigInfo document;
+    put(document, channels);
+    return XMLConfig::layout(document);
 }
 
 /// A sphere around the eye points, its limits in degrees.

@@ -11,8 +11,3 @@ inline TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sectio
     step(*document);
     return document;
 }
-
-/// A camera's section as XML.
-inline std::string camera(const std::string& id, const std::string& items) {
-    return "<Camera ID=\"" + id + "\">" + items + "</Camera>";
-}

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "store/ConfigInfo.h"
-#include "tests/support/SettingRows.h"
+#include "tests/support/DocumentTexts.h"
 
 namespace XMLConfig::tests {
 

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "tests/support/TemporaryFolder.h"
 
 /// One run of the command-line tool.
@@ -20,6 +22,12 @@ std::string toolPath();
 ToolRun runTool(const std::vector<std::string>& arguments, const std::string& environment = "");
 /// The same with these bytes on its standard input.
 ToolRun runToolReading(const std::string& input, const std::vector<std::string>& arguments);
+
+inline void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors = "") {
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(run.output, output);
+    EXPECT_EQ(run.errors, errors);
+}
 
 /// As one word of a shell of POSIX.
 std::string shellQuoted(const std::string& text);

@@ -3,7 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Example.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -13,23 +14,9 @@ using ::testing::HasSubstr;
 using ::testing::StartsWith;
 using Json = nlohmann::json;
 
-const std::string example = TemporaryFolder::readFile("examples/dome.skorrax");
-
-class CheckVerb : public ::testing::Test {
+class CheckVerb : public ToolFiles {
 protected:
-    /// A file of that content, by its path.
-    std::string file(const std::string& content, const std::wstring& name = L"dome.skorrax") {
-        folder.write(name, content);
-        return (folder.path() / name).u8string();
-    }
-    std::string changed(const std::string& from, const std::string& to) {
-        std::string content = example;
-        const std::size_t at = content.find(from);
-        EXPECT_NE(at, std::string::npos) << from;
-        return file(content.replace(at, from.size(), to));
-    }
-
-    TemporaryFolder folder;
+    std::string changed(const std::string& from, const std::string& to) const { return fileOf(exampleText(from, to)); }
 };
 
 TEST_F(CheckVerb, TellsOfTheExample) {
@@ -92,10 +79,10 @@ TEST_F(CheckVerb, HiddenItemsNameTheLineOfTheOther) {
 }
 
 TEST_F(CheckVerb, SameWordsShareALine) {
-    std::string content = example;
+    std::string content = exampleText();
     for (std::size_t at = 0; (at = content.find("<Gamma>2.2", at)) != std::string::npos; at += 10)
         content.replace(at, 10, "<Gamma>9.2");
-    const std::string bad = file(content);
+    const std::string bad = fileOf(content);
     EXPECT_EQ(runTool({"check", "--only", "XC114", bad}).output,
               "warning[XC114] 4 times: 9.2 is outside 1 to 4: Projector[Dome 1]/Gamma, Projector[Dome 2]/Gamma, "
               "Projector[Dome 3]/Gamma, Projector[Dome 4]/Gamma\n" +
@@ -111,7 +98,7 @@ TEST_F(CheckVerb, OldFilesAreCheckedAsUpgraded) {
 }
 
 TEST_F(CheckVerb, NewerFilesAreTold) {
-    const std::string newer = file("<ConfigInfo>\n<Version>10.000</Version><Sistem/></ConfigInfo>");
+    const std::string newer = fileOf("<ConfigInfo>\n<Version>10.000</Version><Sistem/></ConfigInfo>");
     const ToolRun run = runTool({"check", newer});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.output, "error[XC102] " + newer + ":2 Version: is of file version 10.0; this program knows 9.0\n" + newer +
@@ -119,7 +106,7 @@ TEST_F(CheckVerb, NewerFilesAreTold) {
 }
 
 TEST_F(CheckVerb, ShowsWhereTheXMLIsBroken) {
-    const std::string broken = file("<ConfigInfo>\n  <Version>9.000</Versoin>\n</ConfigInfo>\n");
+    const std::string broken = fileOf("<ConfigInfo>\n  <Version>9.000</Versoin>\n</ConfigInfo>\n");
     const ToolRun run = runTool({"check", broken});
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.output, "");
@@ -129,7 +116,7 @@ TEST_F(CheckVerb, ShowsWhereTheXMLIsBroken) {
 }
 
 TEST_F(CheckVerb, WhatIsNoConfigurationCannotBeRead) {
-    const std::string none = file("<ConfigInfo/>");
+    const std::string none = fileOf("<ConfigInfo/>");
     const ToolRun run = runTool({"check", none});
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.errors, "xmlconfig: " + none + ": is no configuration, it has no version\n");

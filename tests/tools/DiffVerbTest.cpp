@@ -3,7 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Example.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -12,19 +13,13 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using Json = nlohmann::json;
 
-void replaceOnce(std::string& text, const std::string& from, const std::string& to) {
-    const std::size_t at = text.find(from);
-    ASSERT_NE(at, std::string::npos) << from;
-    text.replace(at, from.size(), to);
-}
-
 /// The example, and what became of it overnight: "Dome 2" was swapped, "Dome 3" turned, "Dome 4" got another gamma and lost
 /// a setting that it inherits all the same, the cameras changed places, the site got a name, and there was a run.
-class DiffVerb : public testing::Test {
+class DiffVerb : public ToolFiles {
 protected:
     DiffVerb() {
-        std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
-        yesterday = file(L"yesterday.skorrax", text);
+        std::string text = exampleText();
+        yesterday = fileOf(text, "yesterday.skorrax");
         swapProjector(text);
         replaceOnce(text, "<Yaw>3.926990816987241e-01", "<Yaw>4.188790204786391e-01");
         const std::size_t last = text.find("0c:0d:1f\">");
@@ -34,7 +29,7 @@ protected:
         replaceOnce(text, "00:a0,PGR***02:1c:00:51:00:a4</CameraOrder>", "00:a4,PGR***02:1c:00:51:00:a0</CameraOrder>");
         replaceOnce(text, "</System>", "<Site_Name>Planetarium</Site_Name></System>");
         replaceOnce(text, "<SuccessfulRunNumber>27", "<SuccessfulRunNumber>28");
-        today = file(L"today.skorrax", text);
+        today = fileOf(text, "today.skorrax");
     }
 
     static void swapProjector(std::string& text) {
@@ -50,12 +45,6 @@ protected:
         text.insert(text.rfind(end) + end.size(), projector);
     }
 
-    std::string file(const std::wstring& name, const std::string& text) const {
-        folder.write(name, text);
-        return folder.at(name).u8string();
-    }
-
-    TemporaryFolder folder;
     std::string yesterday;
     std::string today;
 };
@@ -134,10 +123,10 @@ TEST_F(DiffVerb, SaysAllOfItInJson) {
 }
 
 TEST_F(DiffVerb, TellsAddedAndRemovedDevicesAsAWhole) {
-    std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
+    std::string text = exampleText();
     const std::size_t start = text.find("<Projector ID=\"VELDAR***00:0a:0b:0c:0d:02\">");
     text.erase(start, text.find("</Projector>", start) + 12 - start);
-    const std::string fewer = file(L"fewer.skorrax", text);
+    const std::string fewer = fileOf(text, "fewer.skorrax");
     EXPECT_THAT(runTool({"diff", yesterday, fewer}).output,
                 StartsWith("- Projector[Dome 2]  ID VELDAR***00:0a:0b:0c:0d:02, "));
     EXPECT_THAT(runTool({"diff", fewer, yesterday}).output,
@@ -177,11 +166,11 @@ TEST_F(DiffVerb, RefusesOtherNumbersOfFiles) {
 }
 
 TEST_F(DiffVerb, SaysThatAFileIsNoConfiguration) {
-    const ToolRun run = runTool({"diff", yesterday, file(L"bad.skorrax", "<ConfigInfo>")});
+    const ToolRun run = runTool({"diff", yesterday, fileOf("<ConfigInfo>", "bad.skorrax")});
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.output, "");
     EXPECT_THAT(run.errors, HasSubstr("bad.skorrax"));
-    EXPECT_EQ(runTool({"diff", yesterday, folder.at(L"none.skorrax").u8string()}).status, 3);
+    EXPECT_EQ(runTool({"diff", yesterday, path("none.skorrax")}).status, 3);
 }
 
 TEST_F(DiffVerb, ColoursOnRequestOnly) {

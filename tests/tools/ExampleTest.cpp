@@ -4,23 +4,15 @@
 
 #include "manager/Check.h"
 #include "manager/XMLConfigManager.h"
-#include "platform/IQuorvelProductInfo.h"
 #include "store/ConfigInfo.h"
+#include "tests/support/Example.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestProduct.h"
 
 namespace {
 
-const std::filesystem::path example = "examples/dome.skorrax";
-
-class Product : public IQuorvelProductInfo {
-public:
-    std::string getConfigFileExtension() const override { return ".skorrax"; }
-};
-
 /// A copy that may be written.
-std::wstring copyIn(const TemporaryFolder& folder) {
-    return folder.write(L"dome.skorrax", TemporaryFolder::readFile(example));
-}
+std::wstring copyIn(const TemporaryFolder& folder) { return folder.write(L"dome.skorrax", exampleText()); }
 
 TEST(Example, IsAFixedPoint) {
     const TemporaryFolder folder;
@@ -28,7 +20,7 @@ TEST(Example, IsAFixedPoint) {
     ConfigInfo document(file);
     document.insertBuildDateAndNumber();
     EXPECT_TRUE(document.save(file));
-    EXPECT_EQ(folder.read(L"dome.skorrax"), TemporaryFolder::readFile(example));
+    EXPECT_EQ(folder.read(L"dome.skorrax"), exampleText());
 }
 
 TEST(Example, IsInOrder) {
@@ -41,7 +33,7 @@ TEST(Example, IsInOrder) {
 TEST(Example, LoadsAsACurrentFile) {
     const TemporaryFolder folder;
     const std::unique_ptr<XMLConfigManager> manager(
-        XMLConfigManager::loadConfiguration(std::make_shared<Product>(), copyIn(folder)));
+        XMLConfigManager::loadConfiguration(TestProduct::make(), copyIn(folder)));
     EXPECT_EQ(manager->getVersionUpgradeStatus(), XMLConfig::NoUpgradeRequired);
     EXPECT_EQ(manager->getProjectorConfigCount(), 4);
     EXPECT_EQ(manager->getCameraConfigCount(), 2);

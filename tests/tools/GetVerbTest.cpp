@@ -3,7 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Example.h"
 #include "tests/support/TerminalRun.h"
 #include "tests/support/ToolRun.h"
 
@@ -11,17 +11,11 @@ namespace {
 
 using testing::HasSubstr;
 
-const char* const dome = "examples/dome.skorrax";
+const char* const dome = exampleFile;
 const std::string first = "Projector[VELDAR***00:0a:0b:0c:0d:01]";
 const std::string second = "Projector[VELDAR***00:0a:0b:0c:0d:02]";
 const std::string third = "Projector[VELDAR***00:0a:0b:0c:0d:03]";
 const std::string fourth = "Projector[VELDAR***00:0a:0b:0c:0d:1f]";
-
-void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors = "") {
-    EXPECT_EQ(run.status, status);
-    EXPECT_EQ(run.output, output);
-    EXPECT_EQ(run.errors, errors);
-}
 
 }  // namespace
 

@@ -2,9 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "store/Outline.h"
+#include "tests/support/Example.h"
 #include "tests/support/GoldenFile.h"
 #include "tests/support/Rig.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -12,25 +13,17 @@ namespace {
 using testing::HasSubstr;
 using XMLConfig::OutlineNode;
 
-class LayoutPicture : public testing::Test {
+class LayoutPicture : public ToolFiles {
 protected:
-    std::string example(const std::string& from = "<Version>", const std::string& to = "<Version>") const {
-        std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
-        folder.write(L"dome.skorrax", text.replace(text.find(from), from.size(), to));
-        return (folder.path() / "dome.skorrax").string();
+    std::string example(const std::string& from = "", const std::string& to = "") const {
+        return fileOf(exampleText(from, to), "dome.skorrax");
     }
     std::string exampleWithAGap() const { return example("<Yaw>3.926990816987241e-01", "<Yaw>7.417649320975901e-01"); }
-    std::string fileOf(ConfigInfo& document) const {
-        document.save(folder.file(L"made.skorrax"));
-        return (folder.path() / "made.skorrax").string();
-    }
     std::string pictureOf(const std::string& file) const {
-        const ToolRun run = runTool({"layout", "--svg", (folder.path() / "picture.svg").string(), file});
+        const ToolRun run = runTool({"layout", "--svg", path("picture.svg"), file});
         EXPECT_EQ(run.status, 0) << run.errors;
         return folder.read(L"picture.svg");
     }
-
-    TemporaryFolder folder;
 };
 
 /// The shapes of a picture that have this class among theirs. Throws where the picture is not well-formed.

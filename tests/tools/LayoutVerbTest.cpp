@@ -3,8 +3,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tests/support/Example.h"
 #include "tests/support/Rig.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -14,23 +15,12 @@ using testing::HasSubstr;
 using testing::Not;
 using Json = nlohmann::json;
 
-class LayoutVerb : public testing::Test {
+class LayoutVerb : public ToolFiles {
 protected:
-    std::string fileOf(const std::string& content) const {
-        folder.write(L"other.skorrax", content);
-        return (folder.path() / "other.skorrax").string();
-    }
-    std::string fileOf(ConfigInfo& document) const {
-        document.save(folder.file(L"made.skorrax"));
-        return (folder.path() / "made.skorrax").string();
-    }
     /// The example, where it says `from` changed.
-    std::string example(const std::string& from = "<Version>", const std::string& to = "<Version>") const {
-        std::string text = TemporaryFolder::readFile("examples/dome.skorrax");
-        return fileOf(text.replace(text.find(from), from.size(), to));
+    std::string example(const std::string& from = "", const std::string& to = "") const {
+        return fileOf(exampleText(from, to));
     }
-
-    TemporaryFolder folder;
 };
 
 const char* const exampleText =

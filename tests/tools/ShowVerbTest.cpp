@@ -3,7 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Example.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -12,14 +12,8 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-const char* const dome = "examples/dome.skorrax";
+const char* const dome = exampleFile;
 const std::string first = "Projector[VELDAR***00:0a:0b:0c:0d:01]";
-
-void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors = "") {
-    EXPECT_EQ(run.status, status);
-    EXPECT_EQ(run.output, output);
-    EXPECT_EQ(run.errors, errors);
-}
 
 }  // namespace
 

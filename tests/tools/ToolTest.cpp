@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -51,26 +51,10 @@ const char* const hall = R"(<?xml version="1.0" encoding="UTF-8" standalone="no"
 </ConfigInfo>
 )";
 
-class Tool : public testing::Test {
+class Tool : public ToolFiles {
 protected:
-    std::string hallFile() const {
-        folder.write(L"hall.skorrax", hall);
-        return (folder.path() / "hall.skorrax").string();
-    }
-    std::string fileOf(const std::string& content) const {
-        folder.write(L"other.skorrax", content);
-        return (folder.path() / "other.skorrax").string();
-    }
-    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
-
-    TemporaryFolder folder;
+    std::string hallFile() const { return fileOf(hall, "hall.skorrax"); }
 };
-
-void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors) {
-    EXPECT_EQ(run.status, status);
-    EXPECT_EQ(run.output, output);
-    EXPECT_EQ(run.errors, errors);
-}
 
 const char* const verbNames[] = {"new", "show", "get", "set", "unset", "describe", "check", "layout", "diff", "upgrade"};
 
@@ -417,7 +401,7 @@ TEST_F(Tool, FilesOfOtherVersionsAreNotChanged) {
     const std::string message =
         "xmlconfig: " + file + ": is of file version 2.003 and must be upgraded first: xmlconfig upgrade " + file + "\n";
     expectRun(runTool({"set", file, "System/RunType=x"}), 1, "", message);
-    EXPECT_EQ(folder.read(L"other.skorrax"), older);
+    EXPECT_EQ(folder.read(L"test.skorrax"), older);
     expectRun(runTool({"set", fileOf("<ConfigInfo><Version>9.001</Version></ConfigInfo>"), "System/RunType=x"}), 3, "",
               "xmlconfig: " + file + ": is of file version 9.001, which is newer than this program\n");
     for (const char* const content : {"<ConfigInfo><Version/></ConfigInfo>", "<ConfigInfo/>"})

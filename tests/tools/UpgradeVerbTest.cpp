@@ -6,8 +6,8 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/manager/TestManager.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tests/support/TerminalRun.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -16,15 +16,11 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-class UpgradeVerb : public testing::Test {
+class UpgradeVerb : public ToolFiles {
 protected:
     std::string write(const std::string& name, const std::string& version, const std::string& sections = "") const {
-        folder.write(std::wstring(name.begin(), name.end()), fileText(sections, version));
-        return path(name);
+        return fileOf(fileText(sections, version), name);
     }
-    std::string path(const std::string& name) const { return (folder.path() / std::filesystem::u8path(name)).u8string(); }
-
-    TemporaryFolder folder;
 };
 
 const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 const OtherUser alice{50001, {50001}};
 const OtherUser bob{50002, {50002}};
 
-mode_t modeOf(const fs::path& path) {
+mode_t modeOfEntry(const fs::path& path) {
     struct stat status {};
     EXPECT_EQ(::lstat(path.c_str(), &status), 0);
     return status.st_mode & 07777;
@@ -44,7 +44,7 @@ protected:
 TEST_F(OwnFolder, IsClosedToOthersWhateverTheMask) {
     const mode_t maskBefore = ::umask(0);
     EXPECT_EQ(makePrivateFolder(m_path).path, m_path);
-    EXPECT_EQ(modeOf(m_above.at(L"own")), 0700u);
+    EXPECT_EQ(modeOfEntry(m_above.at(L"own")), 0700u);
     ::umask(0777);
     EXPECT_FALSE(makePrivateFolder(m_above.file(L"unreachable")).path.empty());
     ::umask(maskBefore);
@@ -66,7 +66,7 @@ TEST_F(OwnFolder, ThatOthersCouldReadIsClosed) {
     fs::create_directory(m_above.at(L"own"));
     ASSERT_EQ(::chmod(m_above.at(L"own").c_str(), 0755), 0);
     EXPECT_EQ(makePrivateFolder(m_path).path, m_path);
-    EXPECT_EQ(modeOf(m_above.at(L"own")), 0700u);
+    EXPECT_EQ(modeOfEntry(m_above.at(L"own")), 0700u);
 }
 
 TEST_F(OwnFolder, ThatOthersCouldWriteIsNotTrusted) {
@@ -77,7 +77,7 @@ TEST_F(OwnFolder, ThatOthersCouldWriteIsNotTrusted) {
         const PrivateFolder made = makePrivateFolder(wideOf(open));
         EXPECT_TRUE(made.isThere);
         EXPECT_EQ(made.path, marked(std::to_wstring(mode)));
-        EXPECT_EQ(modeOf(open), mode);
+        EXPECT_EQ(modeOfEntry(open), mode);
     }
 }
 
@@ -88,7 +88,7 @@ TEST_F(OwnFolder, IsNotBehindALink) {
     fs::create_symlink("none", m_above.at(L"dangling"));
     EXPECT_EQ(makePrivateFolder(m_path).path, marked(L"own"));
     EXPECT_EQ(makePrivateFolder(m_above.file(L"dangling")).path, marked(L"dangling"));
-    EXPECT_EQ(modeOf(m_above.at(L"elsewhere")), 0750u);
+    EXPECT_EQ(modeOfEntry(m_above.at(L"elsewhere")), 0750u);
     EXPECT_FALSE(m_above.has(L"none"));
 }
 
@@ -101,7 +101,7 @@ TEST_F(OwnFolder, IsAnotherOneWhereTheNameIsAnothers) {
         const PrivateFolder made = makePrivateFolder(m_above.file(name));
         EXPECT_TRUE(made.isThere);
         EXPECT_EQ(made.path, marked(name));
-        EXPECT_EQ(modeOf(pathOf(made.path)), 0700u);
+        EXPECT_EQ(modeOfEntry(pathOf(made.path)), 0700u);
     }
     EXPECT_TRUE(fs::is_empty(m_above.at(L"folder")));
 }
@@ -145,7 +145,7 @@ protected:
         setClock([] { return std::int64_t(1552262400); });
         const std::wstring path = UlvanoDiagnostics::getDataSubDirectory();
         const std::wstring expected = m_above.file(name) + L"/2019-03-11T00-00-00-" + std::to_wstring(::getpid());
-        const bool isPrivate = modeOf(pathOf(path)) == 0700 && modeOf(pathOf(path).parent_path()) == 0700;
+        const bool isPrivate = modeOfEntry(pathOf(path)) == 0700 && modeOfEntry(pathOf(path).parent_path()) == 0700;
         ::_exit(path == expected && isPrivate ? 0 : 1);
     }
 };

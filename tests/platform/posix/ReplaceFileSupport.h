@@ -12,6 +12,7 @@
 
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "tests/support/FileErrors.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Unprivileged.h"
 
@@ -20,19 +21,6 @@ namespace replacetests {
 
 using namespace XMLConfig::detail;
 namespace fs = std::filesystem;
-
-inline std::wstring replaceError(const std::wstring& path, const ByteSource& source) {
-    try {
-        replaceFile(path, source);
-    } catch (const FileError& error) {
-        return error.message();
-    }
-    return L"no error";
-}
-
-inline std::wstring replaceError(const std::wstring& path, std::string_view bytes = "new") {
-    return replaceError(path, [bytes](const ByteSink& sink) { sink(bytes); });
-}
 
 inline std::wstring refusal(const std::wstring& path, const std::wstring& reason) {
     return L"Can not write file " + path + L": " + reason;

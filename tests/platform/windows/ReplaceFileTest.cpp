@@ -11,20 +11,12 @@
 #include <sddl.h>
 
 #include "platform/Files.h"
+#include "tests/support/FileErrors.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
 
 using namespace XMLConfig::detail;
-
-std::wstring replaceError(const std::wstring& path, std::string_view bytes = "new") {
-    try {
-        replaceFile(path, bytes);
-    } catch (const FileError& error) {
-        return error.message();
-    }
-    return L"no error";
-}
 
 /// Another program's open file.
 class Opened {

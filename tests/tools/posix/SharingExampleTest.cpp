@@ -7,7 +7,8 @@
 #include <thread>
 
 #include "store/ConfigInfo.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Example.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/posix/StartedProgram.h"
 
 namespace {
@@ -15,12 +16,11 @@ namespace {
 using testing::HasSubstr;
 
 /// The program that the page on sharing shows, built beside the tool.
-class SharingExample : public testing::Test {
+class SharingExample : public ToolFiles {
 protected:
-    SharingExample() { folder.write(L"dome.skorrax", TemporaryFolder::readFile("examples/dome.skorrax")); }
+    SharingExample() { fileOf(exampleText(), "dome.skorrax"); }
 
     static std::string program() { return (std::filesystem::path(toolPath()).parent_path() / "sharing").string(); }
-    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
     int countedRuns() const {
         return ConfigInfo(folder.file(L"dome.skorrax")).getIntegerItem(L"SiteAnalytics", L"SuccessfulRunNumber", -1, L"");
     }
@@ -39,8 +39,6 @@ protected:
         line << "save\n" << std::flush;
         return shell.end();
     }
-
-    TemporaryFolder folder;
 };
 
 }  // namespace

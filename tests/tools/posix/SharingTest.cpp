@@ -9,16 +9,15 @@
 #include "store/ConfigInfo.h"
 #include "store/ConfigLock.h"
 #include "tests/manager/TestManager.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/posix/StartedProgram.h"
 
 namespace {
 
 using testing::HasSubstr;
 
-class Sharing : public testing::Test {
+class Sharing : public ToolFiles {
 protected:
-    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
     std::wstring widePath(const std::string& name) const { return wideOf(path(name)); }
     std::string errors() const { return TemporaryFolder::readFile(errorFolder.path() / "errors"); }
     std::string errorFile() const { return (errorFolder.path() / "errors").string(); }
@@ -51,8 +50,6 @@ protected:
             kept += document.getIntegerItem(L"System", L"Key" + std::to_wstring(i), -1, L"") == i ? 1 : 0;
         return kept;
     }
-
-    TemporaryFolder folder;
     TemporaryFolder errorFolder;
 };
 

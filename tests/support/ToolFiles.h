@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "platform/Text.h"
+#include "store/ConfigInfo.h"
+#include "tests/support/TemporaryFolder.h"
+
+/// Tests of the tool on files of their own, whose names it takes in UTF-8.
+class ToolFiles : public testing::Test {
+protected:
+    /// The full path of a file of that name (it need not exist).
+    std::string path(const std::string& name) const { return folder.at(XMLConfig::detail::fromUtf8(name)).u8string(); }
+    /// Writes a file; its full path.
+    std::string fileOf(const std::string& content, const std::string& name = "test.skorrax") const {
+        folder.write(XMLConfig::detail::fromUtf8(name), content);
+        return path(name);
+    }
+    std::string fileOf(ConfigInfo& document, const std::string& name = "made.skorrax") const {
+        EXPECT_TRUE(document.save(folder.file(XMLConfig::detail::fromUtf8(name))));
+        return path(name);
+    }
+
+    TemporaryFolder folder;
+};
