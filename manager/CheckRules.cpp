@@ -1,12 +1,14 @@
 #include "manager/CheckRules.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace XMLConfig {
 
-const std::vector<CheckRule>& checkRules() {
-    static const std::vector<CheckRule> rules = {
-        // clang-format off
+namespace {
+
+// clang-format off
+constexpr CheckRule table[] = {
         {L"XC101", L"old-version", L"warning",
          L"The file is of an older release; everything else is told as it would be after the upgrade.",
          L"the header's Version",
@@ -90,7 +92,7 @@ const std::vector<CheckRule>& checkRules() {
         {L"XC204", L"mac-differs", L"warning",
          L"The ID does not name the device that the snippet means.",
          L"Projector, Camera, Projector/DeviceSnippet, Camera/DeviceSnippet",
-         L"what stands behind *** in the ID is no MAC address, or not the snippet's, case and separators apart",
+         L"what stands after *** in the ID is no MAC address, or not the snippet's, case and separators apart",
          L"", MendSafety::None},
         {L"XC205", L"same-mac", L"error",
          L"Two devices have one MAC address; one of them is another device.",
@@ -482,8 +484,13 @@ const std::vector<CheckRule>& checkRules() {
          L"System/Skorra_File, Color/Advanced_Color_Filename, MediaServer/outputFile",
          L"names the configuration, or what another of them names",
          L"", MendSafety::None},
-        // clang-format on
-    };
+};
+// clang-format on
+
+}  // namespace
+
+const std::vector<CheckRule>& checkRules() {
+    static const std::vector<CheckRule> rules(std::begin(table), std::end(table));
     return rules;
 }
 

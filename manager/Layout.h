@@ -120,7 +120,7 @@ struct ChannelGap {
 };
 
 /// Channels side by side, from left to right: their pitches differ by less than half of the smaller vertical field.
-/// A row that goes all the way round begins behind its widest gap.
+/// A row that goes all the way round begins after its widest gap.
 struct ChannelRow {
     std::vector<std::size_t> channels;  ///< indices in Layout::channels
     bool isClosed = false;              ///< whether the last one and the first one are neighbours, too

@@ -17,7 +17,7 @@ bool endsWith(const std::wstring& text, const std::wstring& end) {
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
-/// Whether X stands in the ID behind ":" or "***" and goes to its end.
+/// Whether the ID holds `ending` after a ":" or "***", as its last part.
 bool isEndingOf(const std::wstring& ending, const std::wstring& id) {
     return !ending.empty() && (endsWith(id, L":" + ending) || endsWith(id, L"***" + ending));
 }

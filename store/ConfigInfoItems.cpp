@@ -54,7 +54,7 @@ public:
         if (m_observer == nullptr) return;
         add(kind, (m_address.subSectionName.empty() ? L"" : subSection() + L"|") + m_address.key, before, after);
     }
-    void tell() const {
+    void report() const {
         for (const Change& change : m_changes) m_observer->changed(change);
     }
 
@@ -127,7 +127,7 @@ void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& valu
         else document.setText(item, value.text);
         if (!isChanged) return;
         configInfo.setDirty(true);
-        told.tell();
+        told.report();
     });
 }
 
@@ -194,7 +194,7 @@ bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring&
         told.addItem(Change::Kind::ItemRemoved, observed(*m_document, *item.element), {});
         m_document->removeItem(*item.section, *item.element);
         m_dirty = true;
-        told.tell();
+        told.report();
         return true;
     });
 }

@@ -14,8 +14,8 @@ struct FaultPlace {
     std::size_t column = 0;  // in units of UTF-16, from 1
 };
 
-/// The number that begins behind the words; 0 without one.
-std::size_t numberBehind(const std::wstring& text, const std::wstring& words, std::size_t from) {
+/// The number that begins after the words; 0 where none does.
+std::size_t numberAfter(const std::wstring& text, const std::wstring& words, std::size_t from) {
     const std::size_t at = text.find(words, from);
     if (at == std::wstring::npos) return 0;
     std::size_t number = 0;
@@ -24,11 +24,11 @@ std::size_t numberBehind(const std::wstring& text, const std::wstring& words, st
     return number;
 }
 
-/// The last one that is named, as a file's name stands before it.
+/// The last place that the message names: the name of a file, which may look like one, stands before it.
 std::optional<FaultPlace> placeIn(const std::wstring& message) {
     const std::size_t at = message.rfind(L"line ");
     if (at == std::wstring::npos) return std::nullopt;
-    const FaultPlace place{numberBehind(message, L"line ", at), numberBehind(message, L", column ", at)};
+    const FaultPlace place{numberAfter(message, L"line ", at), numberAfter(message, L", column ", at)};
     return place.line == 0 || place.column == 0 ? std::nullopt : std::optional<FaultPlace>(place);
 }
 

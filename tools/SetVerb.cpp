@@ -107,7 +107,7 @@ struct Wish {
     std::wstring part;  ///< in a device snippet; empty for the whole place
 };
 
-/// The place where the value begins, behind the first "=" that stands in no brackets; none without one.
+/// The place where the value begins: after the first "=" that stands in no brackets; npos where there is none.
 std::size_t valueStart(const std::wstring& text) {
     bool isInID = false;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -4,7 +4,7 @@ namespace tool {
 
 const char* const addressHelp =
     "An ADDRESS is Section[ID]/Key/Nested or Section[ID]/Subsection[ID]/Key. A device may be named by its ID,\n"
-    "its name, the ending of its ID behind \":\" or \"***\", or its number in the file: Projector[#3];\n"
+    "its name, the ending of its ID after \":\" or \"***\", or its number in the file: Projector[#3];\n"
     "Projector[*] means all of them, and Projector/Name the only one. In brackets every character stands for\n"
     "itself, \"/\" and \"=\" too; only \"]\" is written twice: Projector[a]]b]/Name is the name of \"a]b\".\n"
     "The shell wants addresses in quotes: 'Camera[Dome left]/Camera_Gain'.\n"

@@ -11,7 +11,7 @@ bool isDigit(wchar_t letter) { return letter >= L'0' && letter <= L'9'; }
 bool isHexadecimal(wchar_t letter) { return isDigit(letter) || (letter >= L'a' && letter <= L'f'); }
 bool isSeparator(wchar_t letter) { return letter == L':' || letter == L'-'; }
 
-/// Reads a number from 0 to 255 and goes behind it.
+/// Reads a number from 0 to 255; `at` becomes the place after it.
 std::optional<std::uint32_t> byteAt(const std::wstring& text, std::size_t& at) {
     std::uint32_t value = 0;
     const std::size_t begin = at;

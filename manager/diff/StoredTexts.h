@@ -12,7 +12,7 @@ namespace XMLConfig::detail {
 
 /// A text somewhere in a section: that of a setting, of an unknown item, or of a part of a device snippet.
 struct StoredText {
-    std::wstring path;                 ///< the address behind the section, unique in it: "Gamma", "DeviceSnippet/device@UID"
+    std::wstring path;                 ///< the address after the section, unique in it: "Gamma", "DeviceSnippet/device@UID"
     Address place;                     ///< of the setting; of a part of a snippet that of the snippet
     const Setting* setting = nullptr;  ///< null for what the catalogue does not know
     std::wstring text;

@@ -44,7 +44,7 @@ std::wstring folderOfSystemPath(const std::wstring& path) {
 }
 
 /// The name over all links, of a file that exists; else the name as it stands.
-std::wstring behindLinks(const std::wstring& path) {
+std::wstring targetOfLinks(const std::wstring& path) {
     const Handle file(lookedAt(path));
     if (!file.isOpen()) return path;
     std::wstring name(32768, L'\0');
@@ -53,7 +53,7 @@ std::wstring behindLinks(const std::wstring& path) {
 }
 
 std::wstring markOfFolder(const std::wstring& path) {
-    const Handle folder(lookedAt(folderOfSystemPath(behindLinks(systemPath(path)))));
+    const Handle folder(lookedAt(folderOfSystemPath(targetOfLinks(systemPath(path)))));
     BY_HANDLE_FILE_INFORMATION information{};
     if (systemPath(path).empty()) throwFileError(purpose, path, ERROR_PATH_NOT_FOUND);
     if (!folder.isOpen() || ::GetFileInformationByHandle(folder.value(), &information) == 0)

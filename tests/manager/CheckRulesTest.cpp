@@ -49,7 +49,7 @@ struct Case {
     std::wstring address;
     std::wstring message;
     std::vector<std::wstring> besides = {};  ///< rules that the same edit cannot help breaking
-    std::string line = {};                   ///< what stands in the line behind the first edit's `after`; else its text
+    std::string line = {};                   ///< what stands in the line after the first edit's `after`; else its text
 };
 
 std::size_t placeOf(const std::string& content, const Edit& edit) {

@@ -54,9 +54,9 @@ std::vector<std::string> keptIn(const std::string& text) {
         const bool isElement = text.compare(at, 6, "<Kept ") == 0;
         if (!isElement && text.compare(at, 9, "<!--kept ") != 0) continue;
         const std::string end = isElement ? "</Kept>" : "-->";
-        const std::size_t behind = text.find(end, at) + end.size();
-        found.push_back(text.substr(at, behind - at));
-        at = behind - 1;
+        const std::size_t next = text.find(end, at) + end.size();
+        found.push_back(text.substr(at, next - at));
+        at = next - 1;
     }
     return found;
 }

@@ -135,7 +135,7 @@ TEST(LeadingDouble, TakesNumbersOfAnyLength) {
 }
 
 TEST(LeadingDouble, RoundsAsTheExactDecimalDemands) {
-    // One digit far behind decides between two neighbours.
+    // One digit far to the right decides between two neighbours.
     const std::wstring half = L"1.00000000000000011102230246251565404236316680908203125";
     EXPECT_EQ(leadingDouble(half), 1.0);
     EXPECT_EQ(leadingDouble(half + std::wstring(500, L'0') + L"1"), 1.0000000000000002);

@@ -30,7 +30,7 @@ TEST(FileEnd, ANullCharacterBehindTheRootIsRefused) {
         expectMalformed("<ConfigInfo><S><A>1</A></S></ConfigInfo>" + rest, "a null character");
     EXPECT_EQ(refusal("<ConfigInfo>\n</ConfigInfo>\n\n<!--c-->\0<S/>"s),
               L"line 4, column 9: The character U+0000 is not allowed");
-    expectMalformed("<ConfigInfo/>"s + '\0', "behind an empty root");
+    expectMalformed("<ConfigInfo/>"s + '\0', "after an empty root");
     expectMalformed(utf16("<ConfigInfo/>\0"s, true), "in UTF-16");
     expectMalformed("<ConfigInfo/>" + std::string(200000, '\0'), "as a file system leaves them after a crash");
 }

@@ -75,7 +75,7 @@ const char* const fragmentTexts[] = {
     "<a><b/><c></c><d>1</d><b/></a>",
     "<a>\n  <b>1</b>\n  <c y=\"2\" x=\"1\">\n    <d/>\n  </c>\n</a>",
     "<a>one<b/>two<!--c-->three<?p i?>four<![CDATA[<five>]]>six</a>",
-    "<!--before--><?p i?><a><b/></a><!--behind--> \n",
+    "<!--before--><?p i?><a><b/></a><!--after--> \n",
     "<a>&amp;&lt;&gt;&quot;&apos;&#65;&#x1F600;</a>",
     "<a x=\"&amp;&#10;&quot;\"><b/></a>",
     "<p:a xmlns:p=\"urn:p\" p:x=\"1\" x=\"2\"><p:b/><b/><c xmlns=\"urn:c\"><d/><e x=\"3\"/></c><f/></p:a>",
