@@ -12,12 +12,6 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-void expectRun(const ToolRun& run, int status, const std::string& output, const std::string& errors) {
-    EXPECT_EQ(run.status, status);
-    EXPECT_EQ(run.output, output);
-    EXPECT_EQ(run.errors, errors);
-}
-
 }  // namespace
 
 TEST(DescribeVerb, LooksForAWord) {
