@@ -50,6 +50,13 @@ bool ElementView::isNamed(const std::wstring& tag) const {
     return m_element != nullptr && detail::equal(detail::view(elementOf(*this)->getNodeName()), tag);
 }
 
+bool ElementView::isNamedLike(const ElementView& other) const {
+    if (m_element == nullptr || other.m_element == nullptr) return false;
+    const XMLCh* const name = elementOf(*this)->getNodeName();
+    const XMLCh* const otherName = elementOf(other)->getNodeName();
+    return name == otherName || detail::view(name) == detail::view(otherName);  // a document keeps each name once
+}
+
 std::optional<std::wstring> ElementView::attribute(const std::wstring& attributeName) const {
     if (m_element == nullptr || !detail::hasAttributes(*elementOf(*this))) return std::nullopt;
     const std::u16string name = detail::toUtf16(attributeName);
@@ -70,6 +77,10 @@ std::vector<std::pair<std::wstring, std::wstring>> ElementView::attributes() con
 
 std::wstring ElementView::text() const {
     return m_element == nullptr ? std::wstring() : detail::wideTextOf(*elementOf(*this));
+}
+
+bool ElementView::isText(const std::wstring& text) const {
+    return m_element == nullptr ? text.empty() : detail::hasText(*elementOf(*this), text);
 }
 
 ElementView ElementView::firstChild() const {

@@ -27,6 +27,8 @@ public:
     std::wstring name() const;
     /// Compares the tag without making wide text of it.
     bool isNamed(const std::wstring& tag) const;
+    /// Compares the tags; best where both are elements of one document.
+    bool isNamedLike(const ElementView& other) const;
     /// An attribute's value; nothing where there is no such attribute.
     std::optional<std::wstring> attribute(const std::wstring& attributeName) const;
     /// All of them, names and values, in the order in which a save writes them.
@@ -35,6 +37,8 @@ public:
     std::wstring id() const { return attribute(L"ID").value_or(std::wstring()); }
     /// The element's text with that of everything inside it.
     std::wstring text() const;
+    /// Compares the text without making wide text of it.
+    bool isText(const std::wstring& text) const;
 
     /// The first element inside this one.
     ElementView firstChild() const;

@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <unordered_map>
 
 #include "manager/check/Findings.h"
 #include "platform/Numbers.h"
@@ -22,9 +22,10 @@ void checkPose(Findings& findings, const CheckedSection& camera) {
 
 void checkMarkerNumbers(Findings& findings, const CheckedSection& camera, const CalibrationPoints& markers,
                         std::size_t screenPoints) {
+    if (markers.empty()) return;
     const Place place = placeOf(camera, L"Camera_Calibration_Points");
     constexpr std::size_t enough = 4;
-    if (!markers.empty() && markers.size() < enough)
+    if (markers.size() < enough)
         findings.add(L"XC602", Severity::Warning, place, counted(markers.size(), L"marker") + L"; a pose needs 4");
     if (screenPoints == 0) return;
     for (const auto& [number, point] : markers) {
@@ -36,6 +37,7 @@ void checkMarkerNumbers(Findings& findings, const CheckedSection& camera, const 
 }
 
 void checkMarkerPlaces(Findings& findings, const CheckedSection& camera, const CalibrationPoints& markers) {
+    if (markers.empty()) return;
     const double width = leadingDouble(childText(camera.snippet(), L"resolutionX"));
     const double height = leadingDouble(childText(camera.snippet(), L"resolutionY"));
     if (width <= 0.0 || height <= 0.0) return;
@@ -55,6 +57,7 @@ double medianOf(std::vector<double> values) {
 }
 
 void checkMoved(Findings& findings, const CheckedSection& camera, const CalibrationPoints& markers) {
+    if (markers.empty()) return;
     const CalibrationPoints reference = calibrationPointsFromText(camera.stored(L"Reference_Camera_Calibration_Points"));
     std::vector<double> distances;
     for (const auto& [number, point] : markers) {
@@ -77,20 +80,20 @@ void checkThresholds(Findings& findings, const CheckedSection& camera) {
 }
 
 void checkLensFiles(Findings& findings) {
-    std::map<std::wstring, const CheckedSection*> owners;
+    std::unordered_map<std::wstring_view, const CheckedSection*> owners;
     const auto& cameras = findings.read.cameras();
     const auto hasFile = [](const CheckedSection* camera) { return !camera->stored(L"IntrinsicFileID").empty(); };
     const bool anyHas = std::any_of(cameras.begin(), cameras.end(), hasFile);
     for (const CheckedSection* camera : cameras) {
-        const std::wstring file = camera->stored(L"IntrinsicFileID");
-        const Place place = placeOf(*camera, L"IntrinsicFileID");
+        const std::wstring& file = camera->stored(L"IntrinsicFileID");
+        const auto place = [&] { return placeOf(*camera, L"IntrinsicFileID"); };
         if (file.empty()) {
-            if (anyHas) findings.add(L"XC611", Severity::Warning, place, L"is empty, other cameras have one");
+            if (anyHas) findings.add(L"XC611", Severity::Warning, place(), L"is empty, other cameras have one");
             continue;
         }
         const auto [owner, isNew] = owners.emplace(file, camera);
         if (!isNew)
-            findings.add(L"XC611", Severity::Warning, place, quoted(file) + L" is also that of " + owner->second->title())
+            findings.add(L"XC611", Severity::Warning, place(), quoted(file) + L" is also that of " + owner->second->title())
                 .places = {otherPlace(placeOf(*owner->second, L"IntrinsicFileID"), file)};
     }
 }

@@ -18,8 +18,8 @@ namespace {
 // Settings without effect.
 
 bool counts(const Findings& findings, const CheckedSection& section, const EffectCondition& condition) {
-    const std::wstring text = condition.section.empty() ? findings.read.text(section, condition.key)
-                                                        : findings.read.text(condition.section, condition.key);
+    const std::wstring& text = condition.section.empty() ? findings.read.text(section, condition.key)
+                                                         : findings.read.text(condition.section, condition.key);
     const bool isThere = std::find(condition.texts.begin(), condition.texts.end(), text) != condition.texts.end();
     return isThere == condition.whileOneOf;
 }
@@ -31,8 +31,8 @@ bool isOrdinary(const Setting& setting, const std::wstring& value) {
 void checkItemEffect(Findings& findings, const CheckedSection& section, const CheckedItem& item) {
     if (item.setting == nullptr || !item.setting->countsWhile || item.hiddenBy) return;
     const EffectCondition& condition = *item.setting->countsWhile;
-    const std::optional<std::wstring> value = valueOf(item);
-    if (!value || isOrdinary(*item.setting, *value) || counts(findings, section, condition)) return;
+    const ReadValue* const value = valueOf(item);
+    if (value == nullptr || isOrdinary(*item.setting, value->text) || counts(findings, section, condition)) return;
     const std::wstring& tag = condition.section.empty() ? section.tag : condition.section;
     const CheckedSection& other = condition.section.empty() ? section : findings.read.section(tag);
     std::wstring name = tag + L"/" + condition.key;

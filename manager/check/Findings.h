@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <set>
+#include <unordered_map>
 
 #include "manager/Check.h"
+#include "manager/CheckRules.h"
 #include "manager/Layout.h"
 #include "manager/check/Reading.h"
 #include "manager/check/Texts.h"
@@ -29,12 +31,15 @@ public:
     const ShownUnits units;
 
     /// Whether any rule is asked for whose ID begins so.
-    [[nodiscard]] bool wants(const std::wstring& beginning) const;
+    [[nodiscard]] bool wants(std::wstring_view beginning) const;
     /// The new finding, to be completed; good until the next one is added.
     Finding& add(const wchar_t* rule, Severity severity, const Place& place, const std::wstring& message);
     std::vector<Finding> inOrder();
 
 private:
+    const CheckRule& ruleOf(const wchar_t* id);
+
+    std::unordered_map<const wchar_t*, const CheckRule*> m_rules;  // by the IDs as the sources write them
     std::vector<Finding> m_findings;
     Finding m_unwanted;
 };
@@ -42,9 +47,9 @@ private:
 [[nodiscard]] Place placeOf(const CheckedSection& section);
 [[nodiscard]] Place placeOf(const CheckedSection& section, const CheckedItem& item);
 /// Of a key, whether anything is stored there or not.
-[[nodiscard]] Place placeOf(const CheckedSection& section, const std::wstring& key);
+[[nodiscard]] Place placeOf(const CheckedSection& section, std::wstring_view key);
 /// Of the first section of that name.
-[[nodiscard]] Place placeOf(const Findings& findings, const std::wstring& tag, const std::wstring& key);
+[[nodiscard]] Place placeOf(const Findings& findings, std::wstring_view tag, std::wstring_view key);
 [[nodiscard]] FindingPlace otherPlace(const Place& place, const std::wstring& text = L"");
 
 /// The command that stores a text.

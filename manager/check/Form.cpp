@@ -33,6 +33,7 @@ public:
 private:
     Finding& add(const wchar_t* rule, Severity severity, const CheckedSection& section, const CheckedItem& item,
                  const std::wstring& message) {
+        ++m_added;
         return m_findings.add(rule, severity, placeOf(section, item), message);
     }
 
@@ -47,10 +48,9 @@ private:
     }
 
     void checkSection(const CheckedSection& section) {
-        const std::wstring kind = lowerCase(section.tag);
         if (!section.isKnown) return addUnknownSection(section);
         if (isDeviceSection(section.tag) && section.id.empty())
-            m_findings.add(L"XC107", Severity::Error, placeOf(section), L"a " + kind + L" has no ID");
+            m_findings.add(L"XC107", Severity::Error, placeOf(section), L"a " + lowerCase(section.tag) + L" has no ID");
         if (section.hiddenBy)
             addHidden(m_findings.add(L"XC106", Severity::Error, placeOf(section), hidden), section.hiddenBy);
         for (const CheckedItem& item : section.items) checkItem(section, item);
@@ -108,9 +108,16 @@ private:
         return place->second;
     }
 
+    /// Of devices that hold the same text one after the other, only the first is looked at where all is well with it.
     void checkValue(const CheckedSection& section, const CheckedItem& item) {
+        if (item.setting->type == SettingType::Element || item.content.isFormFine) return;
+        const std::size_t before = m_added;
+        checkText(section, item);
+        item.content.isFormFine = m_added == before && !item.holdsElements;
+    }
+
+    void checkText(const CheckedSection& section, const CheckedItem& item) {
         const Setting& setting = *item.setting;
-        if (setting.type == SettingType::Element) return;
         if (item.holdsElements) {
             add(L"XC108", Severity::Error, section, item, L"holds elements instead of a value");
         } else if (!isOfType(item.text, setting.type)) {
@@ -208,6 +215,7 @@ private:
     static constexpr const wchar_t* hidden = L"is hidden by an earlier one";
 
     Findings& m_findings;
+    std::size_t m_added = 0;
     std::unordered_map<std::wstring, std::wstring> m_nearest;
 };
 

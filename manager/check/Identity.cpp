@@ -24,20 +24,20 @@ Devices allDevices(const Findings& findings) {
 // Device snippets.
 
 void checkSnippet(Findings& findings, const CheckedSection& device) {
-    const Place place = placeOf(device, L"DeviceSnippet");
+    const auto place = [&] { return placeOf(device, L"DeviceSnippet"); };
     const ElementView snippet = device.snippet();
     if (!snippet) {
-        findings.add(L"XC202", Severity::Warning, place, device.title() + L" has no device snippet");
+        findings.add(L"XC202", Severity::Warning, place(), device.title() + L" has no device snippet");
         return;
     }
     const std::wstring uid = snippet.attribute(L"UID").value_or(L"");
     if (uid != device.id)
-        findings.add(L"XC201", Severity::Error, place,
+        findings.add(L"XC201", Severity::Error, place(),
                      L"UID " + quoted(uid) + L" in the device snippet is not the section's ID");
     const std::wstring type = snippet.attribute(L"type").value_or(L"");
     const std::size_t stars = uid.find(L"***");
     if (stars != std::wstring::npos && type != uid.substr(0, stars) && type != L"VC")
-        findings.add(L"XC203", Severity::Warning, place, L"the type " + quoted(type) + L" is not that of the UID");
+        findings.add(L"XC203", Severity::Warning, place(), L"the type " + quoted(type) + L" is not that of the UID");
 }
 
 void checkMAC(Findings& findings, const CheckedSection& device) {
@@ -46,11 +46,11 @@ void checkMAC(Findings& findings, const CheckedSection& device) {
     if (stars == std::wstring::npos || !snippet) return;
     const std::wstring inID = device.id.substr(stars + 3);
     const std::wstring inSnippet = childText(snippet, L"macAddress");
-    const Place place = placeOf(device, L"DeviceSnippet");
     if (!isMAC(inID))
         findings.add(L"XC204", Severity::Warning, placeOf(device), quoted(inID) + L" in the ID is no MAC address");
     else if (!inSnippet.empty() && plainMAC(inSnippet) != plainMAC(inID))
-        findings.add(L"XC204", Severity::Warning, place, inSnippet + L" is not the MAC address in the ID");
+        findings.add(L"XC204", Severity::Warning, placeOf(device, L"DeviceSnippet"),
+                     inSnippet + L" is not the MAC address in the ID");
 }
 
 std::wstring macOf(const CheckedSection& device) {
@@ -77,7 +77,7 @@ void checkSameMAC(Findings& findings) {
 void checkSameName(Findings& findings, const Devices& devices) {
     std::map<std::wstring, const CheckedSection*> owners;
     for (const CheckedSection* device : devices) {
-        const std::wstring name = device->stored(L"Name");
+        const std::wstring& name = device->stored(L"Name");
         if (name.empty()) continue;
         const auto [owner, isNew] = owners.emplace(name, device);
         if (isNew) continue;
@@ -110,12 +110,12 @@ void addNoSuchCamera(Findings& findings, const Place& place, const std::wstring&
 
 void checkCamerasOf(Findings& findings, const CheckedSection& projector) {
     for (const wchar_t* const key : {firstCamera, secondCamera}) {
-        const std::wstring id = projector.stored(key);
+        const std::wstring& id = projector.stored(key);
         if (id.empty() || findings.read.camera(id) != nullptr) continue;
         addNoSuchCamera(findings, placeOf(projector, key), id, [](const std::wstring& better) { return better; });
     }
-    const std::wstring first = projector.stored(firstCamera);
-    const std::wstring second = projector.stored(secondCamera);
+    const std::wstring& first = projector.stored(firstCamera);
+    const std::wstring& second = projector.stored(secondCamera);
     if (second.empty() || (!first.empty() && first != second)) return;
     const Place place = placeOf(projector, secondCamera);
     Finding& finding = findings.add(L"XC210", Severity::Warning, place,

@@ -79,31 +79,32 @@ void checkBlend(ChannelCheck& check, const Neighbours& neighbours, std::size_t i
     const CheckedSection& projector = check.projector(index);
     const double blend = check.layout.channels[index].blends.at(edge);
     if (!isPossible(blend)) return;
-    const Place place = placeOf(projector, namesOf(edge).blend);
+    const auto place = [&] { return placeOf(projector, namesOf(edge).blend); };
     const std::vector<Neighbour>& there = neighbours.at(index, edge);
     if (there.empty()) {
         if (blend > 0.0 && !neighbours.isCovered(index))
             check.findings
                 .add(
-                    L"XC313", Severity::Warning, place,
+                    L"XC313", Severity::Warning, place(),
                     percent(blend) + L" blend at the " + lowerCase(namesOf(edge).name) + L" edge, where no channel overlaps")
-                .mend = {MendSafety::Asked, {setCommand(place, L"0")}};
+                .mend = {MendSafety::Asked, {setCommand(place(), L"0")}};
         return;
     }
     const auto isLess = [](const Neighbour& a, const Neighbour& b) { return a.overlap->most < b.overlap->most; };
     const Neighbour& widest = *std::max_element(there.begin(), there.end(), isLess);
-    const std::wstring takes = L"blend takes " + percent(blend) + L", but ";
+    const auto takes = [&] { return L"blend takes " + percent(blend) + L", but "; };
     if (blend > 100.0 * widest.overlap->most + tolerance)
         check.findings
-            .add(L"XC311", Severity::Warning, place,
-                 takes + check.title(widest.channel) + L" overlaps " + percentOf(widest.overlap->most) + L" at most")
-            .mend = middleOf(place, widest);
+            .add(L"XC311", Severity::Warning, place(),
+                 takes() + check.title(widest.channel) + L" overlaps " + percentOf(widest.overlap->most) + L" at most")
+            .mend = middleOf(place(), widest);
     for (const Neighbour& neighbour : there) {
         if (!neighbour.overlap->isFull || blend >= 100.0 * neighbour.overlap->least - tolerance) continue;
         check.findings
-            .add(L"XC312", Severity::Warning, place,
-                 takes + check.title(neighbour.channel) + L" overlaps " + percentOf(neighbour.overlap->least) + L" at least")
-            .mend = middleOf(place, neighbour);
+            .add(L"XC312", Severity::Warning, place(),
+                 takes() + check.title(neighbour.channel) + L" overlaps " + percentOf(neighbour.overlap->least) +
+                     L" at least")
+            .mend = middleOf(place(), neighbour);
         break;
     }
 }
@@ -166,8 +167,8 @@ void checkAreas(ChannelCheck& check, std::size_t before, std::size_t index) {
     constexpr double least = 1e-6;
     const EdgeValues& left = check.layout.channels[before].screenArea;
     const EdgeValues& right = check.layout.channels[index].screenArea;
-    const Place place = placeOf(check.projector(index), L"Screen_Area_Left");
     if (left.left == unknown || right.left == unknown) return;
+    const Place place = placeOf(check.projector(index), L"Screen_Area_Left");
     if (right.left < left.left)
         check.findings.add(L"XC317", Severity::Warning, place,
                            L"lies left of " + check.title(before) + L", its channel right of it");

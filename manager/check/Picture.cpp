@@ -17,57 +17,58 @@ struct Size {
 
 std::wstring textOf(const Size& size) { return shortNumber(size.width) + L" x " + shortNumber(size.height); }
 
-Size sizeOf(const Findings& findings, const CheckedSection& projector, const std::wstring& prefix) {
-    return {findings.read.number(projector, prefix + L"Resolution_X"),
-            findings.read.number(projector, prefix + L"Resolution_Y")};
+Size imageOf(const Findings& findings, const CheckedSection& projector) {
+    return {findings.read.number(projector, L"ImageResolution_X"), findings.read.number(projector, L"ImageResolution_Y")};
+}
+
+Size panelOf(const Findings& findings, const CheckedSection& projector) {
+    return {findings.read.number(projector, L"Resolution_X"), findings.read.number(projector, L"Resolution_Y")};
 }
 
 void checkScaling(Findings& findings, const CheckedSection& projector) {
-    const Size image = sizeOf(findings, projector, L"Image");
-    const Size panel = sizeOf(findings, projector, L"");
+    const Size image = imageOf(findings, projector);
+    const Size panel = panelOf(findings, projector);
     const int mode = findings.read.integer(projector, L"InputImageScaling_Mode");
-    const Place place = placeOf(projector, L"Resolution_X");
-    const std::wstring of = L"image of " + textOf(image) + L" is ";
+    const auto add = [&](const wchar_t* rule, Severity severity, const std::wstring& fault) {
+        findings.add(rule, severity, placeOf(projector, L"Resolution_X"), L"image of " + textOf(image) + L" is " + fault);
+    };
     if (mode == 1 && (image.width > panel.width || image.height > panel.height))
-        findings.add(L"XC401", Severity::Warning, place,
-                     of + L"not scaled to the panel of " + textOf(panel) + L" and is cut");
+        add(L"XC401", Severity::Warning, L"not scaled to the panel of " + textOf(panel) + L" and is cut");
     if (mode != 0 || image.width <= 0.0 || image.height <= 0.0 || panel.width <= 0.0 || panel.height <= 0.0) return;
     constexpr double tolerance = 0.02;
     if (std::abs(image.width * panel.height / (image.height * panel.width) - 1.0) > tolerance)
-        findings.add(L"XC402", Severity::Note, place, of + L"stretched to the panel of " + textOf(panel));
+        add(L"XC402", Severity::Note, L"stretched to the panel of " + textOf(panel));
 }
 
 void checkUpright(Findings& findings, const CheckedSection& projector) {
-    const auto angle = [&](const wchar_t* key) {
-        return findings.read.number(projector, std::wstring(L"Channel_Extents|") + key);
-    };
-    const double left = angle(L"HFOV|Left");
-    const double right = angle(L"HFOV|Right");
-    const double bottom = angle(L"VFOV|Bottom");
-    const double top = angle(L"VFOV|Top");
+    const double left = findings.read.number(projector, L"Channel_Extents|HFOV|Left");
+    const double right = findings.read.number(projector, L"Channel_Extents|HFOV|Right");
+    const double bottom = findings.read.number(projector, L"Channel_Extents|VFOV|Bottom");
+    const double top = findings.read.number(projector, L"Channel_Extents|VFOV|Top");
     constexpr double mostOff = 1.55;  // 89 degrees: wider channels have rules of their own
     for (const double edge : {left, right, bottom, top})
         if (!(std::abs(edge) < mostOff)) return;
     const double width = std::tan(right) - std::tan(left);
     const double height = std::tan(top) - std::tan(bottom);
     if (width <= 0.0 || height <= 0.0) return;
-    const Size image = sizeOf(findings, projector, L"Image");
+    const Size image = imageOf(findings, projector);
     const int mode = findings.read.integer(projector, L"Portrait_Mode");
-    const std::wstring field =
-        L" (" + findings.units.angle(right - left) + L" x " + findings.units.angle(top - bottom) + L")";
-    const Place place = placeOf(projector, L"Portrait_Mode");
+    const auto add = [&](const wchar_t* form) {
+        const ShownUnits& units = findings.units;
+        findings.add(L"XC403", Severity::Note, placeOf(projector, L"Portrait_Mode"),
+                     L"is " + std::to_wstring(mode) + L", but the channel is " + form + L" (" + units.angle(right - left) +
+                         L" x " + units.angle(top - bottom) + L")");
+    };
     constexpr double clearly = 1.05;
-    if (mode == 0 && image.width > image.height && height > clearly * width)
-        findings.add(L"XC403", Severity::Note, place, L"is 0, but the channel is upright" + field);
-    if (mode != 0 && width > clearly * height)
-        findings.add(L"XC403", Severity::Note, place, L"is " + std::to_wstring(mode) + L", but the channel is wide" + field);
+    if (mode == 0 && image.width > image.height && height > clearly * width) add(L"upright");
+    if (mode != 0 && width > clearly * height) add(L"wide");
 }
 
 void checkDesigned(Findings& findings, const CheckedSection& projector) {
     if (!projector.holds(L"Designed|Frustum|ResolutionX") || !projector.holds(L"Designed|Frustum|ResolutionY")) return;
     const Size designed = {findings.read.number(projector, L"Designed|Frustum|ResolutionX"),
                            findings.read.number(projector, L"Designed|Frustum|ResolutionY")};
-    const Size panel = sizeOf(findings, projector, L"");
+    const Size panel = panelOf(findings, projector);
     if (designed.width == 0.0 && designed.height == 0.0) return;  // not designed
     if (designed.width != panel.width || designed.height != panel.height)
         findings.add(L"XC405", Severity::Note, placeOf(projector, L"Designed|Frustum"),
@@ -88,16 +89,15 @@ void checkBlobs(Findings& findings, const CheckedSection& projector) {
     const std::vector<double> box = findings.read.numbers(projector, L"Box_Size");
     if (box.size() != 2) return;
     const double spacing = findings.read.number(projector, L"Box_Spacing");
-    const Size image = sizeOf(findings, projector, L"Image");
-    const Place place = placeOf(projector, L"Box_Size");
+    const Size image = imageOf(findings, projector);
+    const auto add = [&](const std::wstring& fault) {
+        findings.add(L"XC411", Severity::Warning, placeOf(projector, L"Box_Size"), fault);
+    };
     constexpr double least = 4.0;
     if (box[0] < 1.0 || box[1] < 1.0)
-        findings.add(L"XC411", Severity::Warning, place,
-                     L"a blob of " + shortNumber(box[0]) + L" x " + shortNumber(box[1]) + L" has no size");
-    else if (image.width < least * box[0] * spacing)
-        findings.add(L"XC411", Severity::Warning, place, L"fewer than 4 blobs fit across the image");
-    else if (image.height < least * box[1] * spacing)
-        findings.add(L"XC411", Severity::Warning, place, L"fewer than 4 blobs fit up the image");
+        add(L"a blob of " + shortNumber(box[0]) + L" x " + shortNumber(box[1]) + L" has no size");
+    else if (image.width < least * box[0] * spacing) add(L"fewer than 4 blobs fit across the image");
+    else if (image.height < least * box[1] * spacing) add(L"fewer than 4 blobs fit up the image");
 }
 
 void checkRepeats(Findings& findings, const CheckedSection& projector) {
@@ -105,8 +105,10 @@ void checkRepeats(Findings& findings, const CheckedSection& projector) {
         if (item.setting == nullptr || item.setting->inheritsFrom.empty() || item.hiddenBy) continue;
         const CheckedSection& parent = findings.read.section(item.setting->inheritsFrom);
         const CheckedItem* const above = parent.find(item.key);
-        const std::optional<std::wstring> own = valueOf(item);
-        if (above == nullptr || !own || own != valueOf(*above)) continue;
+        if (above == nullptr) continue;
+        const ReadValue* const own = valueOf(item);
+        const ReadValue* const inherited = valueOf(*above);
+        if (own == nullptr || inherited == nullptr || own->text != inherited->text) continue;
         const Place place = placeOf(projector, item);
         Finding& finding =
             findings.add(L"XC409", Severity::Note, place,

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "manager/Origin.h"
 #include "manager/SettingSearch.h"
 #include "platform/Numbers.h"
 #include "store/Address.h"
@@ -12,107 +11,102 @@
 namespace XMLConfig::detail {
 namespace {
 
-/// The ID in the way the catalogue's keys have it.
-std::wstring withID(const std::wstring& name, const std::wstring& id) { return id.empty() ? name : name + L"[" + id + L"]"; }
-
-/// Finds among the children of one element those that an earlier one of the same name and ID hides.
-class Met {
-public:
-    /// The earlier one, or a view of no element.
-    ElementView add(const std::wstring& nameWithID, const ElementView& element) {
-        const auto [place, isNew] = m_met.emplace(nameWithID, element);
-        return isNew ? ElementView() : place->second;
-    }
-
-private:
-    std::unordered_map<std::wstring, ElementView> m_met;
-};
-
-const CheckedSection& noSection() {
-    static const CheckedSection none(ElementView(), L"");
+const std::wstring& noText() {
+    static const std::wstring none;
     return none;
 }
 
-const CheckedSection* at(const std::map<std::wstring, const CheckedSection*>& sections, const std::wstring& id) {
-    const auto found = sections.find(id);
+const CheckedSection& noSection() {
+    static const CheckedSection none(ElementView(), L"", nullptr);
+    return none;
+}
+
+template <typename Sections, typename Name>
+const CheckedSection* at(const Sections& sections, const Name& name) {
+    const auto found = sections.find(name);
     return found == sections.end() ? nullptr : found->second;
 }
 
 }  // namespace
 
-/// Reads sections, and asks the catalogue once for each key that it meets.
+/// Reads the sections of one document.
 class SectionReader {
 public:
-    void read(CheckedSection& section) {
-        section.isKnown = std::find(m_names.begin(), m_names.end(), section.tag) != m_names.end();
-        if (section.isKnown) addChildren(section, section.element, L"");
+    void read(CheckedSection& section, TagKeys& keys) {
+        section.isKnown = keys.isKnown;
+        if (!section.isKnown) return;
+        ++m_number;
+        addChildren(section, keys, section.element, nullptr);
         order(section);
     }
 
 private:
-    struct Known {
-        const Setting* setting;
-        bool isGroup;
-    };
-
-    const Known& knownAt(const std::wstring& tag, const std::wstring& key) {
-        m_path.assign(tag).append(1, L'/').append(key);
-        const auto found = m_known.find(m_path);
-        if (found != m_known.end()) return found->second;
-        const Address address{tag, L"", L"", L"", key};
-        return m_known.emplace(m_path, Known{knownSetting(address), isGroupOfSettings(address)}).first->second;
-    }
-
-    void addChildren(CheckedSection& section, const ElementView& parent, const std::wstring& prefix) {
-        Met met;
+    void addChildren(CheckedSection& section, TagKeys& keys, const ElementView& parent, MetKey* group) {
+        MetKey* before = nullptr;
         for (const ElementView& child : parent.children()) {
-            const std::wstring name = withID(child.name(), child.id());
-            addItem(section, child, prefix + name, met.add(name, child));
+            before = &keys.keyOf(child, group, before);
+            addItem(section, keys, child, *before);
         }
     }
 
-    void addItem(CheckedSection& section, const ElementView& child, const std::wstring& key, const ElementView& earlier) {
-        const Known& known = knownAt(section.tag, key);
-        const bool isGroup = known.isGroup;
-        const auto kind = isGroup                    ? CheckedItem::Kind::Group
-                          : known.setting != nullptr ? CheckedItem::Kind::Value
-                                                     : CheckedItem::Kind::Unknown;
+    void addItem(CheckedSection& section, TagKeys& keys, const ElementView& child, MetKey& key) {
+        const bool isHidden = key.section == m_number;
+        const ElementView earlier = isHidden ? key.element : ElementView();
+        const bool isGroup = key.kind == MetKey::Kind::Group;
         const bool holdsElements = static_cast<bool>(child.firstChild());
-        const std::wstring text = isGroup || holdsElements ? std::wstring() : child.text();
-        section.items.push_back({child, key, text, known.setting, kind, holdsElements, earlier});
-        if (isGroup && !earlier) addChildren(section, child, key + L"|");
+        MetText& text = isGroup || holdsElements ? keys.noText() : keys.textOf(child, key);
+        if (!isHidden) section.m_places.push_back({key.number, section.items.size()});
+        section.items.emplace_back(child, key, text, holdsElements, earlier);
+        if (isHidden) return;
+        key.section = m_number;
+        key.element = child;
+        if (isGroup) addChildren(section, keys, child, &key);
     }
 
+    /// In order already, as a rule: the keys have their numbers by the first section that holds them.
     static void order(CheckedSection& section) {
-        for (std::size_t i = 0; i < section.items.size(); ++i)
-            if (!section.items[i].hiddenBy) section.m_byKey.push_back(i);
-        const auto isBefore = [&](std::size_t a, std::size_t b) { return section.items[a].key < section.items[b].key; };
-        std::sort(section.m_byKey.begin(), section.m_byKey.end(), isBefore);
+        const auto isBefore = [](const auto& a, const auto& b) { return a.number < b.number; };
+        auto& places = section.m_places;
+        if (!std::is_sorted(places.begin(), places.end(), isBefore)) std::sort(places.begin(), places.end(), isBefore);
     }
 
-    const std::vector<std::wstring> m_names = sectionNames();
-    std::unordered_map<std::wstring, Known> m_known;
-    std::wstring m_path;
+    std::size_t m_number = 0;  // of the section, from 1
 };
 
-CheckedSection::CheckedSection(const ElementView& place, std::wstring name) : element(place), tag(std::move(name)) {
-    id = element ? element.id() : L"";
-}
+CheckedSection::CheckedSection(const ElementView& place, std::wstring name, const TagKeys* keys)
+    : element(place),
+      tag(std::move(name)),
+      id(element.id()),
+      m_keys(keys),
+      m_isDevice(!id.empty() && isDeviceSection(tag)) {}
 
 const CheckedItem* CheckedSection::find(std::wstring_view key) const {
-    const auto isBefore = [this](std::size_t index, std::wstring_view wanted) { return items[index].key < wanted; };
-    const auto found = std::lower_bound(m_byKey.begin(), m_byKey.end(), key, isBefore);
-    return found == m_byKey.end() || items[*found].key != key ? nullptr : &items[*found];
+    const MetKey* const known = m_keys == nullptr ? nullptr : m_keys->find(key);
+    if (known == nullptr) return nullptr;
+    const auto isBefore = [](const Place& place, std::size_t number) { return place.number < number; };
+    const auto found = std::lower_bound(m_places.begin(), m_places.end(), known->number, isBefore);
+    return found == m_places.end() || found->number != known->number ? nullptr : &items[found->item];
 }
 
-std::wstring CheckedSection::stored(std::wstring_view key) const {
+const std::wstring& CheckedSection::stored(std::wstring_view key) const {
     const CheckedItem* const item = find(key);
-    return item == nullptr ? L"" : item->text;
+    return item == nullptr ? noText() : item->text;
+}
+
+std::wstring CheckedSection::name() const {
+    if (!isDevice()) return {};
+    const std::wstring& given = stored(L"Name");
+    return given.empty() ? id : given;
 }
 
 std::wstring CheckedSection::title() const {
-    const std::wstring name = stored(L"Name");
-    return L"\"" + (name.empty() ? id : name) + L"\"";
+    const std::wstring& given = stored(L"Name");
+    return L"\"" + (given.empty() ? id : given) + L"\"";
+}
+
+const std::wstring& CheckedSection::address() const {
+    if (m_address.empty()) m_address = addressText({tag, id, L"", L"", L""});
+    return m_address;
 }
 
 ElementView CheckedSection::snippet() const {
@@ -127,15 +121,18 @@ CheckedDocument::CheckedDocument(const ConfigInfo& document) {
 
 void CheckedDocument::readSections(const ConfigInfo& document) {
     SectionReader reader;
-    Met met;
+    std::unordered_map<std::wstring, ElementView> met;
     for (const ElementView& element : rootElement(document).children()) {
         const std::wstring name = element.name();
         if (isHeaderElement(name)) continue;
-        m_sections.emplace_back(element, name);
-        CheckedSection& section = m_sections.back();
+        TagKeys& keys = m_keys.try_emplace(name, name).first->second;
+        CheckedSection& section = m_sections.emplace_back(element, name, &keys);
         const bool lacksID = isDeviceSection(name) && section.id.empty();
-        if (!lacksID) section.hiddenBy = met.add(withID(name, section.id), element);
-        reader.read(section);
+        if (!lacksID) {
+            const auto [earlier, isNew] = met.emplace(section.id.empty() ? name : name + L"[" + section.id + L"]", element);
+            if (!isNew) section.hiddenBy = earlier->second;
+        }
+        reader.read(section, keys);
     }
 }
 
@@ -150,7 +147,7 @@ void CheckedDocument::gatherDevices() {
     }
 }
 
-const CheckedSection& CheckedDocument::section(const std::wstring& tag) const {
+const CheckedSection& CheckedDocument::section(std::wstring_view tag) const {
     const CheckedSection* const found = at(m_firstOfTag, tag);
     return found == nullptr ? noSection() : *found;
 }
@@ -159,60 +156,63 @@ const CheckedSection* CheckedDocument::camera(const std::wstring& id) const { re
 const CheckedSection* CheckedDocument::projector(const std::wstring& id) const { return at(m_projectorByID, id); }
 const CheckedSection* CheckedDocument::cameraThatWas(const std::wstring& oldID) const { return at(m_cameraByOldID, oldID); }
 
-std::wstring CheckedDocument::text(const CheckedSection& section, const std::wstring& key) const {
-    if (const CheckedItem* const item = section.find(key))
-        if (const std::optional<std::wstring> value = valueOf(*item)) return *value;
-    const Setting* const setting = knownSetting({section.tag, L"", L"", L"", key});
-    if (setting == nullptr) return {};
-    if (setting->inheritsFrom.empty()) return setting->defaultText;
-    const CheckedItem* const above = this->section(setting->inheritsFrom).find(key);
-    const std::optional<std::wstring> value = above == nullptr ? std::nullopt : valueOf(*above);
-    return value.value_or(setting->defaultText);
+const TagKeys& CheckedDocument::keysOf(std::wstring_view tag) const {
+    const auto found = m_keys.find(tag);
+    if (found != m_keys.end()) return found->second;
+    const std::wstring name(tag);
+    return m_keys.try_emplace(name, name).first->second;
 }
 
-double CheckedDocument::number(const CheckedSection& section, const std::wstring& key) const {
-    return leadingDouble(text(section, key));
-}
-int CheckedDocument::integer(const CheckedSection& section, const std::wstring& key) const {
-    return leadingInteger(text(section, key));
-}
-bool CheckedDocument::flag(const CheckedSection& section, const std::wstring& key) const {
-    return text(section, key) == L"true";
-}
-std::vector<double> CheckedDocument::numbers(const CheckedSection& section, const std::wstring& key) const {
-    return numbersOf(text(section, key));
-}
-Point_3Dim<double> CheckedDocument::point(const CheckedSection& section, const std::wstring& key) const {
-    const std::vector<double> values = numbers(section, key);
-    return values.size() == 3 ? Point_3Dim<double>{values[0], values[1], values[2]} : Point_3Dim<double>{};
+const ReadValue& CheckedDocument::read(const CheckedSection& section, std::wstring_view key) const {
+    const CheckedItem* const item = section.find(key);
+    const ReadValue* const value = item == nullptr ? nullptr : valueOf(*item);
+    return value != nullptr ? *value : inherited(section.m_keys == nullptr ? keysOf(section.tag) : *section.m_keys, key);
 }
 
 // A section that is missing is asked by its name all the same, for its defaults.
-
-std::wstring CheckedDocument::text(const std::wstring& tag, const std::wstring& key) const {
+const ReadValue& CheckedDocument::read(std::wstring_view tag, std::wstring_view key) const {
     const CheckedSection* const found = at(m_firstOfTag, tag);
-    return found == nullptr ? text(CheckedSection(ElementView(), tag), key) : text(*found, key);
+    return found == nullptr ? inherited(keysOf(tag), key) : read(*found, key);
 }
-double CheckedDocument::number(const std::wstring& tag, const std::wstring& key) const {
-    return leadingDouble(text(tag, key));
+
+const ReadValue& CheckedDocument::inherited(const TagKeys& keys, std::wstring_view key) const {
+    static const ReadValue none{std::wstring()};
+    const MissingValue& missing = keys.missing(key);
+    if (missing.setting == nullptr) return none;
+    if (missing.setting->inheritsFrom.empty()) return *missing.byDefault;
+    const CheckedItem* const above = section(missing.setting->inheritsFrom).find(key);
+    const ReadValue* const value = above == nullptr ? nullptr : valueOf(*above);
+    return value == nullptr ? *missing.byDefault : *value;
 }
-int CheckedDocument::integer(const std::wstring& tag, const std::wstring& key) const {
-    return leadingInteger(text(tag, key));
-}
-bool CheckedDocument::flag(const std::wstring& tag, const std::wstring& key) const { return text(tag, key) == L"true"; }
-Point_3Dim<double> CheckedDocument::point(const std::wstring& tag, const std::wstring& key) const {
-    const std::vector<double> values = numbersOf(text(tag, key));
+
+namespace {
+
+Point_3Dim<double> pointOf(const std::wstring& text) {
+    const std::vector<double> values = numbersOf(text);
     return values.size() == 3 ? Point_3Dim<double>{values[0], values[1], values[2]} : Point_3Dim<double>{};
 }
 
-std::optional<std::wstring> valueOf(const CheckedItem& item) {
-    if (item.holdsElements) return std::nullopt;
-    return textAsRead(item.text, item.setting == nullptr ? SettingType::Text : item.setting->type);
+}  // namespace
+
+std::vector<double> CheckedDocument::numbers(const CheckedSection& section, std::wstring_view key) const {
+    return numbersOf(text(section, key));
+}
+Point_3Dim<double> CheckedDocument::point(const CheckedSection& section, std::wstring_view key) const {
+    return pointOf(text(section, key));
+}
+Point_3Dim<double> CheckedDocument::point(std::wstring_view tag, std::wstring_view key) const {
+    return pointOf(text(tag, key));
 }
 
-std::vector<double> numbersOf(const std::wstring& text) {
+const ReadValue* valueOf(const CheckedItem& item) { return item.holdsElements ? nullptr : item.content.value(); }
+
+std::vector<double> numbersOf(std::wstring_view text) {
     std::vector<double> numbers;
-    for (const std::wstring& token : tokensOf(text)) numbers.push_back(leadingDouble(token));
+    for (std::size_t at = text.find_first_not_of(listDelimiters); at != std::wstring_view::npos;) {
+        const std::size_t end = std::min(text.find_first_of(listDelimiters, at), text.size());
+        numbers.push_back(leadingDouble(text.substr(at, end - at)));
+        at = text.find_first_not_of(listDelimiters, end);
+    }
     return numbers;
 }
 
@@ -241,6 +241,19 @@ std::wstring addressOf(const ElementView& element) {
     }
     for (; next < way.size(); ++next) address.key += (address.key.empty() ? L"" : L"|") + way[next].name();
     return addressText(address);
+}
+
+std::wstring addressOf(const CheckedSection& section, const CheckedItem& item) {
+    return item.way.holdsIDs ? addressOf(item.element) : addressOf(section, item.key);
+}
+
+std::wstring addressOf(const CheckedSection& section, std::wstring_view key) {
+    std::wstring address = section.address();
+    const std::size_t begin = address.size() + 1;
+    address.reserve(begin + key.size());
+    address.append(1, L'/').append(key);
+    std::replace(address.begin() + static_cast<std::ptrdiff_t>(begin), address.end(), L'|', L'/');
+    return address;
 }
 
 }  // namespace XMLConfig::detail

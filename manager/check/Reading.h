@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Setting.h"
+#include "manager/check/Keys.h"
 #include "store/ElementView.h"
 #include "store/ValueTypes.h"
 
@@ -15,11 +16,25 @@ namespace XMLConfig::detail {
 
 /// A setting, a group of settings or an unknown element below a section.
 struct CheckedItem {
-    enum class Kind { Value, Group, Unknown };
+    using Kind = MetKey::Kind;
+
+    CheckedItem(const ElementView& place, const MetKey& at, MetText& met, bool isOfElements, const ElementView& earlier)
+        : element(place),
+          way(at),
+          content(met),
+          key(at.text),
+          text(met.text),
+          setting(at.setting),
+          kind(at.kind),
+          holdsElements(isOfElements),
+          hiddenBy(earlier) {}
+
     ElementView element;
-    std::wstring key;        ///< parts joined by "|", with the IDs of subsections
-    std::wstring text;       ///< of a value without child elements
-    const Setting* setting;  ///< null where the catalogue knows none
+    const MetKey& way;
+    MetText& content;
+    const std::wstring& key;   ///< parts joined by "|", with the IDs of subsections
+    const std::wstring& text;  ///< of a value without child elements
+    const Setting* setting;    ///< null where the catalogue knows none
     Kind kind;
     bool holdsElements;
     ElementView hiddenBy;  ///< the earlier one of the same name and ID, which the application reads
@@ -28,16 +43,20 @@ struct CheckedItem {
 /// A child of the root that is no header element.
 class CheckedSection {
 public:
-    CheckedSection(const ElementView& element, std::wstring tag);
+    /// Of a tag that is in no document where there are no keys.
+    CheckedSection(const ElementView& element, std::wstring tag, const TagKeys* keys);
 
     /// What the application reads at the key; null where nothing stands there.
     [[nodiscard]] const CheckedItem* find(std::wstring_view key) const;
     /// The text there, "" where nothing stands there.
-    [[nodiscard]] std::wstring stored(std::wstring_view key) const;
+    [[nodiscard]] const std::wstring& stored(std::wstring_view key) const;
     [[nodiscard]] bool holds(std::wstring_view key) const { return find(key) != nullptr; }
-    [[nodiscard]] bool isDevice() const { return !id.empty() && (tag == L"Projector" || tag == L"Camera"); }
-    /// The name people give the device, in quotes; its ID where it has none.
+    [[nodiscard]] bool isDevice() const { return m_isDevice; }
+    /// The name people give the device, its ID where it has none; "" for other sections.
+    [[nodiscard]] std::wstring name() const;
+    /// The same in quotes.
     [[nodiscard]] std::wstring title() const;
+    [[nodiscard]] const std::wstring& address() const;
     /// The element inside its device snippet; none where there is none.
     [[nodiscard]] ElementView snippet() const;
 
@@ -50,8 +69,17 @@ public:
 
 private:
     friend class SectionReader;
+    friend class CheckedDocument;
 
-    std::vector<std::size_t> m_byKey;  // indices of the items that are not hidden
+    struct Place {
+        std::size_t number;  // of the key
+        std::size_t item;
+    };
+
+    const TagKeys* m_keys;
+    bool m_isDevice;
+    std::vector<Place> m_places;  // of the items that are not hidden, by number
+    mutable std::wstring m_address;
 };
 
 /// All sections, and what the application reads in them.
@@ -64,7 +92,7 @@ public:
     [[nodiscard]] const std::vector<const CheckedSection*>& projectors() const { return m_projectors; }
     [[nodiscard]] const std::vector<const CheckedSection*>& cameras() const { return m_cameras; }
     /// The first section of that name; one without items where there is none.
-    [[nodiscard]] const CheckedSection& section(const std::wstring& tag) const;
+    [[nodiscard]] const CheckedSection& section(std::wstring_view tag) const;
     [[nodiscard]] const CheckedSection* camera(const std::wstring& id) const;
     [[nodiscard]] const CheckedSection* projector(const std::wstring& id) const;
     /// The camera that had the ID before it was renamed.
@@ -72,40 +100,59 @@ public:
 
     // What the application reads: the stored text, else what is inherited, else the default.
 
-    [[nodiscard]] std::wstring text(const CheckedSection& section, const std::wstring& key) const;
-    [[nodiscard]] double number(const CheckedSection& section, const std::wstring& key) const;
-    [[nodiscard]] int integer(const CheckedSection& section, const std::wstring& key) const;
-    [[nodiscard]] bool flag(const CheckedSection& section, const std::wstring& key) const;
-    [[nodiscard]] std::vector<double> numbers(const CheckedSection& section, const std::wstring& key) const;
-    [[nodiscard]] Point_3Dim<double> point(const CheckedSection& section, const std::wstring& key) const;
+    [[nodiscard]] const std::wstring& text(const CheckedSection& section, std::wstring_view key) const {
+        return read(section, key).text;
+    }
+    [[nodiscard]] double number(const CheckedSection& section, std::wstring_view key) const {
+        return read(section, key).number;
+    }
+    [[nodiscard]] int integer(const CheckedSection& section, std::wstring_view key) const {
+        return read(section, key).integer;
+    }
+    [[nodiscard]] bool flag(const CheckedSection& section, std::wstring_view key) const {
+        return text(section, key) == L"true";
+    }
+    [[nodiscard]] std::vector<double> numbers(const CheckedSection& section, std::wstring_view key) const;
+    [[nodiscard]] Point_3Dim<double> point(const CheckedSection& section, std::wstring_view key) const;
     // The same of the first section of a name.
-    [[nodiscard]] std::wstring text(const std::wstring& tag, const std::wstring& key) const;
-    [[nodiscard]] double number(const std::wstring& tag, const std::wstring& key) const;
-    [[nodiscard]] int integer(const std::wstring& tag, const std::wstring& key) const;
-    [[nodiscard]] bool flag(const std::wstring& tag, const std::wstring& key) const;
-    [[nodiscard]] Point_3Dim<double> point(const std::wstring& tag, const std::wstring& key) const;
+    [[nodiscard]] const std::wstring& text(std::wstring_view tag, std::wstring_view key) const {
+        return read(tag, key).text;
+    }
+    [[nodiscard]] double number(std::wstring_view tag, std::wstring_view key) const { return read(tag, key).number; }
+    [[nodiscard]] int integer(std::wstring_view tag, std::wstring_view key) const { return read(tag, key).integer; }
+    [[nodiscard]] bool flag(std::wstring_view tag, std::wstring_view key) const { return text(tag, key) == L"true"; }
+    [[nodiscard]] Point_3Dim<double> point(std::wstring_view tag, std::wstring_view key) const;
 
 private:
     void readSections(const ConfigInfo& document);
     void gatherDevices();
+    [[nodiscard]] const TagKeys& keysOf(std::wstring_view tag) const;
+    [[nodiscard]] const ReadValue& read(const CheckedSection& section, std::wstring_view key) const;
+    [[nodiscard]] const ReadValue& read(std::wstring_view tag, std::wstring_view key) const;
+    [[nodiscard]] const ReadValue& inherited(const TagKeys& keys, std::wstring_view key) const;
 
+    mutable std::map<std::wstring, TagKeys, std::less<>> m_keys;
     std::vector<CheckedSection> m_sections;
     std::vector<const CheckedSection*> m_projectors;
     std::vector<const CheckedSection*> m_cameras;
-    std::map<std::wstring, const CheckedSection*> m_firstOfTag;
+    std::map<std::wstring, const CheckedSection*, std::less<>> m_firstOfTag;
     std::map<std::wstring, const CheckedSection*> m_cameraByID;
     std::map<std::wstring, const CheckedSection*> m_projectorByID;
     std::map<std::wstring, const CheckedSection*> m_cameraByOldID;
 };
 
-/// The value that a stored text of the setting gives, in stored form; nothing where it counts as missing.
-std::optional<std::wstring> valueOf(const CheckedItem& item);
+/// The value that a stored text of the setting gives; null where it counts as missing.
+const ReadValue* valueOf(const CheckedItem& item);
 /// The numbers that begin the pieces of a text.
-std::vector<double> numbersOf(const std::wstring& text);
+std::vector<double> numbersOf(std::wstring_view text);
 /// The text of the first child of that name; "" without one.
 std::wstring childText(const ElementView& element, const std::wstring& name);
 ElementView childOf(const ElementView& element, const std::wstring& name);
 /// The address of an element of a document.
 std::wstring addressOf(const ElementView& element);
+/// The same of one that was read.
+std::wstring addressOf(const CheckedSection& section, const CheckedItem& item);
+/// The address of a key, whether anything is stored there or not.
+std::wstring addressOf(const CheckedSection& section, std::wstring_view key);
 
 }  // namespace XMLConfig::detail
