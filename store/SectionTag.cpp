@@ -104,7 +104,8 @@ void SectionTag::list(Section& section) {
         other->isFirstOfID = false;
         lead(place->second, &section);
     }
-    m_othersOfID[section.id].insert(other);
+    Namesakes& others = m_othersOfID[section.id];
+    others.insert(others.end(), other);  // mostly it is the last one: they are listed in document order
 }
 
 void SectionTag::unlist(Section& section) {
