@@ -70,6 +70,8 @@ doBench() {
     build release -DBUILD_TESTING=OFF -DXMLCONFIG_BUILD_BENCHMARKS=ON
     say 'measuring'
     build/release/bin/xmlconfig_bench "$@"
+    say 'editing a document a million times'
+    build/release/bin/xmlconfig_growth
 }
 
 # What is built for Windows with mingw-w64, tried under Wine: the suite, the tool's bytes, the package for users.
@@ -178,6 +180,7 @@ doFaults() {
     build/dev/bin/xmlconfig_faults kills 2000
     say 'hostile files'
     sh tests/hostile/run.sh build/release/bin/xmlconfig
+    sh tests/hostile/large.sh build/release/bin/xmlconfig
 }
 
 # The whole suite as other users, languages and places see it.
@@ -196,7 +199,7 @@ doHelp() {
     cat <<'TEXT'
 ./do run                build the release and run the shipped example
 ./do test               build and run every test
-./do bench [OPTION]...  measure against raw Xerces-C; options go to xmlconfig_bench
+./do bench [OPTION]...  measure against raw Xerces-C, and memory over a million edits; options go to xmlconfig_bench
 ./do measure [FOLDER]    sizes of the sources, here or in the checkout of another commit
 ./do check              format, clang-tidy, sanitizers, threads, fuzzers, Windows parts, static consumer
 ./do fuzz [SECONDS]     five fuzzers, each for so long (30)

@@ -1,9 +1,11 @@
 #include "tests/shortage/Edits.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
 #include "store/CorvaneException.h"
+#include "tests/shortage/Allocations.h"
 
 namespace edits {
 namespace {
@@ -148,6 +150,15 @@ const std::vector<Edit>& all() { return list; }
 void prepare(ConfigInfo& document) {
     for (const wchar_t* id : {L"1", L"2"}) set(document, L"A", L"text", id);
     set(document, L"v", L"text", L"1", L"Slot", L"3");
+}
+
+std::size_t mostBytes(const Edit& edit, ConfigInfo& document, int repetitions) {
+    std::size_t most = 0;
+    for (int i = 0; i < repetitions; ++i) {
+        edit.run(document, i);
+        most = std::max(most, allocations::liveBytes() + allocations::liveBytesOfXml());
+    }
+    return most;
 }
 
 }  // namespace edits
