@@ -6,6 +6,7 @@
 #include <iterator>
 #include <map>
 #include <tuple>
+#include <type_traits>
 #include <vector>
 
 #include "store/ValueTypes.h"
@@ -32,8 +33,7 @@ public:
             ++m_groups[known].votes;
             return;
         }
-        // What is not even the same as itself, such as "nan", is found by nobody and would spoil the order.
-        if (isSame(value, value)) m_numbers.emplace(value, m_groups.size());
+        number(value);
         m_groups.push_back({value, 1});
     }
 
@@ -52,15 +52,31 @@ private:
         bool operator()(const Value& left, const Value& right) const { return isBefore(left, right); }
     };
 
-    // The earliest group whose founder is the same. No two founders are, so that only the nearest on each side can be.
+    // A number that is not even the same as itself, such as "nan", is found by nobody and would spoil the order.
+    void number(const Value& founder) {
+        if constexpr (std::is_floating_point_v<Value>) {
+            if (!isSame(founder, founder)) return;
+        }
+        m_numbers.emplace(founder, m_groups.size());
+    }
+
+    // The earliest group whose founder is the same. No two founders are, so that only the nearest on each side can be; on
+    // the left one that is not equal, which only numbers with a tolerance have.
     std::size_t find(const Value& value) const {
-        std::size_t found = m_groups.size();
-        if (!isSame(value, value)) return found;
+        if constexpr (std::is_floating_point_v<Value>) {
+            if (!isSame(value, value)) return m_groups.size();
+        }
         const auto next = m_numbers.lower_bound(value);
-        if (next != m_numbers.end() && isSame(next->first, value)) found = next->second;
-        if (next == m_numbers.begin()) return found;
+        const bool isNext = next != m_numbers.end() && isSame(next->first, value);
+        const std::size_t found = isNext ? next->second : m_groups.size();
+        if constexpr (std::is_floating_point_v<Value>) return std::min(found, findBefore(next, value));
+        return found;
+    }
+
+    std::size_t findBefore(typename std::map<Value, std::size_t, Before>::const_iterator next, const Value& value) const {
+        if (next == m_numbers.begin()) return m_groups.size();
         const auto last = std::prev(next);
-        return isSame(last->first, value) ? std::min(found, last->second) : found;
+        return isSame(last->first, value) ? last->second : m_groups.size();
     }
 
     std::vector<Group> m_groups;

@@ -1,42 +1,33 @@
 #include "manager/upgrade/StepRecorder.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 namespace XMLConfig::detail {
 
 namespace {
 
-UpgradeChange::Kind kindOf(Change::Kind kind) {
-    switch (kind) {
-        case Change::Kind::ItemAdded:
-        case Change::Kind::SectionAdded:
-            return UpgradeChange::Kind::Added;
-        case Change::Kind::ItemRemoved:
-        case Change::Kind::SectionRemoved:
-            return UpgradeChange::Kind::Removed;
-        case Change::Kind::SectionRenamed:
-            return UpgradeChange::Kind::Renamed;
-        case Change::Kind::SectionMoved:
-            return UpgradeChange::Kind::Moved;
-        case Change::Kind::ItemChanged:
-        case Change::Kind::VersionChanged:
-            break;
-    }
-    return UpgradeChange::Kind::Changed;
-}
+using Kind = UpgradeChange::Kind;
+
+// What a receipt calls the changes, in the order of Change::Kind.
+constexpr Kind kinds[] = {Kind::Added,   Kind::Changed, Kind::Removed, Kind::Added,
+                          Kind::Removed, Kind::Renamed, Kind::Moved,   Kind::Changed};
+static_assert(std::size(kinds) == static_cast<std::size_t>(Change::Kind::VersionChanged) + 1);
+
+Kind kindOf(Change::Kind kind) { return kinds[static_cast<std::size_t>(kind)]; }
 
 // Makes one change of a removal and what was written elsewhere for it, where the step did both.
 void joinMove(std::vector<UpgradeChange>& changes, const ItemMove& move) {
     const auto removed = std::find_if(changes.begin(), changes.end(), [&](const UpgradeChange& change) {
-        return change.kind == UpgradeChange::Kind::Removed && change.section == move.fromSection &&
-               change.key == move.fromKey;
+        return change.kind == Kind::Removed && change.section == move.fromSection && change.key == move.fromKey;
     });
     const auto written = std::find_if(changes.begin(), changes.end(), [&](const UpgradeChange& change) {
-        const bool isWritten = change.kind == UpgradeChange::Kind::Added || change.kind == UpgradeChange::Kind::Changed;
+        const bool isWritten = change.kind == Kind::Added || change.kind == Kind::Changed;
         return isWritten && change.section == move.toSection && change.key == move.toKey;
     });
     if (removed == changes.end() || written == changes.end()) return;
-    removed->kind = UpgradeChange::Kind::Moved;
+    removed->kind = Kind::Moved;
     removed->newSection = move.toSection;
     removed->newKey = move.toKey;
     removed->newValue = written->newValue;
