@@ -30,7 +30,7 @@ public:
     virtual std::wstring getRootPath() const;
     /// The path in the form asked for; every mode but FilePathRelative gives the absolute one.
     virtual std::wstring getPath(const std::wstring& path, BaseConfig::FilePathMode mode) const;
-    /// As seen from the root: "" for the root itself; left absolute on another drive and without a root.
+    /// The path as seen from the root: "" for the root itself. It stays absolute on another drive and without a root.
     virtual std::wstring getRelativePath(const std::wstring& path) const;
     virtual std::wstring getAbsolutePath(const std::wstring& path) const;
 

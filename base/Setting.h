@@ -36,6 +36,8 @@ enum class SettingType {
 /// The name that people read: "bool", "2-D point", "list of camera IDs", ...
 XMLCONFIG_API const wchar_t* nameOf(SettingType type);
 
+/// Whether the texts of the type are one number or several. Lists and tables of a special form do not count.
+XMLCONFIG_API bool isNumbers(SettingType type);
 /// Whether a stored text is the whole of a value of the type. Every text is of a type whose form is not checked: texts,
 /// XML elements, records and special text forms.
 XMLCONFIG_API bool isOfType(const std::wstring& text, SettingType type);

@@ -58,8 +58,6 @@ private:
 public:
     constexpr SettingFacts in(Unit value) const { return with(&SettingFacts::unit, value); }
     constexpr SettingFacts of(SettingClass value) const { return with(&SettingFacts::settingClass, value); }
-    /// Text of a special form, which the section reads and writes.
-    constexpr SettingFacts holds(SettingType value) const { return with(&SettingFacts::form, value); }
     /// The section that is asked for the same key when the item is missing.
     constexpr SettingFacts inheritedFrom(const wchar_t* section) const { return with(&SettingFacts::parent, section); }
     constexpr SettingFacts onlyRead() const { return with(&SettingFacts::readOnly, true); }
@@ -76,7 +74,7 @@ public:
     constexpr SettingFacts within(double low, double high) const { return ranging(low, high, false); }
     constexpr SettingFacts atLeast(double low) const { return ranging(low, infinity, false); }
     constexpr SettingFacts above(double low, double high = infinity) const { return ranging(low, high, true); }
-    /// Nobody prescribes the range: what lies outside is worth a warning only.
+    /// The range is this library's own judgement, which nobody prescribes: what lies outside is worth a warning only.
     constexpr SettingFacts inOurJudgement() const {
         SettingFacts facts = *this;
         facts.range.ownJudgement = true;
@@ -109,7 +107,6 @@ public:
     const wchar_t* meaning = L"";
     Unit unit = Unit::None;
     SettingClass settingClass = SettingClass::Rest;
-    SettingType form = SettingType::Text;
     const wchar_t* parent = L"";
     bool readOnly = false;
     bool writtenByRuns = false;

@@ -10,7 +10,7 @@
 #include "base/BaseConfig.h"
 #include "base/Setting.h"
 #include "base/SettingFacts.h"
-#include "base/ValueTraits.h"
+#include "base/ValueTypes.h"
 
 /// A section is a table of settings. A table is a struct whose members are descriptors; each enters itself into the table
 /// when it is made, so that none can be left out:
@@ -94,6 +94,8 @@ std::wstring withSectionID(std::wstring pattern, const std::wstring& sectionID);
 /// One setting whose value has the type T.
 template <typename T>
 class Descriptor final : public AnyDescriptor {
+    static_assert(isListed<T>(ValueTypes()), "ValueTypes must list every type that a setting has");
+
 public:
     using Trait = ValueTrait<T>;
     using Kept = typename Trait::Kept;
@@ -103,7 +105,7 @@ public:
                          const SettingFacts& itemFacts)
         : AnyDescriptor(table, itemKey, values.hasInitial, itemFacts), fallback(values.fallback), initial(values.initial) {}
 
-    SettingType type() const override { return facts.form != SettingType::Text ? facts.form : Trait::type; }
+    SettingType type() const override { return Trait::type; }
     std::wstring defaultText() const override { return Trait::text(fallback); }
     std::wstring initialText() const override { return Trait::text(initial); }
     void writeInitial(ConfigInfo& document, const std::wstring& section, const std::wstring& sectionID) const override {
@@ -136,7 +138,7 @@ inline constexpr bool isValueOf = std::is_same_v<Value, typename ValueTrait<T>::
 
 /// A descriptor's key with its "%d" replaced by a number.
 std::wstring numberedKey(std::wstring_view pattern, int number);
-/// The reverse, for a pattern that ends in "%d"; nothing when the key is not of that pattern.
+/// The number in a key that was made from the pattern, which ends in "%d"; nothing when the key was not made from it.
 std::optional<int> numberOfKey(std::wstring_view pattern, std::wstring_view key);
 
 }  // namespace XMLConfig::detail

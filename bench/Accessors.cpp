@@ -1,4 +1,5 @@
-// Reading every setting of every projector once, through the accessor's getters and through the store's own.
+// Reading every setting of every projector once, through the accessor's getters and through the store's own; and setting
+// the number of ACT units, which must not take longer in a larger document.
 
 #include <benchmark/benchmark.h>
 
@@ -14,6 +15,7 @@
 #include "Suites.h"
 #include "manager/SettingSearch.h"
 #include "sections/ProjectorConfig.h"
+#include "sections/SystemConfig.h"
 #include "store/ConfigInfo.h"
 
 namespace bench {
@@ -231,6 +233,18 @@ void readStore(benchmark::State& state, int projectors) {
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 
+/// Sets the number of ACT units, which looks among all items of one section for units beyond that number.
+void setUnitCount(benchmark::State& state, int projectors) {
+    ConfigInfo document(widened(sampleFile(projectors)));
+    SystemConfig system(&document, nullptr, L"");
+    int count = 0;
+    for ([[maybe_unused]] auto step : state) {
+        count = count == 1 ? 2 : 1;
+        system.setACTCount(count);
+    }
+    if (system.getACTCount() != count) state.SkipWithError("another count was stored");
+}
+
 }  // namespace
 
 void registerAccessors() {
@@ -238,6 +252,7 @@ void registerAccessors() {
         const std::string size = std::to_string(projectors);
         benchmark::RegisterBenchmark(("accessors/library/" + size).c_str(), readAccessors, projectors);
         benchmark::RegisterBenchmark(("accessors/store/" + size).c_str(), readStore, projectors);
+        benchmark::RegisterBenchmark(("accessors/unit_count/" + size).c_str(), setUnitCount, projectors);
     }
 }
 

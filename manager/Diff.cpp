@@ -9,39 +9,28 @@
 #include "manager/diff/DeviceMatches.h"
 #include "manager/diff/StoredTexts.h"
 #include "manager/diff/ValueComparison.h"
+#include "platform/Words.h"
 #include "store/Tokens.h"
 
 namespace XMLConfig {
 namespace {
 
 using detail::DeviceMatch;
+using detail::endsWith;
 using detail::StoredText;
 using detail::StoredTexts;
 
-std::wstring nameOf(const ElementView& device) {
-    for (const ElementView& child : device.children())
-        if (child.isNamed(L"Name")) return child.text();
-    return {};
-}
+std::wstring nameOf(const ElementView& device) { return device.child(L"Name").text(); }
 
 std::wstring shownName(const ElementView& device) {
     const std::wstring name = nameOf(device);
     return name.empty() ? device.id() : name;
 }
 
-bool endsWith(const std::wstring& text, const std::wstring& end) {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
-/// What a renaming changes by itself.
+/// Whether a text differs because its device was renamed, and for no other reason.
 bool belongsToRenaming(const StoredText& text) {
     if (!text.inSnippet) return text.path == L"OldSectionID";
     return endsWith(text.path, L"@UID") || endsWith(text.path, L"/macAddress");
-}
-
-bool namesCameras(const StoredText& text) {
-    return text.setting != nullptr &&
-           (text.setting->type == SettingType::CameraIDs || text.setting->key.find(L"Associated_Camera_Id_") == 0);
 }
 
 /// The other key of a point that two cameras share, of those that `others` holds; the two may be named in either order.
@@ -157,7 +146,7 @@ private:
         return text.setting != nullptr && text.setting->type == SettingType::OverlapPoint;
     }
 
-    /// One of the two may be null.
+    /// Compares a text with its older form. One of the two may be null: the text is new, or gone.
     void compareTexts(const Pair& pair, const StoredText* old, const StoredText* now) {
         const StoredText& any = now != nullptr ? *now : *old;
         if (pair.isRenamed && belongsToRenaming(any)) return;
@@ -205,7 +194,8 @@ private:
 
     bool areSame(const StoredText& old, const StoredText& now) const {
         if (now.setting == nullptr) return false;
-        if (namesCameras(now)) return newCameraIDs(old.text) == detail::tokensOf(now.text);
+        if (now.setting != nullptr && namesCameras(*now.setting))
+            return newCameraIDs(old.text) == detail::tokensOf(now.text);
         const std::wstring oldText = old.path == now.path ? old.text : withSwappedChannels(old.text);
         return oldText == now.text || detail::areOneValue(oldText, now.text, now.setting->type, m_options.tolerance);
     }
@@ -219,7 +209,7 @@ private:
         return ids;
     }
 
-    /// Tells where those of both documents follow one another otherwise.
+    /// Notes where the devices that both documents have follow one another in different orders.
     void compareOrder(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
         std::unordered_map<std::wstring, std::size_t> newPlaces;  // by old ID
         for (std::size_t i = 0; i < matches.size(); ++i)

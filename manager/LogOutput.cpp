@@ -29,7 +29,7 @@ public:
 
 protected:
     void append(const log4cxx::spi::LoggingEventPtr& event, log4cxx::helpers::Pool& /*pool*/) override {
-        // Over the unfinished line that a program may be showing its progress in.
+        // The program may be showing its progress in an unfinished line; this message takes its place.
         const std::string line = std::string(detail::isErrorATerminal() ? "\r\x1b[K" : "") +
                                  "xmlconfig: " + utf8Of(event->getLevel()->toString()) + ": " +
                                  utf8Of(event->getRenderedMessage()) + "\n";

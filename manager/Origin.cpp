@@ -1,25 +1,10 @@
 #include "manager/Origin.h"
 
+#include "base/ValueTypes.h"
 #include "manager/SettingSearch.h"
-#include "platform/Numbers.h"
-#include "store/TextForms.h"
-#include "store/TokenItems.h"
 
 namespace XMLConfig {
 namespace {
-
-template <typename T>
-std::optional<std::wstring> listAsRead(const std::wstring& stored) {
-    using Read = detail::Element<T>;
-    const std::vector<std::wstring> tokens = detail::tokensOf(stored);
-    if (tokens.size() != Read::tokens) return std::nullopt;
-    return detail::textOf(Read::from(tokens));
-}
-
-std::optional<std::wstring> boolAsRead(const std::wstring& stored) {
-    const std::optional<bool> value = detail::boolOf(stored);
-    return value ? std::optional<std::wstring>(detail::textOf(*value)) : std::nullopt;
-}
 
 bool holdsText(const ElementView& element) { return element && !element.firstChild(); }
 
@@ -42,22 +27,7 @@ const wchar_t* nameOf(Origin origin) {
 }
 
 std::optional<std::wstring> textAsRead(const std::wstring& stored, SettingType type) {
-    switch (type) {
-        case SettingType::Bool:
-            return boolAsRead(stored);
-        case SettingType::Int:
-            return detail::textOf(static_cast<int>(detail::leadingInteger(stored)));
-        case SettingType::Double:
-            return detail::textOf(detail::leadingDouble(stored));
-        case SettingType::IntPoint2:
-            return listAsRead<Point_2Dim<int>>(stored);
-        case SettingType::Point2:
-            return listAsRead<Point_2Dim<double>>(stored);
-        case SettingType::Point3:
-            return listAsRead<Point_3Dim<double>>(stored);
-        default:
-            return stored;
-    }
+    return detail::withTrait(type, [&](auto trait) { return decltype(trait)::asRead(stored); });
 }
 
 std::optional<EffectiveValue> effectiveValue(const ConfigInfo& document, const Address& address) {

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "manager/SettingSearch.h"
+#include "platform/Words.h"
 #include "store/ConfigInfo.h"
 #include "store/ElementView.h"
 
@@ -13,19 +14,9 @@ namespace {
 
 using Devices = std::vector<ElementView>;
 
-bool endsWith(const std::wstring& text, const std::wstring& end) {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 /// Whether the ID holds `ending` after a ":" or "***", as its last part.
 bool isEndingOf(const std::wstring& ending, const std::wstring& id) {
-    return !ending.empty() && (endsWith(id, L":" + ending) || endsWith(id, L"***" + ending));
-}
-
-bool isNamed(const ElementView& device, const std::wstring& name) {
-    for (const ElementView& child : device.children())
-        if (child.isNamed(L"Name")) return child.text() == name;
-    return false;
+    return !ending.empty() && (detail::endsWith(id, L":" + ending) || detail::endsWith(id, L"***" + ending));
 }
 
 /// The number in "#3", counted from 1; 0 for every other text.
@@ -40,7 +31,7 @@ std::size_t positionOf(const std::wstring& text) {
     return number;
 }
 
-/// Those that fit, in document order.
+/// The devices that fit, in document order.
 Devices fitting(const Devices& devices, const std::function<bool(const ElementView&)>& fits) {
     Devices found;
     std::copy_if(devices.begin(), devices.end(), std::back_inserter(found), fits);
@@ -60,7 +51,8 @@ public:
         if (wish.empty()) return only(devices);
         if (const std::size_t position = positionOf(wish); position > 0 && position <= devices.size())
             return only({devices[position - 1]});
-        const Devices named = fitting(devices, [&](const ElementView& device) { return isNamed(device, wish); });
+        const Devices named =
+            fitting(devices, [&](const ElementView& device) { return device.child(L"Name").text() == wish; });
         if (!named.empty()) return only(named);
         return only(fitting(devices, [&](const ElementView& device) { return isEndingOf(wish, device.id()); }));
     }

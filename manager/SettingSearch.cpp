@@ -167,6 +167,10 @@ bool isOpenSection(const std::wstring& section) {
 
 bool isDeviceSection(const std::wstring& section) { return section == L"Projector" || section == L"Camera"; }
 
+bool namesCameras(const Setting& setting) {
+    return setting.type == SettingType::CameraIDs || setting.key.find(L"Associated_Camera_Id_") == 0;
+}
+
 bool isHeaderElement(const std::wstring& name) {
     return name == L"Version" || name == L"BuildDate" || name == L"BuildNumber" || name == L"DevelopedBy";
 }

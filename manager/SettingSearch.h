@@ -22,6 +22,8 @@ XMLCONFIG_API bool isGroupOfSettings(const Address& address);
 XMLCONFIG_API bool isOpenSection(const std::wstring& section);
 /// Whether sections of that name stand for devices and are told apart by their IDs.
 XMLCONFIG_API bool isDeviceSection(const std::wstring& section);
+/// Whether the setting holds IDs of cameras: one or a list.
+XMLCONFIG_API bool namesCameras(const Setting& setting);
 /// Whether that child of the root is no section but stands for the file itself, such as "Version".
 XMLCONFIG_API bool isHeaderElement(const std::wstring& name);
 /// The names of the sections in the catalogue and of the open ones, each once.

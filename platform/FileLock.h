@@ -10,8 +10,8 @@ namespace XMLConfig::detail {
 /// those who ask for it, leaves no file behind, goes with the process when that dies, and does not mind that files are
 /// replaced by others. Programs that this one starts do not get it.
 ///
-/// Of the folder and not of the file, because nothing else stays the same while a file is replaced, and because the files
-/// made beside it (new ones, backups) are covered too.
+/// It is the right to a folder and not to a file, because nothing else stays the same while a file is replaced, and because
+/// the files made beside it (new ones, backups) are covered too.
 class FileLock {
 public:
     /// Takes nothing yet. Of a link, the folder of its target is meant; the target need not exist. Throws FileError when

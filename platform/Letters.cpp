@@ -1,11 +1,8 @@
 #include "platform/Text.h"
+#include "platform/Words.h"
 
 namespace XMLConfig::detail {
 namespace {
-
-constexpr wchar_t lowerAscii(wchar_t character) {
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
-}
 
 const wchar_t* xmlEscape(wchar_t character) {
     switch (character) {
@@ -23,12 +20,6 @@ const wchar_t* xmlEscape(wchar_t character) {
 }
 
 }  // namespace
-
-std::wstring lowerAscii(std::wstring_view text) {
-    std::wstring lower(text);
-    for (wchar_t& character : lower) character = lowerAscii(character);
-    return lower;
-}
 
 bool equalIgnoringCase(std::wstring_view left, std::wstring_view right) {
     if (left.size() != right.size()) return false;

@@ -15,7 +15,8 @@ struct PrivateFolder {
 PrivateFolder makePrivateFolder(const std::wstring& path);
 
 enum class FolderClaim { own, anothers, impossible };
-/// Makes one folder for this user alone, or tells whose the one of that name is and closes it where it is this user's.
+/// Makes one folder for this user alone. Where there is one of that name, tells whose it is and, when it is this user's,
+/// takes everybody else's rights to it away.
 FolderClaim claimFolder(const std::wstring& path);
 /// What tells this user from others in a file name: a number, or a name.
 std::wstring userMark();

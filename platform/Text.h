@@ -33,8 +33,6 @@ struct CharacterFault {
 /// U+FFFE, U+FFFF, a lone surrogate, or a value beyond U+10FFFF. Nothing when every character can be held.
 std::optional<CharacterFault> firstCharacterXmlCannotHold(std::wstring_view text);
 
-/// Lower case of the ASCII letters; every other character stays.
-std::wstring lowerAscii(std::wstring_view text);
 /// Whether the texts are the same but for the case of ASCII letters.
 bool equalIgnoringCase(std::wstring_view left, std::wstring_view right);
 

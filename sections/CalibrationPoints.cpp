@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t longestEntry = 127;
 
-/// "%4f": only a non-finite number is shorter than four characters.
+/// A coordinate in the form "%4f". The width of four matters to "nan" and "inf" alone; numbers are longer.
 std::wstring coordinate(double value) {
     std::wstring text = formatFixed(value, 6);
     if (text.size() < 4) text.insert(0, 4 - text.size(), L' ');

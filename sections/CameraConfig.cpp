@@ -20,7 +20,7 @@ bool wasRead(const Point_3Dim<double>& point) {
     return !(std::isnan(point.x) && std::isnan(point.y) && std::isnan(point.z));
 }
 
-const Descriptor<std::wstring>& calibrationItem(bool reference) {
+const auto& calibrationItem(bool reference) {
     return reference ? items.referenceCalibrationPoints : items.calibrationPoints;
 }
 
@@ -84,7 +84,7 @@ bool CameraConfig::getExplicitExtrinsicsValid() const { return read(items.explic
 void CameraConfig::setExplicitExtrinsicsValid(bool value) { write(items.explicitExtrinsicsValid, value); }
 std::wstring CameraConfig::getOldUID() const { return read(items.oldUID).value; }
 
-// Calibration points: a filled cache hides the document.
+// Calibration points. Once they are cached, the document is no longer asked.
 
 std::map<int, Point_2Dim<double>> CameraConfig::getCameraCalibrationPoints(bool reference) const {
     auto& cache = reference ? m_referenceCalibrationPoints : m_calibrationPoints;

@@ -57,15 +57,14 @@ struct CameraItems : SettingTable {
             .of(SettingClass::Place)};
     Descriptor<Point_3Dim<double>> explicitExtrinsicsYPR{*this, L"ExplicitExtrinsicYPR", {{unread, unread, unread}},
         means(L"yaw, pitch and roll of the camera given by hand; there is no pose when missing").of(SettingClass::Place)};
-    Descriptor<std::wstring> multiCamEdgeThreshold{*this, L"MultiCamEdgeThreshold", {L"", L"40,40,40,40"},
-        means(L"edge thresholds where the images of several cameras meet; a single number stands for all four")
-            .holds(SettingType::FourIntegers)};
-    Descriptor<std::wstring> calibrationPoints{*this, L"Camera_Calibration_Points", {L""},
+    Descriptor<Special<SettingType::FourIntegers>> multiCamEdgeThreshold{*this, L"MultiCamEdgeThreshold", {L"", L"40,40,40,40"},
+        means(L"edge thresholds where the images of several cameras meet; a single number stands for all four")};
+    Descriptor<Special<SettingType::MarkerPlaces>> calibrationPoints{*this, L"Camera_Calibration_Points", {L""},
         means(L"marker numbers and where the camera sees those markers: number, x, y,...").in(Unit::Pixels)
-            .holds(SettingType::MarkerPlaces).of(SettingClass::Place)};
-    Descriptor<std::wstring> referenceCalibrationPoints{*this, L"Reference_Camera_Calibration_Points", {L""},
+            .of(SettingClass::Place)};
+    Descriptor<Special<SettingType::MarkerPlaces>> referenceCalibrationPoints{*this, L"Reference_Camera_Calibration_Points", {L""},
         means(L"marker numbers and where the reference image shows those markers: number, x, y,...").in(Unit::Pixels)
-            .holds(SettingType::MarkerPlaces).of(SettingClass::Place)};
+            .of(SettingClass::Place)};
     Descriptor<std::wstring> oldUID{*this, L"OldSectionID", {L""},
         means(L"identifier the section had before it was last renamed").onlyRead().of(SettingClass::Identity)};
     Descriptor<bool> automaticExposure{*this, L"Automatic_Exposure", {true, true},

@@ -39,8 +39,8 @@ struct ColorItems : SettingTable {
     Descriptor<double> colourConvergeJump{*this, L"Colour_Converge_Jump", {0.5, 0.5},
         means(L"part of the remaining colour difference that one round of matching corrects").in(Unit::Fraction)
             .above(0, 1).inOurJudgement()};
-    Descriptor<std::wstring> cameraOrder{*this, L"CameraOrder", {L"", L""},
-        means(L"IDs of the cameras in the order in which they are used").holds(SettingType::CameraIDs)};
+    Descriptor<Special<SettingType::CameraIDs>> cameraOrder{*this, L"CameraOrder", {L"", L""},
+        means(L"IDs of the cameras in the order in which they are used")};
     Descriptor<Point_2Dim<double>> normalizedValidExposureSampleRange{*this, L"NormalizedValidExposureSampleRange",
         {{0.0, 0.0}, {0.985, 0.99}},
         means(L"lowest and highest fraction of a camera's range at which an exposure sample counts").in(Unit::Fraction)};
@@ -48,9 +48,8 @@ struct ColorItems : SettingTable {
         means(L"number of the kind of colorimeter")};
     Descriptor<std::wstring> advancedColorFilename{*this, L"Advanced_Color_Filename", {L"SavedAdvancedColor.skorrax"},
         means(L"file in which the results of advanced colour matching are saved")};
-    Descriptor<std::wstring> cameraOverlapPoint{*this, L"CameraOverlapPoint_%s_%s", {L""},
-        means(L"point seen by both cameras of a pair, by their IDs, and the channel that shows it to each")
-            .holds(SettingType::OverlapPoint).onlyRead()};
+    Descriptor<Special<SettingType::OverlapPoint>> cameraOverlapPoint{*this, L"CameraOverlapPoint_%s_%s", {L""},
+        means(L"point seen by both cameras of a pair, by their IDs, and the channel that shows it to each").onlyRead()};
 };
 // clang-format on
 

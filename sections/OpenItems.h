@@ -11,7 +11,7 @@
 namespace XMLConfig::detail {
 
 inline constexpr const wchar_t* projMapSection = L"ProjMap";
-/// All of them.
+/// Every open section.
 inline constexpr const wchar_t* openSections[] = {mediaServerItems.section, projMapSection};
 
 template <>

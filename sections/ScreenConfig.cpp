@@ -11,7 +11,7 @@ static constexpr auto& items = XMLConfig::detail::screenItems;
 
 namespace {
 
-// Some of the interface's readers are not const; of the accessor itself they change nothing.
+// Some readers are not const in the interface, although they change nothing in the accessor.
 IScreenConfig& interfaceOf(const ScreenConfig& screen) { return const_cast<ScreenConfig&>(screen); }
 
 }  // namespace

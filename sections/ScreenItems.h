@@ -11,14 +11,14 @@ struct ScreenItems : SettingTable {
 
     Descriptor<std::wstring> shape{*this, L"Shape", {L"Flat", L"Flat"},
         means(L"shape of the surface").oneOf({L"Flat", L"Sphere", L"Cylinder", L"Ruled", L"Toroid", L"VRML", L"Test"})};
-    Descriptor<std::wstring> meshPath{*this, L"VRML", {L"", L""},
-        means(L"file with the mesh of the surface").holds(SettingType::Path)};
-    Descriptor<std::wstring> measuredMeshPath{*this, L"MeasuredVRML", {L""},
-        means(L"file with the mesh of the surface as it was measured").holds(SettingType::Path)};
-    Descriptor<std::wstring> pcdPath{*this, L"PCD", {L""},
-        means(L"file with the point cloud of the surface").holds(SettingType::Path)};
-    Descriptor<std::wstring> markedSurfaceFilename{*this, L"Marked_Surface_File", {L""},
-        means(L"file with the image of the marked surface").holds(SettingType::Path)};
+    Descriptor<Special<SettingType::Path>> meshPath{*this, L"VRML", {L"", L""},
+        means(L"file with the mesh of the surface")};
+    Descriptor<Special<SettingType::Path>> measuredMeshPath{*this, L"MeasuredVRML", {L""},
+        means(L"file with the mesh of the surface as it was measured")};
+    Descriptor<Special<SettingType::Path>> pcdPath{*this, L"PCD", {L""},
+        means(L"file with the point cloud of the surface")};
+    Descriptor<Special<SettingType::Path>> markedSurfaceFilename{*this, L"Marked_Surface_File", {L""},
+        means(L"file with the image of the marked surface")};
     Descriptor<std::wstring> importAxisForward{*this, L"AxisForward", {L"Y"},
         means(L"axis of an imported model that points forward").oneOf({L"X", L"Y", L"Z", L"-X", L"-Y", L"-Z"})};
     Descriptor<std::wstring> importAxisUpward{*this, L"AxisUpward", {L"Z"},
@@ -88,11 +88,10 @@ struct ScreenItems : SettingTable {
         means(L"width of the image of the marked surface").in(Unit::Pixels)};
     Descriptor<int> markedSurfaceImageHeight{*this, L"Marked_Surface_Image_Height", {0},
         means(L"height of the image of the marked surface").in(Unit::Pixels)};
-    Descriptor<std::wstring> calibrationPoints{*this, L"Camera_Calibration_Points", {L""},
-        means(L"points of the surface by which cameras are calibrated, one a line").holds(SettingType::PointList)};
-    Descriptor<std::wstring> locateGuessTransform{*this, L"Locate_Guess_Transform", {L""},
-        means(L"first guess of where the surface is, row by row; the identity when there are not sixteen numbers")
-            .holds(SettingType::Matrix)};
+    Descriptor<Special<SettingType::PointList>> calibrationPoints{*this, L"Camera_Calibration_Points", {L""},
+        means(L"points of the surface by which cameras are calibrated, one a line")};
+    Descriptor<Special<SettingType::Matrix>> locateGuessTransform{*this, L"Locate_Guess_Transform", {L""},
+        means(L"first guess of where the surface is, row by row; the identity when there are not sixteen numbers")};
 };
 // clang-format on
 

@@ -24,12 +24,10 @@ struct SystemItems : SettingTable {
         means(L"whether blending from projector poses leaves shadowed (occluded) areas out of account")};
     Descriptor<int> availableBlackBoxPowerPorts{*this, L"Available_BlackBox_Power_Ports", {2, 4},
         means(L"number of power ports a black box offers")};
-    Descriptor<std::wstring> blackBoxCamerasComm{*this, L"Black_Box_Cameras_Comm", {L""},
-        means(L"black box that powers the cameras: enabled, protocol, address, port, power port, other power ports")
-            .holds(SettingType::BlackBox)};
-    Descriptor<std::wstring> blackBoxLEDLightsComm{*this, L"Black_Box_LED_Lights_Comm", {L""},
-        means(L"black box that powers the LED lights: enabled, protocol, address, port, power port, other power ports")
-            .holds(SettingType::BlackBox)};
+    Descriptor<Special<SettingType::BlackBox>> blackBoxCamerasComm{*this, L"Black_Box_Cameras_Comm", {L""},
+        means(L"black box that powers the cameras: enabled, protocol, address, port, power port, other power ports")};
+    Descriptor<Special<SettingType::BlackBox>> blackBoxLEDLightsComm{*this, L"Black_Box_LED_Lights_Comm", {L""},
+        means(L"black box that powers the LED lights: enabled, protocol, address, port, power port, other power ports")};
     Descriptor<std::wstring> motoBlendInitCommand{*this, L"MotoBlend_Init_Command", {L""},
         means(L"command that prepares the motorised blend plates of projectors without a command of their own")};
     Descriptor<std::wstring> motoBlendOpenCommand{*this, L"MotoBlend_Open_Command", {L""},
@@ -46,8 +44,8 @@ struct SystemItems : SettingTable {
         means(L"number of ACT units").atLeast(0)};
     Descriptor<std::wstring> actAddress{*this, L"ACT_Address_%d", {L""},
         means(L"address of the ACT unit of that number, counted from 0")};
-    Descriptor<std::wstring> actRelayAssociations{*this, L"ACT_Relay_Associations_%d", {L""},
-        means(L"relay associations of the ACT unit of that number: two integers a line").holds(SettingType::IntegerPairs)};
+    Descriptor<Special<SettingType::IntegerPairs>> actRelayAssociations{*this, L"ACT_Relay_Associations_%d", {L""},
+        means(L"relay associations of the ACT unit of that number: two integers a line")};
     Descriptor<std::wstring> actBlobDetectionMethod{*this, L"ACT_Blob_Detection_Method", {L"basic"},
         means(L"how ACT calibration detects blobs in the camera images")};
     Descriptor<double> actBlobMinArea{*this, L"ACT_Blob_Min_Area", {2.0},

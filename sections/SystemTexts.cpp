@@ -35,9 +35,15 @@ std::wstring blackBoxText(const BlackBoxInfo& info) {
     return text;
 }
 
-BlackBoxInfo blackBoxFromText(const std::wstring& text) {
+std::vector<std::wstring> blackBoxPieces(const std::wstring& text) {
     std::vector<std::wstring> pieces;
-    if (ConfigInfo::createTokenVector(pieces, text, L",") < 5) return {};
+    ConfigInfo::createTokenVector(pieces, text, L",");
+    return pieces;
+}
+
+BlackBoxInfo blackBoxFromText(const std::wstring& text) {
+    const std::vector<std::wstring> pieces = blackBoxPieces(text);
+    if (pieces.size() < 5) return {};
     BlackBoxInfo info(equalIgnoringCase(pieces[0], L"true"), withoutSpaces(pieces[1]), withoutSpaces(pieces[2]),
                       leadingInteger(pieces[3]), leadingInteger(pieces[4]));
     std::vector<std::int32_t> otherPorts;

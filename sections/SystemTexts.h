@@ -10,6 +10,8 @@ namespace XMLConfig::detail {
 
 /// "true, serial, COM3, 9600, 1, 2, 3"; what stands before the other power ports is cut at 127 characters.
 std::wstring blackBoxText(const BlackBoxInfo& info);
+/// The pieces that a black box is read from, between commas.
+std::vector<std::wstring> blackBoxPieces(const std::wstring& text);
 /// A default BlackBoxInfo for fewer than five pieces; pieces that are no numbers read 0.
 BlackBoxInfo blackBoxFromText(const std::wstring& text);
 

@@ -24,7 +24,7 @@ Table tableOf(const std::wstring& text) {
     return table;
 }
 
-// The reader of the data type is not const in the interface; of the accessor itself it changes nothing.
+// The reader of the data type is not const in the interface, although it changes nothing in the accessor.
 std::wstring dataTypeOf(const TargetLocatorConfig& config) { return const_cast<TargetLocatorConfig&>(config).getDataType(); }
 
 }  // namespace
@@ -34,7 +34,7 @@ TargetLocatorConfig::TargetLocatorConfig(ConfigInfo* configInfo, const std::wstr
 
 TargetLocatorConfig::~TargetLocatorConfig() = default;
 
-// One by one, because a subclass may replace a setter and is to be asked.
+// Calls the setters one by one, because a subclass may have replaced some of them.
 void TargetLocatorConfig::initialize() {
     setDataType(items.dataType.initial);
     setEyePoint(items.eyePoint.initial);

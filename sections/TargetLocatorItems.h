@@ -36,11 +36,11 @@ struct TargetLocatorItems : SettingTable {
         means(L"where the mirror is").in(Unit::Meters)};
     Descriptor<double> mirrorRadius{*this, L"Mirror_Radius", {0.0, 0.0},
         means(L"radius of the mirror").in(Unit::Meters)};
-    Descriptor<std::wstring> horizontalCorrectionTable{*this, L"Horizontal_Content_Distortion", {L""},
-        means(L"pairs of a measured and a corrected horizontal angle, one pair a line").holds(SettingType::AxisTable)
+    Descriptor<Special<SettingType::AxisTable>> horizontalCorrectionTable{*this, L"Horizontal_Content_Distortion", {L""},
+        means(L"pairs of a measured and a corrected horizontal angle, one pair a line")
             .in(Unit::Degrees)};
-    Descriptor<std::wstring> verticalCorrectionTable{*this, L"Vertical_Content_Distortion", {L""},
-        means(L"pairs of a measured and a corrected vertical angle, one pair a line").holds(SettingType::AxisTable)
+    Descriptor<Special<SettingType::AxisTable>> verticalCorrectionTable{*this, L"Vertical_Content_Distortion", {L""},
+        means(L"pairs of a measured and a corrected vertical angle, one pair a line")
             .in(Unit::Degrees)};
     Descriptor<std::wstring> overlapDisplayUnit{*this, L"Overlap_Display_Unit", {L"Percent", L"Percent"},
         means(L"unit in which a user interface shows the overlaps")};

@@ -12,9 +12,9 @@ namespace XMLConfig::detail {
 
 namespace {
 
-/// How many bytes were read, and whether the reader was left with some that make no character. The XML library takes them
-/// for the end of the text. It shows only in what room it has when it asks for more and there is none: less than it had at
-/// first.
+/// Counts the bytes that were read, and tells whether the last of them make no whole character: the XML library takes such
+/// bytes for the end of the text and says nothing. But it keeps them in its buffer, so that it has less room, when it asks
+/// for more bytes and there are none, than when it asked first.
 class EndOfBytes {
 public:
     void asked(XMLSize_t room, XMLSize_t given) {

@@ -13,8 +13,8 @@ namespace XMLConfig::detail {
 
 /// How deep elements may be nested, the root counted.
 inline constexpr int maximumDepth = 1000;
-/// How many attributes an element may have, and how many namespaces may be declared in it and the elements around it: the
-/// XML library takes a time for each that grows with their number.
+/// How many attributes an element may have, and how many namespaces may be declared in it and the elements around it. They
+/// are limited because the XML library needs longer for each one the more of them there are.
 inline constexpr int maximumAttributes = 1000;
 inline constexpr int maximumNamespaces = 1000;
 
@@ -35,7 +35,7 @@ std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 /// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
 /// holds a document type or goes beyond these limits, and FileError when reading fails. `content` becomes that of the file.
 DocumentPointer parseFile(const std::wstring& path, ContentHash& content);
-/// The same of a file's bytes.
+/// Parses a file's bytes, by the same rules.
 DocumentPointer parseBytes(const std::string& bytes);
 
 }  // namespace XMLConfig::detail

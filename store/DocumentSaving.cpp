@@ -37,7 +37,7 @@ void saveCopy(ConfigInfo& document, const std::wstring& path) {
     FileState file = Document::of(document).file;
     const bool dirty = document.isDirty();
     document.save(path);
-    // Where the copy went over the document's own file, that one is known better now.
+    // Where the copy replaced the document's own file, the save has already noted what that file holds now.
     if (!file.isOf(path)) Document::of(document).file = std::move(file);
     document.setDirty(dirty);
 }

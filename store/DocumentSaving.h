@@ -12,7 +12,8 @@ class Document;
 /// Writes the document to a file, all or nothing, and keeps in mind what that file holds now. Throws FileError.
 void saveDocument(Document& document, const std::wstring& path);
 
-/// As ConfigInfo::save, but the document stays one of the file it was of, with the changes it had.
+/// Writes the document to another file, as ConfigInfo::save does, but the document goes on to belong to the file that it
+/// came from, and its dirty flag stays as it was.
 void saveCopy(ConfigInfo& document, const std::wstring& path);
 
 /// Writes the document to a file that must not exist yet, all or nothing; the document stays as it is. False when something

@@ -26,14 +26,14 @@ bool isText(const DOMNode& node) {
     return node.getNodeType() == DOMNode::TEXT_NODE || node.getNodeType() == DOMNode::CDATA_SECTION_NODE;
 }
 
-/// A text's or comment's, whose length the XML library knows.
+/// The characters of a text or a comment; the XML library knows their number.
 std::u16string_view dataOf(const DOMNode& node) {
     const auto& data = static_cast<const xercesc::DOMCharacterData&>(node);
     return {reinterpret_cast<const char16_t*>(data.getData()), data.getLength()};
 }
 
-/// Not 0 where a character may not be written as it is everywhere. Without a branch, so that the compiler takes several
-/// characters at once.
+/// Other than 0 for a character that must be written in another way in some places. It has no branch, so that the
+/// compiler lets one instruction examine several characters.
 constexpr unsigned special(std::uint16_t c) {
     return static_cast<unsigned>(static_cast<std::uint16_t>(c - 0x20U) >= 0x5F) | static_cast<unsigned>(c == '&') |
            static_cast<unsigned>(c == '<') | static_cast<unsigned>(c == '>') | static_cast<unsigned>(c == '"');
@@ -41,7 +41,7 @@ constexpr unsigned special(std::uint16_t c) {
 
 class Writer {
 public:
-    /// Without a sink the text is kept until it is taken.
+    /// A writer without a sink keeps the text until its caller takes it.
     Writer(bool isXml11, int lastIndentedLevel, const ByteSink* sink = nullptr)
         : m_isXml11(isXml11), m_lastIndentedLevel(lastIndentedLevel), m_sink(sink), m_names(sink == nullptr ? 16 : 509) {}
 

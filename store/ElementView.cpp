@@ -87,6 +87,12 @@ ElementView ElementView::firstChild() const {
     return m_element == nullptr ? ElementView() : ElementAccess::view(detail::firstElementIn(*elementOf(*this)));
 }
 
+ElementView ElementView::child(const std::wstring& tag) const {
+    for (const ElementView& element : children())
+        if (element.isNamed(tag)) return element;
+    return {};
+}
+
 ElementView ElementView::next() const {
     return m_element == nullptr ? ElementView() : ElementAccess::view(detail::elementAfter(*elementOf(*this)));
 }

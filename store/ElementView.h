@@ -31,7 +31,7 @@ public:
     bool isNamedLike(const ElementView& other) const;
     /// An attribute's value; nothing where there is no such attribute.
     std::optional<std::wstring> attribute(const std::wstring& attributeName) const;
-    /// All of them, names and values, in the order in which a save writes them.
+    /// All attributes, names and values, in the order in which a save writes them.
     std::vector<std::pair<std::wstring, std::wstring>> attributes() const;
     /// The "ID" attribute's value; "" where there is none.
     std::wstring id() const { return attribute(L"ID").value_or(std::wstring()); }
@@ -42,6 +42,8 @@ public:
 
     /// The first element inside this one.
     ElementView firstChild() const;
+    /// The first element of that tag inside this one.
+    ElementView child(const std::wstring& tag) const;
     /// The next element beside this one.
     ElementView next() const;
     /// The element around this one; the root has none.

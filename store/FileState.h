@@ -24,7 +24,7 @@ public:
     [[nodiscard]] bool isContent(std::uint64_t content) const { return m_stamp && m_content == content; }
     /// Whether the file is gone or holds other bytes than it did. It is read only where its stamp leaves that open.
     [[nodiscard]] bool hasChanged() const;
-    /// The same, but a file that is gone cannot be overwritten.
+    /// Whether the file holds other bytes than it did, so that a save would overwrite them; false for a file that is gone.
     [[nodiscard]] bool hasOtherContent() const;
 
 private:

@@ -7,7 +7,8 @@
 
 namespace XMLConfig::detail {
 
-/// Finds children by name in elements of many children, once it has walked through them. Call it after every change.
+/// Finds children by name in elements that have many, after one walk through them. Whoever changes such an element must
+/// call it afterwards.
 class GroupIndex {
 public:
     /// The first child element of that name; null when there is none.

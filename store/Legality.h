@@ -13,7 +13,7 @@ std::wstring describe(const ItemAddress& address);
 /// Throws CorvaneException for a value or a part of the address with a character that XML 1.0 cannot hold; the message
 /// begins with the prefix and names the section, the key, the character's number and its place.
 void refuseWhatXmlCannotHold(const wchar_t* prefix, const ItemAddress& address, const std::wstring& value);
-/// The same for a section's new identifier.
+/// Throws likewise for a section's new identifier.
 void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, const std::wstring& id);
 /// Throws CorvaneException where the item, with `depthInside` levels in it, would lie deeper than can be read again.
 void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int depthInside);

@@ -39,7 +39,8 @@ void log(const LoggerPtr& logger, const log4cxx::LevelPtr& level, const std::wst
 
 }  // namespace
 
-// Not by way of Logger::getLogger: that looks for files such as log4cxx.properties in the current folder and obeys them.
+// Logger::getLogger is not called, because it looks for files such as log4cxx.properties in the current folder and obeys
+// them.
 LoggerPtr logger(const std::wstring& name) {
     return log4cxx::LogManager::getLoggerRepository()->getLogger(toLogText<log4cxx::LogString>(name));
 }

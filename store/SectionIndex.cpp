@@ -83,7 +83,7 @@ void SectionIndex::changed(const TreeChange& change) {
 Section* SectionIndex::find(const std::wstring& tag, const std::wstring& id) {
     if (m_lastSection != nullptr && tag == m_lastTag) {
         if (id == m_lastID) return m_lastSection;
-        Section* const next = m_lastSection->next;  // and sections are mostly read one after the other
+        Section* const next = m_lastSection->next;  // sections are mostly read one after the other
         if (next != nullptr && next->isFirstOfID && !id.empty() && next->id == id) {
             m_lastID = id;
             return m_lastSection = next;

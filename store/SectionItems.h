@@ -21,26 +21,29 @@ struct KnownItem {
 
 /// What is known of one section's items: which element a key leads to, and the text of those that hold one piece of text.
 /// The texts are copies that lie side by side, for those in the tree are spread over so much memory that a large document
-/// would answer more slowly than a small one. Whoever changes the tree calls it.
+/// would answer more slowly than a small one. Whoever changes the tree must tell this record of it by the calls below.
 class SectionItems {
 public:
     bool isScanned = false;  ///< whether every child element of the section is known
 
-    /// Null where there is none. Good, as what `add` gives, until the next add, remove or clear.
+    /// The item of that number; null where there is none. The pointer, like the reference that `add` gives, is good until
+    /// the next add, remove or clear.
     [[nodiscard]] KnownItem* find(std::size_t number);
-    /// Where the number leads to an element already, the added one is listed among those after it.
+    /// Notes that the number leads to the element. Where it leads to another one already, the new element is listed among
+    /// those that come after that.
     KnownItem& add(std::size_t number, xercesc::DOMElement* element, std::size_t expectedNumbers);
-    /// The number leads nowhere any more.
+    /// Forgets where the number leads.
     void remove(std::size_t number);
-    /// The number leads to the next element that was added for it and still is in `section`, or nowhere.
+    /// Lets the number lead to the next element that was added for it and still is in `section`; where there is none, to
+    /// nothing.
     void removeFirst(std::size_t number, const xercesc::DOMElement& section);
     void clear() noexcept;
-    /// Those that were added after the first; null where there were none.
+    /// The elements that were added for the number after the first; null where there were none.
     [[nodiscard]] Namesakes* after(std::size_t number);
 
     /// The item's text where it is known, else nothing; good until any text is remembered or forgotten.
     [[nodiscard]] std::u16string_view text(const KnownItem& item) const;
-    /// The text of an item that holds nothing else. Long ones are not kept.
+    /// Keeps a copy of the text of an item that holds nothing else, unless the text is long.
     void rememberText(KnownItem& item, std::u16string_view text);
     void forgetText(KnownItem& item);
     void forgetTexts();

@@ -32,9 +32,9 @@ struct Section {
 class SectionTag {
 public:
     [[nodiscard]] Section* first() const { return m_first; }
-    /// The first of that ID.
+    /// The first section of that ID; null when there is none.
     [[nodiscard]] Section* find(const std::wstring& id) const;
-    /// The next one of the same ID; null after the last.
+    /// The next section of the same ID; null after the last.
     [[nodiscard]] Section* nextOfID(const Section& section) const;
     [[nodiscard]] Section& of(const xercesc::DOMElement* element) { return m_sections.at(element); }
     [[nodiscard]] std::size_t count() const { return m_sections.size(); }
@@ -42,7 +42,7 @@ public:
     void append(xercesc::DOMElement* element, std::uint64_t order);
     void remove(Section& section);
     void rename(Section& section, const std::wstring& newID);
-    /// `later` is the next one.
+    /// Lets two neighbours change places; `later` is the section that follows `earlier`.
     void swap(Section& earlier, Section& later);
 
     struct Key {
@@ -54,9 +54,9 @@ public:
     /// Null where none of the sections was asked for that key or has it.
     [[nodiscard]] const Key* findKey(const std::wstring& key) const;
     std::size_t numberOf(const std::wstring& key);
-    /// That of a key of several parts.
+    /// The number of a key of several parts.
     std::size_t numberOfNested(const std::wstring& key);
-    /// That of a child's name, which must be the document's own copy of it.
+    /// The number of a child's name, which must be the document's own copy of that name.
     std::size_t numberOfName(const XMLCh* name);
     [[nodiscard]] std::size_t countNumbers() const { return m_keys.size(); }
     /// Those that begin with that key and have more parts; null where there are none.

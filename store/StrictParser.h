@@ -15,13 +15,13 @@ class StrictParser : public xercesc::DOMLSParserImpl {
 public:
     StrictParser();
 
-    /// What it gives has a document element.
+    /// Parses a whole document, which has a document element.
     DocumentPointer parseDocument(const xercesc::InputSource& source);
     /// Throws a ParseFailure whose place is the end of what was parsed last.
     [[noreturn]] void refuseEnd(const wchar_t* reason) const;
     /// How many levels of elements were met since this was forgotten.
     [[nodiscard]] int levels() const { return m_levels; }
-    /// How many namespaces were declared at most in one of them and those around it.
+    /// How many namespaces were declared at most in one element and those around it.
     [[nodiscard]] int namespaces() const { return m_namespaces.most(); }
     void forgetLevels();
     /// Whether nothing that matters to another text is left of those that were read. The library forgets neither the

@@ -59,8 +59,8 @@ public:
     /// Counts a node that is no part of the tree, and everything in it, as waste.
     void discard(const xercesc::DOMNode& node) noexcept;
     void countWaste(std::size_t bytes) noexcept { m_waste += bytes; }
-    /// Copies the tree when there is much waste. True when it did: no pointer into the tree is good then. Where memory is
-    /// short it does without.
+    /// Copies the tree when there is much waste, unless memory is short. True when it did: no pointer into the tree is good
+    /// then.
     bool shedWaste() noexcept;
 
 private:

@@ -76,7 +76,7 @@ std::wstring changesText(const std::vector<Change>& changes, const Showing& show
     for (const Change& change : changes)
         rows.push_back({markOf(change, isColoured) + L" " + showing.address(change.address, change.place),
                         whatHappened(change, showing)});
-    return tableText(rows, L"") + counted(static_cast<long long>(changes.size()), L"change") + counts +
+    return tableText(rows, L"") + counted(changes.size(), L"change") + counts +
            (isDryRun ? L" (dry run, nothing written)\n" : L"\n");
 }
 

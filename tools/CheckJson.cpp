@@ -1,17 +1,14 @@
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "platform/Utf8.h"
 #include "tools/CheckText.h"
+#include "tools/Json.h"
 
 namespace tool {
 namespace {
 
 using XMLConfig::Finding;
 using XMLConfig::Severity;
-using Json = nlohmann::ordered_json;
-
-Json text(const std::wstring& wide) { return XMLConfig::utf8FromWide(wide); }
 
 Json numberOrNull(const std::optional<unsigned long long>& line) { return line ? Json(*line) : Json(nullptr); }
 
@@ -19,8 +16,9 @@ Json placesOf(const CheckedFile::Place& place) {
     Json places = Json::array();
     for (std::size_t i = 0; i < place.finding.places.size(); ++i) {
         const XMLConfig::FindingPlace& other = place.finding.places[i];
-        places.push_back(
-            {{"address", text(other.address)}, {"line", numberOrNull(place.otherLines[i])}, {"text", text(other.text)}});
+        places.push_back({{"address", jsonText(other.address)},
+                          {"line", numberOrNull(place.otherLines[i])},
+                          {"text", jsonText(other.text)}});
     }
     return places;
 }
@@ -29,27 +27,27 @@ Json mendOf(const Finding& finding, const std::string& file) {
     Json commands = Json::array();
     for (const std::vector<std::wstring>& command : finding.mend.commands) {
         Json words = Json::array();
-        for (const std::wstring& word : command) words.push_back(word == L"FILE" ? Json(file) : text(word));
+        for (const std::wstring& word : command) words.push_back(word == L"FILE" ? Json(file) : jsonText(word));
         commands.push_back(words);
     }
-    return {{"safety", text(nameOf(finding.mend.safety))}, {"commands", commands}};
+    return {{"safety", jsonText(nameOf(finding.mend.safety))}, {"commands", commands}};
 }
 
 Json jsonOf(const CheckedFile::Place& place, const std::string& file) {
     const Finding& finding = place.finding;
-    return {{"rule", text(finding.rule)},
-            {"name", text(finding.name)},
-            {"severity", text(nameOf(finding.severity))},
-            {"address", text(finding.address)},
-            {"device", finding.device.empty() ? Json(nullptr) : text(finding.device)},
+    return {{"rule", jsonText(finding.rule)},
+            {"name", jsonText(finding.name)},
+            {"severity", jsonText(nameOf(finding.severity))},
+            {"address", jsonText(finding.address)},
+            {"device", finding.device.empty() ? Json(nullptr) : jsonText(finding.device)},
             {"line", numberOrNull(place.line)},
-            {"message", text(messageOf(place))},
+            {"message", jsonText(messageOf(place))},
             {"places", placesOf(place)},
             {"mend", mendOf(finding, file)}};
 }
 
 Json jsonOf(const CheckedFile& checked) {
-    if (!checked.fault.empty()) return {{"file", checked.file}, {"fault", text(checked.fault)}};
+    if (!checked.fault.empty()) return {{"file", checked.file}, {"fault", jsonText(checked.fault)}};
     Json json = {{"file", checked.file},
                  {"version", checked.version},
                  {"errors", checked.count(Severity::Error)},

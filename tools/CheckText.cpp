@@ -93,7 +93,7 @@ private:
 
     [[nodiscard]] std::wstring countLine() const {
         const auto number = [this](Severity severity, const wchar_t* noun) {
-            return counted(static_cast<long long>(m_checked.count(severity)), noun);
+            return counted(m_checked.count(severity), noun);
         };
         const std::wstring text = m_file + L": " + number(Severity::Error, L"error") + L", " +
                                   number(Severity::Warning, L"warning") + L", " + number(Severity::Note, L"note");

@@ -3,9 +3,9 @@
 #include "manager/Catalogue.h"
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
+#include "platform/Words.h"
 #include "tools/DescribeJson.h"
 #include "tools/Json.h"
-#include "tools/Letters.h"
 #include "tools/Output.h"
 #include "tools/RuleText.h"
 #include "tools/Suggestion.h"
@@ -18,6 +18,7 @@ namespace {
 using XMLConfig::Setting;
 using XMLConfig::SettingClass;
 using XMLConfig::SettingType;
+using XMLConfig::detail::lowerAscii;
 
 bool isWord(const std::wstring& text, const Setting& setting) {
     return std::find(setting.words.begin(), setting.words.end(), text) != setting.words.end();
@@ -66,13 +67,13 @@ void printDetails(const Setting& setting) {
     printField(L"  access", setting.readOnly ? L"only read by the library" : L"");
 }
 
-/// Those whose address or meaning holds the word, whatever the case of its letters.
+/// The settings whose address or meaning holds the word, whatever the case of its letters.
 std::vector<Setting> settingsAbout(const std::wstring& word) {
-    const std::wstring wanted = lowerCase(word);
+    const std::wstring wanted = lowerAscii(word);
     std::vector<Setting> found;
     for (const Setting& setting : XMLConfig::catalogue()) {
-        const bool isFound = lowerCase(addressOf(setting)).find(wanted) != std::wstring::npos ||
-                             lowerCase(setting.meaning).find(wanted) != std::wstring::npos;
+        const bool isFound = lowerAscii(addressOf(setting)).find(wanted) != std::wstring::npos ||
+                             lowerAscii(setting.meaning).find(wanted) != std::wstring::npos;
         if (isFound) found.push_back(setting);
     }
     return found;

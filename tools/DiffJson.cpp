@@ -1,8 +1,8 @@
-#include <nlohmann/json.hpp>
 
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "tools/DiffText.h"
+#include "tools/Json.h"
 #include "tools/Showing.h"
 
 namespace tool {
@@ -11,41 +11,37 @@ namespace {
 using XMLConfig::Difference;
 using XMLConfig::LoneDevice;
 using XMLConfig::SettingDifference;
-using Json = nlohmann::ordered_json;
-
-Json text(const std::wstring& wide) { return XMLConfig::utf8FromWide(wide); }
-Json text(const std::optional<std::wstring>& wide) { return wide ? text(*wide) : Json(nullptr); }
 
 Json texts(const std::vector<std::wstring>& list) {
     Json json = Json::array();
-    for (const std::wstring& item : list) json.push_back(text(item));
+    for (const std::wstring& item : list) json.push_back(jsonText(item));
     return json;
 }
 
 Json devices(const std::vector<LoneDevice>& list) {
     Json json = Json::array();
     for (const LoneDevice& device : list)
-        json.push_back({{"section", text(device.section)},
-                        {"id", text(device.id)},
-                        {"name", text(device.name)},
+        json.push_back({{"section", jsonText(device.section)},
+                        {"id", jsonText(device.id)},
+                        {"name", jsonText(device.name)},
                         {"settings", device.settings}});
     return json;
 }
 
 Json plain(const SettingDifference& difference) {
-    return {{"address", text(difference.address)}, {"old", text(difference.old)}, {"new", text(difference.now)}};
+    return {{"address", jsonText(difference.address)}, {"old", jsonText(difference.old)}, {"new", jsonText(difference.now)}};
 }
 
 Json changes(const std::vector<SettingDifference>& list, const Showing& old, const Showing& now) {
     Json json = Json::array();
     for (const SettingDifference& difference : list) {
         const XMLConfig::Setting* const setting = difference.inSnippet ? nullptr : XMLConfig::knownSetting(difference.place);
-        Json change = {{"address", text(difference.address)},
-                       {"device", text(difference.device)},
-                       {"old", text(difference.old)},
-                       {"new", text(difference.now)}};
-        change["oldText"] = difference.old ? text(old.value(*difference.old, setting)) : Json(nullptr);
-        change["newText"] = difference.now ? text(now.value(*difference.now, setting)) : Json(nullptr);
+        Json change = {{"address", jsonText(difference.address)},
+                       {"device", jsonText(difference.device)},
+                       {"old", jsonText(difference.old)},
+                       {"new", jsonText(difference.now)}};
+        change["oldText"] = difference.old ? jsonText(old.value(*difference.old, setting)) : Json(nullptr);
+        change["newText"] = difference.now ? jsonText(now.value(*difference.now, setting)) : Json(nullptr);
         json.push_back(change);
     }
     return json;
@@ -55,7 +51,7 @@ Json plainList(const std::vector<SettingDifference>& list, bool withReason) {
     Json json = Json::array();
     for (const SettingDifference& difference : list) {
         json.push_back(plain(difference));
-        if (withReason) json.back()["why"] = text(difference.why);
+        if (withReason) json.back()["why"] = jsonText(difference.why);
     }
     return json;
 }
@@ -63,18 +59,18 @@ Json plainList(const std::vector<SettingDifference>& list, bool withReason) {
 Json renamed(const Difference& difference) {
     Json json = Json::array();
     for (const XMLConfig::RenamedDevice& device : difference.renamed)
-        json.push_back({{"section", text(device.section)},
-                        {"name", text(device.name)},
-                        {"old", text(device.oldID)},
-                        {"new", text(device.newID)},
-                        {"by", text(device.by)}});
+        json.push_back({{"section", jsonText(device.section)},
+                        {"name", jsonText(device.name)},
+                        {"old", jsonText(device.oldID)},
+                        {"new", jsonText(device.newID)},
+                        {"by", jsonText(device.by)}});
     return json;
 }
 
 Json orders(const Difference& difference) {
     Json json = Json::array();
     for (const XMLConfig::OrderDifference& order : difference.order)
-        json.push_back({{"section", text(order.section)}, {"old", texts(order.old)}, {"new", texts(order.now)}});
+        json.push_back({{"section", jsonText(order.section)}, {"old", texts(order.old)}, {"new", texts(order.now)}});
     return json;
 }
 

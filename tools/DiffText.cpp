@@ -16,12 +16,7 @@ using XMLConfig::LoneDevice;
 using XMLConfig::OrderDifference;
 using XMLConfig::RenamedDevice;
 using XMLConfig::SettingDifference;
-
-std::wstring joined(const std::vector<std::wstring>& names) {
-    std::wstring list;
-    for (const std::wstring& name : names) list += (list.empty() ? L"" : L", ") + name;
-    return list;
-}
+using XMLConfig::detail::joined;
 
 std::wstring reasonOf(const RenamedDevice& device) {
     if (device.by == L"OldSectionID") return L"its OldSectionID says so";
@@ -32,7 +27,7 @@ std::wstring reasonOf(const RenamedDevice& device) {
 /// "projectors" for "Projector".
 std::wstring pluralOf(const std::wstring& section) {
     std::wstring plural = section + L"s";
-    if (plural[0] >= L'A' && plural[0] <= L'Z') plural[0] = static_cast<wchar_t>(plural[0] - L'A' + L'a');
+    plural[0] = XMLConfig::detail::lowerAscii(plural[0]);
     return plural;
 }
 

@@ -17,7 +17,7 @@ using Key = std::tuple<std::wstring, std::wstring, std::wstring>;
 
 Key keyOf(const Finding& finding) { return {finding.rule, finding.address, finding.message}; }
 
-/// Those of `findings` that `others` lack; a finding that is there twice must be there twice in both.
+/// The findings that `others` lacks; one that `findings` holds twice counts as lacking unless `others` holds it twice, too.
 std::vector<Finding> without(const std::vector<Finding>& findings, const std::vector<Finding>& others) {
     std::multiset<Key> known;
     for (const Finding& other : others) known.insert(keyOf(other));
@@ -58,7 +58,7 @@ FindingChange compareFindings(const std::vector<Finding>& before, const std::vec
 }
 
 std::wstring findingCounts(const FindingChange& change) {
-    std::wstring text = L", " + counted(static_cast<long long>(change.fresh.size()), L"new finding");
+    std::wstring text = L", " + counted(change.fresh.size(), L"new finding");
     if (change.solved.empty()) return text;
     std::set<std::wstring> rules;
     for (const Finding& finding : change.solved) rules.insert(finding.rule);

@@ -25,7 +25,7 @@ FindingChange compareFindings(const std::vector<XMLConfig::Finding>& before, con
 
 /// ", 1 new finding, 2 solved (XC408, XC901)".
 std::wstring findingCounts(const FindingChange& change);
-/// A line each.
+/// One line for each finding.
 std::wstring findingLines(const std::vector<XMLConfig::Finding>& findings, const Showing& showing, bool isColoured);
 /// An array with rule, name, severity, address and message of each.
 Json jsonOf(const std::vector<XMLConfig::Finding>& findings);

@@ -64,7 +64,7 @@ void addAnswers(std::vector<Answer>& answers, const ConfigInfo& document, const 
         answers.push_back(std::move(answer));
         return;
     }
-    for (const StoredText& text : storedTexts(answer.element, place)) {
+    for (const AddressedText& text : textsAt(answer.element, place)) {
         if (text.inSnippet) answers.push_back({text.address, text.place, nullptr, text.element, text.text, std::nullopt});
         else answers.push_back(answerAt(document, text.place));
     }

@@ -1,6 +1,6 @@
-#include <nlohmann/json.hpp>
 
 #include "platform/Utf8.h"
+#include "tools/Json.h"
 #include "tools/LayoutText.h"
 
 namespace tool {
@@ -12,9 +12,6 @@ using XMLConfig::EdgeValues;
 using XMLConfig::ImageEdge;
 using XMLConfig::Layout;
 using XMLConfig::Overlap;
-using Json = nlohmann::ordered_json;
-
-Json text(const std::wstring& wide) { return XMLConfig::utf8FromWide(wide); }
 
 /// As stored, but for the rounding of the unit; what is no number is null.
 Json degrees(double radians, int decimals = 9) {
@@ -34,8 +31,8 @@ Json blends(const EdgeValues& values) {
 
 Json jsonOf(const Channel& channel, std::size_t number) {
     Json json = {{"number", number},
-                 {"id", text(channel.id)},
-                 {"name", text(channel.name)},
+                 {"id", jsonText(channel.id)},
+                 {"name", jsonText(channel.name)},
                  {"yaw", degrees(channel.yaw)},
                  {"pitch", degrees(channel.pitch)},
                  {"roll", degrees(channel.roll)},
@@ -47,9 +44,9 @@ Json jsonOf(const Channel& channel, std::size_t number) {
     json["span"] = isUsable ? Json{{"yaw", span(channel.yawSpan)}, {"pitch", span(channel.pitchSpan)}} : Json(nullptr);
     json["blend"] = blends(channel.blends);
     json["cameras"] = Json::array();
-    for (const std::wstring& camera : channel.cameras) json["cameras"].push_back(text(camera));
+    for (const std::wstring& camera : channel.cameras) json["cameras"].push_back(jsonText(camera));
     json["offScreen"] = channel.offScreen ? percent(*channel.offScreen) : Json(nullptr);
-    json["fault"] = isUsable ? Json(nullptr) : text(faultOf(channel, Units()));
+    json["fault"] = isUsable ? Json(nullptr) : jsonText(faultOf(channel, Units()));
     return json;
 }
 
@@ -58,7 +55,7 @@ const char* nameOf(ImageEdge edge) {
 }
 
 Json jsonOf(const Channel& channel, const Overlap& overlap) {
-    return {{"id", text(channel.id)},
+    return {{"id", jsonText(channel.id)},
             {"edge", overlap.isWhole() ? "all" : nameOf(overlap.edge)},
             {"middle", percent(overlap.middle)},
             {"least", percent(overlap.least)},
@@ -73,7 +70,7 @@ Json overlaps(const Layout& layout) {
     for (const XMLConfig::ChannelPair& pair : layout.pairs) {
         const Channel& first = layout.channels[pair.first];
         const Channel& second = layout.channels[pair.second];
-        json.push_back({{"projectors", {text(first.id), text(second.id)}},
+        json.push_back({{"projectors", {jsonText(first.id), jsonText(second.id)}},
                         {"of", {jsonOf(first, pair.ofFirst), jsonOf(second, pair.ofSecond)}}});
     }
     return json;
@@ -83,8 +80,9 @@ Json gaps(const Layout& layout) {
     Json json = Json::array();
     for (const XMLConfig::ChannelRow& row : layout.rows)
         for (const XMLConfig::ChannelGap& gap : row.gaps)
-            json.push_back({{"projectors", {text(layout.channels[gap.left].id), text(layout.channels[gap.right].id)}},
-                            {"width", degrees(gap.width, 6)}});
+            json.push_back(
+                {{"projectors", {jsonText(layout.channels[gap.left].id), jsonText(layout.channels[gap.right].id)}},
+                 {"width", degrees(gap.width, 6)}});
     return json;
 }
 

@@ -45,7 +45,8 @@ Path unrolled(const Directions& directions, double firstYaw) {
     return path;
 }
 
-/// One that goes round the zenith or the nadir: from the left edge of the picture to the right one, and along the pole.
+/// Draws a curve that goes round the zenith or the nadir: from the left edge of the picture to the right one, and along the
+/// pole.
 Path aroundPole(Path path) {
     long heights = 0;
     for (Point& point : path) {

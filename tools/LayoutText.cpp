@@ -15,6 +15,7 @@ using XMLConfig::EdgeValues;
 using XMLConfig::ImageEdge;
 using XMLConfig::Layout;
 using XMLConfig::Overlap;
+using XMLConfig::detail::joined;
 using Rows = std::vector<std::vector<std::wstring>>;
 
 constexpr double blendTolerance = 2.0;  // percent
@@ -22,12 +23,6 @@ constexpr double blendTolerance = 2.0;  // percent
 std::wstring titled(const std::wstring& title, const std::wstring& text) {
     constexpr std::size_t width = 12;
     return title + std::wstring(width - title.size(), L' ') + text + L"\n";
-}
-
-std::wstring joined(const std::vector<std::wstring>& parts, const wchar_t* separator) {
-    std::wstring text;
-    for (const std::wstring& part : parts) text += (text.empty() ? L"" : separator) + part;
-    return text;
 }
 
 bool isNear(const Point_3Dim<double>& a, const Point_3Dim<double>& b) {

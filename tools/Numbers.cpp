@@ -1,8 +1,10 @@
 #include "tools/Numbers.h"
 
 #include <fmt/format.h>
+#include <charconv>
 #include <cmath>
 
+#include "manager/Origin.h"
 #include "platform/Utf8.h"
 #include "sections/SystemConfig.h"
 
@@ -38,8 +40,12 @@ std::wstring shownVersion(double version) {
     return digits.find(L'.') == std::wstring::npos ? digits + L".0" : digits;
 }
 
-std::wstring counted(long long count, const std::wstring& noun) {
-    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
+double numberRead(const std::wstring& stored) {
+    const std::optional<std::wstring> read = XMLConfig::textAsRead(stored, XMLConfig::SettingType::Double);
+    const std::string text = XMLConfig::utf8FromWide(read.value_or(L""));
+    double number = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
 }
 
 Units::Units(const ConfigInfo& document) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/UnitConversionTable.h"
+#include "platform/Words.h"
 
 class ConfigInfo;
 
@@ -18,8 +19,10 @@ std::wstring percentText(double share);
 
 /// A file version with one decimal at least: 9.0, 2.005.
 std::wstring shownVersion(double version);
-/// "1 change", "2 changes"
-std::wstring counted(long long count, const std::wstring& noun);
+using XMLConfig::detail::counted;
+
+/// The number that the application reads of a stored text.
+double numberRead(const std::wstring& stored);
 
 /// The units that a document wants its angles and lengths shown in.
 class Units {

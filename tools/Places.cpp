@@ -6,6 +6,7 @@
 
 #include "manager/Selector.h"
 #include "manager/SettingSearch.h"
+#include "platform/Words.h"
 #include "tools/Output.h"
 #include "tools/Showing.h"
 
@@ -14,12 +15,6 @@ namespace {
 
 using XMLConfig::Address;
 using XMLConfig::ElementView;
-
-std::wstring withoutOuterBlanks(const std::wstring& text) {
-    const wchar_t* const blanks = L" \t\n\r";
-    const std::size_t first = text.find_first_not_of(blanks);
-    return first == std::wstring::npos ? std::wstring() : text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 /// The place of an element inside the one at `above`.
 Address below(const Address& above, const ElementView& element) {
@@ -46,14 +41,14 @@ public:
             add({addressText(place), place, item, item.text(), setting, false});
         }
     }
-    std::vector<StoredText> take() { return std::move(m_texts); }
+    std::vector<AddressedText> take() { return std::move(m_texts); }
 
 private:
     void addSnippet(const ElementView& element, const Address& place, const std::wstring& address) {
         for (const auto& [name, value] : element.attributes())
             add({address + L"@" + name, place, element, value, nullptr, true});
         if (!element.firstChild()) {
-            add({address, place, element, withoutOuterBlanks(element.text()), nullptr, true});
+            add({address, place, element, XMLConfig::detail::withoutOuterBlanks(element.text()), nullptr, true});
             return;
         }
         std::map<std::wstring, int> met;
@@ -62,11 +57,11 @@ private:
             addSnippet(part, place, address + L"/" + part.name() + (number == 1 ? L"" : L"#" + std::to_wstring(number)));
         }
     }
-    void add(StoredText text) {
+    void add(AddressedText text) {
         if (m_met.insert(text.address).second) m_texts.push_back(std::move(text));
     }
 
-    std::vector<StoredText> m_texts;
+    std::vector<AddressedText> m_texts;
     std::unordered_set<std::wstring> m_met;
 };
 
@@ -87,13 +82,13 @@ std::vector<Address> placesOf(const ConfigInfo& document, const Address& operand
                   list + L"; " + operand.section + L"[*] means all");
 }
 
-std::vector<StoredText> storedTexts(const ElementView& element, const Address& place) {
+std::vector<AddressedText> textsAt(const ElementView& element, const Address& place) {
     Gathering gathering;
     gathering.addItem(element, place);
     return gathering.take();
 }
 
-std::vector<StoredText> storedTexts(const ConfigInfo& document) {
+std::vector<AddressedText> textsOf(const ConfigInfo& document) {
     Gathering gathering;
     for (const ElementView& section : XMLConfig::rootElement(document).children())
         if (!XMLConfig::isHeaderElement(section.name()))

@@ -25,13 +25,14 @@ std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,
 /// which is said on standard error. Throws Unreadable for everything else.
 std::unique_ptr<ConfigInfo> readDocument(const std::string& file);
-/// The same of any release, newer ones as they are; nothing is said.
+/// A document of any release: an older one is brought up to date in memory, a newer one stays as it is, and nothing is
+/// printed.
 struct ReadForCheck {
     std::unique_ptr<ConfigInfo> document;
     std::optional<double> storedVersion;  ///< where it was brought up to date
 };
 ReadForCheck readForCheck(const std::string& file);
-/// The same as it stands, of whatever release up to the latest.
+/// The document as it stands in the file, of whatever release up to the latest.
 std::unique_ptr<ConfigInfo> readDocumentAsStored(const std::string& file);
 
 }  // namespace tool

@@ -1,11 +1,12 @@
 #include "tools/RuleText.h"
 
-#include "tools/Letters.h"
+#include "platform/Words.h"
 
 namespace tool {
 namespace {
 
 using XMLConfig::CheckRule;
+using XMLConfig::detail::lowerAscii;
 
 std::wstring field(const std::wstring& label, const std::wstring& text) {
     constexpr std::size_t width = 14;
@@ -14,14 +15,14 @@ std::wstring field(const std::wstring& label, const std::wstring& text) {
 
 }  // namespace
 
-const CheckRule* ruleNamed(const std::wstring& id) { return XMLConfig::findRule(upperCase(id)); }
+const CheckRule* ruleNamed(const std::wstring& id) { return XMLConfig::findRule(XMLConfig::detail::upperAscii(id)); }
 
 Rules rulesAbout(const std::wstring& word) {
-    const std::wstring wanted = lowerCase(word);
+    const std::wstring wanted = lowerAscii(word);
     Rules rules;
     for (const CheckRule& rule : XMLConfig::checkRules())
         for (const wchar_t* const text : {rule.name, rule.meaning, rule.condition}) {
-            if (lowerCase(text).find(wanted) == std::wstring::npos) continue;
+            if (lowerAscii(text).find(wanted) == std::wstring::npos) continue;
             rules.push_back(&rule);
             break;
         }

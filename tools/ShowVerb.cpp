@@ -42,19 +42,19 @@ private:
         m_status = Refused;
     }
 
-    /// Those at and below the operands, or all.
-    [[nodiscard]] std::vector<StoredText> texts() const {
-        if (m_request.operands.empty()) return storedTexts(*m_document);
-        std::vector<StoredText> all;
+    /// The texts at and below the operands; all texts of the document where there are no operands.
+    [[nodiscard]] std::vector<AddressedText> texts() const {
+        if (m_request.operands.empty()) return textsOf(*m_document);
+        std::vector<AddressedText> all;
         for (const Address& place : m_places)
-            for (StoredText& text : storedTexts(XMLConfig::findElement(*m_document, place), place))
+            for (AddressedText& text : textsAt(XMLConfig::findElement(*m_document, place), place))
                 all.push_back(std::move(text));
         return all;
     }
 
     [[nodiscard]] std::wstring lines() const {
         std::wstring lines;
-        for (const StoredText& text : texts()) lines += escaped(text.address + L"=" + text.text) + L"\n";
+        for (const AddressedText& text : texts()) lines += escaped(text.address + L"=" + text.text) + L"\n";
         return lines;
     }
 
@@ -93,7 +93,7 @@ private:
 
     [[nodiscard]] Json sections(const XMLConfig::FilePlaces* places) const {
         Json list = Json::array();
-        for (const StoredText& text : texts()) {
+        for (const AddressedText& text : texts()) {
             const auto place = places == nullptr ? std::nullopt : places->find(text.element);
             list.push_back(
                 {{"address", jsonText(text.address)},

@@ -1,6 +1,5 @@
 #include "tools/Showing.h"
 
-#include <charconv>
 #include <set>
 
 #include "manager/Origin.h"
@@ -18,24 +17,6 @@ using XMLConfig::ElementView;
 using XMLConfig::Setting;
 using XMLConfig::SettingType;
 using XMLConfig::Unit;
-
-std::wstring nameOf(const ElementView& device) {
-    for (const ElementView& child : device.children())
-        if (child.isNamed(L"Name")) return child.text();
-    return {};
-}
-
-bool namesCameras(const Setting& setting) {
-    return setting.type == SettingType::CameraIDs || setting.key.find(L"Associated_Camera_Id_") == 0;
-}
-
-/// As the application reads it.
-double numberOf(const std::wstring& token) {
-    const std::string text = XMLConfig::utf8FromWide(XMLConfig::textAsRead(token, SettingType::Double).value_or(L""));
-    double number = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
 
 /// Runs of white space as one blank, none at the ends.
 std::wstring inOneLine(const std::wstring& text) {
@@ -57,7 +38,7 @@ Showing::Showing(const ConfigInfo& document) : m_units(document) {
         if (!XMLConfig::isDeviceSection(section)) continue;
         std::map<std::wstring, std::set<std::wstring>> idsByName;
         for (const ElementView& device : XMLConfig::sectionElements(document, section))
-            idsByName[nameOf(device)].insert(device.id());
+            idsByName[device.child(L"Name").text()].insert(device.id());
         for (const auto& [name, ids] : idsByName)
             if (!name.empty() && ids.size() == 1) m_names[{section, *ids.begin()}] = name;
     }
@@ -83,7 +64,7 @@ std::wstring Showing::value(const std::wstring& stored, const Setting* setting) 
     if (!isNumbers(setting->type)) return inOneLine(stored);
     std::wstring shown;
     for (const std::wstring& token : XMLConfig::detail::tokensOf(stored))
-        shown += (shown.empty() ? L"" : L", ") + number(numberOf(token), setting->unit);
+        shown += (shown.empty() ? L"" : L", ") + number(numberRead(token), setting->unit);
     return shown;
 }
 

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
-#include "tools/Letters.h"
+#include "platform/Words.h"
 
 namespace tool {
 namespace {
+
+using XMLConfig::detail::lowerAscii;
 
 /// How many characters must be put in, taken out or replaced to make one of the other.
 std::size_t distance(const std::wstring& from, const std::wstring& to) {
@@ -30,7 +32,7 @@ std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring
     const std::wstring* nearest = nullptr;
     std::size_t least = std::max<std::size_t>(text.size() / 3, 2) + 1;
     for (const std::wstring& name : names) {
-        const std::size_t steps = distance(lowerCase(text), lowerCase(name));
+        const std::size_t steps = distance(lowerAscii(text), lowerAscii(name));
         if (steps >= least || steps >= name.size()) continue;
         least = steps;
         nearest = &name;

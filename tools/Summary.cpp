@@ -16,19 +16,13 @@ namespace {
 
 using XMLConfig::ElementView;
 
-ElementView childOf(const ElementView& element, const wchar_t* tag) {
-    for (const ElementView& child : element.children())
-        if (child.isNamed(tag)) return child;
-    return {};
-}
-
-std::wstring textOf(const ElementView& element, const wchar_t* tag) { return childOf(element, tag).text(); }
+std::wstring textOf(const ElementView& element, const wchar_t* tag) { return element.child(tag).text(); }
 
 /// What the device snippet of a section holds.
-ElementView deviceOf(const ElementView& section) { return childOf(section, L"DeviceSnippet").firstChild(); }
+ElementView deviceOf(const ElementView& section) { return section.child(L"DeviceSnippet").firstChild(); }
 
 Summary::Connection connectionOf(const ElementView& device) {
-    const ElementView connection = childOf(device, L"connection");
+    const ElementView connection = device.child(L"connection");
     return {connection.attribute(L"type").value_or(L""), textOf(connection, L"address"), textOf(connection, L"port"),
             textOf(connection, L"baud")};
 }

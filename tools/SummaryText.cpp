@@ -18,7 +18,7 @@ std::wstring fileText(const Summary& summary, const std::wstring& file) {
 }
 
 std::wstring checkText(const Summary& summary, const std::wstring& file) {
-    const auto text = [](std::size_t count, const wchar_t* noun) { return counted(static_cast<long long>(count), noun); };
+    const auto text = [](std::size_t count, const wchar_t* noun) { return counted(count, noun); };
     return L"Check       " + text(summary.errors, L"error") + L", " + text(summary.warnings, L"warning") + L", " +
            text(summary.notes, L"note") + L" (xmlconfig check " + file + L")\n";
 }

@@ -8,7 +8,7 @@
 namespace tool {
 namespace {
 
-/// Without escape sequences: from the escape character to the letter that ends each.
+/// The text without its escape sequences, each of which goes from the escape character to the next letter.
 std::string visible(const std::string& text) {
     std::string kept;
     bool isEscaped = false;

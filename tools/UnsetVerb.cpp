@@ -15,7 +15,7 @@ using XMLConfig::Address;
     throw Refusal(XMLConfig::addressText(place) + L": " + fault);
 }
 
-/// What is removed as a whole and holds the place: its section's child.
+/// The element that is removed as a whole because it holds the place: a child of its section.
 Address wholeOf(Address place) {
     if (!place.subSection.empty()) place.key.clear();
     else place.key = place.key.substr(0, place.key.find(L'|'));
@@ -37,7 +37,7 @@ void unset(ConfigInfo& document, const Address& place, std::vector<Change>& chan
     const XMLConfig::Setting* const setting = XMLConfig::knownSetting(place);
     const bool isOne = setting != nullptr && setting->type == XMLConfig::SettingType::Element;
     if (isOne) gone.push_back(beginChange(document, place));
-    for (const StoredText& text : storedTexts(XMLConfig::findElement(document, place), place))
+    for (const AddressedText& text : textsAt(XMLConfig::findElement(document, place), place))
         if (!isOne) gone.push_back(beginChange(document, text.place));
     remove(document, place);
     for (Change& change : gone) {

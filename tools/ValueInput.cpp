@@ -57,11 +57,7 @@ std::wstring withoutUnit(const std::wstring& token, Unit unit) {
 
 std::vector<double> numbersIn(const std::wstring& stored) {
     std::vector<double> numbers;
-    for (const std::wstring& token : XMLConfig::detail::tokensOf(stored)) {
-        const std::string text = XMLConfig::utf8FromWide(XMLConfig::textAsRead(token, SettingType::Double).value_or(L""));
-        numbers.push_back(0.0);
-        std::from_chars(text.data(), text.data() + text.size(), numbers.back());
-    }
+    for (const std::wstring& token : XMLConfig::detail::tokensOf(stored)) numbers.push_back(numberRead(token));
     return numbers;
 }
 
@@ -72,9 +68,8 @@ std::wstring countsAs(const Setting& setting) {
 std::optional<ValueFault> wordFault(const std::wstring& stored, const Setting& setting) {
     const std::vector<std::wstring>& words = setting.words;
     if (words.empty() || std::find(words.begin(), words.end(), stored) != words.end()) return std::nullopt;
-    std::wstring list;
-    for (const std::wstring& word : words) list += (list.empty() ? L"" : L", ") + word;
-    return ValueFault{L"\"" + stored + L"\" is none of " + list + countsAs(setting) + L" (XC109)"};
+    return ValueFault{L"\"" + stored + L"\" is none of " + XMLConfig::detail::joined(words) + countsAs(setting) +
+                      L" (XC109)"};
 }
 
 std::optional<ValueFault> numberFault(double number, const Setting& setting) {
@@ -101,11 +96,6 @@ std::optional<ValueFault> rangeFault(double number, const Setting& setting) {
 }
 
 }  // namespace
-
-bool isNumbers(SettingType type) {
-    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
-           type == SettingType::Point2 || type == SettingType::Point3;
-}
 
 std::wstring storedForm(const std::wstring& written, const Setting& setting) {
     if (!isNumbers(setting.type)) return written;

@@ -8,9 +8,6 @@
 /// Values as people write them, and what is wrong with them.
 namespace tool {
 
-/// Whether a stored text of the type is one number or several.
-bool isNumbers(XMLConfig::SettingType type);
-
 /// The text to store for what was written: numbers with a unit that the setting can have ("-67.5deg", "1.2rad", "17ft",
 /// "5.2m", "340mm", "12in", "25%") are converted to the stored one, and one int or double gets the form in which the library
 /// stores it. Everything else stays as it is.

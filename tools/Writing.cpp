@@ -17,7 +17,7 @@ std::wstring refusalText(const FindingChange& findings, const Showing& showing) 
         if (finding.severity == XMLConfig::Severity::Error) errors.push_back(finding);
     std::wstring text = L"nothing was written, for the change makes errors; --force writes it all the same\n" +
                         findingLines(errors, showing, false);
-    text.pop_back();  // the line end that follows every complaint
+    text.pop_back();  // complain() adds the last line end
     return text;
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Numbers.h"
 #include "sections/CalibrationPoints.h"
 #include "sections/ScreenTexts.h"
+#include "sections/SystemTexts.h"
 #include "store/Tokens.h"
 
 /// Rules on cameras and on measuring.
@@ -111,9 +112,9 @@ void checkLights(Findings& findings) {
     if (method.compare(0, 3, L"act") == 0 && units < 1)
         findings.add(L"XC614", Severity::Error, placeOf(findings, L"System", L"ACT_Count"),
                      L"is " + std::to_wstring(units) + L", but markers are found by ACT units");
-    const std::vector<std::wstring> box = tokensOf(findings.read.text(L"System", L"Black_Box_LED_Lights_Comm"));
+    const std::wstring box = findings.read.text(L"System", L"Black_Box_LED_Lights_Comm");
     const bool isLED = method == L"led" || method == L"led-manual";
-    if (isLED && !box.empty() && lowerCase(box[0]) != L"true")
+    if (isLED && !blackBoxPieces(box).empty() && !blackBoxFromText(box).getEnabled())
         findings.add(L"XC614", Severity::Warning, placeOf(findings, L"System", L"Black_Box_LED_Lights_Comm"),
                      L"is not enabled, but markers are found by LEDs");
 }

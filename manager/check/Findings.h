@@ -46,9 +46,9 @@ private:
 
 [[nodiscard]] Place placeOf(const CheckedSection& section);
 [[nodiscard]] Place placeOf(const CheckedSection& section, const CheckedItem& item);
-/// Of a key, whether anything is stored there or not.
+/// The place of a key, whether anything is stored there or not.
 [[nodiscard]] Place placeOf(const CheckedSection& section, std::wstring_view key);
-/// Of the first section of that name.
+/// The place of a key in the first section of that name.
 [[nodiscard]] Place placeOf(const Findings& findings, std::wstring_view tag, std::wstring_view key);
 [[nodiscard]] FindingPlace otherPlace(const Place& place, const std::wstring& text = L"");
 

@@ -40,7 +40,7 @@ private:
     void checkVersion() {
         const std::optional<double> version = m_findings.options.storedVersion;
         if (!version) return;
-        const ElementView element = childOf(rootElement(m_findings.document), L"Version");
+        const ElementView element = rootElement(m_findings.document).child(L"Version");
         m_findings
             .add(L"XC101", Severity::Warning, {element, L"Version", L""},
                  L"is of file version " + formatFixed(*version, 3) + L"; checked as it would be after the upgrade")
@@ -50,7 +50,7 @@ private:
     void checkSection(const CheckedSection& section) {
         if (!section.isKnown) return addUnknownSection(section);
         if (isDeviceSection(section.tag) && section.id.empty())
-            m_findings.add(L"XC107", Severity::Error, placeOf(section), L"a " + lowerCase(section.tag) + L" has no ID");
+            m_findings.add(L"XC107", Severity::Error, placeOf(section), L"a " + lowerAscii(section.tag) + L" has no ID");
         if (section.hiddenBy)
             addHidden(m_findings.add(L"XC106", Severity::Error, placeOf(section), hidden), section.hiddenBy);
         for (const CheckedItem& item : section.items) checkItem(section, item);
@@ -98,7 +98,8 @@ private:
                         {setCommand(placeOf(section, near), item.text), unsetCommand(placeOf(section, item))}};
     }
 
-    /// "" where none is near. Asked once for each key, however many devices hold it.
+    /// The known key that the unknown one is probably meant to be; "" where none is near. It is looked for once for each
+    /// key, however many devices hold that.
     const std::wstring& nearestKey(const std::wstring& tag, const std::wstring& key) {
         const auto [place, isNew] = m_nearest.emplace(tag + L"/" + key, std::wstring());
         if (!isNew) return place->second;
@@ -142,7 +143,7 @@ private:
     static std::wstring meantBy(const CheckedItem& item) {
         const SettingType type = item.setting->type;
         if (type == SettingType::Bool)
-            return lowerCase(item.text) == L"on" ? L"true" : lowerCase(item.text) == L"off" ? L"false" : L"";
+            return lowerAscii(item.text) == L"on" ? L"true" : lowerAscii(item.text) == L"off" ? L"false" : L"";
         const std::wstring number = dotted(item.text);
         return type == SettingType::Double && isOfType(number, type) ? number : L"";
     }
@@ -163,7 +164,7 @@ private:
     static void mendWord(Finding& finding, const Place& place, const std::wstring& text,
                          const std::vector<std::wstring>& words) {
         const auto bare = [](const std::wstring& word) {
-            std::wstring lower = lowerCase(word);
+            std::wstring lower = lowerAscii(word);
             lower.erase(std::remove(lower.begin(), lower.end(), L' '), lower.end());
             return lower;
         };

@@ -47,7 +47,7 @@ constexpr Gone gone[] = {
     {L"9.0", L"TargetLocator", L" ChannelExtentsAngleUnit Inset_Unit "},
 };
 
-/// A number at the end as "*".
+/// The key with a number at its end replaced by "*".
 std::wstring withoutNumber(const std::wstring& key) {
     const std::size_t end = key.find_last_not_of(L"0123456789");
     return end == std::wstring::npos || end + 1 == key.size() ? key : key.substr(0, end + 1) + L"*";

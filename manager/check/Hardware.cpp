@@ -24,7 +24,7 @@ std::optional<std::uint32_t> byteAt(const std::wstring& text, std::size_t& at) {
 }  // namespace
 
 std::wstring plainMAC(const std::wstring& text) {
-    std::wstring plain = lowerCase(text);
+    std::wstring plain = lowerAscii(text);
     plain.erase(std::remove_if(plain.begin(), plain.end(), isSeparator), plain.end());
     return plain;
 }

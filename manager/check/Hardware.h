@@ -9,7 +9,7 @@ namespace XMLConfig::detail {
 
 /// Six pairs of hexadecimal digits, with colons or hyphens between them or nothing.
 bool isMAC(const std::wstring& text);
-/// In lower case and without what separates the pairs.
+/// The MAC address in lower case and without what separates its pairs.
 std::wstring plainMAC(const std::wstring& text);
 
 /// Four numbers from 0 to 255 with dots between; nothing for other text.

@@ -35,7 +35,7 @@ private:
         if (name == L"." || name == L"..") return name;
         const auto [entries, isNew] = m_folders.emplace(folder, Entries());
         if (isNew) entries->second = entriesOf(folder);
-        const auto found = entries->second.find(lowerCase(name));
+        const auto found = entries->second.find(lowerAscii(name));
         return found == entries->second.end() ? L"" : found->second;
     }
 
@@ -45,7 +45,7 @@ private:
         const std::filesystem::path path = std::filesystem::u8path(utf8FromWide(folder.empty() ? L"." : folder));
         for (std::filesystem::directory_iterator entry(path, fault), end; !fault && entry != end; entry.increment(fault)) {
             const std::wstring name = wideFromUtf8(entry->path().filename().u8string());
-            entries.emplace(lowerCase(name), name);
+            entries.emplace(lowerAscii(name), name);
         }
         return entries;
     }

@@ -84,9 +84,9 @@ void checkBlend(ChannelCheck& check, const Neighbours& neighbours, std::size_t i
     if (there.empty()) {
         if (blend > 0.0 && !neighbours.isCovered(index))
             check.findings
-                .add(
-                    L"XC313", Severity::Warning, place(),
-                    percent(blend) + L" blend at the " + lowerCase(namesOf(edge).name) + L" edge, where no channel overlaps")
+                .add(L"XC313", Severity::Warning, place(),
+                     percent(blend) + L" blend at the " + lowerAscii(namesOf(edge).name) +
+                         L" edge, where no channel overlaps")
                 .mend = {MendSafety::Asked, {setCommand(place(), L"0")}};
         return;
     }

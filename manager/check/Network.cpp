@@ -3,6 +3,8 @@
 #include "manager/check/Findings.h"
 #include "manager/check/Hardware.h"
 #include "platform/Numbers.h"
+#include "platform/Text.h"
+#include "sections/SystemTexts.h"
 #include "store/Tokens.h"
 
 /// Rules on network addresses and ports.
@@ -21,23 +23,20 @@ struct Station {
 };
 
 bool isType(const ElementView& connection, const std::wstring& type) {
-    return lowerCase(connection.attribute(L"type").value_or(L"")) == type;
+    return lowerAscii(connection.attribute(L"type").value_or(L"")) == type;
 }
 
-struct BlackBox {
-    bool isEnabled = false;
-    bool isSerial = false;
-    std::wstring address;
-    std::wstring port;
-    int powerPort = 0;
-};
+/// Nothing where the application would read a default one.
+std::optional<BlackBoxInfo> blackBoxOf(const std::wstring& text) {
+    if (blackBoxPieces(text).size() < 5) return std::nullopt;
+    return blackBoxFromText(text);
+}
 
-/// Nothing where fewer than five pieces are stored.
-std::optional<BlackBox> blackBoxOf(const std::wstring& text) {
-    const std::vector<std::wstring> parts = tokensOf(text);
-    if (parts.size() < 5) return std::nullopt;
-    return BlackBox{lowerCase(parts[0]) == L"true", lowerCase(parts[1]) == L"serial", parts[2], parts[3],
-                    leadingInteger(parts[4])};
+bool isSerial(const BlackBoxInfo& box) { return equalIgnoringCase(box.getProtocol(), L"serial"); }
+
+bool areOne(const BlackBoxInfo& one, const BlackBoxInfo& other) {
+    return isSerial(one) == isSerial(other) && equalIgnoringCase(one.getCommAddress(), other.getCommAddress()) &&
+           (isSerial(one) || one.getCommPort() == other.getCommPort());
 }
 
 constexpr const wchar_t* camerasBox = L"Black_Box_Cameras_Comm";
@@ -69,7 +68,7 @@ private:
     void readProjector(const CheckedSection& projector) {
         const ElementView snippet = projector.snippet();
         if (!snippet) return;  // has a rule of its own
-        const ElementView connection = childOf(snippet, L"connection");
+        const ElementView connection = snippet.child(L"connection");
         const Place place = placeOf(projector, L"DeviceSnippet");
         if (!connection) return add(L"XC707", Severity::Warning, place, L"has no connection yet");
         if (isType(connection, L"virtual")) return add(L"XC708", Severity::Warning, place, L"is a virtual device");
@@ -88,7 +87,7 @@ private:
         if (snippet.attribute(L"type") == L"VC") add(L"XC708", Severity::Warning, place, L"is a virtual device");
         const std::wstring address = childText(snippet, L"ipAddress");
         if (!address.empty()) m_network.push_back({place, camera.title(), address, L"", L"", false});
-        else if (lowerCase(childText(snippet, L"dhcp")) == L"false")
+        else if (lowerAscii(childText(snippet, L"dhcp")) == L"false")
             add(L"XC705", Severity::Error, place, L"has no DHCP and no address");
         readNetwork(snippet, place, address);
     }
@@ -124,30 +123,27 @@ private:
 
     void readBlackBox(const wchar_t* key) {
         const std::wstring text = m_findings.read.section(L"System").stored(key);
-        const std::size_t parts = tokensOf(text).size();
+        const std::size_t parts = blackBoxPieces(text).size();
         if (parts == 0) return;
         const Place place = placeOf(m_findings, L"System", key);
-        const std::optional<BlackBox> box = blackBoxOf(text);
+        const std::optional<BlackBoxInfo> box = blackBoxOf(text);
         if (!box) return add(L"XC706", Severity::Error, place, L"holds " + counted(parts, L"part") + L"; it needs five");
         const int available = m_findings.read.integer(L"System", L"Available_BlackBox_Power_Ports");
-        if (box->powerPort < 1 || box->powerPort > available)
+        if (box->getPowerPort() < 1 || box->getPowerPort() > available)
             add(L"XC706", Severity::Warning, place,
-                L"power port " + std::to_wstring(box->powerPort) + L"; there are " + std::to_wstring(available));
-        if (box->isEnabled && box->isSerial)
-            m_serial.push_back({place, L"a black box", L"", box->address, L"", false, true});
+                L"power port " + std::to_wstring(box->getPowerPort()) + L"; there are " + std::to_wstring(available));
+        if (box->getEnabled() && isSerial(*box))
+            m_serial.push_back({place, L"a black box", L"", box->getCommAddress(), L"", false, true});
     }
 
     void checkSharedPowerPort() {
         const CheckedSection& system = m_findings.read.section(L"System");
-        const std::optional<BlackBox> cameras = blackBoxOf(system.stored(camerasBox));
-        const std::optional<BlackBox> lights = blackBoxOf(system.stored(lightsBox));
-        if (!cameras || !lights || !cameras->isEnabled || !lights->isEnabled) return;
-        const bool isSameBox = cameras->isSerial == lights->isSerial &&
-                               lowerCase(cameras->address) == lowerCase(lights->address) &&
-                               (cameras->isSerial || cameras->port == lights->port);
-        if (isSameBox && cameras->powerPort == lights->powerPort)
+        const std::optional<BlackBoxInfo> cameras = blackBoxOf(system.stored(camerasBox));
+        const std::optional<BlackBoxInfo> lights = blackBoxOf(system.stored(lightsBox));
+        if (!cameras || !lights || !cameras->getEnabled() || !lights->getEnabled()) return;
+        if (areOne(*cameras, *lights) && cameras->getPowerPort() == lights->getPowerPort())
             add(L"XC706", Severity::Error, placeOf(system, lightsBox),
-                L"is at power port " + std::to_wstring(lights->powerPort) + L" of the box, as the cameras are");
+                L"is at power port " + std::to_wstring(lights->getPowerPort()) + L" of the box, as the cameras are");
     }
 
     // Addresses.
@@ -178,7 +174,7 @@ private:
 
     void checkPorts() {
         std::map<std::wstring, std::vector<const Station*>> byPort;
-        for (const Station& station : m_serial) checkSamePort(byPort[lowerCase(station.port)], station);
+        for (const Station& station : m_serial) checkSamePort(byPort[lowerAscii(station.port)], station);
     }
 
     /// Several projectors on one line are told apart by their IDs, both black boxes may be one.

@@ -216,17 +216,7 @@ std::vector<double> numbersOf(std::wstring_view text) {
     return numbers;
 }
 
-ElementView childOf(const ElementView& element, const std::wstring& name) {
-    if (!element) return {};
-    for (const ElementView& child : element.children())
-        if (child.isNamed(name)) return child;
-    return {};
-}
-
-std::wstring childText(const ElementView& element, const std::wstring& name) {
-    const ElementView child = childOf(element, name);
-    return child ? child.text() : L"";
-}
+std::wstring childText(const ElementView& element, const std::wstring& name) { return element.child(name).text(); }
 
 std::wstring addressOf(const ElementView& element) {
     std::vector<ElementView> way;  // from the section down

@@ -88,7 +88,7 @@ public:
     explicit CheckedDocument(const ConfigInfo& document);
 
     [[nodiscard]] const std::vector<CheckedSection>& sections() const { return m_sections; }
-    /// Those with an ID that no earlier one hides, in document order.
+    /// The devices that the application reads, which are those with an ID that no earlier one has, in document order.
     [[nodiscard]] const std::vector<const CheckedSection*>& projectors() const { return m_projectors; }
     [[nodiscard]] const std::vector<const CheckedSection*>& cameras() const { return m_cameras; }
     /// The first section of that name; one without items where there is none.
@@ -114,7 +114,7 @@ public:
     }
     [[nodiscard]] std::vector<double> numbers(const CheckedSection& section, std::wstring_view key) const;
     [[nodiscard]] Point_3Dim<double> point(const CheckedSection& section, std::wstring_view key) const;
-    // The same of the first section of a name.
+    // What the application reads in the first section of a name.
     [[nodiscard]] const std::wstring& text(std::wstring_view tag, std::wstring_view key) const {
         return read(tag, key).text;
     }
@@ -147,7 +147,6 @@ const ReadValue* valueOf(const CheckedItem& item);
 std::vector<double> numbersOf(std::wstring_view text);
 /// The text of the first child of that name; "" without one.
 std::wstring childText(const ElementView& element, const std::wstring& name);
-ElementView childOf(const ElementView& element, const std::wstring& name);
 /// The address of an element of a document.
 std::wstring addressOf(const ElementView& element);
 /// The same of one that was read.

@@ -16,11 +16,6 @@ constexpr double degreesInARadian = 57.295779513082320877;
 
 }  // namespace
 
-bool isNumbers(SettingType type) {
-    return type == SettingType::Int || type == SettingType::Double || type == SettingType::IntPoint2 ||
-           type == SettingType::Point2 || type == SettingType::Point3;
-}
-
 std::wstring shortNumber(double value, int decimals) {
     if (!std::isfinite(value)) return formatFixed(value, 0);
     std::wstring text = formatFixed(value, decimals);
@@ -39,23 +34,6 @@ std::wstring shortText(const std::wstring& stored, SettingType type) {
 }
 
 std::wstring quoted(const std::wstring& text) { return L"\"" + text + L"\""; }
-
-std::wstring counted(std::size_t count, const std::wstring& noun) {
-    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
-}
-
-std::wstring joined(const std::vector<std::wstring>& texts, const wchar_t* separator) {
-    std::wstring result;
-    for (std::size_t i = 0; i < texts.size(); ++i) result += (i == 0 ? L"" : separator) + texts[i];
-    return result;
-}
-
-std::wstring lowerCase(const std::wstring& text) {
-    std::wstring lower = text;
-    for (wchar_t& letter : lower)
-        if (letter >= L'A' && letter <= L'Z') letter = static_cast<wchar_t>(letter - L'A' + L'a');
-    return lower;
-}
 
 std::size_t lettersBetween(const std::wstring& left, const std::wstring& right, std::size_t limit) {
     const std::size_t difference = left.size() > right.size() ? left.size() - right.size() : right.size() - left.size();

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/Setting.h"
+#include "platform/Words.h"
 #include "store/ValueTypes.h"
 
 class ConfigInfo;
@@ -11,17 +12,11 @@ class ConfigInfo;
 /// Values as the messages of findings show them.
 namespace XMLConfig::detail {
 
-/// Whether a stored text of the type is one number or several.
-bool isNumbers(SettingType type);
 /// Rounded to at most so many decimals, without trailing zeros; never -0.
 std::wstring shortNumber(double value, int decimals = 6);
-/// A stored text with its numbers short, as it stands where it is none.
+/// A stored text with its numbers as people read them; a text that is not of the type as it stands.
 std::wstring shortText(const std::wstring& stored, SettingType type);
 std::wstring quoted(const std::wstring& text);
-/// "1 projector", "2 projectors".
-std::wstring counted(std::size_t count, const std::wstring& noun);
-std::wstring joined(const std::vector<std::wstring>& texts, const wchar_t* separator = L", ");
-std::wstring lowerCase(const std::wstring& text);
 /// How many letters have to be changed, added or taken away to make one text of the other; at most `limit` + 1.
 std::size_t lettersBetween(const std::wstring& left, const std::wstring& right, std::size_t limit);
 /// The one of the texts that is one or two letters away from the text, the nearest and first; null when none is.

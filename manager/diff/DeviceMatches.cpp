@@ -14,15 +14,9 @@ namespace {
 /// Something a device can be known by; empty where it has nothing of the kind.
 using Key = std::wstring (*)(const ElementView& device);
 
-ElementView childNamed(const ElementView& element, const std::wstring& tag) {
-    for (const ElementView& child : element.children())
-        if (child.isNamed(tag)) return child;
-    return {};
-}
+std::wstring textBelow(const ElementView& element, const std::wstring& tag) { return element.child(tag).text(); }
 
-std::wstring textBelow(const ElementView& element, const std::wstring& tag) { return childNamed(element, tag).text(); }
-
-ElementView snippetOf(const ElementView& device) { return childNamed(device, L"DeviceSnippet").firstChild(); }
+ElementView snippetOf(const ElementView& device) { return device.child(L"DeviceSnippet").firstChild(); }
 
 /// Twelve hexadecimal digits in lower case, or nothing.
 std::wstring macOf(const std::wstring& text) {
@@ -47,7 +41,7 @@ std::wstring oldIDKey(const ElementView& device) { return textBelow(device, L"Ol
 std::wstring macKey(const ElementView& device) {
     for (const std::wstring& text :
          {afterStars(device.id()), textBelow(snippetOf(device), L"macAddress"),
-          textBelow(childNamed(device, L"Connection"), L"MAC_Address"), textBelow(device, L"Projector_MAC_Address")}) {
+          textBelow(device.child(L"Connection"), L"MAC_Address"), textBelow(device, L"Projector_MAC_Address")}) {
         std::wstring mac = macOf(text);
         if (!mac.empty()) return mac;
     }
@@ -66,7 +60,7 @@ std::wstring nameKey(const ElementView& device) {
 
 std::wstring connectionKey(const ElementView& device) {
     const ElementView snippet = snippetOf(device);
-    const ElementView connection = childNamed(snippet, L"connection");
+    const ElementView connection = snippet.child(L"connection");
     const std::wstring address = textBelow(connection, L"address");
     const std::wstring port = textBelow(connection, L"port");
     if (address.empty() && port.empty()) return {};
@@ -78,14 +72,14 @@ using Angles = std::array<double, 6>;
 
 bool angleAt(const ElementView& device, std::initializer_list<const wchar_t*> path, double& angle) {
     ElementView element = device;
-    for (const wchar_t* const tag : path) element = childNamed(element, tag);
+    for (const wchar_t* const tag : path) element = element.child(tag);
     angle = leadingDouble(element.text());
     return static_cast<bool>(element);
 }
 
 /// False where it has no channel.
 bool readAngles(const ElementView& device, Angles& angles) {
-    const ElementView channel = childNamed(device, L"Channel_Extents");
+    const ElementView channel = device.child(L"Channel_Extents");
     return angleAt(channel, {L"Heading", L"Yaw"}, angles[0]) && angleAt(channel, {L"Heading", L"Pitch"}, angles[1]) &&
            angleAt(channel, {L"HFOV", L"Left"}, angles[2]) && angleAt(channel, {L"HFOV", L"Right"}, angles[3]) &&
            angleAt(channel, {L"VFOV", L"Top"}, angles[4]) && angleAt(channel, {L"VFOV", L"Bottom"}, angles[5]);

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "manager/SettingSearch.h"
+#include "platform/Words.h"
 
 namespace XMLConfig::detail {
 namespace {
@@ -10,12 +11,6 @@ namespace {
 /// "[ID]" as addresses have it, or nothing.
 std::wstring inBrackets(const std::wstring& id) {
     return id.empty() ? std::wstring() : addressText({L"", id, L"", L"", L""});
-}
-
-std::wstring withoutOuterBlanks(const std::wstring& text) {
-    const wchar_t* const blanks = L" \t\n\r";
-    const std::size_t first = text.find_first_not_of(blanks);
-    return first == std::wstring::npos ? std::wstring() : text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 }  // namespace

@@ -10,7 +10,8 @@
 
 namespace XMLConfig::detail {
 
-/// A text somewhere in a section: that of a setting, of an unknown item, or of a part of a device snippet.
+/// A text somewhere in a section, known by its way within that section, because the same section may have another ID in the
+/// other document: that of a setting, of an unknown item, or of a part of a device snippet.
 struct StoredText {
     std::wstring path;                 ///< the address after the section, unique in it: "Gamma", "DeviceSnippet/device@UID"
     Address place;                     ///< of the setting; of a part of a snippet that of the snippet

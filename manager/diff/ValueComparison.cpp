@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <vector>
 
 #include "platform/Numbers.h"
@@ -51,12 +52,25 @@ bool areClose(const std::vector<Entry>& one, const std::vector<Entry>& other, co
     return std::equal(one.begin(), one.end(), other.begin(), other.end(), areEqual);
 }
 
-bool areCloseInOrder(const std::wstring& one, const std::wstring& other, const Closeness& close) {
-    return areClose(entriesOf(one, 1), entriesOf(other, 1), close);
-}
+/// How the texts of a type are made of numbers.
+struct ListForm {
+    SettingType type;
+    std::size_t entryLength;  ///< how many numbers belong together
+    bool isByName;            ///< whether entries are known by their first number, whatever their order
+    bool hasSixDecimals;      ///< whether the application stores the numbers rounded to six decimals
+};
+constexpr ListForm listForms[] = {
+    {SettingType::IntPoint2, 1, false, false},   {SettingType::Point2, 1, false, false},
+    {SettingType::Point3, 1, false, false},      {SettingType::FourIntegers, 1, false, false},
+    {SettingType::IntegerPairs, 2, true, false}, {SettingType::PointList, 1, false, true},
+    {SettingType::Matrix, 1, false, true},       {SettingType::OverlapPoint, 1, false, true},
+    {SettingType::MarkerPlaces, 3, true, true},  {SettingType::AxisTable, 2, true, true},
+};
 
-bool areCloseByName(const std::wstring& one, const std::wstring& other, std::size_t length, const Closeness& close) {
-    return areClose(byName(entriesOf(one, length)), byName(entriesOf(other, length)), close);
+bool areOneList(const std::wstring& one, const std::wstring& other, const ListForm& form, const Closeness& close) {
+    const std::vector<Entry> ones = entriesOf(one, form.entryLength);
+    const std::vector<Entry> others = entriesOf(other, form.entryLength);
+    return form.isByName ? areClose(byName(ones), byName(others), close) : areClose(ones, others, close);
 }
 
 bool areOneTruth(const std::wstring& one, const std::wstring& other) {
@@ -71,31 +85,12 @@ bool areOneValue(const std::wstring& one, const std::wstring& other, SettingType
     if (one == other) return true;
     const Closeness exact = tolerance ? Closeness{0.0, *tolerance} : Closeness{1e-12, 0.0};
     const Closeness sixDecimals = tolerance ? exact : Closeness{1e-12, 5e-7};
-    switch (type) {
-        case SettingType::Bool:
-            return areOneTruth(one, other);
-        case SettingType::Int:
-            return exact(leadingInteger(one), leadingInteger(other));
-        case SettingType::Double:
-            return exact(leadingDouble(one), leadingDouble(other));
-        case SettingType::IntPoint2:
-        case SettingType::Point2:
-        case SettingType::Point3:
-        case SettingType::FourIntegers:
-            return areCloseInOrder(one, other, exact);
-        case SettingType::PointList:
-        case SettingType::Matrix:
-        case SettingType::OverlapPoint:
-            return areCloseInOrder(one, other, sixDecimals);
-        case SettingType::MarkerPlaces:
-            return areCloseByName(one, other, 3, sixDecimals);
-        case SettingType::AxisTable:
-            return areCloseByName(one, other, 2, sixDecimals);
-        case SettingType::IntegerPairs:
-            return areCloseByName(one, other, 2, exact);
-        default:
-            return false;
-    }
+    if (type == SettingType::Bool) return areOneTruth(one, other);
+    if (type == SettingType::Int) return exact(leadingInteger(one), leadingInteger(other));
+    if (type == SettingType::Double) return exact(leadingDouble(one), leadingDouble(other));
+    const auto isIt = [type](const ListForm& form) { return form.type == type; };
+    const auto* const form = std::find_if(std::begin(listForms), std::end(listForms), isIt);
+    return form != std::end(listForms) && areOneList(one, other, *form, form->hasSixDecimals ? sixDecimals : exact);
 }
 
 }  // namespace XMLConfig::detail

@@ -134,7 +134,7 @@ Coverage coverageOf(const Grid& grid) {
     return coverage;
 }
 
-/// By points spread evenly over the image.
+/// Estimates the share by points that are spread evenly over the image.
 double offScreenOf(const Channel& channel, const Surface& surface) {
     constexpr int points = 16;
     const EdgeValues& edge = channel.tangents;

@@ -16,7 +16,7 @@ using Indices = std::vector<std::size_t>;
 double widthOf(const Channel& channel) { return channel.edges.right - channel.edges.left; }
 double heightOf(const Channel& channel) { return channel.edges.top - channel.edges.bottom; }
 
-/// By an angle, then in document order.
+/// Sorts channels by an angle; those with equal angles stay in document order.
 template <typename Angle>
 void sortBy(Indices& indices, const Angle& angle) {
     std::sort(indices.begin(), indices.end(),

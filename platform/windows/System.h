@@ -21,9 +21,9 @@ namespace XMLConfig::detail {
 /// The system's name of a path: every "/" a "\", and long paths in the form that has no limit of 260 characters.
 /// Empty, which names no file, when the path holds a null character.
 std::wstring systemPath(std::wstring_view path);
-/// From a drive, a share or a device on, as the system reads the name in the current folder.
+/// The complete path, from its drive, share or device on, as the system reads the name in the current folder.
 std::wstring fullPath(std::wstring_view path);
-/// Whether an attribute word is that of something that exists and is no folder.
+/// Whether the attributes, as the system gives them, are those of something that exists and is no folder.
 bool isFile(DWORD attributes);
 
 class SystemError : public FileError {
@@ -41,9 +41,10 @@ private:
 /// How the names of the new files of saves begin, until they take their place.
 constexpr std::wstring_view savePrefix = L".saving-";
 
-/// Whether somebody else holds the file, which most do for moments only.
+/// Whether the error says that another program has the file open, as most have it for moments only.
 bool isHeldByOthers(DWORD error);
-/// Whether a file was not found that a save may be putting in its place: the system takes the old one away before.
+/// Whether the error says that a file was not found which a save may be replacing at this moment: the system takes the old
+/// file away before it puts the new one in its place.
 bool isBetweenOldAndNew(const std::wstring& name, DWORD error);
 
 /// Calls again, for a quarter of a second, while others hold the file `name`; then what the call threw is thrown.
@@ -90,7 +91,7 @@ public:
     std::int64_t size() const;
     std::size_t read(void* buffer, std::size_t size);
     void write(std::string_view bytes);
-    /// Out to the disk; what cannot be flushed (a pipe, a device) counts as flushed.
+    /// Flushes it to the disk; what cannot be flushed (a pipe, a device) counts as flushed.
     void flush();
     void resize(std::int64_t size);
     /// From here on the system removes the file when it is closed, by whatever end of this process too, where the disk can

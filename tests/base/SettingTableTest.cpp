@@ -19,6 +19,7 @@ using XMLConfig::detail::keysAreDistinct;
 using XMLConfig::detail::means;
 using XMLConfig::detail::settingsOf;
 using XMLConfig::detail::SettingTable;
+using XMLConfig::detail::Special;
 using XMLConfig::detail::StartValues;
 using XMLConfig::tests::storedText;
 using Pond = BlackLevelBlending::PondOfMirrors;
@@ -183,7 +184,7 @@ struct KnownItems : SettingTable {
         means(L"between").in(XMLConfig::Unit::Pixels).inheritedFrom(L"Geometry").onlyRead().byRuns()
             .of(XMLConfig::SettingClass::Place).within(0, 2).inOurJudgement()
             .countsWhile(L"System", L"Mode", {L"wide", L"wider"})};
-    Descriptor<std::wstring> table{*this, L"Table", {L""}, means(L"pairs").holds(SettingType::AxisTable)};
+    Descriptor<Special<SettingType::AxisTable>> table{*this, L"Table", {L""}, means(L"pairs")};
     Descriptor<std::wstring> word{*this, L"Word", {L"one"},
         means(L"a word").oneOf({L"one", L"two"}).elseCountsAs(L"one").countsUnless(L"", L"Gap", {L"0"})};
     Descriptor<int> number{*this, L"Number", {3}, means(L"a number").oneOf({{3, L"three"}, {5, L"five"}}).above(1)};

@@ -24,6 +24,16 @@ TEST(Setting, TypesUnitsAndClassesHaveNames) {
     EXPECT_STREQ(nameOf(XMLConfig::SettingClass::Place), L"place");
 }
 
+TEST(Setting, NumbersAreTheTypesOfOneNumberAndOfPoints) {
+    using XMLConfig::SettingType;
+    for (const SettingType type :
+         {SettingType::Int, SettingType::Double, SettingType::IntPoint2, SettingType::Point2, SettingType::Point3})
+        EXPECT_TRUE(isNumbers(type)) << static_cast<int>(type);
+    for (const SettingType type : {SettingType::Bool, SettingType::Text, SettingType::Frustum, SettingType::FourIntegers,
+                                   SettingType::IntegerPairs, SettingType::AxisTable})
+        EXPECT_FALSE(isNumbers(type)) << static_cast<int>(type);
+}
+
 TEST(Setting, RangesHoldTheirEndsUnlessTheyAreOpen) {
     const Range closed{0.0, 0.9, false, false};
     EXPECT_TRUE(contains(closed, 0.0) && contains(closed, 0.9) && contains(closed, 0.5));

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/Words.h"
+
 namespace {
 
 using namespace XMLConfig::detail;
@@ -199,6 +201,19 @@ TEST(Letters, LoseTheirCaseInAsciiOnly) {
     EXPECT_FALSE(equalIgnoringCase(L"fake", L"fakes"));
     EXPECT_FALSE(equalIgnoringCase(L"@", L"`"));
     EXPECT_FALSE(equalIgnoringCase(L"\u00dc", L"\u00fc"));
+}
+
+TEST(Words, AreComparedCutJoinedAndCounted) {
+    EXPECT_EQ(upperAscii(L"aBz{`\u00fc"), L"ABZ{`\u00fc");
+    EXPECT_TRUE(endsWith(L"a***b", L"***b") && endsWith(L"b", L"b") && endsWith(L"b", L""));
+    EXPECT_FALSE(endsWith(L"b", L"ab") || endsWith(L"", L"a"));
+    EXPECT_EQ(withoutOuterBlanks(L" \t\r\na b\n "), L"a b");
+    EXPECT_EQ(withoutOuterBlanks(L" \n"), L"");
+    EXPECT_EQ(joined({}), L"");
+    EXPECT_EQ(joined({L"", L"a", L""}), L", a, ");
+    EXPECT_EQ(joined({L"a", L"b"}, L" or "), L"a or b");
+    EXPECT_EQ(counted(0, L"note"), L"0 notes");
+    EXPECT_EQ(counted(1, L"note"), L"1 note");
 }
 
 TEST(Letters, AreEscapedForXml) {

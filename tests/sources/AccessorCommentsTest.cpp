@@ -12,6 +12,7 @@
 #include "manager/Catalogue.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "platform/Words.h"
 
 namespace {
 

@@ -39,6 +39,15 @@ TEST(ElementView, WalksElementsInDocumentOrder) {
     EXPECT_EQ(namesIn(root.firstChild().next()), L"");
 }
 
+TEST(ElementView, FindsTheFirstChildOfATag) {
+    const Document document = load(sample);
+    const ElementView section = rootElement(*document).child(L"S");
+    EXPECT_EQ(section.id(), L"1");
+    EXPECT_EQ(section.child(L"B").child(L"C").text(), L"two");
+    EXPECT_FALSE(section.child(L"C"));
+    EXPECT_FALSE(ElementView().child(L"A"));
+}
+
 TEST(ElementView, ReadsTagAttributesAndText) {
     const Document document = load(sample);
     const ElementView section = findElement(*document, parseAddress(L"S[2]"));
