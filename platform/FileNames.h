@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,9 @@ namespace XMLConfig {
 XMLCONFIG_API bool isNameTaken(const std::wstring& path);
 /// Whether the name is that of a device whatever folder and ending are put to it, as "NUL.skorrax" is on Windows.
 XMLCONFIG_API bool isDeviceName(const std::wstring& path);
+/// The name for the streams of the standard library, which of themselves reach no long name on Windows and take "\" for a
+/// part of a name elsewhere.
+XMLCONFIG_API std::filesystem::path pathForStreams(const std::wstring& path);
 /// The files that a name with "*" or "?" stands for, sorted, where the system's shell leaves such names to programs
 /// (Windows). None for another name, where nothing fits, and on systems whose shells have done it.
 XMLCONFIG_API std::vector<std::wstring> filesMatching(const std::wstring& pattern);

@@ -23,6 +23,8 @@ private:
 /// Whether the path names a regular file that may be read and written now, as a mode "r+" open that denies other
 /// writers tells. A file without any write permission bit is refused, for the superuser too; so are folders.
 bool canOpenForUpdate(const std::wstring& path);
+/// Whether canOpenForUpdate() says no because another program has the file open; false on systems where none can be told.
+bool isHeldByAnother(const std::wstring& path);
 
 /// Reads a file from start to end. Closes it when destroyed.
 class FileReader {

@@ -28,7 +28,10 @@ void Document::initializeXerces() { m_implementation = startXmlLibrary(); }
 
 bool Document::parseDataFile(const std::wstring& path) {
     if (m_implementation == nullptr) return false;
-    if (!canOpenForUpdate(path)) throw CorvaneException(L"Error parseDataFile: Can not open file: " + path);
+    if (!canOpenForUpdate(path)) {
+        const std::wstring reason = isHeldByAnother(path) ? L" (another program has it open)" : L"";
+        throw CorvaneException(L"Error parseDataFile: Can not open file: " + path + reason);
+    }
     FileState state;
     take(path, [&] {
         state = FileState::before(path);

@@ -1,6 +1,5 @@
 #include "tools/Configuration.h"
 
-#include <algorithm>
 #include <filesystem>
 #include "platform/FileNames.h"
 #include "platform/SignalHold.h"
@@ -61,10 +60,9 @@ std::vector<std::string> withPatternsExpanded(const std::vector<std::string>& na
 }
 
 bool isDevice(const std::string& file) {
-    std::string path = file;
-    if (std::filesystem::path::preferred_separator == '/') std::replace(path.begin(), path.end(), '\\', '/');
     std::error_code ignored;
-    return std::filesystem::is_other(std::filesystem::status(std::filesystem::u8path(path), ignored));
+    const std::filesystem::path path = XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file));
+    return std::filesystem::is_other(std::filesystem::status(path, ignored));
 }
 
 }  // namespace tool

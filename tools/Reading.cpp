@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "manager/Upgrade.h"
+#include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
@@ -58,7 +59,7 @@ void bringUpToDate(ConfigInfo& document, const std::wstring& name) {
 }  // namespace
 
 std::wstring withFaultLine(const std::wstring& message, const std::string& file) {
-    const std::filesystem::path path = std::filesystem::u8path(file);
+    const std::filesystem::path path = XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file));
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(path, ignored)) return message;
     std::ifstream in(path, std::ios::binary);

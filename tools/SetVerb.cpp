@@ -1,10 +1,10 @@
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 
 #include "manager/SettingSearch.h"
+#include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
 #include "tools/Changes.h"
@@ -152,8 +152,9 @@ std::vector<Wish> wishesOf(const Request& request) {
     for (const std::string& operand : request.operands) wishes.push_back(wishOf(XMLConfig::wideFromUtf8(operand)));
     if (request.lineFile == "-") addLines(wishes, std::cin);
     if (request.lineFile.empty() || request.lineFile == "-") return wishes;
-    std::ifstream lines(std::filesystem::u8path(request.lineFile), std::ios::binary);
-    if (!lines) throw Unreadable(XMLConfig::wideFromUtf8(request.lineFile) + L": cannot be read");
+    const std::wstring file = XMLConfig::wideFromUtf8(request.lineFile);
+    std::ifstream lines(XMLConfig::pathForStreams(file), std::ios::binary);
+    if (!lines) throw Unreadable(file + L": cannot be read");
     addLines(wishes, lines);
     return wishes;
 }

@@ -7,7 +7,7 @@
 #
 # What was built is kept below XMLCONFIG_WINDOWS_KEEP (default ~/.cache/xmlconfig-windows), in a folder named after this script,
 # its patches, the toolchain file and the compiler: a second run costs nothing. With --kept it builds nothing and fails where
-# nothing is kept.
+# nothing is kept. The status is 3 where the sources cannot be had.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 toolchain=$here/../mingw-w64.cmake
@@ -22,6 +22,7 @@ log4cxxSum=c872195d7333b14ca40a2595cf56ded25d1ed9785db6c1daeeddfdd3b8e9fb4d
 
 say() { printf '== %s\n' "$*" >&2; }
 fail() { printf 'dependencies.sh: %s\n' "$*" >&2; exit 1; }
+missing() { printf 'dependencies.sh: %s\n' "$*" >&2; exit 3; }
 
 key=$({ cat "$0" "$toolchain" "$here"/patches/*; x86_64-w64-mingw32-g++-posix --version; } | sha256sum | cut -c 1-16)
 prefix=$keep/$key
@@ -42,11 +43,11 @@ fetchSources() {
     mkdir -p "$work/apt/lists/partial" "$work/apt/empty"
     apt-get indextargets --format '$(CREATED_BY) $(REPO_URI) $(RELEASE) $(COMPONENT)' |
         sed -n 's/^Packages \([^ ]* [^ -]*\) main$/deb-src \1 main/p' | sort -u > "$work/apt/sources.list"
-    [ -s "$work/apt/sources.list" ] || fail 'apt names no archive of packages; run apt-get update first'
+    [ -s "$work/apt/sources.list" ] || missing 'apt names no archive of packages; run apt-get update first'
     set -- -q -o Dir::Etc::sourcelist="$work/apt/sources.list" -o Dir::Etc::sourceparts="$work/apt/empty" \
         -o Dir::State::lists="$work/apt/lists" -o APT::Sandbox::User=root
-    apt-get "$@" update >&2
-    (cd "$work" && apt-get "$@" source xerces-c apr apr-util expat pugixml utf8proc fmtlib >&2)
+    apt-get "$@" --error-on=any update >&2 && (cd "$work" && apt-get "$@" source xerces-c apr apr-util expat pugixml utf8proc fmtlib >&2) ||
+        missing "Debian's source packages cannot be fetched"
 }
 
 sumOfLog4cxx() {
@@ -61,8 +62,8 @@ fetchLog4cxx() {
         printf '%s  %s\n' "$log4cxxArchiveSum" "$archive" | sha256sum -c --quiet - >&2 || fail "$archive is not the archive that is expected"
     else
         archive=$work/log4cxx.tar.gz
-        curl -fsSL -o "$archive" "$log4cxxAddress" ||
-            fail "$log4cxxArchive is not in the folder that XMLCONFIG_SOURCES names (${XMLCONFIG_SOURCES:-none}), nor can $log4cxxAddress be fetched"
+        curl -fsSL --connect-timeout 20 --max-time 300 -o "$archive" "$log4cxxAddress" ||
+            missing "$log4cxxArchive is not in the folder that XMLCONFIG_SOURCES names (${XMLCONFIG_SOURCES:-none}), nor can $log4cxxAddress be fetched"
     fi
     tar -C "$work/log4cxx-1.0.0" --strip-components 1 -xf "$archive"
     [ "$(sumOfLog4cxx "$work/log4cxx-1.0.0")" = "$log4cxxSum" ] || fail "$archive does not hold log4cxx 1.0.0"

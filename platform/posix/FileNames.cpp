@@ -11,6 +11,8 @@ bool isNameTaken(const std::wstring& path) {
     return ::lstat(detail::systemPath(path).c_str(), &status) == 0;
 }
 
+std::filesystem::path pathForStreams(const std::wstring& path) { return detail::systemPath(path); }
+
 bool isDeviceName(const std::wstring& /*path*/) { return false; }
 
 std::vector<std::wstring> filesMatching(const std::wstring& /*pattern*/) { return {}; }

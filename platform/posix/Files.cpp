@@ -61,6 +61,8 @@ bool canOpenForUpdate(const std::wstring& path) {
     }
 }
 
+bool isHeldByAnother(const std::wstring& /*path*/) { return false; }
+
 struct FileReader::Handle {
     OpenFile file;
 };

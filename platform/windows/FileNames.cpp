@@ -11,6 +11,8 @@ bool isNameTaken(const std::wstring& path) {
     return ::GetFileAttributesW(detail::systemPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+std::filesystem::path pathForStreams(const std::wstring& path) { return detail::systemPath(path); }
+
 bool isDeviceName(const std::wstring& path) {
     const std::wstring full = detail::fullPath(path);
     return full.compare(0, 4, L"\\\\.\\") == 0;

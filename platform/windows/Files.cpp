@@ -17,6 +17,17 @@ void refuseFolder(const std::wstring& path) {
     if (isFolder) throwFileError(L"Can not read file", path, ERROR_DIRECTORY);
 }
 
+/// Threads of this process that load the same file must not deny each other.
+std::mutex oneAtATime;
+
+/// Throws SystemError where it cannot be opened at all.
+bool opensForUpdate(const std::wstring& path) {
+    const std::wstring name = systemPath(path);
+    const OpenFile file(name, L"Can not open file", path, {GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING});
+    const DWORD attributes = ::GetFileAttributesW(name.c_str());
+    return file.isOnDisk() && isFile(attributes) && (attributes & FILE_ATTRIBUTE_READONLY) == 0;
+}
+
 void copyBytes(OpenFile& source, const std::wstring& to) {
     const std::wstring target = systemPath(to);
     const SecurityDescriptor list = source.accessList();
@@ -38,19 +49,21 @@ void copyBytes(OpenFile& source, const std::wstring& to) {
 }  // namespace
 
 bool canOpenForUpdate(const std::wstring& path) {
-    // Threads of this process that load the same file must not deny each other.
-    static std::mutex oneAtATime;
     const std::lock_guard<std::mutex> lock(oneAtATime);
-    const std::wstring name = systemPath(path);
     try {
-        return triedWhileHeld(name, [&] {
-            const OpenFile file(name, L"Can not open file", path,
-                                {GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING});
-            const DWORD attributes = ::GetFileAttributesW(name.c_str());
-            return file.isOnDisk() && isFile(attributes) && (attributes & FILE_ATTRIBUTE_READONLY) == 0;
-        });
+        return triedWhileHeld(systemPath(path), [&] { return opensForUpdate(path); });
     } catch (const SystemError&) {
         return false;
+    }
+}
+
+bool isHeldByAnother(const std::wstring& path) {
+    const std::lock_guard<std::mutex> lock(oneAtATime);
+    try {
+        (void)opensForUpdate(path);
+        return false;
+    } catch (const SystemError& error) {
+        return isHeldByOthers(error.code());
     }
 }
 

@@ -1,7 +1,11 @@
 #include "platform/FileNames.h"
 
+#include <filesystem>
+#include <fstream>
+
 #include <gtest/gtest.h>
 
+#include "platform/Files.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -18,6 +22,16 @@ TEST(FileNames, AreTakenByFilesAndFolders) {
 TEST(FileNames, WithoutAPatternStandForNoOtherFiles) {
     const TemporaryFolder folder;
     EXPECT_TRUE(XMLConfig::filesMatching(folder.write(L"a.skorrax", "")).empty());
+}
+
+TEST(FileNames, ForStreamsAreReachedWhateverTheirSeparatorsAndLength) {
+    const TemporaryFolder folder;
+    std::wstring path = wideOf(folder.path());
+    for (int i = 0; i < 12; ++i) ASSERT_TRUE(XMLConfig::detail::makeFolder(path += L"\\a-folder-of-thirty-letters--\u00fc"));
+    const std::wstring file = path + L"/lines.txt";
+    std::ofstream(XMLConfig::pathForStreams(file)) << "a line";
+    EXPECT_TRUE(std::filesystem::is_regular_file(XMLConfig::pathForStreams(file)));
+    EXPECT_EQ(XMLConfig::detail::readWholeFile(file), "a line");
 }
 
 TEST(FileNames, OfFilesAreNoDevices) {

@@ -4,34 +4,36 @@
 # of Visual Studio are not free; what only those would refuse is not seen.
 set -eu
 cd "$(dirname "$0")/../.."
-library=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")
+gcc=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")
+resources=$(clang++ -print-resource-dir)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+export gcc resources work
 
+# One file, with a report of its own: refused, needs another library, or accepted.
 # One warning is off as it is for Visual Studio, with the reason, in CMakeLists.txt.
-accepted() {
-    clang++ --target=x86_64-pc-windows-msvc -std=c++17 -fsyntax-only -fexceptions -fcxx-exceptions -fgnuc-version=12.2.0 \
-        -D__MINGW32__ -D__MINGW64__ -D_UCRT -D__STRICT_ANSI__ -nostdinc -isystem "$library/include/c++" \
-        -isystem "$library/include/c++/x86_64-w64-mingw32" -isystem "$(clang++ -print-resource-dir)/include" \
-        -isystem /usr/x86_64-w64-mingw32/include -I. -Wall -Wextra -Werror \
-        -Wno-dllexport-explicit-instantiation-decl "$@"
-}
+cat > "$work/try" <<'TRY'
+case $1 in
+    *.h) printf '#include "%s"\n' "$1" > "$work/$$.cpp"; source=$work/$$.cpp; of= ;;
+    *) source=$1; of=-DXMLCONFIG_BUILDING ;;
+esac
+clang++ --target=x86_64-pc-windows-msvc -std=c++17 -fsyntax-only -fexceptions -fcxx-exceptions -fgnuc-version=12.2.0 \
+    -D__MINGW32__ -D__MINGW64__ -D_UCRT -D__STRICT_ANSI__ -nostdinc -isystem "$gcc/include/c++" \
+    -isystem "$gcc/include/c++/x86_64-w64-mingw32" -isystem "$resources/include" \
+    -isystem /usr/x86_64-w64-mingw32/include -I. -Wall -Wextra -Werror \
+    -Wno-dllexport-explicit-instantiation-decl $of "$source" 2> "$work/$$.errors" && echo "accepted $1" && exit
+# Internal headers may include the other libraries, public ones not.
+[ -n "$of" ] && grep -qE "fatal error: '(xercesc|log4cxx)/" "$work/$$.errors" && echo "needs $1" && exit
+cat "$work/$$.errors" >&2
+echo "refused $1"
+TRY
 
-failed=0
-count=0
-for header in $(sed -n 's/^ *\([a-z]*\/[A-Za-z0-9]*\.h\))*$/\1/p' cmake/PublicHeaders.cmake); do
-    printf '#include "%s"\n' "$header" > "$work/header.cpp"
-    count=$((count + 1))
-    accepted "$work/header.cpp" || failed=$((failed + 1))
-done
-for source in $(git ls-files 'platform/*.cpp' 'base/*.cpp' 'sections/*.cpp' 'store/*.cpp' 'manager/*.cpp' ':!platform/posix/*' |
-    xargs grep -LE 'xercesc|log4cxx|store/(Log|Xml|Tree|Document|Text)'); do
-    count=$((count + 1))
-    accepted -DXMLCONFIG_BUILDING "$source" 2> "$work/errors" && continue
-    # Headers of this project that include the other libraries.
-    grep -qE "fatal error: '(xercesc|log4cxx)/" "$work/errors" && count=$((count - 1)) && continue
-    cat "$work/errors" >&2
-    failed=$((failed + 1))
-done
-echo "msvc: $count headers and sources tried, $failed refused"
-[ "$count" -gt 100 ] && [ "$failed" = 0 ]
+{
+    sed -n 's/^ *\([a-z]*\/[A-Za-z0-9]*\.h\))*$/\1/p' cmake/PublicHeaders.cmake
+    git ls-files 'platform/*.cpp' 'base/*.cpp' 'sections/*.cpp' 'store/*.cpp' 'manager/*.cpp' ':!platform/posix/*' |
+        xargs grep -LE 'xercesc|log4cxx|store/(Log|Xml|Tree|Document|Text)'
+} | xargs -n 1 -P "$(nproc)" sh "$work/try" > "$work/answers"
+accepted=$(grep -c '^accepted' "$work/answers")
+refused=$(grep -c '^refused' "$work/answers" || true)
+echo "msvc: $accepted headers and sources accepted, $refused refused"
+[ "$accepted" -gt 100 ] && [ "$refused" = 0 ]

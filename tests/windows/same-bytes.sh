@@ -12,6 +12,7 @@ trap 'endWine; rm -rf "$work"' EXIT
 for system in linux windows; do
     mkdir "$work/$system" "$work/$system.said"
     cp examples/dome.skorrax examples/history/* "$work/$system/"
+    sed 's/$/\r/' examples/dome.skorrax > "$work/$system/carriage-returns.skorrax"
 done
 
 runs=0
@@ -46,6 +47,9 @@ run check dome.skorrax
 run layout --color never dome.skorrax
 run layout --json dome.skorrax
 run layout --svg dome.svg dome.skorrax
+run show carriage-returns.skorrax
+run set carriage-returns.skorrax 'System/RunType=CinemaRun'
+run upgrade carriage-returns.skorrax -o copy.skorrax
 run describe
 run describe Geometry/Box_Spacing
 run get none.skorrax System/RunType
@@ -64,6 +68,7 @@ done
 if "$own" --help | grep -q '^  diff '; then
     run diff dome.skorrax dome-1.500.skorra
     run diff dome.skorrax dome.skorrax
+    run diff carriage-returns.skorrax dome.skorrax
 fi
 
 diff -r "$work/linux" "$work/windows" && diff -r "$work/linux.said" "$work/windows.said" ||

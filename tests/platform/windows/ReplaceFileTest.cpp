@@ -165,8 +165,11 @@ TEST_F(ReplaceFile, CanOpenForUpdateIsDeniedByAnotherWriter) {
     {
         const Opened other(path, GENERIC_WRITE, shareAll);
         EXPECT_FALSE(canOpenForUpdate(path));
+        EXPECT_TRUE(isHeldByAnother(path));
     }
     EXPECT_TRUE(canOpenForUpdate(path));
+    EXPECT_FALSE(isHeldByAnother(path));
+    EXPECT_FALSE(isHeldByAnother(m_folder.file(L"none")));
     const Opened reader(path, GENERIC_READ, shareAll);
     EXPECT_TRUE(canOpenForUpdate(path));
 }

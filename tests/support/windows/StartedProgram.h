@@ -30,16 +30,19 @@ public:
         std::wstring line;
         for (const std::string& word : command) line += quotedWord(XMLConfig::detail::fromUtf8(word)) + L' ';
         SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        const auto opened = [&inherited](const std::wstring& path, DWORD access, DWORD disposition) {
-            return ::CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, disposition, 0,
-                                 nullptr);
+        const auto opened = [&inherited](const std::wstring& path, DWORD disposition) {
+            return ::CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                                 disposition, 0, nullptr);
+        };
+        const auto target = [&opened](const std::wstring& path) {
+            return opened(path, path == L"NUL" || path == L"CONOUT$" ? OPEN_EXISTING : CREATE_ALWAYS);
         };
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdInput = opened(input, GENERIC_READ, OPEN_EXISTING);
-        startup.hStdOutput = opened(output, GENERIC_WRITE, output == L"NUL" ? OPEN_EXISTING : CREATE_ALWAYS);
-        startup.hStdError = opened(errors, GENERIC_WRITE, errors == L"NUL" ? OPEN_EXISTING : CREATE_ALWAYS);
+        startup.hStdInput = opened(input, OPEN_EXISTING);
+        startup.hStdOutput = target(output);
+        startup.hStdError = target(errors);
         PROCESS_INFORMATION process{};
         const BOOL isStarted =
             ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process);
