@@ -21,6 +21,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     store/ElementView.h
     store/FileChange.h
     store/FilePlaces.h
+    store/FileWriting.h
     store/Outline.h
     store/ValueTypes.h
     base/AssetManager.h

@@ -7,6 +7,7 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "store/DocumentSaving.h"
+#include "store/ElementView.h"
 #include "store/FileChange.h"
 #include "store/TextForms.h"
 
@@ -79,6 +80,8 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     const detail::HeldCancellation held;
     if (!request.target.empty() && detail::fileExists(request.target)) refuse(request.target, L"exists already");
     ConfigInfo document(request.path);
+    const std::wstring root = rootElement(document).name();
+    if (root != L"ConfigInfo") refuse(request.path, L"is no configuration, its root element is \"" + root + L"\"");
     const double version = document.getVersion();
     UpgradeFileReport report;
     report.target = request.target.empty() ? request.path : request.target;

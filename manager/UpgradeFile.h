@@ -56,8 +56,9 @@ struct UpgradeFileReport {
 /// "<name>.v1.500.bak.2" and so on where that name is taken. A file at the latest version is left alone in place, and
 /// copied byte for byte to another target.
 ///
-/// Throws CorvaneException for a file that cannot be read or converted, that is newer than the library, or whose result
-/// cannot be written, and for a target that exists. Every file is then as it was, and no other is left behind.
+/// Throws CorvaneException for a file that cannot be read or converted, that is no configuration or newer than the library,
+/// or whose result cannot be written, and for a target that exists. Every file is then as it was, and no other is left
+/// behind.
 XMLCONFIG_API UpgradeFileReport upgradeFile(const UpgradeFileRequest& request);
 
 }  // namespace XMLConfig

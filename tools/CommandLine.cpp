@@ -10,10 +10,9 @@
 #include "manager/LogOutput.h"
 #include "platform/Utf8.h"
 #include "store/ConfigInfoFactory.h"
-#include "store/CorvaneException.h"
+#include "tools/FaultAnswer.h"
 #include "tools/ManualPage.h"
 #include "tools/Output.h"
-#include "tools/Reading.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"
 
@@ -129,10 +128,21 @@ private:
         for (std::size_t i = 0; i < verbs().size(); ++i) {
             if (verbs()[i].name != name) continue;
             XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : verbs()[i].log);
-            const ExitStatus status = verbs()[i].run(m_requests[i]);
+            const int status = answered(verbs()[i], m_requests[i]);
             if (flushOutput()) return status;
         }
         throw Refusal(L"standard output cannot be written");
+    }
+
+    static int answered(const Verb& verb, const Request& request) {
+        try {
+            return verb.run(request);
+        } catch (const std::exception& exception) {
+            const Fault fault = faultOf(exception);
+            complain(fault.message);
+            if (request.json) print(faultAnswer(verb.name, request, fault));
+            return fault.status;
+        }
     }
 
     CLI::App m_app;
@@ -145,17 +155,8 @@ private:
 int run(const std::vector<std::string>& arguments) {
     try {
         return CommandLine().run(withoutHelpWord(arguments));
-    } catch (const CorvaneParseException& fault) {  // an operand that is no address
-        complain(std::string(fault.what()));
-        return WrongUsage;
-    } catch (const WrongOperands& fault) {
-        complain(std::string(fault.what()));
-        return WrongUsage;
-    } catch (const Unreadable& fault) {
-        complain(std::string(fault.what()));
-        return NotReadable;
-    } catch (const std::exception& fault) {
-        complain(std::string(fault.what()));
+    } catch (const std::exception& exception) {
+        complain(std::string(exception.what()));
     }
     return Refused;
 }

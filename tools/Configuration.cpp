@@ -27,8 +27,9 @@ bool isOfLatestVersion(const ConfigInfo& document) {
 }
 
 void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
-    if (isOfLatestVersion(document)) return;
     const std::wstring name = XMLConfig::wideFromUtf8(file);
+    requireConfiguration(document, name);
+    if (isOfLatestVersion(document)) return;
     const std::wstring version = storedVersion(document);
     if (version.empty()) throw Unreadable(name + L": is no configuration, it has no version");
     if (document.getVersion() > ConfigInfoFactory::getLatestFileVersionNumber())

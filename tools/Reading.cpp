@@ -10,6 +10,7 @@
 #include "platform/Utf8.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
+#include "store/ElementView.h"
 #include "tools/FaultLine.h"
 #include "tools/Numbers.h"
 
@@ -42,7 +43,7 @@ std::unique_ptr<ConfigInfo> parsed(const std::string& file) { return file == "-"
 /// The version of a document that this program knows.
 double knownVersion(const ConfigInfo& document, const std::wstring& name) {
     const double latest = ConfigInfoFactory::getLatestFileVersionNumber();
-    if (!document.doesSectionExist(L"Version", L"")) throw Unreadable(name + L": is no configuration, it has no version");
+    requireConfiguration(document, name);
     const double version = document.getVersion();
     if (version > latest)
         throw Unreadable(name + L": is of file version " + shownVersion(version) + L"; this program knows " +
@@ -66,6 +67,12 @@ std::wstring withFaultLine(const std::wstring& message, const std::string& file)
     return in ? withLine(message, allOf(in)) : message;
 }
 
+void requireConfiguration(const ConfigInfo& document, const std::wstring& name) {
+    const std::wstring root = XMLConfig::rootElement(document).name();
+    if (root != L"ConfigInfo") throw Unreadable(name + L": is no configuration, its root element is \"" + root + L"\"");
+    if (!document.doesSectionExist(L"Version", L"")) throw Unreadable(name + L": is no configuration, it has no version");
+}
+
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
     try {
         const std::wstring path = XMLConfig::wideFromUtf8(file);
@@ -78,8 +85,7 @@ std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
 ReadForCheck readForCheck(const std::string& file) {
     try {
         ReadForCheck result{parsed(file), std::nullopt};
-        if (!result.document->doesSectionExist(L"Version", L""))
-            throw Unreadable(nameOf(file) + L": is no configuration, it has no version");
+        requireConfiguration(*result.document, nameOf(file));
         const double version = result.document->getVersion();
         if (version >= ConfigInfoFactory::getLatestFileVersionNumber()) return result;
         XMLConfig::upgradeDocument(*result.document);

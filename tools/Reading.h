@@ -20,6 +20,9 @@ public:
 /// The message, and the line of the file that it finds fault with, with a caret under the place; where it names one.
 std::wstring withFaultLine(const std::wstring& message, const std::string& file);
 
+/// Throws Unreadable for a document that has another root or no version.
+void requireConfiguration(const ConfigInfo& document, const std::wstring& name);
+
 /// The document as it stands in the file: nothing is converted, counted or stamped. Throws Unreadable.
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,

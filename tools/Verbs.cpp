@@ -16,8 +16,8 @@ const std::vector<Verb>& verbs() {
     static const std::vector<Verb> table = {
         // new, set: a save that fails is logged and thrown; once is enough.
         {"new", "Make a file that holds a new configuration", setUpNew, runNew, XMLConfig::LogLevel::Error},
-        {"show", "Show what a file holds", setUpShow, runShow},
-        {"get", "Print the values at addresses", setUpGet, runGet},
+        {"show", "Show what a file holds", setUpShow, runShow, XMLConfig::LogLevel::Error},
+        {"get", "Print the values at addresses", setUpGet, runGet, XMLConfig::LogLevel::Error},
         {"set", "Change the values at addresses, all or none", setUpSet, runSet, XMLConfig::LogLevel::Error},
         {"unset", "Take values away, so that inherited ones or defaults count", setUpUnset, runUnset,
          XMLConfig::LogLevel::Error},

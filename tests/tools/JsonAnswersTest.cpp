@@ -88,6 +88,34 @@ TEST_F(JsonAnswers, OfACheckWithMendsFitTheSchema) {
     expectFits("check", {(folder.path() / "broken.skorrax").string()});
 }
 
+TEST_F(JsonAnswers, TellTheFaultWhereThereIsNoAnswer) {
+    const auto expectError = [](const Arguments& words, int status, const std::string& message) {
+        const ToolRun run = runTool(words);
+        EXPECT_EQ(run.status, status) << testing::PrintToString(words);
+        const Json answer = Json::parse(run.output);
+        EXPECT_THAT(schemaFaults(answer, schemaOf("error")), IsEmpty()) << run.output;
+        EXPECT_EQ(answer["verb"], words[0]);
+        EXPECT_EQ(answer["exit"], status);
+        EXPECT_EQ(answer["error"], message);
+        EXPECT_EQ(run.errors.rfind("xmlconfig: " + message + "\n", 0), 0U) << run.errors;
+    };
+    const std::string missing = "Error parseDataFile: Can not open file: missing";
+    expectError({"show", "--json", "missing"}, 3, missing);
+    expectError({"layout", "--json", "missing"}, 3, missing);
+    expectError({"diff", "--json", dome, "missing"}, 3, missing);
+    expectError({"set", "--json", copy(), "Screen/Shape=Dome"}, 1,
+                "Screen/Shape: \"Dome\" is none of Flat, Sphere, Cylinder, Ruled, Toroid, VRML, Test (XC109)");
+    expectError({"describe", "--json", "Sistem"}, 1,
+                "there is no \"Sistem\" among the settings and rules; did you mean \"System\"?");
+    expectError({"get", "--json", dome, "Screen["}, 2,
+                "Error parseAddress: \"Screen[\", character 7: the identifier has no end");
+    const std::string broken = (folder.path() / "broken.skorrax").string();
+    folder.write(L"broken.skorrax", "<ConfigInfo>\n<a></b>\n</ConfigInfo>");
+    expectError({"get", "--json", broken, "System"}, 3,
+                "Error parseDataFile: Error during parsing: " + broken +
+                    " XML message is: line 2, column 6: expected end of tag 'a'");
+}
+
 TEST_F(JsonAnswers, AreThereForEveryVerb) {
     const std::string help = runTool({"--help"}).output;
     std::istringstream lines(help.substr(help.find("Subcommands:")));

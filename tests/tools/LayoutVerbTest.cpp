@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <nlohmann/json.hpp>
 
 #include "tests/support/Example.h"
@@ -157,7 +159,8 @@ void expectUnreadable(const std::string& file, const std::string& why) {
     for (const char* option : {"--json", "--color=never"}) {
         const ToolRun run = runTool({"layout", option, file});
         EXPECT_EQ(run.status, 3) << file;
-        EXPECT_EQ(run.output, "");
+        if (option != std::string("--json")) EXPECT_EQ(run.output, "");
+        else EXPECT_THAT(Json::parse(run.output)["error"].get<std::string>(), HasSubstr(why));
         EXPECT_THAT(run.errors, HasSubstr(why));
         EXPECT_THAT(run.errors, ::testing::StartsWith("xmlconfig: "));
         EXPECT_EQ(run.errors.find("xmlconfig: ", 1), std::string::npos) << run.errors;  // one message
@@ -169,7 +172,8 @@ TEST_F(LayoutVerb, WhatIsNoConfigurationIsStatusThree) {
     expectUnreadable(folder.path().string(), "Can not open file");
     expectUnreadable(fileOf(""), "XML message is: line 1, column 1: ");
     expectUnreadable(fileOf("<ConfigInfo><Version>9.000</Version>"), "XML message is: line 1, column ");
-    expectUnreadable(fileOf("<html><body/></html>"), "is no configuration, it has no version");
+    expectUnreadable(fileOf("<html><body/></html>"), "is no configuration, its root element is \"html\"");
+    expectUnreadable(fileOf("<ConfigInfo/>"), "is no configuration, it has no version");
     expectUnreadable(fileOf("<ConfigInfo><Version>10.000</Version></ConfigInfo>"),
                      "is of file version 10.0; this program knows 9.0");
 }
@@ -178,7 +182,21 @@ TEST_F(LayoutVerb, PictureThatCannotBeWrittenIsStatusThree) {
     const ToolRun run = runTool({"layout", "--svg", (folder.path() / "none" / "x.svg").string(), example()});
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.output, "");
-    EXPECT_THAT(run.errors, EndsWith("x.svg: cannot be written\n"));
+    EXPECT_EQ(run.errors, "xmlconfig: Error writeFile: Can not write file " + (folder.path() / "none" / "x.svg").string() +
+                              ": No such file or directory\n");
+}
+
+TEST_F(LayoutVerb, PictureNeverReplacesTheConfiguration) {
+    const std::string file = example();
+    const std::string before = TemporaryFolder::readFile(file);
+    const ToolRun run =
+        runTool({"layout", "--svg",
+                 (std::filesystem::path(file).parent_path() / "." / std::filesystem::path(file).filename()).string(), file});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_THAT(run.errors, EndsWith(": is the configuration; the picture would replace it\n"));
+    EXPECT_EQ(TemporaryFolder::readFile(file), before);
+    EXPECT_EQ(runTool({"layout", "--svg", "", file}).status, 2);
 }
 
 TEST_F(LayoutVerb, ShowsTheUnitsOfTheDocument) {

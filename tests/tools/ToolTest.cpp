@@ -123,6 +123,30 @@ TEST_F(Tool, UnreadableFilesAreRefused) {
     EXPECT_THAT(run.errors, HasSubstr("line 1, column "));
 }
 
+TEST_F(Tool, OtherXmlIsNoConfiguration) {
+    const std::string other = "<Other><Version>9.000</Version><System/></Other>";
+    const std::string file = fileOf(other);
+    const std::string message = "xmlconfig: " + file + ": is no configuration, its root element is \"Other\"\n";
+    for (const Arguments& arguments :
+         {Arguments{"show", file}, Arguments{"get", file, "System/RunType"}, Arguments{"set", file, "System/RunType=x"},
+          Arguments{"unset", file, "System/RunType"}, Arguments{"check", file}, Arguments{"layout", file},
+          Arguments{"diff", file, "examples/dome.skorrax"}, Arguments{"diff", "--as-stored", "examples/dome.skorrax", file}})
+        expectRun(runTool(arguments), 3, "", message);
+    const ToolRun upgrade = runTool({"upgrade", file});
+    EXPECT_EQ(upgrade.status, 3);
+    EXPECT_THAT(upgrade.errors, HasSubstr(file + ": is no configuration, its root element is \"Other\"\n"));
+    EXPECT_EQ(TemporaryFolder::readFile(file), other);
+}
+
+TEST_F(Tool, OldFilesAreToldOfInOneLine) {
+    const std::string file =
+        fileOf("<ConfigInfo><Version>8.000</Version><System><RunType>x</RunType></System></ConfigInfo>");
+    const std::string told = "xmlconfig: " + file + ": is of file version 8.0; read as it would be after the upgrade\n";
+    expectRun(runTool({"get", file, "System/RunType"}), 0, "x\n", told);
+    EXPECT_EQ(runTool({"show", file}).errors, told);
+    EXPECT_EQ(runTool({"layout", file}).errors, told);
+}
+
 TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
     const std::string file = path("neu.skorrax");
     expectRun(runTool({"new", file}), 0,

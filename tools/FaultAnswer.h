@@ -1,0 +1,20 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+#include "tools/Verb.h"
+
+namespace tool {
+
+/// What a verb that ends with this exception says and ends with.
+struct Fault {
+    std::string message;
+    ExitStatus status;
+};
+Fault faultOf(const std::exception& exception);
+
+/// The answer of a verb that was asked for JSON and cannot give it: what is wrong, in one line.
+std::wstring faultAnswer(const char* verb, const Request& request, const Fault& fault);
+
+}  // namespace tool
