@@ -9,7 +9,6 @@
 #include "store/CorvaneException.h"
 
 static constexpr auto& items = XMLConfig::detail::cameraItems;
-using XMLConfig::detail::Descriptor;
 using XMLConfig::detail::ValueTrait;
 
 namespace {

@@ -4,7 +4,6 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
-#include <charconv>
 #include <optional>
 
 #include "manager/LogOutput.h"
@@ -12,6 +11,7 @@
 #include "store/ConfigInfoFactory.h"
 #include "tools/FaultAnswer.h"
 #include "tools/ManualPage.h"
+#include "tools/Numbers.h"
 #include "tools/Output.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"
@@ -24,15 +24,10 @@ const char* const exitStatuses =
     "Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be read or written, or is no\n"
     "configuration.";
 
-/// 9.0, the same under every locale.
-std::string fileVersion() {
-    char text[32];
-    const auto end = std::to_chars(std::begin(text), std::end(text), ConfigInfoFactory::getLatestFileVersionNumber(),
-                                   std::chars_format::fixed, 1);
-    return std::string(text, end.ptr);
+std::string programVersion() {
+    const std::wstring latest = shownVersion(ConfigInfoFactory::getLatestFileVersionNumber());
+    return "xmlconfig " XMLCONFIG_VERSION " (file version " + XMLConfig::utf8FromWide(latest) + ")";
 }
-
-std::string programVersion() { return "xmlconfig " XMLCONFIG_VERSION " (file version " + fileVersion() + ")"; }
 
 /// "help VERB" asks for what "VERB --help" asks for.
 std::vector<std::string> withoutHelpWord(std::vector<std::string> arguments) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/Words.h"
+
 namespace tool {
 namespace {
 
@@ -16,16 +18,11 @@ std::wstring attributesText(const OutlineNode& node) {
     return text;
 }
 
-std::wstring trimmed(const std::wstring& line) {
-    const std::size_t start = line.find_first_not_of(L" \t\r");
-    return start == std::wstring::npos ? L"" : line.substr(start, line.find_last_not_of(L" \t\r") - start + 1);
-}
-
 std::wstring linesText(const std::wstring& text, int depth) {
     std::wstring lines;
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = std::min(text.find(L'\n', start), text.size());
-        const std::wstring line = trimmed(text.substr(start, end - start));
+        const std::wstring line = XMLConfig::detail::withoutOuterBlanks(text.substr(start, end - start));
         if (!line.empty()) lines += indent(depth) + line + L"\n";
         start = end + 1;
     }

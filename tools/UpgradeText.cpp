@@ -1,17 +1,16 @@
 #include "tools/UpgradeText.h"
 
 #include <charconv>
-#include <nlohmann/json.hpp>
 
 #include "platform/Utf8.h"
 #include "store/Address.h"
+#include "tools/Json.h"
 #include "tools/UpgradeSummary.h"
 
 namespace tool {
 namespace {
 
 using XMLConfig::UpgradeChange;
-using Json = nlohmann::ordered_json;
 
 /// As the library writes it into files; its own function is not exported.
 std::wstring storedVersion(double version) {
@@ -52,7 +51,7 @@ std::wstring placeOf(const UpgradeChange& change) {
     return XMLConfig::addressText({change.section, change.sectionID, L"", L"", change.key});
 }
 
-std::wstring placeBehind(const UpgradeChange& change) {
+std::wstring placeAfter(const UpgradeChange& change) {
     return XMLConfig::addressText({change.newSection, L"", L"", L"", change.newKey});
 }
 
@@ -65,7 +64,7 @@ std::wstring whatHappened(const UpgradeChange& change) {
         case UpgradeChange::Kind::Removed:
             return change.key.empty() ? L", the whole section" : L" (was " + before + L")";
         case UpgradeChange::Kind::Moved:
-            return change.newKey.empty() ? L"" : L" -> " + placeBehind(change) + L" = " + after;
+            return change.newKey.empty() ? L"" : L" -> " + placeAfter(change) + L" = " + after;
         case UpgradeChange::Kind::Renamed:
             return L" -> " + after;
         case UpgradeChange::Kind::Changed:
@@ -74,15 +73,13 @@ std::wstring whatHappened(const UpgradeChange& change) {
     return L": " + before + L" -> " + after;
 }
 
-Json jsonOf(const std::wstring& text) { return XMLConfig::utf8FromWide(text); }
-
 Json jsonOf(const UpgradeChange& change) {
-    Json json = {{"kind", nameOf(change.kind)},         {"section", jsonOf(change.section)},
-                 {"id", jsonOf(change.sectionID)},      {"key", jsonOf(change.key)},
-                 {"oldValue", jsonOf(change.oldValue)}, {"newValue", jsonOf(change.newValue)}};
+    Json json = {{"kind", nameOf(change.kind)},           {"section", jsonText(change.section)},
+                 {"id", jsonText(change.sectionID)},      {"key", jsonText(change.key)},
+                 {"oldValue", jsonText(change.oldValue)}, {"newValue", jsonText(change.newValue)}};
     if (!change.newKey.empty()) {
-        json["newSection"] = jsonOf(change.newSection);
-        json["newKey"] = jsonOf(change.newKey);
+        json["newSection"] = jsonText(change.newSection);
+        json["newKey"] = jsonText(change.newKey);
     }
     return json;
 }
@@ -90,42 +87,42 @@ Json jsonOf(const UpgradeChange& change) {
 Json jsonOf(const XMLConfig::UpgradeStepReport& step) {
     Json changes = Json::array();
     for (const UpgradeChange& change : step.changes) changes.push_back(jsonOf(change));
-    return {{"version", step.version}, {"summary", jsonOf(step.summary)}, {"changes", changes}};
+    return {{"version", step.version}, {"summary", jsonText(step.summary)}, {"changes", changes}};
 }
 
 void addLosses(Json& json, const UpgradeOutcome& outcome) {
     for (const char* const member : {"lost", "renamed", "dangling"}) json[member] = Json::array();
     for (const auto& device : outcome.report.lost) {
-        json["lost"].push_back({{"section", jsonOf(device.section)},
-                                {"id", jsonOf(device.id)},
-                                {"name", jsonOf(device.name)},
+        json["lost"].push_back({{"section", jsonText(device.section)},
+                                {"id", jsonText(device.id)},
+                                {"name", jsonText(device.name)},
                                 {"settings", device.settings}});
     }
     for (const auto& device : outcome.report.renamed) {
-        json["renamed"].push_back({{"section", jsonOf(device.section)},
-                                   {"name", jsonOf(device.name)},
-                                   {"old", jsonOf(device.oldID)},
-                                   {"new", jsonOf(device.newID)}});
+        json["renamed"].push_back({{"section", jsonText(device.section)},
+                                   {"name", jsonText(device.name)},
+                                   {"old", jsonText(device.oldID)},
+                                   {"new", jsonText(device.newID)}});
     }
     for (const auto& reference : outcome.report.dangling) {
-        json["dangling"].push_back({{"address", jsonOf(reference.address)},
-                                    {"oldValue", jsonOf(reference.value)},
-                                    {"newValue", jsonOf(reference.newValue)},
-                                    {"command", jsonOf(followingCommand(outcome, reference))}});
+        json["dangling"].push_back({{"address", jsonText(reference.address)},
+                                    {"oldValue", jsonText(reference.value)},
+                                    {"newValue", jsonText(reference.newValue)},
+                                    {"command", jsonText(followingCommand(outcome, reference))}});
     }
 }
 
 Json jsonOf(const UpgradeOutcome& outcome) {
-    Json json = {{"file", jsonOf(outcome.file)}};
+    Json json = {{"file", jsonText(outcome.file)}};
     if (!outcome.fault.empty()) {
         json["status"] = "failed";
-        json["error"] = jsonOf(outcome.fault);
+        json["error"] = jsonText(outcome.fault);
         return json;
     }
     const bool isUpgraded = outcome.report.status == XMLConfig::Upgraded;
     json["status"] = isUpgraded ? "upgraded" : "current";
-    json["target"] = jsonOf(outcome.report.target);
-    if (!outcome.report.backup.empty()) json["backup"] = jsonOf(outcome.report.backup);
+    json["target"] = jsonText(outcome.report.target);
+    if (!outcome.report.backup.empty()) json["backup"] = jsonText(outcome.report.backup);
     if (!isUpgraded) return json;
     json["from"] = outcome.report.receipt.fromVersion;
     json["to"] = outcome.report.receipt.toVersion;

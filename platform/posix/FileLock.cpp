@@ -68,7 +68,7 @@ std::string linkTarget(const std::string& path) {
 }
 
 /// The folder of the file that a name leads to, which need not exist.
-std::string folderBehind(std::string path) {
+std::string folderOfTarget(std::string path) {
     constexpr int mostLinks = 40;
     std::string target = linkTarget(path);
     for (int i = 0; i < mostLinks && !target.empty(); ++i) {
@@ -151,7 +151,7 @@ struct FileLock::Parts {
 
 FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>()) {
     m_parts->path = systemPath(path);
-    m_parts->folder = folderBehind(m_parts->path);
+    m_parts->folder = folderOfTarget(m_parts->path);
     if (m_parts->path.empty()) throwFileError(purpose, m_parts->path, ENOENT);
     if (::stat(m_parts->folder.c_str(), &m_parts->status) != 0) throwFileError(purpose, m_parts->path, errno);
 }

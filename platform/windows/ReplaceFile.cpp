@@ -161,7 +161,7 @@ bool isLink(DWORD attributes) {
 }
 
 /// A link to nothing gets an empty target first, whose name the system then tells.
-void createBehindLink(const std::wstring& link, const std::wstring& shownAs, const ByteSource& source) {
+void createTargetOfLink(const std::wstring& link, const std::wstring& shownAs, const ByteSource& source) {
     std::wstring name;
     {
         const OpenFile made(link, purpose, shownAs, {GENERIC_WRITE, shareReading, OPEN_ALWAYS});
@@ -222,7 +222,7 @@ void replaceOnce(const std::wstring& path, const ByteSource& source) {
     } catch (const SystemError& error) {
         if (!isMissing(error)) throw;
         if (isLink(attributes)) {
-            createBehindLink(name, path, source);
+            createTargetOfLink(name, path, source);
         } else {
             createFile(name, path, source);
         }

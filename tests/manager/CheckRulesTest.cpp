@@ -34,7 +34,7 @@ const std::wstring p4 = L"Projector[VELDAR***00:0a:0b:0c:0d:1f]";
 const std::wstring c1 = L"Camera[PGR***02:1c:00:51:00:a0]";
 const std::wstring c2 = L"Camera[PGR***02:1c:00:51:00:a4]";
 
-/// Behind the text `after`, what begins with `from` and, where that is given, goes up to the end of `to` becomes `text`.
+/// After the text `after`, what begins with `from` and, where that is given, goes up to the end of `to` becomes `text`.
 struct Edit {
     std::string after;
     std::string from;

@@ -194,7 +194,7 @@ TEST(Layout, RowsGoOnBehindTheViewer) {
     EXPECT_EQ(layout.pairs.size(), 2u);
 }
 
-TEST(Layout, RingWithAGapBeginsBehindIt) {
+TEST(Layout, RingWithAGapBeginsAfterIt) {
     std::vector<RigChannel> ring;
     for (int i = 0; i < 8; ++i) ring.push_back({45.0 * i, 0.0, 0.0, -25.0, 25.0, 20.0, -20.0});
     ring[3].right = 18.0;

@@ -60,7 +60,7 @@ TEST_F(Selector, NameMustFitExactlyAndOnce) {
     EXPECT_EQ(selected(L"Projector[Right]/Gamma"), (Texts{L"?", L"VELDAR***0b:02", L"*"}));
 }
 
-TEST_F(Selector, EndingStandsBehindColonOrStars) {
+TEST_F(Selector, EndingStandsAfterColonOrStars) {
     EXPECT_EQ(selected(L"Projector[0a:01]"), Texts{L"Projector[VELDAR***0a:01]"});
     EXPECT_EQ(selected(L"Projector[01]"), (Texts{L"?", L"VELDAR***0a:01", L"VELDAR***0b:01"}));
     EXPECT_EQ(selected(L"Projector[1]"), Texts{});

@@ -212,7 +212,7 @@ TEST(CleanData, WhatTheOutputHeldBecomesPartOfTheTable) {
     EXPECT_EQ(result.table, (Table{{-90, -90}, {0, 0.5}, {50, 51}, {90, 90}}));
 }
 
-TEST(CleanData, NaNIsUnusableAndSortsBehindNumbers) {
+TEST(CleanData, NaNIsUnusableAndSortsAfterNumbers) {
     Table in;
     for (int i = 0; i < 40; ++i) in.emplace_back(i % 3 == 0 ? notANumber : 40.0 - i, i);
     const Cleaned result = cleaned(in);

@@ -71,7 +71,7 @@ TEST(Address, RefusesWhatIsNone) {
     for (const auto& [text, rest] : faults) EXPECT_EQ(faultOf(text), message(text, rest));
 }
 
-TEST(Assignment, ValueStartsBehindTheFirstEqualsOutsideIdentifiers) {
+TEST(Assignment, ValueStartsAfterTheFirstEqualsOutsideIdentifiers) {
     const XMLConfig::Assignment assignment = parseAssignment(L"Projector[a=b]/Name=x=y / [z]");
     EXPECT_EQ(partsOf(assignment.address), (Parts{L"Projector", L"a=b", L"", L"", L"Name"}));
     EXPECT_EQ(assignment.value, L"x=y / [z]");

@@ -2,7 +2,7 @@
 
 namespace storetests {
 
-TEST(StringTok, CutsTheFirstTokenAndTheDelimitersBehindIt) {
+TEST(StringTok, CutsTheFirstTokenAndTheDelimitersAfterIt) {
     const struct {
         const wchar_t* text;
         const wchar_t* token;

@@ -23,7 +23,7 @@ TEST(FileNames, WithAPatternWereExpandedByTheShell) {
     EXPECT_TRUE(XMLConfig::filesMatching(folder.file(L"*.skorrax")).empty());
 }
 
-TEST(ProgramArguments, AreTheWordsBehindTheProgram) {
+TEST(ProgramArguments, AreTheWordsAfterTheProgram) {
     char program[] = "program";
     char word[] = "\xc3\xbc";
     char notUtf8[] = "\xff";

@@ -17,7 +17,7 @@ namespace {
 
 thread_local SystemCallWatch* current = nullptr;
 
-/// The C library's own function, behind the one of that name here.
+/// The C library's own function, which the one of that name here hides.
 template <typename Function>
 Function* original(const char* name) {
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] bool isThere() const { return m_kept >= 0; }
     [[nodiscard]] const std::string& name() const { return m_name; }
 
-    /// What was written so far. The system hands it on in its own time: all of it has come when the mark behind it has.
+    /// What was written so far. The system hands it on in its own time: all of it has come when the mark after it has.
     [[nodiscard]] std::string shown() const {
         const std::string mark = "<end>";
         std::string text;
