@@ -4,8 +4,10 @@
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "platform/Words.h"
+#include "store/Tokens.h"
 #include "tools/DescribeJson.h"
 #include "tools/Json.h"
+#include "tools/Numbers.h"
 #include "tools/Output.h"
 #include "tools/RuleText.h"
 #include "tools/Suggestion.h"
@@ -45,8 +47,16 @@ void printField(const wchar_t* label, const std::wstring& text) {
     if (!text.empty()) print(padded(label, 16) + text + L"\n");
 }
 
+std::wstring numbersText(const std::wstring& stored) {
+    std::wstring text;
+    for (const std::wstring& number : XMLConfig::detail::tokensOf(stored))
+        text += (text.empty() ? L"" : L", ") + numberText(numberRead(number));
+    return text;
+}
+
 /// A stored text as people read it; quotes tell that texts, and what is empty, are texts.
 std::wstring shown(const std::wstring& stored, const Setting& setting) {
+    if (isNumbers(setting.type) && isOfType(stored, setting.type)) return numbersText(stored);
     const bool isText = stored.empty() || setting.type == SettingType::Text || setting.type == SettingType::Path;
     return isText && !isWord(stored, setting) ? L"\"" + stored + L"\"" : stored;
 }

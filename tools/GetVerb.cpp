@@ -52,6 +52,9 @@ Answer answerAt(const ConfigInfo& document, const Address& place) {
     return answer;
 }
 
+/// Of a device that is not there nothing counts either.
+Answer nothingAt(const Address& place) { return {XMLConfig::addressText(place), place, nullptr, {}, L"", std::nullopt}; }
+
 /// Whether the place holds other settings and no value.
 bool isGroup(const Answer& answer) {
     return answer.place.key.empty() || (answer.element.firstChild() && !holdsElement(answer.setting));
@@ -100,13 +103,13 @@ private:
     void gather(const Address& operand) {
         const std::vector<Address> places = placesOf(*m_document, operand);
         for (const Address& place : places) addAnswers(m_answers, *m_document, place);
-        if (places.empty()) m_answers.push_back({XMLConfig::addressText(operand), operand, nullptr, {}, L"", std::nullopt});
+        if (places.empty()) m_answers.push_back(nothingAt(operand));
     }
 
     /// The text alone; a group as a tree.
     ExitStatus printOne(const Address& operand) {
         const std::vector<Address> places = placesOf(*m_document, operand);
-        m_answers.push_back(answerAt(*m_document, places.empty() ? operand : places[0]));
+        m_answers.push_back(places.empty() ? nothingAt(operand) : answerAt(*m_document, places[0]));
         const Answer& answer = m_answers[0];
         const ExitStatus status = complainOfMissing();
         if (!answer.isThere(isCounted()) && !m_request.fallback) return status;

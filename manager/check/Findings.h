@@ -60,6 +60,7 @@ private:
 
 void checkForm(Findings& findings);
 void checkIdentity(Findings& findings);
+void checkCameraReferences(Findings& findings);  ///< of the group of checkIdentity, which calls it
 void checkChannels(Findings& findings);
 void checkPicture(Findings& findings);
 void checkScreen(Findings& findings);

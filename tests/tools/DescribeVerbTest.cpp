@@ -52,7 +52,7 @@ TEST(DescribeVerb, DetailsOneSetting) {
               "  rules         XC903\n",
               "");
     const ToolRun inherited = runTool({"describe", "Projector/Box_Spacing"});
-    EXPECT_THAT(inherited.output, HasSubstr("when missing  that of Geometry, else 1.500000000000000e+00\n"));
+    EXPECT_THAT(inherited.output, HasSubstr("when missing  that of Geometry, else 1.5\n"));
     const ToolRun group = runTool({"describe", "Projector/Channel_Extents/Heading"});
     EXPECT_EQ(std::count(group.output.begin(), group.output.end(), '\n'), 3);
 }
@@ -80,6 +80,12 @@ TEST(DescribeVerb, TellsWhichRulesLookAtASetting) {
     EXPECT_THAT(runTool({"describe", "Geometry/Fit_Solver"}).output, HasSubstr("\n  rules         XC110\n"));
     EXPECT_THAT(runTool({"describe", "Projector/Box_Spacing"}).output,
                 HasSubstr("\n  rules         XC114, XC408, XC409, XC411, XC901\n"));
+}
+
+TEST(DescribeVerb, ShowsShortestDigits) {
+    EXPECT_THAT(runTool({"describe", "Projector/Channel_Extents/HFOV/Left"}).output,
+                HasSubstr("  when missing  0\n  when new      -0.523598776\n"));
+    EXPECT_THAT(runTool({"describe", "Screen/Center_Point"}).output, HasSubstr("  when missing  0, 0, 0\n"));
 }
 
 TEST(DescribeVerb, LooksForAWordInRulesToo) {

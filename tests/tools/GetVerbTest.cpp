@@ -75,6 +75,15 @@ TEST(GetVerb, InheritedValueIsNamedAndPrintedOnRequest) {
               "xmlconfig: examples/dome.skorrax: holds no System/Nothing\n");
 }
 
+TEST(GetVerb, NothingCountsOfADeviceThatIsNotThere) {
+    for (const std::string device : {"Projector[#9]", "Projector[Nobody]"})
+        for (const char* option : {"--effective", "--origin", "--human"})
+            expectRun(runTool({"get", option, dome, device + "/Gamma"}), 1, "",
+                      "xmlconfig: examples/dome.skorrax: holds no " + device + "/Gamma\n");
+    const auto json = nlohmann::json::parse(runTool({"get", "--json", dome, "Camera[x]/Camera_Gain"}).output);
+    EXPECT_EQ(json["values"][0]["origin"], "missing");
+}
+
 TEST(GetVerb, DefaultStandsForWhatIsMissing) {
     expectRun(runTool({"get", "--default", "none", dome, "Projector[Dome 1]/Box_Spacing"}), 0, "none\n");
     expectRun(runTool({"get", "--default", "", dome, "System/Nothing", "System/Length_Unit", "Camera[x]/Name"}), 0,
