@@ -9,7 +9,7 @@ export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1
 # What each verb needs, by Debian's names.
 forBuilding='cmake ninja-build ccache g++ pkg-config libxerces-c-dev liblog4cxx-dev libcli11-dev nlohmann-json3-dev libfmt-dev libpugixml-dev libutf8proc-dev'
 forTesting='libgtest-dev libgmock-dev locales'
-forBenchmarks='libbenchmark-dev'
+forBenchmarks='libbenchmark-dev libxml2-dev'
 forFuzzing='clang libclang-rt-14-dev'
 forCoverage='gcovr'
 forTracing='strace time'
@@ -221,7 +221,7 @@ doHelp() {
     cat <<'TEXT'
 ./do run                build the release and run the shipped example
 ./do test               build and run every test
-./do bench [OPTION]...  measure against raw Xerces-C, and memory over a million edits; options go to xmlconfig_bench
+./do bench [OPTION]...  measure against other XML libraries, and memory over a million edits; options go to xmlconfig_bench
 ./do measure [FOLDER]    sizes of the sources, here or in the checkout of another commit
 ./do check              format, clang-tidy, sanitizers, threads, fuzzers, Windows parts, static consumer
 ./do fuzz [SECONDS]     five fuzzers, each for so long (30)

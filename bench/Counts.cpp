@@ -10,6 +10,7 @@
 #include <string>
 
 #include "OldSample.h"
+#include "Peer.h"
 #include "Raw.h"
 #include "Sample.h"
 #include "manager/Check.h"
@@ -41,14 +42,10 @@ void setAll(ConfigInfo& document, const std::vector<Address>& addresses, const s
 }
 
 // Each makes ready what its job needs. What a job makes lives on, so that its end is not counted.
-Job rawLoad(const std::string& file) {
+Job rawLoadOld(int projectors) {
+    const std::string file = bench::oldFile(projectors);
     auto kept = std::make_shared<bench::raw::Document>();
     return [=] { *kept = bench::raw::load(file); };
-}
-
-Job rawSave(int projectors) {
-    auto document = std::make_shared<bench::raw::Document>(bench::raw::load(bench::sampleFile(projectors)));
-    return [=] { bench::raw::save(**document, bench::scratchFile()); };
 }
 
 Job libraryLoad(int projectors) {
@@ -96,12 +93,48 @@ Job roundTrip(int projectors) {
     const std::string file = bench::sampleFile(projectors);
     const auto addresses = bench::addressesOf(projectors);
     auto kept = std::make_shared<std::unique_ptr<ConfigInfo>>();
+    return [=] { *kept = bench::roundTrip(file, addresses, bench::scratchFile()); };
+}
+
+Job peerLoad(const bench::Peer& peer, int projectors) {
+    const std::string file = bench::sampleFile(projectors);
+    auto kept = std::make_shared<std::unique_ptr<bench::PeerDocument>>();
+    return [=] { *kept = peer.load(file); };
+}
+
+Job peerSave(const bench::Peer& peer, int projectors) {
+    const std::shared_ptr<bench::PeerDocument> document = peer.load(bench::sampleFile(projectors));
+    return [=] { document->save(bench::scratchFile()); };
+}
+
+Job peerGet(const bench::Peer& peer, int projectors) {
+    const std::shared_ptr<bench::PeerDocument> document = peer.load(bench::sampleFile(projectors));
+    const auto places = bench::namedPlaces(bench::addressesOf(projectors));
     return [=] {
-        *kept = load(file);
-        readAll(**kept, addresses);
-        setAll(**kept, {addresses.front()}, {L"changed"});
-        (*kept)->save(widened(bench::scratchFile()));
+        for (const bench::NamedPlace& place : places)
+            if (document->get(place).empty()) throw std::runtime_error("nothing was read");
     };
+}
+
+Job peerRoundTrip(const bench::Peer& peer, int projectors) {
+    const std::string file = bench::sampleFile(projectors);
+    const auto places = bench::namedPlaces(bench::addressesOf(projectors));
+    auto kept = std::make_shared<std::unique_ptr<bench::PeerDocument>>();
+    return [=] { *kept = bench::roundTrip(peer, file, places, bench::scratchFile()); };
+}
+
+/// "raw_load", "pugixml_get" and so on; none where the name begins with no library.
+Job ofPeer(const std::string& name, int projectors) {
+    for (const bench::Peer& peer : bench::peers()) {
+        const std::string beginning = std::string(peer.name) + "_";
+        if (name.compare(0, beginning.size(), beginning) != 0) continue;
+        const std::string job = name.substr(beginning.size());
+        if (job == "load") return peerLoad(peer, projectors);
+        if (job == "save") return peerSave(peer, projectors);
+        if (job == "get") return peerGet(peer, projectors);
+        if (job == "round_trip") return peerRoundTrip(peer, projectors);
+    }
+    return {};
 }
 
 Job check(int projectors) {
@@ -114,9 +147,8 @@ Job check(int projectors) {
 }
 
 Job named(const std::string& name, int projectors) {
-    if (name == "raw_load") return rawLoad(bench::sampleFile(projectors));
-    if (name == "raw_load_old") return rawLoad(bench::oldFile(projectors));
-    if (name == "raw_save") return rawSave(projectors);
+    if (name == "raw_load_old") return rawLoadOld(projectors);
+    if (const Job job = ofPeer(name, projectors)) return job;
     if (name == "load") return libraryLoad(projectors);
     if (name == "save") return librarySave(projectors);
     if (name == "get") return get(projectors);

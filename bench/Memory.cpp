@@ -10,6 +10,8 @@
 
 #include "Raw.h"
 #include "Sample.h"
+#include "manager/Check.h"
+#include "manager/Upgrade.h"
 #include "store/ConfigInfo.h"
 
 namespace bench {
@@ -17,47 +19,90 @@ namespace {
 
 constexpr const char* childMark = "--load-and-end";
 
-/// The least of a few runs: what else the machine does can only add pages.
-double peakOfChild(const char* side, const char* path) {
+double secondsOf(const timeval& time) { return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec); }
+
+Usage usageOfChild(const char* job, const char* path) {
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("cannot start a child process");
     if (child == 0) {
-        execl("/proc/self/exe", "xmlconfig_bench", childMark, side, path, static_cast<char*>(nullptr));
+        execl("/proc/self/exe", "xmlconfig_bench", childMark, job, path, static_cast<char*>(nullptr));
         _exit(127);
     }
     int status = 0;
     rusage usage{};
     if (wait4(child, &status, 0, &usage) != child || status != 0)
-        throw std::runtime_error(std::string("the child process did not load ") + path);
-    return 1024.0 * static_cast<double>(usage.ru_maxrss);
+        throw std::runtime_error(std::string("the child process failed to ") + job + " " + path);
+    return {secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime), 1024.0 * static_cast<double>(usage.ru_maxrss)};
 }
 
-double leastPeak(const char* side, const char* path) {
-    double least = peakOfChild(side, path);
-    for (int run = 1; run < 3; ++run) least = std::min(least, peakOfChild(side, path));
-    return least;
+bool hasProjector(const ConfigInfo& document) { return !document.getSectionIDs(L"Projector").empty(); }
+
+bool load(const std::string& path) { return hasProjector(ConfigInfo(widened(path))); }
+
+bool loadRaw(const std::string& path) {
+    const raw::Platform platform;
+    return raw::load(path) != nullptr;
 }
+
+bool upgrade(const std::string& path) {
+    ConfigInfo document(widened(path));
+    return XMLConfig::upgradeDocument(document) == XMLConfig::Upgraded && hasProjector(document);
+}
+
+bool convert(const std::string& path) {
+    ConfigInfo document(widened(path));
+    const bool isUpgraded = XMLConfig::upgradeDocument(document) == XMLConfig::Upgraded;
+    document.save(widened(path + "x"));
+    return isUpgraded;
+}
+
+bool check(const std::string& path) {
+    const ConfigInfo document(widened(path));
+    return !XMLConfig::check(document).empty();
+}
+
+bool save(const std::string& path) {
+    ConfigInfo document(widened(path));
+    document.save(widened(path + "x"));
+    return true;
+}
+
+struct ChildJob {
+    const char* name;
+    bool (*run)(const std::string& path);
+};
+constexpr ChildJob childJobs[] = {{"nothing", [](const std::string&) { return true; }},
+                                  {"library", load},
+                                  {"raw", loadRaw},
+                                  {"upgrade", upgrade},
+                                  {"convert", convert},
+                                  {"check", check},
+                                  {"save", save}};
 
 }  // namespace
 
 bool isChild(int argumentCount, char** arguments) { return argumentCount == 4 && std::strcmp(arguments[1], childMark) == 0; }
 
 int runChild(char** arguments) {
-    const std::string side = arguments[2];
-    if (side == "library") {
-        const ConfigInfo document(widened(arguments[3]));
-        return document.doesSectionExist(L"Projector", L"1") ? 0 : 1;
+    for (const ChildJob& job : childJobs)
+        if (std::strcmp(job.name, arguments[2]) == 0) return job.run(arguments[3]) ? 0 : 1;
+    return 1;
+}
+
+/// What else the machine does can only add to time and pages.
+Usage usageOf(const std::string& job, const std::string& path, int runs) {
+    Usage least = usageOfChild(job.c_str(), path.c_str());
+    for (int run = 1; run < runs; ++run) {
+        const Usage next = usageOfChild(job.c_str(), path.c_str());
+        least = {std::min(least.seconds, next.seconds), std::min(least.peak, next.peak)};
     }
-    if (side == "raw") {
-        const raw::Platform platform;
-        return raw::load(arguments[3]) ? 0 : 1;
-    }
-    return 0;
+    return least;
 }
 
 double peakOfLoading(const std::string& side, const std::string& path) {
-    static const double idle = leastPeak("nothing", path.c_str());
-    return leastPeak(side.c_str(), path.c_str()) - idle;
+    constexpr int runs = 3;
+    static const double idle = usageOf("nothing", path, runs).peak;
+    return usageOf(side, path, runs).peak - idle;
 }
 
 }  // namespace bench

@@ -74,6 +74,11 @@ Place::Place(const Address& address) : section(textOf(address.section)), id(text
     key.push_back(textOf(rest));
 }
 
+Place::Place(const std::string& sectionName, const std::string& identifier, const std::vector<std::string>& keyParts)
+    : section(sectionName.begin(), sectionName.end()), id(identifier.begin(), identifier.end()) {
+    for (const std::string& part : keyParts) key.emplace_back(part.begin(), part.end());
+}
+
 DOMElement* find(const DOMDocument& document, const Place& place) {
     static const Text idName = textOf(L"ID");
     DOMElement* element = document.getDocumentElement()->getFirstElementChild();

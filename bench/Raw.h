@@ -34,6 +34,7 @@ Text textOf(const std::wstring& ascii);
 /// An address converted once.
 struct Place {
     explicit Place(const Address& address);
+    Place(const std::string& section, const std::string& id, const std::vector<std::string>& key);
     Text section;
     Text id;
     std::vector<Text> key;

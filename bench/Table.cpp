@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <optional>
 
 #include "Sample.h"
 
@@ -71,6 +72,27 @@ public:
                   verdict(floor, judged));
     }
 
+    /// A job of the library and of all other XML libraries that were measured, and the ratios to each. With a limit, the
+    /// ratios to others than Xerces-C are held to it.
+    void beside(const std::string& operation, int projectors, std::optional<double> limit = std::nullopt) {
+        const std::string size = std::to_string(projectors);
+        const Values* const library = find(operation + "/library/" + size);
+        if (library == nullptr) return;
+        std::string times = paddedTime(library);
+        std::string ratios;
+        double worst = 0.0;
+        for (const char* other : others) {
+            const Values* const values = find(operation + "/" + other + "/" + size);
+            times += paddedTime(values);
+            ratios += padded(values == nullptr ? "-" : shownRatio(medianRatio(*library, *values)), 9);
+            if (values != nullptr && other != others[0]) worst = std::max(worst, medianRatio(*library, *values));
+        }
+        const Floor floor{limit && worst > 0.0 ? Floor::Of::Ratio : Floor::Of::Nothing, limit.value_or(0.0)};
+        const std::string shownLimit = limit ? "<= " + shownRatio(*limit) : "";
+        std::printf("%-10s %10s%s%s  %-8s %s\n", operation.c_str(), size.c_str(), times.c_str(), ratios.c_str(),
+                    shownLimit.c_str(), verdict(floor, worst).c_str());
+    }
+
     /// How an operation of the library slows down with the size of the document.
     void growth(const std::string& operation, int from, int to, double limit) {
         const Values* const small = find(operation + "/library/" + std::to_string(from));
@@ -89,6 +111,15 @@ public:
     }
 
 private:
+    static constexpr const char* others[] = {"raw", "pugixml", "libxml2"};
+
+    static std::string padded(const std::string& text, std::size_t width) {
+        return std::string(width - std::min(width, text.size()), ' ') + text;
+    }
+    static std::string paddedTime(const Values* values) {
+        return padded(values == nullptr ? "-" : shownTime(median(*values)), 11);
+    }
+
     [[nodiscard]] const Values* find(const std::string& name) const {
         const auto found = m_values.find(name);
         return found == m_values.end() ? nullptr : &found->second;
@@ -144,6 +175,20 @@ bool Table::print() const {
     printer.row("set", 4, {Floor::Of::Value, 1000.0}, shownTime);
     for (const int projectors : {100, 1000, 10000}) printer.row("set", projectors, {}, shownTime);
     printer.growth("set", 100, 10000, 1.2);
+
+    for (const int projectors : sizes()) {
+        // What users do with a document in one go; the floors are the counted instructions' with room for a machine's noise.
+        const double limit = projectors <= 4 ? 0.5 : projectors <= 100 ? 0.3 : 0.1;
+        printer.row("round_trip", projectors, {Floor::Of::Ratio, limit}, shownTime);
+    }
+    std::printf("\n%-10s %10s%11s%11s%11s%11s%9s%9s%9s\n", "operation", "projectors", "XMLConfig", "Xerces-C", "pugixml",
+                "libxml2", "/Xerces", "/pugixml", "/libxml2");
+    for (const char* operation : {"load", "save", "get"})
+        for (const int projectors : sizes()) printer.beside(operation, projectors);
+    printer.beside("round_trip", 4);
+    printer.beside("round_trip", 100, 1.0);
+    printer.beside("round_trip", 1000, 1.0);
+    std::printf("\n");
 
     printLine("one projector", "projectors", "accessors", "store", "ratio", "floor", "");
     printer.row("accessors", 100, {}, shownTime, "store");

@@ -8,12 +8,7 @@ set -eu
 cd "$(dirname "$0")/.."
 kept=bench/counts.txt
 tolerance=3  # percent
-program=build/release/bin/xmlconfig_counts
-
-count() {
-    valgrind --tool=callgrind --callgrind-out-file=/dev/null --toggle-collect=countedJob "$program" "$1" "$2" 2>&1 |
-        awk '/Collected/ { print $4 }'
-}
+. bench/counting.sh
 
 # job, what it is compared with, projectors
 jobs='load raw_load 100

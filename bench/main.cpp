@@ -2,6 +2,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -17,7 +20,18 @@ namespace {
 
 /// Everything is measured once a round. A machine that others use too changes its speed every few seconds, by a half and
 /// more; what the table compares is therefore measured one after the other, and each round gives a ratio of its own.
-constexpr int rounds = 11;
+int rounds = 11;
+
+constexpr const char* roundsOption = "--rounds=";
+
+/// Takes --rounds=N from the options.
+void takeRounds(std::vector<std::string>& options) {
+    const auto isIt = [](const std::string& option) { return option.rfind(roundsOption, 0) == 0; };
+    const auto found = std::find_if(options.begin(), options.end(), isIt);
+    if (found == options.end()) return;
+    rounds = std::max(1, std::atoi(found->c_str() + std::strlen(roundsOption)));
+    options.erase(found);
+}
 
 /// What the table needs, before the caller's own options, which win.
 std::vector<std::string> withDefaults(int argumentCount, char** arguments) {
@@ -49,6 +63,7 @@ int measure() {
     bench::registerDocuments();
     bench::registerGetting();
     bench::registerSetting();
+    bench::registerBeside();
     bench::registerAccessors();
     bench::registerUpgrade();
     bench::registerLayout();
@@ -61,12 +76,20 @@ int measure() {
     return table.print() ? 0 : 1;
 }
 
+int measureLarge() {
+    const bool isKept = bench::measureLarge();
+    bench::removeSamples();
+    return isKept ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
     try {
         if (bench::isChild(argumentCount, arguments)) return bench::runChild(arguments);
+        if (argumentCount == 2 && std::strcmp(arguments[1], "--large") == 0) return measureLarge();
         std::vector<std::string> options = withDefaults(argumentCount, arguments);
+        takeRounds(options);
         if (!initialize(options)) return 2;
         const int status = measure();
         bench::removeSamples();

@@ -1,0 +1,89 @@
+#!/bin/sh
+# Measures and makes docs/performance.md of what was measured.
+#   sh bench/report.sh                  all parts that take minutes: times, counts, start, growth
+#   sh bench/report.sh PART...          these parts: times, counts, start, growth, or large, which takes minutes and 5 GB
+#   sh bench/report.sh page             only the page, of what bench/results/ keeps
+# ROUNDS=N: how often times are measured (11). The release must have been built with its benchmarks, as ./do bench does.
+set -eu
+export LC_ALL=C
+cd "$(dirname "$0")/.."
+. bench/counting.sh
+programs=build/release/bin
+results=bench/results
+
+machine() {
+    echo "$(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(nproc) cores, $(. /etc/os-release; echo "$PRETTY_NAME"), $(c++ --version | head -n 1)"
+}
+
+measureTimes() { "$programs/xmlconfig_bench" --rounds="${ROUNDS:-11}" 2> /dev/null; }
+
+measureLarge() { "$programs/xmlconfig_bench" --large; }
+
+# Instructions of a job of all libraries, a line a size; the last argument says how many items a projector's share has.
+countJob() {
+    job=$1
+    for projectors in 4 100; do
+        line="$job $projectors"
+        for library in '' raw_ pugixml_ libxml2_; do line="$line $(count "$library$job" "$projectors")"; done
+        echo "$line"
+    done
+}
+
+measureCounts() {
+    for job in load save get round_trip; do countJob "$job"; done | awk '
+        function shown(count) { return count == "" ? "-" : sprintf("%.2f M", count / 1e6) }
+        function ratio(count) { return count == "" ? "-" : sprintf("%.3f", $3 / count) }
+        BEGIN {
+            printf "%-10s %10s %11s %11s %11s %11s   %s\n", "job", "projectors", "XMLConfig", "Xerces-C", "pugixml", "libxml2",
+                "ratio to each"
+        }
+        {
+            printf "%-10s %10d %11s %11s %11s %11s  %7s %7s %7s\n", $1, $2, shown($3), shown($4), shown($5), shown($6),
+                ratio($4), ratio($5), ratio($6)
+        }'
+    echo
+    sh bench/counts.sh
+}
+
+measureStart() {
+    runs=200
+    tool=$programs/xmlconfig
+    seconds=$(/usr/bin/time -f '%U %S' sh -c "i=0; while [ \$i -lt $runs ]; do $tool --version > /dev/null; i=\$((i + 1)); done" \
+        2>&1 | awk '{ print $1 + $2 }')
+    echo "$seconds $runs $(ldd "$tool" | wc -l)" |
+        awk '{ printf "%.1f ms of CPU a start of xmlconfig --version, mean of %d; %d libraries\n", 1000 * $1 / $2, $2, $3 }'
+}
+
+# measure PART: keeps what is told, with the machine that it was measured on
+measure() {
+    echo "measuring $1" >&2
+    case $1 in
+        times) measureTimes ;;
+        counts) measureCounts ;;
+        start) measureStart ;;
+        growth) "$programs/xmlconfig_growth" ;;
+        large) measureLarge ;;
+        *) echo "report.sh: there is no part $1" >&2; exit 2 ;;
+    esac > "$results/$1.new" || echo "report.sh: $1: not all floors are kept" >&2
+    { cat "$results/$1.new"; echo; machine; } > "$results/$1.txt"
+    rm "$results/$1.new"
+}
+
+page() {
+    awk -v results="$results" '
+        /^@[a-z]+@$/ {
+            file = results "/" substr($0, 2, length($0) - 2) ".txt"
+            print "```"
+            while ((getline line < file) > 0) if (line !~ /^Run on|^CPU Cach/) print line
+            print "```"
+            next
+        }
+        { print }' bench/performance.md.in > docs/performance.md
+}
+
+mkdir -p "$results"
+[ $# -gt 0 ] || set -- times counts start growth
+for part in "$@"; do
+    [ "$part" = page ] || measure "$part"
+done
+page
