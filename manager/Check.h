@@ -73,7 +73,7 @@ struct CheckOptions {
 /// Values that cannot be read are findings or count as missing; nothing is thrown for them. Sections whose keys the callers
 /// choose hold no unknown settings. Angles in messages are in the document's unit. Takes time in proportion to the document.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document, const CheckOptions& options);
-/// The same of a document that has no file.
+/// Checks a document that has no file, by every rule.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document);
 
 }  // namespace XMLConfig

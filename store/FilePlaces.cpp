@@ -67,7 +67,7 @@ private:
         if (child != nullptr && same != 0) matchByIdentity(around, first);
     }
 
-    /// Of several that are equal, the first is the first, and so on.
+    /// Joins elements and places of one identity in their order: the first element has the first place, and so on.
     void matchByIdentity(const DOMElement& around, std::size_t first) {
         std::unordered_map<std::u16string, std::vector<std::size_t>> placed;
         for (std::size_t number = first; number != 0; number = m_text.next(number))
