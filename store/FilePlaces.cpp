@@ -1,7 +1,8 @@
 #include "store/FilePlaces.h"
 
+#include <algorithm>
+#include <functional>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "platform/Files.h"
 #include "platform/Text.h"
@@ -38,52 +39,72 @@ using xercesc::DOMElement;
 /// Joins the elements of a tree to those of a text: of one element those inside it, when any of them is asked for.
 class Matching {
 public:
-    Matching(const DOMElement& root, const PlacedElements& text) : m_text(text) { m_found.emplace(&root, 0); }
+    Matching(const DOMElement& root, const PlacedElements& text) : m_root(root), m_text(text) {}
 
     /// The number of the text's element; nothing where it has none.
     std::optional<std::size_t> find(const DOMElement* element) {
-        if (element == nullptr) return std::nullopt;
-        const auto found = m_found.find(element);
-        if (found != m_found.end()) return found->second;
+        if (element == nullptr || element == &m_root)
+            return element == nullptr ? std::nullopt : std::optional<std::size_t>(0);
         const xercesc::DOMNode* const parent = detail::parentOf(*element);
         if (parent == nullptr || parent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) return std::nullopt;
         const auto* const around = static_cast<const DOMElement*>(parent);
         const std::optional<std::size_t> placed = find(around);
-        if (!placed || !m_isMatched.insert(around).second) return std::nullopt;
-        matchInside(*around, *placed);
-        const auto matched = m_found.find(element);
-        return matched == m_found.end() ? std::nullopt : std::optional(matched->second);
+        return placed ? find(inside(*around, *placed), element) : std::nullopt;
     }
 
 private:
-    void matchInside(const DOMElement& around, std::size_t placed) {
+    struct Pair {
+        const DOMElement* element;
+        std::size_t number;
+        bool operator<(const Pair& other) const { return std::less<>()(element, other.element); }
+    };
+    using Pairs = std::vector<Pair>;  // by element
+
+    static std::optional<std::size_t> find(const Pairs& pairs, const DOMElement* element) {
+        const auto found = std::lower_bound(pairs.begin(), pairs.end(), Pair{element, 0});
+        return found == pairs.end() || found->element != element ? std::nullopt : std::optional(found->number);
+    }
+
+    const Pairs& inside(const DOMElement& around, std::size_t placed) {
+        const auto [place, isNew] = m_inside.try_emplace(&around);
+        Pairs& pairs = place->second;
+        if (!isNew) return pairs;
+        pairs = matched(around, placed);
+        if (!std::is_sorted(pairs.begin(), pairs.end())) std::sort(pairs.begin(), pairs.end());
+        return pairs;
+    }
+
+    /// As long as both hold the same one after the other, the first of several that are equal is the first.
+    [[nodiscard]] Pairs matched(const DOMElement& around, std::size_t placed) const {
+        Pairs pairs;
         const std::size_t first = m_text.firstChild(placed);
         std::size_t same = first;
         const DOMElement* child = detail::firstElementIn(around);
         for (; child != nullptr && same != 0 && m_text.isLike(same, *child); child = detail::elementAfter(*child)) {
-            m_found.emplace(child, same);
+            pairs.push_back({child, same});
             same = m_text.next(same);
         }
-        if (child != nullptr && same != 0) matchByIdentity(around, first);
+        return child == nullptr || same == 0 ? pairs : matchedByIdentity(around, first);
     }
 
-    /// Joins elements and places of one identity in their order: the first element has the first place, and so on.
-    void matchByIdentity(const DOMElement& around, std::size_t first) {
+    [[nodiscard]] Pairs matchedByIdentity(const DOMElement& around, std::size_t first) const {
         std::unordered_map<std::u16string, std::vector<std::size_t>> placed;
         for (std::size_t number = first; number != 0; number = m_text.next(number))
             placed[m_text.identity(number)].push_back(number);
         std::unordered_map<std::u16string, std::size_t> met;
+        Pairs pairs;
         for (const auto* child = detail::firstElementIn(around); child != nullptr; child = detail::elementAfter(*child)) {
             const std::u16string identity = detail::identityOf(*child);
             const auto equals = placed.find(identity);
             const std::size_t count = met[identity]++;
-            if (equals != placed.end() && count < equals->second.size()) m_found[child] = equals->second[count];
+            if (equals != placed.end() && count < equals->second.size()) pairs.push_back({child, equals->second[count]});
         }
+        return pairs;
     }
 
+    const DOMElement& m_root;
     const PlacedElements& m_text;
-    std::unordered_map<const DOMElement*, std::size_t> m_found;
-    std::unordered_set<const DOMElement*> m_isMatched;
+    std::unordered_map<const DOMElement*, Pairs> m_inside;
 };
 
 /// Nothing where the bytes are not those that the document was made of, so that they may be malformed, and where they are

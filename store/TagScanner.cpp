@@ -1,6 +1,7 @@
 #include "store/TagScanner.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/Text.h"
 #include "platform/Utf8.h"
@@ -10,11 +11,21 @@ namespace XMLConfig::detail {
 
 namespace {
 
-constexpr std::size_t blockSize = 1024;
+constexpr std::size_t blockSize = 256;
 constexpr std::size_t none = std::string_view::npos;
 
 bool isBlank(char character) { return character == ' ' || character == '\t' || character == '\n' || character == '\r'; }
-bool endsName(char character) { return isBlank(character) || character == '>' || character == '/' || character == '='; }
+
+constexpr std::array<bool, 256> nameEnds() {
+    std::array<bool, 256> ends{};
+    for (const char character : {' ', '\t', '\n', '\r', '>', '/', '='}) ends[static_cast<unsigned char>(character)] = true;
+    return ends;
+}
+bool endsName(char character) {
+    static constexpr std::array<bool, 256> ends = nameEnds();
+    return ends[static_cast<unsigned char>(character)];
+}
+
 bool isASCII(char character) { return static_cast<unsigned char>(character) < 0x80U; }
 
 std::size_t endOfName(std::string_view text, std::size_t at) {
@@ -30,6 +41,7 @@ struct Attribute {
 /// Reads the attribute at a place in a tag, or after blanks there, and goes behind it; nothing where the tag ends or the
 /// text is none that was promised.
 std::optional<Attribute> nextAttribute(std::string_view text, std::size_t& at) {
+    if (at < text.size() && text[at] == '>') return std::nullopt;
     while (at < text.size() && isBlank(text[at])) ++at;
     const std::size_t nameEnd = endOfName(text, at);
     if (nameEnd == at) return std::nullopt;
@@ -94,7 +106,7 @@ bool TagScanner::readMarkup(std::size_t& at) {
         case '/':
             if (m_open.empty()) return false;
             m_open.pop_back();
-            return skip(at, ">");
+            return skip(at, '>');
         case '?':
             return skip(at, "?>");
         case '!':
@@ -111,7 +123,7 @@ bool TagScanner::readStartTag(std::size_t& at) {
     while (const std::optional<Attribute> attribute = nextAttribute(m_text, at))
         if (attribute->name == "ID" && attribute->value.find_first_of("&\t\r\n") != none) return false;
     const bool isEmpty = at < m_text.size() && m_text[at] == '/';
-    if (!skip(at, ">") || (m_open.empty() && !m_tags.empty())) return false;
+    if (!skip(at, '>') || (m_open.empty() && !m_tags.empty())) return false;
     add(begin, isEmpty);
     return true;
 }
@@ -134,13 +146,19 @@ bool TagScanner::skip(std::size_t& at, std::string_view end) const {
     return true;
 }
 
+bool TagScanner::skip(std::size_t& at, char end) const {
+    at = m_text.find(end, at);
+    return at++ != none;
+}
+
 void TagScanner::countLines() {
     std::uint64_t lines = 0;
-    for (std::size_t at = 0; at < m_text.size(); at += blockSize) {
-        m_lines.push_back(lines);
-        const std::string_view block = m_text.substr(at, blockSize);
-        lines += static_cast<std::uint64_t>(std::count(block.begin(), block.end(), '\n'));
+    m_lines.reserve(m_text.size() / blockSize + 1);
+    for (std::size_t at = m_text.find('\n'); at != none; at = m_text.find('\n', at + 1)) {
+        m_lines.resize(at / blockSize + 1, lines);
+        ++lines;
     }
+    m_lines.resize(m_text.size() / blockSize + 1, lines);
 }
 
 std::string_view TagScanner::nameOf(std::size_t element) const {

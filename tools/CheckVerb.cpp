@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <numeric>
 
 #include "manager/CheckRules.h"
 #include "platform/Utf8.h"
@@ -52,22 +53,28 @@ private:
     std::unique_ptr<XMLConfig::FilePlaces> m_places;
 };
 
-std::vector<CheckedFile::Place> withLines(const std::vector<Finding>& findings, const ConfigInfo& document,
+/// The findings come by severity and rule; within these they are told by line.
+std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const ConfigInfo& document,
                                           const std::string& file) {
     std::vector<CheckedFile::Place> result;
     if (findings.empty()) return result;
     const Lines lines(document, file);
-    for (const Finding& finding : findings) {
-        result.push_back({finding, lines.of(finding.element), {}});
-        for (const XMLConfig::FindingPlace& other : finding.places)
+    std::vector<std::size_t> order(findings.size());
+    std::vector<unsigned long long> found;
+    for (const Finding& finding : findings) found.push_back(lines.of(finding.element).value_or(0));
+    std::iota(order.begin(), order.end(), 0U);
+    const auto isBefore = [&](std::size_t a, std::size_t b) {
+        if (findings[a].severity != findings[b].severity) return findings[a].severity < findings[b].severity;
+        if (findings[a].rule != findings[b].rule) return findings[a].rule < findings[b].rule;
+        return found[a] < found[b];
+    };
+    if (!std::is_sorted(order.begin(), order.end(), isBefore)) std::stable_sort(order.begin(), order.end(), isBefore);
+    for (const std::size_t index : order) {
+        const std::optional<unsigned long long> line = found[index] == 0 ? std::nullopt : std::optional(found[index]);
+        result.push_back({std::move(findings[index]), line, {}});
+        for (const XMLConfig::FindingPlace& other : result.back().finding.places)
             result.back().otherLines.push_back(lines.of(other.element));
     }
-    const auto isBefore = [](const CheckedFile::Place& a, const CheckedFile::Place& b) {
-        if (a.finding.severity != b.finding.severity) return a.finding.severity < b.finding.severity;
-        if (a.finding.rule != b.finding.rule) return a.finding.rule < b.finding.rule;
-        return a.line.value_or(0) < b.line.value_or(0);
-    };
-    std::stable_sort(result.begin(), result.end(), isBefore);
     return result;
 }
 
@@ -78,8 +85,8 @@ CheckedFile checkFile(const Request& request, const std::string& file, std::wstr
     try {
         const ReadForCheck read = readForCheck(file);
         checked.version = read.storedVersion ? *read.storedVersion : read.document->getVersion();
-        const auto findings = XMLConfig::check(*read.document, optionsOf(request, file, read.storedVersion));
-        checked.findings = withLines(findings, *read.document, file);
+        std::vector<Finding> findings = XMLConfig::check(*read.document, optionsOf(request, file, read.storedVersion));
+        checked.findings = withLines(std::move(findings), *read.document, file);
         if (!request.json) text = checkText(checked, Showing(*read.document), isColoured(request.colour));
     } catch (const Unreadable& fault) {
         checked.fault = XMLConfig::wideFromUtf8(fault.what());

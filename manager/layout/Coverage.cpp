@@ -70,18 +70,17 @@ private:
 
     [[nodiscard]] UncoveredPart partOf(std::vector<Cell>& cells) const {
         UncoveredPart part;
-        part.theta = m_grid.surface().around();
-        std::swap(part.theta.from, part.theta.to);
-        part.phi = {m_grid.phi(m_grid.rows()), m_grid.phi(0)};
         part.isHole = true;
+        Cell first = cells[0];
+        Cell last = cells[0];
         for (const Cell& cell : cells) {
             part.share += m_grid.shareOf(cell.row);
-            part.theta.from = std::min(part.theta.from, m_grid.around(cell.column));
-            part.theta.to = std::max(part.theta.to, m_grid.around(cell.column + 1));
-            part.phi.from = std::min(part.phi.from, m_grid.phi(cell.row));
-            part.phi.to = std::max(part.phi.to, m_grid.phi(cell.row + 1));
+            first = {std::min(first.column, cell.column), std::min(first.row, cell.row)};
+            last = {std::max(last.column, cell.column), std::max(last.row, cell.row)};
             part.isHole = part.isHole && !isAtAnEdge(cell);
         }
+        part.theta = {m_grid.around(first.column), m_grid.around(last.column + 1)};
+        part.phi = {m_grid.phi(first.row), m_grid.phi(last.row + 1)};
         if (part.isHole) part.patches = patchesOf(cells);
         return part;
     }

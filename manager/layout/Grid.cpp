@@ -6,9 +6,6 @@
 namespace XMLConfig::detail {
 namespace {
 
-constexpr int blockSize = 32;
-constexpr int partSize = 8;
-
 int stepsOf(const Interval& range, double step) {
     constexpr double rounding = 1e-6;
     return std::max(1, static_cast<int>(std::ceil((range.to - range.from) / step - rounding)));
@@ -53,13 +50,13 @@ Grid::Grid(const Surface& surface)
     m_counts.resize(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows));
 }
 
-double Grid::around(int column) const { return placeIn(m_surface.around(), column, m_columns); }
 double Grid::height(int row) const { return placeIn(m_surface.heights(), row, m_rows); }
-double Grid::phi(int row) const { return m_surface.phiOf(height(row)); }
 
 void Grid::makePoints() {
     const Interval& heights = m_surface.heights();
     const double whole = m_surface.areaBetween(heights.from, heights.to) * m_columns;
+    for (int column = 0; column <= m_columns; ++column) m_around.push_back(placeIn(m_surface.around(), column, m_columns));
+    for (int row = 0; row <= m_rows; ++row) m_phi.push_back(m_surface.phiOf(height(row)));
     for (int column = 0; column < m_columns; ++column)
         m_directions.push_back(Surface::directionAt(placeIn(m_surface.around(), column + 0.5, m_columns)));
     for (int row = 0; row < m_rows; ++row) {
@@ -69,16 +66,23 @@ void Grid::makePoints() {
 }
 
 void Grid::makeBlocks() {
-    for (int row = 0; row < m_rows; row += blockSize)
-        for (int column = 0; column < m_columns; column += blockSize) {
-            Block block = blockAt(column, row, blockSize, m_columns, m_rows);
-            block.firstPart = m_parts.size();
-            for (int y = block.row; y < block.endRow; y += partSize)
-                for (int x = block.column; x < block.endColumn; x += partSize)
-                    m_parts.push_back(blockAt(x, y, partSize, block.endColumn, block.endRow));
-            block.endPart = m_parts.size();
-            m_blocks.push_back(block);
+    Block whole;
+    whole.endColumn = m_columns;
+    whole.endRow = m_rows;
+    addParts(0, whole);
+    for (std::size_t size = 1; size < blockSizes.size(); ++size)
+        for (Block& block : m_blocks[size - 1]) {
+            block.firstPart = m_blocks[size].size();
+            addParts(size, block);
+            block.endPart = m_blocks[size].size();
         }
+}
+
+void Grid::addParts(std::size_t size, const Block& around) {
+    const int step = blockSizes[size];
+    for (int row = around.row; row < around.endRow; row += step)
+        for (int column = around.column; column < around.endColumn; column += step)
+            m_blocks[size].push_back(blockAt(column, row, step, around.endColumn, around.endRow));
 }
 
 Grid::Block Grid::blockAt(int column, int row, int size, int endColumn, int endRow) const {
@@ -100,24 +104,23 @@ void Grid::countAll(const Block& block) {
         for (int column = block.column; column < block.endColumn; ++column) count(index(column, row));
 }
 
-void Grid::addPart(const Block& part, const Bounds& bounds) {
-    const double depth = bounds.depthOf(part.centre, -part.radius);
-    if (depth < -part.radius) return;
-    if (depth > part.radius) return countAll(part);
-    for (int row = part.row; row < part.endRow; ++row)
-        for (int column = part.column; column < part.endColumn; ++column)
+void Grid::addBlock(std::size_t size, const Block& block, const Bounds& bounds) {
+    const double depth = bounds.depthOf(block.centre, -block.radius);
+    if (depth < -block.radius) return;
+    if (depth > block.radius) return countAll(block);
+    if (size + 1 == blockSizes.size()) return addPoints(block, bounds);
+    for (std::size_t i = block.firstPart; i < block.endPart; ++i) addBlock(size + 1, m_blocks[size + 1][i], bounds);
+}
+
+void Grid::addPoints(const Block& block, const Bounds& bounds) {
+    for (int row = block.row; row < block.endRow; ++row)
+        for (int column = block.column; column < block.endColumn; ++column)
             if (bounds.depthOf(pointAt(column, row), 0.0) >= 0.0) count(index(column, row));
 }
 
 void Grid::add(const Channel& channel) {
     const Bounds bounds(channel);
-    for (const Block& block : m_blocks) {
-        const double depth = bounds.depthOf(block.centre, -block.radius);
-        if (depth < -block.radius) continue;
-        if (depth > block.radius) countAll(block);
-        else
-            for (std::size_t i = block.firstPart; i < block.endPart; ++i) addPart(m_parts[i], bounds);
-    }
+    for (const Block& block : m_blocks[0]) addBlock(0, block, bounds);
 }
 
 }  // namespace XMLConfig::detail

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -23,8 +24,8 @@ public:
     /// The area that a point of the row stands for, as a share of the surface.
     [[nodiscard]] double shareOf(int row) const { return m_shares[static_cast<std::size_t>(row)]; }
     /// Where a column, or a row, begins: it ends where the next one begins.
-    [[nodiscard]] double around(int column) const;
-    [[nodiscard]] double phi(int row) const;
+    [[nodiscard]] double around(int column) const { return m_around[static_cast<std::size_t>(column)]; }
+    [[nodiscard]] double phi(int row) const { return m_phi[static_cast<std::size_t>(row)]; }
     [[nodiscard]] const Surface& surface() const { return m_surface; }
 
 private:
@@ -35,9 +36,10 @@ private:
         int endRow = 0;
         Vector centre;
         double radius = 0.0;
-        std::size_t firstPart = 0;  ///< its parts in m_parts
+        std::size_t firstPart = 0;  ///< its parts among the blocks of the next smaller size
         std::size_t endPart = 0;
     };
+    static constexpr std::array<int, 3> blockSizes = {64, 16, 4};
     class Bounds;
 
     [[nodiscard]] std::size_t index(int column, int row) const {
@@ -51,7 +53,9 @@ private:
     void makePoints();
     void makeBlocks();
     [[nodiscard]] Block blockAt(int column, int row, int size, int endColumn, int endRow) const;
-    void addPart(const Block& part, const Bounds& bounds);
+    void addBlock(std::size_t size, const Block& block, const Bounds& bounds);
+    void addPoints(const Block& block, const Bounds& bounds);
+    void addParts(std::size_t size, const Block& around);
     void countAll(const Block& block);
     void count(std::size_t place);
 
@@ -61,8 +65,9 @@ private:
     std::vector<Vector> m_directions;      ///< of the columns
     std::vector<Surface::Level> m_levels;  ///< of the rows
     std::vector<double> m_shares;
-    std::vector<Block> m_blocks;
-    std::vector<Block> m_parts;  ///< of the blocks
+    std::array<std::vector<Block>, blockSizes.size()> m_blocks;  ///< by size; together each time the whole surface
+    std::vector<double> m_around;                                ///< where the columns begin, and the last one ends
+    std::vector<double> m_phi;                                   ///< the same of the rows
     std::vector<std::uint8_t> m_counts;
 };
 
