@@ -31,7 +31,7 @@ struct EdgeValues {
     }
 };
 
-/// What lies between one angle or height and a larger one.
+/// From one angle or height up to another.
 struct Interval {
     double from = 0.0;
     double to = 0.0;
@@ -59,7 +59,7 @@ struct Channel {
     EdgeValues edges;  ///< angles off the line of sight; left and bottom are negative as a rule
     Point_3Dim<double> eyePoint;
 
-    // These are known of a usable channel only; of others they are zeros.
+    // Of a usable channel; all zeros otherwise.
 
     Point_3Dim<double> sight;  ///< the line of sight, of length 1 as the next two
     Point_3Dim<double> right;
@@ -164,7 +164,7 @@ struct Coverage {
 };
 
 struct Layout {
-    std::vector<Channel> channels;  ///< of every projector that has an ID, in document order
+    std::vector<Channel> channels;  ///< of every projector that has an ID of its own, in document order
     std::vector<CameraPlace> cameras;
     std::vector<ChannelPair> pairs;  ///< by first, then second; only usable channels, as in rows
     std::vector<ChannelRow> rows;    ///< from the lowest up; within, one after the other

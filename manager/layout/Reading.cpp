@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
 #include "manager/layout/Image.h"
 #include "manager/layout/Parts.h"
@@ -18,6 +19,16 @@ constexpr double widestEdge = 89.0 * degree - 1e-9;  // but for the rounding of 
 
 /// An accessor takes a document that it may change; the getters called here change nothing.
 ConfigInfo* readable(const ConfigInfo& document) { return const_cast<ConfigInfo*>(&document); }
+
+/// The IDs of the sections that the application finds: an empty one leads to the first section, a second time the same ID
+/// to the section that had it first.
+std::vector<std::wstring> devicesOf(const ConfigInfo& document, const std::wstring& tag) {
+    std::vector<std::wstring> ids = document.getSectionIDs(tag);
+    std::unordered_set<std::wstring> met{L""};
+    const auto isNoDevice = [&](const std::wstring& id) { return !met.insert(id).second; };
+    ids.erase(std::remove_if(ids.begin(), ids.end(), isNoDevice), ids.end());
+    return ids;
+}
 
 std::array<double, 7> anglesOf(const Channel& channel) {
     return {channel.yaw,         channel.pitch,     channel.roll,        channel.edges.left,
@@ -86,13 +97,13 @@ Channel channelOf(const ConfigInfo& document, const std::wstring& id) {
 
 std::vector<Channel> readChannels(const ConfigInfo& document) {
     std::vector<Channel> channels;
-    for (const std::wstring& id : document.getSectionIDs(L"Projector")) channels.push_back(channelOf(document, id));
+    for (const std::wstring& id : devicesOf(document, L"Projector")) channels.push_back(channelOf(document, id));
     return channels;
 }
 
 std::vector<CameraPlace> readCameras(const ConfigInfo& document) {
     std::vector<CameraPlace> cameras;
-    for (const std::wstring& id : document.getSectionIDs(L"Camera")) {
+    for (const std::wstring& id : devicesOf(document, L"Camera")) {
         const CameraConfig config(readable(document), id);
         Vector position;
         Vector rotation;
