@@ -55,6 +55,7 @@ std::vector<Finding> check(const ConfigInfo& document, const CheckOptions& optio
     }
     for (const Group& group : groups)
         if (findings.wants(group.beginning)) group.check(findings);
+    findings.accept();
     return findings.inOrder();
 }
 

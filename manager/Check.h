@@ -58,6 +58,7 @@ struct Finding {
     std::wstring message;  ///< one line without the address
     std::vector<FindingPlace> places;
     Mend mend;
+    bool isAccepted = false;  ///< whether a comment accepts it
 };
 
 /// How a document is looked at.
@@ -66,14 +67,16 @@ struct CheckOptions {
     std::wstring file;                    ///< the document's file; "" where it has none: then no file name is looked at
     bool looksForFiles = true;            ///< whether to look on the disk for the files that the document names
     std::optional<double> storedVersion;  ///< what the file had, where it was upgraded in memory
+    bool givesAccepted = false;           ///< whether what a comment accepts is among the findings
 };
 
 /// What is found in a document of the latest version, which stays as it is: errors first, then warnings, then notes; within
 /// these by rule, and of each rule in document order. A document of a newer version gives one finding, which says so.
 /// Values that cannot be read are findings or count as missing; nothing is thrown for them. Sections whose keys the callers
-/// choose hold no unknown settings. Angles in messages are in the document's unit. Takes time in proportion to the document.
+/// choose hold no unknown settings. A comment "xmlconfig accepts XC321: why" accepts what that rule finds in the element in
+/// which it stands. Angles in messages are in the document's unit. Takes time in proportion to the document.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document, const CheckOptions& options);
-/// Checks a document that has no file, by every rule.
+/// The same of a document that has no file.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document);
 
 }  // namespace XMLConfig

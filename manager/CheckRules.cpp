@@ -59,6 +59,11 @@ constexpr CheckRule table[] = {
          L"Geometry/Fit_Solver, Screen/SizeDefinition, Geometry/InputImageScaling_Mode, Projector/InputImageScaling_Mode",
          L"none of the setting's numbers",
          L"", MendSafety::None},
+        {L"XC111", L"merge-conflict", L"error",
+         L"A merge found a setting changed by both sides and kept one value; nobody has decided yet.",
+         L"the comments that a merge leaves",
+         L"a comment that begins with \"xmlconfig conflict\"",
+         L"set the setting, and remove the comment", MendSafety::None},
         {L"XC112", L"of-an-older-release", L"note",
          L"A setting of an older release that nothing reads any more.",
          L"every item",
@@ -484,6 +489,11 @@ constexpr CheckRule table[] = {
          L"System/Skorra_File, Color/Advanced_Color_Filename, MediaServer/outputFile",
          L"names the configuration, or what another of them names",
          L"", MendSafety::None},
+        {L"XC910", L"accepted-gone", L"note",
+         L"A comment accepts a finding that is not there any more.",
+         L"the comments that accept a finding",
+         L"a comment that begins with \"xmlconfig accepts\", and no such finding in the element around it",
+         L"remove the comment", MendSafety::Safe},
 };
 // clang-format on
 

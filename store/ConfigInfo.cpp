@@ -1,7 +1,5 @@
 #include "store/ConfigInfo.h"
 
-#include <utility>
-
 #include "platform/Cancellation.h"
 #include "platform/Early.h"
 #include "platform/Files.h"
@@ -103,7 +101,7 @@ void ConfigInfo::setVersion(double version) {
         if (m_document->observer != nullptr) change.oldValue = wideTextOf(*section.element);
         m_document->setSectionText(section, text);
         m_dirty = true;
-        if (m_document->observer != nullptr) m_document->observer->take(std::move(change));
+        if (m_document->observer != nullptr) m_document->observer->changed(change);
     });
 }
 

@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "platform/Text.h"
 #include "store/ConfigInfo.h"
 #include "store/Document.h"
@@ -34,7 +32,7 @@ template <typename Operation>
 void perform(Document& document, bool& isDirty, Change&& change, Operation operation) {
     operation();
     isDirty = true;
-    if (document.observer != nullptr) document.observer->take(std::move(change));
+    if (document.observer != nullptr) document.observer->changed(change);
 }
 
 }  // namespace

@@ -40,6 +40,20 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
     return a == b;
 }
 
+void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
+    std::size_t waiting = comments.size();  // the first that waits for the element after it
+    for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::nodeAfter(*node)) {
+        if (node->getNodeType() == xercesc::DOMNode::COMMENT_NODE) {
+            comments.push_back({ElementAccess::view(&around), {}, detail::fromUtf16(detail::view(node->getNodeValue()))});
+        } else if (node->getNodeType() == xercesc::DOMNode::ELEMENT_NODE) {
+            const auto& element = static_cast<const xercesc::DOMElement&>(*node);
+            for (; waiting < comments.size(); ++waiting) comments[waiting].next = ElementAccess::view(&element);
+            addComments(comments, element);
+            waiting = comments.size();
+        }
+    }
+}
+
 }  // namespace
 
 std::wstring ElementView::name() const {
@@ -109,6 +123,13 @@ bool haveEqualContents(const ElementView& one, const ElementView& other) {
 }
 
 ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view(detail::Document::of(document).root()); }
+
+std::vector<CommentView> commentsOf(const ConfigInfo& document) {
+    std::vector<CommentView> comments;
+    const xercesc::DOMElement* const root = elementOf(rootElement(document));
+    if (root != nullptr) addComments(comments, *root);
+    return comments;
+}
 
 std::vector<ElementView> sectionElements(const ConfigInfo& document, const std::wstring& tag) {
     return detail::reporting(L"Error getSection: ", [&] {

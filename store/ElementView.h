@@ -91,6 +91,14 @@ inline ElementView::Children ElementView::children() const { return Children(fir
 XMLCONFIG_API bool haveEqualContents(const ElementView& one, const ElementView& other);
 /// The root, whose children are the header elements and the sections.
 XMLCONFIG_API ElementView rootElement(const ConfigInfo& document);
+/// A comment inside the root. The views borrow the document as all do.
+struct CommentView {
+    ElementView around;  ///< the element in which it stands directly
+    ElementView next;    ///< the element after it there; of no element where it is the last
+    std::wstring text;
+};
+/// All of them, in document order.
+XMLCONFIG_API std::vector<CommentView> commentsOf(const ConfigInfo& document);
 /// The sections of that tag in document order, those without ID too. Nothing else of the document is visited.
 XMLCONFIG_API std::vector<ElementView> sectionElements(const ConfigInfo& document, const std::wstring& tag);
 /// What the address names, found as ConfigInfo finds it; a view of no element where there is nothing.

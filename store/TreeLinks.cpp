@@ -196,6 +196,12 @@ const DOMElement* elementAfter(const DOMElement& element) {
     return linksAreKnown() ? elementFrom(nextOf(element)) : element.getNextElementSibling();
 }
 
+const DOMNode* firstNodeIn(const DOMElement& element) {
+    return linksAreKnown() ? static_cast<const DOMElementImpl&>(element).fParent.fFirstChild : element.getFirstChild();
+}
+
+const DOMNode* nodeAfter(const DOMNode& node) { return linksAreKnown() ? nextOf(node) : node.getNextSibling(); }
+
 bool hasAttributes(const DOMElement& element) {
     if (!linksAreKnown()) return element.hasAttributes();
     return static_cast<const DOMElementImpl&>(element).fAttributes->getLength() > 0;
@@ -237,6 +243,8 @@ void unlink(DOMElement& parent, DOMNode& child) { parent.removeChild(&child); }
 DOMNode* parentOf(const DOMElement& element) { return element.getParentNode(); }
 const DOMElement* firstElementIn(const DOMElement& element) { return element.getFirstElementChild(); }
 const DOMElement* elementAfter(const DOMElement& element) { return element.getNextElementSibling(); }
+const DOMNode* firstNodeIn(const DOMElement& element) { return element.getFirstChild(); }
+const DOMNode* nodeAfter(const DOMNode& node) { return node.getNextSibling(); }
 bool hasAttributes(const DOMElement& element) { return element.hasAttributes(); }
 void reserveAttributes(DOMElement& /*element*/, std::size_t /*count*/) {}
 void addAttribute(DOMElement& /*element*/, xercesc::DOMAttr& /*attribute*/, xercesc::DOMText& /*text*/) {}

@@ -42,6 +42,9 @@ xercesc::DOMNode* parentOf(const xercesc::DOMElement& element);
 /// The first element inside an element, and the next one beside it; null where there is none.
 const xercesc::DOMElement* firstElementIn(const xercesc::DOMElement& element);
 const xercesc::DOMElement* elementAfter(const xercesc::DOMElement& element);
+/// The same of nodes of any kind.
+const xercesc::DOMNode* firstNodeIn(const xercesc::DOMElement& element);
+const xercesc::DOMNode* nodeAfter(const xercesc::DOMNode& node);
 /// Whether an element has any attribute.
 bool hasAttributes(const xercesc::DOMElement& element);
 

@@ -35,7 +35,7 @@ constexpr Suffix suffixes[] = {
     {"in", Unit::Meters, Table::Inches},      {"%", Unit::Percent, Table::UnknownUnitSubType},
 };
 
-/// A number that was written in another unit, in the unit that is stored.
+/// In the stored unit, from a number in another one.
 double converted(double number, const Suffix& suffix) {
     if (suffix.unit == Unit::Percent) return number;
     return Table::convertValue(suffix.meant, suffix.unit == Unit::Radians ? Table::Radians : Table::Meters, number);

@@ -6,15 +6,70 @@
 #include "store/Address.h"
 
 namespace XMLConfig::detail {
+namespace {
+
+constexpr const wchar_t* acceptedGone = L"XC910";
+
+bool isAmong(const std::vector<std::wstring>& rules, std::wstring_view rule) {
+    return std::find(rules.begin(), rules.end(), rule) != rules.end();
+}
+
+bool isInside(const ElementView& element, const ElementView& around) {
+    ElementView place = element;
+    while (place && place != around) place = place.parent();
+    return static_cast<bool>(place);
+}
+
+}  // namespace
+
 Findings::Findings(const ConfigInfo& checked, const CheckOptions& wishes)
     : document(checked),
       options(wishes),
       read(checked),
-      units(read.text(L"System", L"Length_Unit"), read.text(L"System", L"AngleUnit")) {}
+      units(read.text(L"System", L"Length_Unit"), read.text(L"System", L"AngleUnit")),
+      comments(commentsOf(checked)),
+      m_acceptances(acceptancesOf(comments)),
+      m_lookedFor(wishes.onlyRules) {
+    if (!isAmong(m_lookedFor, acceptedGone)) return;
+    for (const Acceptance& acceptance : m_acceptances) m_lookedFor.push_back(acceptance.rule);
+}
 
 bool Findings::wants(std::wstring_view beginning) const {
     const auto begins = [&](const std::wstring& rule) { return rule.compare(0, beginning.size(), beginning) == 0; };
-    return options.onlyRules.empty() || std::any_of(options.onlyRules.begin(), options.onlyRules.end(), begins);
+    return m_lookedFor.empty() || std::any_of(m_lookedFor.begin(), m_lookedFor.end(), begins);
+}
+
+bool Findings::holds(std::wstring_view rule) const {
+    return std::any_of(m_findings.begin(), m_findings.end(), [&](const Finding& finding) { return finding.rule == rule; });
+}
+
+// Files are not always looked for, nor neighbours where a channel is broken.
+bool Findings::isJudged(const std::wstring& rule) const {
+    if (rule == L"XC902" && (options.file.empty() || !options.looksForFiles)) return false;
+    if (rule.compare(0, 3, L"XC3") == 0 && rule != L"XC300" && holds(L"XC300")) return false;
+    return wants(rule);
+}
+
+void Findings::accept() {
+    std::unordered_map<std::wstring_view, std::vector<Finding*>> byRule;
+    for (Finding& finding : m_findings)
+        if (!m_acceptances.empty()) byRule[finding.rule].push_back(&finding);
+    std::vector<const Acceptance*> gone;
+    for (const Acceptance& acceptance : m_acceptances) {
+        bool isFound = false;
+        for (Finding* const finding : byRule[acceptance.rule]) {
+            const ElementView place = finding->element ? finding->element : rootElement(document);
+            if (isInside(place, acceptance.around)) isFound = finding->isAccepted = true;
+        }
+        if (!isFound && isJudged(acceptance.rule)) gone.push_back(&acceptance);
+    }
+    for (const Acceptance* acceptance : gone) addGone(*acceptance);
+}
+
+void Findings::addGone(const Acceptance& acceptance) {
+    const Place place{acceptance.around, addressOf(acceptance.around), L""};
+    add(acceptedGone, Severity::Note, place, L"accepts " + acceptance.rule + L", which is not found any more").mend.safety =
+        MendSafety::Safe;
 }
 
 const CheckRule& Findings::ruleOf(const wchar_t* id) {
@@ -34,7 +89,12 @@ Finding& Findings::add(const wchar_t* rule, Severity severity, const Place& plac
 
 std::vector<Finding> Findings::inOrder() {
     std::map<std::pair<Severity, std::wstring_view>, std::vector<std::size_t>> byRule;
-    for (std::size_t i = 0; i < m_findings.size(); ++i) byRule[{m_findings[i].severity, m_findings[i].rule}].push_back(i);
+    for (std::size_t i = 0; i < m_findings.size(); ++i) {
+        const Finding& finding = m_findings[i];
+        const bool isAskedFor = options.onlyRules.empty() || isAmong(options.onlyRules, finding.rule);
+        if (isAskedFor && (options.givesAccepted || !finding.isAccepted))
+            byRule[{finding.severity, finding.rule}].push_back(i);
+    }
     std::vector<Finding> ordered;
     ordered.reserve(m_findings.size());
     for (const auto& group : byRule)

@@ -7,6 +7,7 @@
 #include "manager/Check.h"
 #include "manager/CheckRules.h"
 #include "manager/Layout.h"
+#include "manager/check/Comments.h"
 #include "manager/check/Reading.h"
 #include "manager/check/Texts.h"
 
@@ -29,15 +30,26 @@ public:
     const CheckOptions& options;
     const CheckedDocument read;
     const ShownUnits units;
+    const std::vector<CommentView> comments;
 
     /// Whether any rule is asked for whose ID begins so.
     [[nodiscard]] bool wants(std::wstring_view beginning) const;
+    /// Whether anything was found by that rule.
+    [[nodiscard]] bool holds(std::wstring_view rule) const;
     /// The new finding, to be completed; good until the next one is added.
     Finding& add(const wchar_t* rule, Severity severity, const Place& place, const std::wstring& message);
+    /// Marks what comments accept, and finds those that accept what is not there.
+    void accept();
     std::vector<Finding> inOrder();
 
 private:
     const CheckRule& ruleOf(const wchar_t* id);
+    void addGone(const Acceptance& acceptance);
+    /// Whether the document was looked at by that rule as a whole.
+    [[nodiscard]] bool isJudged(const std::wstring& rule) const;
+
+    std::vector<Acceptance> m_acceptances;
+    std::vector<std::wstring> m_lookedFor;  // the rules; all where empty
 
     std::unordered_map<const wchar_t*, const CheckRule*> m_rules;  // by the IDs as the sources write them
     std::vector<Finding> m_findings;
@@ -67,5 +79,6 @@ void checkScreen(Findings& findings);
 void checkCameras(Findings& findings);
 void checkNetwork(Findings& findings);
 void checkEffect(Findings& findings);
+void checkConflicts(Findings& findings);
 
 }  // namespace XMLConfig::detail

@@ -222,6 +222,9 @@ private:
 
 }  // namespace
 
-void checkForm(Findings& findings) { FormCheck(findings).run(); }
+void checkForm(Findings& findings) {
+    FormCheck(findings).run();
+    checkConflicts(findings);
+}
 
 }  // namespace XMLConfig::detail

@@ -63,8 +63,7 @@ private:
         if (isGroup) addChildren(section, keys, child, &key);
     }
 
-    /// Sorts the items by their numbers. They are in order already as a rule: the keys have their numbers by the first
-    /// section that holds them.
+    /// In order already, as a rule: the keys have their numbers by the first section that holds them.
     static void order(CheckedSection& section) {
         const auto isBefore = [](const auto& a, const auto& b) { return a.number < b.number; };
         auto& places = section.m_places;

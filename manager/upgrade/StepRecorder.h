@@ -1,8 +1,5 @@
 #pragma once
 
-#include <utility>
-#include <vector>
-
 #include "manager/Upgrade.h"
 #include "manager/upgrade/UpgradeChain.h"
 #include "store/ChangeObserver.h"
@@ -18,14 +15,10 @@ public:
     StepRecorder& operator=(const StepRecorder&) = delete;
 
     /// What the step did, in its order; an item that it carried to another place stands where it was removed.
-    [[nodiscard]] UpgradeStepReport report() const { return reportOf(m_changes); }
-    /// The same, which leaves nothing here.
-    [[nodiscard]] UpgradeStepReport takeReport() { return reportOf(std::move(m_changes)); }
+    [[nodiscard]] UpgradeStepReport report() const;
 
 private:
-    [[nodiscard]] UpgradeStepReport reportOf(std::vector<UpgradeChange> changes) const;
-    void changed(const Change& change) override { take(Change(change)); }
-    void take(Change&& change) override;
+    void changed(const Change& change) override;
 
     ConfigInfo& m_document;
     const UpgradeStep& m_step;

@@ -1,7 +1,5 @@
 #include "manager/upgrade/VersionUpgrade.h"
 
-#include <utility>
-
 #include "manager/Upgrade.h"
 #include "manager/upgrade/StepRecorder.h"
 #include "manager/upgrade/UpgradeChain.h"
@@ -20,7 +18,7 @@ void apply(const UpgradeStep& step, ConfigInfo& document, UpgradeObserver* obser
     if (observer == nullptr) return step.apply(document);
     StepRecorder recorder(document, step);
     step.apply(document);
-    observer->stepDone(recorder.takeReport());
+    observer->stepDone(recorder.report());
 }
 
 }  // namespace
@@ -64,7 +62,7 @@ void UpgradeReceipt::upgradeBegins(double from, double to) {
     steps.clear();
 }
 
-void UpgradeReceipt::stepDone(UpgradeStepReport step) { steps.push_back(std::move(step)); }
+void UpgradeReceipt::stepDone(const UpgradeStepReport& step) { steps.push_back(step); }
 
 VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observer) {
     return detail::doFileVersionConversion(&document, observer);

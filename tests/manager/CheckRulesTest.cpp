@@ -160,6 +160,15 @@ const std::vector<Case>& cases() {
          L"\"lamp\" is none of manual, led, led-manual, act, act-prompt, marked-surface-automatic, "
          L"marked-surface-automatic-prompt, structured-light, checkerboard; counts as manual"},
         {L"XC110", W, {{"", "<Fit_Solver>5", "<Fit_Solver>3"}}, L"Geometry/Fit_Solver", L"3 is no mapper and counts as 2"},
+        {L"XC111",
+         E,
+         {{P4, "<Gamma>",
+           "<!-- xmlconfig conflict Projector[VELDAR***00:0a:0b:0c:0d:1f]/Gamma base=2.2 ours=2.3 "
+           "theirs=2.400000000000000e+00 -->\n<Gamma>"}},
+         p4 + L"/Gamma",
+         L"is not settled: ours 2.3, theirs 2.4",
+         {},
+         "<Gamma>"},
         {L"XC112",
          N,
          {{"", blendRun, blendRun + "\n<Serial_Run>true</Serial_Run>"}},
@@ -327,6 +336,12 @@ const std::vector<Case>& cases() {
          {{P1, "<Yaw>-1.178097245096172e+00", "<Yaw>5.105088062083414e+00"}},
          p1 + L"/Channel_Extents/Heading/Yaw",
          L"292.5\u00b0 is more than half a turn"},
+        {L"XC306",
+         W,
+         {{P1, "<Pitch>3.839724354387525e-01", "<Pitch>2"}},
+         p1 + L"/Channel_Extents/Heading/Pitch",
+         L"114.59\u00b0 is more than a quarter turn",
+         {L"XC313", L"XC319", L"XC321", L"XC322"}},
         {L"XC307",
          N,
          {{P1, "<Left>-5.235987755982988e-01", "<Left>0.1"}},
@@ -417,6 +432,24 @@ const std::vector<Case>& cases() {
          L"13 % of the screen is in no channel; all of -10\u00b0 to -7\u00b0 and 44\u00b0 to 50\u00b0 up",
          {},
          "<Screen>"},
+        {L"XC321",
+         W,
+         {{"", "<Screen_MinTheta>-1.570796326794897e+00", "<Screen_MinTheta>-0.35"},
+          {"", "<Screen_MaxTheta>1.570796326794897e+00", "<Screen_MaxTheta>0.35"},
+          {"", "<Screen_MinPhi>-1.745329251994329e-01", "<Screen_MinPhi>-0.35"},
+          {"", "<Screen_MaxPhi>1.047197551196598e+00", "<Screen_MaxPhi>0.35"},
+          {P1, "<Yaw>-1.178097245096172e+00", "<Yaw>-0.7"},
+          {P1, "<Pitch>3.839724354387525e-01", "<Pitch>0"},
+          {P2, "<Yaw>-3.926990816987241e-01", "<Yaw>0"},
+          {P2, "<Pitch>3.839724354387525e-01", "<Pitch>0.7"},
+          {P3, "<Yaw>3.926990816987241e-01", "<Yaw>0.7"},
+          {P3, "<Pitch>3.839724354387525e-01", "<Pitch>0"},
+          {P4, "<Yaw>1.178097245096172e+00", "<Yaw>0"},
+          {P4, "<Pitch>3.839724354387525e-01", "<Pitch>-0.7"}},
+         L"Screen",
+         L"38 % of the screen is in no channel; a hole at -10\u00b0 to 10\u00b0 around, -19\u00b0 to 11\u00b0 up",
+         {L"XC301", L"XC313", L"XC318", L"XC319", L"XC322"},
+         "<Screen>"},
         {L"XC322",
          W,
          {{P1, "<Yaw>-1.178097245096172e+00", "<Yaw>3.0"}},
@@ -444,6 +477,13 @@ const std::vector<Case>& cases() {
          p4 + L"/Portrait_Mode",
          L"is 1, but the channel is wide (60\u00b0 x 50\u00b0)",
          {L"XC408"}},
+        {L"XC403",
+         N,
+         {{P4, "<Top>4.537856055185257e-01", "<Top>0.9"}},
+         p4 + L"/Portrait_Mode",
+         L"is 0, but the channel is upright (60\u00b0 x 75.57\u00b0)",
+         {L"XC321"},
+         "<Portrait_Mode>"},
         {L"XC405",
          N,
          {{P1, "<ResolutionX>1920", "<ResolutionX>1400"}},
@@ -508,6 +548,12 @@ const std::vector<Case>& cases() {
           {"", "<Marker_Location_Method>act", "<Marker_Location_Method>marked-surface-automatic"}},
          L"Screen/Marked_Surface_File",
          L"is empty, but markers are found by it"},
+        {L"XC507",
+         W,
+         {{"", "<Marked_Surface_Image_Width>2400", "<Marked_Surface_Image_Width>0"},
+          {"", "<Marker_Location_Method>act", "<Marker_Location_Method>marked-surface-automatic"}},
+         L"Screen/Marked_Surface_Image_Width",
+         L"is 0, but markers are found by that image"},
         {L"XC508",
          E,
          {{"", "<Rows>6", "<Rows>1"}, {"", "<Marker_Location_Method>act", "<Marker_Location_Method>checkerboard"}},
@@ -604,6 +650,11 @@ const std::vector<Case>& cases() {
          {{C2, "<IntrinsicFileID>intrinsics-17182104", "<IntrinsicFileID>intrinsics-17182096"}},
          c2 + L"/IntrinsicFileID",
          L"\"intrinsics-17182096\" is also that of \"Dome left\""},
+        {L"XC611",
+         W,
+         {{C1, "<IntrinsicFileID>intrinsics-17182096", "<IntrinsicFileID>"}},
+         c1 + L"/IntrinsicFileID",
+         L"is empty, other cameras have one"},
         {L"XC614",
          E,
          {{"", "<ACT_Count>2", "<ACT_Count>0"}},
@@ -734,6 +785,13 @@ const std::vector<Case>& cases() {
          {{"", "<Advanced_Color_Filename>dome-colour", "<Advanced_Color_Filename>dome-warp"}},
          L"Color/Advanced_Color_Filename",
          L"names the file of System/Skorra_File; one overwrites the other"},
+        {L"XC910",
+         N,
+         {{P4, "<Gamma>", "<!-- xmlconfig accepts XC407: by hand -->\n<Gamma>"}},
+         p4,
+         L"accepts XC407, which is not found any more",
+         {},
+         P4},
     };
     return rows;
 }
@@ -761,6 +819,60 @@ TEST_P(CheckRule, FindsThatAndNothingElse) {
 INSTANTIATE_TEST_SUITE_P(Each, CheckRule, ::testing::ValuesIn(cases()), [](const auto& each) {
     return XMLConfig::utf8FromWide(each.param.rule) + "_" + std::to_string(each.index);
 });
+
+/// "XC103 asked: set FILE ADDRESS=VALUE; ...".
+std::string mendOf(const Finding& finding) {
+    std::wstring text = finding.rule + L" " + nameOf(finding.mend.safety) + L":";
+    for (const std::vector<std::wstring>& command : finding.mend.commands) {
+        if (&command != &finding.mend.commands.front()) text += L";";
+        for (const std::wstring& word : command) text += L" " + word;
+    }
+    return XMLConfig::utf8FromWide(text);
+}
+
+/// What is said to mend the findings of all cases, where that is known, in their order.
+const std::vector<std::string>& mends() {
+    // clang-format off
+    static const std::vector<std::string> all = {
+        "XC103 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma=2.2",
+        "XC104 asked: set FILE Geometry/Blend_Run=true; unset FILE Geometry/Blend_Rum",
+        "XC109 safe: set FILE Screen/Shape=Sphere",
+        "XC111 none: set FILE Projector[VELDAR***00:0a:0b:0c:0d:1f]/Gamma=2.3",
+        "XC112 asked: unset FILE Geometry/Serial_Run",
+        "XC208 safe: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Associated_Camera_Id_1=PGR***02:1c:00:51:00:a4",
+        "XC209 asked: set FILE Color/CameraOrder=PGR***02:1c:00:51:00:a0,PGR***02:1c:00:51:00:a4",
+        "XC210 safe: unset FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Associated_Camera_Id_2",
+        "XC210 safe: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Associated_Camera_Id_1=PGR***02:1c:00:51:00:a0; unset FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Associated_Camera_Id_2",
+        "XC215 asked: set FILE System/ACT_Count=2",
+        "XC217 asked: set FILE Geometry/Projector_Count=4",
+        "XC219 asked: unset FILE Color/CameraOverlapPoint_1_2",
+        "XC303 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Channel_Extents/HFOV/Left=-5.235987755982988e-01; set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Channel_Extents/HFOV/Right=5.235987755982988e-01",
+        "XC305 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Channel_Extents/Heading/Yaw=-67.5deg",
+        "XC306 safe: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Channel_Extents/Heading/Yaw=-67.5deg",
+        "XC310 asked: set FILE TargetLocator/Eye_Point=0.000000000000000e+00, 0.000000000000000e+00, 1.650000000000000e+00",
+        "XC311 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Blend_Right=32.7",
+        "XC312 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Blend_Right=32.7",
+        "XC313 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Blend_Left=0",
+        "XC316 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Screen_Area_Left=2.800000000000000e-01; set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Screen_Area_Right=0.5",
+        "XC319 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Pond_Of_Mirrors/Left=0",
+        "XC408 none: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma=2.200000000000000e+00",
+        "XC409 safe: unset FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Portrait_Mode",
+        "XC601 asked: set FILE Camera[PGR***02:1c:00:51:00:a0]/ExplicitExtrinsicValid=false",
+        "XC910 safe:",
+    };
+    // clang-format on
+    return all;
+}
+
+TEST(CheckRules, SayWhatMendsWhatTheyFind) {
+    std::vector<std::string> said;
+    for (const Case& row : cases())
+        for (const Finding& finding : Changed(row).findings)
+            if (finding.rule == row.rule && finding.address == row.address && finding.message == row.message &&
+                (finding.mend.safety != XMLConfig::MendSafety::None || !finding.mend.commands.empty()))
+                said.push_back(mendOf(finding));
+    EXPECT_EQ(said, mends());
+}
 
 TEST(CheckRules, EachHasACase) {
     std::set<std::wstring> tried = {L"XC101", L"XC102", L"XC902"};  // of versions and of files on the disk: tried elsewhere

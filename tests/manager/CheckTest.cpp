@@ -114,4 +114,78 @@ TEST(Check, TellsErrorsFirstThenByRule) {
                                                 L"note XC104 unknown-setting", L"note XC105 unknown-section"}));
 }
 
+// Comments that accept a finding.
+
+/// What is found in a document, as "rule address", with "+" before what is accepted.
+Lines rulesIn(const std::string& content, const XMLConfig::CheckOptions& options = {}) {
+    const TemporaryFolder folder;
+    const ConfigInfo document(
+        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version>" + content + "</ConfigInfo>"));
+    Lines lines;
+    for (const XMLConfig::Finding& finding : XMLConfig::check(document, options))
+        lines.push_back((finding.isAccepted ? L"+" : L"") + finding.rule + L" " + finding.address);
+    return lines;
+}
+
+const std::string accepting = "<!-- xmlconfig accepts XC103: known -->";
+const std::string badSystem = "<System><ACT_Count>two</ACT_Count></System>";
+const std::string badGeometry = "<Geometry><Fit_Order>two</Fit_Order></Geometry>";
+
+std::string acceptedSystem() { return "<System>" + accepting + "<ACT_Count>two</ACT_Count></System>"; }
+
+TEST(Check, AcceptsWhatACommentSaysInTheElementAroundIt) {
+    EXPECT_EQ(rulesIn(badSystem + badGeometry), (Lines{L"XC103 System/ACT_Count", L"XC103 Geometry/Fit_Order"}));
+    EXPECT_EQ(rulesIn(acceptedSystem() + badGeometry), (Lines{L"XC103 Geometry/Fit_Order"}));
+    EXPECT_EQ(rulesIn(accepting + badSystem + badGeometry), Lines());
+}
+
+TEST(Check, GivesWhatIsAcceptedToWhoAsks) {
+    XMLConfig::CheckOptions options;
+    options.givesAccepted = true;
+    EXPECT_EQ(rulesIn(acceptedSystem() + badGeometry, options),
+              (Lines{L"+XC103 System/ACT_Count", L"XC103 Geometry/Fit_Order"}));
+}
+
+TEST(Check, TellsOfAcceptancesThatNothingNeeds) {
+    EXPECT_EQ(rulesIn("<System>" + accepting + "</System>" + badGeometry),
+              (Lines{L"XC103 Geometry/Fit_Order", L"XC910 System"}));
+    EXPECT_EQ(rulesIn(accepting), (Lines{L"XC910 "}));
+    EXPECT_EQ(rulesIn("<System><!-- accepts XC103 --><!-- xmlconfig acceptsXC103 --></System>"), Lines());
+}
+
+TEST(Check, JudgesAcceptancesOnlyByRulesThatWereLookedFor) {
+    XMLConfig::CheckOptions options;
+    options.onlyRules = {L"XC910"};
+    EXPECT_EQ(rulesIn(acceptedSystem(), options), Lines());
+    EXPECT_EQ(rulesIn("<System>" + accepting + "</System>" + badGeometry, options), (Lines{L"XC910 System"}));
+    EXPECT_EQ(rulesIn("<System><!-- xmlconfig accepts XC902: later --></System>"), Lines());
+    const std::string broken = "<Projector ID='1'><!-- xmlconfig accepts XC313: so --></Projector>";
+    for (const std::wstring& line : rulesIn(broken)) EXPECT_NE(line.substr(0, 5), L"XC910");
+}
+
+TEST(Check, TellsOfConflictsWhereTheyAre) {
+    const auto found = [](const std::string& comment) {
+        return findingsIn("<System><!--" + comment + "--><ACT_Count>2</ACT_Count></System>");
+    };
+    EXPECT_EQ(found("xmlconfig conflict System/ACT_Count base=1 ours=2 theirs=3"),
+              (Lines{L"System/ACT_Count: is not settled: ours 2, theirs 3"}));
+    EXPECT_EQ(found(" xmlconfig conflict System/Site_Name ours= theirs=Hall 1 "),
+              (Lines{L"System/Site_Name: is not settled: ours nothing, theirs Hall 1"}));
+    EXPECT_EQ(found("xmlconfig conflict [x"), (Lines{L"System/ACT_Count: is not settled: ours nothing, theirs nothing"}));
+    EXPECT_EQ(found("xmlconfig conflicts"), Lines());
+}
+
+// Devices that the application cannot find.
+
+TEST(Check, StandsSectionsOfOneIDAndOfNone) {
+    const std::string inside =
+        "<Channel_Extents><Heading><Yaw>1</Yaw></Heading><VFOV><Top>0.4</Top><Bottom>-0.4</Bottom></VFOV>"
+        "<HFOV><Left>-0.4</Left><Right>0.4</Right></HFOV></Channel_Extents></Projector>";
+    const std::string one = "<Projector ID=\"1\">" + inside;
+    for (const std::string& other : {"<Projector ID=\"\">" + inside, "<Projector>" + inside, one}) {
+        for (const std::wstring& line : rulesIn(one + other)) EXPECT_NE(line.substr(0, 5), L"XC308");
+        EXPECT_FALSE(rulesIn(other + one).empty());
+    }
+}
+
 }  // namespace

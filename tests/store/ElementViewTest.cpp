@@ -112,4 +112,38 @@ TEST(ElementView, ShowsTheDocumentAndNoCopy) {
     EXPECT_EQ(sectionElements(*document, L"S").size(), 2u);
 }
 
+TEST(ElementView, ComparesTagsAndTextsWithoutCopies) {
+    const auto document = ConfigInfo::fromText("<C><a>\xC3\xA4 1</a><b/><a>2</a></C>", L"it");
+    const ElementView first = rootElement(*document).firstChild();
+    EXPECT_TRUE(first.isText(L"\u00e4 1"));
+    EXPECT_FALSE(first.isText(L"\u00e4"));
+    EXPECT_TRUE(first.next().isText(L""));
+    EXPECT_TRUE(ElementView().isText(L""));
+    EXPECT_FALSE(ElementView().isText(L"1"));
+    EXPECT_TRUE(first.isNamedLike(first.next().next()));
+    EXPECT_FALSE(first.isNamedLike(first.next()));
+    EXPECT_FALSE(first.isNamedLike(ElementView()));
+    const auto other = ConfigInfo::fromText("<D><a/></D>", L"it");
+    EXPECT_TRUE(first.isNamedLike(rootElement(*other).firstChild()));
+}
+
+TEST(ElementView, ListsCommentsWithWhatIsAroundThem) {
+    const auto document = ConfigInfo::fromText(
+        "<!--0--><C>\n<!-- 1 --><a><!--2-->text<!--3--><b/></a><!--4--><!--5--><c/>t<!--6--></C><!--7-->", L"it");
+    const ElementView root = rootElement(*document);
+    const ElementView a = root.firstChild();
+    const ElementView c = a.next();
+    const std::vector<XMLConfig::CommentView> comments = XMLConfig::commentsOf(*document);
+    ASSERT_EQ(comments.size(), 6u);
+    const std::vector<std::wstring> texts = {L" 1 ", L"2", L"3", L"4", L"5", L"6"};
+    const std::vector<ElementView> around = {root, a, a, root, root, root};
+    const std::vector<ElementView> next = {a, a.firstChild(), a.firstChild(), c, c, ElementView()};
+    for (std::size_t i = 0; i < comments.size(); ++i) {
+        EXPECT_EQ(comments[i].text, texts[i]);
+        EXPECT_TRUE(comments[i].around == around[i]) << i;
+        EXPECT_TRUE(comments[i].next == next[i]) << i;
+    }
+    EXPECT_TRUE(XMLConfig::commentsOf(ConfigInfo()).empty());
+}
+
 }  // namespace storetests
