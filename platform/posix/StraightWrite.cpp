@@ -44,13 +44,11 @@ int takeRoom(int descriptor, off_t size) {
 }
 
 /// Takes the room for the new content while the old one still stands, so that a full disk is noticed in time.
-void reserve(OpenFile& file, std::size_t size, off_t sizeBefore) {
+void reserve(OpenFile& file, std::size_t size) {
     if (size == 0) return;
     int error = EINTR;
     while (error == EINTR) error = takeRoom(file.descriptor(), static_cast<off_t>(size));
-    if (error == 0 || cannotReserve(error)) return;
-    file.resize(sizeBefore);
-    file.fail(error);
+    if (error != 0 && !cannotReserve(error)) file.fail(error);
 }
 
 void put(OpenFile& file, std::string_view bytes) {
@@ -88,11 +86,13 @@ void restoreMode(OpenFile& file, mode_t mode) {
 void overwrite(const std::string& path, OpenFile& file, std::string_view bytes) {
     const struct stat status = file.status();
     const std::optional<std::string> before = contentIfReadable(path, file);
+    bool isTouched = false;
     try {
-        reserve(file, bytes.size(), status.st_size);
+        reserve(file, bytes.size());
+        isTouched = true;
         put(file, bytes);
     } catch (const SystemError&) {
-        putBack(file, before, status.st_size);
+        putBack(file, isTouched ? before : std::nullopt, status.st_size);
         restoreMode(file, status.st_mode);
         throw;
     }

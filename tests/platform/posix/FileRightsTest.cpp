@@ -157,6 +157,13 @@ TEST_F(CopyOfAnothers, FileKeepsItsGroupWhereThereAreNoLists) {
     EXPECT_EQ(copied(team, 0660, "fsetxattr", ENOTSUP), plain(team, 0660));
 }
 
+TEST_F(CopyOfAnothers, FileKeepsItsGroupBesideAList) {
+    const auto rights = copied(team, 0660);
+    if (rights.count(ofTheFile) == 0) GTEST_SKIP() << "this disk knows no access lists";
+    EXPECT_EQ(rights.at("owner"), std::to_string(bobId));
+    EXPECT_EQ(rights.at("group"), std::to_string(team));
+}
+
 TEST_F(CopyOfAnothers, FileIsTheCopiersAloneWhereItsGroupIsNotToBeHadAndThereAreNoLists) {
     EXPECT_EQ(copied(club, 0666, "fsetxattr", ENOTSUP), plain(bobId, 0600));
 }

@@ -170,6 +170,24 @@ TEST_F(SaveCalls, KeepTheNewFileToTheOwnerWhileItIsWritten) {
     }
 }
 
+TEST_F(SaveCalls, KeepACopyToTheCopierWhileItIsWritten) {
+    ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 0666), 0);
+    for (const bool isNameless : {true, false}) {
+        fs::remove(m_folder.at(L"b"));
+        int writes = 0;
+        const SystemCallWatch watch([&](const SystemCall& call) {
+            if (call.name == "write") {
+                EXPECT_EQ(statusOf(call.descriptor).st_mode & 07777, 0600u);
+                ++writes;
+            }
+            return isNameless ? 0 : withoutNameless(call);
+        });
+        copyToNewFile(m_path, m_folder.file(L"b"));
+        EXPECT_EQ(writes, 1);
+        EXPECT_EQ(modeOf(m_folder.at(L"b")), 0666u);
+    }
+}
+
 TEST_F(SaveCalls, LeaveNoDescriptorToAChild) {
     for (const bool isNameless : {true, false}) {
         const std::map<int, struct stat> before = openFiles();
@@ -191,6 +209,18 @@ TEST_F(SaveCalls, LeaveNoDescriptorToAChild) {
         EXPECT_GT(seen, 10);
         EXPECT_EQ(openFiles().size(), before.size());
     }
+}
+
+TEST_F(SaveCalls, TellWhatTheDiskSaysWhenTheNewFileIsClosed) {
+    const ino_t old = inodeOf(m_folder.at(L"a"));
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        if (call.name != "close") return 0;
+        const struct stat status = statusOf(call.descriptor);
+        return S_ISREG(status.st_mode) && status.st_ino != old ? EDQUOT : 0;
+    });
+    EXPECT_EQ(replaceError(m_path), refusal(m_path, L"Disk quota exceeded"));
+    EXPECT_EQ(m_folder.read(L"a"), "old");
+    EXPECT_EQ(m_folder.entries(), 1u);
 }
 
 TEST_F(SaveCalls, LeaveTheCallersOwnPendingSignalPending) {
@@ -242,12 +272,16 @@ public:
         : m_watch([this, name, error](const SystemCall& call) {
               if (call.name == "rename") return EPERM;
               if (call.name == "fallocate") m_isStraight = true;
+              if (call.name == "write" && m_isStraight) ++m_writes;
               return m_isStraight && call.name == name ? error : 0;
           }) {}
     int count(const std::string& name) const { return m_watch.count(name); }
+    /// Into the old file.
+    int writes() const { return m_writes; }
 
 private:
     bool m_isStraight = false;
+    int m_writes = 0;
     SystemCallWatch m_watch;
 };
 
@@ -260,6 +294,7 @@ TEST_F(SaveCalls, GiveBackTheRoomOfAStraightWriteWhereNothingCanBeWritten) {
         const StraightFault fault(name, ENOSPC);
         EXPECT_EQ(replaceError(m_path, std::string(900000, 'n')), refusal(m_path, L"No space left on device"));
         EXPECT_EQ(fault.count("fallocate"), 1);
+        EXPECT_EQ(fault.writes() > 0, name == std::string("write"));  // where there is no room the text is not touched
         EXPECT_EQ(m_folder.read(L"a"), old);
         struct stat after {};
         ASSERT_EQ(::stat(m_folder.at(L"a").c_str(), &after), 0);
