@@ -25,6 +25,11 @@ protected:
 
 const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";
 
+/// A file in a command that can be typed as it stands.
+std::string word(const std::string& file) {
+    return file.find_first_of(" \\") == std::string::npos ? file : "'" + file + "'";
+}
+
 }  // namespace
 
 TEST_F(UpgradeVerb, ConvertsInPlaceAndKeepsTheOldFile) {
@@ -171,10 +176,10 @@ TEST_F(UpgradeVerb, ReferencesToRenamedCamerasComeWithTheCommandThatFollows) {
                                    "<Associated_Camera_Id_2>9</Associated_Camera_Id_2></Projector>");
     const ToolRun run = runTool({"upgrade", "--explain", "--dry-run", file});
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.output, HasSubstr("  dangling Color/CameraOrder = 1,9: xmlconfig set " + file +
+    EXPECT_THAT(run.output, HasSubstr("  dangling Color/CameraOrder = 1,9: xmlconfig set " + word(file) +
                                       " 'Color/CameraOrder=PGR***,9'\n"
                                       "  dangling Projector[P]/Associated_Camera_Id_1 = 1: xmlconfig set " +
-                                      file + " 'Projector[P]/Associated_Camera_Id_1=PGR***'\n"));
+                                      word(file) + " 'Projector[P]/Associated_Camera_Id_1=PGR***'\n"));
     EXPECT_THAT(run.output, Not(HasSubstr("Associated_Camera_Id_2 =")));
 }
 
@@ -189,7 +194,7 @@ TEST_F(UpgradeVerb, JsonTellsLosses) {
     EXPECT_EQ(first["lost"], nlohmann::json::parse(R"([{"section":"Camera","id":"2","name":"Old","settings":1}])"));
     EXPECT_EQ(first["renamed"], nlohmann::json::parse(R"([{"section":"Camera","name":"","old":"1","new":"PGR***"}])"));
     ASSERT_EQ(first["dangling"].size(), 1u);
-    EXPECT_EQ(first["dangling"][0]["command"], "xmlconfig set " + file + " 'Color/CameraOrder=PGR***'");
+    EXPECT_EQ(first["dangling"][0]["command"], "xmlconfig set " + word(file) + " 'Color/CameraOrder=PGR***'");
 }
 
 TEST_F(UpgradeVerb, JsonTellsTheSame) {
