@@ -252,7 +252,7 @@ void registerAccessors() {
         const std::string size = std::to_string(projectors);
         benchmark::RegisterBenchmark(("accessors/library/" + size).c_str(), readAccessors, projectors);
         benchmark::RegisterBenchmark(("accessors/store/" + size).c_str(), readStore, projectors);
-        benchmark::RegisterBenchmark(("accessors/unit_count/" + size).c_str(), setUnitCount, projectors);
+        benchmark::RegisterBenchmark(("unit_count/library/" + size).c_str(), setUnitCount, projectors);
     }
 }
 

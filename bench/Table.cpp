@@ -195,6 +195,7 @@ bool Table::print() const {
     printer.row("accessors", 1000, {Floor::Of::Ratio, 2.0}, shownTime, "store");
     printer.row("accessors", 10000, {}, shownTime, "store");
     printer.growth("accessors", 100, 10000, 1.2);
+    printer.growth("unit_count", 100, 10000, 3.0);
     printLine("one device", "projectors", "from 1.5", "from 9.0", "ratio", "floor", "");
     printer.row("upgrade", 100, {}, shownTime, "current");
     printer.row("upgrade", 1000, {Floor::Of::Ratio, 3.0}, shownTime, "current");
