@@ -8,6 +8,7 @@
 #include "manager/Upgrade.h"
 #include "platform/FileNames.h"
 #include "platform/Utf8.h"
+#include "store/Address.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "store/ElementView.h"
@@ -70,7 +71,10 @@ std::wstring withFaultLine(const std::wstring& message, const std::string& file)
 void requireConfiguration(const ConfigInfo& document, const std::wstring& name) {
     const std::wstring root = XMLConfig::rootElement(document).name();
     if (root != L"ConfigInfo") throw Unreadable(name + L": is no configuration, its root element is \"" + root + L"\"");
-    if (!document.doesSectionExist(L"Version", L"")) throw Unreadable(name + L": is no configuration, it has no version");
+    const std::wstring version = XMLConfig::findElement(document, {L"Version", L"", L"", L"", L""}).text();
+    if (version.empty()) throw Unreadable(name + L": is no configuration, it has no version");
+    if (!(document.getVersion() > 0.0))
+        throw Unreadable(name + L": is no configuration, its version is \"" + version + L"\"");
 }
 
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {

@@ -138,6 +138,14 @@ TEST_F(Tool, OtherXmlIsNoConfiguration) {
     EXPECT_EQ(TemporaryFolder::readFile(file), other);
 }
 
+TEST_F(Tool, VersionThatIsNoNumberIsOfNoConfiguration) {
+    const std::string file = fileOf("<ConfigInfo><Version>abc</Version><System/></ConfigInfo>");
+    const std::string message = "xmlconfig: " + file + ": is no configuration, its version is \"abc\"\n";
+    for (const Arguments& arguments : {Arguments{"show", file}, Arguments{"set", file, "System/RunType=x"},
+                                       Arguments{"check", file}, Arguments{"diff", file, "examples/dome.skorrax"}})
+        expectRun(runTool(arguments), 3, "", message);
+}
+
 TEST_F(Tool, OldFilesAreToldOfInOneLine) {
     const std::string file =
         fileOf("<ConfigInfo><Version>8.000</Version><System><RunType>x</RunType></System></ConfigInfo>");
