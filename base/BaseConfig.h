@@ -97,7 +97,7 @@ public:
 
     /// value * factor. An unknown pair of units gives 0.0.
     static double convertAngle(const std::wstring& fromUnit, const std::wstring& toUnit, double value);
-    /// By way of meters. An unknown `fromUnit` divides by zero, an unknown `toUnit` multiplies by it.
+    /// Converts by way of meters. An unknown `fromUnit` divides by zero, an unknown `toUnit` multiplies by it.
     static double convertMeasurement(const std::wstring& fromUnit, const std::wstring& toUnit, double value);
 
 protected:

@@ -89,6 +89,17 @@ Job upgrade(int projectors) {
     };
 }
 
+Job upgradeWithReceipt(int projectors) {
+    const std::string file = bench::oldFile(projectors);
+    auto kept = std::make_shared<std::unique_ptr<ConfigInfo>>();
+    auto receipt = std::make_shared<XMLConfig::UpgradeReceipt>();
+    return [=] {
+        *kept = load(file);
+        XMLConfig::upgradeDocument(**kept, receipt.get());
+        if (receipt->steps.empty()) throw std::runtime_error("nothing was upgraded");
+    };
+}
+
 Job roundTrip(int projectors) {
     const std::string file = bench::sampleFile(projectors);
     const auto addresses = bench::addressesOf(projectors);
@@ -155,6 +166,7 @@ Job named(const std::string& name, int projectors) {
     if (name == "set") return set(projectors);
     if (name == "first_read") return firstRead(projectors);
     if (name == "upgrade") return upgrade(projectors);
+    if (name == "upgrade_receipt") return upgradeWithReceipt(projectors);
     if (name == "round_trip") return roundTrip(projectors);
     if (name == "check") return check(projectors);
     throw std::runtime_error("there is no job " + name);

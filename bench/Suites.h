@@ -9,7 +9,7 @@ void registerGetting();
 void registerSetting();
 void registerBeside();  ///< the jobs of users beside the other libraries that the build found
 
-// Beside other work of the library, which is the side "store" or "current".
+// Beside other work of the library, which is the side "store" or "load", or Xerces-C's load of the same file.
 void registerAccessors();  ///< every setting of projectors; time of one projector
 void releaseAccessors();   ///< to be called before the process ends
 void registerUpgrade();    ///< every conversion step; time of one device

@@ -17,6 +17,7 @@ get raw_load 100
 set raw_load 100
 first_read raw_load 100
 upgrade raw_load_old 30
+upgrade_receipt upgrade 30
 round_trip raw_load 100
 check raw_load 30'
 

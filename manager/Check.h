@@ -76,7 +76,7 @@ struct CheckOptions {
 /// choose hold no unknown settings. A comment "xmlconfig accepts XC321: why" accepts what that rule finds in the element in
 /// which it stands. Angles in messages are in the document's unit. Takes time in proportion to the document.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document, const CheckOptions& options);
-/// The same of a document that has no file.
+/// Checks a document that has no file, by every rule.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document);
 
 }  // namespace XMLConfig

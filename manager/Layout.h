@@ -31,7 +31,7 @@ struct EdgeValues {
     }
 };
 
-/// From one angle or height up to another.
+/// What lies between one angle or height and a larger one.
 struct Interval {
     double from = 0.0;
     double to = 0.0;
@@ -59,7 +59,7 @@ struct Channel {
     EdgeValues edges;  ///< angles off the line of sight; left and bottom are negative as a rule
     Point_3Dim<double> eyePoint;
 
-    // Of a usable channel; all zeros otherwise.
+    // These are known of a usable channel only; of others they are zeros.
 
     Point_3Dim<double> sight;  ///< the line of sight, of length 1 as the next two
     Point_3Dim<double> right;

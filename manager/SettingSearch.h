@@ -14,7 +14,8 @@ namespace XMLConfig {
 /// The setting that stands at the address; the parts of frustums and mirror flags count as settings of their own.
 /// Nothing for a place the catalogue does not know.
 XMLCONFIG_API std::optional<Setting> findSetting(const Address& address);
-/// The same without a copy: null for a place the catalogue does not know; what it points to lives as long as the process.
+/// The setting that stands at the address, without a copy: null for a place the catalogue does not know; what it points to
+/// lives as long as the process.
 XMLCONFIG_API const Setting* knownSetting(const Address& address);
 /// Whether the catalogue holds settings below the address, so that an element without a value may stand there.
 XMLCONFIG_API bool isGroupOfSettings(const Address& address);

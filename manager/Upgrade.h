@@ -38,7 +38,7 @@ public:
     /// Called once, before the first step; not for a document that needs none.
     virtual void upgradeBegins(double fromVersion, double toVersion) = 0;
     /// Called after each step that was applied, also where it found nothing to do.
-    virtual void stepDone(const UpgradeStepReport& step) = 0;
+    virtual void stepDone(UpgradeStepReport step) = 0;
 };
 
 /// An observer that keeps all reports.
@@ -46,7 +46,7 @@ class XMLCONFIG_API UpgradeReceipt : public UpgradeObserver {
 public:
     ~UpgradeReceipt() override;
     void upgradeBegins(double from, double to) override;
-    void stepDone(const UpgradeStepReport& step) override;
+    void stepDone(UpgradeStepReport step) override;
 
     double fromVersion = 0.0;
     double toVersion = 0.0;

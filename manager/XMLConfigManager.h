@@ -57,7 +57,7 @@ public:
     /// Throws CorvaneException for a file that cannot be opened for update, is malformed, or is newer than the library,
     /// and without product information for a path with an extension.
     static XMLConfigManager* loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path);
-    /// The same; `observer` is told what the upgrade does. It is only used during the call, and may be null. Give an
+    /// Loads likewise, and tells `observer` what the upgrade does. It is only used during the call, and may be null. Give an
     /// XMLConfig::UpgradeReceipt to keep it all.
     static XMLConfigManager* loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path,
                                                XMLConfig::UpgradeObserver* observer);

@@ -17,7 +17,8 @@ struct FileStamp {
     bool isSettled = false;
 };
 
-/// Of a regular file, over all links; nothing where there is none or it cannot be looked at.
+/// The stamp of the regular file that the name leads to over all links; nothing where there is none or the system does
+/// not show it.
 std::optional<FileStamp> fileStamp(const std::wstring& path);
 
 /// Whether nothing has happened to the file between the two looks. False where that cannot be told.

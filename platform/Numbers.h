@@ -20,7 +20,7 @@ std::int32_t leadingInteger(std::wstring_view text);
 /// The longest leading decimal number after white space; 0.0 when there is none. "nan", "inf" and "infinity" count,
 /// in any case and with a sign. Beyond the range of a double it reads as an infinity, below it as zero (with the sign).
 double leadingDouble(std::wstring_view text);
-/// The same rules on the XML library's text.
+/// Both read the XML library's text by the same rules.
 std::int32_t leadingInteger(std::u16string_view text);
 double leadingDouble(std::u16string_view text);
 

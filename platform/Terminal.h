@@ -9,7 +9,7 @@ namespace XMLConfig::detail {
 /// Whether someone may be watching standard error, on a terminal that follows escape sequences: false where it goes to a
 /// file or another program.
 bool isErrorATerminal();
-/// The same of standard output.
+/// Whether someone may be watching standard output, on such a terminal.
 bool isOutputATerminal();
 
 /// Writes UTF-8 text to standard error, at once and in one piece, in the form that a console shows.

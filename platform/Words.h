@@ -31,7 +31,7 @@ inline bool endsWith(std::wstring_view text, std::wstring_view end) {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
-/// Without the blanks, tabs and line ends before and after it.
+/// The text without the blanks, tabs and line ends at both of its ends.
 inline std::wstring withoutOuterBlanks(const std::wstring& text) {
     constexpr const wchar_t* blanks = L" \t\n\r";
     const std::size_t first = text.find_first_not_of(blanks);

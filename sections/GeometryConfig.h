@@ -174,8 +174,8 @@ public:
     static double getDefaultBoxSpacing();
     static bool getDefaultAutomaticMapperSettingsEnabledState();
     static std::wstring getAutomaticMapperSettingsEnabledXmlTagName();
-    /// The same number; 2 for a number without a solver.
+    /// The solver of the same number as the mapper; solver 2 where there is none of that number.
     static FitSolver mapperTypeToGeoConfigFitSolver(MapperType mapperType);
-    /// The same number; 2 for a number without a mapper.
+    /// The mapper of the same number as the solver; mapper 2 where there is none of that number.
     static MapperType geoConfigFitSolverToMapperType(FitSolver fitSolver);
 };

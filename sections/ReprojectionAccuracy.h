@@ -23,7 +23,7 @@ public:
     /// null when the factory gives no document.
     static ReprojectionAccuracy* loadFromFile(const std::wstring& path);
 
-    // Of the whole display.
+    // The results for the whole display.
     double getMaxError() const;  ///< the largest reprojection error: pixels
     void setMaxError(double value);
     double getRMSError() const;  ///< root mean square of the reprojection errors: pixels
@@ -31,7 +31,7 @@ public:
     double getOverlapPercentage() const;  ///< the share of the measured overlap: percent
     void setOverlapPercentage(double value);
 
-    // The same of one camera.
+    // The results for one camera.
     double getMaxError(const std::wstring& cameraID) const;
     void setMaxError(const std::wstring& cameraID, double value);
     double getRMSError(const std::wstring& cameraID) const;

@@ -35,7 +35,7 @@ public:
     void clear() { m_size = 0; }
 
 private:
-    static constexpr std::size_t startSize = 4096;
+    static constexpr std::size_t startSize = 256;
 
     std::string m_bytes;
     std::size_t m_size = 0;

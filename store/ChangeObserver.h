@@ -31,6 +31,8 @@ public:
     virtual ~ChangeObserver() = default;
     /// Called after each effective change; must not change the document. What it throws passes, and the change stands.
     virtual void changed(const Change& change) = 0;
+    /// What the document calls: an observer that keeps changes overrides it, too, and need not copy them.
+    virtual void take(Change&& change) { changed(change); }
 };
 
 /// Sets the document's observer (not owned; null for none) and returns the one before.

@@ -1,5 +1,7 @@
 #include "store/ConfigInfo.h"
 
+#include <utility>
+
 #include "platform/Cancellation.h"
 #include "platform/Early.h"
 #include "platform/Files.h"
@@ -101,7 +103,7 @@ void ConfigInfo::setVersion(double version) {
         if (m_document->observer != nullptr) change.oldValue = wideTextOf(*section.element);
         m_document->setSectionText(section, text);
         m_dirty = true;
-        if (m_document->observer != nullptr) m_document->observer->changed(change);
+        if (m_document->observer != nullptr) m_document->observer->take(std::move(change));
     });
 }
 

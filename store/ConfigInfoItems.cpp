@@ -1,5 +1,5 @@
+#include <optional>
 #include <utility>
-#include <vector>
 
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -46,35 +46,40 @@ NewElement elementOf(const Value& value, Document& document, const ItemAddress& 
 /// What an observer is to be told of one operation, gathered before the change is made.
 class Told {
 public:
-    Told(const Document& document, const ItemAddress& address) : m_observer(document.observer), m_address(address) {}
+    Told(ChangeObserver& observer, const ItemAddress& address) : m_observer(observer), m_address(address) {}
 
-    void addSection() { add(Change::Kind::SectionAdded, {}, {}, {}); }
-    void addSubSection() { add(Change::Kind::SectionAdded, subSection(), {}, {}); }
-    void addItem(Change::Kind kind, const std::wstring& before, const std::wstring& after) {
-        if (m_observer == nullptr) return;
-        add(kind, (m_address.subSectionName.empty() ? L"" : subSection() + L"|") + m_address.key, before, after);
+    void addSection() { put(m_section, Change::Kind::SectionAdded, {}, {}, {}); }
+    void addSubSection() { put(m_subSection, Change::Kind::SectionAdded, subSection(), {}, {}); }
+    void addItem(Change::Kind kind, std::wstring&& before, std::wstring&& after) {
+        std::wstring key = m_address.subSectionName.empty() ? m_address.key : subSection() + L"|" + m_address.key;
+        put(m_item, kind, std::move(key), std::move(before), std::move(after));
     }
-    void report() const {
-        for (const Change& change : m_changes) m_observer->changed(change);
+    void report() {
+        for (std::optional<Change>* const change : {&m_section, &m_subSection, &m_item})
+            if (*change) m_observer.take(std::move(**change));
     }
 
 private:
-    void add(Change::Kind kind, const std::wstring& key, const std::wstring& before, const std::wstring& after) {
-        m_changes.push_back({kind, m_address.sectionName, m_address.sectionID, key, before, after});
+    void put(std::optional<Change>& place, Change::Kind kind, std::wstring&& key, std::wstring&& before,
+             std::wstring&& after) {
+        place =
+            Change{kind, m_address.sectionName, m_address.sectionID, std::move(key), std::move(before), std::move(after)};
     }
     [[nodiscard]] std::wstring subSection() const {
         const std::wstring& id = m_address.subSectionID;
         return m_address.subSectionName + (id.empty() ? L"" : L"[" + id + L"]");
     }
 
-    ChangeObserver* m_observer;
+    ChangeObserver& m_observer;
     const ItemAddress& m_address;
-    std::vector<Change> m_changes;
+    std::optional<Change> m_section;
+    std::optional<Change> m_subSection;
+    std::optional<Change> m_item;
 };
 
 // What an observer is told of an item's content: its text, or its elements as XML text.
-std::wstring observed(const Document& document, const xercesc::DOMElement& item) {
-    if (document.observer == nullptr) return {};
+std::wstring observed(const xercesc::DOMElement& item) {
+    if (XMLConfig::detail::isOneText(item.getFirstChild())) return wideTextOf(item);
     std::string elements;
     for (auto* element = item.getFirstElementChild(); element != nullptr; element = element->getNextElementSibling())
         elements += XMLConfig::detail::writeElement(*element);
@@ -88,10 +93,10 @@ void gather(Told& told, const Document& document, const ItemAddress& address, co
     const bool isSectionNew = isContainerNew && document.getSection(address.sectionName, address.sectionID) == nullptr;
     if (isSectionNew) told.addSection();
     if (isContainerNew && !address.subSectionName.empty()) told.addSubSection();
-    const std::wstring after =
+    std::wstring after =
         content.element ? XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*content.element)) : value;
     told.addItem(isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged,
-                 isNew ? std::wstring() : observed(document, *item.element), after);
+                 isNew ? std::wstring() : observed(*item.element), std::move(after));
 }
 
 /// What is or will be around the container's items.
@@ -119,15 +124,18 @@ void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& valu
                                                     content.namespaces);
         }
 
-        Told told(document, address);
-        if (document.observer != nullptr) gather(told, document, address, container, item, content, value.text);
+        std::optional<Told> told;
+        if (document.observer != nullptr) {
+            told.emplace(*document.observer, address);
+            gather(*told, document, address, container, item, content, value.text);
+        }
         bool isChanged = true;
         if (isNew) document.addItem(address, container, {value.text, std::move(content.element)});
         else if (content.element) isChanged = document.setElement(item, std::move(content.element));
         else document.setText(item, value.text);
         if (!isChanged) return;
         configInfo.setDirty(true);
-        told.report();
+        if (told) told->report();
     });
 }
 
@@ -190,11 +198,14 @@ bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring&
         const ItemAddress address{sectionName, sectionID, key, {}, {}};
         const auto item = m_document->getItem(sectionName, key, sectionID);
         if (item.element == nullptr) return false;
-        Told told(*m_document, address);
-        told.addItem(Change::Kind::ItemRemoved, observed(*m_document, *item.element), {});
+        std::optional<Told> told;
+        if (m_document->observer != nullptr) {
+            told.emplace(*m_document->observer, address);
+            told->addItem(Change::Kind::ItemRemoved, observed(*item.element), {});
+        }
         m_document->removeItem(*item.section, *item.element);
         m_dirty = true;
-        told.report();
+        if (told) told->report();
         return true;
     });
 }

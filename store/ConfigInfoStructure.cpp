@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "platform/Text.h"
 #include "store/ConfigInfo.h"
 #include "store/Document.h"
@@ -32,7 +34,7 @@ template <typename Operation>
 void perform(Document& document, bool& isDirty, Change&& change, Operation operation) {
     operation();
     isDirty = true;
-    if (document.observer != nullptr) document.observer->changed(change);
+    if (document.observer != nullptr) document.observer->take(std::move(change));
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ public:
     void renameSection(Section& section, const std::wstring& newID);
     /// `later`, the next section of the same tag, goes immediately before `earlier`.
     void swapSections(Section& earlier, Section& later);
-    /// Those that are missing are inserted before `next`.
+    /// Gives the header elements their texts; elements that are missing are inserted before `next`.
     void setHeaders(const std::vector<Header>& headers, xercesc::DOMElement* next);
 
     ChangeObserver* observer = nullptr;  ///< not owned
@@ -133,7 +133,7 @@ bool isOneText(const xercesc::DOMNode* firstChild);
 /// The text of an element with that of everything inside it. The view is into the tree where the element holds one piece
 /// of text, else into `buffer`; it is good until the tree or the buffer changes.
 std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& buffer);
-/// The same of an item, which is remembered where it is one short piece of text: the view is good until another item is
+/// The text of an item. A short text of one piece is remembered with the item: the view is good until another item is
 /// read or anything changes.
 std::u16string_view textOf(const Item& item, std::u16string& buffer);
 bool hasText(const xercesc::DOMElement& element, const std::wstring& text);

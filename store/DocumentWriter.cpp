@@ -32,6 +32,13 @@ std::u16string_view dataOf(const DOMNode& node) {
     return {reinterpret_cast<const char16_t*>(data.getData()), data.getLength()};
 }
 
+/// The library asks an attribute for its class before it gives the value that its one text holds.
+std::u16string_view valueOf(const DOMNode& attribute) {
+    const DOMNode* const first = attribute.getFirstChild();
+    const bool isOneText = first != nullptr && isText(*first) && first->getNextSibling() == nullptr;
+    return isOneText ? dataOf(*first) : view(attribute.getNodeValue());
+}
+
 /// Other than 0 for a character that must be written in another way in some places. It has no branch, so that the
 /// compiler lets one instruction examine several characters.
 constexpr unsigned special(std::uint16_t c) {
@@ -153,7 +160,7 @@ private:
             m_out.append(' ');
             appendUtf8(view(attribute->getNodeName()));
             m_out.append("=\"");
-            escape(view(attribute->getNodeValue()), true);
+            escape(valueOf(*attribute), true);
             m_out.append('"');
         }
     }

@@ -8,7 +8,8 @@ namespace XMLConfig::detail {
 
 namespace {
 
-// Of the others a parser refuses some, and takes some for a blank or a line feed.
+// Whether a parser gives the character back as it was written; it refuses some, and turns others into a blank or a line
+// feed.
 bool isPlainUnit(char16_t unit) { return unit >= u' ' && unit < 0xFFFE; }
 bool isPlainInText(char16_t unit) { return isPlainUnit(unit) || unit == u'\t' || unit == u'\n'; }
 

@@ -87,6 +87,7 @@ private:
         return child == nullptr || same == 0 ? pairs : matchedByIdentity(around, first);
     }
 
+    /// Joins elements and places of one identity in their order: the first element has the first place, and so on.
     [[nodiscard]] Pairs matchedByIdentity(const DOMElement& around, std::size_t first) const {
         std::unordered_map<std::u16string, std::vector<std::size_t>> placed;
         for (std::size_t number = first; number != 0; number = m_text.next(number))

@@ -40,7 +40,7 @@ int declarationsOf(const xercesc::DOMElement& element) {
     return count;
 }
 
-/// Of the element, those around it, and those inside that a key leads through.
+/// How many namespaces are declared in the element, in those around it, and in those inside that a key leads through.
 int declarationsOnTheWay(const xercesc::DOMElement& element, const std::wstring& key) {
     int count = declarationsOf(element);
     for (const auto* above = element.getParentNode(); above != nullptr; above = above->getParentNode()) {

@@ -16,7 +16,7 @@ public:
     void add(xercesc::DOMElement* element) { m_elements.push_back(element); }
     /// The first that still is in `parent`; null where there is none.
     xercesc::DOMElement* first(const xercesc::DOMElement& parent);
-    /// The same, which leaves the queue.
+    /// Takes the first that still is in `parent` out of the queue; null where there is none.
     xercesc::DOMElement* takeFirst(const xercesc::DOMElement& parent);
     [[nodiscard]] auto begin() const { return m_elements.begin() + static_cast<std::ptrdiff_t>(m_passed); }
     [[nodiscard]] auto end() const { return m_elements.end(); }

@@ -59,7 +59,7 @@ public:
     /// The number of a child's name, which must be the document's own copy of that name.
     std::size_t numberOfName(const XMLCh* name);
     [[nodiscard]] std::size_t countNumbers() const { return m_keys.size(); }
-    /// Those that begin with that key and have more parts; null where there are none.
+    /// The numbers of the keys that begin with that key and have more parts; null where there are none.
     [[nodiscard]] const std::vector<std::size_t>* nestedIn(std::size_t number) const;
 
 private:

@@ -27,7 +27,7 @@ struct Change {
 
 /// What is stored at a place, or counts there, before a change of it.
 Change beginChange(const ConfigInfo& document, const XMLConfig::Address& place);
-/// The same place after the change.
+/// What is stored at that place, or counts there, after the change.
 void endChange(Change& change, const ConfigInfo& document);
 
 /// One line a change and one with their number, which `counts` goes on.

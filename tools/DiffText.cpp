@@ -43,7 +43,7 @@ public:
     Lines(const Compared& compared, bool isColoured)
         : m_old(compared.oldDocument), m_new(compared.newDocument), m_isColoured(isColoured) {}
 
-    /// Of texts that differ in nothing else the stored forms are shown.
+    /// Adds a line for the difference; `asStored` shows the stored forms, for texts that differ in nothing else.
     void add(const SettingDifference& difference, const std::wstring& remark, bool asStored = false) {
         const bool isPlain = asStored || difference.inSnippet;
         const XMLConfig::Setting* const setting = isPlain ? nullptr : XMLConfig::knownSetting(difference.place);

@@ -19,7 +19,7 @@ using XMLConfig::Channel;
 using XMLConfig::Layout;
 using XMLConfig::ScreenPatch;
 
-/// From where the picture is seen: all usable channels should have one eye point.
+/// The point from which the picture is seen: the eye point of the first usable channel, as all should have the same.
 Point_3Dim<double> eyeOf(const Layout& layout) {
     const auto first = std::find_if(layout.channels.begin(), layout.channels.end(), picture::isUsable);
     return first == layout.channels.end() ? layout.targetEyePoint : first->eyePoint;

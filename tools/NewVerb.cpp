@@ -24,7 +24,7 @@ bool hasExtension(const std::string& file) {
     return file.size() > extension.size() && file.compare(file.size() - extension.size(), extension.size(), extension) == 0;
 }
 
-/// In one row, with numbers for IDs until their devices are known.
+/// Adds projectors in one row, with numbers for IDs until their devices are known.
 void addProjectors(XMLConfigManager& manager, unsigned count) {
     if (count == 0) return;
     for (unsigned number = 1; number <= count; ++number) manager.getProjectorConfig(std::to_wstring(number));

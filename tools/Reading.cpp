@@ -24,7 +24,7 @@ std::wstring nameOf(const std::string& file) { return file == "-" ? standardInpu
 
 std::string allOf(std::istream& in) { return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()}; }
 
-/// With the line at fault, where the message names one.
+/// The message, followed by the line at fault where it names one.
 std::wstring withLine(const std::wstring& message, const std::string& text) {
     const std::wstring line = faultLine(message, text);
     return line.empty() ? message : message + L"\n" + line;

@@ -36,7 +36,7 @@ private:
     std::map<std::pair<std::wstring, std::wstring>, std::wstring> m_names;  // by section and ID, those that are unique
 };
 
-/// The same as one line: line feeds, tabs and backslashes written as \n, \t and \\.
+/// A text as one line: line feeds, tabs and backslashes written as \n, \t and \\.
 std::wstring escaped(const std::wstring& text);
 
 }  // namespace tool

@@ -35,7 +35,7 @@ constexpr Suffix suffixes[] = {
     {"in", Unit::Meters, Table::Inches},      {"%", Unit::Percent, Table::UnknownUnitSubType},
 };
 
-/// In the stored unit, from a number in another one.
+/// A number that was written in another unit, in the unit that is stored.
 double converted(double number, const Suffix& suffix) {
     if (suffix.unit == Unit::Percent) return number;
     return Table::convertValue(suffix.meant, suffix.unit == Unit::Radians ? Table::Radians : Table::Meters, number);

@@ -26,7 +26,7 @@ private:
 
 void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector);
 
-// Of neighbours; only where every channel is usable.
+// These rules compare neighbours and are asked only where every channel is usable.
 
 void checkRows(ChannelCheck& check);
 void checkPairs(ChannelCheck& check);

@@ -63,7 +63,8 @@ private:
         if (isGroup) addChildren(section, keys, child, &key);
     }
 
-    /// In order already, as a rule: the keys have their numbers by the first section that holds them.
+    /// Sorts the items by their numbers. They are in order already as a rule: the keys have their numbers by the first
+    /// section that holds them.
     static void order(CheckedSection& section) {
         const auto isBefore = [](const auto& a, const auto& b) { return a.number < b.number; };
         auto& places = section.m_places;

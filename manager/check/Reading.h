@@ -43,7 +43,7 @@ struct CheckedItem {
 /// A child of the root that is no header element.
 class CheckedSection {
 public:
-    /// Of a tag that is in no document where there are no keys.
+    /// Without keys it stands for a section that the document does not have.
     CheckedSection(const ElementView& element, std::wstring tag, const TagKeys* keys);
 
     /// What the application reads at the key; null where nothing stands there.
@@ -54,7 +54,7 @@ public:
     [[nodiscard]] bool isDevice() const { return m_isDevice; }
     /// The name people give the device, its ID where it has none; "" for other sections.
     [[nodiscard]] std::wstring name() const;
-    /// The same in quotes.
+    /// The name in quotes.
     [[nodiscard]] std::wstring title() const;
     [[nodiscard]] const std::wstring& address() const;
     /// The element inside its device snippet; none where there is none.
@@ -149,7 +149,7 @@ std::vector<double> numbersOf(std::wstring_view text);
 std::wstring childText(const ElementView& element, const std::wstring& name);
 /// The address of an element of a document.
 std::wstring addressOf(const ElementView& element);
-/// The same of one that was read.
+/// The address of an item that was read.
 std::wstring addressOf(const CheckedSection& section, const CheckedItem& item);
 /// The address of a key, whether anything is stored there or not.
 std::wstring addressOf(const CheckedSection& section, std::wstring_view key);

@@ -112,7 +112,7 @@ ImageEdge edgeBeside(const Point_2Dim<double>& centre) {
     return y < 0.0 ? ImageEdge::Bottom : ImageEdge::Top;
 }
 
-/// The same sides on the image whose edges lie at 0 and 1.
+/// The sides as they lie on an image whose edges are at 0 and 1.
 Sides scaled(const Sides& sides, const EdgeValues& tangents) {
     Sides result{};
     for (std::size_t i = 0; i < sides.size(); ++i)

@@ -51,7 +51,7 @@ private:
     /// The yaw from half a turn to the left to half a turn to the right.
     [[nodiscard]] double headingIn(std::size_t index) const { return std::remainder(m_channels[index].yaw, 2.0 * pi); }
 
-    /// From the one's right edge clockwise to the other's left edge; negative where they overlap.
+    /// The angle clockwise from the one's right edge to the other's left edge; negative where they overlap.
     [[nodiscard]] double distance(std::size_t left, std::size_t right) const {
         const Channel& one = m_channels[left];
         const Channel& other = m_channels[right];

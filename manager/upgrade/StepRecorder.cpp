@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 namespace XMLConfig::detail {
 
@@ -41,15 +42,21 @@ StepRecorder::StepRecorder(ConfigInfo& document, const UpgradeStep& step)
 
 StepRecorder::~StepRecorder() { setChangeObserver(m_document, m_before); }
 
-UpgradeStepReport StepRecorder::report() const {
-    UpgradeStepReport report{m_step.below, m_step.summary, m_changes};
+UpgradeStepReport StepRecorder::reportOf(std::vector<UpgradeChange> changes) const {
+    UpgradeStepReport report{m_step.below, m_step.summary, std::move(changes)};
     for (const ItemMove& move : m_step.moves) joinMove(report.changes, move);
     return report;
 }
 
-void StepRecorder::changed(const Change& change) {
-    m_changes.push_back(
-        {kindOf(change.kind), change.section, change.sectionID, change.key, change.oldValue, change.newValue, {}, {}});
+void StepRecorder::take(Change&& change) {
+    m_changes.push_back({kindOf(change.kind),
+                         std::move(change.section),
+                         std::move(change.sectionID),
+                         std::move(change.key),
+                         std::move(change.oldValue),
+                         std::move(change.newValue),
+                         {},
+                         {}});
 }
 
 }  // namespace XMLConfig::detail

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include "manager/Upgrade.h"
 #include "manager/upgrade/UpgradeChain.h"
 #include "store/ChangeObserver.h"
@@ -15,10 +18,14 @@ public:
     StepRecorder& operator=(const StepRecorder&) = delete;
 
     /// What the step did, in its order; an item that it carried to another place stands where it was removed.
-    [[nodiscard]] UpgradeStepReport report() const;
+    [[nodiscard]] UpgradeStepReport report() const { return reportOf(m_changes); }
+    /// The same, which leaves nothing here.
+    [[nodiscard]] UpgradeStepReport takeReport() { return reportOf(std::move(m_changes)); }
 
 private:
-    void changed(const Change& change) override;
+    [[nodiscard]] UpgradeStepReport reportOf(std::vector<UpgradeChange> changes) const;
+    void changed(const Change& change) override { take(Change(change)); }
+    void take(Change&& change) override;
 
     ConfigInfo& m_document;
     const UpgradeStep& m_step;

@@ -1,5 +1,7 @@
 #include "manager/upgrade/VersionUpgrade.h"
 
+#include <utility>
+
 #include "manager/Upgrade.h"
 #include "manager/upgrade/StepRecorder.h"
 #include "manager/upgrade/UpgradeChain.h"
@@ -18,7 +20,7 @@ void apply(const UpgradeStep& step, ConfigInfo& document, UpgradeObserver* obser
     if (observer == nullptr) return step.apply(document);
     StepRecorder recorder(document, step);
     step.apply(document);
-    observer->stepDone(recorder.report());
+    observer->stepDone(recorder.takeReport());
 }
 
 }  // namespace
@@ -62,7 +64,7 @@ void UpgradeReceipt::upgradeBegins(double from, double to) {
     steps.clear();
 }
 
-void UpgradeReceipt::stepDone(const UpgradeStepReport& step) { steps.push_back(step); }
+void UpgradeReceipt::stepDone(UpgradeStepReport step) { steps.push_back(std::move(step)); }
 
 VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observer) {
     return detail::doFileVersionConversion(&document, observer);

@@ -22,7 +22,7 @@ public:
     /// have exactly these rights afterwards.
     [[nodiscard]] bool giveTo(OpenFile& file) const;
 
-    /// The same, but for the owner, and without the bits that let a program run as he.
+    /// These rights for another owner, without the bits that would let a program run with his rights.
     FileRights ownedBy(uid_t owner) const;
     /// What a file of another owner or group has to have so that the owner of this one may do with it what he may with his
     /// own, and nobody more than with this one. Nothing where no access list of a kind known here can say that.

@@ -65,7 +65,7 @@ auto triedWhileHeld(const std::wstring& name, Call call) {
 struct LocalMemory {
     void operator()(void* memory) const { ::LocalFree(memory); }
 };
-/// Of the kind that SECURITY_ATTRIBUTES take.
+/// A security descriptor of the kind that SECURITY_ATTRIBUTES point to.
 using SecurityDescriptor = std::unique_ptr<void, LocalMemory>;
 
 /// An open file; closed when destroyed. Whatever fails throws SystemError.
@@ -94,8 +94,8 @@ public:
     /// Flushes it to the disk; what cannot be flushed (a pipe, a device) counts as flushed.
     void flush();
     void resize(std::int64_t size);
-    /// From here on the system removes the file when it is closed, by whatever end of this process too, where the disk can
-    /// do that. Needs the right to delete.
+    /// Lets the system remove the file when it is closed, however this process ends, where the disk can do that. The file
+    /// must have been opened with the right to delete it.
     void becomeTemporary();
     void becomePermanent();
     /// For a new file with the same access list; empty on a disk that keeps none.
