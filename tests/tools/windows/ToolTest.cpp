@@ -104,6 +104,13 @@ TEST_F(ToolOnWindows, TakesNamesOfAllForms) {
     EXPECT_EQ(folder.entries(), 1U);
 }
 
+TEST_F(ToolOnWindows, LeavesItsExamplesTheNamesTheyAreGiven) {
+    const std::string tour = toolPath().substr(0, toolPath().find_last_of("\\/") + 1) + "tour.exe";
+    folder.write(L"from \u65e5\u672c.skorrax", TemporaryFolder::readFile("examples/dome.skorrax"));
+    EXPECT_EQ(StartedProgram({tour, path("from 日本.skorrax"), path("to Ω ü.skorrax")}).end(), 0);
+    EXPECT_TRUE(folder.has(L"to \u03a9 \u00fc.skorrax"));
+}
+
 TEST_F(ToolOnWindows, TellsWhatItCannotReachOnOtherMachines) {
     const std::string file = R"(\\no-such-machine\share\hall.skorrax)";
     const ToolRun run = runTool({"get", file, "System/RunType"});
