@@ -74,7 +74,9 @@ page() {
         /^@[a-z]+@$/ {
             file = results "/" substr($0, 2, length($0) - 2) ".txt"
             print "```"
-            while ((getline line < file) > 0) if (line !~ /^Run on|^CPU Cach/) print line
+            found = 0
+            while ((getline line < file) > 0) { print line; found = 1 }
+            if (!found) print "not measured yet: sh bench/report.sh " substr($0, 2, length($0) - 2)
             print "```"
             next
         }
