@@ -9,7 +9,7 @@
 
 TEST(FileWriting, MakesAFileAndReplacesIt) {
     const TemporaryFolder folder;
-    const std::wstring path = folder.path().wstring() + L"/picture.svg";
+    const std::wstring path = folder.file(L"picture.svg");
     XMLConfig::writeFile(path, std::string("a\0b\n", 4));
     EXPECT_EQ(folder.read(L"picture.svg"), std::string("a\0b\n", 4));
     XMLConfig::writeFile(path, "shorter");
@@ -19,7 +19,7 @@ TEST(FileWriting, MakesAFileAndReplacesIt) {
 
 TEST(FileWriting, TellsWhatCannotBeWritten) {
     const TemporaryFolder folder;
-    const std::wstring path = folder.path().wstring() + L"/none/picture.svg";
+    const std::wstring path = folder.file(L"none") + L"/picture.svg";
     try {
         XMLConfig::writeFile(path, "x");
         FAIL() << "wrote a file in a folder that is not there";

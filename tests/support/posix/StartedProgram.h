@@ -22,7 +22,15 @@ public:
         ::posix_spawn_file_actions_init(&files);
         ::posix_spawn_file_actions_addopen(&files, 1, "/dev/null", O_WRONLY, 0);
         ::posix_spawn_file_actions_addopen(&files, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-        const int error = ::posix_spawnp(&m_process, words[0], &files, nullptr, words.data(), environ);
+        posix_spawnattr_t attributes;
+        ::posix_spawnattr_init(&attributes);
+        sigset_t signals;  // a suite that runs in the background ignores some, and its programs with it
+        ::sigemptyset(&signals);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) ::sigaddset(&signals, signal);
+        ::posix_spawnattr_setsigdefault(&attributes, &signals);
+        ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+        const int error = ::posix_spawnp(&m_process, words[0], &files, &attributes, words.data(), environ);
+        ::posix_spawnattr_destroy(&attributes);
         ::posix_spawn_file_actions_destroy(&files);
         if (error != 0) throw std::runtime_error("cannot start " + command[0]);
     }
