@@ -61,6 +61,7 @@ std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const C
     const Lines lines(document, file);
     std::vector<std::size_t> order(findings.size());
     std::vector<unsigned long long> found;
+    found.reserve(findings.size());
     for (const Finding& finding : findings) found.push_back(lines.of(finding.element).value_or(0));
     std::iota(order.begin(), order.end(), 0U);
     const auto isBefore = [&](std::size_t a, std::size_t b) {
