@@ -95,7 +95,9 @@ std::string commentOf(const std::vector<std::string>& header, const std::string&
             text = header[above - 1].substr(8) + " " + text;
         const std::size_t beside = header[i].find("///< ");
         if (beside != std::string::npos) text += header[i].substr(beside + 5);
-        std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
+        std::transform(text.begin(), text.end(), text.begin(), [](char c) {
+            return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;  // whatever the locale
+        });
         return text;
     }
     return "(none)";
