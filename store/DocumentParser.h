@@ -17,6 +17,9 @@ inline constexpr int maximumDepth = 1000;
 /// are limited because the XML library needs longer for each one the more of them there are.
 inline constexpr int maximumAttributes = 1000;
 inline constexpr int maximumNamespaces = 1000;
+/// How many different names the elements of a file may have. The library keeps a record for each, and so does the index of
+/// the sections.
+inline constexpr unsigned int maximumNames = 1000000;
 
 /// Text that is refused, and where.
 class ParseFailure : public std::runtime_error {

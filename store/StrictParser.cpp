@@ -80,6 +80,8 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
                                 const XMLCh* const prefix, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                 const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) {
     enterLevel(attributeCount);
+    if (declaration.getId() > maximumNames)
+        refuse(L"The elements have more than " + formatInteger(maximumNames) + L" different names");
     if (fCurrentParent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE || !linksAreKnown())
         return DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
     countNames(attributeCount + 1);

@@ -46,8 +46,9 @@ void save(XMLConfigManager& manager, const std::string& file) {
 
 std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
     return L"made " + file + L": file version " + shownVersion(manager.getDocument().getVersion()) + L", " +
-           counted(manager.getProjectorConfigCount(), L"projector") + L", " +
-           counted(manager.getCameraConfigCount(), L"camera") + L"\nnext: xmlconfig check " + file + L"\n";
+           counted(static_cast<std::size_t>(manager.getProjectorConfigCount()), L"projector") + L", " +
+           counted(static_cast<std::size_t>(manager.getCameraConfigCount()), L"camera") + L"\nnext: xmlconfig check " +
+           file + L"\n";
 }
 
 std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {

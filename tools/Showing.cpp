@@ -15,7 +15,6 @@ namespace {
 using XMLConfig::Address;
 using XMLConfig::ElementView;
 using XMLConfig::Setting;
-using XMLConfig::SettingType;
 using XMLConfig::Unit;
 
 /// Runs of white space as one blank, none at the ends.

@@ -60,6 +60,13 @@ TEST(InputLimits, AThousandAttributesOfAnElement) {
     expectMalformed("<ConfigInfo" + attributes(1001) + "/>", "at the root");
 }
 
+TEST(InputLimits, AMillionNamesOfElements) {
+    std::string text = "<ConfigInfo>";
+    for (int i = 1; i < 1000000; ++i) text += "<a" + std::to_string(i) + "/>";
+    text += "<a1/>\n<b/></ConfigInfo>";
+    EXPECT_EQ(placeAndReason(text), L"line 2, column 5: The elements have more than 1000000 different names");
+}
+
 TEST(InputLimits, AThousandAttributesOfAFragment) {
     ConfigInfo document;
     const auto store = [&](int count) {
