@@ -25,6 +25,8 @@ std::wstring AssetManager::getAbsolutePath(const std::wstring& path) const {
     return path.empty() ? path : m_pathHelper->makeAbsolute(path);
 }
 
+void AssetManager::swapRoots(AssetManager& other) noexcept { m_pathHelper.swap(other.m_pathHelper); }
+
 std::wstring AssetManager::relocate(const std::wstring& path, const std::wstring& otherRoot) const {
     if (path.empty()) return path;
     return getPath(m_pathHelper->resolve(path, otherRoot), BaseConfig::FilePathRelative);

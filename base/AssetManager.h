@@ -36,6 +36,8 @@ public:
 
     /// A path that was relative to `otherRoot`, as seen from this root.
     std::wstring relocate(const std::wstring& path, const std::wstring& otherRoot) const;
+    /// This one gets the other's root and the other this one's; cannot fail.
+    void swapRoots(AssetManager& other) noexcept;
 
 private:
     std::unique_ptr<IPathHelper> m_pathHelper;

@@ -84,6 +84,12 @@ void XMLConfigManager::updateRelativeFilePaths(const std::wstring& newConfigPath
     const std::wstring oldRoot = m_open->assetManager->getRootPath();
     const std::wstring newFile = rootFile(newConfigPath);
     if (m_open->assetManager->getPath(folderOf(newFile), BaseConfig::FilePathRelative).empty()) return;
-    m_open->assetManager->setRootPath(newFile);
-    m_open->screen->updateRelativeFilePaths(oldRoot);
+    AssetManager other(newFile);
+    m_open->assetManager->swapRoots(other);
+    try {
+        m_open->screen->updateRelativeFilePaths(oldRoot);
+    } catch (...) {  // with the new root the next call would find nothing to do
+        m_open->assetManager->swapRoots(other);
+        throw;
+    }
 }

@@ -139,9 +139,27 @@ void ScreenConfig::setMarkedSurfaceFilename(const std::wstring& path, FilePathMo
 }
 
 void ScreenConfig::updateRelativeFilePaths(const std::wstring& previousRoot) {
+    struct Path {
+        decltype(&items.meshPath) item;
+        std::wstring before;
+        std::wstring after;
+    };
+    std::vector<Path> paths;
     for (const auto* item : {&items.meshPath, &items.pcdPath, &items.markedSurfaceFilename, &items.measuredMeshPath}) {
         const std::wstring stored = read(*item).value;
-        if (!stored.empty()) write(*item, assets().relocate(stored, previousRoot));
+        if (!stored.empty()) paths.push_back({item, stored, assets().relocate(stored, previousRoot)});
+    }
+    const bool wasDirty = m_configInfo->isDirty();
+    auto next = paths.begin();
+    try {
+        for (; next != paths.end(); ++next) write(*next->item, next->after);
+    } catch (...) {
+        while (next != paths.begin()) {
+            --next;
+            write(*next->item, next->before);
+        }
+        m_configInfo->setDirty(wasDirty);
+        throw;
     }
 }
 

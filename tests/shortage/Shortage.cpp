@@ -13,12 +13,16 @@
 #include <functional>
 #include <iostream>
 
+#include "base/AssetManager.h"
 #include "manager/UpgradeFile.h"
+#include "manager/XMLConfigManager.h"
+#include "sections/ScreenConfig.h"
 #include "store/Address.h"
 #include "store/FilePlaces.h"
 #include "tests/shortage/Allocations.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestDocument.h"
+#include "tests/support/TestProduct.h"
 
 namespace {
 
@@ -277,6 +281,38 @@ TEST(ShortageInASave, LeavesTheFileAndTheDocument) {
     };
     attempt(1);
     report("save", forEveryAllocation([&](std::size_t k) {
+               const Balance balance(noLoss);
+               return attempt(k);
+           }));
+}
+
+TEST(ShortageInASaveElsewhere, LeavesEachPathLeadingToItsFile) {
+    const TemporaryFolder folder;
+    for (const char* name : {"m1", "m2"}) std::filesystem::create_directory(folder.path() / name);
+    const std::wstring path = folder.write(
+        L"m1/a.skorrax",
+        "<ConfigInfo><Version>9.000</Version><Screen><VRML>meshes/dome.obj</VRML><PCD>dome.pcd</PCD></Screen></ConfigInfo>");
+    const std::wstring target = folder.file(L"m2/b.skorrax");
+    const auto attempt = [&](std::size_t k) {
+        const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::loadConfiguration(TestProduct::make(), path));
+        const std::string before = outcomeText(manager->getDocument());
+        const bool hasSaid = runsShort(k, [&] { manager->saveConfiguration(target); });
+        const std::wstring mesh = manager->getScreenConfig()->getMeshPath(BaseConfig::FilePathAbsolute);
+        EXPECT_EQ(mesh, folder.file(L"m1/meshes/dome.obj"));
+        const bool hasOldRoot = manager->getAssetManager()->getRootPath() == folder.file(L"m1");
+        if (hasOldRoot) {
+            EXPECT_TRUE(hasSaid);
+            EXPECT_EQ(outcomeText(manager->getDocument()), before);
+            EXPECT_FALSE(manager->isConfigDirty());
+        }
+        manager->saveConfiguration(target);
+        const ConfigInfo saved(target);
+        EXPECT_EQ(saved.getStringItem(L"Screen", L"VRML", L"", L"", L"", L""), L"../m1/meshes/dome.obj");
+        EXPECT_EQ(saved.getStringItem(L"Screen", L"PCD", L"", L"", L"", L""), L"../m1/dome.pcd");
+        return hasSaid;
+    };
+    attempt(1);
+    report("save elsewhere", forEveryAllocation([&](std::size_t k) {
                const Balance balance(noLoss);
                return attempt(k);
            }));
