@@ -80,7 +80,6 @@ void NewFile::closeClaimed() {
 }
 
 void NewFile::replaceTarget() {
-    m_file.flush();
     if (m_name.empty()) giveName(systemFolder(m_target) + '/' + secretName());
     closeClaimed();
     if (::rename(m_name.c_str(), m_target.c_str()) != 0) throwFileError(purpose, m_target, errno);

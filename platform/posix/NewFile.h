@@ -22,7 +22,7 @@ public:
     OpenFile& file() { return m_file; }
     /// False where another save took it for an abandoned one and has removed it, or is about to.
     bool isOurs();
-    /// Flushes it to the disk and puts it in the place of the file that has the target's name.
+    /// Puts it, which was flushed, in the place of the file that has the target's name.
     void replaceTarget();
     /// Flushes it to the disk and gives it the target's name. Throws SystemError EEXIST where something has that name.
     void becomeTarget();

@@ -68,6 +68,21 @@ void createFile(const std::string& target, const ByteSource& source) {
 /// Whether an error says that a second file may not stand here, though the first may be written.
 bool isRefusal(int error) { return error == EACCES || error == EPERM || error == EBUSY; }
 
+/// Flushes the new file with the rights of the old one, also with those that somebody gives that meanwhile. False where this
+/// process cannot give them, or they go on changing.
+bool completeLike(const OpenFile& old, FileRights rights, OpenFile& created) {
+    constexpr int mostTries = 10;
+    for (int i = 0; i < mostTries; ++i) {
+        if (!rights.giveOwnership(created) || !rights.giveTo(created)) return false;
+        created.flush();
+        const std::optional<FileRights> now = FileRights::of(old);
+        if (!now) return false;
+        if (*now == rights) return true;
+        rights = *now;
+    }
+    return false;
+}
+
 /// False, and nothing changed, when the folder admits no second file in the target's place, or this process cannot give
 /// it the rights of the first.
 bool exchange(const std::string& target, const OpenFile& old, const ByteSource& source) {
@@ -76,7 +91,7 @@ bool exchange(const std::string& target, const OpenFile& old, const ByteSource& 
     const auto writeAndPlace = [&](NewFile& created) {
         if (!rights->giveOwnership(created.file())) return;
         write(created.file(), source);
-        isDone = rights->giveTo(created.file());  // last, since writing may cut them
+        isDone = completeLike(old, *rights, created.file());  // last, since writing may cut them
         if (isDone) created.replaceTarget();
     };
     try {

@@ -170,6 +170,38 @@ TEST_F(SaveCalls, KeepTheNewFileToTheOwnerWhileItIsWritten) {
     }
 }
 
+TEST_F(SaveCalls, KeepTheRightsThatSomebodyGivesMeanwhile) {
+    ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 0666), 0);
+    const ino_t before = inodeOf(m_folder.at(L"a"));
+    bool isGiven = false;
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        if (call.name == "fsync" && !std::exchange(isGiven, true)) {
+            EXPECT_EQ(::chmod(m_folder.at(L"a").c_str(), 0600), 0);
+        }
+        return 0;
+    });
+    replaceFile(m_path, "new");
+    EXPECT_EQ(m_folder.read(L"a"), "new");
+    EXPECT_EQ(modeOf(m_folder.at(L"a")), 0600u);
+    EXPECT_NE(inodeOf(m_folder.at(L"a")), before);
+    EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(SaveCalls, WriteStraightWhereTheRightsGoOnChanging) {
+    const ino_t before = inodeOf(m_folder.at(L"a"));
+    mode_t mode = 0600;
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        if (call.name == "fsync") {
+            EXPECT_EQ(::chmod(m_folder.at(L"a").c_str(), ++mode), 0);
+        }
+        return 0;
+    });
+    replaceFile(m_path, "new");
+    EXPECT_EQ(m_folder.read(L"a"), "new");
+    EXPECT_EQ(inodeOf(m_folder.at(L"a")), before);
+    EXPECT_EQ(m_folder.entries(), 1u);
+}
+
 TEST_F(SaveCalls, KeepACopyToTheCopierWhileItIsWritten) {
     ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 0666), 0);
     for (const bool isNameless : {true, false}) {
