@@ -4,6 +4,8 @@
 #include <random>
 #include <thread>
 
+#include "platform/Cancellation.h"
+
 namespace XMLConfig::detail {
 namespace {
 
@@ -11,6 +13,7 @@ using std::chrono::milliseconds;
 
 /// Programs that wait must not all ask at the same moments.
 milliseconds around(milliseconds pause) {
+    const HeldCancellation held;  // only the pause itself may end early
     thread_local std::minstd_rand random{std::random_device{}()};
     return milliseconds(std::uniform_int_distribution<milliseconds::rep>(1, 2 * pause.count())(random));
 }

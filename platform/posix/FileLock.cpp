@@ -12,6 +12,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "platform/Cancellation.h"
 #include "platform/posix/System.h"
 
 // Two things are taken, always in this order. The folder itself is locked, which every process of this machine sees that
@@ -150,16 +151,22 @@ struct FileLock::Parts {
 };
 
 FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>()) {
+    const HeldCancellation held;
     m_parts->path = systemPath(path);
     m_parts->folder = folderOfTarget(m_parts->path);
     if (m_parts->path.empty()) throwFileError(purpose, m_parts->path, ENOENT);
     if (::stat(m_parts->folder.c_str(), &m_parts->status) != 0) throwFileError(purpose, m_parts->path, errno);
 }
 
-FileLock::~FileLock() = default;
+// A thread that were cancelled where a destructor closes something would end the program.
+FileLock::~FileLock() {
+    const HeldCancellation held;
+    m_parts.reset();
+}
 
 // Nothing is kept of an attempt that is not a success, also of one that ends with an exception.
 bool FileLock::tryTake() {
+    const HeldCancellation held;
     Descriptor locked;
     Descriptor named;
     const Attempt folder = m_parts->takeFolder(locked);
@@ -172,6 +179,9 @@ bool FileLock::tryTake() {
     return true;
 }
 
-long FileLock::holder() const { return holderOf(m_parts->status); }
+long FileLock::holder() const {
+    const HeldCancellation held;
+    return holderOf(m_parts->status);
+}
 
 }  // namespace XMLConfig::detail

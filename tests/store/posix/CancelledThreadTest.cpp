@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "store/ConfigInfo.h"
+#include "store/ConfigLock.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -24,10 +25,34 @@ void* saveAndLoadForEver(void* path) {
     return nullptr;
 }
 
+/// Asks for a lock that another thread holds until its thread is cancelled.
+template <int patience>
+void* askForEver(void* path) {
+    const std::wstring& file = *static_cast<const std::wstring*>(path);
+    for (;;) {
+        try {
+            const XMLConfig::ConfigLock lock(file, std::chrono::milliseconds(patience));
+        } catch (const XMLConfig::ConfigBusyException&) {
+            ::pthread_testcancel();
+        }
+    }
+    return nullptr;
+}
+
+/// Takes a lock and gives it back until its thread is cancelled.
+void* lockForEver(void* path) {
+    const std::wstring& file = *static_cast<const std::wstring*>(path);
+    for (;;) {
+        const XMLConfig::ConfigLock lock(file, std::chrono::milliseconds::zero());
+        ::pthread_testcancel();
+    }
+    return nullptr;
+}
+
 /// What the thread ended with when it was cancelled after that time.
-void* cancelledAfter(std::chrono::microseconds time, std::wstring path) {
+void* cancelledAfter(std::chrono::microseconds time, std::wstring path, void* (*run)(void*) = saveAndLoadForEver) {
     pthread_t thread{};
-    if (::pthread_create(&thread, nullptr, saveAndLoadForEver, &path) != 0) return nullptr;
+    if (::pthread_create(&thread, nullptr, run, &path) != 0) return nullptr;
     std::this_thread::sleep_for(time);
     ::pthread_cancel(thread);
     void* result = nullptr;
@@ -46,4 +71,26 @@ TEST(CancelledThread, EndsBetweenLoadsAndSaves) {
         ASSERT_EQ(folder.entries(), folder.has(L"a.skorrax") ? 1u : 0u);
     }
     EXPECT_EQ(ConfigInfo(folder.file(L"a.skorrax")).getStringItem(L"S", L"Text", {}, {}, {}, {}).size(), 20000u);
+}
+
+TEST(CancelledThread, EndsWhileItAsksForALock) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"a.skorrax");
+    std::minstd_rand random(20260102);
+    for (int i = 0; i < 40; ++i) {
+        const std::chrono::microseconds time(100 + random() % 4000);
+        ASSERT_EQ(cancelledAfter(time, path, lockForEver), PTHREAD_CANCELED);
+        const XMLConfig::ConfigLock held(path, std::chrono::milliseconds::zero());
+        ASSERT_EQ(cancelledAfter(time, path, askForEver<0>), PTHREAD_CANCELED);
+        ASSERT_EQ(cancelledAfter(time, path, askForEver<1>), PTHREAD_CANCELED);
+    }
+}
+
+TEST(CancelledThread, DoesNotWaitForALockToTheEnd) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"a.skorrax");
+    const XMLConfig::ConfigLock held(path, std::chrono::milliseconds::zero());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(cancelledAfter(std::chrono::milliseconds(5), path, askForEver<60000>), PTHREAD_CANCELED);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30));
 }
