@@ -2,6 +2,7 @@
 
 #include "manager/upgrade/Losses.h"
 #include "platform/Cancellation.h"
+#include "platform/FileNames.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
@@ -21,11 +22,11 @@ using detail::FileError;
     throw CorvaneException(L"Error upgradeFile: " + path + L": " + reason);
 }
 
-// The first backup name in the order of their numbers that no file has yet.
+// The first backup name in the order of their numbers that nothing has yet, be it a link to nothing.
 std::wstring freeBackupName(const std::wstring& path, double version) {
     const std::wstring first = path + L".v" + detail::versionText(version) + L".bak";
     std::wstring name = first;
-    for (int number = 2; detail::fileExists(name); ++number) name = first + L"." + detail::formatInteger(number);
+    for (int number = 2; isNameTaken(name); ++number) name = first + L"." + detail::formatInteger(number);
     return name;
 }
 
@@ -34,6 +35,19 @@ void copy(const std::wstring& from, const std::wstring& to) {
         detail::copyToNewFile(from, to);
     } catch (const FileError& error) {
         refuse(from, error.message());
+    }
+}
+
+// The name of the copy: another one than the free one where somebody else has just taken that.
+std::wstring keepBackup(const std::wstring& path, double version) {
+    for (;;) {
+        const std::wstring backup = freeBackupName(path, version);
+        try {
+            detail::copyToNewFile(path, backup);
+            return backup;
+        } catch (const FileError& error) {
+            if (!isNameTaken(backup)) refuse(path, error.message());
+        }
     }
 }
 
@@ -54,7 +68,6 @@ void refuseChange(const ConfigInfo& document, const std::wstring& path, const st
 
 // The backup stands before the file is touched, and goes again only where the file has surely stayed as it was.
 void replaceKeepingBackup(ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
-    copy(path, backup);
     refuseChange(document, path, backup);
     try {
         document.save(path);
@@ -64,13 +77,14 @@ void replaceKeepingBackup(ConfigInfo& document, const std::wstring& path, const 
     }
 }
 
-void write(ConfigInfo& document, const UpgradeFileRequest& request, const UpgradeFileReport& report) {
+void write(ConfigInfo& document, double version, const UpgradeFileRequest& request, UpgradeFileReport& report) {
     if (report.status == NoUpgradeRequired) {
         if (!request.target.empty()) copy(request.path, report.target);
     } else if (request.target.empty()) {
+        report.backup = keepBackup(request.path, version);
         replaceKeepingBackup(document, report.target, report.backup);
     } else {
-        if (!detail::saveAsNewFile(document, report.target)) refuse(report.target, L"exists already");
+        if (!detail::saveAsNewFile(document, report.target, request.path)) refuse(report.target, L"exists already");
     }
 }
 
@@ -94,7 +108,7 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
         refuse(request.path, L"is of file version " + detail::versionText(version) + L", which is newer than this library");
     }
     if (report.status == Upgraded && request.target.empty()) report.backup = freeBackupName(request.path, version);
-    if (request.writesFiles) write(document, request, report);
+    if (request.writesFiles) write(document, version, request, report);
     return report;
 }
 

@@ -54,7 +54,8 @@ struct UpgradeFileReport {
 ///
 /// In place, the old file is kept beside it, byte for byte, as "<name>.v1.500.bak" with the version it had, or
 /// "<name>.v1.500.bak.2" and so on where that name is taken. A file at the latest version is left alone in place, and
-/// copied byte for byte to another target.
+/// copied byte for byte to another target. Backup and target have the rights of the old file, as far as they may be given:
+/// nobody but this user may do more with them.
 ///
 /// Throws CorvaneException for a file that cannot be read or converted, that is no configuration or newer than the library,
 /// or whose result cannot be written, and for a target that exists. Every file is then as it was, and no other is left

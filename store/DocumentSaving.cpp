@@ -42,9 +42,10 @@ void saveCopy(ConfigInfo& document, const std::wstring& path) {
     document.setDirty(dirty);
 }
 
-bool saveAsNewFile(const ConfigInfo& document, const std::wstring& path) {
+bool saveAsNewFile(const ConfigInfo& document, const std::wstring& path, const std::wstring& rightsOf) {
     try {
-        return createFile(path, [&](const ByteSink& sink) { writeDocument(Document::of(document).tree(), sink); });
+        return createFile(
+            path, [&](const ByteSink& sink) { writeDocument(Document::of(document).tree(), sink); }, rightsOf);
     } catch (const FileError& error) {
         throw CorvaneException(L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" +
                                error.message());

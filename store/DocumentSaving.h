@@ -17,7 +17,8 @@ void saveDocument(Document& document, const std::wstring& path);
 void saveCopy(ConfigInfo& document, const std::wstring& path);
 
 /// Writes the document to a file that must not exist yet, all or nothing; the document stays as it is. False when something
-/// of that name exists. Throws CorvaneException with the message of a failed save.
-bool saveAsNewFile(const ConfigInfo& document, const std::wstring& path);
+/// of that name exists. Nobody but this user may do more with it than with the file `rightsOf`. Throws CorvaneException with
+/// the message of a failed save.
+bool saveAsNewFile(const ConfigInfo& document, const std::wstring& path, const std::wstring& rightsOf);
 
 }  // namespace XMLConfig::detail

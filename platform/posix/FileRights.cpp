@@ -165,4 +165,26 @@ bool FileRights::giveTo(OpenFile& file) const {
     return of(file) == *this;
 }
 
+namespace {
+
+bool give(const FileRights& rights, OpenFile& file) { return rights.giveOwnership(file) && rights.giveTo(file); }
+
+/// What the source's rights come to for a file of this process's user, in the source's group where he may give it that.
+bool handOver(const FileRights& rights, uid_t maker, OpenFile& copy) {
+    (void)rights.ownedBy(maker).giveOwnership(copy);
+    const struct stat status = copy.status();
+    const std::optional<FileRights> handed = rights.handedTo(status.st_uid, status.st_gid);
+    return handed && handed->giveTo(copy);
+}
+
+}  // namespace
+
+void giveRights(const OpenFile& source, OpenFile& copy) {
+    const uid_t maker = copy.status().st_uid;
+    const std::optional<FileRights> rights = FileRights::of(source);
+    const bool isDone =
+        rights && (give(*rights, copy) || handOver(*rights, maker, copy) || give(rights->ownedBy(maker), copy));
+    if (!isDone) makePrivate(copy);
+}
+
 }  // namespace XMLConfig::detail

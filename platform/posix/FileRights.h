@@ -44,6 +44,11 @@ private:
     Attributes m_attributes;  ///< the access list is one of them
 };
 
+/// The rights of the source; where this process may not give the owner, an access list that gives them to him; where there
+/// are no such lists, the source's rights but for the owner. Where none can be given, nobody else has any: a part of
+/// them could mean more to somebody than the whole.
+void giveRights(const OpenFile& source, OpenFile& copy);
+
 /// Leaves a file to its owner alone.
 void makePrivate(OpenFile& file);
 

@@ -26,27 +26,6 @@ void copyBytes(OpenFile& source, OpenFile& copy) {
     while (const std::size_t count = source.read(buffer, sizeof buffer)) copy.write({buffer, count});
 }
 
-bool give(const FileRights& rights, OpenFile& file) { return rights.giveOwnership(file) && rights.giveTo(file); }
-
-/// What the source's rights come to for a file of this process's user, in the source's group where he may give it that.
-bool handOver(const FileRights& rights, uid_t maker, OpenFile& copy) {
-    (void)rights.ownedBy(maker).giveOwnership(copy);
-    const struct stat status = copy.status();
-    const std::optional<FileRights> handed = rights.handedTo(status.st_uid, status.st_gid);
-    return handed && handed->giveTo(copy);
-}
-
-/// The rights of the source; where this process may not give the owner, an access list that gives them to him; where there
-/// are no such lists, the source's rights but for the owner. Where none can be given, nobody else has any: a part of
-/// them could mean more to somebody than the whole.
-void giveRights(const OpenFile& source, OpenFile& copy) {
-    const uid_t maker = copy.status().st_uid;
-    const std::optional<FileRights> rights = FileRights::of(source);
-    const bool isDone =
-        rights && (give(*rights, copy) || handOver(*rights, maker, copy) || give(rights->ownedBy(maker), copy));
-    if (!isDone) makePrivate(copy);
-}
-
 }  // namespace
 
 bool canOpenForUpdate(const std::wstring& path) {

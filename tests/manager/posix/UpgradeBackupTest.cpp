@@ -1,4 +1,6 @@
 #include <cerrno>
+#include <filesystem>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -69,6 +71,40 @@ TEST_F(UpgradeBackup, HasTheRightsOfTheFile) {
         ASSERT_EQ(::stat(pathOf(name).c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, 0620u);
     }
+}
+
+TEST_F(UpgradeBackup, AndAnotherTargetAreNotMoreReadableThanTheFile) {
+    const std::wstring latest = m_folder.write(L"b.skorrax", fileText());
+    for (const std::wstring& path : {m_path, latest}) {
+        for (const mode_t mode : {0600, 0640}) {
+            ASSERT_EQ(::chmod(pathOf(path).c_str(), mode), 0);
+            const std::wstring target = path + std::to_wstring(mode);
+            upgradeFile({path, target});
+            struct stat status {};
+            ASSERT_EQ(::stat(pathOf(target).c_str(), &status), 0);
+            EXPECT_EQ(status.st_mode & 07777, mode);
+        }
+    }
+}
+
+TEST_F(UpgradeBackup, LeavesALinkToNothingUnderItsName) {
+    std::filesystem::create_symlink("nowhere", pathOf(m_backup));
+    EXPECT_EQ(upgradeFile({m_path, {}, false}).backup, m_backup + L".2");
+    EXPECT_EQ(upgradeFile({m_path}).backup, m_backup + L".2");
+    EXPECT_EQ(m_folder.read(L"a.skorrax.v8.000.bak.2"), m_old);
+    EXPECT_TRUE(std::filesystem::is_symlink(pathOf(m_backup)));
+    EXPECT_FALSE(m_folder.has(L"nowhere"));
+}
+
+TEST_F(UpgradeBackup, TakesTheNextNameWhereSomebodyHasJustTakenTheFirst) {
+    bool isTaken = false;
+    const SystemCallWatch watch([&](const SystemCall& call) {
+        if (call.name == "linkat" && !std::exchange(isTaken, true)) m_folder.write(L"a.skorrax.v8.000.bak", "another's");
+        return 0;
+    });
+    EXPECT_EQ(upgradeFile({m_path}).backup, m_backup + L".2");
+    EXPECT_EQ(m_folder.read(L"a.skorrax.v8.000.bak"), "another's");
+    EXPECT_EQ(m_folder.read(L"a.skorrax.v8.000.bak.2"), m_old);
 }
 
 TEST_F(UpgradeBackup, IsNotMadeForACopyWhoseTargetIsNamedWhereItCannotBeWritten) {
