@@ -202,8 +202,9 @@ TEST_F(ReplaceFile, LeavesNothingWhereItsProcessIsKilled) {
     wchar_t program[1000] = {};
     ASSERT_NE(::GetModuleFileNameW(nullptr, program, 1000), 0u);
     ASSERT_NE(::SetEnvironmentVariableW(L"XMLCONFIG_TEST_VICTIM", path.c_str()), 0);
-    const EnvironmentVariable unsharded(
-        "GTEST_TOTAL_SHARDS");  // the one test is to run in whatever part of the suite this is
+    // Its one test is to run in whatever part of the suite this is.
+    const EnvironmentVariable noParts("GTEST_TOTAL_SHARDS");
+    const EnvironmentVariable noPart("GTEST_SHARD_INDEX");
     std::wstring line =
         L'"' + std::wstring(program) + L"\" --gtest_also_run_disabled_tests --gtest_filter=ReplaceFileVictim.*";
     STARTUPINFOW startup{};

@@ -110,8 +110,9 @@ TEST(ToolOnAConsole, ShowsEveryCharacter) {
     ASSERT_EQ(runTool({"new", file}).status, 0);
     ASSERT_EQ(runTool({"set", "--force", file, "ProjMap/Site=Größe 日本 Ω"}).status, 0);
     const EnvironmentVariable variable(nameOfFile, file);
-    const EnvironmentVariable unsharded(
-        "GTEST_TOTAL_SHARDS");  // the one test is to run in whatever part of the suite this is
+    // Its one test is to run in whatever part of the suite this is.
+    const EnvironmentVariable noParts("GTEST_TOTAL_SHARDS");
+    const EnvironmentVariable noPart("GTEST_SHARD_INDEX");
     Console console;
     EXPECT_EQ(console.run(L'"' + thisProgram() +
                           L"\" --gtest_brief=1 --gtest_also_run_disabled_tests --gtest_filter=ToolOnAConsoleVictim.*"),
