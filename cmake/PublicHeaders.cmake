@@ -14,6 +14,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     platform/SignalHold.h
     platform/Utf8.h
     store/Address.h
+    store/Comments.h
     store/ConfigInfo.h
     store/ConfigInfoFactory.h
     store/ConfigLock.h

@@ -104,6 +104,12 @@ public:
     void swapSections(Section& earlier, Section& later);
     /// Gives the header elements their texts; elements that are missing are inserted before `next`.
     void setHeaders(const std::vector<Header>& headers, xercesc::DOMElement* next);
+    /// The root or the section that `element` is; null for any other element.
+    xercesc::DOMElement* commentable(const xercesc::DOMElement& element) const;
+    /// Each of the places gets a comment behind all that it holds.
+    void addComments(const std::vector<xercesc::DOMElement*>& places, const std::wstring& text);
+    /// Takes away the comments of that text that stand directly in the place; how many.
+    std::size_t removeComments(xercesc::DOMElement& place, const std::wstring& text);
 
     ChangeObserver* observer = nullptr;  ///< not owned
     FileState file;                      ///< where the document was loaded from or saved to last

@@ -198,6 +198,35 @@ void Document::setHeaders(const std::vector<Header>& headers, DOMElement* next) 
     changed({Kind::HeadersSet});
 }
 
+DOMElement* Document::commentable(const DOMElement& element) const {
+    if (&element == root()) return root();
+    return parentOf(element) == root() ? m_index.sectionOf(&element).element : nullptr;
+}
+
+void Document::addComments(const std::vector<DOMElement*>& places, const std::wstring& text) {
+    const std::u16string units = toUtf16(text);
+    std::vector<DOMNode*> made;
+    made.reserve(places.size());
+    for (std::size_t i = 0; i < places.size(); ++i) made.push_back(m_tree.makeComment(units));
+    for (std::size_t i = 0; i < places.size(); ++i) append(*places[i], *made[i]);
+    changed({Kind::CommentsChanged});
+}
+
+std::size_t Document::removeComments(DOMElement& place, const std::wstring& text) {
+    const std::u16string units = toUtf16(text);
+    std::size_t count = 0;
+    for (DOMNode* node = place.getFirstChild(); node != nullptr;) {
+        DOMNode* const next = node->getNextSibling();
+        if (node->getNodeType() == DOMNode::COMMENT_NODE && view(node->getNodeValue()) == units) {
+            m_tree.remove(place, *node);
+            ++count;
+        }
+        node = next;
+    }
+    if (count > 0) changed({Kind::CommentsChanged});
+    return count;
+}
+
 void Document::changed(const TreeChange& change) noexcept {
     try {
         m_index.changed(change);

@@ -99,4 +99,20 @@ void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, con
                            L" namespaces may be declared in an element and those around it");
 }
 
+void refuseComment(const wchar_t* prefix, const std::wstring& text) {
+    refuse(prefix, L"a comment", L"the text", text);
+    const auto isAltered = [](wchar_t c) {
+        const bool isControl = c < L' ' || (c >= 0x7F && c <= 0x9F);
+        return (isControl && c != L'\t' && c != L'\n') || c == 0x2028;  // XML 1.1 has more line ends
+    };
+    const auto altered = std::find_if(text.begin(), text.end(), isAltered);
+    if (altered != text.end())
+        throw CorvaneException(prefix + std::wstring(L"a comment: the text holds the character ") +
+                               codePoint(static_cast<char32_t>(*altered)) + L", which a comment cannot hold");
+    const bool hasDashes = text.find(L"--") != std::wstring::npos;
+    if (hasDashes || (!text.empty() && text.back() == L'-'))
+        throw CorvaneException(prefix + std::wstring(L"a comment: the text ") +
+                               (hasDashes ? L"holds \"--\"" : L"ends with \"-\"") + L", which would end it early");
+}
+
 }  // namespace XMLConfig::detail

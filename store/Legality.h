@@ -21,4 +21,8 @@ void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int de
 /// element than can be read again. `place` is the element below which the item is or will be.
 void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& place, int inside);
 
+/// Throws CorvaneException for a comment's text that would end the comment early, or that would be read as another text:
+/// "--", "-" at the end, and control characters other than tabs and line feeds.
+void refuseComment(const wchar_t* prefix, const std::wstring& text);
+
 }  // namespace XMLConfig::detail

@@ -78,6 +78,8 @@ void SectionIndex::changed(const TreeChange& change) {
             return change.section->items.forgetText(*change.known);
         case Kind::HeadersSet:
             return reset(m_root);
+        case Kind::CommentsChanged:
+            return;
     }
 }
 

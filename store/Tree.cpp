@@ -86,6 +86,8 @@ xercesc::DOMText* Tree::makeText(const std::wstring& text) { return makeText(toU
 
 xercesc::DOMText* Tree::makeText(const char16_t* text) { return m_document->createTextNode(xmlText(text)); }
 
+xercesc::DOMComment* Tree::makeComment(const std::u16string& text) { return m_document->createComment(xmlText(text)); }
+
 void Tree::addAttribute(DOMElement& element, const char16_t* name, const char16_t* value) {
     m_names.count(*m_document);
     if (!linksAreKnown()) return element.setAttribute(xmlText(name), xmlText(value));

@@ -18,7 +18,8 @@ struct TreeChange {
         InsideAdded,      ///< `element` is the last child of an element in `section`
         InsideReplaced,   ///< `element`, in `section` or that itself, has other content
         TextReplaced,     ///< the text that `known` is about, and nothing else
-        HeadersSet        ///< children of the root have other texts, or others before them
+        HeadersSet,       ///< children of the root have other texts, or others before them
+        CommentsChanged   ///< the root or its children hold other comments, which are no part of the index
     };
     Kind kind;
     Section* section = nullptr;

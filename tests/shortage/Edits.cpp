@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "store/Comments.h"
 #include "store/CorvaneException.h"
 #include "tests/shortage/Allocations.h"
 
@@ -126,6 +127,12 @@ const std::vector<Edit> list = {
          for (const wchar_t* id : {L"a", L"b", L"c"}) set(d, L"v", L"text", L"1", L"Twin", id);
          (void)d.doesSubSectionExist(L"S", L"Twin", L"1", L"c");
          for (const wchar_t* id : {L"b", L"c", L"a"}) expect(d.removeSubSection(L"S", L"Twin", L"1", id));
+     }},
+    {"CommentAddedAndRemoved",
+     [](ConfigInfo& d, int i) {
+         const std::wstring comment = std::to_wstring(i);
+         XMLConfig::addComment(d, {XMLConfig::sectionElements(d, L"S")[0]}, comment);
+         expect(XMLConfig::removeComment(d, XMLConfig::sectionElements(d, L"S")[0], comment) == 1);
      }},
     {"Rename",
      [](ConfigInfo& d, int i) { expect(d.renameSection(L"S", i % 2 == 0 ? L"1" : L"9", i % 2 == 0 ? L"9" : L"1")); }},

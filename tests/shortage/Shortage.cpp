@@ -18,6 +18,7 @@
 #include "manager/XMLConfigManager.h"
 #include "sections/ScreenConfig.h"
 #include "store/Address.h"
+#include "store/Comments.h"
 #include "store/FilePlaces.h"
 #include "tests/shortage/Allocations.h"
 #include "tests/support/TemporaryFolder.h"
@@ -105,6 +106,11 @@ const Operation operations[] = {
     {"moveEarlier", [](ConfigInfo& d) { EXPECT_TRUE(d.moveSection(-1, L"S", L"2")); }},
     {"moveLater", [](ConfigInfo& d) { EXPECT_TRUE(d.moveSection(1, L"S", L"2")); }},
     {"setVersion", [](ConfigInfo& d) { d.setVersion(3.5); }},
+    {"addComment",
+     [](ConfigInfo& d) {
+         const XMLConfig::ElementView first = XMLConfig::rootElement(d).child(L"S");
+         XMLConfig::addComment(d, {XMLConfig::rootElement(d), first, first.next()}, longText);
+     }},
     {"stamp", [](ConfigInfo& d) { d.insertBuildDateAndNumber(); }},
 };
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/Export.h"
+#include "store/ElementView.h"
+
+class ConfigInfo;
+
+/// Writing comments, which travel with a document through every save; `commentsOf` reads them.
+namespace XMLConfig {
+
+/// Writes a comment at the end of each of those elements and sets the document dirty. Each is the document's root or a
+/// section. Throws CorvaneException ("Error addComment: ...") for any other element, and for a text that a comment cannot
+/// hold: "--", "-" at the end, and control characters other than tabs and line feeds. Where anything is thrown, no comment
+/// was written. The views are worth nothing afterwards.
+XMLCONFIG_API void addComment(ConfigInfo& document, const std::vector<ElementView>& around, const std::wstring& text);
+/// Takes away the comments of exactly that text that stand directly in the element, the root or a section; how many. Sets
+/// the document dirty where there was one. Throws CorvaneException ("Error removeComment: ...") for any other element. The
+/// views are worth nothing afterwards.
+XMLCONFIG_API std::size_t removeComment(ConfigInfo& document, const ElementView& around, const std::wstring& text);
+
+}  // namespace XMLConfig
