@@ -46,13 +46,24 @@ Json jsonOf(const CheckedFile::Place& place, const std::string& file) {
             {"mend", mendOf(finding, file)}};
 }
 
+Json jsonOf(const std::vector<NewComment>& comments) {
+    Json json = Json::array();
+    for (const NewComment& comment : comments)
+        json.push_back(
+            {{"address", jsonText(comment.section.section.empty() ? L"" : XMLConfig::addressText(comment.section))},
+             {"text", jsonText(comment.text)}});
+    return json;
+}
+
 Json jsonOf(const CheckedFile& checked) {
     if (!checked.fault.empty()) return {{"file", checked.file}, {"fault", jsonText(checked.fault)}};
-    Json json = {{"file", checked.file},
-                 {"version", checked.version},
-                 {"errors", checked.count(Severity::Error)},
-                 {"warnings", checked.count(Severity::Warning)},
-                 {"notes", checked.count(Severity::Note)}};
+    Json json = {{"file", checked.file}, {"version", checked.version}};
+    if (checked.isWritten) json["written"] = *checked.isWritten;
+    if (!checked.comments.empty()) json["comments"] = jsonOf(checked.comments);
+    json["errors"] = checked.count(Severity::Error);
+    json["warnings"] = checked.count(Severity::Warning);
+    json["notes"] = checked.count(Severity::Note);
+    json["accepted"] = checked.acceptedFindings;
     json["findings"] = Json::array();
     for (const CheckedFile::Place& place : checked.findings) json["findings"].push_back(jsonOf(place, checked.file));
     return json;

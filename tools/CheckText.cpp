@@ -96,8 +96,14 @@ private:
             return counted(m_checked.count(severity), noun);
         };
         const std::wstring text = m_file + L": " + number(Severity::Error, L"error") + L", " +
-                                  number(Severity::Warning, L"warning") + L", " + number(Severity::Note, L"note");
+                                  number(Severity::Warning, L"warning") + L", " + number(Severity::Note, L"note") +
+                                  acceptedCount();
         return text + (m_checked.findings.empty() ? L"; all is well\n" : L"\n");
+    }
+
+    [[nodiscard]] std::wstring acceptedCount() const {
+        const std::size_t count = m_checked.acceptedFindings;
+        return count == 0 ? L"" : L", " + std::to_wstring(count) + L" accepted";
     }
 
     /// A picture says more about channels than many lines.

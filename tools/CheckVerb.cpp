@@ -1,16 +1,17 @@
 #include <algorithm>
 #include <numeric>
 
-#include "manager/CheckRules.h"
 #include "platform/Utf8.h"
 #include "store/CorvaneException.h"
 #include "store/FilePlaces.h"
+#include "tools/Acceptance.h"
 #include "tools/CheckText.h"
 #include "tools/Colour.h"
+#include "tools/Configuration.h"
 #include "tools/Reading.h"
 #include "tools/RuleText.h"
-#include "tools/Suggestion.h"
 #include "tools/Verb.h"
+#include "tools/Writing.h"
 
 namespace tool {
 namespace {
@@ -18,25 +19,22 @@ namespace {
 using XMLConfig::Finding;
 using XMLConfig::Severity;
 
-std::wstring ruleOf(const std::string& word) {
-    if (const XMLConfig::CheckRule* const rule = ruleNamed(XMLConfig::wideFromUtf8(word))) return rule->id;
-    throw WrongOperands("there is no rule " + word + "; docs/rules.md and 'xmlconfig describe' tell all");
-}
-
 XMLConfig::CheckOptions optionsOf(const Request& request, const std::string& file, std::optional<double> storedVersion) {
     XMLConfig::CheckOptions options;
-    for (const std::string& word : request.rules) options.onlyRules.push_back(ruleOf(word));
+    for (const std::string& word : request.rules) options.onlyRules.push_back(ruleIDOf(word));
     if (file != "-") options.file = XMLConfig::wideFromUtf8(file);
     options.looksForFiles = !request.withoutFiles;
     options.storedVersion = storedVersion;
+    options.givesAccepted = true;
     return options;
 }
 
 /// Finds the lines of what was found.
 class Lines {
 public:
+    /// Without a file nothing has a line.
     Lines(const ConfigInfo& document, const std::string& file) {
-        if (file == "-") return;
+        if (file.empty()) return;
         try {
             m_places = std::make_unique<XMLConfig::FilePlaces>(document, XMLConfig::wideFromUtf8(file));
         } catch (const CorvaneException&) {
@@ -79,20 +77,51 @@ std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const C
     return result;
 }
 
-/// The findings of one file, and how they are shown: at once, because they borrow the document.
+/// Takes those that comments accept out of the findings; how many.
+std::size_t takeAccepted(std::vector<Finding>& findings) {
+    const auto isAccepted = [](const Finding& finding) { return finding.isAccepted; };
+    const auto rest = std::remove_if(findings.begin(), findings.end(), isAccepted);
+    const auto count = static_cast<std::size_t>(findings.end() - rest);
+    findings.erase(rest, findings.end());
+    return count;
+}
+
+/// Adds what is found in a document, with the lines of that file; how it is shown, at once, because it borrows the document.
+std::wstring addFindings(CheckedFile& checked, const ConfigInfo& document, const Request& request,
+                         std::optional<double> storedVersion, const std::string& fileOfLines) {
+    checked.version = storedVersion.value_or(document.getVersion());
+    std::vector<Finding> findings = XMLConfig::check(document, optionsOf(request, checked.file, storedVersion));
+    checked.acceptedFindings = takeAccepted(findings);
+    checked.findings = withLines(std::move(findings), document, fileOfLines);
+    return request.json ? L"" : checkText(checked, Showing(document), isColoured(request.colour));
+}
+
+/// The findings of one file, and how they are shown.
 CheckedFile checkFile(const Request& request, const std::string& file, std::wstring& text) {
     CheckedFile checked;
     checked.file = file;
     try {
         const ReadForCheck read = readForCheck(file);
-        checked.version = read.storedVersion ? *read.storedVersion : read.document->getVersion();
-        std::vector<Finding> findings = XMLConfig::check(*read.document, optionsOf(request, file, read.storedVersion));
-        checked.findings = withLines(std::move(findings), *read.document, file);
-        if (!request.json) text = checkText(checked, Showing(*read.document), isColoured(request.colour));
+        text = addFindings(checked, *read.document, request, read.storedVersion, file == "-" ? "" : file);
     } catch (const Unreadable& fault) {
         checked.fault = XMLConfig::wideFromUtf8(fault.what());
         complain(checked.fault);
     }
+    return checked;
+}
+
+/// The findings of the file after some of them were accepted.
+CheckedFile acceptInFile(const Request& request, const std::string& file, std::wstring& text) {
+    const auto lock = request.dryRun ? nullptr : lockForWriting(file, request);
+    const std::unique_ptr<ConfigInfo> document = openDocument(file);
+    requireLatestVersion(*document, file);
+    CheckedFile checked;
+    checked.file = file;
+    checked.comments = accept(*document, request, optionsOf(request, file, std::nullopt));
+    checked.isWritten = !request.dryRun;
+    if (!request.dryRun) saveDocument(*document, file);
+    if (!request.json) text = acceptanceText(checked.comments, *document, request);
+    text += addFindings(checked, *document, request, std::nullopt, request.dryRun ? "" : file);
     return checked;
 }
 
@@ -114,9 +143,16 @@ void setUpCheck(Options& options, Request& request) {
         .separatedBy(',')
         .valueName("RULE");
     options.flag("--no-files", request.withoutFiles, "Do not look for the files that a configuration names");
+    options
+        .value("--accept", request.accepted,
+               "Accept what this rule finds, there or anywhere, by a comment in its section: it counts no more")
+        .valueName("RULE[@ADDRESS]");
+    options.value("--because", request.because, "Why it is accepted, for those who read the file").valueName("TEXT");
+    options.flag("--dry-run", request.dryRun, "Tell what would change and write nothing");
     options.flag("--strict", request.strict, "Let notes count for the exit status");
     options.flag("--json", request.json, "Answer with one JSON object");
     setUpColour(options, request.colour);
+    setUpWriting(options, request);
     options.footer(
         "'xmlconfig describe RULE' tells what a rule looks at.\n\n"
         "Exit status: 0 no errors and no warnings, 1 some, 2 wrong usage, 3 a file cannot be read or is no\n"
@@ -125,10 +161,11 @@ void setUpCheck(Options& options, Request& request) {
 
 ExitStatus runCheck(const Request& request) {
     std::vector<CheckedFile> all;
-    for (const std::string& word : request.rules) ruleOf(word);
+    for (const std::string& word : request.rules) ruleIDOf(word);
+    refuseWrongAcceptance(request);
     for (const std::string& file : request.operands) {
         std::wstring text;
-        all.push_back(checkFile(request, file, text));
+        all.push_back(request.accepted.empty() ? checkFile(request, file, text) : acceptInFile(request, file, text));
         print(text);
     }
     const ExitStatus status = statusOf(all, request.strict);

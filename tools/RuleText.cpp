@@ -1,6 +1,8 @@
 #include "tools/RuleText.h"
 
+#include "platform/Utf8.h"
 #include "platform/Words.h"
+#include "tools/Output.h"
 
 namespace tool {
 namespace {
@@ -16,6 +18,11 @@ std::wstring field(const std::wstring& label, const std::wstring& text) {
 }  // namespace
 
 const CheckRule* ruleNamed(const std::wstring& id) { return XMLConfig::findRule(XMLConfig::detail::upperAscii(id)); }
+
+std::wstring ruleIDOf(const std::string& word) {
+    if (const CheckRule* const rule = ruleNamed(XMLConfig::wideFromUtf8(word))) return rule->id;
+    throw WrongOperands("there is no rule " + word + "; docs/rules.md and 'xmlconfig describe' tell all");
+}
 
 Rules rulesAbout(const std::wstring& word) {
     const std::wstring wanted = lowerAscii(word);

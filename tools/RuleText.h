@@ -13,6 +13,8 @@ using Rules = std::vector<const XMLConfig::CheckRule*>;
 
 /// The rule of that ID, whatever the case of its letters; null for what is no rule's ID.
 const XMLConfig::CheckRule* ruleNamed(const std::wstring& id);
+/// The ID of that rule as the library writes it. Throws WrongOperands for what is no rule's.
+std::wstring ruleIDOf(const std::string& word);
 /// The rules whose name, meaning or condition holds the word, whatever the case of its letters.
 Rules rulesAbout(const std::wstring& word);
 /// What is to be known of a rule, in several lines.

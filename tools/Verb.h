@@ -26,6 +26,8 @@ struct Request {
     std::vector<std::string> rules;
     bool strict = false;
     bool withoutFiles = false;
+    std::string accepted;  ///< RULE or RULE@ADDRESS
+    std::optional<std::string> because;
     std::optional<double> tolerance;
     std::string picture;
     std::string colour = "auto";

@@ -136,7 +136,7 @@ TEST_F(CheckVerb, AnswersInJson) {
     const ToolRun run = runTool({"check", "--json", "--only", "XC409", "examples/dome.skorrax"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(Json::parse(run.output), Json::parse(R"json({"format": 1, "verb": "check", "files": [{
-        "file": "examples/dome.skorrax", "version": 9.0, "errors": 0, "warnings": 0, "notes": 1, "findings": [{
+        "file": "examples/dome.skorrax", "version": 9.0, "errors": 0, "warnings": 0, "notes": 1, "accepted": 0, "findings": [{
           "rule": "XC409", "name": "repeats-what-it-inherits", "severity": "note",
           "address": "Projector[VELDAR***00:0a:0b:0c:0d:1f]/Portrait_Mode", "device": "Dome 4", "line": 501,
           "message": "says again what it would inherit (0)",

@@ -78,6 +78,7 @@ TEST_F(JsonAnswers, OfWritingVerbsFitTheirSchemas) {
     expectFits("new", {"--projectors", "2", (folder.path() / "new.skorrax").string()});
     expectFits("set", {copy(), "Projector[*]/Gamma=3", "ProjMap/Own=x"});
     expectFits("unset", {copy(), "Projector[#2]/Box_Spacing", "ProjMap/Own"});
+    expectFits("check", {"--accept", "XC901", "--because", "as built", copy()});
     expectFits("upgrade", {"--dry-run", "examples/history/dome-8.000.skorrax", dome, "missing"});
 }
 

@@ -1,0 +1,122 @@
+#include "tools/Acceptance.h"
+
+#include <algorithm>
+
+#include "manager/SettingSearch.h"
+#include "platform/Utf8.h"
+#include "platform/Words.h"
+#include "store/Address.h"
+#include "store/Comments.h"
+#include "tools/Colour.h"
+#include "tools/Numbers.h"
+#include "tools/Output.h"
+#include "tools/Places.h"
+#include "tools/RuleText.h"
+#include "tools/Showing.h"
+
+namespace tool {
+namespace {
+
+using XMLConfig::ElementView;
+using XMLConfig::Finding;
+
+/// What a command line wants to be accepted.
+struct Wish {
+    std::wstring rule;
+    std::wstring place;  ///< as it was written; "" for any
+};
+
+Wish wishOf(const Request& request) {
+    const std::size_t end = request.accepted.find('@');
+    const std::wstring rule = ruleIDOf(request.accepted.substr(0, end));
+    if (end == std::string::npos) return {rule, L""};
+    const std::wstring place = XMLConfig::wideFromUtf8(request.accepted.substr(end + 1));
+    XMLConfig::parseAddress(place);
+    return {rule, place};
+}
+
+std::wstring reasonOf(const Request& request) {
+    return XMLConfig::detail::withoutOuterBlanks(XMLConfig::wideFromUtf8(request.because.value_or("")));
+}
+
+/// The findings of the rule at the place and inside of it, those that are accepted too.
+std::vector<Finding> found(const ConfigInfo& document, const Wish& wish, XMLConfig::CheckOptions options) {
+    options.onlyRules = {wish.rule};
+    options.givesAccepted = true;
+    std::vector<Finding> findings = XMLConfig::check(document, options);
+    if (wish.place.empty()) return findings;
+    std::vector<std::wstring> places;
+    for (const XMLConfig::Address& place : placesOf(document, XMLConfig::parseAddress(wish.place)))
+        places.push_back(XMLConfig::addressText(place));
+    const auto isElsewhere = [&](const Finding& finding) {
+        return std::none_of(places.begin(), places.end(), [&](const std::wstring& place) {
+            return finding.address == place || finding.address.compare(0, place.size() + 1, place + L"/") == 0;
+        });
+    };
+    findings.erase(std::remove_if(findings.begin(), findings.end(), isElsewhere), findings.end());
+    return findings;
+}
+
+/// The section of a finding; the root for one that stands in none.
+ElementView sectionOf(const Finding& finding, const ConfigInfo& document) {
+    const ElementView root = XMLConfig::rootElement(document);
+    ElementView place = finding.element;
+    while (place && place != root && place.parent() != root) place = place.parent();
+    return !place || XMLConfig::isHeaderElement(place.name()) ? root : place;
+}
+
+XMLConfig::Address addressOf(const ElementView& section) {
+    if (!section.parent()) return {};
+    return {section.name(), section.id(), L"", L"", L""};
+}
+
+}  // namespace
+
+void refuseWrongAcceptance(const Request& request) {
+    if (request.accepted.empty()) {
+        if (request.because) throw WrongOperands("--because tells why --accept is asked for, which is missing");
+        return;
+    }
+    const Wish wish = wishOf(request);
+    if (wish.rule == L"XC910") throw WrongOperands("XC910 cannot be accepted; remove the comment that it names");
+    if (reasonOf(request).empty()) throw WrongOperands("--accept needs a reason: --because TEXT");
+    if (request.operands.size() != 1) throw WrongOperands("--accept takes one file");
+    if (request.operands[0] == "-") throw WrongOperands("--accept writes to a file and cannot take standard input");
+}
+
+std::vector<NewComment> accept(ConfigInfo& document, const Request& request, XMLConfig::CheckOptions options) {
+    const Wish wish = wishOf(request);
+    const std::wstring text = L"xmlconfig accepts " + wish.rule + L": " + reasonOf(request);
+    const std::vector<Finding> findings = found(document, wish, std::move(options));
+    std::vector<ElementView> sections;
+    std::vector<NewComment> comments;
+    for (const Finding& finding : findings) {
+        if (finding.isAccepted) continue;
+        const ElementView section = sectionOf(finding, document);
+        const auto known = std::find(sections.begin(), sections.end(), section);
+        if (known == sections.end()) comments.push_back({addressOf(section), text, 1});
+        else ++comments[static_cast<std::size_t>(known - sections.begin())].findings;
+        if (known == sections.end()) sections.push_back(section);
+    }
+    const std::wstring place = wish.place.empty() ? L"" : L" at " + wish.place;
+    if (findings.empty()) throw Refusal(wish.rule + L" is not found" + place);
+    if (sections.empty()) throw Refusal(wish.rule + L" is accepted already" + place);
+    XMLConfig::addComment(document, sections, L" " + text + L" ");
+    return comments;
+}
+
+std::wstring acceptanceText(const std::vector<NewComment>& comments, const ConfigInfo& document, const Request& request) {
+    const Showing showing(document);
+    std::wstring text;
+    std::size_t findings = 0;
+    for (const NewComment& comment : comments) {
+        const bool isWhole = comment.section.section.empty();
+        text += coloured(L"+", Tone::Good, isColoured(request.colour)) + L" " +
+                (isWhole ? L"the whole file" : showing.address(comment.section)) + L": " + comment.text + L"\n";
+        findings += comment.findings;
+    }
+    return text + counted(comments.size(), L"comment") + L" for " + counted(findings, L"finding") +
+           (request.dryRun ? L" (dry run, nothing written)\n" : L"\n");
+}
+
+}  // namespace tool
