@@ -80,16 +80,21 @@ std::wstring changesText(const std::vector<Change>& changes, const Showing& show
            (isDryRun ? L" (dry run, nothing written)\n" : L"\n");
 }
 
+Json jsonOf(const std::vector<Change>& changes) {
+    Json json = Json::array();
+    for (const Change& change : changes)
+        json.push_back({{"address", jsonText(change.address)},
+                        {"kind", jsonText(kindOf(change))},
+                        {"old", jsonText(change.old)},
+                        {"new", jsonText(change.now)}});
+    return json;
+}
+
 std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes,
                          const FindingChange& findings, bool isWritten, int exitStatus) {
     Json answer = jsonAnswer(verb, file);
     answer["written"] = isWritten;
-    answer["changes"] = Json::array();
-    for (const Change& change : changes)
-        answer["changes"].push_back({{"address", jsonText(change.address)},
-                                     {"kind", jsonText(kindOf(change))},
-                                     {"old", jsonText(change.old)},
-                                     {"new", jsonText(change.now)}});
+    answer["changes"] = jsonOf(changes);
     answer["newFindings"] = jsonOf(findings.fresh);
     answer["solved"] = jsonOf(findings.solved);
     return jsonEnd(std::move(answer), exitStatus);

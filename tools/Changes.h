@@ -33,6 +33,8 @@ void endChange(Change& change, const ConfigInfo& document);
 /// One line a change and one with their number, which `counts` goes on.
 std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, const std::wstring& counts,
                          bool isDryRun, bool isColoured);
+/// An array with address, kind, old and new of each.
+Json jsonOf(const std::vector<Change>& changes);
 /// The answer of a writing verb.
 std::wstring changesJson(const char* verb, const std::string& file, const std::vector<Change>& changes,
                          const FindingChange& findings, bool isWritten, int exitStatus);

@@ -59,6 +59,7 @@ Json jsonOf(const CheckedFile& checked) {
     if (!checked.fault.empty()) return {{"file", checked.file}, {"fault", jsonText(checked.fault)}};
     Json json = {{"file", checked.file}, {"version", checked.version}};
     if (checked.isWritten) json["written"] = *checked.isWritten;
+    if (checked.changes) json["changes"] = jsonOf(*checked.changes);
     if (!checked.comments.empty()) json["comments"] = jsonOf(checked.comments);
     json["errors"] = checked.count(Severity::Error);
     json["warnings"] = checked.count(Severity::Warning);

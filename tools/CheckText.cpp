@@ -7,6 +7,7 @@
 #include "store/Address.h"
 #include "store/CorvaneException.h"
 #include "tools/Colour.h"
+#include "tools/Mending.h"
 #include "tools/Numbers.h"
 
 namespace tool {
@@ -98,12 +99,24 @@ private:
         const std::wstring text = m_file + L": " + number(Severity::Error, L"error") + L", " +
                                   number(Severity::Warning, L"warning") + L", " + number(Severity::Note, L"note") +
                                   acceptedCount();
-        return text + (m_checked.findings.empty() ? L"; all is well\n" : L"\n");
+        return text + (m_checked.findings.empty() ? L"; all is well\n" : mendHint() + L"\n");
     }
 
     [[nodiscard]] std::wstring acceptedCount() const {
         const std::size_t count = m_checked.acceptedFindings;
         return count == 0 ? L"" : L", " + std::to_wstring(count) + L" accepted";
+    }
+
+    /// What --fix would mend.
+    [[nodiscard]] std::wstring mendHint() const {
+        std::map<Severity, std::size_t> counts;
+        for (const Place& place : m_checked.findings) {
+            if (isMendedByFix(place.finding)) ++counts[place.finding.severity];
+            else if (forbidsMending(place.finding) || place.finding.rule == L"XC101") return L"";
+        }
+        std::wstring text;
+        for (const auto& [severity, count] : counts) text += (text.empty() ? L"" : L", ") + counted(count, nameOf(severity));
+        return text.empty() || m_file == L"-" ? L"" : L"; " + text + L" mended by --fix";
     }
 
     /// A picture says more about channels than many lines.

@@ -6,6 +6,7 @@
 
 #include "manager/Check.h"
 #include "tools/Acceptance.h"
+#include "tools/Changes.h"
 #include "tools/Showing.h"
 
 /// Findings for people and for programs.
@@ -21,9 +22,11 @@ struct CheckedFile {
     std::string file;
     std::wstring fault;  ///< why it could not be read; "" where it was
     double version = 0.0;
-    std::optional<bool> isWritten;     ///< whether what was to be changed is in the file now; nothing where nothing was
-    std::vector<NewComment> comments;  ///< that were added
-    std::size_t acceptedFindings = 0;  ///< how many more there are that comments accept
+    std::optional<bool> isWritten;  ///< whether what was to be changed is in the file now; nothing where nothing was
+    bool isRefused = false;         ///< what was to be changed
+    std::optional<std::vector<Change>> changes;  ///< by --fix
+    std::vector<NewComment> comments;            ///< that were added
+    std::size_t acceptedFindings = 0;            ///< how many more there are that comments accept
     std::vector<Place> findings;
 
     [[nodiscard]] std::size_t count(XMLConfig::Severity severity) const;

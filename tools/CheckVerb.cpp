@@ -8,6 +8,7 @@
 #include "tools/CheckText.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
+#include "tools/Mending.h"
 #include "tools/Reading.h"
 #include "tools/RuleText.h"
 #include "tools/Verb.h"
@@ -125,11 +126,63 @@ CheckedFile acceptInFile(const Request& request, const std::string& file, std::w
     return checked;
 }
 
+std::wstring errorsText(const std::string& file, const FindingChange& findings, const Showing& showing) {
+    std::wstring text = XMLConfig::wideFromUtf8(file) + L": nothing was written, for the mends make errors\n" +
+                        findingLines(findings.fresh, showing, false);
+    text.pop_back();  // complain() adds the last line end
+    return text;
+}
+
+/// Mends and writes; what was told of it before the findings. Throws what refuses it.
+std::wstring fixInFile(CheckedFile& checked, const Request& request) {
+    const auto lock = request.dryRun ? nullptr : lockForWriting(checked.file, request);
+    const std::unique_ptr<ConfigInfo> document = openDocument(checked.file);
+    requireLatestVersion(*document, checked.file);
+    const Before before(*document, checked.file);
+    const std::vector<Change> changes = mend(*document, before.findings, request, checked.file);
+    const FindingChange findings = compareFindings(before.findings, findingsOf(*document, checked.file));
+    if (findings.newErrors > 0) throw Refusal(errorsText(checked.file, findings, Showing(*document)));
+    const bool isToBeWritten = !changes.empty() && !request.dryRun;
+    if (isToBeWritten) saveDocument(*document, checked.file);
+    checked.isWritten = isToBeWritten;
+    checked.changes = changes;
+    std::wstring text;
+    if (!request.json)
+        text = changesText(changes, before.showing, findingCounts(findings), request.dryRun, isColoured(request.colour));
+    return text + addFindings(checked, *document, request, std::nullopt, request.dryRun ? "" : checked.file);
+}
+
+/// The findings of the file after what mends some of them was done; of a file that is left as it is, its findings.
+CheckedFile fixFile(const Request& request, const std::string& file, std::wstring& text) {
+    CheckedFile checked;
+    checked.file = file;
+    try {
+        text = fixInFile(checked, request);
+        return checked;
+    } catch (const Unreadable& fault) {
+        checked.fault = XMLConfig::wideFromUtf8(fault.what());
+        complain(checked.fault);
+        return checked;
+    } catch (const Refusal& fault) {
+        complain(std::string(fault.what()));
+    }
+    checked = checkFile(request, file, text);
+    checked.isRefused = true;
+    checked.isWritten = false;
+    checked.changes.emplace();
+    return checked;
+}
+
+CheckedFile answerFor(const Request& request, const std::string& file, std::wstring& text) {
+    if (!request.accepted.empty()) return acceptInFile(request, file, text);
+    return request.fix.empty() ? checkFile(request, file, text) : fixFile(request, file, text);
+}
+
 ExitStatus statusOf(const std::vector<CheckedFile>& all, bool isStrict) {
     ExitStatus status = Done;
     for (const CheckedFile& checked : all) {
         if (!checked.fault.empty()) return NotReadable;
-        const bool isBad = checked.count(Severity::Error) > 0 || checked.count(Severity::Warning) > 0;
+        const bool isBad = checked.isRefused || checked.count(Severity::Error) > 0 || checked.count(Severity::Warning) > 0;
         if (isBad || (isStrict && !checked.findings.empty())) status = Refused;
     }
     return status;
@@ -143,6 +196,9 @@ void setUpCheck(Options& options, Request& request) {
         .separatedBy(',')
         .valueName("RULE");
     options.flag("--no-files", request.withoutFiles, "Do not look for the files that a configuration names");
+    options.flag(
+        "--fix", request.fix,
+        "Do the safe mends, then check again; --fix=XC103,XC217 those of these rules that somebody has to ask for too");
     options
         .value("--accept", request.accepted,
                "Accept what this rule finds, there or anywhere, by a comment in its section: it counts no more")
@@ -163,9 +219,10 @@ ExitStatus runCheck(const Request& request) {
     std::vector<CheckedFile> all;
     for (const std::string& word : request.rules) ruleIDOf(word);
     refuseWrongAcceptance(request);
+    refuseWrongFix(request);
     for (const std::string& file : request.operands) {
         std::wstring text;
-        all.push_back(request.accepted.empty() ? checkFile(request, file, text) : acceptInFile(request, file, text));
+        all.push_back(answerFor(request, file, text));
         print(text);
     }
     const ExitStatus status = statusOf(all, request.strict);

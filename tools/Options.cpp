@@ -47,6 +47,10 @@ Option Options::flag(const std::string& names, bool& isGiven, const std::string&
     return Option(*m_app.add_flag(names, isGiven, meaning));
 }
 
+Option Options::flag(const std::string& names, std::string& value, const std::string& meaning) {
+    return Option(*m_app.add_flag(names, value, meaning));
+}
+
 Option Options::value(const std::string& names, std::string& value, const std::string& meaning) {
     return Option(*m_app.add_option(names, value, meaning));
 }

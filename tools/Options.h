@@ -38,6 +38,9 @@ public:
     /// What is either given or not.
     Option flag(const std::string& names, bool& isGiven, const std::string& meaning);
 
+    /// What is given alone, which makes it "true", or as --name=VALUE.
+    Option flag(const std::string& names, std::string& value, const std::string& meaning);
+
     /// What has a value: an option where the names begin with "-", else an operand.
     Option value(const std::string& names, std::string& value, const std::string& meaning);
     Option value(const std::string& names, std::optional<std::string>& value, const std::string& meaning);

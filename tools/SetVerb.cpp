@@ -7,7 +7,7 @@
 #include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
-#include "tools/Changes.h"
+#include "tools/Changing.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
 #include "tools/Output.h"
@@ -107,17 +107,6 @@ struct Wish {
     std::wstring part;  ///< in a device snippet; empty for the whole place
 };
 
-/// The place where the value begins: after the first "=" that stands in no brackets; npos where there is none.
-std::size_t valueStart(const std::wstring& text) {
-    bool isInID = false;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == L'[') isInID = true;
-        if (text[i] == L']') isInID = false;
-        if (text[i] == L'=' && !isInID) return i + 1;
-    }
-    return std::wstring::npos;
-}
-
 Wish wishOf(const std::wstring& text) {
     const std::size_t start = valueStart(text);
     if (start == std::wstring::npos) return {XMLConfig::parseAssignment(text), L""};
@@ -213,6 +202,23 @@ private:
 };
 
 }  // namespace
+
+// Behind the first "=" that stands in no brackets.
+std::size_t valueStart(const std::wstring& assignment) {
+    bool isInID = false;
+    for (std::size_t i = 0; i < assignment.size(); ++i) {
+        if (assignment[i] == L'[') isInID = true;
+        if (assignment[i] == L']') isInID = false;
+        if (assignment[i] == L'=' && !isInID) return i + 1;
+    }
+    return std::wstring::npos;
+}
+
+std::vector<Change> applySet(ConfigInfo& document, const std::wstring& assignment) {
+    Changing changing(document, false);
+    changing.apply(wishOf(assignment));
+    return changing.changes();
+}
 
 void setUpSet(Options& options, Request& request) {
     options.value("FILE", request.file, "The file to change").required();

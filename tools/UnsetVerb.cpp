@@ -1,5 +1,6 @@
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
+#include "tools/Changing.h"
 #include "tools/Configuration.h"
 #include "tools/Places.h"
 #include "tools/Reading.h"
@@ -56,6 +57,13 @@ std::vector<Address> storedPlaces(const ConfigInfo& document, const Address& ope
 }
 
 }  // namespace
+
+std::vector<Change> applyUnset(ConfigInfo& document, const std::wstring& address, const std::string& file) {
+    std::vector<Change> changes;
+    for (const Address& place : storedPlaces(document, XMLConfig::parseAddress(address), file))
+        unset(document, place, changes);
+    return changes;
+}
 
 void setUpUnset(Options& options, Request& request) {
     options.value("FILE", request.file, "The file to change").required();

@@ -26,6 +26,7 @@ struct Request {
     std::vector<std::string> rules;
     bool strict = false;
     bool withoutFiles = false;
+    std::string fix;       ///< "" for no, "true" for the safe mends, else the rules whose others are wanted too
     std::string accepted;  ///< RULE or RULE@ADDRESS
     std::optional<std::string> because;
     std::optional<double> tolerance;

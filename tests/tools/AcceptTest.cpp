@@ -91,7 +91,7 @@ TEST_F(Accept, WritesNothingInADryRun) {
               "1 comment for 1 finding (dry run, nothing written)\n"
               "note[XC409] " +
                   file + " Projector[Dome 4]/Portrait_Mode: says again what it would inherit (0)\n" + file +
-                  ": 0 errors, 0 warnings, 1 note, 1 accepted\n");
+                  ": 0 errors, 0 warnings, 1 note, 1 accepted; 1 note mended by --fix\n");
     EXPECT_EQ(content(), exampleText());
     EXPECT_EQ(Json::parse(accept("XC408", {"--dry-run", "--json"}).output)["files"][0]["written"], false);
 }

@@ -33,7 +33,7 @@ TEST_F(CheckVerb, TellsOfTheExample) {
         "note[XC901] 7 settings have no effect now: Geometry/Box_Size, Screen/Screen_Height, Screen/Screen_Width, "
         "System/Cinema/Vertical_Stretch, \u2026\n"
         "note[XC902] none of the 8 files that it names is here; is this a copy?\n"
-        "examples/dome.skorrax: 0 errors, 0 warnings, 12 notes\n");
+        "examples/dome.skorrax: 0 errors, 0 warnings, 12 notes; 1 note mended by --fix\n");
     EXPECT_EQ(run.errors, "");
     EXPECT_EQ(run.status, 0);
 }
@@ -47,7 +47,7 @@ TEST_F(CheckVerb, NotesCountWhereItIsStrict) {
 
 TEST_F(CheckVerb, FilesAreNotLookedForWhereNotAsked) {
     EXPECT_THAT(runTool({"check", "--no-files", "examples/dome.skorrax"}).output,
-                EndsWith("0 errors, 0 warnings, 11 notes\n"));
+                EndsWith("0 errors, 0 warnings, 11 notes; 1 note mended by --fix\n"));
 }
 
 TEST_F(CheckVerb, OnlyTakesRulesThatThereAre) {

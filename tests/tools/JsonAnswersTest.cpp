@@ -79,6 +79,8 @@ TEST_F(JsonAnswers, OfWritingVerbsFitTheirSchemas) {
     expectFits("set", {copy(), "Projector[*]/Gamma=3", "ProjMap/Own=x"});
     expectFits("unset", {copy(), "Projector[#2]/Box_Spacing", "ProjMap/Own"});
     expectFits("check", {"--accept", "XC901", "--because", "as built", copy()});
+    expectFits("check", {"--fix", "--dry-run", copy(), "missing"});
+    expectFits("check", {"--fix", copy(), "examples/history/dome-8.000.skorrax"});
     expectFits("upgrade", {"--dry-run", "examples/history/dome-8.000.skorrax", dome, "missing"});
 }
 
