@@ -30,6 +30,13 @@ TEST(MostFrequent, IsTheValueMetFirstOnATie) {
     EXPECT_EQ(mostFrequent(std::vector<Point_2Dim<int>>{{1, 2}, {1, 1}}), (Point_2Dim<int>{1, 2}));
 }
 
+TEST(MostFrequent, IsFoundWhateverTheOrderOfTheValues) {
+    EXPECT_EQ(mostFrequent(std::vector<int>{2, 1, 3, 1}), 1);
+    EXPECT_EQ(mostFrequent(std::vector<double>{2.0, 1.0, 3.0, 1.0}), 1.0);
+    EXPECT_EQ(mostFrequent(std::vector<Point_2Dim<int>>{{2, 2}, {2, 1}, {1, 3}, {3, 0}, {2, 3}, {2, 1}}),
+              (Point_2Dim<int>{2, 1}));
+}
+
 TEST(MostFrequent, NearValueBelongsToTheEarliestFounder) {
     // The third lies near both, the second not near the first.
     EXPECT_EQ(mostFrequent(std::vector<double>{1.0, 1.00000000015, 1.00000000008, 9.0}), 1.0);
