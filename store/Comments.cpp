@@ -25,6 +25,7 @@ void addComment(ConfigInfo& document, const std::vector<ElementView>& around, co
         detail::refuseComment(addPrefix, text);
         detail::Document& tree = detail::Document::of(document);
         std::vector<xercesc::DOMElement*> places;
+        places.reserve(around.size());
         for (const ElementView& each : around) places.push_back(&placeOf(addPrefix, tree, each));
         if (places.empty()) return;
         tree.addComments(places, text);

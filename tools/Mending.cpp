@@ -25,6 +25,7 @@ bool isAmong(const std::vector<std::wstring>& rules, const std::wstring& rule) {
 
 std::vector<std::wstring> rulesOf(const std::vector<std::string>& words) {
     std::vector<std::wstring> rules;
+    rules.reserve(words.size());
     for (const std::string& word : words) rules.push_back(ruleIDOf(word));
     return rules;
 }
