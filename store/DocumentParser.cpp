@@ -7,6 +7,7 @@
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "store/StrictParser.h"
+#include "store/Utf8Place.h"
 
 namespace XMLConfig::detail {
 
@@ -82,10 +83,30 @@ ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, c
       m_message(L"line " + formatInteger(static_cast<long long>(line)) + L", column " +
                 formatInteger(static_cast<long long>(column)) + L": " + reason) {}
 
+WrongBytes::WrongBytes(unsigned long long line, unsigned long long column, const std::wstring& reason)
+    : ParseFailure(line, column, reason), m_reason(reason) {}
+
+void WrongBytes::throwWithPlaceInFile(const std::wstring& path) const {
+    FileReader file(path);
+    Utf8Place place;
+    char buffer[64 * 1024];
+    while (const std::size_t count = file.read(buffer, sizeof buffer)) {
+        if (!place.take({buffer, count})) throw ParseFailure(place.line(), place.column(), m_reason);
+    }
+    throw ParseFailure(*this);
+}
+
+void WrongBytes::throwWithPlaceIn(const std::string& bytes) const {
+    Utf8Place place;
+    if (!place.take(bytes)) throw ParseFailure(place.line(), place.column(), m_reason);
+    throw ParseFailure(*this);
+}
+
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path) { return std::make_unique<FileSource>(path); }
 
-DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
-    const FileSource source(path);
+namespace {
+
+DocumentPointer parseSource(const FileSource& source, ContentHash& content) {
     std::unique_ptr<StrictParser> parser(spareParser.exchange(nullptr));
     if (parser == nullptr) parser = std::make_unique<StrictParser>();
     DocumentPointer document = parser->parseDocument(source);
@@ -96,9 +117,23 @@ DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
     return document;
 }
 
+}  // namespace
+
+DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
+    try {
+        return parseSource(FileSource(path), content);
+    } catch (const WrongBytes& failure) {
+        failure.throwWithPlaceInFile(path);
+    }
+}
+
 DocumentPointer parseBytes(const std::string& bytes) {
     const auto* const begin = reinterpret_cast<const XMLByte*>(bytes.data());
-    return StrictParser().parseDocument(xercesc::MemBufInputSource(begin, bytes.size(), xmlText(u"")));
+    try {
+        return StrictParser().parseDocument(xercesc::MemBufInputSource(begin, bytes.size(), xmlText(u"")));
+    } catch (const WrongBytes& failure) {
+        failure.throwWithPlaceIn(bytes);
+    }
 }
 
 }  // namespace XMLConfig::detail

@@ -32,6 +32,18 @@ private:
     std::wstring m_message;
 };
 
+/// Text of UTF-8 that holds wrong bytes. The XML library decodes it block by block, and tells no place inside of a block.
+class WrongBytes : public ParseFailure {
+public:
+    WrongBytes(unsigned long long line, unsigned long long column, const std::wstring& reason);
+    /// Throws the failure with the place of the first wrong byte of what was parsed, a file or bytes.
+    [[noreturn]] void throwWithPlaceInFile(const std::wstring& path) const;
+    [[noreturn]] void throwWithPlaceIn(const std::string& bytes) const;
+
+private:
+    std::wstring m_reason;
+};
+
 /// The bytes of a file of any name, for a parser. Its stream throws FileError.
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 

@@ -118,7 +118,11 @@ std::unique_ptr<PlacedElements> scanQuickly(const detail::FileState& file, const
 
 std::unique_ptr<PlacedElements> scanStrictly(const std::wstring& path) {
     auto scanner = std::make_unique<detail::PlaceScanner>();
-    scanner->scan(*detail::fileSource(path));
+    try {
+        scanner->scan(*detail::fileSource(path));
+    } catch (const detail::WrongBytes& failure) {
+        failure.throwWithPlaceInFile(path);
+    }
     return scanner;
 }
 

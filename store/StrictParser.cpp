@@ -4,6 +4,7 @@
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/util/XMLChar.hpp>
+#include <xercesc/util/XMLExceptMsgs.hpp>
 
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -13,6 +14,17 @@
 namespace XMLConfig::detail {
 
 using xercesc::DOMElement;
+
+namespace {
+
+/// Whether an error of the library comes of what decodes UTF-8.
+bool isOfUtf8(unsigned int code, const XMLCh* domain) {
+    using xercesc::XMLExcepts;
+    return view(domain) == view(xercesc::XMLUni::fgExceptDomain) && code >= XMLExcepts::UTF8_FormatError &&
+           code <= XMLExcepts::UTF8_Exceeds_BytesLimit;
+}
+
+}  // namespace
 
 StrictParser::StrictParser() : m_namespaces(*this) {
     setParameter(xercesc::XMLUni::fgDOMDatatypeNormalization, true);
@@ -38,11 +50,12 @@ void StrictParser::forgetLevels() {
     m_namespaces.forgetMost();
 }
 
-void StrictParser::error(const unsigned int /*code*/, const XMLCh* const /*domain*/,
-                         const xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* const text,
-                         const XMLCh* const /*systemId*/, const XMLCh* const /*publicId*/, const XMLFileLoc line,
-                         const XMLFileLoc column) {
-    if (type != xercesc::XMLErrorReporter::ErrType_Warning) throw ParseFailure(line, column, fromUtf16(view(text)));
+void StrictParser::error(const unsigned int code, const XMLCh* const domain, const xercesc::XMLErrorReporter::ErrTypes type,
+                         const XMLCh* const text, const XMLCh* const /*systemId*/, const XMLCh* const /*publicId*/,
+                         const XMLFileLoc line, const XMLFileLoc column) {
+    if (type == xercesc::XMLErrorReporter::ErrType_Warning) return;
+    if (isOfUtf8(code, domain)) throw WrongBytes(line, column, fromUtf16(view(text)));
+    throw ParseFailure(line, column, fromUtf16(view(text)));
 }
 
 void StrictParser::doctypeDecl(const xercesc::DTDElementDecl& /*declaration*/, const XMLCh* const /*publicId*/,

@@ -110,6 +110,28 @@ TEST(BadFile, Binary) {
     expectMalformed(noise, "noise");
 }
 
+TEST(BadFile, WrongBytesAreToldAtTheirPlace) {
+    std::string lines = "<ConfigInfo>\n";
+    for (int i = 0; i < 9000; ++i) lines += "<a>text</a>\n";
+    const std::pair<std::string, std::wstring> rows[] = {
+        {"<ConfigInfo>\xff</ConfigInfo>", L"line 1, column 13: "},
+        {"\xef\xbb\xbf<ConfigInfo>\xff</ConfigInfo>", L"line 1, column 13: "},
+        {lines + "\n<a>\xff</a></ConfigInfo>", L"line 9003, column 4: "},
+        {"<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<A>\r\n\xc3\xbc\xe2\x82\xac\xc0\x80</A>", L"line 3, column 3: "},
+        {"<A>\r\r\xf0\x9f\x98\x80\xed\xa0\x80</A>", L"line 3, column 3: "},
+        {"<A>\xe2\x82</A>", L"line 1, column 4: "},
+    };
+    for (const auto& [text, place] : rows) {
+        const TemporaryFolder folder;
+        const std::wstring path = folder.write(L"bad.skorrax", text);
+        const std::wstring start = L"Error parseDataFile: Error during parsing: " + path + L" XML message is: " + place;
+        EXPECT_EQ(loadMessage(path).substr(0, start.size()), start);
+        const std::wstring fromText = messageOf([&, &bytes = text] { (void)ConfigInfo::fromText(bytes, path); });
+        EXPECT_EQ(fromText, loadMessage(path));
+        EXPECT_NE(fromText, start);
+    }
+}
+
 TEST(BadFile, EnormousIsLoaded) {
     const TemporaryFolder folder;
     std::string text = "<ConfigInfo><Version>9.000</Version>\n";
