@@ -158,8 +158,13 @@ TEST(BothPaths, ReadFilesAlikeOneAfterTheOther) {
         const std::wstring path = folder.write(L"a.skorrax", text);
         XMLConfig::detail::ContentHash content;
         const std::string read = outcome([&] { return XMLConfig::detail::parseFile(path, content); });
-        const std::string alone =
-            outcome([&] { return XMLConfig::detail::StrictParser().parseDocument(*XMLConfig::detail::fileSource(path)); });
+        const std::string alone = outcome([&]() -> XMLConfig::detail::DocumentPointer {
+            try {
+                return XMLConfig::detail::StrictParser().parseDocument(*XMLConfig::detail::fileSource(path));
+            } catch (const XMLConfig::detail::WrongBytes& failure) {
+                failure.throwWithPlaceInFile(path);
+            }
+        });
         if (!contains(read, "The last character is incomplete")) {
             EXPECT_EQ(read, alone);
         }
