@@ -41,7 +41,7 @@ void copy(const std::wstring& from, const std::wstring& to) {
 // The name of the copy: another one than the free one where somebody else has just taken that.
 std::wstring keepBackup(const std::wstring& path, double version) {
     for (;;) {
-        const std::wstring backup = freeBackupName(path, version);
+        std::wstring backup = freeBackupName(path, version);
         try {
             detail::copyToNewFile(path, backup);
             return backup;
