@@ -14,7 +14,7 @@ void completeEdgeThresholds(StepSection& camera) {
     std::vector<std::wstring> pieces;
     ConfigInfo::createTokenVector(pieces, camera.text(L"MultiCamEdgeThreshold"), L",");
     if (pieces.size() > 1) return;
-    const std::wstring threshold = pieces.empty() ? L"40" : formatInteger(leadingInteger(pieces.front()));
+    const std::wstring threshold = formatInteger(pieces.empty() ? 40 : leadingInteger(pieces.front()));
     camera.setText(L"MultiCamEdgeThreshold", threshold + L',' + threshold + L',' + threshold + L',' + threshold);
 }
 

@@ -9,6 +9,7 @@ using XMLConfig::LostDevice;
 using XMLConfig::UpgradeChange;
 using XMLConfig::UpgradeReceipt;
 using XMLConfig::detail::danglingReferences;
+using XMLConfig::detail::devicesOf;
 using XMLConfig::detail::lostOf;
 using XMLConfig::detail::renamedOf;
 
@@ -37,6 +38,22 @@ TestDocument documentOf(const std::string& sections) {
 }
 
 }  // namespace
+
+TEST(DevicesOfADocument, AreItsProjectorsAndThenItsCameras) {
+    const TestDocument document = documentOf(
+        "<Camera ID=\"c\"><Name>upper</Name><CameraType>7</CameraType></Camera><Screen><Name>no</Name></Screen>"
+        "<Projector ID=\"p\"><Resolution_X>1400</Resolution_X></Projector>");
+    const auto found = devicesOf(*document);
+    ASSERT_EQ(found.size(), 2u);
+    EXPECT_EQ(found[0].section, L"Projector");
+    EXPECT_EQ(found[0].id, L"p");
+    EXPECT_EQ(found[0].name, L"");
+    EXPECT_EQ(found[0].settings, 1u);
+    EXPECT_EQ(found[1].section, L"Camera");
+    EXPECT_EQ(found[1].name, L"upper");
+    EXPECT_EQ(found[1].type, L"7");
+    EXPECT_EQ(found[1].settings, 2u);
+}
 
 TEST(LostDevices, AreTheRemovedSectionsAmongThem) {
     const auto lost = lostOf(devices, receiptOf({change(Kind::Removed, L"Camera", L"1")}));
