@@ -16,7 +16,9 @@ constexpr const wchar_t* projectorTag = L"Projector";
 using NewIDs = std::map<std::wstring, std::wstring>;
 
 LostDevice describe(const ElementView& element) {
-    LostDevice device{element.name(), element.id(), {}, 0, {}};
+    LostDevice device;
+    device.section = element.name();
+    device.id = element.id();
     for (const ElementView item : element.children()) {
         ++device.settings;
         if (item.isNamed(L"Name")) device.name = item.text();

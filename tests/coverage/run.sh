@@ -8,8 +8,11 @@ find build/coverage -name '*.gcda' -delete
 # One test is left out: its limit on the size of files falls on the counters that the tool writes at its end.
 XMLCONFIG_TOOL="$PWD/build/coverage/bin/xmlconfig" build/coverage/bin/xmlconfig_tests --gtest_brief=1 \
     --gtest_filter=-Tool.SetTellsOnceThatTheFileCannotBeSaved
+# What a test's own object holds of a header is the linker's choice, and gcov does not say of branches in a copy that never runs
+# which are taken by exceptions alone: only the objects of the library and the tool are read.
 gcovr --root . --object-directory build/coverage --filter '(platform|store|base|sections|manager|tools)/' \
-    --exclude-throw-branches --exclude-unreachable-branches --csv --output build/coverage/files.csv --print-summary > /dev/null
+    --exclude-throw-branches --exclude-unreachable-branches --csv --output build/coverage/files.csv --print-summary \
+    build/coverage/CMakeFiles build/coverage/tools > /dev/null
 awk -F , '
     NR == 1 { next }
     {
@@ -20,8 +23,8 @@ awk -F , '
     function share(part, whole) { return whole == 0 ? 100 : 100 * part / whole }
     END {
         count = split("platform platform/posix store base sections manager manager/check manager/diff manager/layout " \
-                      "manager/upgrade tools", order, " ")
-        for (i = 2; i < count; i++) bound[order[i]] = 97
+                      "manager/upgrade tools tools/static", order, " ")
+        for (i = 2; i < count - 1; i++) bound[order[i]] = 97
         bound["manager/upgrade"] = 100
         printf "%-18s %7s %7s %9s %7s\n", "folder", "lines", "run", "branches", "run"
         for (i = 1; i <= count; i++) {
