@@ -78,5 +78,7 @@ struct CheckOptions {
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document, const CheckOptions& options);
 /// Checks a document that has no file, by every rule.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document);
+/// The text of the comment that accepts what a rule finds: "xmlconfig accepts XC321: why".
+XMLCONFIG_API std::wstring acceptanceText(const std::wstring& rule, const std::wstring& reason);
 
 }  // namespace XMLConfig

@@ -106,7 +106,7 @@ public:
     void setHeaders(const std::vector<Header>& headers, xercesc::DOMElement* next);
     /// The root or the section that `element` is; null for any other element.
     xercesc::DOMElement* commentable(const xercesc::DOMElement& element) const;
-    /// Each of the places gets a comment behind all that it holds.
+    /// Each of the places gets a comment after all that it holds.
     void addComments(const std::vector<xercesc::DOMElement*>& places, const std::wstring& text);
     /// Takes away the comments of that text that stand directly in the place; how many.
     std::size_t removeComments(xercesc::DOMElement& place, const std::wstring& text);

@@ -16,7 +16,7 @@ public:
     struct Part {
         Kind kind;
         const char16_t* name;       ///< of an element or attribute
-        std::u16string_view value;  ///< of an attribute or text, with U+0000 behind it
+        std::u16string_view value;  ///< of an attribute or text, ended by U+0000
     };
 
     /// Begins an element in the one that was begun last. Names must be legal and without a prefix.

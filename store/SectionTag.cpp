@@ -104,7 +104,7 @@ void SectionTag::list(Section& section) {
         other->isFirstOfID = false;
         lead(place->second, &section);
     }
-    Namesakes& others = m_othersOfID[section.id];
+    InOrder& others = m_othersOfID[section.id];
     others.insert(others.end(), other);  // mostly it is the last one: they are listed in document order
 }
 

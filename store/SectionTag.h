@@ -66,7 +66,7 @@ private:
     struct ByOrder {
         bool operator()(const Section* left, const Section* right) const { return left->order < right->order; }
     };
-    using Namesakes = std::set<Section*, ByOrder>;
+    using InOrder = std::set<Section*, ByOrder>;
 
     void list(Section& section);
     void unlist(Section& section);
@@ -74,7 +74,7 @@ private:
 
     std::unordered_map<const xercesc::DOMElement*, Section> m_sections;
     std::unordered_map<std::wstring, Section*> m_firstOfID;
-    std::unordered_map<std::wstring, Namesakes> m_othersOfID;  // where there are several, those after the first
+    std::unordered_map<std::wstring, InOrder> m_othersOfID;  // where there are several, those after the first
     Section* m_first = nullptr;
     Section* m_last = nullptr;
     std::unordered_map<std::wstring, Key> m_keys;

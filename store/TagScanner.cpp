@@ -38,7 +38,7 @@ struct Attribute {
     std::string_view value;
 };
 
-/// Reads the attribute at a place in a tag, or after blanks there, and goes behind it; nothing where the tag ends or the
+/// Reads the attribute at a place in a tag, or after blanks there, and passes it; nothing where the tag ends or the
 /// text is none that was promised.
 std::optional<Attribute> nextAttribute(std::string_view text, std::size_t& at) {
     if (at < text.size() && text[at] == '>') return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "manager/Check.h"
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "platform/Words.h"
@@ -86,7 +87,7 @@ void refuseWrongAcceptance(const Request& request) {
 
 std::vector<NewComment> accept(ConfigInfo& document, const Request& request, XMLConfig::CheckOptions options) {
     const Wish wish = wishOf(request);
-    const std::wstring text = L"xmlconfig accepts " + wish.rule + L": " + reasonOf(request);
+    const std::wstring text = XMLConfig::acceptanceText(wish.rule, reasonOf(request));
     const std::vector<Finding> findings = found(document, wish, std::move(options));
     std::vector<ElementView> sections;
     std::vector<NewComment> comments;

@@ -54,9 +54,23 @@ Json jsonValue(const std::wstring& text, SettingType type) {
         case SettingType::Point2:
         case SettingType::Point3:
             return list<double>(*read);
-        default:
-            return jsonText(*read);
+        case SettingType::Text:
+        case SettingType::Element:
+        case SettingType::Frustum:
+        case SettingType::PondOfMirrors:
+        case SettingType::Path:
+        case SettingType::CameraIDs:
+        case SettingType::OverlapPoint:
+        case SettingType::BlackBox:
+        case SettingType::IntegerPairs:
+        case SettingType::FourIntegers:
+        case SettingType::MarkerPlaces:
+        case SettingType::PointList:
+        case SettingType::Matrix:
+        case SettingType::AxisTable:
+            break;
     }
+    return jsonText(*read);
 }
 
 Json jsonAnswer(const char* verb) { return {{"format", 1}, {"verb", verb}}; }

@@ -20,7 +20,7 @@ public:
 
     Option& required();
     Option& valueName(const std::string& name);  ///< as the help calls the value
-    Option& separatedBy(char separator);         ///< several values in one word, and none in the words behind it
+    Option& separatedBy(char separator);         ///< several values in one word, and none in the words after it
     Option& between(unsigned least, unsigned most);
     Option& oneOf(const std::vector<std::string>& words);
     Option& notEmpty(const std::string& fault);  ///< an empty text is refused with this message

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "manager/Check.h"
 #include "manager/SettingSearch.h"
 #include "manager/check/Findings.h"
 #include "store/Address.h"
@@ -11,9 +12,10 @@ namespace XMLConfig::detail {
 namespace {
 
 constexpr const wchar_t* blanks = L" \t\n\r";
+constexpr const wchar_t* acceptingWords = L"xmlconfig accepts";
 
 /// What follows the words, without blanks at the ends; nothing for a comment that begins otherwise.
-std::optional<std::wstring> restBehind(const std::wstring& words, const std::wstring& comment) {
+std::optional<std::wstring> restAfter(const std::wstring& words, const std::wstring& comment) {
     const std::size_t begin = comment.find_first_not_of(blanks);
     if (begin == std::wstring::npos || comment.compare(begin, words.size(), words) != 0) return std::nullopt;
     const std::size_t rest = comment.find_first_not_of(blanks, begin + words.size());
@@ -21,8 +23,8 @@ std::optional<std::wstring> restBehind(const std::wstring& words, const std::wst
     return comment.substr(rest, comment.find_last_not_of(blanks) + 1 - rest);
 }
 
-/// A setting that a conflict names; nothing where the text is no address.
-std::optional<Address> settingOf(const Conflict& conflict) {
+/// Nothing where what the conflict names is no address.
+std::optional<Address> settingAddressOf(const Conflict& conflict) {
     try {
         return parseAddress(conflict.address);
     } catch (const CorvaneParseException&) {
@@ -37,7 +39,7 @@ std::wstring nameOf(const Findings& findings, const Address& address) {
 }
 
 void checkConflict(Findings& findings, const CommentView& comment, const Conflict& conflict) {
-    const std::optional<Address> address = settingOf(conflict);
+    const std::optional<Address> address = settingAddressOf(conflict);
     const Setting* const setting = address ? knownSetting(*address) : nullptr;
     const SettingType type = setting == nullptr ? SettingType::Text : setting->type;
     Place place{comment.next ? comment.next : comment.around, conflict.address, L""};
@@ -58,13 +60,13 @@ void checkConflict(Findings& findings, const CommentView& comment, const Conflic
 std::vector<Acceptance> acceptancesOf(const std::vector<CommentView>& comments) {
     std::vector<Acceptance> acceptances;
     for (const CommentView& comment : comments)
-        if (const std::optional<std::wstring> rest = restBehind(L"xmlconfig accepts", comment.text))
+        if (const std::optional<std::wstring> rest = restAfter(acceptingWords, comment.text))
             acceptances.push_back({rest->substr(0, rest->find_first_of(L": \t\r\n")), comment.around});
     return acceptances;
 }
 
 std::optional<Conflict> conflictOf(const std::wstring& comment) {
-    const std::optional<std::wstring> rest = restBehind(L"xmlconfig conflict", comment);
+    const std::optional<std::wstring> rest = restAfter(L"xmlconfig conflict", comment);
     if (!rest) return std::nullopt;
     const std::wstring oursMark = L" ours=";
     const std::wstring theirsMark = L" theirs=";
@@ -86,3 +88,11 @@ void checkConflicts(Findings& findings) {
 }
 
 }  // namespace XMLConfig::detail
+
+namespace XMLConfig {
+
+std::wstring acceptanceText(const std::wstring& rule, const std::wstring& reason) {
+    return detail::acceptingWords + (L" " + rule) + L": " + reason;
+}
+
+}  // namespace XMLConfig

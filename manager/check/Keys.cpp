@@ -18,7 +18,6 @@ bool isNameOfSections(const std::wstring& tag) {
 /// The ID in the way the catalogue's keys have it.
 std::wstring withID(const std::wstring& name, const std::wstring& id) { return id.empty() ? name : name + L"[" + id + L"]"; }
 
-/// What a text in stored form is after it was read and written by the application. Words stay as they are.
 ReadValue defaultOf(const Setting& setting) { return ReadValue(setting.defaultText); }
 
 }  // namespace

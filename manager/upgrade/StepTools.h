@@ -11,8 +11,8 @@
 namespace XMLConfig::detail {
 
 /// One section of the document as a step addresses it. The step names every key and fixes every value in literals of its
-/// own; the store's text form of each type is all that it shares with the rest of the library. So an old step writes
-/// today what it wrote in its release, whatever has become of the setting.
+/// own; what it shares with the rest of the library is the store's text form of each type and, for cameras, the record of
+/// the common library. So an old step writes today what it wrote in its release, whatever has become of the setting.
 class StepSection {
 public:
     /// `document` is borrowed. Without an `id` the first section of that name is meant. Creates nothing.

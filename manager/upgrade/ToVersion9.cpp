@@ -14,6 +14,7 @@ namespace {
 
 bool isKnownCamera(int type) { return type == 0 || type == 1; }
 
+// The names and forms of a camera's elements are those of the common library's record, as devices report them.
 CameraInfo cameraInfo(const StepSection& camera, int type) {
     CameraInfo info;
     info.setBayerPattern(0);
@@ -49,7 +50,7 @@ void describeCameras(ConfigInfo& document) {
             describeCamera(camera, type);
             continue;
         }
-        logError(versionUpgradeLog(),
+        logError(versionUpgradeLog(),  // spelt so on purpose
                  L"Unknown camera type encounterd (" + formatInteger(type) + L"), removing this section");
         camera.remove();
     }

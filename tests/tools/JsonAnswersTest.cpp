@@ -134,7 +134,7 @@ TEST_F(JsonAnswers, AreThereForEveryVerb) {
 }
 
 TEST_F(JsonAnswers, EveryMemberIsDocumented) {
-    const std::string page = TemporaryFolder::readFile("docs/tool.md");
+    const std::string page = TemporaryFolder::readFile("docs/scripting.md");
     for (const auto& file : std::filesystem::directory_iterator("docs/schemas")) {
         const std::string verb = file.path().stem().string();
         const std::size_t begin = page.find("\n## " + verb + "\n");

@@ -1,5 +1,5 @@
 // What Xerces-C calls of libcurl, for a tool that Xerces-C is linked into. The tool reads files only, while libcurl and the
-// libraries behind it take half of the time in which the tool starts. Nothing here says yes: whoever came by would be told.
+// libraries behind it take half of the time in which the tool starts. Every function here fails.
 
 #include <stdexcept>
 
