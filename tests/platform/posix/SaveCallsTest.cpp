@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <functional>
 #include <map>
 #include <tuple>
 #include <utility>
@@ -8,6 +9,7 @@
 
 #include <fcntl.h>
 
+#include "platform/CreateFile.h"
 #include "tests/platform/posix/ReplaceFileSupport.h"
 #include "tests/support/posix/SystemCalls.h"
 
@@ -202,21 +204,29 @@ TEST_F(SaveCalls, WriteStraightWhereTheRightsGoOnChanging) {
     EXPECT_EQ(m_folder.entries(), 1u);
 }
 
-TEST_F(SaveCalls, KeepACopyToTheCopierWhileItIsWritten) {
+TEST_F(SaveCalls, KeepACopyAndAFileOfItsRightsToTheMakerWhileItIsWritten) {
     ASSERT_EQ(::chmod(m_folder.at(L"a").c_str(), 0666), 0);
-    for (const bool isNameless : {true, false}) {
-        fs::remove(m_folder.at(L"b"));
-        int writes = 0;
-        const SystemCallWatch watch([&](const SystemCall& call) {
-            if (call.name == "write") {
-                EXPECT_EQ(statusOf(call.descriptor).st_mode & 07777, 0600u);
-                ++writes;
-            }
-            return isNameless ? 0 : withoutNameless(call);
-        });
-        copyToNewFile(m_path, m_folder.file(L"b"));
-        EXPECT_EQ(writes, 1);
-        EXPECT_EQ(modeOf(m_folder.at(L"b")), 0666u);
+    const std::wstring target = m_folder.file(L"b");
+    const auto copy = [&] { copyToNewFile(m_path, target); };
+    const auto create = [&] {
+        EXPECT_TRUE(createFile(
+            target, [](const ByteSink& sink) { sink("new"); }, m_path));
+    };
+    for (const std::function<void()>& make : {std::function<void()>(copy), std::function<void()>(create)}) {
+        for (const bool isNameless : {true, false}) {
+            fs::remove(m_folder.at(L"b"));
+            int writes = 0;
+            const SystemCallWatch watch([&](const SystemCall& call) {
+                if (call.name == "write") {
+                    EXPECT_EQ(statusOf(call.descriptor).st_mode & 07777, 0600u);
+                    ++writes;
+                }
+                return isNameless ? 0 : withoutNameless(call);
+            });
+            make();
+            EXPECT_EQ(writes, 1);
+            EXPECT_EQ(modeOf(m_folder.at(L"b")), 0666u);
+        }
     }
 }
 
