@@ -99,7 +99,7 @@ TEST_F(Accept, WritesNothingInADryRun) {
 TEST_F(Accept, AnswersInJson) {
     const ToolRun run = accept("XC408", {"--json", "--only", "XC408"});
     EXPECT_EQ(Json::parse(run.output), Json::parse(R"json({"format": 1, "verb": "check", "files": [{
-        "file": ")json" + file + R"json(", "version": 9.0, "written": true, "comments": [{
+        "file": )json" + Json(file).dump() + R"json(, "version": 9.0, "written": true, "comments": [{
           "address": "Projector[VELDAR***00:0a:0b:0c:0d:02]", "text": "xmlconfig accepts XC408: as built"}],
         "errors": 0, "warnings": 0, "notes": 0, "accepted": 1, "findings": []}], "exit": 0})json"));
 }

@@ -62,7 +62,7 @@ TEST_F(Fix, AnswersInJson) {
     const std::string file = fileOf(exampleText());
     const ToolRun run = runTool({"check", "--fix", "--json", "--only", "XC409", file});
     EXPECT_EQ(Json::parse(run.output), Json::parse(R"json({"format": 1, "verb": "check", "files": [{
-        "file": ")json" + file + R"json(", "version": 9.0, "written": true, "changes": [{
+        "file": )json" + Json(file).dump() + R"json(, "version": 9.0, "written": true, "changes": [{
           "address": "Projector[VELDAR***00:0a:0b:0c:0d:1f]/Portrait_Mode", "kind": "removed", "old": "0", "new": null}],
         "errors": 0, "warnings": 0, "notes": 0, "accepted": 0, "findings": []}], "exit": 0})json"));
 }
