@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <iterator>
 
-#include "base/ValueTypes.h"
+#include "base/TraitOfType.h"
 #include "platform/Numbers.h"
 #include "platform/Words.h"
 

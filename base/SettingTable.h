@@ -10,7 +10,7 @@
 #include "base/BaseConfig.h"
 #include "base/Setting.h"
 #include "base/SettingFacts.h"
-#include "base/ValueTypes.h"
+#include "base/TraitOfType.h"
 
 /// A section is a table of settings. A table is a struct whose members are descriptors; each enters itself into the table
 /// when it is made, so that none can be left out:
@@ -119,7 +119,7 @@ public:
 };
 
 /// Degrees as radians, by the arithmetic of UnitConversionTable::convertValue.
-constexpr double degrees(double value) { return value * (1.0 / 57.29577951308232); }
+constexpr double fromDegrees(double value) { return value * (1.0 / 57.29577951308232); }
 
 /// Every setting of a table, in its order.
 std::vector<Setting> settingsOf(const SettingTable& table);

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/Setting.h"
-#include "base/StoredTexts.h"
+#include "base/TextChecks.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/TextForms.h"

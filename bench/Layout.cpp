@@ -9,6 +9,7 @@
 
 #include "Sample.h"
 #include "Suites.h"
+#include "base/Angles.h"
 #include "manager/Check.h"
 #include "manager/Layout.h"
 #include "sections/ProjectorConfig.h"
@@ -18,7 +19,7 @@
 namespace bench {
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
+using XMLConfig::detail::pi;
 
 struct Place {
     double yaw = 0.0;

@@ -17,11 +17,7 @@ constexpr Group groups[] = {{L"XC1", detail::checkForm},    {L"XC2", detail::che
                             {L"XC4", detail::checkPicture}, {L"XC5", detail::checkScreen},   {L"XC6", detail::checkCameras},
                             {L"XC7", detail::checkNetwork}, {L"XC9", detail::checkEffect}};
 
-/// A version with one decimal at least, as people write it.
-std::wstring shownVersion(double version) {
-    const std::wstring text = detail::shortNumber(version, 3);
-    return text.find(L'.') == std::wstring::npos ? text + L".0" : text;
-}
+std::wstring shownVersion(double version) { return detail::withOneDecimal(detail::shortNumber(version, 3)); }
 
 ElementView versionElement(const ConfigInfo& document) { return rootElement(document).child(L"Version"); }
 

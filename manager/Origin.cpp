@@ -1,6 +1,6 @@
 #include "manager/Origin.h"
 
-#include "base/ValueTypes.h"
+#include "base/TraitOfType.h"
 #include "manager/SettingSearch.h"
 
 namespace XMLConfig {

@@ -43,18 +43,18 @@ public:
     Selecting(const ConfigInfo& document, const Address& address) : m_document(document), m_address(address) {}
 
     Selection run() const {
-        const std::wstring& wish = m_address.sectionID;
+        const std::wstring& wanted = m_address.sectionID;
         if (!isDeviceSection(m_address.section)) return {{m_address}, {}};
-        if (!wish.empty() && m_document.doesSectionExist(m_address.section, wish)) return {{m_address}, {}};
+        if (!wanted.empty() && m_document.doesSectionExist(m_address.section, wanted)) return {{m_address}, {}};
         const Devices devices = sectionElements(m_document, m_address.section);
-        if (wish == L"*") return all(devices);
-        if (wish.empty()) return only(devices);
-        if (const std::size_t position = positionOf(wish); position > 0 && position <= devices.size())
+        if (wanted == L"*") return all(devices);
+        if (wanted.empty()) return only(devices);
+        if (const std::size_t position = positionOf(wanted); position > 0 && position <= devices.size())
             return only({devices[position - 1]});
         const Devices named =
-            fitting(devices, [&](const ElementView& device) { return device.child(L"Name").text() == wish; });
+            fitting(devices, [&](const ElementView& device) { return device.child(L"Name").text() == wanted; });
         if (!named.empty()) return only(named);
-        return only(fitting(devices, [&](const ElementView& device) { return isEndingOf(wish, device.id()); }));
+        return only(fitting(devices, [&](const ElementView& device) { return isEndingOf(wanted, device.id()); }));
     }
 
 private:

@@ -65,16 +65,16 @@ struct ProjectorItems : SettingTable {
         means(L"pitch of the image channel's line of sight").in(Unit::Radians).of(SettingClass::Channel)};
     Descriptor<double> headingRoll{*this, L"Channel_Extents|Heading|Roll", {0.0, 0.0},
         means(L"roll of the image channel about its line of sight").in(Unit::Radians).of(SettingClass::Channel)};
-    Descriptor<double> vfovTop{*this, L"Channel_Extents|VFOV|Top", {0.0, degrees(20.0)},
+    Descriptor<double> vfovTop{*this, L"Channel_Extents|VFOV|Top", {0.0, fromDegrees(20.0)},
         means(L"vertical angle from the line of sight to the channel's top edge").in(Unit::Radians)
             .of(SettingClass::Channel)};
-    Descriptor<double> vfovBottom{*this, L"Channel_Extents|VFOV|Bottom", {0.0, degrees(-20.0)},
+    Descriptor<double> vfovBottom{*this, L"Channel_Extents|VFOV|Bottom", {0.0, fromDegrees(-20.0)},
         means(L"vertical angle from the line of sight to the channel's bottom edge").in(Unit::Radians)
             .of(SettingClass::Channel)};
-    Descriptor<double> hfovLeft{*this, L"Channel_Extents|HFOV|Left", {0.0, degrees(-30.0)},
+    Descriptor<double> hfovLeft{*this, L"Channel_Extents|HFOV|Left", {0.0, fromDegrees(-30.0)},
         means(L"horizontal angle from the line of sight to the channel's left edge").in(Unit::Radians)
             .of(SettingClass::Channel)};
-    Descriptor<double> hfovRight{*this, L"Channel_Extents|HFOV|Right", {0.0, degrees(30.0)},
+    Descriptor<double> hfovRight{*this, L"Channel_Extents|HFOV|Right", {0.0, fromDegrees(30.0)},
         means(L"horizontal angle from the line of sight to the channel's right edge").in(Unit::Radians)
             .of(SettingClass::Channel)};
     Descriptor<Point_3Dim<double>> eyePoint{*this, L"Channel_Extents|Eye_Point", {Point_3Dim<double>{}},

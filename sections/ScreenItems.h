@@ -34,13 +34,13 @@ struct ScreenItems : SettingTable {
             .countsUnless(L"", L"Shape", {L"Sphere", L"Cylinder", L"Toroid"})};
     Descriptor<double> radius{*this, L"Screen_Radius", {-1.0, 2.1},
         means(L"radius of a curved surface; negative when unknown").in(Unit::Meters).countsUnless(L"", L"Shape", {L"Flat"})};
-    Descriptor<double> minTheta{*this, L"Screen_MinTheta", {-1.0, degrees(-45.0)},
+    Descriptor<double> minTheta{*this, L"Screen_MinTheta", {-1.0, fromDegrees(-45.0)},
         means(L"lower limit of the surface's angle theta").in(Unit::Radians).countsUnless(L"", L"Shape", {L"Flat"})};
-    Descriptor<double> maxTheta{*this, L"Screen_MaxTheta", {-1.0, degrees(45.0)},
+    Descriptor<double> maxTheta{*this, L"Screen_MaxTheta", {-1.0, fromDegrees(45.0)},
         means(L"upper limit of the surface's angle theta").in(Unit::Radians).countsUnless(L"", L"Shape", {L"Flat"})};
-    Descriptor<double> minPhi{*this, L"Screen_MinPhi", {-1.0, degrees(-18.0)},
+    Descriptor<double> minPhi{*this, L"Screen_MinPhi", {-1.0, fromDegrees(-18.0)},
         means(L"lower limit of the surface's angle phi").in(Unit::Radians).countsUnless(L"", L"Shape", {L"Flat"})};
-    Descriptor<double> maxPhi{*this, L"Screen_MaxPhi", {-1.0, degrees(18.0)},
+    Descriptor<double> maxPhi{*this, L"Screen_MaxPhi", {-1.0, fromDegrees(18.0)},
         means(L"upper limit of the surface's angle phi").in(Unit::Radians).countsUnless(L"", L"Shape", {L"Flat"})};
     Descriptor<bool> topMaskEnabled{*this, L"Mask_Top_Enabled", {false, false},
         means(L"whether the top edge is masked")};

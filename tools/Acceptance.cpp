@@ -9,7 +9,7 @@
 #include "store/Address.h"
 #include "store/Comments.h"
 #include "tools/Colour.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 #include "tools/Output.h"
 #include "tools/Places.h"
 #include "tools/RuleText.h"
@@ -21,13 +21,13 @@ namespace {
 using XMLConfig::ElementView;
 using XMLConfig::Finding;
 
-/// What a command line wants to be accepted.
-struct Wish {
+/// What a command line accepts: "XC321" or "XC321@Projector[1]".
+struct Accepted {
     std::wstring rule;
     std::wstring place;  ///< as it was written; "" for any
 };
 
-Wish wishOf(const Request& request) {
+Accepted acceptedOf(const Request& request) {
     const std::size_t end = request.accepted.find('@');
     const std::wstring rule = ruleIDOf(request.accepted.substr(0, end));
     if (end == std::string::npos) return {rule, L""};
@@ -41,13 +41,13 @@ std::wstring reasonOf(const Request& request) {
 }
 
 /// The findings of the rule at the place and inside of it, those that are accepted too.
-std::vector<Finding> found(const ConfigInfo& document, const Wish& wish, XMLConfig::CheckOptions options) {
-    options.onlyRules = {wish.rule};
+std::vector<Finding> found(const ConfigInfo& document, const Accepted& accepted, XMLConfig::CheckOptions options) {
+    options.onlyRules = {accepted.rule};
     options.givesAccepted = true;
     std::vector<Finding> findings = XMLConfig::check(document, options);
-    if (wish.place.empty()) return findings;
+    if (accepted.place.empty()) return findings;
     std::vector<std::wstring> places;
-    for (const XMLConfig::Address& place : placesOf(document, XMLConfig::parseAddress(wish.place)))
+    for (const XMLConfig::Address& place : placesOf(document, XMLConfig::parseAddress(accepted.place)))
         places.push_back(XMLConfig::addressText(place));
     const auto isElsewhere = [&](const Finding& finding) {
         return std::none_of(places.begin(), places.end(), [&](const std::wstring& place) {
@@ -78,17 +78,17 @@ void refuseWrongAcceptance(const Request& request) {
         if (request.because) throw WrongOperands("--because tells why --accept is asked for, which is missing");
         return;
     }
-    const Wish wish = wishOf(request);
-    if (wish.rule == L"XC910") throw WrongOperands("XC910 cannot be accepted; remove the comment that it names");
+    const Accepted accepted = acceptedOf(request);
+    if (accepted.rule == L"XC910") throw WrongOperands("XC910 cannot be accepted; remove the comment that it names");
     if (reasonOf(request).empty()) throw WrongOperands("--accept needs a reason: --because TEXT");
     if (request.operands.size() != 1) throw WrongOperands("--accept takes one file");
     if (request.operands[0] == "-") throw WrongOperands("--accept writes to a file and cannot take standard input");
 }
 
 std::vector<NewComment> accept(ConfigInfo& document, const Request& request, XMLConfig::CheckOptions options) {
-    const Wish wish = wishOf(request);
-    const std::wstring text = XMLConfig::acceptanceText(wish.rule, reasonOf(request));
-    const std::vector<Finding> findings = found(document, wish, std::move(options));
+    const Accepted accepted = acceptedOf(request);
+    const std::wstring text = XMLConfig::acceptanceText(accepted.rule, reasonOf(request));
+    const std::vector<Finding> findings = found(document, accepted, std::move(options));
     std::vector<ElementView> sections;
     std::vector<NewComment> comments;
     for (const Finding& finding : findings) {
@@ -99,9 +99,9 @@ std::vector<NewComment> accept(ConfigInfo& document, const Request& request, XML
         else ++comments[static_cast<std::size_t>(known - sections.begin())].findings;
         if (known == sections.end()) sections.push_back(section);
     }
-    const std::wstring place = wish.place.empty() ? L"" : L" at " + wish.place;
-    if (findings.empty()) throw Refusal(wish.rule + L" is not found" + place);
-    if (sections.empty()) throw Refusal(wish.rule + L" is accepted already" + place);
+    const std::wstring place = accepted.place.empty() ? L"" : L" at " + accepted.place;
+    if (findings.empty()) throw Refusal(accepted.rule + L" is not found" + place);
+    if (sections.empty()) throw Refusal(accepted.rule + L" is accepted already" + place);
     XMLConfig::addComment(document, sections, L" " + text + L" ");
     return comments;
 }

@@ -5,8 +5,8 @@
 #include "store/ConfigInfo.h"
 #include "store/ElementView.h"
 #include "tools/Colour.h"
-#include "tools/Numbers.h"
-#include "tools/Table.h"
+#include "tools/NumberTexts.h"
+#include "tools/TableText.h"
 
 namespace tool {
 namespace {

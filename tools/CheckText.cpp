@@ -8,7 +8,7 @@
 #include "store/CorvaneException.h"
 #include "tools/Colour.h"
 #include "tools/Mending.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 namespace tool {
 namespace {

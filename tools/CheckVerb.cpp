@@ -31,10 +31,10 @@ XMLConfig::CheckOptions optionsOf(const Request& request, const std::string& fil
 }
 
 /// Finds the lines of what was found.
-class Lines {
+class LineFinder {
 public:
     /// Without a file nothing has a line.
-    Lines(const ConfigInfo& document, const std::string& file) {
+    LineFinder(const ConfigInfo& document, const std::string& file) {
         if (file.empty()) return;
         try {
             m_places = std::make_unique<XMLConfig::FilePlaces>(document, XMLConfig::wideFromUtf8(file));
@@ -57,7 +57,7 @@ std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const C
                                           const std::string& file) {
     std::vector<CheckedFile::Place> result;
     if (findings.empty()) return result;
-    const Lines lines(document, file);
+    const LineFinder lines(document, file);
     std::vector<std::size_t> order(findings.size());
     std::vector<unsigned long long> found;
     found.reserve(findings.size());

@@ -11,7 +11,7 @@
 #include "store/ConfigInfoFactory.h"
 #include "tools/FaultAnswer.h"
 #include "tools/ManualPage.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 #include "tools/Output.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"

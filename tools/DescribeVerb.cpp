@@ -7,11 +7,11 @@
 #include "store/Tokens.h"
 #include "tools/DescribeJson.h"
 #include "tools/Json.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 #include "tools/Output.h"
 #include "tools/RuleText.h"
 #include "tools/Suggestion.h"
-#include "tools/Table.h"
+#include "tools/TableText.h"
 #include "tools/Verb.h"
 
 namespace tool {

@@ -6,7 +6,7 @@
 #include "store/ConfigInfo.h"
 #include "tools/Colour.h"
 #include "tools/Showing.h"
-#include "tools/Table.h"
+#include "tools/TableText.h"
 
 namespace tool {
 namespace {
@@ -16,6 +16,7 @@ using XMLConfig::LoneDevice;
 using XMLConfig::OrderDifference;
 using XMLConfig::RenamedDevice;
 using XMLConfig::SettingDifference;
+using XMLConfig::detail::counted;
 using XMLConfig::detail::joined;
 
 std::wstring reasonOf(const RenamedDevice& device) {
@@ -38,9 +39,9 @@ wchar_t signOf(const SettingDifference& difference) {
 
 Tone toneOf(wchar_t sign) { return sign == L'+' ? Tone::Good : sign == L'-' ? Tone::Bad : Tone::Doubtful; }
 
-class Lines {
+class DifferenceRows {
 public:
-    Lines(const Compared& compared, bool isColoured)
+    DifferenceRows(const Compared& compared, bool isColoured)
         : m_old(compared.oldDocument), m_new(compared.newDocument), m_isColoured(isColoured) {}
 
     /// Adds a line for the difference; `asStored` shows the stored forms, for texts that differ in nothing else.
@@ -56,8 +57,8 @@ public:
     }
     void add(wchar_t sign, const LoneDevice& device) {
         const Showing& showing = sign == L'+' ? m_new : m_old;
-        const std::wstring count = std::to_wstring(device.settings) + (device.settings == 1 ? L" setting" : L" settings");
-        addRow(sign, showing.address({device.section, device.id, L"", L"", L""}), L"ID " + device.id + L", " + count);
+        addRow(sign, showing.address({device.section, device.id, L"", L"", L""}),
+               L"ID " + device.id + L", " + counted(device.settings, L"setting"));
     }
 
     /// The rows in two columns.
@@ -88,17 +89,17 @@ private:
     std::vector<std::vector<std::wstring>> m_rows;
 };
 
-void addSigned(Lines& lines, const std::vector<SettingDifference>& differences, wchar_t sign) {
+void addSigned(DifferenceRows& rows, const std::vector<SettingDifference>& differences, wchar_t sign) {
     for (const SettingDifference& difference : differences)
-        if (signOf(difference) == sign) lines.add(difference, L"");
+        if (signOf(difference) == sign) rows.add(difference, L"");
 }
 
 /// What changes nothing that the application does.
-void addQuiet(Lines& lines, const Difference& difference) {
-    for (const SettingDifference& run : difference.runs) lines.add(run, L" (runs and times)");
+void addQuiet(DifferenceRows& rows, const Difference& difference) {
+    for (const SettingDifference& run : difference.runs) rows.add(run, L" (runs and times)");
     for (const SettingDifference& same : difference.sameInEffect)
-        lines.add(same, L" (the same in effect: " + same.why + L")");
-    for (const SettingDifference& same : difference.sameInValue) lines.add(same, L" (the same in value)", true);
+        rows.add(same, L" (the same in effect: " + same.why + L")");
+    for (const SettingDifference& same : difference.sameInValue) rows.add(same, L" (the same in value)", true);
 }
 
 struct Counts {
@@ -139,20 +140,20 @@ std::wstring lineOf(const SettingDifference& change, const ConfigInfo& document)
 }  // namespace
 
 std::wstring diffText(const Difference& difference, const Compared& compared, bool all, bool isColoured) {
-    Lines lines(compared, isColoured);
+    DifferenceRows rows(compared, isColoured);
     std::wstring text;
     for (const RenamedDevice& device : difference.renamed)
-        text += coloured(L"= " + lines.now().address({device.section, device.newID, L"", L"", L""}) + L"  ID " +
+        text += coloured(L"= " + rows.now().address({device.section, device.newID, L"", L"", L""}) + L"  ID " +
                              device.oldID + L" -> " + device.newID + L" (" + reasonOf(device) + L")",
                          Tone::Doubtful, isColoured) +
                 L"\n";
-    addSigned(lines, difference.changed, L'~');
-    for (const LoneDevice& device : difference.added) lines.add(L'+', device);
-    addSigned(lines, difference.changed, L'+');
-    for (const LoneDevice& device : difference.removed) lines.add(L'-', device);
-    addSigned(lines, difference.changed, L'-');
-    if (all) addQuiet(lines, difference);
-    text += lines.text();
+    addSigned(rows, difference.changed, L'~');
+    for (const LoneDevice& device : difference.added) rows.add(L'+', device);
+    addSigned(rows, difference.changed, L'+');
+    for (const LoneDevice& device : difference.removed) rows.add(L'-', device);
+    addSigned(rows, difference.changed, L'-');
+    if (all) addQuiet(rows, difference);
+    text += rows.text();
     for (const OrderDifference& order : difference.order)
         text +=
             coloured(L"^ order of the " + pluralOf(order.section) + L": " + joined(order.now), Tone::Doubtful, isColoured) +

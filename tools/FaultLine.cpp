@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "platform/Utf8.h"
-#include "tools/Table.h"
+#include "tools/TableText.h"
 
 namespace tool {
 namespace {

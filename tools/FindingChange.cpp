@@ -6,7 +6,7 @@
 
 #include "platform/Utf8.h"
 #include "tools/CheckText.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 namespace tool {
 namespace {

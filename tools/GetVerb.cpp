@@ -10,8 +10,8 @@
 #include "tools/Places.h"
 #include "tools/Reading.h"
 #include "tools/Showing.h"
-#include "tools/Table.h"
-#include "tools/Tree.h"
+#include "tools/TableText.h"
+#include "tools/TreeText.h"
 #include "tools/Verb.h"
 
 namespace tool {

@@ -14,12 +14,12 @@ using XMLConfig::Layout;
 using XMLConfig::Overlap;
 
 /// As stored, but for the rounding of the unit; what is no number is null.
-Json degrees(double radians, int decimals = 9) {
+Json inDegrees(double radians, int decimals = 9) {
     return rounded(UnitConversionTable::convertValue(UnitConversionTable::Radians, UnitConversionTable::Degrees, radians),
                    decimals);
 }
 Json percent(double share) { return rounded(100.0 * share, 1); }
-Json span(const XMLConfig::Interval& range) { return Json::array({degrees(range.from, 1), degrees(range.to, 1)}); }
+Json span(const XMLConfig::Interval& range) { return Json::array({inDegrees(range.from, 1), inDegrees(range.to, 1)}); }
 Json blend(double stored) { return stored < 0.0 ? Json(nullptr) : Json(stored); }
 
 Json blends(const EdgeValues& values) {
@@ -33,13 +33,13 @@ Json jsonOf(const Channel& channel, std::size_t number) {
     Json json = {{"number", number},
                  {"id", jsonText(channel.id)},
                  {"name", jsonText(channel.name)},
-                 {"yaw", degrees(channel.yaw)},
-                 {"pitch", degrees(channel.pitch)},
-                 {"roll", degrees(channel.roll)},
-                 {"left", degrees(channel.edges.left)},
-                 {"right", degrees(channel.edges.right)},
-                 {"top", degrees(channel.edges.top)},
-                 {"bottom", degrees(channel.edges.bottom)}};
+                 {"yaw", inDegrees(channel.yaw)},
+                 {"pitch", inDegrees(channel.pitch)},
+                 {"roll", inDegrees(channel.roll)},
+                 {"left", inDegrees(channel.edges.left)},
+                 {"right", inDegrees(channel.edges.right)},
+                 {"top", inDegrees(channel.edges.top)},
+                 {"bottom", inDegrees(channel.edges.bottom)}};
     const bool isUsable = channel.state == ChannelState::Usable;
     json["span"] = isUsable ? Json{{"yaw", span(channel.yawSpan)}, {"pitch", span(channel.pitchSpan)}} : Json(nullptr);
     json["blend"] = blends(channel.blends);
@@ -82,7 +82,7 @@ Json gaps(const Layout& layout) {
         for (const XMLConfig::ChannelGap& gap : row.gaps)
             json.push_back(
                 {{"projectors", {jsonText(layout.channels[gap.left].id), jsonText(layout.channels[gap.right].id)}},
-                 {"width", degrees(gap.width, 6)}});
+                 {"width", inDegrees(gap.width, 6)}});
     return json;
 }
 

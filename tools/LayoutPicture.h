@@ -3,7 +3,7 @@
 #include <string>
 
 #include "manager/Layout.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 namespace tool {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "tools/Colour.h"
-#include "tools/Table.h"
+#include "tools/TableText.h"
 
 namespace tool {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "manager/Layout.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 /// A layout for people and for programs.
 namespace tool {

@@ -9,7 +9,7 @@
 #include "store/CorvaneException.h"
 #include "tools/Configuration.h"
 #include "tools/Json.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 #include "tools/Output.h"
 #include "tools/Reading.h"
 #include "tools/Verb.h"

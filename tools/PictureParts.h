@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "manager/Layout.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 #include "tools/Svg.h"
 
 /// What the picture of a layout is made of; each is drawn over those before it.

@@ -54,7 +54,7 @@ Path curveOf(const Directions& directions, double firstYaw) {
     return isClosed ? path : aroundPole(std::move(path));
 }
 
-double drawnYaw(double yaw) { return std::remainder(yaw, 2.0 * pi); }
+double drawnYaw(double yaw) { return std::remainder(yaw, XMLConfig::detail::fullTurn); }
 
 Path pathOf(const Channel& channel, const EdgeValues& part, int points) {
     const Directions outline = XMLConfig::outlineOf(channel, part, points);

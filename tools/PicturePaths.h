@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "base/Angles.h"
 #include "manager/Layout.h"
 #include "tools/Svg.h"
 
@@ -10,7 +11,8 @@ namespace tool::picture {
 
 using Directions = std::vector<Point_3Dim<double>>;
 
-constexpr double pi = 3.14159265358979323846;
+using XMLConfig::detail::pi;
+
 constexpr long tenDegrees = 1000;
 constexpr int pointsPerEdge = 24;
 constexpr XMLConfig::EdgeValues wholeImage{0.0, 1.0, 1.0, 0.0};

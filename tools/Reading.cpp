@@ -13,7 +13,7 @@
 #include "store/CorvaneException.h"
 #include "store/ElementView.h"
 #include "tools/FaultLine.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 namespace tool {
 namespace {

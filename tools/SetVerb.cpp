@@ -102,12 +102,12 @@ void store(ConfigInfo& document, const Assignment& assignment) {
 }
 
 /// One change that is asked for: an operand or a line.
-struct Wish {
+struct AskedChange {
     Assignment assignment;
     std::wstring part;  ///< in a device snippet; empty for the whole place
 };
 
-Wish wishOf(const std::wstring& text) {
+AskedChange askedChangeOf(const std::wstring& text) {
     const std::size_t start = valueStart(text);
     if (start == std::wstring::npos) return {XMLConfig::parseAssignment(text), L""};
     const SnippetPart part = snippetPartOf(text.substr(0, start - 1));
@@ -129,26 +129,26 @@ std::wstring unescaped(const std::wstring& line) {
 }
 
 /// Each line is a change, but empty ones.
-void addLines(std::vector<Wish>& wishes, std::istream& lines) {
+void addLines(std::vector<AskedChange>& changes, std::istream& lines) {
     for (std::string line; std::getline(lines, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
-        if (!line.empty()) wishes.push_back(wishOf(unescaped(XMLConfig::wideFromUtf8(line))));
+        if (!line.empty()) changes.push_back(askedChangeOf(unescaped(XMLConfig::wideFromUtf8(line))));
     }
 }
 
-std::vector<Wish> wishesOf(const Request& request) {
-    std::vector<Wish> wishes;
-    for (const std::string& operand : request.operands) wishes.push_back(wishOf(XMLConfig::wideFromUtf8(operand)));
-    if (request.lineFile == "-") addLines(wishes, std::cin);
-    if (request.lineFile.empty() || request.lineFile == "-") return wishes;
+std::vector<AskedChange> changesOf(const Request& request) {
+    std::vector<AskedChange> changes;
+    for (const std::string& operand : request.operands) changes.push_back(askedChangeOf(XMLConfig::wideFromUtf8(operand)));
+    if (request.lineFile == "-") addLines(changes, std::cin);
+    if (request.lineFile.empty() || request.lineFile == "-") return changes;
     const std::wstring file = XMLConfig::wideFromUtf8(request.lineFile);
     std::ifstream lines(XMLConfig::pathForStreams(file), std::ios::binary);
     if (!lines) throw Unreadable(file + L": cannot be read");
-    addLines(wishes, lines);
-    return wishes;
+    addLines(changes, lines);
+    return changes;
 }
 
-/// The places of a wish; one that only --force can make where no device fits.
+/// The places of a change; one that only --force can make where no device fits.
 std::vector<Address> placesToSet(const ConfigInfo& document, const Address& operand) {
     std::vector<Address> places = placesOf(document, operand);
     if (!places.empty()) return places;
@@ -156,15 +156,15 @@ std::vector<Address> placesToSet(const ConfigInfo& document, const Address& oper
     return {operand};
 }
 
-/// Changes a document wish by wish; each is checked with the earlier ones already done.
+/// Changes a document one change after the other; each is checked with the earlier ones already done.
 class Changing {
 public:
     Changing(ConfigInfo& document, bool force) : m_document(document), m_force(force) {}
 
-    void apply(const Wish& wish) {
-        for (const Address& place : placesToSet(m_document, wish.assignment.address)) {
-            if (wish.part.empty()) change(place, wish.assignment.value);
-            else changePart(place, wish.part, wish.assignment.value);
+    void apply(const AskedChange& asked) {
+        for (const Address& place : placesToSet(m_document, asked.assignment.address)) {
+            if (asked.part.empty()) change(place, asked.assignment.value);
+            else changePart(place, asked.part, asked.assignment.value);
         }
     }
     [[nodiscard]] const std::vector<Change>& changes() const { return m_changes; }
@@ -203,7 +203,7 @@ private:
 
 }  // namespace
 
-// Behind the first "=" that stands in no brackets.
+// The place after the first "=" that stands in no brackets.
 std::size_t valueStart(const std::wstring& assignment) {
     bool isInID = false;
     for (std::size_t i = 0; i < assignment.size(); ++i) {
@@ -216,7 +216,7 @@ std::size_t valueStart(const std::wstring& assignment) {
 
 std::vector<Change> applySet(ConfigInfo& document, const std::wstring& assignment) {
     Changing changing(document, false);
-    changing.apply(wishOf(assignment));
+    changing.apply(askedChangeOf(assignment));
     return changing.changes();
 }
 
@@ -238,13 +238,13 @@ void setUpSet(Options& options, Request& request) {
 
 ExitStatus runSet(const Request& request) {
     if (request.operands.empty() && request.lineFile.empty()) throw WrongOperands("CHANGE or --from is required");
-    const std::vector<Wish> wishes = wishesOf(request);
+    const std::vector<AskedChange> changes = changesOf(request);
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
     const Before before(*document, request.file);
     Changing changing(*document, request.force);
-    for (const Wish& wish : wishes) changing.apply(wish);
+    for (const AskedChange& change : changes) changing.apply(change);
     return finishChange("set", *document, changing.changes(), before, request);
 }
 

@@ -4,7 +4,7 @@
 #include "tools/Places.h"
 #include "tools/Reading.h"
 #include "tools/Summary.h"
-#include "tools/Tree.h"
+#include "tools/TreeText.h"
 #include "tools/Verb.h"
 
 namespace tool {

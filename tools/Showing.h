@@ -6,7 +6,7 @@
 
 #include "base/Setting.h"
 #include "store/Address.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 class ConfigInfo;
 

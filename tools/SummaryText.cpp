@@ -1,9 +1,9 @@
 #include <ctime>
 
 #include "platform/Utf8.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 #include "tools/Summary.h"
-#include "tools/Table.h"
+#include "tools/TableText.h"
 
 namespace tool {
 namespace {

@@ -6,11 +6,12 @@
 #include <cmath>
 #include <vector>
 
+#include "base/Angles.h"
 #include "base/UnitConversionTable.h"
 #include "manager/Origin.h"
 #include "platform/Utf8.h"
 #include "store/Tokens.h"
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 namespace tool {
 namespace {
@@ -19,8 +20,7 @@ using Table = UnitConversionTable;
 using XMLConfig::Setting;
 using XMLConfig::SettingType;
 using XMLConfig::Unit;
-
-constexpr double fullTurn = 6.283185307179586;
+using XMLConfig::detail::fullTurn;
 
 struct Suffix {
     const char* text;

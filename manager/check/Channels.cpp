@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Angles.h"
 #include "base/Setting.h"
 #include "manager/check/Channels.h"
 #include "platform/Numbers.h"
@@ -8,9 +9,6 @@
 /// Rules on the channels: each by itself, and their places on the screen.
 namespace XMLConfig::detail {
 namespace {
-
-constexpr double pi = 3.14159265358979323846;
-constexpr double fullTurn = 2.0 * pi;
 
 constexpr ImageEdge edges[] = {ImageEdge::Left, ImageEdge::Right, ImageEdge::Top, ImageEdge::Bottom};
 

@@ -7,8 +7,8 @@
 #include "manager/Check.h"
 #include "manager/CheckRules.h"
 #include "manager/Layout.h"
-#include "manager/check/Comments.h"
-#include "manager/check/Reading.h"
+#include "manager/check/CheckedDocument.h"
+#include "manager/check/OwnComments.h"
 #include "manager/check/Texts.h"
 
 /// What all rules work with.

@@ -182,8 +182,8 @@ void checkAreas(ChannelCheck& check, std::size_t before, std::size_t index) {
 
 /// Whole degrees, as the screen is looked at every half of one; finer for what is smaller.
 std::wstring spanText(const ChannelCheck& check, double from, double to) {
-    constexpr double degree = 0.01745;
-    const int decimals = to - from < degree ? 1 : 0;
+    constexpr double nearlyOneDegree = 0.01745;  // so that whole degrees stay whole, however they were rounded
+    const int decimals = to - from < nearlyOneDegree ? 1 : 0;
     return check.findings.units.angle(from, decimals) + L" to " + check.findings.units.angle(to, decimals);
 }
 

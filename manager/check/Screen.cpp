@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Angles.h"
 #include "manager/check/Findings.h"
 #include "sections/AxisDistortionCorrection.h"
 #include "sections/ScreenTexts.h"
@@ -10,8 +11,6 @@
 /// Rules on the screen and the target.
 namespace XMLConfig::detail {
 namespace {
-
-constexpr double pi = 3.14159265358979323846;
 
 class ScreenCheck {
 public:
@@ -75,7 +74,7 @@ private:
         const auto look = [&](const wchar_t* key, double limit, const wchar_t* way) {
             constexpr double least = 1e-9;
             const double angle = std::abs(number(key));
-            if (angle > limit + least && angle <= 2.0 * pi)
+            if (angle > limit + least && angle <= fullTurn)
                 add(L"XC502", Severity::Warning, key, m_findings.units.angle(number(key)) + way + L" is more than a sphere");
         };
         for (const wchar_t* const key : {L"Screen_MinTheta", L"Screen_MaxTheta"}) look(key, pi, L" around");

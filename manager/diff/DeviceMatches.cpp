@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "base/Angles.h"
 #include "platform/Numbers.h"
 
 namespace XMLConfig::detail {
@@ -85,12 +86,10 @@ bool readAngles(const ElementView& device, Angles& angles) {
            angleAt(channel, {L"VFOV", L"Top"}, angles[4]) && angleAt(channel, {L"VFOV", L"Bottom"}, angles[5]);
 }
 
-constexpr double radiansPerDegree = 3.14159265358979323846 / 180.0;
-
 /// Whether two channels are the same: heading within a degree, edges within a tenth of one.
 bool areOneChannel(const Angles& one, const Angles& other) {
     for (std::size_t i = 0; i < one.size(); ++i)
-        if (!(std::abs(one[i] - other[i]) <= (i < 2 ? 1.0 : 0.1) * radiansPerDegree)) return false;
+        if (!(std::abs(one[i] - other[i]) <= (i < 2 ? 1.0 : 0.1) * degree)) return false;
     return true;
 }
 
@@ -186,8 +185,8 @@ private:
     static std::pair<std::size_t, std::size_t> nearYaw(const std::vector<Channel>& sorted, double yaw) {
         const auto isLeftOf = [](const Channel& channel, double angle) { return channel.angles[0] < angle; };
         const auto isRightOf = [](double angle, const Channel& channel) { return angle < channel.angles[0]; };
-        const auto first = std::lower_bound(sorted.begin(), sorted.end(), yaw - radiansPerDegree, isLeftOf);
-        const auto last = std::upper_bound(first, sorted.end(), yaw + radiansPerDegree, isRightOf);
+        const auto first = std::lower_bound(sorted.begin(), sorted.end(), yaw - degree, isLeftOf);
+        const auto last = std::upper_bound(first, sorted.end(), yaw + degree, isRightOf);
         return {static_cast<std::size_t>(first - sorted.begin()), static_cast<std::size_t>(last - sorted.begin())};
     }
 

@@ -125,10 +125,10 @@ constexpr double firstLine = 0.05;
 constexpr double lastLine = 0.95;
 constexpr double fullShare = 0.9;
 
-/// The lines from edge to edge that the common area is measured on.
-class Lines {
+/// The share of an image that another one covers, along lines from edge to edge.
+class LinesAcross {
 public:
-    Lines(const Sides& sides, ImageEdge edge)
+    LinesAcross(const Sides& sides, ImageEdge edge)
         : m_sides(sides), m_isHorizontal(edge == ImageEdge::Left || edge == ImageEdge::Right) {}
 
     [[nodiscard]] double shareAt(double place) const {
@@ -144,7 +144,7 @@ private:
 
 /// The common area has no dents: between two of its corners the share changes evenly. It is least on the first or the last
 /// line, and most on one of them or at a corner.
-void measure(Overlap& overlap, const Lines& lines, const Polygon& common) {
+void measure(Overlap& overlap, const LinesAcross& lines, const Polygon& common) {
     double from = lastLine;
     double to = firstLine;
     const double first = lines.shareAt(firstLine);
@@ -238,8 +238,8 @@ Overlap overlapOn(const Channel& channel, const Planes& other) {
     if (shares.area <= 0.0) return overlap;
     overlap.area = std::min(1.0, shares.area);
     overlap.edge = edgeBeside(shares.centre);
-    overlap.across = Lines(sides, ImageEdge::Left).shareAt(0.5);
-    measure(overlap, Lines(sides, overlap.edge), common);
+    overlap.across = LinesAcross(sides, ImageEdge::Left).shareAt(0.5);
+    measure(overlap, LinesAcross(sides, overlap.edge), common);
     return overlap;
 }
 
@@ -249,8 +249,7 @@ namespace XMLConfig {
 
 Heading headingOf(const Point_3Dim<double>& direction, double beside) {
     const double yaw = std::atan2(direction.x, direction.y);
-    const double turn = 2.0 * detail::pi;
-    return {yaw + turn * std::round((beside - yaw) / turn), detail::pitchOf(direction)};
+    return {yaw + detail::fullTurn * std::round((beside - yaw) / detail::fullTurn), detail::pitchOf(direction)};
 }
 
 std::vector<Point_3Dim<double>> outlineOf(const Channel& channel, const EdgeValues& part, int points) {

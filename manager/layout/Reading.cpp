@@ -47,7 +47,7 @@ ChannelState stateOf(const Channel& channel) {
     if (anyOf(angles, 0, [](double angle) { return !std::isfinite(angle); }) || !isFinite(channel.eyePoint))
         return ChannelState::NotANumber;
     if (!anyOf(angles, firstEdge, [](double angle) { return angle != 0.0; })) return ChannelState::Missing;
-    if (anyOf(angles, 0, [](double angle) { return std::abs(angle) > 2.0 * pi; })) return ChannelState::LooksLikeDegrees;
+    if (anyOf(angles, 0, [](double angle) { return std::abs(angle) > fullTurn; })) return ChannelState::LooksLikeDegrees;
     if (edges.left >= edges.right || edges.bottom >= edges.top) return ChannelState::EdgesSwapped;
     if (anyOf(angles, firstEdge, [](double angle) { return std::abs(angle) >= widestEdge; }))
         return ChannelState::FieldTooWide;

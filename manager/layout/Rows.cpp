@@ -49,14 +49,14 @@ private:
     }
 
     /// The yaw from half a turn to the left to half a turn to the right.
-    [[nodiscard]] double headingIn(std::size_t index) const { return std::remainder(m_channels[index].yaw, 2.0 * pi); }
+    [[nodiscard]] double headingIn(std::size_t index) const { return std::remainder(m_channels[index].yaw, fullTurn); }
 
     /// The angle clockwise from the one's right edge to the other's left edge; negative where they overlap.
     [[nodiscard]] double distance(std::size_t left, std::size_t right) const {
         const Channel& one = m_channels[left];
         const Channel& other = m_channels[right];
         double turned = headingIn(right) - headingIn(left);
-        if (turned < -rounding) turned += 2.0 * pi;
+        if (turned < -rounding) turned += fullTurn;
         return turned + other.edges.left - one.edges.right;
     }
 

@@ -9,11 +9,10 @@ namespace XMLConfig::detail {
 namespace {
 
 constexpr double rounding = 1e-9;
-constexpr double turn = 2.0 * pi;
 
 bool isRange(const Interval& range) {
-    return std::isfinite(range.from) && std::isfinite(range.to) && range.from < range.to && std::abs(range.from) <= turn &&
-           std::abs(range.to) <= turn;
+    return std::isfinite(range.from) && std::isfinite(range.to) && range.from < range.to &&
+           std::abs(range.from) <= fullTurn && std::abs(range.to) <= fullTurn;
 }
 
 }  // namespace
@@ -41,7 +40,7 @@ bool Surface::setLimits() {
     const LayoutScreen& screen = m_screen;
     const bool isSized = std::isfinite(screen.radius) && screen.radius > 0.0 && isFinite(screen.centre);
     if (!isSized || !isRange(screen.theta)) return false;
-    m_around = {screen.theta.from, std::min(screen.theta.to, screen.theta.from + turn)};
+    m_around = {screen.theta.from, std::min(screen.theta.to, screen.theta.from + fullTurn)};
     if (!m_isSphere && std::isfinite(screen.height) && screen.height > 0.0) {
         m_heights = {-screen.height / 2.0, screen.height / 2.0};
         return std::abs(phiOf(m_heights.to)) <= highestCylinder;
@@ -54,7 +53,7 @@ bool Surface::setLimits() {
 }
 
 double Surface::heightStep() const { return (m_isSphere ? 1.0 : m_screen.radius) * 0.5 * degree; }
-bool Surface::isClosed() const { return m_around.to - m_around.from > turn - rounding; }
+bool Surface::isClosed() const { return m_around.to - m_around.from > fullTurn - rounding; }
 bool Surface::endsBelow() const { return !m_isSphere || m_heights.from > -pi / 2.0 + rounding; }
 bool Surface::endsAbove() const { return !m_isSphere || m_heights.to < pi / 2.0 - rounding; }
 

@@ -2,15 +2,13 @@
 
 #include <cmath>
 
+#include "base/Angles.h"
 #include "store/ValueTypes.h"
 
 /// Reckoning with directions and points.
 namespace XMLConfig::detail {
 
 using Vector = Point_3Dim<double>;
-
-inline constexpr double pi = 3.14159265358979323846;
-inline constexpr double degree = pi / 180.0;
 
 inline double dot(const Vector& a, const Vector& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 inline Vector plus(const Vector& a, const Vector& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }

@@ -243,9 +243,9 @@ TEST(SettingTable, TextsOfANewSectionNameItsID) {
 }
 
 TEST(SettingTable, DegreesAreConvertedAsTheUnitTableDoes) {
-    static_assert(XMLConfig::detail::degrees(0.0) == 0.0);
+    static_assert(XMLConfig::detail::fromDegrees(0.0) == 0.0);
     for (const double value : {20.0, -20.0, 30.0, 180.0, 1.0 / 3.0})
-        EXPECT_EQ(XMLConfig::detail::degrees(value),
+        EXPECT_EQ(XMLConfig::detail::fromDegrees(value),
                   UnitConversionTable::convertValue(UnitConversionTable::Degrees, UnitConversionTable::Radians, value));
 }
 

@@ -18,8 +18,8 @@
 #include <thread>
 
 #include "store/CorvaneException.h"
+#include "tests/faults/FailingCalls.h"
 #include "tests/faults/Operations.h"
-#include "tests/faults/SystemCalls.h"
 
 namespace faults {
 

@@ -11,7 +11,7 @@
 #include "manager/VirtualDevices.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
-#include "tests/support/Environment.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TestDocument.h"
 
 namespace {

@@ -29,7 +29,7 @@
 #include "tests/manager/TestManager.h"
 #include "tests/support/DocumentTexts.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/ManagerLog.h"
+#include "tests/support/ManagerLine.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/VirtualSlots.h"

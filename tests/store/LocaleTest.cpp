@@ -2,7 +2,7 @@
 #include <cstdlib>
 
 #include "tests/store/StoreSupport.h"
-#include "tests/support/Environment.h"
+#include "tests/support/EnvironmentVariable.h"
 
 namespace storetests {
 

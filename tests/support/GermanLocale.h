@@ -5,7 +5,7 @@
 #include <locale>
 #include <string>
 
-#include "tests/support/Environment.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TemporaryFolder.h"
 
 /// While it lives, numbers of the C and of the C++ library have a decimal comma and points between

@@ -11,7 +11,7 @@
 #include <sddl.h>
 
 #include "platform/Files.h"
-#include "tests/support/Environment.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/FileErrors.h"
 #include "tests/support/TemporaryFolder.h"
 

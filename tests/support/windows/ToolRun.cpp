@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <optional>
 
-#include "tests/support/Environment.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/windows/StartedProgram.h"
 
 std::string toolPath() {

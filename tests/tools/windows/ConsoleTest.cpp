@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/support/Environment.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/windows/StartedProgram.h"
 
 namespace {

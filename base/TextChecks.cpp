@@ -1,4 +1,4 @@
-#include "base/StoredTexts.h"
+#include "base/TextChecks.h"
 
 #include <algorithm>
 #include <stdexcept>

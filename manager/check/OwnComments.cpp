@@ -1,4 +1,4 @@
-#include "manager/check/Comments.h"
+#include "manager/check/OwnComments.h"
 
 #include <algorithm>
 

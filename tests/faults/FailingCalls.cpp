@@ -1,4 +1,4 @@
-#include "tests/faults/SystemCalls.h"
+#include "tests/faults/FailingCalls.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>

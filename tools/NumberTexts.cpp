@@ -1,4 +1,4 @@
-#include "tools/Numbers.h"
+#include "tools/NumberTexts.h"
 
 #include <fmt/format.h>
 #include <charconv>
@@ -35,10 +35,7 @@ std::wstring percentText(double share) {
     return percent == 0.0 && share > 0.0 ? L"under 1 %" : numberText(percent) + L" %";
 }
 
-std::wstring shownVersion(double version) {
-    const std::wstring digits = numberText(version, 3);
-    return digits.find(L'.') == std::wstring::npos ? digits + L".0" : digits;
-}
+std::wstring shownVersion(double version) { return XMLConfig::detail::withOneDecimal(numberText(version, 3)); }
 
 double numberRead(const std::wstring& stored) {
     const std::optional<std::wstring> read = XMLConfig::textAsRead(stored, XMLConfig::SettingType::Double);

@@ -1,4 +1,4 @@
-#include "tools/Table.h"
+#include "tools/TableText.h"
 
 #include <utf8proc.h>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "manager/check/Reading.h"
+#include "manager/check/CheckedDocument.h"
 
 #include <algorithm>
 #include <unordered_map>

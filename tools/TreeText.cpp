@@ -1,4 +1,4 @@
-#include "tools/Tree.h"
+#include "tools/TreeText.h"
 
 #include <algorithm>
 
