@@ -48,6 +48,10 @@ std::wstring whatHappened(const Change& change, const Showing& showing) {
            (change.inheritedFrom.empty() ? L" (default)" : L" (inherited from " + change.inheritedFrom + L")");
 }
 
+std::wstring placeText(const Change& change, const Showing& showing) {
+    return change.address.empty() ? L"the whole file" : showing.address(change.address, change.place);
+}
+
 }  // namespace
 
 Change beginChange(const ConfigInfo& document, const Address& place) {
@@ -74,8 +78,7 @@ std::wstring changesText(const std::vector<Change>& changes, const Showing& show
     std::vector<std::vector<std::wstring>> rows;
     rows.reserve(changes.size());
     for (const Change& change : changes)
-        rows.push_back({markOf(change, isColoured) + L" " + showing.address(change.address, change.place),
-                        whatHappened(change, showing)});
+        rows.push_back({markOf(change, isColoured) + L" " + placeText(change, showing), whatHappened(change, showing)});
     return tableText(rows, L"") + counted(changes.size(), L"change") + counts +
            (isDryRun ? L" (dry run, nothing written)\n" : L"\n");
 }

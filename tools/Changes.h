@@ -15,14 +15,14 @@ namespace tool {
 
 /// A text that a writing verb stored, replaced or took away.
 struct Change {
-    std::wstring address;  ///< as addressText writes it; followed by the part of a device snippet
+    std::wstring address;  ///< as addressText writes it; followed by the part of a device snippet; "" for the whole document
     XMLConfig::Address place;
-    std::optional<std::wstring> old;    ///< what was stored; nothing where nothing was
-    std::optional<std::wstring> now;    ///< what is stored; nothing where nothing is
-    std::wstring counted;               ///< what the application reads where nothing is stored
-    std::wstring inheritedFrom;         ///< the section that gives it; empty for a default
-    bool isKnown = false;               ///< whether the catalogue knows what counts where nothing is stored
-    const XMLConfig::Setting* setting;  ///< null for what the catalogue does not know
+    std::optional<std::wstring> old;              ///< what was stored; nothing where nothing was
+    std::optional<std::wstring> now;              ///< what is stored; nothing where nothing is
+    std::wstring counted;                         ///< what the application reads where nothing is stored
+    std::wstring inheritedFrom;                   ///< the section that gives it; empty for a default
+    bool isKnown = false;                         ///< whether the catalogue knows what counts where nothing is stored
+    const XMLConfig::Setting* setting = nullptr;  ///< null for what the catalogue does not know
 };
 
 /// What is stored at a place, or counts there, before a change of it.

@@ -133,13 +133,24 @@ std::wstring errorsText(const std::string& file, const FindingChange& findings, 
     return text;
 }
 
+/// What was found before, and the comments that accept files that are not missing any more.
+std::vector<Finding> toMend(const ConfigInfo& document, const Before& before, const Request& request,
+                            const std::string& file) {
+    XMLConfig::CheckOptions options = optionsOf(request, file, std::nullopt);
+    options.onlyRules = {L"XC910"};
+    std::vector<Finding> findings = before.findings;
+    for (Finding& finding : XMLConfig::check(document, options)) findings.push_back(std::move(finding));
+    return findings;
+}
+
 /// Mends and writes; what was told of it before the findings. Throws what refuses it.
 std::wstring fixInFile(CheckedFile& checked, const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(checked.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(checked.file);
     requireLatestVersion(*document, checked.file);
     const Before before(*document, checked.file);
-    const std::vector<Change> changes = mend(*document, before.findings, request, checked.file);
+    const std::vector<Change> changes =
+        mend(*document, toMend(*document, before, request, checked.file), request, checked.file);
     const FindingChange findings = compareFindings(before.findings, findingsOf(*document, checked.file));
     if (findings.newErrors > 0) throw Refusal(errorsText(checked.file, findings, Showing(*document)));
     const bool isToBeWritten = !changes.empty() && !request.dryRun;

@@ -45,7 +45,7 @@ std::vector<Finding> findingsOf(const ConfigInfo& document, const std::string& f
     std::vector<Finding> findings = XMLConfig::check(document, options);
     for (Finding& finding : findings) {
         finding.element = {};
-        finding.places.clear();
+        for (XMLConfig::FindingPlace& place : finding.places) place.element = {};
     }
     return findings;
 }

@@ -4,7 +4,11 @@
 #include <set>
 #include <sstream>
 
+#include "manager/CheckRules.h"
 #include "platform/Utf8.h"
+#include "platform/Words.h"
+#include "store/Address.h"
+#include "store/Comments.h"
 #include "store/CorvaneException.h"
 #include "tools/Changing.h"
 #include "tools/Output.h"
@@ -18,6 +22,8 @@ using XMLConfig::MendSafety;
 
 /// One mend can make room for another, and none undoes what another did; the bound is for what nobody thought of.
 constexpr int mostRounds = 4;
+
+constexpr const wchar_t* acceptedGone = L"XC910";
 
 bool isAmong(const std::vector<std::wstring>& rules, const std::wstring& rule) {
     return std::find(rules.begin(), rules.end(), rule) != rules.end();
@@ -37,6 +43,16 @@ std::vector<std::wstring> namedRules(const std::string& fix) {
     std::istringstream list(fix);
     for (std::string word; std::getline(list, word, ',');) words.push_back(word);
     return rulesOf(words);
+}
+
+/// Refuses a rule that nothing is ever mended of.
+void refuseWithoutMend(const std::wstring& id) {
+    const XMLConfig::CheckRule& rule = *XMLConfig::findRule(id);
+    if (rule.safety != MendSafety::None) return;
+    const std::wstring mend = rule.mend;
+    throw WrongOperands(XMLConfig::utf8FromWide(
+        L"--fix=" + id + L": the rule has no mend that a program could do" +
+        (mend.empty() ? L"; 'xmlconfig describe " + id + L"' tells what it looks at" : L", only a person: " + mend)));
 }
 
 class Mending {
@@ -71,6 +87,7 @@ private:
     }
 
     static bool isNew(std::set<std::wstring>& met, const Finding& finding) {
+        if (finding.rule == acceptedGone) return true;  // changes no setting
         std::vector<std::wstring> places;
         for (const std::vector<std::wstring>& command : finding.mend.commands) {
             const std::size_t value = command[0] == L"set" ? valueStart(command[2]) : std::wstring::npos;
@@ -84,12 +101,27 @@ private:
 
     void mendOne(const Finding& finding) {
         try {
-            for (const std::vector<std::wstring>& command : finding.mend.commands) run(command);
+            if (finding.rule == acceptedGone) removeAcceptance(finding);
+            else
+                for (const std::vector<std::wstring>& command : finding.mend.commands) run(command);
         } catch (const Refusal& fault) {
             refuse(finding, XMLConfig::wideFromUtf8(fault.what()));
         } catch (const CorvaneExceptionBase& fault) {
             refuse(finding, fault.getMessage());
         }
+    }
+
+    /// The command that mends it is --fix itself.
+    void removeAcceptance(const Finding& finding) {
+        const std::wstring& text = finding.places[0].text;
+        const bool isWhole = finding.address.empty();
+        Change change;
+        change.address = finding.address;
+        if (!isWhole) change.place = XMLConfig::parseAddress(finding.address);
+        change.old = XMLConfig::detail::withoutOuterBlanks(text);
+        const XMLConfig::ElementView around =
+            isWhole ? XMLConfig::rootElement(m_document) : XMLConfig::findElement(m_document, change.place);
+        if (XMLConfig::removeComment(m_document, around, text) > 0) m_changes.push_back(change);
     }
 
     void run(const std::vector<std::wstring>& command) {
@@ -123,7 +155,7 @@ bool forbidsMending(const Finding& finding) {
 
 void refuseWrongFix(const Request& request) {
     if (request.fix.empty()) return;
-    namedRules(request.fix);
+    for (const std::wstring& rule : namedRules(request.fix)) refuseWithoutMend(rule);
     if (!request.accepted.empty()) throw WrongOperands("--fix and --accept exclude each other");
     if (std::find(request.operands.begin(), request.operands.end(), "-") != request.operands.end())
         throw WrongOperands("--fix writes to files and cannot take standard input");

@@ -15,6 +15,14 @@ std::wstring field(const std::wstring& label, const std::wstring& text) {
     return text.empty() ? L"" : L"  " + label + std::wstring(width - label.size(), L' ') + text + L"\n";
 }
 
+/// Whether --fix does it.
+std::wstring fixText(const CheckRule& rule) {
+    if (*rule.mend == L'\0') return L"";
+    if (rule.safety == XMLConfig::MendSafety::None) return L"never";
+    return rule.safety == XMLConfig::MendSafety::Safe ? L"safe, done without asking"
+                                                      : L"only when asked for: --fix=" + std::wstring(rule.id);
+}
+
 }  // namespace
 
 const CheckRule* ruleNamed(const std::wstring& id) { return XMLConfig::findRule(XMLConfig::detail::upperAscii(id)); }
@@ -38,7 +46,8 @@ Rules rulesAbout(const std::wstring& word) {
 
 std::wstring ruleText(const CheckRule& rule) {
     return std::wstring(rule.id) + L" " + rule.name + L", " + rule.severity + L"\n  " + rule.meaning + L"\n" +
-           field(L"looks at", rule.looksAt) + field(L"exactly", rule.condition) + field(L"mend", rule.mend);
+           field(L"looks at", rule.looksAt) + field(L"exactly", rule.condition) + field(L"mend", rule.mend) +
+           field(L"--fix", fixText(rule));
 }
 
 std::wstring ruleIDs(const Rules& rules) {

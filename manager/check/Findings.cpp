@@ -68,8 +68,12 @@ void Findings::accept() {
 
 void Findings::addGone(const Acceptance& acceptance) {
     const Place place{acceptance.around, addressOf(acceptance.around), L""};
-    add(acceptedGone, Severity::Note, place, L"accepts " + acceptance.rule + L", which is not found any more").mend.safety =
-        MendSafety::Safe;
+    Finding& finding =
+        add(acceptedGone, Severity::Note, place, L"accepts " + acceptance.rule + L", which is not found any more");
+    finding.places = {otherPlace(place, acceptance.text)};
+    const ElementView above = acceptance.around.parent();
+    if (above && above.parent()) return;  // comments are taken out of the root and of sections only
+    finding.mend = {MendSafety::Safe, {{L"check", L"--fix", L"--only", acceptedGone, L"FILE"}}};
 }
 
 const CheckRule& Findings::ruleOf(const wchar_t* id) {

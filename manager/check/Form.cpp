@@ -49,7 +49,7 @@ private:
 
     void checkSection(const CheckedSection& section) {
         if (!section.isKnown) return addUnknownSection(section);
-        if (isDeviceSection(section.tag) && section.id.empty())
+        if (lacksID(section))
             m_findings.add(L"XC107", Severity::Error, placeOf(section), L"a " + lowerAscii(section.tag) + L" has no ID");
         if (section.hiddenBy)
             addHidden(m_findings.add(L"XC106", Severity::Error, placeOf(section), hidden), section.hiddenBy);
@@ -68,10 +68,28 @@ private:
     }
 
     void checkItem(const CheckedSection& section, const CheckedItem& item) {
-        if (item.hiddenBy) addHidden(add(L"XC106", Severity::Warning, section, item, hidden), item.hiddenBy);
+        if (item.hiddenBy) checkHidden(section, item);
         else if (item.kind == CheckedItem::Kind::Unknown) checkUnknown(section, item);
         else if (item.kind == CheckedItem::Kind::Value) checkValue(section, item);
     }
+
+    /// The next one after the element with its name and ID.
+    static ElementView nextLike(const ElementView& element) {
+        ElementView next = element.next();
+        while (next && (!next.isNamedLike(element) || next.id() != element.id())) next = next.next();
+        return next;
+    }
+
+    /// "unset" takes the first, after which the second is read; it reaches only what stands directly in a section.
+    void checkHidden(const CheckedSection& section, const CheckedItem& item) {
+        Finding& finding = add(L"XC106", Severity::Warning, section, item, hidden);
+        addHidden(finding, item.hiddenBy);
+        const bool isReached = !section.hiddenBy && !lacksID(section) && item.element.parent() == section.element;
+        if (isReached && nextLike(item.hiddenBy) == item.element && haveEqualContents(item.element, item.hiddenBy))
+            finding.mend = {MendSafety::Safe, {unsetCommand(placeOf(section, item))}};
+    }
+
+    static bool lacksID(const CheckedSection& section) { return isDeviceSection(section.tag) && section.id.empty(); }
 
     void checkUnknown(const CheckedSection& section, const CheckedItem& item) {
         if (isOpenSection(section.tag) || item.key == L"OldSectionID") return;

@@ -61,7 +61,7 @@ std::vector<Acceptance> acceptancesOf(const std::vector<CommentView>& comments) 
     std::vector<Acceptance> acceptances;
     for (const CommentView& comment : comments)
         if (const std::optional<std::wstring> rest = restAfter(acceptingWords, comment.text))
-            acceptances.push_back({rest->substr(0, rest->find_first_of(L": \t\r\n")), comment.around});
+            acceptances.push_back({rest->substr(0, rest->find_first_of(L": \t\r\n")), comment.around, comment.text});
     return acceptances;
 }
 

@@ -13,6 +13,7 @@ namespace XMLConfig::detail {
 struct Acceptance {
     std::wstring rule;
     ElementView around;  ///< what it holds for, with all that is inside
+    std::wstring text;   ///< the whole comment
 };
 std::vector<Acceptance> acceptancesOf(const std::vector<CommentView>& comments);
 

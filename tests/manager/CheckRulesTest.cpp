@@ -141,6 +141,13 @@ const std::vector<Case>& cases() {
          L"is hidden by an earlier one",
          {},
          "<Blend_Run>false"},
+        {L"XC106",
+         W,
+         {{"", blendRun, blendRun + "\n<Blend_Run >true</Blend_Run>"}},
+         L"Geometry/Blend_Run",
+         L"is hidden by an earlier one",
+         {},
+         "<Blend_Run >"},
         {L"XC106", E, {{"", C2, C1 + "/>\n" + C2}}, c1, L"is hidden by an earlier one", {}, C1 + "/>"},
         {L"XC107", E, {{"", C2, "<Camera/>\n" + C2}}, L"Camera", L"a camera has no ID"},
         {L"XC108",
@@ -836,6 +843,7 @@ const std::vector<std::string>& mends() {
     static const std::vector<std::string> all = {
         "XC103 asked: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma=2.2",
         "XC104 asked: set FILE Geometry/Blend_Run=true; unset FILE Geometry/Blend_Rum",
+        "XC106 safe: unset FILE Geometry/Blend_Run",
         "XC109 safe: set FILE Screen/Shape=Sphere",
         "XC111 none: set FILE Projector[VELDAR***00:0a:0b:0c:0d:1f]/Gamma=2.3",
         "XC112 asked: unset FILE Geometry/Serial_Run",
@@ -858,7 +866,7 @@ const std::vector<std::string>& mends() {
         "XC408 none: set FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma=2.200000000000000e+00",
         "XC409 safe: unset FILE Projector[VELDAR***00:0a:0b:0c:0d:01]/Portrait_Mode",
         "XC601 asked: set FILE Camera[PGR***02:1c:00:51:00:a0]/ExplicitExtrinsicValid=false",
-        "XC910 safe:",
+        "XC910 safe: check --fix --only XC910 FILE",
     };
     // clang-format on
     return all;

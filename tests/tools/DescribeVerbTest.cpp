@@ -9,7 +9,9 @@
 
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 }  // namespace
@@ -73,7 +75,14 @@ TEST(DescribeVerb, TellsWhatARuleLooksAt) {
         "  A blend takes less of the image than a neighbour overlaps. What lies between is lit by both: a bright band.\n"
         "  looks at      Projector/Blend_Left, _Right, _Top, _Bottom, Projector/Channel_Extents\n"
         "  exactly       0 <= blend < least overlap - 2, where a neighbour overlaps over more than 90 % of that edge\n"
-        "  mend          set the blend to the overlap in the middle, or mend the channel\n");
+        "  mend          set the blend to the overlap in the middle, or mend the channel\n"
+        "  --fix         only when asked for: --fix=XC312\n");
+}
+
+TEST(DescribeVerb, TellsWhoDoesTheMendOfARule) {
+    EXPECT_THAT(runTool({"describe", "XC409"}).output, EndsWith("\n  --fix         safe, done without asking\n"));
+    EXPECT_THAT(runTool({"describe", "XC206"}).output, EndsWith("\n  --fix         never\n"));
+    EXPECT_THAT(runTool({"describe", "XC301"}).output, Not(HasSubstr("--fix")));
 }
 
 TEST(DescribeVerb, TellsWhichRulesLookAtASetting) {

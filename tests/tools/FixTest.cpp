@@ -106,6 +106,61 @@ TEST_F(Fix, MendsWhatAMendUncovers) {
                   file + ": 0 errors, 0 warnings, 0 notes; all is well\n");
 }
 
+TEST_F(Fix, TakesAwayASecondItemOfTheSameText) {
+    std::string text = exampleText();
+    replaceOnce(text, "<Fit_Order>3<", "<Fit_Order>3</Fit_Order><Fit_Order>3</Fit_Order><Fit_Order>3<");
+    replaceOnce(text, "<Blend_Run>true<", "<Blend_Run>true</Blend_Run><Blend_Run>false</Blend_Run><Blend_Run>true<");
+    const std::string file = fileOf(text);
+    const ToolRun run = runTool({"check", "--fix", "--only", "XC106", file});
+    EXPECT_THAT(run.output, StartsWith("~ Geometry/Fit_Order  3 -> 3\n~ Geometry/Fit_Order  3 -> 3\n2 changes, "));
+    EXPECT_THAT(run.output, HasSubstr("/Blend_Run: is hidden by that in line "));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(runTool({"get", file, "Geometry/Fit_Order"}).output, "3\n");
+    EXPECT_THAT(contentOf(file), Not(HasSubstr("<Fit_Order>3</Fit_Order><Fit_Order>")));
+}
+
+TEST_F(Fix, LeavesSecondItemsAloneThatUnsetDoesNotReach) {
+    const std::string file = fileOf(
+        "<ConfigInfo><Version>9.000</Version><Screen><Checkerboard_Calibration><Grid_Size><Rows>3</Rows>"
+        "<Rows>3</Rows></Grid_Size></Checkerboard_Calibration></Screen></ConfigInfo>");
+    EXPECT_THAT(runTool({"check", "--fix", "--only", "XC106", file}).output, StartsWith("0 changes, "));
+    const Json answer = Json::parse(runTool({"check", "--json", "--only", "XC106", file}).output);
+    EXPECT_EQ(answer["files"][0]["findings"][0]["mend"]["safety"], "none");
+}
+
+TEST_F(Fix, TakesAwayCommentsThatAcceptNothing) {
+    std::string text = exampleText();
+    replaceOnce(text, "<Geometry>", "<Geometry><!-- xmlconfig accepts XC407: by hand --><!-- keep me -->");
+    replaceOnce(text, "<System>", "<!-- xmlconfig accepts XC701: one box --><System>");
+    const std::string file = fileOf(text);
+    const ToolRun run = runTool({"check", "--fix", "--only", "XC910", file});
+    EXPECT_THAT(run.output, StartsWith("- Geometry        xmlconfig accepts XC407: by hand\n"
+                                       "- the whole file  xmlconfig accepts XC701: one box\n"
+                                       "2 changes, 0 new findings, 2 solved (XC910)\n"));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(contentOf(file), Not(HasSubstr("xmlconfig accepts")));
+    EXPECT_THAT(contentOf(file), HasSubstr("<!-- keep me -->"));
+}
+
+TEST_F(Fix, TakesAwayCommentsThatAcceptMissingFilesWhichAreThere) {
+    const std::string file =
+        fileOf("<ConfigInfo><Version>9.000</Version><Screen><!-- xmlconfig accepts XC902: later --></Screen></ConfigInfo>");
+    EXPECT_THAT(runTool({"check", "--fix", "--no-files", file}).output, StartsWith("0 changes, "));
+    EXPECT_THAT(runTool({"check", "--fix", file}).output,
+                StartsWith("- Screen  xmlconfig accepts XC902: later\n1 change, "));
+    EXPECT_THAT(contentOf(file), Not(HasSubstr("accepts")));
+}
+
+TEST_F(Fix, SaysThatARuleHasNoMend) {
+    const std::string file = fileOf(exampleText());
+    expectRun(runTool({"check", "--fix=XC409,xc301", file}), 2, "",
+              "xmlconfig: --fix=XC301: the rule has no mend that a program could do; 'xmlconfig describe XC301' tells "
+              "what it looks at\n");
+    expectRun(runTool({"check", "--fix=XC206", file}), 2, "",
+              "xmlconfig: --fix=XC206: the rule has no mend that a program could do, only a person: set another name\n");
+    EXPECT_EQ(contentOf(file), exampleText());
+}
+
 TEST_F(Fix, RefusesMendsThatMakeErrors) {
     const std::string text = "<ConfigInfo><Version>9.000</Version><Screen><Shape>sphere</Shape></Screen></ConfigInfo>";
     const std::string round = fileOf(text);
