@@ -54,6 +54,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/Origin.h
     manager/Selector.h
     manager/SettingSearch.h
+    manager/StoredTexts.h
     manager/UlvanoDiagnostics.h
     manager/Upgrade.h
     manager/UpgradeFile.h

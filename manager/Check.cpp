@@ -1,6 +1,7 @@
 #include "manager/Check.h"
 
 #include "manager/check/Findings.h"
+#include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
 
@@ -19,14 +20,14 @@ constexpr Group groups[] = {{L"XC1", detail::checkForm},    {L"XC2", detail::che
 
 std::wstring shownVersion(double version) { return detail::withOneDecimal(detail::shortNumber(version, 3)); }
 
-ElementView versionElement(const ConfigInfo& document) { return rootElement(document).child(L"Version"); }
+ElementView versionElement(const ConfigInfo& document) { return rootElement(document).child(detail::versionElement); }
 
 bool isNewer(const ConfigInfo& document) {
     return versionElement(document) && document.getVersion() > ConfigInfoFactory::getLatestFileVersionNumber();
 }
 
 void addNewer(Findings& findings, const ConfigInfo& document) {
-    findings.add(L"XC102", Severity::Error, {versionElement(document), L"Version", L""},
+    findings.add(L"XC102", Severity::Error, {versionElement(document), detail::versionElement, L""},
                  L"is of file version " + shownVersion(document.getVersion()) + L"; this program knows " +
                      shownVersion(ConfigInfoFactory::getLatestFileVersionNumber()));
 }

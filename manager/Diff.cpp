@@ -7,9 +7,10 @@
 #include "manager/Origin.h"
 #include "manager/SettingSearch.h"
 #include "manager/diff/DeviceMatches.h"
-#include "manager/diff/StoredTexts.h"
+#include "manager/diff/SectionTexts.h"
 #include "manager/diff/ValueComparison.h"
 #include "platform/Words.h"
+#include "store/BuildIdentity.h"
 #include "store/Tokens.h"
 
 namespace XMLConfig {
@@ -17,8 +18,7 @@ namespace {
 
 using detail::DeviceMatch;
 using detail::endsWith;
-using detail::StoredText;
-using detail::StoredTexts;
+using detail::SectionTexts;
 
 std::wstring nameOf(const ElementView& device) { return device.child(L"Name").text(); }
 
@@ -34,7 +34,7 @@ bool belongsToRenaming(const StoredText& text) {
 }
 
 /// The other key of a point that two cameras share, of those that `others` holds; the two may be named in either order.
-const StoredText* findSwapped(const StoredTexts& others, const StoredText& point) {
+const StoredText* findSwapped(const SectionTexts& others, const StoredText& point) {
     const std::size_t start = point.path.find(L'_') + 1;
     const std::wstring pair = point.path.substr(start);
     for (std::size_t i = pair.find(L'_'); i != std::wstring::npos; i = pair.find(L'_', i + 1)) {
@@ -91,7 +91,7 @@ private:
                 compare({match.old, match.now, match.old.id() != match.now.id()});
             } else {
                 const ElementView& device = match.now ? match.now : match.old;
-                const std::size_t settings = StoredTexts(device).all().size();
+                const std::size_t settings = SectionTexts(device).all().size();
                 (match.now ? m_found.added : m_found.removed).push_back({tag, device.id(), nameOf(device), settings});
             }
         }
@@ -123,14 +123,14 @@ private:
         if (pair.old) difference.old = pair.old.text();
         if (pair.now) difference.now = pair.now.text();
         if (difference.old == difference.now) return;
-        const bool isStamp = name == L"BuildDate" || name == L"BuildNumber";
+        const bool isStamp = name == detail::buildDateElement || name == detail::buildNumberElement;
         (isStamp ? m_found.runs : m_found.changed).push_back(difference);
     }
 
     void compare(const Pair& pair) {
         if (pair.old && pair.now && haveEqualContents(pair.old, pair.now)) return;
-        const StoredTexts olds(pair.old);
-        const StoredTexts news(pair.now);
+        const SectionTexts olds(pair.old);
+        const SectionTexts news(pair.now);
         for (const StoredText& now : news.all()) {
             const StoredText* old = olds.find(now.path);
             if (old == nullptr && isOverlapPoint(now)) old = findSwapped(olds, now);

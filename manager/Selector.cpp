@@ -4,6 +4,7 @@
 #include <functional>
 #include <iterator>
 
+#include "manager/DeviceAddresses.h"
 #include "manager/SettingSearch.h"
 #include "platform/Words.h"
 #include "store/ConfigInfo.h"
@@ -16,7 +17,8 @@ using Devices = std::vector<ElementView>;
 
 /// Whether the ID holds `ending` after a ":" or "***", as its last part.
 bool isEndingOf(const std::wstring& ending, const std::wstring& id) {
-    return !ending.empty() && (detail::endsWith(id, L":" + ending) || detail::endsWith(id, L"***" + ending));
+    return !ending.empty() &&
+           (detail::endsWith(id, L":" + ending) || detail::endsWith(id, detail::deviceIDSeparator + ending));
 }
 
 /// The number in "#3", counted from 1; 0 for every other text.

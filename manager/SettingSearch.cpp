@@ -7,6 +7,7 @@
 
 #include "manager/Catalogue.h"
 #include "sections/OpenItems.h"
+#include "store/BuildIdentity.h"
 
 namespace XMLConfig {
 namespace {
@@ -172,7 +173,8 @@ bool namesCameras(const Setting& setting) {
 }
 
 bool isHeaderElement(const std::wstring& name) {
-    return name == L"Version" || name == L"BuildDate" || name == L"BuildNumber" || name == L"DevelopedBy";
+    return std::find(std::begin(detail::headerElements), std::end(detail::headerElements), name) !=
+           std::end(detail::headerElements);
 }
 
 std::vector<std::wstring> sectionNames() {

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "manager/DeviceAddresses.h"
 #include "manager/FakeDevices.h"
 #include "platform/Environment.h"
 #include "platform/Numbers.h"
@@ -15,7 +16,6 @@ namespace XMLConfig::detail {
 namespace {
 
 constexpr const wchar_t* snippetKey = L"DeviceSnippet";
-constexpr const wchar_t* idSeparator = L"***";
 
 bool isSetTo(const wchar_t* variable, const wchar_t* value) {
     const auto found = environmentVariable(variable);
@@ -42,7 +42,7 @@ void makeProjectorVirtual(ConfigInfo& document, const std::wstring& id) {
     const int height = document.getIntegerItem(L"Projector", L"Resolution_Y", 1050, id);
     const auto device = deviceOf(document, L"Projector", id);
     if (!device || !device->hasChild(L"connection")) return;
-    if (device->attribute(L"UID").value_or(L"").find(idSeparator) == std::wstring::npos) {
+    if (!deviceIDOf(device->attribute(L"UID").value_or(L""))) {
         throw CorvaneException(L"Deive id incorrect");  // spelt so on purpose: applications know it
     }
     device->replaceChild(L"connection", virtualConnection(device->attribute(L"type").value_or(L""), width, height));

@@ -36,7 +36,7 @@ std::unique_ptr<Document> startedDocument() {
 }
 
 XMLConfig::detail::Section& versionSection(const Document& document, const wchar_t* prefix) {
-    auto* const section = document.getSection(L"Version", {});
+    auto* const section = document.getSection(XMLConfig::detail::versionElement, {});
     if (section == nullptr) throw CorvaneException(prefix + std::wstring(L" No \"version\" node in XML file"));
     return *section;
 }
@@ -99,7 +99,7 @@ void ConfigInfo::setVersion(double version) {
     reporting(prefix, [&] {
         XMLConfig::detail::Section& section = versionSection(*m_document, prefix);
         const std::wstring text = XMLConfig::detail::versionText(version).substr(0, versionLength);
-        Change change{Change::Kind::VersionChanged, L"Version", {}, {}, {}, text};
+        Change change{Change::Kind::VersionChanged, XMLConfig::detail::versionElement, {}, {}, {}, text};
         if (m_document->observer != nullptr) change.oldValue = wideTextOf(*section.element);
         m_document->setSectionText(section, text);
         m_dirty = true;
@@ -115,14 +115,14 @@ void ConfigInfo::insertBuildDateAndNumber() {
             std::wstring text;
             bool isSeen;
         };
-        Stamp stamps[] = {{L"BuildDate", XMLConfig::detail::buildDate, false},
-                          {L"BuildNumber", XMLConfig::detail::buildNumber(), false}};
+        Stamp stamps[] = {{XMLConfig::detail::buildDateElement, XMLConfig::detail::buildDate, false},
+                          {XMLConfig::detail::buildNumberElement, XMLConfig::detail::buildNumber(), false}};
         std::vector<XMLConfig::detail::Header> headers;
         xercesc::DOMElement* maker = nullptr;
         for (auto* child = m_document->root()->getFirstElementChild();
              child != nullptr && !(stamps[0].isSeen && stamps[1].isSeen); child = child->getNextElementSibling()) {
             const std::wstring name = XMLConfig::detail::fromUtf16(XMLConfig::detail::view(child->getNodeName()));
-            if (maker == nullptr && name == L"DevelopedBy") maker = child;
+            if (maker == nullptr && name == XMLConfig::detail::makerElement) maker = child;
             for (Stamp& stamp : stamps) {
                 if (name != stamp.name) continue;
                 stamp.isSeen = true;

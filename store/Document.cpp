@@ -78,10 +78,10 @@ void Document::initializeDOM() {
             append(*element, *made->createTextNode(xmlText(toUtf16(text))));
             append(*made->getDocumentElement(), *element);
         };
-        add(L"Version", versionText(latestFileVersion));
-        add(L"BuildDate", buildDate);
-        add(L"BuildNumber", buildNumber());
-        add(L"DevelopedBy", makerName);
+        add(versionElement, versionText(latestFileVersion));
+        add(buildDateElement, buildDate);
+        add(buildNumberElement, buildNumber());
+        add(makerElement, makerName);
         adopt(std::move(made));
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(L"Error initializeDataFile: DOMException code is: " + formatInteger(exception.code));

@@ -67,8 +67,8 @@ void addAnswers(std::vector<Answer>& answers, const ConfigInfo& document, const 
         answers.push_back(std::move(answer));
         return;
     }
-    for (const AddressedText& text : textsAt(answer.element, place)) {
-        if (text.inSnippet) answers.push_back({text.address, text.place, nullptr, text.element, text.text, std::nullopt});
+    for (const XMLConfig::StoredText& text : textsAt(answer.element, place)) {
+        if (text.inSnippet) answers.push_back({text.path, text.place, nullptr, text.element, text.text, std::nullopt});
         else answers.push_back(answerAt(document, text.place));
     }
 }

@@ -1,12 +1,11 @@
 #include "tools/Places.h"
 
 #include <algorithm>
-#include <map>
+#include <iterator>
 #include <unordered_set>
 
 #include "manager/Selector.h"
 #include "manager/SettingSearch.h"
-#include "platform/Words.h"
 #include "tools/Output.h"
 #include "tools/Showing.h"
 
@@ -15,55 +14,17 @@ namespace {
 
 using XMLConfig::Address;
 using XMLConfig::ElementView;
+using XMLConfig::StoredText;
 
-/// The place of an element inside the one at `above`.
-Address below(const Address& above, const ElementView& element) {
-    Address place = above;
-    const std::wstring id = element.id();
-    if (above.subSection.empty() && above.key.empty() && !id.empty()) {
-        place.subSection = element.name();
-        place.subSectionID = id;
-    } else {
-        place.key += (above.key.empty() ? L"" : L"|") + element.name();
-    }
-    return place;
+/// Those that have an address, and of several with one address the first, which is the one the library reads.
+std::vector<StoredText> reached(std::vector<StoredText> texts) {
+    std::unordered_set<std::wstring> met;
+    const auto isOutOfReach = [&](const StoredText& text) {
+        return text.place.key.empty() || !met.insert(text.path).second;
+    };
+    texts.erase(std::remove_if(texts.begin(), texts.end(), isOutOfReach), texts.end());
+    return texts;
 }
-
-class Gathering {
-public:
-    void addItem(const ElementView& item, const Address& place) {
-        const XMLConfig::Setting* const setting = XMLConfig::knownSetting(place);
-        if (setting != nullptr && setting->type == XMLConfig::SettingType::Element) {
-            for (const ElementView& part : item.children()) addSnippet(part, place, addressText(place) + L"/" + part.name());
-        } else if (item.firstChild()) {
-            for (const ElementView& part : item.children()) addItem(part, below(place, part));
-        } else if (!place.key.empty()) {
-            add({addressText(place), place, item, item.text(), setting, false});
-        }
-    }
-    std::vector<AddressedText> take() { return std::move(m_texts); }
-
-private:
-    void addSnippet(const ElementView& element, const Address& place, const std::wstring& address) {
-        for (const auto& [name, value] : element.attributes())
-            add({address + L"@" + name, place, element, value, nullptr, true});
-        if (!element.firstChild()) {
-            add({address, place, element, XMLConfig::detail::withoutOuterBlanks(element.text()), nullptr, true});
-            return;
-        }
-        std::map<std::wstring, int> met;
-        for (const ElementView& part : element.children()) {
-            const int number = ++met[part.name()];
-            addSnippet(part, place, address + L"/" + part.name() + (number == 1 ? L"" : L"#" + std::to_wstring(number)));
-        }
-    }
-    void add(AddressedText text) {
-        if (m_met.insert(text.address).second) m_texts.push_back(std::move(text));
-    }
-
-    std::vector<AddressedText> m_texts;
-    std::unordered_set<std::wstring> m_met;
-};
 
 }  // namespace
 
@@ -82,18 +43,19 @@ std::vector<Address> placesOf(const ConfigInfo& document, const Address& operand
                   list + L"; " + operand.section + L"[*] means all");
 }
 
-std::vector<AddressedText> textsAt(const ElementView& element, const Address& place) {
-    Gathering gathering;
-    gathering.addItem(element, place);
-    return gathering.take();
+std::vector<StoredText> textsAt(const ElementView& element, const Address& place) {
+    return reached(storedTexts(element, place, addressText(place)));
 }
 
-std::vector<AddressedText> textsOf(const ConfigInfo& document) {
-    Gathering gathering;
-    for (const ElementView& section : XMLConfig::rootElement(document).children())
-        if (!XMLConfig::isHeaderElement(section.name()))
-            gathering.addItem(section, {section.name(), section.id(), L"", L"", L""});
-    return gathering.take();
+std::vector<StoredText> textsOf(const ConfigInfo& document) {
+    std::vector<StoredText> texts;
+    for (const ElementView& section : XMLConfig::rootElement(document).children()) {
+        if (XMLConfig::isHeaderElement(section.name())) continue;
+        const Address place{section.name(), section.id(), L"", L"", L""};
+        std::vector<StoredText> more = storedTexts(section, place, addressText(place));
+        texts.insert(texts.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+    }
+    return reached(std::move(texts));
 }
 
 }  // namespace tool

@@ -12,6 +12,7 @@ namespace {
 
 using XMLConfig::Address;
 using XMLConfig::ElementView;
+using XMLConfig::StoredText;
 
 /// What show prints of one document, in one run.
 class Showcase {
@@ -43,18 +44,18 @@ private:
     }
 
     /// The texts at and below the operands; all texts of the document where there are no operands.
-    [[nodiscard]] std::vector<AddressedText> texts() const {
+    [[nodiscard]] std::vector<StoredText> texts() const {
         if (m_request.operands.empty()) return textsOf(*m_document);
-        std::vector<AddressedText> all;
+        std::vector<StoredText> all;
         for (const Address& place : m_places)
-            for (AddressedText& text : textsAt(XMLConfig::findElement(*m_document, place), place))
+            for (StoredText& text : textsAt(XMLConfig::findElement(*m_document, place), place))
                 all.push_back(std::move(text));
         return all;
     }
 
     [[nodiscard]] std::wstring lines() const {
         std::wstring lines;
-        for (const AddressedText& text : texts()) lines += escaped(text.address + L"=" + text.text) + L"\n";
+        for (const StoredText& text : texts()) lines += escaped(text.path + L"=" + text.text) + L"\n";
         return lines;
     }
 
@@ -93,10 +94,10 @@ private:
 
     [[nodiscard]] Json sections(const XMLConfig::FilePlaces* places) const {
         Json list = Json::array();
-        for (const AddressedText& text : texts()) {
+        for (const StoredText& text : texts()) {
             const auto place = places == nullptr ? std::nullopt : places->find(text.element);
             list.push_back(
-                {{"address", jsonText(text.address)},
+                {{"address", jsonText(text.path)},
                  {"text", jsonText(text.text)},
                  {"value", text.setting == nullptr ? jsonText(text.text) : jsonValue(text.text, text.setting->type)},
                  {"unit", jsonText(text.setting == nullptr ? L"" : nameOf(text.setting->unit))},

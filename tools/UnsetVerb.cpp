@@ -38,7 +38,7 @@ void unset(ConfigInfo& document, const Address& place, std::vector<Change>& chan
     const XMLConfig::Setting* const setting = XMLConfig::knownSetting(place);
     const bool isOne = setting != nullptr && setting->type == XMLConfig::SettingType::Element;
     if (isOne) gone.push_back(beginChange(document, place));
-    for (const AddressedText& text : textsAt(XMLConfig::findElement(document, place), place))
+    for (const XMLConfig::StoredText& text : textsAt(XMLConfig::findElement(document, place), place))
         if (!isOne) gone.push_back(beginChange(document, text.place));
     remove(document, place);
     for (Change& change : gone) {

@@ -8,6 +8,7 @@
 #include "manager/check/GoneSettings.h"
 #include "manager/check/Texts.h"
 #include "platform/Numbers.h"
+#include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
 #include "store/Tokens.h"
 
@@ -40,9 +41,9 @@ private:
     void checkVersion() {
         const std::optional<double> version = m_findings.options.storedVersion;
         if (!version) return;
-        const ElementView element = rootElement(m_findings.document).child(L"Version");
+        const ElementView element = rootElement(m_findings.document).child(versionElement);
         m_findings
-            .add(L"XC101", Severity::Warning, {element, L"Version", L""},
+            .add(L"XC101", Severity::Warning, {element, versionElement, L""},
                  L"is of file version " + formatFixed(*version, 3) + L"; checked as it would be after the upgrade")
             .mend.commands = {{L"upgrade", L"FILE"}};
     }

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <set>
 
+#include "manager/DeviceAddresses.h"
 #include "manager/check/Findings.h"
-#include "manager/check/Hardware.h"
 #include "platform/Numbers.h"
 #include "store/Tokens.h"
 
@@ -32,16 +32,16 @@ void checkSnippet(Findings& findings, const CheckedSection& device) {
         findings.add(L"XC201", Severity::Error, place(),
                      L"UID " + quoted(uid) + L" in the device snippet is not the section's ID");
     const std::wstring type = snippet.attribute(L"type").value_or(L"");
-    const std::size_t stars = uid.find(L"***");
-    if (stars != std::wstring::npos && type != uid.substr(0, stars) && type != L"VC")
+    const std::optional<DeviceID> parts = deviceIDOf(uid);
+    if (parts && type != parts->type && type != L"VC")
         findings.add(L"XC203", Severity::Warning, place(), L"the type " + quoted(type) + L" is not that of the UID");
 }
 
 void checkMAC(Findings& findings, const CheckedSection& device) {
-    const std::size_t stars = device.id.find(L"***");
+    const std::optional<DeviceID> parts = deviceIDOf(device.id);
     const ElementView snippet = device.snippet();
-    if (stars == std::wstring::npos || !snippet) return;
-    const std::wstring inID = device.id.substr(stars + 3);
+    if (!parts || !snippet) return;
+    const std::wstring& inID = parts->address;
     const std::wstring inSnippet = childText(snippet, L"macAddress");
     if (!isMAC(inID))
         findings.add(L"XC204", Severity::Warning, placeOf(device), quoted(inID) + L" in the ID is no MAC address");
@@ -52,8 +52,7 @@ void checkMAC(Findings& findings, const CheckedSection& device) {
 
 std::wstring macOf(const CheckedSection& device) {
     const std::wstring inSnippet = childText(device.snippet(), L"macAddress");
-    const std::size_t stars = device.id.find(L"***");
-    const std::wstring inID = stars == std::wstring::npos ? L"" : device.id.substr(stars + 3);
+    const std::wstring inID = deviceIDOf(device.id).value_or(DeviceID{}).address;
     return isMAC(inSnippet) ? inSnippet : isMAC(inID) ? inID : L"";
 }
 

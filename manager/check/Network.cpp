@@ -1,7 +1,7 @@
 #include <map>
 
+#include "manager/DeviceAddresses.h"
 #include "manager/check/Findings.h"
-#include "manager/check/Hardware.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "sections/SystemTexts.h"

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "base/Angles.h"
+#include "manager/DeviceAddresses.h"
 #include "platform/Numbers.h"
 
 namespace XMLConfig::detail {
@@ -19,31 +20,14 @@ std::wstring textBelow(const ElementView& element, const std::wstring& tag) { re
 
 ElementView snippetOf(const ElementView& device) { return device.child(L"DeviceSnippet").firstChild(); }
 
-/// Twelve hexadecimal digits in lower case, or nothing.
-std::wstring macOf(const std::wstring& text) {
-    std::wstring digits;
-    for (const wchar_t character : text) {
-        if (character == L':' || character == L'-' || character == L'.') continue;
-        const bool isLetter = character >= L'A' && character <= L'F';
-        digits += isLetter ? static_cast<wchar_t>(character - L'A' + L'a') : character;
-    }
-    const bool isMac = digits.size() == 12 && digits.find_first_not_of(L"0123456789abcdef") == std::wstring::npos;
-    return isMac ? digits : std::wstring();
-}
-
-std::wstring afterStars(const std::wstring& id) {
-    const std::size_t stars = id.find(L"***");
-    return stars == std::wstring::npos ? std::wstring() : id.substr(stars + 3);
-}
-
 std::wstring idKey(const ElementView& device) { return device.id(); }
 std::wstring oldIDKey(const ElementView& device) { return textBelow(device, L"OldSectionID"); }
 
 std::wstring macKey(const ElementView& device) {
     for (const std::wstring& text :
-         {afterStars(device.id()), textBelow(snippetOf(device), L"macAddress"),
+         {deviceIDOf(device.id()).value_or(DeviceID{}).address, textBelow(snippetOf(device), L"macAddress"),
           textBelow(device.child(L"Connection"), L"MAC_Address"), textBelow(device, L"Projector_MAC_Address")}) {
-        std::wstring mac = macOf(text);
+        std::wstring mac = digitsOfMAC(text);
         if (!mac.empty()) return mac;
     }
     return {};

@@ -1,8 +1,8 @@
-#include "manager/check/Hardware.h"
+#include "manager/DeviceAddresses.h"
 
 #include <algorithm>
 
-#include "manager/check/Texts.h"
+#include "platform/Words.h"
 
 namespace XMLConfig::detail {
 namespace {
@@ -10,6 +10,13 @@ namespace {
 bool isDigit(wchar_t letter) { return letter >= L'0' && letter <= L'9'; }
 bool isHexadecimal(wchar_t letter) { return isDigit(letter) || (letter >= L'a' && letter <= L'f'); }
 bool isSeparator(wchar_t letter) { return letter == L':' || letter == L'-'; }
+
+constexpr std::size_t digitsOfAMAC = 12;
+
+/// Whether a text without separators is a MAC address.
+bool isPlainMAC(const std::wstring& text) {
+    return text.size() == digitsOfAMAC && std::all_of(text.begin(), text.end(), isHexadecimal);
+}
 
 /// Reads a number from 0 to 255; `at` becomes the place after it.
 std::optional<std::uint32_t> byteAt(const std::wstring& text, std::size_t& at) {
@@ -23,6 +30,13 @@ std::optional<std::uint32_t> byteAt(const std::wstring& text, std::size_t& at) {
 
 }  // namespace
 
+std::optional<DeviceID> deviceIDOf(const std::wstring& id) {
+    const std::wstring separator = deviceIDSeparator;
+    const std::size_t end = id.find(separator);
+    if (end == std::wstring::npos) return std::nullopt;
+    return DeviceID{id.substr(0, end), id.substr(end + separator.size())};
+}
+
 std::wstring plainMAC(const std::wstring& text) {
     std::wstring plain = lowerAscii(text);
     plain.erase(std::remove_if(plain.begin(), plain.end(), isSeparator), plain.end());
@@ -30,14 +44,18 @@ std::wstring plainMAC(const std::wstring& text) {
 }
 
 bool isMAC(const std::wstring& text) {
-    constexpr std::size_t digits = 12;
-    const std::wstring plain = plainMAC(text);
-    if (plain.size() != digits || !std::all_of(plain.begin(), plain.end(), isHexadecimal)) return false;
-    if (text.size() == digits) return true;
-    if (text.size() != digits + 5) return false;
+    if (!isPlainMAC(plainMAC(text))) return false;
+    if (text.size() == digitsOfAMAC) return true;
+    if (text.size() != digitsOfAMAC + 5) return false;
     for (std::size_t at = 2; at < text.size(); at += 3)
         if (!isSeparator(text[at])) return false;
     return true;
+}
+
+std::wstring digitsOfMAC(const std::wstring& text) {
+    std::wstring plain = plainMAC(text);
+    plain.erase(std::remove(plain.begin(), plain.end(), L'.'), plain.end());
+    return isPlainMAC(plain) ? plain : std::wstring();
 }
 
 std::optional<std::uint32_t> ipv4Of(const std::wstring& text) {
