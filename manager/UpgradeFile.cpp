@@ -1,5 +1,6 @@
 #include "manager/UpgradeFile.h"
 
+#include "manager/SharedReadings.h"
 #include "manager/upgrade/Losses.h"
 #include "platform/Cancellation.h"
 #include "platform/FileNames.h"
@@ -104,6 +105,7 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     report.lost = detail::lostOf(devices, report.receipt);
     report.renamed = detail::renamedOf(devices, report.receipt);
     report.dangling = detail::danglingReferences(document, report.renamed);
+    report.readOtherwise = detail::readOtherwise(document, report.receipt);
     if (report.status == UpgradeFailed) {
         refuse(request.path, L"is of file version " + detail::versionText(version) + L", which is newer than this library");
     }

@@ -39,6 +39,14 @@ struct DanglingReference {
     std::wstring newValue;  ///< the value with the cameras' new IDs
 };
 
+/// A setting of a projector that reads another value than before, because projectors of the latest version inherit what most
+/// of them have.
+struct ValueReadOtherwise {
+    std::wstring address;
+    std::wstring oldValue;  ///< in stored form
+    std::wstring newValue;
+};
+
 /// What upgradeFile did, or would do.
 struct UpgradeFileReport {
     VersionUpgradeEnum status = NoUpgradeRequired;  ///< never UpgradeFailed
@@ -48,6 +56,7 @@ struct UpgradeFileReport {
     std::vector<LostDevice> lost;
     std::vector<DeviceWithNewID> renamed;
     std::vector<DanglingReference> dangling;
+    std::vector<ValueReadOtherwise> readOtherwise;
 };
 
 /// Brings a file to the latest version.

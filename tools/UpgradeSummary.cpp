@@ -3,6 +3,8 @@
 #include <set>
 
 #include "store/Address.h"
+#include "store/Tokens.h"
+#include "tools/NumberTexts.h"
 
 namespace tool {
 namespace {
@@ -27,6 +29,13 @@ std::wstring counted(std::size_t count, const std::wstring& one, const std::wstr
 
 std::wstring line(const std::wstring& word, const std::wstring& text) {
     return text.empty() ? L"" : L"  " + word + std::wstring(9 - word.size(), L' ') + text + L"\n";
+}
+
+/// Stored numbers in their shortest digits.
+std::wstring shownNumbers(const std::wstring& stored) {
+    std::wstring text;
+    for (const std::wstring& token : XMLConfig::detail::tokensOf(stored)) append(text, numberText(numberRead(token)));
+    return text;
 }
 
 std::wstring place(const std::wstring& section, const std::wstring& id, const std::wstring& key) {
@@ -65,7 +74,7 @@ void add(Tally& tally, const UpgradeChange& change) {
     }
 }
 
-// Geometry gets settings that the projectors had, in the same step in which theirs go.
+// Geometry gets settings, or other values of them, that the projectors had, in the same step in which theirs go.
 std::set<std::wstring> sharedKeys(const XMLConfig::UpgradeStepReport& step) {
     std::set<std::wstring> ofProjectors;
     for (const UpgradeChange& change : step.changes) {
@@ -73,8 +82,8 @@ std::set<std::wstring> sharedKeys(const XMLConfig::UpgradeStepReport& step) {
     }
     std::set<std::wstring> keys;
     for (const UpgradeChange& change : step.changes) {
-        const bool isAdded = change.kind == Kind::Added && change.section == L"Geometry";
-        if (isAdded && ofProjectors.count(change.key) != 0) keys.insert(change.key);
+        const bool isWritten = change.kind == Kind::Added || change.kind == Kind::Changed;
+        if (isWritten && change.section == L"Geometry" && ofProjectors.count(change.key) != 0) keys.insert(change.key);
     }
     return keys;
 }
@@ -115,11 +124,25 @@ std::wstring danglingLines(const UpgradeOutcome& outcome) {
     return lines;
 }
 
-std::wstring countLines(const Tally& tally) {
+/// What projectors read otherwise, because they inherit it now.
+std::wstring readingsText(const UpgradeOutcome& outcome) {
+    constexpr std::size_t mostNamed = 4;
+    const auto& others = outcome.report.readOtherwise;
+    if (others.empty()) return L"; none reads differently";
+    std::wstring list;
+    for (std::size_t i = 0; i < others.size() && i < mostNamed; ++i)
+        append(list,
+               others[i].address + L" " + shownNumbers(others[i].oldValue) + L" -> " + shownNumbers(others[i].newValue));
+    return L"; " + std::to_wstring(others.size()) + (others.size() == 1 ? L" reads" : L" read") + L" differently: " + list +
+           (others.size() > mostNamed ? L", \u2026" : L"");
+}
+
+std::wstring countLines(const Tally& tally, const UpgradeOutcome& outcome) {
     std::wstring text;
     if (!tally.shared.empty())
-        text += line(L"shared", counted(tally.shared.size(), L"setting stands", L"settings stand") + L" in Geometry now, " +
-                                    std::to_wstring(tally.ownGone) + L" of the projectors' own went");
+        text +=
+            line(L"shared", counted(tally.shared.size(), L"setting stands", L"settings stand") + L" in Geometry now, " +
+                                std::to_wstring(tally.ownGone) + L" of the projectors' own went" + readingsText(outcome));
     if (tally.joined != 0)
         text += line(L"joined", counted(tally.joined, L"setting", L"settings") + L" of cameras into their device snippets");
     if (tally.gone != 0)
@@ -156,7 +179,7 @@ std::wstring upgradeSummary(const UpgradeOutcome& outcome) {
                                   counted(device.settings, L"setting", L"settings") + L": " + reasonOf(device));
     }
     text += line(L"renamed", renamedText(outcome));
-    return text + danglingLines(outcome) + line(L"moved", tally.moved) + countLines(tally);
+    return text + danglingLines(outcome) + line(L"moved", tally.moved) + countLines(tally, outcome);
 }
 
 }  // namespace tool

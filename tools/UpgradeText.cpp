@@ -91,7 +91,7 @@ Json jsonOf(const XMLConfig::UpgradeStepReport& step) {
 }
 
 void addLosses(Json& json, const UpgradeOutcome& outcome) {
-    for (const char* const member : {"lost", "renamed", "dangling"}) json[member] = Json::array();
+    for (const char* const member : {"lost", "renamed", "dangling", "readOtherwise"}) json[member] = Json::array();
     for (const auto& device : outcome.report.lost) {
         json["lost"].push_back({{"section", jsonText(device.section)},
                                 {"id", jsonText(device.id)},
@@ -109,6 +109,11 @@ void addLosses(Json& json, const UpgradeOutcome& outcome) {
                                     {"oldValue", jsonText(reference.value)},
                                     {"newValue", jsonText(reference.newValue)},
                                     {"command", jsonText(followingCommand(outcome, reference))}});
+    }
+    for (const auto& value : outcome.report.readOtherwise) {
+        json["readOtherwise"].push_back({{"address", jsonText(value.address)},
+                                         {"oldValue", jsonText(value.oldValue)},
+                                         {"newValue", jsonText(value.newValue)}});
     }
 }
 

@@ -162,10 +162,28 @@ TEST_F(UpgradeVerb, ExplainTellsInShortWhatBecameOfTheFile) {
                   "  renamed  Camera[1] \"Front\" -> PGR***00:b0:9d:00:00:01, Camera[2] \"Rear\" -> "
                   "PGR***00:b0:9d:00:00:02; nothing refers to the cameras' old IDs\n"
                   "  moved    Screen/Unit -> System/Length_Unit, Screen/AngleUnit -> System/AngleUnit\n"
-                  "  shared   6 settings stand in Geometry now, 16 of the projectors' own went\n"
+                  "  shared   6 settings stand in Geometry now, 16 of the projectors' own went; none reads differently\n"
                   "  joined   12 settings of cameras into their device snippets\n"
                   "  gone     15 settings that version 9.0 does not know (--steps lists every change)\n"));
     EXPECT_THAT(run.output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed; 1 lost something\n"));
+}
+
+TEST_F(UpgradeVerb, ExplainTellsWhatReadsDifferently) {
+    const std::string file =
+        write("hall.skorrax", "8.0",
+              "<Geometry><Box_Spacing>3</Box_Spacing></Geometry>"
+              "<Projector ID=\"a\"><Portrait_Mode>1</Portrait_Mode><Box_Spacing>2</Box_Spacing></Projector>"
+              "<Projector ID=\"b\"><Portrait_Mode>1</Portrait_Mode><Box_Spacing>2</Box_Spacing></Projector>"
+              "<Projector ID=\"c\"><Box_Size>10, 10</Box_Size></Projector>");
+    EXPECT_THAT(
+        runTool({"upgrade", "--explain", "--dry-run", file}).output,
+        HasSubstr("\n  shared   2 settings stand in Geometry now, 4 of the projectors' own went; 2 read differently: "
+                  "Projector[c]/Portrait_Mode 0 -> 1, Projector[c]/Box_Spacing 3 -> 2\n"));
+    const auto json = nlohmann::json::parse(runTool({"upgrade", "--json", "--dry-run", file}).output);
+    EXPECT_EQ(json["exit"], 0);
+    EXPECT_EQ(json["files"][0]["readOtherwise"], nlohmann::json::parse(R"([
+        {"address":"Projector[c]/Portrait_Mode","oldValue":"0","newValue":"1"},
+        {"address":"Projector[c]/Box_Spacing","oldValue":"3.000000000000000e+00","newValue":"2.000000000000000e+00"}])"));
 }
 
 TEST_F(UpgradeVerb, ReferencesToRenamedCamerasComeWithTheCommandThatFollows) {
