@@ -1,6 +1,7 @@
 #include "manager/Layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "manager/layout/Parts.h"
 
@@ -9,6 +10,17 @@ namespace XMLConfig {
 bool Layout::isComplete() const {
     return std::all_of(channels.begin(), channels.end(),
                        [](const Channel& channel) { return channel.state == ChannelState::Usable; });
+}
+
+bool isBlendTooWide(double blend, double mostOverlap) { return blend > 100.0 * mostOverlap + overlapTolerance; }
+
+bool isBlendTooNarrow(double blend, const Overlap& overlap) {
+    return overlap.isFull && blend < 100.0 * overlap.least - overlapTolerance;
+}
+
+bool isOneEyePoint(const Point_3Dim<double>& one, const Point_3Dim<double>& other) {
+    constexpr double millimeter = 0.001;
+    return std::hypot(one.x - other.x, one.y - other.y, one.z - other.z) <= millimeter;
 }
 
 Layout layout(const ConfigInfo& document) {

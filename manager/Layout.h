@@ -189,6 +189,16 @@ inline constexpr std::size_t mostNeighbours = 64;
 /// Less of an image's area than this counts as no overlap.
 inline constexpr double leastArea = 0.002;
 
+/// By how many percent of an image a blend, or a wanted overlap, may miss the overlap that there is.
+inline constexpr double overlapTolerance = 2.0;
+
+/// Whether a blend takes more of the image than the most that any channel overlaps at that edge (a share): a dark band.
+XMLCONFIG_API bool isBlendTooWide(double blend, double mostOverlap);
+/// Whether a blend takes less of the image than a channel overlaps all along that edge: a bright band.
+XMLCONFIG_API bool isBlendTooNarrow(double blend, const Overlap& overlap);
+/// Whether two eye points count as one: no more than a millimeter lies between them.
+XMLCONFIG_API bool isOneEyePoint(const Point_3Dim<double>& one, const Point_3Dim<double>& other);
+
 /// Reckons it from a document of the latest version, which stays as it is. Values that cannot be read count as missing;
 /// nothing is thrown for them. Takes time in proportion to the number of projectors.
 XMLCONFIG_API Layout layout(const ConfigInfo& document);

@@ -1,7 +1,6 @@
 #include "tools/LayoutText.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "tools/Colour.h"
 #include "tools/TableText.h"
@@ -18,22 +17,15 @@ using XMLConfig::Overlap;
 using XMLConfig::detail::joined;
 using Rows = std::vector<std::vector<std::wstring>>;
 
-constexpr double blendTolerance = 2.0;  // percent
-
 std::wstring titled(const std::wstring& title, const std::wstring& text) {
     constexpr std::size_t width = 12;
     return title + std::wstring(width - title.size(), L' ') + text + L"\n";
 }
 
-bool isNear(const Point_3Dim<double>& a, const Point_3Dim<double>& b) {
-    constexpr double millimeter = 0.001;
-    return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z) <= millimeter;
-}
-
 std::wstring eyeText(const Layout& layout, const Units& units) {
     if (layout.channels.empty()) return L"";
     const Point_3Dim<double>& eye = layout.channels.front().eyePoint;
-    const auto isThere = [&](const Channel& channel) { return isNear(channel.eyePoint, eye); };
+    const auto isThere = [&](const Channel& channel) { return XMLConfig::isOneEyePoint(channel.eyePoint, eye); };
     if (!std::all_of(layout.channels.begin(), layout.channels.end(), isThere)) return L", seen from different points";
     return L", seen from " + units.length(eye.x) + L", " + units.length(eye.y) + L", " + units.length(eye.z) + L" " +
            units.lengthUnit();
@@ -116,9 +108,8 @@ private:
 
 std::wstring verdictText(const Overlap& overlap, double blend, double most, bool isColoured) {
     if (overlap.isWhole() || blend < 0.0) return L"";
-    if (blend > 100.0 * most + blendTolerance) return coloured(L"too wide", Tone::Doubtful, isColoured);
-    if (overlap.isFull && blend < 100.0 * overlap.least - blendTolerance)
-        return coloured(L"too narrow", Tone::Doubtful, isColoured);
+    if (XMLConfig::isBlendTooWide(blend, most)) return coloured(L"too wide", Tone::Doubtful, isColoured);
+    if (XMLConfig::isBlendTooNarrow(blend, overlap)) return coloured(L"too narrow", Tone::Doubtful, isColoured);
     return coloured(L"ok", Tone::Good, isColoured);
 }
 

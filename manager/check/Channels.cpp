@@ -117,22 +117,16 @@ void checkSight(ChannelCheck& check, const CheckedSection& projector) {
 }
 
 void checkArea(ChannelCheck& check, const CheckedSection& projector, const wchar_t* lowKey, const wchar_t* highKey) {
-    constexpr double unknown = -1000.0;
     const double low = check.findings.read.number(projector, lowKey);
     const double high = check.findings.read.number(projector, highKey);
-    if (low == unknown || high == unknown) return;
-    if (low < high && low >= 0.0 && high <= 1.0) return;
+    if (isPartOfScreen(low, high)) return;
+    const auto shown = [](double value) { return value == unknownArea ? L"?" : shortNumber(value); };
     Finding& finding = check.findings.add(L"XC316", Severity::Warning, placeOf(projector, lowKey),
-                                          shortNumber(low) + L" to " + shortNumber(high) + L" is no part of the screen");
+                                          shown(low) + L" to " + shown(high) + L" is no part of the screen");
     if (low > high && high >= 0.0 && low <= 1.0) finding.mend = swapped(projector, lowKey, highKey);
 }
 
 // Eye points.
-
-bool isNear(const Point_3Dim<double>& a, const Point_3Dim<double>& b) {
-    constexpr double millimeter = 0.001;
-    return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z) <= millimeter;
-}
 
 std::wstring storedPoint(const Point_3Dim<double>& point) {
     return formatScientific(point.x) + L", " + formatScientific(point.y) + L", " + formatScientific(point.z);
@@ -143,9 +137,9 @@ void checkEyePoints(ChannelCheck& check) {
     const Point_3Dim<double>& target = check.layout.targetEyePoint;
     const ShownUnits& units = check.findings.units;
     if (channels.empty()) return;
-    const auto isWithFirst = [&](const Channel& channel) { return isNear(channel.eyePoint, channels[0].eyePoint); };
+    const auto isWithFirst = [&](const Channel& channel) { return isOneEyePoint(channel.eyePoint, channels[0].eyePoint); };
     if (std::all_of(channels.begin(), channels.end(), isWithFirst)) {
-        if (isNear(channels[0].eyePoint, target)) return;
+        if (isOneEyePoint(channels[0].eyePoint, target)) return;
         const Place place = placeOf(check.findings, L"TargetLocator", L"Eye_Point");
         check.findings
             .add(
@@ -155,7 +149,7 @@ void checkEyePoints(ChannelCheck& check) {
         return;
     }
     for (const Channel& channel : channels) {
-        if (isNear(channel.eyePoint, target)) continue;
+        if (isOneEyePoint(channel.eyePoint, target)) continue;
         const Place place = placeOf(*check.findings.read.projector(channel.id), L"Channel_Extents|Eye_Point");
         check.findings
             .add(L"XC310", Severity::Note, place,
@@ -178,6 +172,12 @@ void addNotLookedAt(ChannelCheck& check) {
 }
 
 }  // namespace
+
+bool isPartOfScreen(double low, double high) {
+    const auto isInside = [](double value) { return value == unknownArea || (value >= 0.0 && value <= 1.0); };
+    const bool areBothKnown = low != unknownArea && high != unknownArea;
+    return isInside(low) && isInside(high) && (!areBothKnown || low < high);
+}
 
 ChannelCheck::ChannelCheck(Findings& all) : findings(all), layout(XMLConfig::layout(all.document)) {
     for (std::size_t i = 0; i < layout.channels.size(); ++i) m_indices.emplace(layout.channels[i].id, i);

@@ -24,6 +24,11 @@ private:
     std::unordered_map<std::wstring, std::size_t> m_indices;  // of the channels, by ID
 };
 
+/// What stands for the edge of a projector's part of the screen that nobody knows.
+constexpr double unknownArea = -1000.0;
+/// Whether the edges of a projector's part of the screen are in order and on the screen, as far as they are known.
+[[nodiscard]] bool isPartOfScreen(double low, double high);
+
 void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector);
 
 // These rules compare neighbours and are asked only where every channel is usable.

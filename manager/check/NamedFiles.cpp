@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 
+#include "platform/FileNames.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Utf8.h"
@@ -42,7 +43,7 @@ private:
     static Entries entriesOf(const std::wstring& folder) {
         Entries entries;
         std::error_code fault;
-        const std::filesystem::path path = std::filesystem::u8path(utf8FromWide(folder.empty() ? L"." : folder));
+        const std::filesystem::path path = pathForStreams(folder.empty() ? L"." : folder);
         for (std::filesystem::directory_iterator entry(path, fault), end; !fault && entry != end; entry.increment(fault)) {
             const std::wstring name = wideFromUtf8(entry->path().filename().u8string());
             entries.emplace(lowerAscii(name), name);

@@ -8,8 +8,6 @@
 namespace XMLConfig::detail {
 namespace {
 
-constexpr double tolerance = 2.0;  // percent of an image
-
 constexpr ImageEdge edges[] = {ImageEdge::Left, ImageEdge::Right, ImageEdge::Top, ImageEdge::Bottom};
 
 struct EdgeNames {
@@ -93,13 +91,13 @@ void checkBlend(ChannelCheck& check, const Neighbours& neighbours, std::size_t i
     const auto isLess = [](const Neighbour& a, const Neighbour& b) { return a.overlap->most < b.overlap->most; };
     const Neighbour& widest = *std::max_element(there.begin(), there.end(), isLess);
     const auto takes = [&] { return L"blend takes " + percent(blend) + L", but "; };
-    if (blend > 100.0 * widest.overlap->most + tolerance)
+    if (isBlendTooWide(blend, widest.overlap->most))
         check.findings
             .add(L"XC311", Severity::Warning, place(),
                  takes() + check.title(widest.channel) + L" overlaps " + percentOf(widest.overlap->most) + L" at most")
             .mend = middleOf(place(), widest);
     for (const Neighbour& neighbour : there) {
-        if (!neighbour.overlap->isFull || blend >= 100.0 * neighbour.overlap->least - tolerance) continue;
+        if (!isBlendTooNarrow(blend, *neighbour.overlap)) continue;
         check.findings
             .add(L"XC312", Severity::Warning, place(),
                  takes() + check.title(neighbour.channel) + L" overlaps " + percentOf(neighbour.overlap->least) +
@@ -138,7 +136,8 @@ void checkSameArea(ChannelCheck& check, const ChannelPair& pair) {
 }
 
 bool isWanted(const Overlap& overlap, double wanted) {
-    return 100.0 * wanted >= 100.0 * overlap.least - tolerance && 100.0 * wanted <= 100.0 * overlap.most + tolerance;
+    return 100.0 * wanted >= 100.0 * overlap.least - overlapTolerance &&
+           100.0 * wanted <= 100.0 * overlap.most + overlapTolerance;
 }
 
 /// True when it has told something.
@@ -163,16 +162,16 @@ void checkGaps(ChannelCheck& check, const ChannelRow& row) {
 }
 
 void checkAreas(ChannelCheck& check, std::size_t before, std::size_t index) {
-    constexpr double unknown = -1000.0;
     constexpr double least = 1e-6;
     const EdgeValues& left = check.layout.channels[before].screenArea;
     const EdgeValues& right = check.layout.channels[index].screenArea;
-    if (left.left == unknown || right.left == unknown) return;
+    if (left.left == unknownArea || right.left == unknownArea) return;
+    if (!isPartOfScreen(left.left, left.right) || !isPartOfScreen(right.left, right.right)) return;  // told already
     const Place place = placeOf(check.projector(index), L"Screen_Area_Left");
     if (right.left < left.left)
         check.findings.add(L"XC317", Severity::Warning, place,
                            L"lies left of " + check.title(before) + L", its channel right of it");
-    else if (left.right != unknown && right.left > left.right + least)
+    else if (left.right != unknownArea && right.left > left.right + least)
         check.findings.add(
             L"XC318", Severity::Warning, place,
             L"starts at " + shortNumber(right.left) + L", " + check.title(before) + L" ends at " + shortNumber(left.right));
