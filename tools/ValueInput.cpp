@@ -12,6 +12,7 @@
 #include "platform/Utf8.h"
 #include "store/Tokens.h"
 #include "tools/NumberTexts.h"
+#include "tools/Suggestion.h"
 
 namespace tool {
 namespace {
@@ -39,6 +40,36 @@ constexpr Suffix suffixes[] = {
 double converted(double number, const Suffix& suffix) {
     if (suffix.unit == Unit::Percent) return number;
     return Table::convertValue(suffix.meant, suffix.unit == Unit::Radians ? Table::Radians : Table::Meters, number);
+}
+
+bool isSuffix(const std::string& text, Unit unit) {
+    const auto isIt = [&](const Suffix& suffix) { return suffix.unit == unit && suffix.text == text; };
+    return std::any_of(std::begin(suffixes), std::end(suffixes), isIt);
+}
+
+/// "5.2" and "m" as one, for a setting in meters.
+std::vector<std::wstring> withUnitsJoined(const std::vector<std::wstring>& tokens, Unit unit) {
+    std::vector<std::wstring> joined;
+    bool isBare = false;  // whether the last one may get a unit
+    for (const std::wstring& token : tokens) {
+        const bool isUnit = isBare && isSuffix(XMLConfig::utf8FromWide(token), unit);
+        if (isUnit) joined.back() += token;
+        else joined.push_back(token);
+        isBare = !isUnit && isOfType(token, SettingType::Double);
+    }
+    return joined;
+}
+
+/// What the setting's numbers may be written with: "; did you mean 5.2m?", "; its units are m, cm".
+std::wstring unitHint(const std::wstring& written, const Setting& setting) {
+    std::vector<std::wstring> units;
+    for (const Suffix& suffix : suffixes)
+        if (suffix.unit == setting.unit) units.push_back(XMLConfig::wideFromUtf8(suffix.text));
+    if (units.empty()) return L"";
+    const std::wstring lower = XMLConfig::detail::lowerAscii(written);
+    const bool isMeant = lower != written && isOfType(storedForm(lower, setting), setting.type);
+    if (isMeant) return L"; did you mean \"" + lower + L"\"?";
+    return L"; it takes " + XMLConfig::detail::joined(units, L", ") + L" after a number";
 }
 
 /// "24deg" for a setting in radians as their number; everything else as it is.
@@ -69,7 +100,7 @@ std::optional<ValueFault> wordFault(const std::wstring& stored, const Setting& s
     const std::vector<std::wstring>& words = setting.words;
     if (words.empty() || std::find(words.begin(), words.end(), stored) != words.end()) return std::nullopt;
     return ValueFault{L"\"" + stored + L"\" is none of " + XMLConfig::detail::joined(words) + countsAs(setting) +
-                      L" (XC109)"};
+                      L" (XC109)" + suggestion(stored, words)};
 }
 
 std::optional<ValueFault> numberFault(double number, const Setting& setting) {
@@ -100,7 +131,7 @@ std::optional<ValueFault> rangeFault(double number, const Setting& setting) {
 std::wstring storedForm(const std::wstring& written, const Setting& setting) {
     if (!isNumbers(setting.type)) return written;
     const bool isOne = setting.type == SettingType::Int || setting.type == SettingType::Double;
-    const std::vector<std::wstring> tokens = XMLConfig::detail::tokensOf(written);
+    const std::vector<std::wstring> tokens = withUnitsJoined(XMLConfig::detail::tokensOf(written), setting.unit);
     std::wstring stored;
     bool isConverted = false;
     for (const std::wstring& token : tokens) {
@@ -117,7 +148,8 @@ std::wstring storedForm(const std::wstring& written, const Setting& setting) {
 
 std::optional<ValueFault> faultOf(const std::wstring& stored, const Setting& setting) {
     if (!isOfType(stored, setting.type))
-        return ValueFault{L"\"" + stored + L"\" is not of type " + nameOf(setting.type), false, true};
+        return ValueFault{L"\"" + stored + L"\" is not of type " + nameOf(setting.type) + unitHint(stored, setting), false,
+                          true};
     if (auto fault = wordFault(stored, setting)) return fault;
     if (!isNumbers(setting.type)) return std::nullopt;
     std::optional<ValueFault> warning;

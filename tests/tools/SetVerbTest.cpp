@@ -65,8 +65,9 @@ TEST_F(SetVerb, TellsWhatWasInheritedAndWhatIsNew) {
 TEST_F(SetVerb, UnitsAreConverted) {
     // Feet and inches as the application reckons them, so that it shows what was typed.
     const std::pair<const char*, const char*> lengths[] = {
-        {"5.2m", "5.200000000000000e+00"}, {"17ft", "5.181599992123968e+00"},  {"340mm", "3.400000000000000e-01"},
-        {"12in", "3.048000003108960e-01"}, {"250cm", "2.500000000000000e+00"}, {"7", "7.000000000000000e+00"},
+        {"5.2m", "5.200000000000000e+00"},  {"17ft", "5.181599992123968e+00"},      {"340mm", "3.400000000000000e-01"},
+        {"12in", "3.048000003108960e-01"},  {"250cm", "2.500000000000000e+00"},     {"7", "7.000000000000000e+00"},
+        {"5.2 m", "5.200000000000000e+00"}, {" 340  mm ", "3.400000000000000e-01"},
     };
     for (const auto& [written, text] : lengths) {
         EXPECT_EQ(run("set", {std::string("Screen/Screen_Radius=") + written}).status, 0) << written;
@@ -74,10 +75,8 @@ TEST_F(SetVerb, UnitsAreConverted) {
     }
     const std::string yaw = "Projector[#1]/Channel_Extents/Heading/Yaw";
     const std::pair<const char*, const char*> angles[] = {
-        {"-67.5deg", "-1.178097245096172e+00"},
-        {"1.2rad", "1.200000000000000e+00"},
-        {"+90°", "1.570796326794897e+00"},
-        {"-.5", "-5.000000000000000e-01"},
+        {"-67.5deg", "-1.178097245096172e+00"}, {"1.2rad", "1.200000000000000e+00"},     {"+90°", "1.570796326794897e+00"},
+        {"-.5", "-5.000000000000000e-01"},      {"-67.5 deg", "-1.178097245096172e+00"}, {"90 °", "1.570796326794897e+00"},
     };
     for (const auto& [written, text] : angles) {
         EXPECT_EQ(run("set", {yaw + "=" + written}).status, 0) << written;
@@ -87,15 +86,32 @@ TEST_F(SetVerb, UnitsAreConverted) {
               0);
     EXPECT_EQ(stored("Projector[#1]/Channel_Extents/Eye_Point"), "0, 1.000000000000000e-01, 1.700000000000000e+00\n");
     EXPECT_EQ(stored("Projector[#1]/Blend_Right"), "2.000000000000000e+01\n");
+    EXPECT_EQ(
+        run("set", {"Projector[#1]/Channel_Extents/Eye_Point=0 m, 1, 165 cm", "Projector[#1]/Blend_Right=25 %"}).status, 0);
+    EXPECT_EQ(stored("Projector[#1]/Channel_Extents/Eye_Point"), "0.000000000000000e+00, 1, 1.650000000000000e+00\n");
+    EXPECT_EQ(stored("Projector[#1]/Blend_Right"), "2.500000000000000e+01\n");
 }
 
 TEST_F(SetVerb, UnitsOfOtherKindsAreRefused) {
     expectRefused("Projector[#1]/Gamma=2deg",
                   "Projector[Dome 1]/Gamma: \"2deg\" is not of type double; --force stores it all the same");
-    expectRefused("Screen/Screen_Radius=90deg",
-                  "Screen/Screen_Radius: \"90deg\" is not of type double; --force stores it all the same");
-    expectRefused("Screen/Screen_Radius=1m 2m",
-                  "Screen/Screen_Radius: \"1m 2m\" is not of type double; --force stores it all the same");
+    const std::string lengths =
+        " is not of type double; it takes m, cm, mm, ft, in after a number; --force stores it all the same";
+    expectRefused("Screen/Screen_Radius=90deg", "Screen/Screen_Radius: \"90deg\"" + lengths);
+    expectRefused("Screen/Screen_Radius=1m 2m", "Screen/Screen_Radius: \"1m 2m\"" + lengths);
+    expectRefused("Screen/Screen_Radius=1 m m", "Screen/Screen_Radius: \"1 m m\"" + lengths);
+    expectRefused("Projector[#1]/Gamma=2 m",
+                  "Projector[Dome 1]/Gamma: \"2 m\" is not of type double; --force stores it all the same");
+}
+
+TEST_F(SetVerb, UnitsInCapitalsAreRefusedWithTheOneThatIsMeant) {
+    expectRefused("Screen/Screen_Radius=5.2M",
+                  "Screen/Screen_Radius: \"5.2M\" is not of type double; did you mean \"5.2m\"? "
+                  "--force stores it all the same");
+    expectRefused(
+        "Projector[#1]/Channel_Extents/Heading/Yaw=24 DEG",
+        "Projector[Dome 1]/Channel_Extents/Heading/Yaw: \"24 DEG\" is not of type double; did you mean \"24 deg\"? "
+        "--force stores it all the same");
 }
 
 TEST_F(SetVerb, DegreesInRadiansAreRefused) {
@@ -108,6 +124,11 @@ TEST_F(SetVerb, DegreesInRadiansAreRefused) {
 TEST_F(SetVerb, WordsAndNumbersMustBeKnown) {
     expectRefused("Screen/Shape=Dome",
                   "Screen/Shape: \"Dome\" is none of Flat, Sphere, Cylinder, Ruled, Toroid, VRML, Test (XC109)");
+    for (const char* const word : {"Sphare", "sphere", " Sphere"})
+        expectRefused(
+            std::string("Screen/Shape=") + word,
+            std::string("Screen/Shape: \"") + word +
+                "\" is none of Flat, Sphere, Cylinder, Ruled, Toroid, VRML, Test (XC109); did you mean \"Sphere\"?");
     expectRefused("Geometry/Fit_Solver=3",
                   "Geometry/Fit_Solver: 3 is none of 0 linear, 1 polynomial, 2 default, 5 spline, 7 perspective, 8 hybrid; "
                   "counts as 2 (XC110); --force stores it all the same");
