@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/CorvaneException.h"
 #include "store/FileWriting.h"
@@ -14,8 +15,9 @@ namespace {
 
 /// Whether both names lead to one file.
 bool areOne(const std::string& file, const std::string& other) {
+    const auto pathOf = [](const std::string& name) { return XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(name)); };
     std::error_code ignored;
-    return std::filesystem::equivalent(std::filesystem::u8path(file), std::filesystem::u8path(other), ignored);
+    return std::filesystem::equivalent(pathOf(file), pathOf(other), ignored);
 }
 
 void writePicture(const Request& request, const std::string& svg) {
@@ -32,7 +34,9 @@ void writePicture(const Request& request, const std::string& svg) {
 
 void setUpLayout(Options& options, Request& request) {
     options.value("FILE", request.file, "The file to look at; - for standard input").required();
-    options.value("--svg", request.picture, "Draw the picture into this file")
+    options
+        .value("--svg", request.picture,
+               "Draw the picture into this file; - for standard output, which gets nothing else then")
         .valueName("FILE.svg")
         .notEmpty("the file name is empty");
     options.flag("--json", request.json, "Answer with one JSON object");
@@ -42,9 +46,15 @@ void setUpLayout(Options& options, Request& request) {
 }
 
 ExitStatus runLayout(const Request& request) {
+    const bool isPictureTheAnswer = request.picture == "-";
+    if (isPictureTheAnswer && request.json) throw WrongOperands("--svg - and --json exclude each other on standard output");
     const std::unique_ptr<ConfigInfo> document = readDocument(request.file);
     const XMLConfig::Layout layout = XMLConfig::layout(*document);
     const Units units(*document);
+    if (isPictureTheAnswer) {
+        print(XMLConfig::wideFromUtf8(layoutSvg(layout, units)));
+        return Done;
+    }
     if (!request.picture.empty()) writePicture(request, layoutSvg(layout, units));
     print(request.json ? layoutJson(layout, request.file) : layoutText(layout, units, isColoured(request.colour)));
     return Done;

@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "platform/FileNames.h"
 #include "store/Outline.h"
 #include "tests/support/Example.h"
 #include "tests/support/GoldenFile.h"
@@ -53,6 +57,34 @@ TEST_F(LayoutPicture, OfASoundDomeIsThatOfTheDocuments) {
 
 TEST_F(LayoutPicture, OfADomeWithAGapIsThatOfTheDocuments) {
     EXPECT_TRUE(matchesGolden("docs/pictures/dome-with-a-gap.svg", pictureOf(exampleWithAGap())));
+}
+
+TEST_F(LayoutPicture, GoesToStandardOutputAlone) {
+    const std::string picture = pictureOf(example());
+    expectRun(runTool({"layout", "--svg", "-", example()}), 0, picture, "");
+    expectRun(runToolReading(exampleText(), {"layout", "--svg", "-", "-"}), 0, picture, "");
+    const ToolRun both = runTool({"layout", "--svg", "-", "--json", example()});
+    EXPECT_EQ(both.status, 2);
+    EXPECT_EQ(nlohmann::json::parse(both.output)["error"], "--svg - and --json exclude each other on standard output");
+}
+
+TEST_F(LayoutPicture, ReachesAFileOfALongName) {
+    const std::string picture = pictureOf(example());
+    std::filesystem::path below = folder.path();
+    for (int i = 0; i < 5; ++i) below /= std::string(60, 'f');
+    const auto reached = [](const std::filesystem::path& path) { return XMLConfig::pathForStreams(wideOf(path)); };
+    std::filesystem::create_directories(reached(below));
+    const std::string file = (below / "dome.skorrax").u8string();
+    std::ofstream(reached(below / "dome.skorrax"), std::ios::binary) << exampleText();
+    const ToolRun run = runTool({"layout", "--json", "--svg", (below / "dome.svg").u8string(), file});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(nlohmann::json::parse(run.output)["file"], file);
+    EXPECT_EQ(TemporaryFolder::readFile(reached(below / "dome.svg")), picture);
+    const ToolRun refused = runTool({"layout", "--svg", file, file});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.errors, HasSubstr("is the configuration; the picture would replace it"));
+    EXPECT_EQ(TemporaryFolder::readFile(reached(below / "dome.skorrax")), exampleText());
+    std::filesystem::remove_all(reached(folder.path() / std::string(60, 'f')));
 }
 
 TEST_F(LayoutPicture, HasOneShapeAChannelWithItsTitle) {
