@@ -6,6 +6,7 @@
 
 #include "manager/Origin.h"
 #include "manager/SettingSearch.h"
+#include "manager/diff/CommentCount.h"
 #include "manager/diff/DeviceMatches.h"
 #include "manager/diff/SectionTexts.h"
 #include "manager/diff/ValueComparison.h"
@@ -66,6 +67,7 @@ public:
         for (const auto& [tag, matches] : devices) compareDevices(tag, matches);
         compareSections();
         for (const auto& [tag, matches] : devices) compareOrder(tag, matches);
+        m_found.comments = detail::countChangedComments(m_old, m_new, m_found);
         return std::move(m_found);
     }
 

@@ -65,9 +65,10 @@ struct Difference {
     std::vector<SettingDifference> sameInValue;   ///< another text of the same value
     std::vector<SettingDifference> runs;          ///< counts and times that runs of the application write
     std::vector<OrderDifference> order;
+    std::size_t comments = 0;  ///< how many comments inside the root are new, gone or changed
 
-    /// Whether nothing is told that could change what the application does: texts of one value, of one effect, and runs may
-    /// differ.
+    /// Whether nothing is told that could change what the application does: texts of one value, of one effect, runs and
+    /// comments may differ.
     [[nodiscard]] bool isNothing() const {
         return renamed.empty() && added.empty() && removed.empty() && changed.empty() && order.empty();
     }
@@ -78,7 +79,7 @@ struct Difference {
 /// of them remembers, by MAC address, by serial number, by name (unless it is the one that a new device gets), and
 /// projectors by connection or by the same channel; each only among those still unmatched, and only where it is unique on
 /// both sides. References to a camera follow its renaming. The order of settings and of the fixed sections counts for
-/// nothing, nor do comments. Neither document changes. Takes time in proportion to what both hold.
+/// nothing, and comments are only counted. Neither document changes. Takes time in proportion to what both hold.
 XMLCONFIG_API Difference diff(const ConfigInfo& oldDocument, const ConfigInfo& newDocument, const DiffOptions& options = {});
 
 }  // namespace XMLConfig

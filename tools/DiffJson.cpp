@@ -91,6 +91,7 @@ std::wstring diffJson(const Difference& difference, const Compared& compared) {
         {"sameInValue", plainList(difference.sameInValue, false)},
         {"runs", plainList(difference.runs, false)},
         {"order", orders(difference)},
+        {"changedComments", difference.comments},
         {"exit", difference.isNothing() ? 0 : 1}};
     return XMLConfig::wideFromUtf8(json.dump(2)) + L"\n";
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <optional>
 #include <vector>
 
 #include "platform/Numbers.h"
@@ -52,20 +52,46 @@ bool areClose(const std::vector<Entry>& one, const std::vector<Entry>& other, co
     return std::equal(one.begin(), one.end(), other.begin(), other.end(), areEqual);
 }
 
-/// How the texts of a type are made of numbers.
+/// How a text is made of numbers.
 struct ListForm {
-    SettingType type;
     std::size_t entryLength;  ///< how many numbers belong together
     bool isByName;            ///< whether entries are known by their first number, whatever their order
     bool hasSixDecimals;      ///< whether the application stores the numbers rounded to six decimals
 };
-constexpr ListForm listForms[] = {
-    {SettingType::IntPoint2, 1, false, false},   {SettingType::Point2, 1, false, false},
-    {SettingType::Point3, 1, false, false},      {SettingType::FourIntegers, 1, false, false},
-    {SettingType::IntegerPairs, 2, true, false}, {SettingType::PointList, 1, false, true},
-    {SettingType::Matrix, 1, false, true},       {SettingType::OverlapPoint, 1, false, true},
-    {SettingType::MarkerPlaces, 3, true, true},  {SettingType::AxisTable, 2, true, true},
-};
+
+/// Nothing for types whose texts are one number, or are compared as they stand. Without a default the compiler names the
+/// type that is missing.
+std::optional<ListForm> listFormOf(SettingType type) {
+    switch (type) {
+        case SettingType::IntPoint2:
+        case SettingType::Point2:
+        case SettingType::Point3:
+        case SettingType::FourIntegers:
+            return ListForm{1, false, false};
+        case SettingType::PointList:
+        case SettingType::Matrix:
+        case SettingType::OverlapPoint:
+            return ListForm{1, false, true};
+        case SettingType::IntegerPairs:
+            return ListForm{2, true, false};
+        case SettingType::AxisTable:
+            return ListForm{2, true, true};
+        case SettingType::MarkerPlaces:
+            return ListForm{3, true, true};
+        case SettingType::Bool:
+        case SettingType::Int:
+        case SettingType::Double:
+        case SettingType::Text:
+        case SettingType::Element:
+        case SettingType::Frustum:
+        case SettingType::PondOfMirrors:
+        case SettingType::Path:
+        case SettingType::CameraIDs:
+        case SettingType::BlackBox:
+            break;
+    }
+    return std::nullopt;
+}
 
 bool areOneList(const std::wstring& one, const std::wstring& other, const ListForm& form, const Closeness& close) {
     const std::vector<Entry> ones = entriesOf(one, form.entryLength);
@@ -88,9 +114,8 @@ bool areOneValue(const std::wstring& one, const std::wstring& other, SettingType
     if (type == SettingType::Bool) return areOneTruth(one, other);
     if (type == SettingType::Int) return exact(leadingInteger(one), leadingInteger(other));
     if (type == SettingType::Double) return exact(leadingDouble(one), leadingDouble(other));
-    const auto isIt = [type](const ListForm& form) { return form.type == type; };
-    const auto* const form = std::find_if(std::begin(listForms), std::end(listForms), isIt);
-    return form != std::end(listForms) && areOneList(one, other, *form, form->hasSixDecimals ? sixDecimals : exact);
+    const std::optional<ListForm> form = listFormOf(type);
+    return form && areOneList(one, other, *form, form->hasSixDecimals ? sixDecimals : exact);
 }
 
 }  // namespace XMLConfig::detail

@@ -333,4 +333,31 @@ TEST(Diff, EqualContentsAreTheSameElementsAttributesAndTexts) {
     EXPECT_FALSE(areEqual("<A/><B/>", "<B/><A/>"));
 }
 
+// Comments.
+
+TEST(Diff, CountsCommentsThatDifferAndNothingElseOfThem) {
+    const auto commentsIn = [](const std::string& old, const std::string& now) {
+        const Difference difference = diffOf(config(old), config(now));
+        EXPECT_TRUE(difference.isNothing());
+        return difference.comments;
+    };
+    EXPECT_EQ(commentsIn("<!-- a --><System><!-- b --></System>", "<!--a--><System><!--b--></System>"), 0U);
+    EXPECT_EQ(commentsIn("<System><Cinema/></System>", "<!-- a --><System><!-- b --><Cinema><!-- c --></Cinema></System>"),
+              3U);
+    EXPECT_EQ(commentsIn("<System><!-- a --></System>", "<System/>"), 1U);
+    EXPECT_EQ(commentsIn("<System><!-- a --></System>", "<System><!-- b --></System>"), 1U);
+    EXPECT_EQ(commentsIn("<System><!-- a --><!-- b --></System>", "<System><!-- b --><!-- a --></System>"), 0U);
+    EXPECT_EQ(commentsIn("<System><!-- a --></System><Color/>", "<System/><Color><!-- a --></Color>"), 2U);
+}
+
+TEST(Diff, CommentsFollowTheirDevice) {
+    const auto camera = [](const std::string& id, const std::string& inside) {
+        return "<Camera ID=\"" + id + "\">" + inside + "</Camera>";
+    };
+    const std::string kept = "<OldSectionID>1</OldSectionID>";
+    EXPECT_EQ(diffOf(config(camera("1", "<!-- a -->")), config(camera("2", kept + "<!-- a -->"))).comments, 0U);
+    EXPECT_EQ(diffOf(config(camera("1", "<!-- a -->")), config(camera("2", kept + "<!-- b -->"))).comments, 1U);
+    EXPECT_EQ(diffOf(config(camera("1", "<!-- a -->")), config(camera("2", "<!-- b -->"))).comments, 0U);
+}
+
 }  // namespace
