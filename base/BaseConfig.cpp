@@ -1,8 +1,11 @@
 #include "base/BaseConfig.h"
 
+#include <utility>
+
 #include "base/UnitConversionTable.h"
 #include "base/ValueTraits.h"
 #include "store/ConfigInfo.h"
+#include "store/Together.h"
 
 using XMLConfig::detail::ValueTrait;
 
@@ -29,9 +32,12 @@ bool BaseConfig::moveSection(int position) const { return m_configInfo->moveSect
 
 void BaseConfig::renameSection(const std::wstring& newSectionID) {
     const std::wstring oldID = m_sectionID;
-    m_configInfo->renameSection(m_sectionName, oldID, newSectionID);
-    m_configInfo->setStringItem(m_sectionName, oldSectionIDTagName(), oldID, newSectionID, {}, {});
-    m_sectionID = newSectionID;
+    std::wstring newID = newSectionID;
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        m_configInfo->renameSection(m_sectionName, oldID, newID);
+        m_configInfo->setStringItem(m_sectionName, oldSectionIDTagName(), oldID, newID, {}, {});
+    });
+    m_sectionID = std::move(newID);
 }
 
 std::wstring BaseConfig::oldSectionIDTagName() { return L"OldSectionID"; }

@@ -1,6 +1,7 @@
 #include "base/SettingTable.h"
 
 #include "platform/Numbers.h"
+#include "store/Together.h"
 
 namespace XMLConfig::detail {
 
@@ -60,6 +61,8 @@ std::optional<int> numberOfKey(std::wstring_view pattern, std::wstring_view key)
 }  // namespace XMLConfig::detail
 
 void BaseConfig::writeInitialValues(const XMLConfig::detail::SettingTable& table) {
-    for (const XMLConfig::detail::AnyDescriptor* item : table)
-        if (item->hasInitial) item->writeInitial(*m_configInfo, table.section, m_sectionID);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        for (const XMLConfig::detail::AnyDescriptor* item : table)
+            if (item->hasInitial) item->writeInitial(*m_configInfo, table.section, m_sectionID);
+    });
 }

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/TextForms.h"
+#include "store/Together.h"
 
 namespace XMLConfig::detail {
 
@@ -35,8 +37,12 @@ public:
         const auto found = m_accessors.find(id);
         if (found != m_accessors.end()) return found->second.get();
         auto device = std::make_unique<Device>(&m_document, id);
-        if (!m_document.doesSectionExist(m_kind.section, id)) device->initialize();
-        return keep(id, std::move(device));
+        Device* kept = nullptr;
+        together(m_document, [&] {
+            if (!m_document.doesSectionExist(m_kind.section, id)) device->initialize();
+            kept = keep(id, std::move(device));
+        });
+        return kept;
     }
     /// Takes over an accessor, under an ID that no other one is known under.
     Device* keep(const std::wstring& id, std::unique_ptr<Device> device) {
@@ -48,10 +54,14 @@ public:
         const auto found = m_accessors.find(oldId);
         if (found == m_accessors.end()) return false;
         if (!m_kind.renamesDisplace && m_accessors.count(newId) != 0) return false;
+        std::wstring key = newId;
+        m_displaced.reserve(m_displaced.size() + 1);
         found->second->renameSection(newId);
-        rekey(found, newId);
-        logInfo(managerLog, std::wstring(L"Remapped ") + m_kind.noun + L" id from " + oldId + L" to " + newId +
-                                L" (expected if loading a .cal file where a " + m_kind.noun + L" was swapped)");
+        rekey(found, std::move(key));
+        log([&] {
+            return std::wstring(L"Remapped ") + m_kind.noun + L" id from " + oldId + L" to " + newId +
+                   L" (expected if loading a .cal file where a " + m_kind.noun + L" was swapped)";
+        });
         return true;
     }
 
@@ -62,14 +72,14 @@ public:
             found->second->removeSection();
             m_accessors.erase(found);
         }
-        logResult(L"remove", L"'" + id + L"'", removed);
+        log([&] { return resultText(L"remove", L"'" + id + L"'", removed); });
         return removed;
     }
 
     bool move(const std::wstring& id, int index) {
         const auto found = m_accessors.find(id);
         const bool moved = found != m_accessors.end() && found->second->moveSection(index);
-        logResult(L"move", L"'" + id + L"':" + formatInteger(index), moved);
+        log([&] { return resultText(L"move", L"'" + id + L"':" + formatInteger(index), moved); });
         return moved;
     }
 
@@ -82,20 +92,29 @@ public:
 private:
     using Accessors = std::map<std::wstring, std::unique_ptr<Device>>;
 
-    void rekey(typename Accessors::iterator entry, const std::wstring& newId) {
+    /// Cannot fail where there is room for one more that is displaced.
+    void rekey(typename Accessors::iterator entry, std::wstring newId) noexcept {
         const auto known = m_accessors.find(newId);
         if (known != m_accessors.end()) {
             m_displaced.push_back(std::move(known->second));
             m_accessors.erase(known);
         }
         auto node = m_accessors.extract(entry);
-        node.key() = newId;
+        node.key() = std::move(newId);
         m_accessors.insert(std::move(node));
     }
 
-    void logResult(const wchar_t* operation, const std::wstring& arguments, bool result) const {
-        logInfo(managerLog,
-                std::wstring(operation) + m_kind.section + L"Config(" + arguments + L") returned: " + textOf(result));
+    std::wstring resultText(const wchar_t* operation, const std::wstring& arguments, bool result) const {
+        return std::wstring(operation) + m_kind.section + L"Config(" + arguments + L") returned: " + textOf(result);
+    }
+    /// What was done is done, also where there is no memory left to tell of it.
+    template <typename Text>
+    static void log(const Text& text) {
+        try {
+            logInfo(managerLog, text());
+        } catch (const std::bad_alloc&) {
+            return;
+        }
     }
 
     const DeviceKind& m_kind;

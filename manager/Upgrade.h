@@ -55,7 +55,7 @@ public:
 
 /// Applies the conversion steps that the document's version asks for, in memory, and stamps the latest version.
 /// UpgradeFailed for a document newer than the library, which is left alone. Throws what the document throws, e.g. without
-/// a version; the document may be half converted then and should be thrown away.
+/// a version, and what the observer throws; the document is then as it was before.
 XMLCONFIG_API VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observer = nullptr);
 
 }  // namespace XMLConfig

@@ -2,6 +2,7 @@
 
 #include "manager/SharedReadings.h"
 #include "manager/upgrade/Losses.h"
+#include "manager/upgrade/VersionUpgrade.h"
 #include "platform/Cancellation.h"
 #include "platform/FileNames.h"
 #include "platform/Files.h"
@@ -101,7 +102,7 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     UpgradeFileReport report;
     report.target = request.target.empty() ? request.path : request.target;
     const std::vector<LostDevice> devices = detail::devicesOf(document);
-    report.status = upgradeDocument(document, &report.receipt);
+    report.status = detail::doFileVersionConversion(&document, &report.receipt);
     report.lost = detail::lostOf(devices, report.receipt);
     report.renamed = detail::renamedOf(devices, report.receipt);
     report.dangling = detail::danglingReferences(document, report.renamed);

@@ -7,6 +7,7 @@
 #include "sections/CalibrationPoints.h"
 #include "sections/CameraItems.h"
 #include "store/CorvaneException.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::cameraItems;
 using XMLConfig::detail::ValueTrait;
@@ -91,8 +92,9 @@ std::map<int, Point_2Dim<double>> CameraConfig::getCameraCalibrationPoints(bool 
     return cache;
 }
 void CameraConfig::setCameraCalibrationPoints(bool reference, const std::map<int, Point_2Dim<double>>& points) {
+    std::map<int, Point_2Dim<double>> kept = points;
     write(calibrationItem(reference), XMLConfig::detail::calibrationPointsToText(points));
-    (reference ? m_referenceCalibrationPoints : m_calibrationPoints) = points;
+    (reference ? m_referenceCalibrationPoints : m_calibrationPoints).swap(kept);
 }
 
 // A pose given by hand.
@@ -105,8 +107,10 @@ bool CameraConfig::getExplicitExtrinsics(Point_3Dim<double>& xyz, Point_3Dim<dou
     return wasRead(position) && wasRead(rotation);
 }
 void CameraConfig::setExplicitExtrinsics(const Point_3Dim<double>& xyz, const Point_3Dim<double>& ypr) {
-    write(items.explicitExtrinsicsXYZ, xyz);
-    write(items.explicitExtrinsicsYPR, ypr);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        write(items.explicitExtrinsicsXYZ, xyz);
+        write(items.explicitExtrinsicsYPR, ypr);
+    });
 }
 bool CameraConfig::doesExplicitExtrinsicsExist() const {
     return m_configInfo->doesItemExist(getSectionName(), items.explicitExtrinsicsXYZ.key, getSectionID());

@@ -1,6 +1,7 @@
 #include "sections/GeometryConfig.h"
 
 #include "sections/GeometryItems.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::geometryItems;
 
@@ -18,34 +19,36 @@ GeometryConfig::~GeometryConfig() = default;
 
 // Calls the setters one by one, because a subclass may have replaced some of them.
 void GeometryConfig::initialize() {
-    setProjectorCount(items.projectorCount.initial);
-    setProjectorLayoutWidth(items.projectorLayoutWidth.initial);
-    setProjectorLayoutHeight(items.projectorLayoutHeight.initial);
-    setTilingEnabled(items.tilingEnabled.initial);
-    setValidateWarps(items.validateWarps.initial);
-    setMemoryLocation(items.memoryLocation.initial);
-    setBlendRun(items.blendRun.initial);
-    setMaxGridWidth(items.maxGridWidth.initial);
-    setMaxGridHeight(items.maxGridHeight.initial);
-    setGridMovementFactor(items.gridMovementFactor.initial);
-    setPersistAllBlendCombinations(items.persistAllBlendCombinations.initial);
-    setBlobNumHistorical(items.blobNumHistorical.initial);
-    setMarkerless(items.markerless.initial);
-    setGlobalOptimization(items.globalOptimization.initial);
-    setAutoMaskingType(items.autoMaskingType.initial);
-    setFitOrder(items.fitOrder.initial);
-    setFitSolver(static_cast<FitSolver>(items.fitSolver.initial));
-    setDoCalculateBlendsOnlyRun(items.doCalculateBlendsOnlyRun.initial);
-    setDoSphericalBlend(items.doSphericalBlend.initial);
-    setProjectorBusyTestPatternEnabled(items.projectorBusyTestPatternEnabled.initial);
-    setPortraitMode(items.portraitMode.initial);
-    setAutomaticMapperSettingsEnabled(items.automaticMapperSettingsEnabled.initial);
-    setBoxSize(items.boxSize.initial);
-    setBoxSpacing(items.boxSpacing.initial);
-    setUseAutoBrightnessUniformity(items.useAutoBrightnessUniformity.initial);
-    setImageResolutionX(items.imageResolutionX.initial);
-    setImageResolutionY(items.imageResolutionY.initial);
-    setInputImageScalingMode(items.inputImageScalingMode.initial);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        setProjectorCount(items.projectorCount.initial);
+        setProjectorLayoutWidth(items.projectorLayoutWidth.initial);
+        setProjectorLayoutHeight(items.projectorLayoutHeight.initial);
+        setTilingEnabled(items.tilingEnabled.initial);
+        setValidateWarps(items.validateWarps.initial);
+        setMemoryLocation(items.memoryLocation.initial);
+        setBlendRun(items.blendRun.initial);
+        setMaxGridWidth(items.maxGridWidth.initial);
+        setMaxGridHeight(items.maxGridHeight.initial);
+        setGridMovementFactor(items.gridMovementFactor.initial);
+        setPersistAllBlendCombinations(items.persistAllBlendCombinations.initial);
+        setBlobNumHistorical(items.blobNumHistorical.initial);
+        setMarkerless(items.markerless.initial);
+        setGlobalOptimization(items.globalOptimization.initial);
+        setAutoMaskingType(items.autoMaskingType.initial);
+        setFitOrder(items.fitOrder.initial);
+        setFitSolver(static_cast<FitSolver>(items.fitSolver.initial));
+        setDoCalculateBlendsOnlyRun(items.doCalculateBlendsOnlyRun.initial);
+        setDoSphericalBlend(items.doSphericalBlend.initial);
+        setProjectorBusyTestPatternEnabled(items.projectorBusyTestPatternEnabled.initial);
+        setPortraitMode(items.portraitMode.initial);
+        setAutomaticMapperSettingsEnabled(items.automaticMapperSettingsEnabled.initial);
+        setBoxSize(items.boxSize.initial);
+        setBoxSpacing(items.boxSpacing.initial);
+        setUseAutoBrightnessUniformity(items.useAutoBrightnessUniformity.initial);
+        setImageResolutionX(items.imageResolutionX.initial);
+        setImageResolutionY(items.imageResolutionY.initial);
+        setInputImageScalingMode(items.inputImageScalingMode.initial);
+    });
 }
 
 int GeometryConfig::getProjectorCount() const { return read(items.projectorCount).value; }

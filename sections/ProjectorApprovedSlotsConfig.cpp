@@ -5,6 +5,7 @@
 
 #include "platform/Numbers.h"
 #include "sections/ApprovedSlotsItems.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::approvedSlotsItems;
 using XMLConfig::detail::formatInteger;
@@ -51,8 +52,10 @@ void ProjectorApprovedSlotsConfig::updateSlot(int slot, std::wstring name, SlotS
         addSlotDetails(slot, name);
         return;
     }
-    removeSlotDetails(slot);
-    if (status == CurrentRun) setCurrentSlotID(slot);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        removeSlotDetails(slot);
+        if (status == CurrentRun) setCurrentSlotID(slot);
+    });
 }
 
 void ProjectorApprovedSlotsConfig::getSlotDetails(std::wstring& name, SlotStatus& status, int slot, int currentSlot) const {

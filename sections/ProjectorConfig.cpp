@@ -2,6 +2,7 @@
 
 #include "platform/Early.h"
 #include "sections/ProjectorItems.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::projectorItems;
 using XMLConfig::detail::Descriptor;
@@ -36,29 +37,31 @@ void ProjectorConfig::writeOrUnset(const Descriptor<std::wstring>& item, const s
 
 // Calls the setters one by one, because a subclass may have replaced some of them.
 void ProjectorConfig::initialize() {
-    setName(XMLConfig::detail::withSectionID(items.name.initial, getSectionID()));
-    setDeviceSnippet(items.deviceSnippet.initial);
-    setResolutionX(items.resolutionX.initial);
-    setResolutionY(items.resolutionY.initial);
-    setGamma(items.gamma.initial);
-    setLampPower(items.lampPower.initial);
-    setColourUser(items.colourUser.initial);
-    setLampMode(items.lampMode.initial);
-    setBlendPercentTop(items.blendPercentTop.initial);
-    setBlendPercentBottom(items.blendPercentBottom.initial);
-    setBlendPercentRight(items.blendPercentRight.initial);
-    setBlendPercentLeft(items.blendPercentLeft.initial);
-    setChannelExtentHeadingYaw(items.headingYaw.initial);
-    setChannelExtentHeadingPitch(items.headingPitch.initial);
-    setChannelExtentHeadingRoll(items.headingRoll.initial);
-    setChannelExtentVFOVTop(items.vfovTop.initial);
-    setChannelExtentVFOVBottom(items.vfovBottom.initial);
-    setChannelExtentHFOVLeft(items.hfovLeft.initial);
-    setChannelExtentHFOVRight(items.hfovRight.initial);
-    setScreenAreaLeft(items.screenAreaLeft.initial);
-    setScreenAreaRight(items.screenAreaRight.initial);
-    setScreenAreaTop(items.screenAreaTop.initial);
-    setScreenAreaBottom(items.screenAreaBottom.initial);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        setName(XMLConfig::detail::withSectionID(items.name.initial, getSectionID()));
+        setDeviceSnippet(items.deviceSnippet.initial);
+        setResolutionX(items.resolutionX.initial);
+        setResolutionY(items.resolutionY.initial);
+        setGamma(items.gamma.initial);
+        setLampPower(items.lampPower.initial);
+        setColourUser(items.colourUser.initial);
+        setLampMode(items.lampMode.initial);
+        setBlendPercentTop(items.blendPercentTop.initial);
+        setBlendPercentBottom(items.blendPercentBottom.initial);
+        setBlendPercentRight(items.blendPercentRight.initial);
+        setBlendPercentLeft(items.blendPercentLeft.initial);
+        setChannelExtentHeadingYaw(items.headingYaw.initial);
+        setChannelExtentHeadingPitch(items.headingPitch.initial);
+        setChannelExtentHeadingRoll(items.headingRoll.initial);
+        setChannelExtentVFOVTop(items.vfovTop.initial);
+        setChannelExtentVFOVBottom(items.vfovBottom.initial);
+        setChannelExtentHFOVLeft(items.hfovLeft.initial);
+        setChannelExtentHFOVRight(items.hfovRight.initial);
+        setScreenAreaLeft(items.screenAreaLeft.initial);
+        setScreenAreaRight(items.screenAreaRight.initial);
+        setScreenAreaTop(items.screenAreaTop.initial);
+        setScreenAreaBottom(items.screenAreaBottom.initial);
+    });
 }
 
 std::wstring ProjectorConfig::getName() const { return read(items.name).value; }
@@ -215,12 +218,14 @@ Viewport ProjectorConfig::getChannelExtentsAsViewport() const {
     return Viewport(getEyePoint(), {yaw, pitch, roll}, left, right, top, bottom, 1, 1);
 }
 void ProjectorConfig::setChannelExtentsFromViewport(const Viewport& viewport) {
-    setChannelExtentHeadingRoll(viewport.RotationYPR.z);
-    setChannelExtentHeadingPitch(viewport.RotationYPR.y);
-    setChannelExtentHeadingYaw(viewport.RotationYPR.x);
-    setChannelExtentVFOVBottom(viewport.FOVBottom);
-    setChannelExtentVFOVTop(viewport.FOVTop);
-    setChannelExtentHFOVRight(viewport.FOVRight);
-    setChannelExtentHFOVLeft(viewport.FOVLeft);
-    setEyePoint(viewport.Offset);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        setChannelExtentHeadingRoll(viewport.RotationYPR.z);
+        setChannelExtentHeadingPitch(viewport.RotationYPR.y);
+        setChannelExtentHeadingYaw(viewport.RotationYPR.x);
+        setChannelExtentVFOVBottom(viewport.FOVBottom);
+        setChannelExtentVFOVTop(viewport.FOVTop);
+        setChannelExtentHFOVRight(viewport.FOVRight);
+        setChannelExtentHFOVLeft(viewport.FOVLeft);
+        setEyePoint(viewport.Offset);
+    });
 }

@@ -6,6 +6,7 @@
 #include "sections/ScreenItems.h"
 #include "sections/ScreenTexts.h"
 #include "store/CorvaneException.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::screenItems;
 
@@ -141,24 +142,18 @@ void ScreenConfig::setMarkedSurfaceFilename(const std::wstring& path, FilePathMo
 void ScreenConfig::updateRelativeFilePaths(const std::wstring& previousRoot) {
     struct Path {
         decltype(&items.meshPath) item;
-        std::wstring before;
-        std::wstring after;
+        std::wstring text;
     };
     std::vector<Path> paths;
     for (const auto* item : {&items.meshPath, &items.pcdPath, &items.markedSurfaceFilename, &items.measuredMeshPath}) {
         const std::wstring stored = read(*item).value;
-        if (!stored.empty()) paths.push_back({item, stored, assets().relocate(stored, previousRoot)});
+        if (!stored.empty()) paths.push_back({item, assets().relocate(stored, previousRoot)});
     }
-    const bool wasDirty = m_configInfo->isDirty();
-    auto next = paths.begin();
+    XMLConfig::detail::Together changes(*m_configInfo);
     try {
-        for (; next != paths.end(); ++next) write(*next->item, next->after);
+        for (const Path& path : paths) write(*path.item, path.text);
     } catch (...) {
-        while (next != paths.begin()) {
-            --next;
-            write(*next->item, next->before);
-        }
-        m_configInfo->setDirty(wasDirty);
+        changes.undo();
         throw;
     }
 }
@@ -207,8 +202,10 @@ Point_2Dim<int> ScreenConfig::getMarkedSurfaceImageSize() {
     return {read(items.markedSurfaceImageWidth).value, read(items.markedSurfaceImageHeight).value};
 }
 void ScreenConfig::setMarkedSurfaceImageSize(const Point_2Dim<int>& size) {
-    write(items.markedSurfaceImageWidth, size.x);
-    write(items.markedSurfaceImageHeight, size.y);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        write(items.markedSurfaceImageWidth, size.x);
+        write(items.markedSurfaceImageHeight, size.y);
+    });
 }
 
 std::vector<Point_3Dim<double>> ScreenConfig::getCalibrationPoints() {

@@ -4,6 +4,7 @@
 
 #include "platform/Clock.h"
 #include "sections/SiteAnalyticsItems.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::siteAnalyticsItems;
 
@@ -43,13 +44,17 @@ std::int32_t SiteAnalyticsConfig::getVisitTimestamp() const { return read(items.
 void SiteAnalyticsConfig::setVisitTimestamp() { write(items.visitTimestamp, presentTime()); }
 
 void SiteAnalyticsConfig::resetSiteAnalytics() {
-    resetFailedRunNumber();
-    resetSuccessfulRunNumber();
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        resetFailedRunNumber();
+        resetSuccessfulRunNumber();
+    });
 }
 
 void SiteAnalyticsConfig::resetSite() {
-    resetSiteAnalytics();
-    setVisitTimestamp();
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        resetSiteAnalytics();
+        setVisitTimestamp();
+    });
 }
 
 SiteAnalyticsConfig::SiteMode SiteAnalyticsConfig::getSiteMode() const { return m_siteMode; }

@@ -5,6 +5,7 @@
 #include "platform/Early.h"
 #include "sections/SystemItems.h"
 #include "store/CorvaneException.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::systemItems;
 
@@ -30,8 +31,10 @@ SystemConfig::SystemConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager>
 SystemConfig::~SystemConfig() = default;
 
 void SystemConfig::initialize() {
-    removeACTUnits(items.actCount.initial, getACTCount());
-    writeInitialValues(items);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        removeACTUnits(items.actCount.initial, getACTCount());
+        writeInitialValues(items);
+    });
 }
 
 std::wstring SystemConfig::getLengthUnit() const { return read(items.lengthUnit).value; }
@@ -97,8 +100,13 @@ bool SystemConfig::getPromptUserForAutomaticCameraCalibrationEnabledState() cons
 }
 
 void SystemConfig::setPromptUserForAutomaticCameraCalibrationEnabledState(bool enabled) {
-    m_promptUser = enabled;
-    setMarkerLocationMethod(getMarkerLocationMethod());
+    const bool before = std::exchange(m_promptUser, enabled);
+    try {
+        setMarkerLocationMethod(getMarkerLocationMethod());
+    } catch (...) {
+        m_promptUser = before;
+        throw;
+    }
 }
 
 bool SystemConfig::isAutomaticCameraCalibrationEnabled() const {

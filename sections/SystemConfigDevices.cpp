@@ -7,6 +7,7 @@
 #include "sections/SystemItems.h"
 #include "sections/SystemTexts.h"
 #include "store/ElementView.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::systemItems;
 using XMLConfig::detail::blackBoxFromText;
@@ -60,9 +61,11 @@ void SystemConfig::setBlackBoxKeepingOtherPorts(const std::wstring& key, const B
 // ACT units.
 
 void SystemConfig::setACTCount(int count) {
-    const int kept = std::max(count, 0);
-    removeACTUnits(kept, getACTCount());
-    write(items.actCount, kept);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        const int kept = std::max(count, 0);
+        removeACTUnits(kept, getACTCount());
+        write(items.actCount, kept);
+    });
 }
 
 // Visits the items there are, not the numbers there might be: a damaged file may claim two thousand million units.

@@ -5,6 +5,7 @@
 #include "platform/Text.h"
 #include "sections/AxisDistortionCorrection.h"
 #include "sections/TargetLocatorItems.h"
+#include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::targetLocatorItems;
 
@@ -36,18 +37,20 @@ TargetLocatorConfig::~TargetLocatorConfig() = default;
 
 // Calls the setters one by one, because a subclass may have replaced some of them.
 void TargetLocatorConfig::initialize() {
-    setDataType(items.dataType.initial);
-    setEyePoint(items.eyePoint.initial);
-    setLeftInset(items.leftInset.initial);
-    setRightInset(items.rightInset.initial);
-    setTopInset(items.topInset.initial);
-    setBottomInset(items.bottomInset.initial);
-    setHorizontalOverlap(items.horizontalOverlap.initial);
-    setVerticalOverlap(items.verticalOverlap.initial);
-    setMirrorRotation(items.mirrorRotation.initial);
-    setMirrorTranslation(items.mirrorTranslation.initial);
-    setMirrorRadius(items.mirrorRadius.initial);
-    setOverlapDisplayUnit(items.overlapDisplayUnit.initial);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        setDataType(items.dataType.initial);
+        setEyePoint(items.eyePoint.initial);
+        setLeftInset(items.leftInset.initial);
+        setRightInset(items.rightInset.initial);
+        setTopInset(items.topInset.initial);
+        setBottomInset(items.bottomInset.initial);
+        setHorizontalOverlap(items.horizontalOverlap.initial);
+        setVerticalOverlap(items.verticalOverlap.initial);
+        setMirrorRotation(items.mirrorRotation.initial);
+        setMirrorTranslation(items.mirrorTranslation.initial);
+        setMirrorRadius(items.mirrorRadius.initial);
+        setOverlapDisplayUnit(items.overlapDisplayUnit.initial);
+    });
 }
 
 Point_3Dim<double> TargetLocatorConfig::getEyePoint() { return read(items.eyePoint).value; }

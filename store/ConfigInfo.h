@@ -23,8 +23,7 @@ class Document;
 /// nothing; setters create what is missing and mark the document dirty when the stored text changes.
 ///
 /// Every failure is a CorvaneException that begins "Error <operation>: ", but for a shortage of memory, which is
-/// std::bad_alloc everywhere and leaves the document as it was; of an operation that stores several items (a frustum, a
-/// pond of mirrors, a vector) some may then be stored, each whole. A value or identifier that XML 1.0 cannot hold is refused
+/// std::bad_alloc everywhere and leaves the document as it was. A value or identifier that XML 1.0 cannot hold is refused
 /// before anything is changed. A document is used by one thread at a time; different documents may be used by
 /// different threads.
 class XMLCONFIG_API ConfigInfo {

@@ -2,6 +2,7 @@
 #include "store/ConfigInfo.h"
 #include "store/Document.h"
 #include "store/TextForms.h"
+#include "store/Together.h"
 #include "store/TokenItems.h"
 
 using XMLConfig::detail::Document;
@@ -10,6 +11,7 @@ using XMLConfig::detail::leadingInteger;
 using XMLConfig::detail::readOr;
 using XMLConfig::detail::reporting;
 using XMLConfig::detail::textOf;
+using XMLConfig::detail::together;
 using XMLConfig::detail::tokensOf;
 
 namespace {
@@ -108,14 +110,16 @@ Frustum ConfigInfo::getFrustum(const std::wstring& sectionName, const std::wstri
 
 void ConfigInfo::setFrustum(const std::wstring& sectionName, const std::wstring& key, Frustum value,
                             const std::wstring& sectionID) {
-    setPoint3DItem(sectionName, key + L"|Offset", value.Offset, sectionID);
-    setPoint3DItem(sectionName, key + L"|RotationYPR", value.RotationYPR, sectionID);
-    setDoubleItem(sectionName, key + L"|FOVLeft", value.FOVLeft, sectionID);
-    setDoubleItem(sectionName, key + L"|FOVRight", value.FOVRight, sectionID);
-    setDoubleItem(sectionName, key + L"|FOVTop", value.FOVTop, sectionID);
-    setDoubleItem(sectionName, key + L"|FOVBottom", value.FOVBottom, sectionID);
-    setIntegerItem(sectionName, key + L"|ResolutionX", value.ResolutionX, sectionID);
-    setIntegerItem(sectionName, key + L"|ResolutionY", value.ResolutionY, sectionID);
+    together(*this, [&] {
+        setPoint3DItem(sectionName, key + L"|Offset", value.Offset, sectionID);
+        setPoint3DItem(sectionName, key + L"|RotationYPR", value.RotationYPR, sectionID);
+        setDoubleItem(sectionName, key + L"|FOVLeft", value.FOVLeft, sectionID);
+        setDoubleItem(sectionName, key + L"|FOVRight", value.FOVRight, sectionID);
+        setDoubleItem(sectionName, key + L"|FOVTop", value.FOVTop, sectionID);
+        setDoubleItem(sectionName, key + L"|FOVBottom", value.FOVBottom, sectionID);
+        setIntegerItem(sectionName, key + L"|ResolutionX", value.ResolutionX, sectionID);
+        setIntegerItem(sectionName, key + L"|ResolutionY", value.ResolutionY, sectionID);
+    });
 }
 
 void ConfigInfo::getPondOfMirrors(const std::wstring& sectionName, const std::wstring& key,
@@ -131,8 +135,10 @@ void ConfigInfo::getPondOfMirrors(const std::wstring& sectionName, const std::ws
 
 void ConfigInfo::setPondOfMirrors(const std::wstring& sectionName, const std::wstring& key,
                                   const BlackLevelBlending::PondOfMirrors& value, const std::wstring& sectionID) {
-    setIntegerItem(sectionName, key + L"|Top", value.Top, sectionID);
-    setIntegerItem(sectionName, key + L"|Bottom", value.Bottom, sectionID);
-    setIntegerItem(sectionName, key + L"|Left", value.Left, sectionID);
-    setIntegerItem(sectionName, key + L"|Right", value.Right, sectionID);
+    together(*this, [&] {
+        setIntegerItem(sectionName, key + L"|Top", value.Top, sectionID);
+        setIntegerItem(sectionName, key + L"|Bottom", value.Bottom, sectionID);
+        setIntegerItem(sectionName, key + L"|Left", value.Left, sectionID);
+        setIntegerItem(sectionName, key + L"|Right", value.Right, sectionID);
+    });
 }

@@ -3,6 +3,7 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "store/TextForms.h"
+#include "store/Together.h"
 #include "store/TokenItems.h"
 
 using XMLConfig::detail::Element;
@@ -34,13 +35,17 @@ std::size_t elementCount(int n, int m) {
     return product < 0 ? 0 : static_cast<std::size_t>(product);
 }
 
-template <typename T, typename Set>
-void setVector(const wchar_t* tooSmall, const std::wstring& key, int n, int m, const std::vector<T>& values, Set setItem) {
+template <typename T>
+void setVector(ConfigInfo& configInfo, const wchar_t* tooSmall, const std::wstring& sectionName, const std::wstring& key,
+               int n, int m, const std::vector<T>& values, const std::wstring& sectionID) {
     if (values.size() < elementCount(n, m)) throw CorvaneException(tooSmall);
-    std::size_t k = 0;
-    for (int j = 0; j < m; ++j) {
-        for (int i = 0; i < n && k < values.size(); ++i, ++k) setItem(elementKey(key, i, j), textOf(values[k]));
-    }
+    XMLConfig::detail::together(configInfo, [&] {
+        std::size_t k = 0;
+        for (int j = 0; j < m; ++j) {
+            for (int i = 0; i < n && k < values.size(); ++i, ++k)
+                configInfo.setStringItem(sectionName, elementKey(key, i, j), textOf(values[k]), sectionID, {}, {});
+        }
+    });
 }
 
 }  // namespace
@@ -52,10 +57,8 @@ void ConfigInfo::getDoubleVector(const std::wstring& sectionName, const std::wst
 
 void ConfigInfo::setDoubleVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
                                  const std::vector<double>& values, const std::wstring& sectionID) {
-    setVector(L"Error: ConfigInfo::setDoubleVector: Passed buffer is too small to support dimensions", key, dimension1,
-              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
-              });
+    setVector(*this, L"Error: ConfigInfo::setDoubleVector: Passed buffer is too small to support dimensions", sectionName,
+              key, dimension1, dimension2, values, sectionID);
 }
 
 void ConfigInfo::getPoint2IVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
@@ -65,10 +68,8 @@ void ConfigInfo::getPoint2IVector(const std::wstring& sectionName, const std::ws
 
 void ConfigInfo::setPoint2IVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
                                   const std::vector<Point_2Dim<int>>& values, const std::wstring& sectionID) {
-    setVector(L"Error: ConfigInfo::setPoint2IVector: Passed buffer is too small to support diamensions", key, dimension1,
-              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
-              });
+    setVector(*this, L"Error: ConfigInfo::setPoint2IVector: Passed buffer is too small to support diamensions", sectionName,
+              key, dimension1, dimension2, values, sectionID);
 }
 
 void ConfigInfo::getPoint2DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
@@ -78,10 +79,8 @@ void ConfigInfo::getPoint2DVector(const std::wstring& sectionName, const std::ws
 
 void ConfigInfo::setPoint2DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
                                   const std::vector<Point_2Dim<double>>& values, const std::wstring& sectionID) {
-    setVector(L"Error: ConfigInfo::setPoint2DVector: Passed buffer is too small to support diamensions", key, dimension1,
-              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
-              });
+    setVector(*this, L"Error: ConfigInfo::setPoint2DVector: Passed buffer is too small to support diamensions", sectionName,
+              key, dimension1, dimension2, values, sectionID);
 }
 
 void ConfigInfo::getPoint3DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
@@ -91,8 +90,6 @@ void ConfigInfo::getPoint3DVector(const std::wstring& sectionName, const std::ws
 
 void ConfigInfo::setPoint3DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
                                   const std::vector<Point_3Dim<double>>& values, const std::wstring& sectionID) {
-    setVector(L"Error: ConfigInfo::setPoint3DVector: Passed buffer is too small to support diamensions", key, dimension1,
-              dimension2, values, [&](const std::wstring& itemKey, const std::wstring& text) {
-                  setStringItem(sectionName, itemKey, text, sectionID, {}, {});
-              });
+    setVector(*this, L"Error: ConfigInfo::setPoint3DVector: Passed buffer is too small to support diamensions", sectionName,
+              key, dimension1, dimension2, values, sectionID);
 }

@@ -26,9 +26,10 @@ class FileLock;
 /// ConfigInfo::save and XMLConfigManager::saveConfiguration take no lock and may be called while one is held.
 class XMLCONFIG_API ConfigLock {
 public:
-    /// Waits until the lock is free, 30 seconds where nothing else is said; zero or less asks once. The file itself need not
-    /// exist. Throws ConfigBusyException when it is not free within that time, and CorvaneException where it cannot be had
-    /// at all, as where the folder does not exist.
+    /// Waits until the lock is free, 30 seconds where nothing else is said; zero or less asks once, and
+    /// may meet a lock that was given back a moment ago, while some program looks at what its holder has open. The file
+    /// itself need not exist. Throws ConfigBusyException when it is not free within that time, and CorvaneException where it
+    /// cannot be had at all, as where the folder does not exist.
     explicit ConfigLock(const std::wstring& path, std::chrono::milliseconds patience = std::chrono::seconds(30));
     ~ConfigLock();
     ConfigLock(const ConfigLock&) = delete;

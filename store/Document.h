@@ -9,6 +9,7 @@
 #include "store/ChangeObserver.h"
 #include "store/ElementReader.h"
 #include "store/FileState.h"
+#include "store/Journal.h"
 #include "store/SectionIndex.h"
 #include "store/Tree.h"
 
@@ -111,6 +112,12 @@ public:
     /// Takes away the comments of that text that stand directly in the place; how many.
     std::size_t removeComments(xercesc::DOMElement& place, const std::wstring& text);
 
+    // Several changes that can be undone, see Together.
+    /// How far the journal is before them.
+    std::size_t beginTogether() noexcept;
+    void endTogether() noexcept;
+    void undo(std::size_t length) noexcept;
+
     ChangeObserver* observer = nullptr;  ///< not owned
     FileState file;                      ///< where the document was loaded from or saved to last
 
@@ -127,11 +134,19 @@ private:
     /// What is missing, up to the first name that is illegal.
     LooseElement build(const Missing& missing, Content content, std::exception_ptr& illegalName);
     void removeIndentationAfter(xercesc::DOMElement& parent, const xercesc::DOMElement& child) noexcept;
+    // How nodes join the tree and leave it; the journal must have room.
+    void join(xercesc::DOMElement& parent, xercesc::DOMNode& child) noexcept;
+    void joinBefore(xercesc::DOMElement& parent, xercesc::DOMNode& child, xercesc::DOMNode* next) noexcept;
+    void part(xercesc::DOMElement& parent, xercesc::DOMNode& child) noexcept;
+    void empty(xercesc::DOMElement& element) noexcept;
+    /// For all children to leave and one to join.
+    void makeRoomToReplace(const xercesc::DOMNode& parent);
 
     xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
     Tree m_tree;
     mutable SectionIndex m_index;
     ElementReader m_reader;
+    Journal m_journal;
 };
 
 /// Whether a node's first child, null where it has none, is a text and its only child.

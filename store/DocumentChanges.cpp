@@ -44,7 +44,30 @@ void Document::removeIndentationAfter(DOMElement& parent, const DOMElement& chil
     DOMNode* const next = child.getNextSibling();
     if (next == nullptr || next->getNodeType() != DOMNode::TEXT_NODE) return;
     const bool isWhiteSpace = view(next->getNodeValue()).find_first_not_of(u" \t\n\r\v\f") == std::u16string_view::npos;
-    if (isWhiteSpace) m_tree.remove(parent, *next);
+    if (isWhiteSpace) part(parent, *next);
+}
+
+void Document::join(DOMElement& parent, DOMNode& child) noexcept {
+    append(parent, child);
+    m_journal.joined(parent, child);
+}
+
+void Document::joinBefore(DOMElement& parent, DOMNode& child, DOMNode* next) noexcept {
+    parent.insertBefore(&child, next);
+    m_journal.joined(parent, child);
+}
+
+void Document::part(DOMElement& parent, DOMNode& child) noexcept {
+    m_journal.parting(parent, child);
+    m_tree.remove(parent, child);
+}
+
+void Document::makeRoomToReplace(const DOMNode& parent) {
+    if (m_journal.isOpen()) m_journal.makeRoom(parent.getChildNodes()->getLength() + 1);
+}
+
+void Document::empty(DOMElement& element) noexcept {
+    while (DOMNode* const child = element.getFirstChild()) part(element, *child);
 }
 
 DOMElement* Document::childOf(const Container& container, std::wstring_view name) const {
@@ -108,9 +131,10 @@ LooseElement Document::build(const Missing& missing, Content content, std::excep
 void Document::addItem(const ItemAddress& address, const Container& container, Content content) {
     const Missing missing = missingOf(address, container);
     std::exception_ptr illegalName;
+    m_journal.makeRoom(2);
     DOMElement* const added = build(missing, std::move(content), illegalName).release();
     if (added != nullptr) {
-        append(*missing.place, *added);
+        join(*missing.place, *added);
         const bool isSection = missing.section == nullptr;
         if (missing.isSubSection) removeIndentationAfter(*root(), isSection ? *added : *missing.section->element);
         const bool isChild = !isSection && missing.place == missing.section->element;
@@ -122,12 +146,13 @@ void Document::addItem(const ItemAddress& address, const Container& container, C
 void Document::setText(const Item& item, const std::wstring& value) {
     DOMNode* const first = item.element->getFirstChild();
     const bool hadElements = item.element->getFirstElementChild() != nullptr;
-    if (isOneText(first) && !value.empty()) {
+    if (isOneText(first) && !value.empty() && !m_journal.isOpen()) {
         Tree::setText(static_cast<xercesc::DOMText&>(*first), value);
     } else {
+        makeRoomToReplace(*item.element);
         xercesc::DOMText* const text = value.empty() ? nullptr : m_tree.makeText(value);
-        m_tree.empty(*item.element);
-        if (text != nullptr) append(*item.element, *text);
+        empty(*item.element);
+        if (text != nullptr) join(*item.element, *text);
     }
     const bool isKnownText = item.known != nullptr && !hadElements;
     changed({isKnownText ? Kind::TextReplaced : Kind::InsideReplaced, item.section, item.element, nullptr, item.known});
@@ -135,8 +160,9 @@ void Document::setText(const Item& item, const std::wstring& value) {
 
 bool Document::setElement(const Item& item, LooseElement content) {
     const bool isDifferent = !holdsCollapsed(*item.element, *content);
-    m_tree.empty(*item.element);
-    append(*item.element, *content.release());
+    makeRoomToReplace(*item.element);
+    empty(*item.element);
+    join(*item.element, *content.release());
     changed({Kind::InsideReplaced, item.section, item.element});
     return isDifferent;
 }
@@ -147,19 +173,22 @@ void Document::setSectionText(Section& section, const std::wstring& value) {
 
 void Document::removeItem(Section& section, DOMElement& item) {
     if (parentOf(item) != section.element) throw xercesc::DOMException(xercesc::DOMException::NOT_FOUND_ERR);
-    m_tree.remove(*section.element, item);
+    m_journal.makeRoom(1);
+    part(*section.element, item);
     changed({Kind::ChildRemoved, &section, &item});
 }
 
 void Document::removeSection(Section& section) {
+    m_journal.makeRoom(2);
     removeIndentationAfter(*root(), *section.element);
-    m_tree.remove(*root(), *section.element);
+    part(*root(), *section.element);
     changed({Kind::SectionRemoved, &section});
 }
 
 void Document::removeSubSection(const Container& subSection) {
+    m_journal.makeRoom(2);
     removeIndentationAfter(*subSection.section->element, *subSection.element);
-    m_tree.remove(*subSection.section->element, *subSection.element);
+    part(*subSection.section->element, *subSection.element);
     changed({Kind::ChildRemoved, subSection.section, subSection.element});
 }
 
@@ -167,33 +196,42 @@ void Document::renameSection(Section& section, const std::wstring& newID) {
     xercesc::DOMAttr* const attribute = section.element->getAttributeNode(xmlText(u"ID"));
     DOMNode* const text = attribute->getFirstChild();
     // Setting the attribute's value would leave the XML library without a value where memory runs out.
-    if (isOneText(text) && !newID.empty()) {
+    if (isOneText(text) && !newID.empty() && !m_journal.isOpen()) {
         Tree::setText(static_cast<xercesc::DOMText&>(*text), newID);
     } else {
+        makeRoomToReplace(*attribute);
         DOMNode* const made = newID.empty() ? nullptr : m_tree.makeText(newID);
-        while (DOMNode* const child = attribute->getFirstChild()) m_tree.discard(*attribute->removeChild(child));
-        if (made != nullptr) attribute->appendChild(made);
+        while (DOMNode* const child = attribute->getFirstChild()) {
+            m_journal.parting(*attribute, *child);
+            m_tree.discard(*attribute->removeChild(child));
+        }
+        if (made != nullptr) m_journal.joined(*attribute, *attribute->appendChild(made));
     }
     changed({Kind::SectionRenamed, &section, nullptr, nullptr, nullptr, &newID});
 }
 
 void Document::swapSections(Section& earlier, Section& later) {
-    root()->insertBefore(later.element, earlier.element);
+    m_journal.makeRoom(2);
+    m_journal.parting(*root(), *later.element);
+    joinBefore(*root(), *later.element, earlier.element);
     changed({Kind::SectionsSwapped, &earlier, nullptr, &later});
 }
 
 void Document::setHeaders(const std::vector<Header>& headers, DOMElement* next) {
     std::vector<LooseElement> made;
     std::vector<DOMNode*> texts;
+    std::size_t steps = 0;
     for (const Header& header : headers) {
         made.push_back(header.element == nullptr ? m_tree.makeElement(*root(), header.name) : LooseElement());
         texts.push_back(m_tree.makeText(header.text));
+        steps += 2 + (header.element == nullptr ? 0 : header.element->getChildNodes()->getLength());
     }
+    m_journal.makeRoom(steps);
     for (std::size_t i = 0; i < headers.size(); ++i) {
         DOMElement* const element = made[i] ? made[i].get() : headers[i].element;
-        m_tree.empty(*element);
-        append(*element, *texts[i]);
-        if (made[i]) root()->insertBefore(made[i].release(), next);
+        empty(*element);
+        join(*element, *texts[i]);
+        if (made[i]) joinBefore(*root(), *made[i].release(), next);
     }
     changed({Kind::HeadersSet});
 }
@@ -208,7 +246,8 @@ void Document::addComments(const std::vector<DOMElement*>& places, const std::ws
     std::vector<DOMNode*> made;
     made.reserve(places.size());
     for (std::size_t i = 0; i < places.size(); ++i) made.push_back(m_tree.makeComment(units));
-    for (std::size_t i = 0; i < places.size(); ++i) append(*places[i], *made[i]);
+    m_journal.makeRoom(places.size());
+    for (std::size_t i = 0; i < places.size(); ++i) join(*places[i], *made[i]);
     changed({Kind::CommentsChanged});
 }
 
@@ -218,7 +257,8 @@ std::size_t Document::removeComments(DOMElement& place, const std::wstring& text
     for (DOMNode* node = place.getFirstChild(); node != nullptr;) {
         DOMNode* const next = node->getNextSibling();
         if (node->getNodeType() == DOMNode::COMMENT_NODE && view(node->getNodeValue()) == units) {
-            m_tree.remove(place, *node);
+            m_journal.makeRoom(1);
+            part(place, *node);
             ++count;
         }
         node = next;
@@ -237,7 +277,7 @@ void Document::changed(const TreeChange& change) noexcept {
 }
 
 void Document::shedWaste() noexcept {
-    if (!m_tree.shedWaste()) return;
+    if (m_journal.isOpen() || !m_tree.shedWaste()) return;
     m_reader.forgetTree();
     m_index.reset(root());
 }

@@ -9,6 +9,7 @@
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/TextForms.h"
+#include "store/Together.h"
 
 namespace XMLConfig::detail {
 
@@ -67,7 +68,13 @@ void UpgradeReceipt::upgradeBegins(double from, double to) {
 void UpgradeReceipt::stepDone(UpgradeStepReport step) { steps.push_back(std::move(step)); }
 
 VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observer) {
-    return detail::doFileVersionConversion(&document, observer);
+    detail::Together changes(document);
+    try {
+        return detail::doFileVersionConversion(&document, observer);
+    } catch (...) {
+        changes.undo();
+        throw;
+    }
 }
 
 }  // namespace XMLConfig

@@ -1,12 +1,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "manager/Upgrade.h"
 #include "manager/upgrade/UpgradeChain.h"
 #include "manager/upgrade/VersionUpgrade.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/Thrown.h"
 
@@ -38,7 +41,32 @@ std::vector<double> stepsFrom(double first) {
     return versions;
 }
 
+/// Throws after so many steps.
+struct ThrowingObserver : XMLConfig::UpgradeObserver {
+    explicit ThrowingObserver(std::size_t count) : left(count) {}
+    void upgradeBegins(double /*from*/, double /*to*/) override {}
+    void stepDone(XMLConfig::UpgradeStepReport /*step*/) override {
+        if (--left == 0) throw std::runtime_error("enough");
+    }
+    std::size_t left;
+};
+
 }  // namespace
+
+TEST(UpgradeDriver, LeavesTheDocumentOfAnUpgradeThatFails) {
+    const std::string old = TemporaryFolder::readFile("examples/history/dome-1.500.skorra");
+    const TestDocument document(old);
+    const std::string before = document.text();
+    for (std::size_t count = 1; count <= stepsFrom(1.5).size(); ++count) {
+        ThrowingObserver observer(count);
+        EXPECT_THROW(XMLConfig::upgradeDocument(*document, &observer), std::runtime_error);
+        EXPECT_EQ(document.text(), before) << count;
+        EXPECT_FALSE(document->isDirty());
+        EXPECT_EQ(document->getVersion(), 1.5);
+    }
+    EXPECT_EQ(XMLConfig::upgradeDocument(*document), XMLConfig::Upgraded);
+    EXPECT_NE(document.text(), before);
+}
 
 TEST(UpgradeDriver, NullDocumentFailsWithoutALogLine) {
     const LogCapture log;

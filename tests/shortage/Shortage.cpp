@@ -14,12 +14,21 @@
 #include <iostream>
 
 #include "base/AssetManager.h"
+#include "manager/Upgrade.h"
 #include "manager/UpgradeFile.h"
 #include "manager/XMLConfigManager.h"
+#include "platform/Clock.h"
+#include "sections/CameraConfig.h"
+#include "sections/ProjectorApprovedSlotsConfig.h"
+#include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
+#include "sections/SiteAnalyticsConfig.h"
+#include "sections/SystemConfig.h"
+#include "sections/TargetLocatorConfig.h"
 #include "store/Address.h"
 #include "store/Comments.h"
 #include "store/FilePlaces.h"
+#include "store/Together.h"
 #include "tests/shortage/Allocations.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestDocument.h"
@@ -30,8 +39,12 @@ namespace {
 const char* const sample =
     "<ConfigInfo>\n  <Version>9.000</Version>\n  <BuildDate>a</BuildDate>\n  <DevelopedBy>m</DevelopedBy>\n"
     "  <S ID=\"1\">\n    <A>one</A>\n    <B><C>two</C></B>\n    <F><d k=\"v\"><e>1</e></d></F>\n    <A>other</A>\n"
+    "    <!--note--><!--note-->\n"
     "    <Slot ID=\"7\"><v>7</v></Slot>\n    <Slot ID=\"8\"><v>8</v></Slot>\n  </S>\n"
-    "  <S ID=\"2\"><A>2</A></S>\n  <S><A>3</A></S>\n  <S ID=\"2\"><A>4</A></S>\n</ConfigInfo>\n";
+    "  <S ID=\"2\"><A>2</A></S>\n  <S><A>3</A></S>\n  <S ID=\"2\"><A>4</A></S>\n"
+    "  <System><ACT_Address_0>a</ACT_Address_0><ACT_Address_1>b</ACT_Address_1><ACT_Count>2</ACT_Count></System>\n"
+    "  <ProjectorApprovedSlots><Slot ID=\"3\"><v>3</v></Slot></ProjectorApprovedSlots>\n"
+    "  <Camera ID=\"1\"><Name>x</Name></Camera>\n</ConfigInfo>\n";
 
 std::string outcomeText(const ConfigInfo& document) {
     using namespace XMLConfig::detail;
@@ -53,6 +66,15 @@ std::wstring answers(const ConfigInfo& document) {
     }
     return text;
 }
+
+using XMLConfig::detail::Together;
+
+/// An accessor of the sample's sections.
+class TestSection : public BaseConfig {
+public:
+    TestSection(ConfigInfo& document, const std::wstring& id) : BaseConfig(&document, L"S", id) {}
+    void initialize() override {}
+};
 
 struct Operation {
     const char* name;
@@ -111,7 +133,55 @@ const Operation operations[] = {
          const XMLConfig::ElementView first = XMLConfig::rootElement(d).child(L"S");
          XMLConfig::addComment(d, {XMLConfig::rootElement(d), first, first.next()}, longText);
      }},
+    {"removeComment",
+     [](ConfigInfo& d) { EXPECT_EQ(XMLConfig::removeComment(d, XMLConfig::rootElement(d).child(L"S"), L"note"), 2u); }},
     {"stamp", [](ConfigInfo& d) { d.insertBuildDateAndNumber(); }},
+    {"setFrustum",
+     [](ConfigInfo& d) {
+         d.setFrustum(L"S", L"G|F", {{1, 2, 3}, {}, 1, 2, 3, 4, 5, 6}, L"1");
+     }},
+    {"setPondOfMirrors",
+     [](ConfigInfo& d) {
+         d.setPondOfMirrors(L"N", L"P", {1, 2, 3, 4}, L"1");
+     }},
+    {"setVector",
+     [](ConfigInfo& d) {
+         d.setDoubleVector(L"S", L"V", 2, 2, {1, 2, 3, 4}, L"2");
+     }},
+    {"setPointVector",
+     [](ConfigInfo& d) {
+         d.setPoint2IVector(L"S", L"V", 2, 1, {{1, 2}, {3, 4}}, L"3");
+     }},
+    {"renameAndNote",
+     [](ConfigInfo& d) {
+         TestSection section(d, L"1");
+         section.renameSection(longText);
+         EXPECT_EQ(section.getSectionID(), longText);
+     }},
+    {"renameAndNoteInAnother", [](ConfigInfo& d) { TestSection(d, L"2").renameSection(L"1"); }},
+    {"renameAndNoteNothing", [](ConfigInfo& d) { TestSection(d, L"3").renameSection(L"4"); }},
+    {"initializeCamera", [](ConfigInfo& d) { CameraConfig(&d, L"1").initialize(); }},
+    {"initializeProjector", [](ConfigInfo& d) { ProjectorConfig(&d, L"1").initialize(); }},
+    {"initializeTargetLocator", [](ConfigInfo& d) { TargetLocatorConfig(&d, L"").initialize(); }},
+    {"initializeSystem", [](ConfigInfo& d) { SystemConfig(&d, nullptr, L"").initialize(); }},
+    {"setExtrinsics",
+     [](ConfigInfo& d) {
+         CameraConfig(&d, L"1").setExplicitExtrinsics({1, 2, 3}, {4, 5, 6});
+     }},
+    {"setViewport",
+     [](ConfigInfo& d) {
+         ProjectorConfig(&d, L"1").setChannelExtentsFromViewport({{1, 2, 3}, {4, 5, 6}, 1, 2, 3, 4, 5, 6});
+     }},
+    {"setImageSize",
+     [](ConfigInfo& d) {
+         ScreenConfig(&d, nullptr, L"").setMarkedSurfaceImageSize({1, 2});
+     }},
+    {"setACTCount", [](ConfigInfo& d) { SystemConfig(&d, nullptr, L"").setACTCount(1); }},
+    {"takeSlotOfRun",
+     [](ConfigInfo& d) {
+         ProjectorApprovedSlotsConfig(&d, L"").updateSlot(3, L"", ProjectorApprovedSlotsConfig::CurrentRun);
+     }},
+    {"resetSite", [](ConfigInfo& d) { SiteAnalyticsConfig(&d, L"").resetSite(); }},
 };
 
 /// With the separators of this system, whose temporary folder gives them to all names below it.
@@ -238,6 +308,23 @@ protected:
     std::unique_ptr<State> m_after;
 };
 
+TEST_P(Shortage, IsNoneWhenAnOperationIsUndone) {
+    ConfigInfo document(m_path);
+    (void)answers(document);
+    {
+        Together changes(document);
+        GetParam().run(document);
+        allocations::restart();
+        changes.undo();
+        EXPECT_EQ(allocations::count(), 0u);
+        expectState(document, *m_before, "inside");
+        GetParam().run(document);
+        changes.undo();
+    }
+    expectState(document, *m_before, "after it");
+    GetParam().run(document);
+    expectState(document, *m_after, "after it was done");
+}
 TEST_P(Shortage, LeavesADocumentThatWasNeverAsked) { run(false); }
 TEST_P(Shortage, LeavesADocumentThatIsKnown) { run(true); }
 
@@ -330,6 +417,110 @@ TEST(ShortageInASaveElsewhere, LeavesEachPathLeadingToItsFile) {
            }));
 }
 
+namespace {
+
+const char* const devices =
+    "<ConfigInfo><Version>9.000</Version>\n<Camera ID=\"1\"><Name>one</Name></Camera>\n<Camera "
+    "ID=\"2\"><Name>two</Name></Camera>"
+    "\n<Projector ID=\"1\"><Name>p</Name></Projector></ConfigInfo>";
+
+/// What an application sees of the devices.
+struct Seen {
+    explicit Seen(XMLConfigManager& manager) : text(outcomeText(manager.getDocument())), isDirty(manager.isConfigDirty()) {
+        for (const std::wstring& id : manager.getCameraIDs()) {
+            cameras.push_back(manager.getCameraConfig(id));
+            names.push_back(id + L" " + cameras.back()->getSectionID() + L" " + cameras.back()->getName());
+        }
+        count = manager.getProjectorConfigCount();
+    }
+    std::string text;
+    bool isDirty;
+    std::vector<CameraConfig*> cameras;
+    std::vector<std::wstring> names;
+    int count = 0;
+};
+
+struct DeviceOperation {
+    const char* name;
+    std::function<void(XMLConfigManager&)> run;
+};
+
+const DeviceOperation deviceOperations[] = {
+    {"rename", [](XMLConfigManager& m) { EXPECT_TRUE(m.renameCameraConfig(L"1", longText)); }},
+    {"renameOverAnother", [](XMLConfigManager& m) { EXPECT_TRUE(m.renameCameraConfig(L"1", L"2")); }},
+    {"remove", [](XMLConfigManager& m) { EXPECT_TRUE(m.removeCameraConfig(L"1")); }},
+    {"move", [](XMLConfigManager& m) { EXPECT_TRUE(m.moveCameraConfig(L"2", -1)); }},
+    {"addCamera", [](XMLConfigManager& m) { EXPECT_EQ(m.getCameraConfig(longText)->getSectionID(), longText); }},
+    {"addProjector", [](XMLConfigManager& m) { EXPECT_EQ(m.getProjectorConfig(longText)->getSectionID(), longText); }},
+};
+
+class ShortageAtDevices : public testing::TestWithParam<DeviceOperation> {};
+
+}  // namespace
+
+TEST_P(ShortageAtDevices, LeavesDocumentAndAccessorsAgreeing) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.write(L"a.skorrax", devices);
+    const auto load = [&] {
+        return std::unique_ptr<XMLConfigManager>(XMLConfigManager::loadConfiguration(TestProduct::make(), path));
+    };
+    const auto expected = load();
+    const Seen known(*expected);
+    GetParam().run(*expected);
+    const Seen after(*expected);
+    const auto attempt = [&](std::size_t k) {
+        const auto manager = load();
+        const Seen before(*manager);
+        const bool hasSaid = runsShort(k, [&] { GetParam().run(*manager); });
+        if (hasSaid) {
+            const Seen left(*manager);
+            EXPECT_EQ(left.text, before.text);
+            EXPECT_EQ(left.isDirty, before.isDirty);
+            EXPECT_EQ(left.cameras, before.cameras);
+            EXPECT_EQ(left.names, before.names);
+            EXPECT_EQ(left.count, before.count);
+            GetParam().run(*manager);
+        }
+        const Seen done(*manager);
+        EXPECT_EQ(done.text, after.text);
+        EXPECT_EQ(done.names, after.names);
+        EXPECT_EQ(done.count, after.count);
+        return hasSaid;
+    };
+    attempt(1);
+    report(GetParam().name, forEveryAllocation([&](std::size_t k) {
+               const Balance balance(lossOfParser);
+               return attempt(k);
+           }));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, ShortageAtDevices, testing::ValuesIn(deviceOperations),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ShortageInAnUpgradeInMemory, LeavesTheDocument) {
+    const std::string old = TemporaryFolder::readFile("examples/history/dome-1.500.skorra");
+    const auto document = ConfigInfo::fromText(old, L"dome");
+    const std::string before = outcomeText(*document);
+    XMLConfig::upgradeDocument(*document);
+    const std::string upgraded = outcomeText(*document);
+    const auto attempt = [&](std::size_t k) {
+        const auto one = ConfigInfo::fromText(old, L"dome");
+        const bool hasSaid = runsShort(k, [&] { XMLConfig::upgradeDocument(*one); });
+        EXPECT_EQ(outcomeText(*one) == (hasSaid ? before : upgraded), true);
+        EXPECT_EQ(one->isDirty(), !hasSaid);
+        if (hasSaid) XMLConfig::upgradeDocument(*one);
+        EXPECT_EQ(outcomeText(*one) == upgraded, true);
+        return hasSaid;
+    };
+    attempt(1);
+    report("upgrade in memory", forEveryAllocation(
+                                    [&](std::size_t k) {
+                                        const Balance balance(lossOfParser);
+                                        return attempt(k);
+                                    },
+                                    isEveryOneWanted() ? 1 : 997, 100));
+}
+
 TEST(ShortageInAnUpgrade, LeavesTheFile) {
     const TemporaryFolder folder;
     const std::string old = TemporaryFolder::readFile("examples/history/dome-1.500.skorra");
@@ -355,6 +546,7 @@ TEST(ShortageInAnUpgrade, LeavesTheFile) {
 
 int main(int argumentCount, char** arguments) {
     allocations::startXmlLibrary();
+    XMLConfig::detail::setClock([] { return 1'800'000'000; });
     testing::InitGoogleTest(&argumentCount, arguments);
     return RUN_ALL_TESTS();
 }

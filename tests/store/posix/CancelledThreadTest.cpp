@@ -39,11 +39,14 @@ void* askForEver(void* path) {
     return nullptr;
 }
 
+/// Who looks at the open files of this process in /proc keeps its lock a moment longer.
+constexpr std::chrono::seconds soon{10};
+
 /// Takes a lock and gives it back until its thread is cancelled.
 void* lockForEver(void* path) {
     const std::wstring& file = *static_cast<const std::wstring*>(path);
     for (;;) {
-        const XMLConfig::ConfigLock lock(file, std::chrono::milliseconds::zero());
+        const XMLConfig::ConfigLock lock(file, soon);
         ::pthread_testcancel();
     }
     return nullptr;
@@ -91,7 +94,7 @@ TEST(CancelledThread, EndsWhileItAsksForALock) {
     for (int i = 0; i < 40; ++i) {
         const std::chrono::microseconds time(100 + random() % 4000);
         ASSERT_EQ(cancelledAfter(time, path, lockForEver), PTHREAD_CANCELED);
-        const XMLConfig::ConfigLock held(path, std::chrono::milliseconds::zero());
+        const XMLConfig::ConfigLock held(path, soon);
         ASSERT_EQ(cancelledAfter(time, path, askForEver<0>), PTHREAD_CANCELED);
         ASSERT_EQ(cancelledAfter(time, path, askForEver<1>), PTHREAD_CANCELED);
     }
