@@ -8,6 +8,7 @@
 
 #include "manager/UpgradeFile.h"
 #include "manager/XMLConfigManager.h"
+#include "tests/support/SavedText.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/posix/OtherUser.h"
 
@@ -25,23 +26,14 @@ struct State {
     std::unique_ptr<ConfigInfo> document;
     std::unique_ptr<XMLConfigManager> manager;
     std::wstring target;
-    std::string newText;
+    std::string newText;  ///< what the operation writes when nothing fails
     bool wasTaken = false;
 };
-
-/// What the operation writes when nothing fails.
-std::string textOf(ConfigInfo& document) {
-    const TemporaryFolder folder;
-    const bool dirty = document.isDirty();
-    document.save(folder.file(L"text"));
-    document.setDirty(dirty);
-    return folder.read(L"text");
-}
 
 void openDocument(State& state, Scene& scene) {
     state.document = std::make_unique<ConfigInfo>(scene.file());
     state.document->setStringItem(L"System", L"Site", L"new", {}, {}, {});
-    state.newText = textOf(*state.document);
+    state.newText = savedText(*state.document);
 }
 
 void openManager(State& state, Scene& scene) {

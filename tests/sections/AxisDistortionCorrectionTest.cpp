@@ -4,7 +4,8 @@
 
 #include <ios>
 #include <limits>
-#include <locale>
+
+#include "tests/support/GermanLocale.h"
 
 using namespace AxisDistortionCorrection;
 
@@ -37,22 +38,6 @@ Cleaned cleaned(const Table& in, Table out = {}, double minValue = -90.0, double
     return {usable, out};
 }
 
-/// A locale of a German kind, made here so that no machine must have it installed.
-struct CommaPoint : std::numpunct<char> {
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
-class GlobalCommaLocale {
-public:
-    GlobalCommaLocale() : m_before(std::locale::global(std::locale(std::locale::classic(), new CommaPoint))) {}
-    ~GlobalCommaLocale() { std::locale::global(m_before); }
-
-private:
-    std::locale m_before;
-};
-
 }  // namespace
 
 TEST(AxisDistortionCorrection, LimitsAreThoseOfTheAxes) {
@@ -81,7 +66,7 @@ TEST(AxisDistortionCorrection, FlagsAreAddedToTheDefaultOnes) {
 TEST(AxisDistortionCorrection, EmptyTableReplacesTextByNothing) { EXPECT_EQ(serialized({}, fixedNotation, 2), ""); }
 
 TEST(AxisDistortionCorrection, GlobalLocaleChangesNoForm) {
-    const GlobalCommaLocale german;
+    const GermanLocale german;
     EXPECT_EQ(serialized({{12345.5, -0.25}}, fixedNotation, 2), "12345.50\t-0.25");
     EXPECT_EQ(deserialized("12345.50\t-0.25"), (Table{{12345.5, -0.25}}));
 }

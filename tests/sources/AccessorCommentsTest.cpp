@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -17,25 +19,13 @@
 namespace {
 
 using XMLConfig::Setting;
+using XMLConfig::detail::toUtf8;
 
 struct Section {
-    const char* accessor;  ///< of sections/<accessor>*.cpp and .h
-    const char* table;     ///< of sections/<table>Items.h
-    const wchar_t* name;
-    std::vector<const char*> sources;
-};
-const Section sections[] = {
-    {"GeometryConfig", "Geometry", L"Geometry", {"GeometryConfig"}},
-    {"ColorConfig", "Color", L"Color", {"ColorConfig"}},
-    {"ScreenConfig", "Screen", L"Screen", {"ScreenConfig"}},
-    {"SystemConfig", "System", L"System", {"SystemConfig", "SystemConfigDevices"}},
-    {"TargetLocatorConfig", "TargetLocator", L"TargetLocator", {"TargetLocatorConfig"}},
-    {"ProjectorApprovedSlotsConfig", "ApprovedSlots", L"ProjectorApprovedSlots", {"ProjectorApprovedSlotsConfig"}},
-    {"SiteAnalyticsConfig", "SiteAnalytics", L"SiteAnalytics", {"SiteAnalyticsConfig"}},
-    {"ProjectorConfig", "Projector", L"Projector", {"ProjectorConfig"}},
-    {"CameraConfig", "Camera", L"Camera", {"CameraConfig"}},
-    {"MediaServerConfig", "MediaServer", L"MediaServer", {}},                       // its callers name the keys
-    {"ReprojectionAccuracy", "ReprojectionAccuracy", L"ReprojectionAccuracy", {}},  // two getters an item, of one name
+    std::string table;     ///< its header without ".h": "sections/GeometryItems"
+    std::string accessor;  ///< the class in sections/<accessor>.h, whose comment names the table; "" where none does
+    std::string name;      ///< in a document
+    std::vector<std::string> sources;
 };
 
 std::vector<std::string> linesOf(const std::string& path) {
@@ -43,6 +33,45 @@ std::vector<std::string> linesOf(const std::string& path) {
     std::vector<std::string> lines;
     for (std::string line; std::getline(stream, line);) lines.push_back(line);
     return lines;
+}
+
+std::vector<std::string> filesOfSections(const std::string& ending) {
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator("sections")) {
+        const std::string file = entry.path().generic_string();
+        if (file.size() > ending.size() && file.substr(file.size() - ending.size()) == ending) files.push_back(file);
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// The first line that holds the text; "" without one.
+std::string lineWith(const std::string& text, const std::vector<std::string>& lines) {
+    const auto holds = [&](const std::string& line) { return line.find(text) != std::string::npos; };
+    const auto found = std::find_if(lines.begin(), lines.end(), holds);
+    return found == lines.end() ? "" : *found;
+}
+
+std::string accessorOf(const std::string& tableFile) {
+    for (const std::string& header : filesOfSections(".h"))
+        if (!lineWith("/// Its settings: " + tableFile + " and, as a page, docs/settings.md#", linesOf(header)).empty())
+            return std::filesystem::path(header).stem().string();
+    return "";
+}
+
+/// Every section that has a table of settings.
+std::vector<Section> everySection() {
+    std::vector<Section> sections;
+    for (const std::string& file : filesOfSections("Items.h")) {
+        const std::string made = lineWith(" : SettingTable(L\"", linesOf(file));
+        if (made.empty()) continue;
+        const std::size_t name = made.find('"') + 1;
+        Section section{file.substr(0, file.size() - 2), accessorOf(file), made.substr(name, made.rfind('"') - name), {}};
+        for (const std::string& source : filesOfSections(".cpp"))
+            if (!lineWith("#include \"" + file + "\"", linesOf(source)).empty()) section.sources.push_back(source);
+        sections.push_back(section);
+    }
+    return sections;
 }
 
 std::string wordAt(const std::string& text, std::size_t at) {
@@ -54,7 +83,7 @@ std::string wordAt(const std::string& text, std::size_t at) {
 /// Keys by the names of their descriptors, as the table's header lists them.
 std::map<std::string, std::string> keysOf(const std::string& table) {
     std::map<std::string, std::string> keys;
-    for (const std::string& line : linesOf("sections/" + table + "Items.h")) {
+    for (const std::string& line : linesOf(table + ".h")) {
         const std::size_t brace = line.find("{*this, L\"");
         if (brace == std::string::npos) continue;
         const std::size_t key = brace + std::string("{*this, L\"").size();
@@ -66,11 +95,11 @@ std::map<std::string, std::string> keysOf(const std::string& table) {
 
 /// Descriptors by the getters that read them and no other.
 std::map<std::string, std::string> gettersOf(const Section& section) {
-    const std::string scope = std::string(section.accessor) + "::";
+    const std::string scope = section.accessor + "::";
     std::map<std::string, std::vector<std::string>> read;
-    for (const char* source : section.sources) {
+    for (const std::string& source : section.sources) {
         std::string function;
-        for (const std::string& line : linesOf(std::string("sections/") + source + ".cpp")) {
+        for (const std::string& line : linesOf(source)) {
             const std::size_t name = line.find(scope);
             if (name != std::string::npos && line[0] != ' ') function = wordAt(line, name + scope.size());
             for (const std::string call : {"read(items.", "readInherited(items."})
@@ -103,25 +132,38 @@ std::string commentOf(const std::vector<std::string>& header, const std::string&
     return "(none)";
 }
 
-const Setting& settingAt(const std::wstring& section, const std::string& key) {
+const Setting& settingAt(const std::string& section, const std::string& key) {
     for (const Setting& setting : XMLConfig::catalogue())
-        if (setting.section == section && XMLConfig::detail::toUtf8(setting.key) == key) return setting;
+        if (toUtf8(setting.section) == section && toUtf8(setting.key) == key) return setting;
     throw std::runtime_error("no setting " + key);
 }
 
-std::string lower(const std::wstring& text) { return XMLConfig::detail::toUtf8(XMLConfig::detail::lowerAscii(text)); }
+std::string lower(const std::wstring& text) { return toUtf8(XMLConfig::detail::lowerAscii(text)); }
 
 }  // namespace
 
+TEST(AccessorComments, AreLookedForInEverySectionOfTheCatalogue) {
+    std::set<std::string> inCatalogue;
+    for (const Setting& setting : XMLConfig::catalogue()) inCatalogue.insert(toUtf8(setting.section));
+    std::set<std::string> withTables;
+    for (const Section& section : everySection()) withTables.insert(section.name);
+    EXPECT_EQ(withTables, inCatalogue);
+}
+
+TEST(AccessorComments, NameTheTableOfTheSection) {
+    for (const Section& section : everySection())
+        EXPECT_NE(section.accessor, "") << "no header of sections/ says \"Its settings: " << section.table << ".h ...\"";
+}
+
 TEST(AccessorComments, SayMeaningAndUnitOfTheDescriptor) {
     int checked = 0;
-    for (const Section& section : sections) {
-        const auto header = linesOf(std::string("sections/") + section.accessor + ".h");
+    for (const Section& section : everySection()) {
+        const auto header = linesOf("sections/" + section.accessor + ".h");
         const auto keys = keysOf(section.table);
         for (const auto& [getter, item] : gettersOf(section)) {
             const std::string comment = commentOf(header, getter);
             if (comment == "(none)") continue;
-            SCOPED_TRACE(std::string(section.accessor) + "::" + getter + " says: " + comment);
+            SCOPED_TRACE(section.accessor + "::" + getter + " says: " + comment);
             const Setting& setting = settingAt(section.name, keys.at(item));
             EXPECT_NE(comment.find(lower(setting.meaning)), std::string::npos) << lower(setting.meaning);
             EXPECT_NE(comment.find(lower(nameOf(setting.unit))), std::string::npos) << lower(nameOf(setting.unit));
@@ -129,14 +171,4 @@ TEST(AccessorComments, SayMeaningAndUnitOfTheDescriptor) {
         }
     }
     EXPECT_GT(checked, 190);
-}
-
-TEST(AccessorComments, NameTheTableOfTheSection) {
-    for (const Section& section : sections) {
-        const std::string link = std::string("sections/") + section.table + "Items.h and, as a page, docs/settings.md#";
-        const auto header = linesOf(std::string("sections/") + section.accessor + ".h");
-        EXPECT_TRUE(std::any_of(header.begin(), header.end(), [&](const std::string& line) {
-            return line.find(link) != std::string::npos;
-        })) << section.accessor;
-    }
 }

@@ -42,7 +42,7 @@ TEST(IllegalName, LeavesAPartlyMadePath) {
     EXPECT_FALSE(document->isDirty());
     EXPECT_TRUE(document->doesSubSectionExist(L"N", L"T", L"2", L"t"));
     EXPECT_EQ(get(*document, L"N", L"a|b", L"2", L"T", L"t"), L"");
-    EXPECT_CONTAINS(textOf(*document),
+    EXPECT_CONTAINS(savedText(*document),
                     "  <N ID=\"2\">\n    <T ID=\"t\">\n      <a>\n        <b/>\n      </a>\n    </T>\n  </N>\n");
 }
 
@@ -225,7 +225,7 @@ void expectReadableOrRefused(Set&& change) {
         EXPECT_EQ(reloaded(document)->getVersion(), 9.0);
         return;
     }
-    EXPECT_EQ(textOf(*reloaded(document)), textOf(document));
+    EXPECT_EQ(savedText(*reloaded(document)), savedText(document));
 }
 
 TEST(NamesOfADocument, AreReadableOrRefused) {
@@ -242,7 +242,7 @@ TEST(NamesOfADocument, AreReadableOrRefused) {
             } catch (const CorvaneException& exception) {
                 EXPECT_STARTS_WITH(exception.getMessage(), L"Error setItem: ");
             }
-            EXPECT_EQ(textOf(*reloaded(*declared)), textOf(*declared));
+            EXPECT_EQ(savedText(*reloaded(*declared)), savedText(*declared));
         }
     }
 }
@@ -259,10 +259,10 @@ TEST(FragmentsOfADocument, MayDeclareTheirOwnPrefixes) {
          {L"<p:a xmlns:p=\"urn:p\" p:k=\"1\"><p:b/></p:a>", L"<a xmlns=\"urn:a\"><b xmlns=\"\"/></a>"}) {
         ConfigInfo document;
         document.setStringItemAsDOMElement(L"S", L"A", text, L"");
-        EXPECT_EQ(textOf(*reloaded(document)), textOf(document));
+        EXPECT_EQ(savedText(*reloaded(document)), savedText(document));
         ConfigInfo other;
         other.setStringItemAsDOMElement(L"S", L"A", fragment(document, L"S", L"A"), L"");
-        EXPECT_EQ(textOf(other), textOf(document));
+        EXPECT_EQ(savedText(other), savedText(document));
     }
 }
 
@@ -272,7 +272,7 @@ TEST(DepthOfADocument, IsLimitedForFragments) {
             [levels](ConfigInfo& d) { d.setStringItemAsDOMElement(L"S", L"A", nestedElement(levels), L""); });
     ConfigInfo document;
     document.setStringItemAsDOMElement(L"S", L"A", nestedElement(997), L"");
-    EXPECT_EQ(textOf(*reloaded(document)), textOf(document));
+    EXPECT_EQ(savedText(*reloaded(document)), savedText(document));
 }
 
 TEST(DepthOfADocument, IsLimitedForKeys) {

@@ -196,7 +196,7 @@ TEST(BothPaths, ChangeATreeAlike) {
         document->renameSection(L"S", L"2", L"5");
         document->moveSection(1, L"S", L"1");
         document->removeSection(L"S", L"1");
-        return textOf(*document);
+        return savedText(*document);
     };
     const std::string byLinks = edited();
     const PublicFunctionsOnly without;

@@ -24,8 +24,8 @@ TEST(Comments, StandAtTheEndOfEachSectionAndTravelThroughSaves) {
     const std::string comment = "<!-- \u00e4 & <b> -->\n";
     const std::string saved = savedRoot("  <S ID=\"1\">\n    <A>1</A>\n    " + comment + "  </S>\n  <S>\n    " + comment +
                                         "  </S>\n  <S>\n    <B>2</B>\n    " + comment + "  </S>\n  " + comment);
-    EXPECT_EQ(textOf(*document), saved);
-    EXPECT_EQ(textOf(*reloaded(*document)), saved);
+    EXPECT_EQ(savedText(*document), saved);
+    EXPECT_EQ(savedText(*reloaded(*document)), saved);
 }
 
 TEST(Comments, LeaveLookUpsAndChangesBehindThemAsTheyAre) {
@@ -35,7 +35,7 @@ TEST(Comments, LeaveLookUpsAndChangesBehindThemAsTheyAre) {
     document->setStringItem(L"S", L"A", L"2", L"1", L"", L"");
     document->setStringItem(L"S", L"B", L"3", L"1", L"", L"");
     EXPECT_TRUE(document->removeItem(L"S", L"A", L"1"));
-    EXPECT_EQ(textOf(*document), savedRoot("  <S ID=\"1\">\n    <!--c-->\n    <B>3</B>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S ID=\"1\">\n    <!--c-->\n    <B>3</B>\n  </S>\n"));
 }
 
 TEST(Comments, AreWrittenInNoneWhereOneElementHoldsNone) {
@@ -66,7 +66,7 @@ TEST(Comments, RefuseTextThatCouldNotBeReadAgain) {
     EXPECT_EQ(message(L"a\r"), start + L"holds the character U+000D, which a comment cannot hold");
     EXPECT_EQ(message(std::wstring(1, wchar_t(0x85))), start + L"holds the character U+0085, which a comment cannot hold");
     EXPECT_FALSE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <S/>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S/>\n"));
     for (const wchar_t* text : {L"", L"-a", L"a - b\t\nc "}) addComment(*document, {at(document, L"S")}, text);
     EXPECT_EQ(XMLConfig::commentsOf(*reloaded(*document)).size(), 3u);
 }
@@ -77,7 +77,8 @@ TEST(Comments, AreTakenAwayWhereTheirTextIsThat) {
     EXPECT_FALSE(document->isDirty());
     EXPECT_EQ(removeComment(*document, at(document, L"S"), L"c"), 2u);
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <!--c-->\n  <S>\n    <A>\n      <!--c-->\n    </A>\n    <!--d-->\n  </S>\n"));
+    EXPECT_EQ(savedText(*document),
+              savedRoot("  <!--c-->\n  <S>\n    <A>\n      <!--c-->\n    </A>\n    <!--d-->\n  </S>\n"));
     EXPECT_EQ(removeComment(*document, rootElement(*document), L"c"), 1u);
     EXPECT_EQ(messageOf([&] { removeComment(*document, at(document, L"S/A"), L"c"); }),
               L"Error removeComment: the element is neither the root nor a section");

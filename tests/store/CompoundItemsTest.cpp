@@ -9,7 +9,7 @@ TEST(FrustumItem, IsStoredAsEightItemsInOrder) {
     document.setFrustum(L"P", L"Designed|Frustum", Frustum({1, 2, 3}, {0.1, 0.2, 0.3}, -0.5, 0.5, -0.25, 0.25, 1920, -1),
                         L"1");
     EXPECT_CONTAINS(
-        textOf(document),
+        savedText(document),
         "  <P ID=\"1\">\n    <Designed>\n      <Frustum>\n"
         "        <Offset>1.000000000000000e+00, 2.000000000000000e+00, 3.000000000000000e+00</Offset>\n"
         "        <RotationYPR>1.000000000000000e-01, 2.000000000000000e-01, 3.000000000000000e-01</RotationYPR>\n"
@@ -61,7 +61,7 @@ TEST(FrustumItem, TakesEachMissingFieldFromTheDefault) {
 TEST(PondOfMirrorsItem, IsStoredAsFourIntegersInOrder) {
     ConfigInfo document;
     document.setPondOfMirrors(L"P", L"Pond", {1, 0, 255, 2}, L"");
-    EXPECT_CONTAINS(textOf(document),
+    EXPECT_CONTAINS(savedText(document),
                     "    <Pond>\n      <Top>1</Top>\n      <Bottom>0</Bottom>\n      <Left>255</Left>\n      "
                     "<Right>2</Right>\n    </Pond>\n");
     BlackLevelBlending::PondOfMirrors pond;
@@ -88,7 +88,7 @@ TEST(VectorItems, AreOneItemAnElementTheFirstIndexFastest) {
     ConfigInfo document;
     document.setDoubleVector(L"S", L"Gain", 2, 3, {1, 2, 3, 4, 5, 6}, L"1");
     EXPECT_CONTAINS(
-        textOf(document),
+        savedText(document),
         "  <S ID=\"1\">\n    <Gain_0_0>1.000000000000000e+00</Gain_0_0>\n    <Gain_1_0>2.000000000000000e+00</Gain_1_0>\n"
         "    <Gain_0_1>3.000000000000000e+00</Gain_0_1>\n    <Gain_1_1>4.000000000000000e+00</Gain_1_1>\n"
         "    <Gain_0_2>5.000000000000000e+00</Gain_0_2>\n    <Gain_1_2>6.000000000000000e+00</Gain_1_2>\n  </S>\n");

@@ -28,15 +28,15 @@ TEST(SectionAddress, AppendsASectionOfAnUnknownId) {
     const Document document = twoProjectors();
     set(*document, L"Projector", L"Name", L"three", L"3");
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <Projector ID=\"1\">\n    <Name>one</Name>\n  </Projector>\n"
-                                           "  <Projector ID=\"2\">\n    <Name>two</Name>\n  </Projector>\n"
-                                           "  <Projector ID=\"3\">\n    <Name>three</Name>\n  </Projector>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <Projector ID=\"1\">\n    <Name>one</Name>\n  </Projector>\n"
+                                              "  <Projector ID=\"2\">\n    <Name>two</Name>\n  </Projector>\n"
+                                              "  <Projector ID=\"3\">\n    <Name>three</Name>\n  </Projector>\n"));
 }
 
 TEST(SectionAddress, AppendsASectionWithoutIdForAnEmptyOne) {
     const Document document = load("<ConfigInfo/>");
     set(*document, L"System", L"A", L"1");
-    EXPECT_EQ(textOf(*document), savedRoot("  <System>\n    <A>1</A>\n  </System>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <System>\n    <A>1</A>\n  </System>\n"));
 }
 
 TEST(SectionAddress, TakesTheFirstOfThatTagForAnEmptyId) {
@@ -92,7 +92,7 @@ TEST(SubSectionAddress, GoesOnToLaterSectionsOfTheSameAddress) {
     EXPECT_EQ(get(*document, L"S", L"A", L"", L"T", L"a"), L"other");
     EXPECT_TRUE(document->doesSubSectionExist(L"S", L"T", L"1", L"a"));
     set(*document, L"S", L"A", L"new", L"1", L"T", L"a");
-    EXPECT_EQ(textOf(*document),
+    EXPECT_EQ(savedText(*document),
               savedRoot("  <S ID=\"1\"/>\n  <S ID=\"2\">\n    <T ID=\"a\">\n      <A>other</A>\n    </T>\n  </S>\n"
                         "  <S ID=\"1\">\n    <T ID=\"a\">\n      <A>new</A>\n    </T>\n  </S>\n"));
 }
@@ -100,8 +100,8 @@ TEST(SubSectionAddress, GoesOnToLaterSectionsOfTheSameAddress) {
 TEST(SubSectionAddress, IsMadeInTheFirstSection) {
     const Document document = load("<ConfigInfo>\n  <S ID=\"1\"/>\n  <S ID=\"1\">\n    <T/>\n  </S>\n</ConfigInfo>");
     set(*document, L"S", L"A", L"v", L"1", L"T", L"a");
-    EXPECT_EQ(textOf(*document), savedRoot("  <S ID=\"1\">\n    <T ID=\"a\">\n      <A>v</A>\n    </T>\n  </S>\n"
-                                           "  <S ID=\"1\">\n    <T/>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S ID=\"1\">\n    <T ID=\"a\">\n      <A>v</A>\n    </T>\n  </S>\n"
+                                              "  <S ID=\"1\">\n    <T/>\n  </S>\n"));
 }
 
 TEST(SubSectionAddress, IsMadeWithItsSection) {
@@ -110,7 +110,7 @@ TEST(SubSectionAddress, IsMadeWithItsSection) {
     set(*document, L"U", L"A", L"w", L"", L"T", L"");
     EXPECT_TRUE(document->isDirty());
     EXPECT_EQ(
-        textOf(*document),
+        savedText(*document),
         savedRoot("  <R/>\n  <S ID=\"1\">\n    <T ID=\"a\">\n      <A>\n        <B>v</B>\n      </A>\n    </T>\n  </S>\n"
                   "  <U>\n    <T>\n      <A>w</A>\n    </T>\n  </U>\n"));
 }
@@ -118,7 +118,8 @@ TEST(SubSectionAddress, IsMadeWithItsSection) {
 TEST(SubSectionAddress, TakesTheWhiteSpaceBehindItsSectionAway) {
     const Document document = load("<ConfigInfo>text<S/> \n <T/> \n </ConfigInfo>");
     set(*document, L"S", L"A", L"v", L"", L"Slot", L"1");
-    EXPECT_EQ(textOf(*document), xmlHead + "<ConfigInfo>text<S><Slot ID=\"1\"><A>v</A></Slot></S><T/> \n </ConfigInfo>\n");
+    EXPECT_EQ(savedText(*document),
+              xmlHead + "<ConfigInfo>text<S><Slot ID=\"1\"><A>v</A></Slot></S><T/> \n </ConfigInfo>\n");
 }
 
 TEST(ItemKey, NamesNestedElements) {
@@ -141,15 +142,15 @@ TEST(ItemKey, StepsIntoTheFirstElementOfAPart) {
     const Document document = load("<ConfigInfo><S><A><B>1</B></A><A><C>2</C></A></S></ConfigInfo>");
     EXPECT_EQ(get(*document, L"S", L"A|C"), L"(default)");
     set(*document, L"S", L"A|C", L"3");
-    EXPECT_EQ(textOf(*document), savedRoot("  <S>\n    <A>\n      <B>1</B>\n      <C>3</C>\n    </A>\n"
-                                           "    <A>\n      <C>2</C>\n    </A>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S>\n    <A>\n      <B>1</B>\n      <C>3</C>\n    </A>\n"
+                                              "    <A>\n      <C>2</C>\n    </A>\n  </S>\n"));
 }
 
 TEST(ItemKey, SharesItsLeadingElements) {
     const Document document = load("<ConfigInfo/>");
     set(*document, L"S", L"A|B", L"1");
     set(*document, L"S", L"A|D", L"2");
-    EXPECT_EQ(textOf(*document), savedRoot("  <S>\n    <A>\n      <B>1</B>\n      <D>2</D>\n    </A>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S>\n    <A>\n      <B>1</B>\n      <D>2</D>\n    </A>\n  </S>\n"));
 }
 
 TEST(ItemKey, MayNameAnElementThatIsASubSectionToo) {
@@ -189,10 +190,10 @@ TEST(RemoveItem, RemovesADirectChild) {
     const Document document = load("<ConfigInfo>\n  <S>\n    <A>1</A>\n    <B>2</B>\n    <A>3</A>\n  </S>\n</ConfigInfo>");
     EXPECT_TRUE(document->removeItem(L"S", L"A", L""));
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <S>\n    <B>2</B>\n    <A>3</A>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S>\n    <B>2</B>\n    <A>3</A>\n  </S>\n"));
     EXPECT_TRUE(document->removeItem(L"S", L"A", L""));
     EXPECT_TRUE(document->removeItem(L"S", L"B", L""));
-    EXPECT_EQ(textOf(*document), savedRoot("  <S/>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S/>\n"));
 }
 
 TEST(RemoveItem, FindsAndForgetsEachOfVeryManyItems) {

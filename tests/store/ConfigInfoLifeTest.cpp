@@ -8,7 +8,7 @@ namespace storetests {
 
 TEST(NewDocument, HoldsTheRootAndTheFourHeaderElements) {
     ConfigInfo document;
-    const std::string text = textOf(document);
+    const std::string text = savedText(document);
     const std::string start =
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\" ?>\n<ConfigInfo>\n  <Version>9.000</Version>\n"
         "  <BuildDate>Mar 11 2019</BuildDate>\n  <BuildNumber>2.1.1.14</BuildNumber>\n  <DevelopedBy>";
@@ -29,7 +29,7 @@ TEST(NewDocument, CanBeLoadedAgain) {
     ConfigInfo document;
     const Document again = reloaded(document);
     EXPECT_EQ(again->getVersion(), 9.0);
-    EXPECT_EQ(textOf(*again), textOf(document));
+    EXPECT_EQ(savedText(*again), savedText(document));
 }
 
 TEST(LoadedDocument, IsNotDirty) {
@@ -78,7 +78,7 @@ TEST(LoadedDocument, ReadsOtherEncodingsAndSavesUtf8) {
     const Document latin =
         load("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><ConfigInfo><S><A>\xfc</A></S></ConfigInfo>");
     EXPECT_EQ(get(*latin, L"S", L"A"), L"\u00fc");
-    EXPECT_EQ(textOf(*latin), savedRoot("  <S>\n    <A>\xc3\xbc</A>\n  </S>\n"));
+    EXPECT_EQ(savedText(*latin), savedRoot("  <S>\n    <A>\xc3\xbc</A>\n  </S>\n"));
     std::string wide("\xff\xfe", 2);
     for (const char c : std::string("<ConfigInfo><S><A>1</A></S></ConfigInfo>")) (wide += c) += '\0';
     EXPECT_EQ(get(*load(wide), L"S", L"A"), L"1");

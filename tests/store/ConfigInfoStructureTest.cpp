@@ -39,12 +39,12 @@ TEST(RemoveSection, RemovesTheFirstMatchAndNoLineIsLeft) {
     const Document document = threeCameras();
     EXPECT_TRUE(document->removeSection(L"Camera", L"1"));
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <Camera ID=\"3\"/>\n  <Camera ID=\"2\"/>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <Camera ID=\"3\"/>\n  <Camera ID=\"2\"/>\n"));
     EXPECT_TRUE(document->removeSection(L"Camera", L""));
     EXPECT_EQ(document->getSectionIDs(L"Camera"), Ids{L"2"});
     EXPECT_TRUE(document->removeSection(L"Camera", L"2"));
     EXPECT_FALSE(document->removeSection(L"Camera", L""));
-    EXPECT_EQ(textOf(*document), xmlHead + "<ConfigInfo/>\n");
+    EXPECT_EQ(savedText(*document), xmlHead + "<ConfigInfo/>\n");
 }
 
 TEST(RemoveSection, LeavesEverythingWithoutAMatch) {
@@ -65,7 +65,7 @@ TEST(RemoveSection, RemovesOnlyOneOfARepeatedId) {
 TEST(RemoveSection, KeepsCommentsAroundIt) {
     const Document document = load("<ConfigInfo>\n  <!-- one -->\n  <S/>\n  <!-- two -->\n</ConfigInfo>");
     EXPECT_TRUE(document->removeSection(L"S", L""));
-    EXPECT_EQ(textOf(*document), savedRoot("  <!-- one -->\n  <!-- two -->\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <!-- one -->\n  <!-- two -->\n"));
 }
 
 TEST(RemoveSubSection, RemovesTheFirstMatchAndNoLineIsLeft) {
@@ -73,7 +73,7 @@ TEST(RemoveSubSection, RemovesTheFirstMatchAndNoLineIsLeft) {
         "<ConfigInfo>\n  <S ID=\"1\">\n    <T ID=\"a\"/>\n    <T ID=\"b\"/>\n    <T ID=\"c\"/>\n  </S>\n</ConfigInfo>\n");
     EXPECT_TRUE(document->removeSubSection(L"S", L"T", L"1", L"b"));
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <S ID=\"1\">\n    <T ID=\"a\"/>\n    <T ID=\"c\"/>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S ID=\"1\">\n    <T ID=\"a\"/>\n    <T ID=\"c\"/>\n  </S>\n"));
     EXPECT_TRUE(document->removeSubSection(L"S", L"T", L"", L""));
     EXPECT_EQ(document->getSubSectionIDs(L"S", L"T"), Ids{L"c"});
 }
@@ -81,7 +81,7 @@ TEST(RemoveSubSection, RemovesTheFirstMatchAndNoLineIsLeft) {
 TEST(RemoveSubSection, LooksInLaterSectionsOfTheSameAddress) {
     const Document document = load("<ConfigInfo><S ID=\"1\"/><S ID=\"1\"><T ID=\"a\"/></S></ConfigInfo>");
     EXPECT_TRUE(document->removeSubSection(L"S", L"T", L"1", L"a"));
-    EXPECT_EQ(textOf(*document), savedRoot("  <S ID=\"1\"/>\n  <S ID=\"1\"/>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S ID=\"1\"/>\n  <S ID=\"1\"/>\n"));
 }
 
 TEST(RemoveSubSection, LeavesEverythingWithoutAMatch) {
@@ -111,7 +111,7 @@ TEST(RenameSection, AllowsAnIdThatExistsAndAnEmptyOne) {
     EXPECT_EQ(document->getSectionIDs(L"P"), (Ids{L"1", L"1"}));
     EXPECT_TRUE(document->renameSection(L"P", L"1", L""));
     EXPECT_EQ(document->getSectionIDs(L"P"), (Ids{L"", L"1"}));
-    EXPECT_EQ(textOf(*document), savedRoot("  <P ID=\"\"/>\n  <P ID=\"1\"/>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <P ID=\"\"/>\n  <P ID=\"1\"/>\n"));
 }
 
 TEST(RenameSection, ToTheSameIdIsAChange) {
@@ -133,8 +133,8 @@ TEST(RenameSection, KeepsTheOtherAttributes) {
     const Document document = load("<ConfigInfo><P a=\"1\" ID=\"1\" b=\"2\"/></ConfigInfo>");
     EXPECT_TRUE(document->renameSection(L"P", L"1", L"\"<&>"));
     EXPECT_EQ(reloaded(*document)->getSectionIDs(L"P"), Ids{L"\"<&>"});
-    EXPECT_CONTAINS(textOf(*document), "a=\"1\"");
-    EXPECT_CONTAINS(textOf(*document), "b=\"2\"");
+    EXPECT_CONTAINS(savedText(*document), "a=\"1\"");
+    EXPECT_CONTAINS(savedText(*document), "b=\"2\"");
 }
 
 TEST(MoveSection, SwapsWithTheNextOfThatName) {
@@ -142,24 +142,24 @@ TEST(MoveSection, SwapsWithTheNextOfThatName) {
     EXPECT_TRUE(document->moveSection(1, L"Camera", L"3"));
     EXPECT_TRUE(document->isDirty());
     EXPECT_EQ(document->getSectionIDs(L"Camera"), (Ids{L"1", L"3", L"2"}));
-    EXPECT_EQ(textOf(*document), savedRoot("  <Camera ID=\"1\"/>\n  <Camera ID=\"3\"/>\n  <Camera ID=\"2\"/>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <Camera ID=\"1\"/>\n  <Camera ID=\"3\"/>\n  <Camera ID=\"2\"/>\n"));
 }
 
 TEST(MoveSection, SwapsWithTheOneBefore) {
     const Document document = threeCameras();
     EXPECT_TRUE(document->moveSection(-1, L"Camera", L"2"));
     EXPECT_EQ(document->getSectionIDs(L"Camera"), (Ids{L"3", L"2", L"1"}));
-    EXPECT_EQ(textOf(*document), savedRoot("  <Camera ID=\"3\"/>\n  <Camera ID=\"2\"/>\n  <Camera ID=\"1\"/>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <Camera ID=\"3\"/>\n  <Camera ID=\"2\"/>\n  <Camera ID=\"1\"/>\n"));
 }
 
 TEST(MoveSection, InsertsRightBeforeTheOther) {
     const char* text = "<ConfigInfo><P ID=\"1\"/><!--a--><Q/><P ID=\"2\"/><R/></ConfigInfo>";
     const Document up = load(text);
     EXPECT_TRUE(up->moveSection(-1, L"P", L"2"));
-    EXPECT_EQ(textOf(*up), savedRoot("  <P ID=\"2\"/>\n  <P ID=\"1\"/>\n  <!--a-->\n  <Q/>\n  <R/>\n"));
+    EXPECT_EQ(savedText(*up), savedRoot("  <P ID=\"2\"/>\n  <P ID=\"1\"/>\n  <!--a-->\n  <Q/>\n  <R/>\n"));
     const Document down = load(text);
     EXPECT_TRUE(down->moveSection(1, L"P", L"1"));
-    EXPECT_EQ(textOf(*down), textOf(*up));
+    EXPECT_EQ(savedText(*down), savedText(*up));
 }
 
 TEST(MoveSection, MovesTheFirstForAnEmptyId) {

@@ -108,7 +108,7 @@ TEST(ElementParts, AreStoredAlikeWithoutLinks) {
     const auto stored = [] {
         ConfigInfo document;
         setElementItem(document, L"S", L"A", snippet(L"00:0a"), L"1");
-        return textOf(document);
+        return savedText(document);
     };
     const std::string byLinks = stored();
     const PublicFunctionsOnly without;

@@ -97,7 +97,7 @@ TEST(SaveIntoAFolderOfNoSecondFile, WritesTheFileItself) {
         ASSERT_TRUE(user.active());
         EXPECT_TRUE(document->save(path));
     }
-    EXPECT_EQ(folder.read(L"a.skorrax"), textOf(*document));
+    EXPECT_EQ(folder.read(L"a.skorrax"), savedText(*document));
     EXPECT_EQ(folder.entries(), 1u);
 }
 

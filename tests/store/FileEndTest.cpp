@@ -83,9 +83,9 @@ TEST(BadFile, AnInstructionOfABadNameHasAPlace) {
     for (const std::string& text : {"<ConfigInfo><?a" + name + "?></ConfigInfo>", "<?" + name + " x?><ConfigInfo/>",
                                     "<ConfigInfo/><?" + name + " x?>"})
         expectMalformed(text, text);
-    EXPECT_CONTAINS(textOf(*load("<?xml version=\"1.1\"?><ConfigInfo><?" + name + " x?></ConfigInfo>")),
+    EXPECT_CONTAINS(savedText(*load("<?xml version=\"1.1\"?><ConfigInfo><?" + name + " x?></ConfigInfo>")),
                     "<?" + name + " x?>");
-    EXPECT_CONTAINS(textOf(*load("<ConfigInfo><?p " + name + "?></ConfigInfo>")), "<?p " + name + "?>");
+    EXPECT_CONTAINS(savedText(*load("<ConfigInfo><?p " + name + "?></ConfigInfo>")), "<?p " + name + "?>");
 }
 
 }  // namespace storetests

@@ -82,7 +82,7 @@ const OddFile oddFiles[] = {
      {"  <S/>\n  <S/>\n  <S ID=\"\"/>\n  <S ID=\"\"/>\n"}},
 };
 
-std::string savedOf(const std::string& text) { return textOf(*load(text)); }
+std::string savedOf(const std::string& text) { return savedText(*load(text)); }
 
 class FixedPoint : public testing::TestWithParam<OddFile> {};
 
@@ -109,7 +109,7 @@ TEST_P(FixedPoint, IsReachedAfterAChangeToo) {
     set(*document, L"Added", L"A|B", L"v", L"1", L"Slot", L"2");
     set(*document, L"S", L"A", L"v");
     set(*document, L"S", L"New", L"");
-    const std::string once = textOf(*document);
+    const std::string once = savedText(*document);
     EXPECT_EQ(savedOf(once), once);
     EXPECT_EQ(get(*load(once), L"Added", L"A|B", L"1", L"Slot", L"2"), L"v");
     EXPECT_EQ(get(*load(once), L"S", L"A"), L"v");
@@ -136,7 +136,7 @@ TEST(SavedText, OfXml11StaysXml11) {
 
 TEST(SavedValues, KeepReturnsAsReferences) {
     const Document document = load(root("<S><A>a&#13;&#10;b&#13;</A></S>"));
-    EXPECT_EQ(get(*load(textOf(*document)), L"S", L"A"), L"a\r\nb\r");
+    EXPECT_EQ(get(*load(savedText(*document)), L"S", L"A"), L"a\r\nb\r");
 }
 
 TEST(SavedText, HasNoBlankLineAfterRemovals) {
@@ -148,11 +148,11 @@ TEST(SavedText, HasNoBlankLineAfterRemovals) {
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(document->removeSubSection(L"P", L"T", L"", L""));
     EXPECT_TRUE(document->removeItem(L"P", L"A", L"3"));
     EXPECT_TRUE(document->moveSection(-1, L"P", L"8"));
-    const std::string saved = textOf(*document);
+    const std::string saved = savedText(*document);
     EXPECT_FALSE(hasBlankLine(saved)) << saved;
     EXPECT_EQ(savedOf(saved), saved);
     for (const wchar_t* id : {L"2", L"3", L"6", L"7", L"8"}) EXPECT_TRUE(document->removeSection(L"P", id));
-    EXPECT_EQ(textOf(*document), xmlHead + "<ConfigInfo/>\n");
+    EXPECT_EQ(savedText(*document), xmlHead + "<ConfigInfo/>\n");
 }
 
 TEST(SavedText, DoesNotDependOnHowTheDocumentWasMade) {
@@ -160,31 +160,31 @@ TEST(SavedText, DoesNotDependOnHowTheDocumentWasMade) {
     set(made, L"S", L"A|B", L"1", L"7");
     set(made, L"S", L"A|C", L"", L"7");
     set(made, L"S", L"D", L"x", L"7", L"T", L"t");
-    const std::string saved = textOf(made);
+    const std::string saved = savedText(made);
     EXPECT_EQ(savedOf(saved), saved);
     const Document grown = load(savedOf("<ConfigInfo/>"));
     set(*grown, L"S", L"A|B", L"1", L"7");
     set(*grown, L"S", L"A|C", L"", L"7");
     set(*grown, L"S", L"D", L"x", L"7", L"T", L"t");
-    EXPECT_CONTAINS(saved, textOf(*grown).substr(textOf(*grown).find("  <S")));
+    EXPECT_CONTAINS(saved, savedText(*grown).substr(savedText(*grown).find("  <S")));
 }
 
 TEST(SavedText, StaysTheSameWhenAValueGoesAndComesBack) {
     const Document document = load(root("<!--c--><S><A>1</A><B/></S>"));
-    const std::string before = textOf(*document);
+    const std::string before = savedText(*document);
     set(*document, L"S", L"A", L"2");
     set(*document, L"S", L"A", L"1");
     set(*document, L"S", L"B", L"x");
     set(*document, L"S", L"B", L"");
-    EXPECT_EQ(textOf(*document), before);
+    EXPECT_EQ(savedText(*document), before);
 }
 
 TEST(SavedText, DoesNotChangeWhileTheDocumentIsUsed) {
     const Document document = load(root("<S>\n <A> <B>1</B> </A>\n</S>"));
-    const std::string before = textOf(*document);
+    const std::string before = savedText(*document);
     (void)get(*document, L"S", L"A");
     (void)fragment(*document, L"S", L"A");
-    EXPECT_EQ(textOf(*document), before);
+    EXPECT_EQ(savedText(*document), before);
 }
 
 }  // namespace storetests

@@ -8,7 +8,7 @@ TEST(FragmentItem, GivesBackTheElement) {
     EXPECT_TRUE(document.isDirty());
     EXPECT_EQ(fragment(document, L"S", L"A", L"1"), L"<dev x=\"1\">t</dev>");
     EXPECT_EQ(get(document, L"S", L"A", L"1"), L"t");
-    EXPECT_CONTAINS(textOf(document), "  <S ID=\"1\">\n    <A>\n      <dev x=\"1\">t</dev>\n    </A>\n  </S>\n");
+    EXPECT_CONTAINS(savedText(document), "  <S ID=\"1\">\n    <A>\n      <dev x=\"1\">t</dev>\n    </A>\n  </S>\n");
     EXPECT_EQ(fragment(*reloaded(document), L"S", L"A", L"1"), L"<dev x=\"1\">t</dev>");
 }
 
@@ -18,7 +18,7 @@ TEST(FragmentItem, GivesBackANestedElement) {
     const std::wstring text = fragment(document, L"S", L"A|B");
     ConfigInfo other;
     other.setStringItemAsDOMElement(L"S", L"A|B", text, L"");
-    EXPECT_EQ(textOf(other), textOf(document));
+    EXPECT_EQ(savedText(other), savedText(document));
     EXPECT_EQ(fragment(other, L"S", L"A|B"), text);
     EXPECT_EQ(get(document, L"S", L"A|B|dev|ip"), L"1");
     EXPECT_FALSE(contains(text, L"<?xml"));
@@ -47,7 +47,7 @@ TEST(FragmentItem, ReplacesWhatTheItemHeld) {
     const Document document = load("<ConfigInfo><S><A k=\"1\">old<b/><!--c--></A></S></ConfigInfo>");
     document->setStringItemAsDOMElement(L"S", L"A", L"<new/>", L"");
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <S>\n    <A k=\"1\">\n      <new/>\n    </A>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S>\n    <A k=\"1\">\n      <new/>\n    </A>\n  </S>\n"));
 }
 
 TEST(FragmentItem, IsNotDirtyWhenOnlyLayoutDiffers) {
@@ -97,7 +97,7 @@ TEST(FragmentItem, IsMadeEmptyForAnEmptyValue) {
     const Document document = load("<ConfigInfo/>");
     document->setStringItemAsDOMElement(L"S", L"A|B", L"", L"7");
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <S ID=\"7\">\n    <A>\n      <B/>\n    </A>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S ID=\"7\">\n    <A>\n      <B/>\n    </A>\n  </S>\n"));
     EXPECT_EQ(fragment(*document, L"S", L"A|B", L"7"), L"(default)");
 }
 
@@ -125,7 +125,7 @@ TEST(SetItem, TakesOnlyTheTypeDomElementAsAFragment) {
         document.setItem(L"S", L"A", L"<b/>", L"", type, L"T", type);
     EXPECT_EQ(document.getSubSectionCount(L"S", L"T"), 5);
     EXPECT_EQ(get(document, L"S", L"A", L"", L"T", L"Integer"), L"<b/>");
-    EXPECT_FALSE(contains(textOf(document), "type"));
+    EXPECT_FALSE(contains(savedText(document), "type"));
     document.setItem(L"S", L"A", L"<b>x</b>", L"", L"DOMElement", L"T", L"f");
     EXPECT_EQ(get(document, L"S", L"A|b", L"", L"T", L"f"), L"x");
 }

@@ -20,7 +20,7 @@ TEST(Version, IsTheFirstElementOfThatName) {
     EXPECT_EQ(document->getVersion(), 2.0);
     document->setVersion(4);
     EXPECT_EQ(document->getVersion(), 4.0);
-    EXPECT_CONTAINS(textOf(*document), "<Version ID=\"x\">4.000</Version>\n  <Version>3</Version>");
+    EXPECT_CONTAINS(savedText(*document), "<Version ID=\"x\">4.000</Version>\n  <Version>3</Version>");
 }
 
 TEST(Version, IsStoredWithThreeDecimals) {
@@ -28,17 +28,17 @@ TEST(Version, IsStoredWithThreeDecimals) {
     document.setVersion(8.5);
     EXPECT_EQ(document.getVersion(), 8.5);
     EXPECT_TRUE(document.isDirty());
-    EXPECT_CONTAINS(textOf(document), "<Version>8.500</Version>");
+    EXPECT_CONTAINS(savedText(document), "<Version>8.500</Version>");
     document.setVersion(2.0049);
-    EXPECT_CONTAINS(textOf(document), "<Version>2.005</Version>");
+    EXPECT_CONTAINS(savedText(document), "<Version>2.005</Version>");
     document.setVersion(-1.0);
-    EXPECT_CONTAINS(textOf(document), "<Version>-1.000</Version>");
+    EXPECT_CONTAINS(savedText(document), "<Version>-1.000</Version>");
 }
 
 TEST(Version, IsCutAt31Characters) {
     ConfigInfo document;
     document.setVersion(1e35);
-    EXPECT_CONTAINS(textOf(document), "<Version>9999999999999999686336610791797</Version>");
+    EXPECT_CONTAINS(savedText(document), "<Version>9999999999999999686336610791797</Version>");
 }
 
 TEST(Version, SetsDirtyEvenWhenItIsTheSame) {
@@ -50,7 +50,7 @@ TEST(Version, SetsDirtyEvenWhenItIsTheSame) {
 TEST(Version, ReplacesWhateverTheElementHeld) {
     const Document document = load("<ConfigInfo><Version>1<b>2</b><!--c--></Version></ConfigInfo>");
     document->setVersion(3);
-    EXPECT_EQ(textOf(*document), savedRoot("  <Version>3.000</Version>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <Version>3.000</Version>\n"));
 }
 
 TEST(Version, IsRefusedWithoutItsElement) {
@@ -76,7 +76,7 @@ TEST_P(BuildStamps, AreBroughtUpToDate) {
         document->setDirty(dirty);
         document->insertBuildDateAndNumber();
         EXPECT_EQ(document->isDirty(), dirty);
-        EXPECT_EQ(textOf(*document), savedRoot(GetParam().expected));
+        EXPECT_EQ(savedText(*document), savedRoot(GetParam().expected));
     }
 }
 
@@ -124,7 +124,7 @@ TEST(InsertedBuildStamps, LeaveTheSectionThatWasReadLastReadable) {
     document->insertBuildDateAndNumber();
     EXPECT_EQ(get(*document, L"S", L"A", L"1"), L"1");
     set(*document, L"S", L"A", L"2", L"1");
-    EXPECT_CONTAINS(textOf(*document), "<A>2</A>");
+    EXPECT_CONTAINS(savedText(*document), "<A>2</A>");
 }
 
 }  // namespace storetests

@@ -50,10 +50,10 @@ std::string section(int /*number*/) { return "<Projector/>"; }
 TEST(InputLimits, AThousandAttributesOfAnElement) {
     const std::string start = "<ConfigInfo>\n <S";
     const Document document = load(start + attributes(1000) + "/></ConfigInfo>");
-    const std::string saved = textOf(*document);
+    const std::string saved = savedText(*document);
     EXPECT_CONTAINS(saved, " a0=\"v0\"");
     EXPECT_CONTAINS(saved, " a999=\"v999\"");
-    EXPECT_EQ(textOf(*load(saved)), saved);
+    EXPECT_EQ(savedText(*load(saved)), saved);
     const std::string text = start + attributes(1001) + "/></ConfigInfo>";
     const std::wstring column = std::to_wstring(text.find("/>") + 3 - text.find('\n') - 1);
     EXPECT_EQ(placeAndReason(text), L"line 2, column " + column + L": An element has more than 1000 attributes");
@@ -74,7 +74,7 @@ TEST(InputLimits, AThousandAttributesOfAFragment) {
         document.setStringItemAsDOMElement(L"S", L"A", std::wstring(text.begin(), text.end()), L"");
     };
     store(1000);
-    EXPECT_EQ(textOf(*reloaded(document)), textOf(document));
+    EXPECT_EQ(savedText(*reloaded(document)), savedText(document));
     EXPECT_CONTAINS(messageOf([&] { store(1001); }), L"An element has more than 1000 attributes");
 }
 
@@ -97,7 +97,7 @@ TEST(InputLimits, CountTheNamespacesAroundAFragment) {
                                        namespaces(100, "a") + "/></S></ConfigInfo>");
         const std::string text = "<f><g" + namespaces(count, "f") + "/></f>";
         document->setStringItemAsDOMElement(section, key, std::wstring(text.begin(), text.end()), L"1");
-        EXPECT_EQ(textOf(*reloaded(*document)), textOf(*document));
+        EXPECT_EQ(savedText(*reloaded(*document)), savedText(*document));
     };
     stored(L"S", L"A", 700);
     stored(L"S", L"A|B", 700);

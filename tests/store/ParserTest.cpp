@@ -165,19 +165,19 @@ TEST(StoredElements, MayHaveAnyNameThatCanBeReadAgain) {
     document->setStringItemAsDOMElement(L"S", L"A", text, L"1");
     EXPECT_EQ(document->getStringItemAsDOMElement(L"S", L"A", L"", L"1"),
               XMLConfig::detail::fromUtf8("<a>\n  <\xF0\x90\x90\x80 \xF0\x90\x90\x81=\"1\"/>\n</a>"));
-    EXPECT_EQ(textOf(*reloaded(*document)), textOf(*document));
+    EXPECT_EQ(savedText(*reloaded(*document)), savedText(*document));
 }
 
 TEST(StoredElements, AreRefusedOnlyAsOftenAsTheyAreMalformed) {
     const Document document = load("<ConfigInfo><S ID=\"1\"><A>1</A></S></ConfigInfo>");
     const auto store = [&](const wchar_t* text) { document->setStringItemAsDOMElement(L"S", L"A", text, L"1"); };
     for (int i = 0; i < 3; ++i) {
-        const std::string before = textOf(*document);
+        const std::string before = savedText(*document);
         document->setDirty(false);
         for (const wchar_t* const text : {L"<a>", L"<!--c--><a/><b/>", L"<a><b>1</b>"}) {
             EXPECT_THROW(store(text), CorvaneException);
             EXPECT_FALSE(document->isDirty());
-            EXPECT_EQ(textOf(*document), before);
+            EXPECT_EQ(savedText(*document), before);
         }
         store(i % 2 == 0 ? L"<!--c--><a><b>1</b></a>" : L"<a>2</a>");
         EXPECT_TRUE(document->isDirty());

@@ -39,7 +39,7 @@ TEST(Save, ReplacesALongerFile) {
     const auto path = folder.write(L"a.skorrax", std::string(100000, 'x'));
     ConfigInfo document;
     EXPECT_TRUE(document.save(path));
-    EXPECT_EQ(folder.read(L"a.skorrax"), textOf(document));
+    EXPECT_EQ(folder.read(L"a.skorrax"), savedText(document));
     EXPECT_EQ(folder.entries(), 1u);
 }
 
@@ -80,7 +80,7 @@ TEST(Save, CanBeRepeated) {
 TEST(Save, WritesTwoSpacesALevelAndNoBlankLine) {
     const Document document =
         load("<ConfigInfo>\n\n<Version>1</Version>\r\n\t<S   ID='1'><A><B>x</B></A>\n\n\n</S></ConfigInfo>");
-    EXPECT_EQ(textOf(*document),
+    EXPECT_EQ(savedText(*document),
               savedRoot("  <Version>1</Version>\n  <S ID=\"1\">\n    <A>\n      <B>x</B>\n    </A>\n  </S>\n"));
 }
 
@@ -125,7 +125,7 @@ TEST(Save, FollowsASymbolicLink) {
     ConfigInfo document;
     EXPECT_TRUE(document.save(folder.file(L"link.skorrax")));
     EXPECT_TRUE(fs::is_symlink(folder.path() / "link.skorrax"));
-    EXPECT_EQ(folder.read(L"real.skorrax"), textOf(document));
+    EXPECT_EQ(folder.read(L"real.skorrax"), savedText(document));
     EXPECT_EQ(folder.entries(), 2u);
 }
 
@@ -135,7 +135,7 @@ TEST(Save, MakesTheTargetOfADanglingLink) {
     ConfigInfo document;
     EXPECT_TRUE(document.save(folder.file(L"link.skorrax")));
     EXPECT_TRUE(fs::is_symlink(folder.path() / "link.skorrax"));
-    EXPECT_EQ(folder.read(L"real.skorrax"), textOf(document));
+    EXPECT_EQ(folder.read(L"real.skorrax"), savedText(document));
 }
 
 TEST(Save, WritesToADevice) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "store/ConfigInfo.h"
+#include "tests/support/SavedText.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 
@@ -31,17 +32,8 @@ inline Document smallDocument() {
     return load("<ConfigInfo><Version>9.000</Version><S ID=\"1\"><A>old</A><F><d>1</d></F></S></ConfigInfo>");
 }
 
-/// What the document would be saved as; the dirty flag stays as it is.
-inline std::string textOf(ConfigInfo& document) {
-    const TemporaryFolder folder;
-    const bool wasDirty = document.isDirty();
-    EXPECT_TRUE(document.save(folder.file(L"output.skorrax")));
-    document.setDirty(wasDirty);
-    return folder.read(L"output.skorrax");
-}
-
 /// The document as it is after a save and a load.
-inline Document reloaded(ConfigInfo& document) { return load(textOf(document)); }
+inline Document reloaded(ConfigInfo& document) { return load(savedText(document)); }
 
 /// The saved form of a document whose root holds `lines`, each already indented.
 inline std::string savedRoot(const std::string& lines) { return xmlHead + "<ConfigInfo>\n" + lines + "</ConfigInfo>\n"; }
@@ -114,10 +106,11 @@ inline Document holding(const std::wstring& text) {
 /// Takes the document's saved form and flag when made; unchanged() tells whether both are the same again.
 class Untouched {
 public:
-    explicit Untouched(ConfigInfo& document) : m_document(document), m_dirty(document.isDirty()), m_text(textOf(document)) {}
+    explicit Untouched(ConfigInfo& document)
+        : m_document(document), m_dirty(document.isDirty()), m_text(savedText(document)) {}
     testing::AssertionResult unchanged() const {
         if (m_document.isDirty() != m_dirty) return testing::AssertionFailure() << "the dirty flag became " << !m_dirty;
-        const std::string now = textOf(m_document);
+        const std::string now = savedText(m_document);
         if (now != m_text) return testing::AssertionFailure() << "was:\n" << m_text << "is:\n" << now;
         return testing::AssertionSuccess();
     }

@@ -34,7 +34,7 @@ TEST(TextItem, IsReplacedWithEverythingInside) {
     const Document document = load("<ConfigInfo><S><A x=\"1\">a<B>b</B><!--c--></A></S></ConfigInfo>");
     set(*document, L"S", L"A", L"new");
     EXPECT_TRUE(document->isDirty());
-    EXPECT_EQ(textOf(*document), savedRoot("  <S>\n    <A x=\"1\">new</A>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S>\n    <A x=\"1\">new</A>\n  </S>\n"));
 }
 
 TEST(TextItem, KeepsItsChildrenWhenTheTextIsEqual) {
@@ -71,11 +71,11 @@ TEST(TextItem, IsMadeForAnEmptyValueToo) {
     EXPECT_TRUE(document->isDirty());
     EXPECT_TRUE(document->doesItemExist(L"S", L"A", L""));
     EXPECT_EQ(get(*document, L"S", L"A"), L"");
-    EXPECT_EQ(textOf(*document), savedRoot("  <S>\n    <A/>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S>\n    <A/>\n  </S>\n"));
     const Document again = reloaded(*document);
     set(*again, L"S", L"A", L"");
     EXPECT_FALSE(again->isDirty());
-    EXPECT_EQ(textOf(*again), textOf(*document));
+    EXPECT_EQ(savedText(*again), savedText(*document));
 }
 
 TEST(TextItem, CanBecomeEmpty) {
@@ -83,7 +83,7 @@ TEST(TextItem, CanBecomeEmpty) {
     set(*document, L"S", L"A", L"");
     EXPECT_TRUE(document->isDirty());
     EXPECT_EQ(get(*document, L"S", L"A"), L"");
-    EXPECT_EQ(textOf(*document), savedRoot("  <S>\n    <A/>\n  </S>\n"));
+    EXPECT_EQ(savedText(*document), savedRoot("  <S>\n    <A/>\n  </S>\n"));
 }
 
 TEST(TextItem, SurvivesASaveWhateverItHolds) {
@@ -117,14 +117,14 @@ TEST(TextItem, SurvivesASaveWhateverItHolds) {
         EXPECT_EQ(get(*again, L"S", L"A"), value);
         EXPECT_EQ(get(*again, L"S", L"B", value, L"T", value), value);
         EXPECT_EQ(again->getSectionIDs(L"S"), std::vector<std::wstring>{value});
-        EXPECT_EQ(textOf(*again), textOf(document));
+        EXPECT_EQ(savedText(*again), savedText(document));
     }
 }
 
 TEST(TextItem, WritesReturnsAndAttributeSpaceAsReferences) {
     ConfigInfo document;
     set(document, L"S", L"A", L"a\rb", L"t\tn\nr\r.");
-    const std::string text = textOf(document);
+    const std::string text = savedText(document);
     EXPECT_EQ(text.find('\r'), std::string::npos);
     EXPECT_EQ(text.find('\t'), std::string::npos);
     EXPECT_CONTAINS(text, "&#x");

@@ -31,16 +31,16 @@ TEST(TreeCopy, KeepsEveryKindOfNode) {
         "b=\"&lt;&#10;\">"
         "<A>text &amp; more</A><B>mixed<i>x</i> and <![CDATA[<raw>]]></B><n:C n:d=\"2\"/><?q data?><E></E><F> </F></S>"
         "<S/><T xmlns=\"urn:t\"><u/></T></ConfigInfo><!--after--><?p after?>");
-    const std::string before = textOf(*document);
+    const std::string before = savedText(*document);
     editUntilCopied(*document);
-    EXPECT_EQ(textOf(*document), before);
+    EXPECT_EQ(savedText(*document), before);
 }
 
 TEST(TreeCopy, KeepsTheVersionOfXml) {
     const Document document = load("<?xml version=\"1.1\"?><ConfigInfo><S><A>&#1;</A></S></ConfigInfo>");
-    const std::string before = textOf(*document);
+    const std::string before = savedText(*document);
     editUntilCopied(*document);
-    EXPECT_EQ(textOf(*document), before);
+    EXPECT_EQ(savedText(*document), before);
     EXPECT_CONTAINS(before, "version=\"1.1\"");
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/Text.h"
 #include "store/ConfigInfo.h"
+#include "tests/support/Example.h"
 #include "tests/support/TemporaryFolder.h"
 
 /// Tests of the tool on files of their own, whose names it takes in UTF-8.
@@ -18,6 +19,10 @@ protected:
     std::string fileOf(const std::string& content, const std::string& name = "test.skorrax") const {
         folder.write(XMLConfig::detail::fromUtf8(name), content);
         return path(name);
+    }
+    /// A copy of the example installation, with `to` where `from` stands first; its full path.
+    std::string example(const std::string& from = "", const std::string& to = "") const {
+        return fileOf(exampleText(from, to), "dome.skorrax");
     }
     std::string fileOf(ConfigInfo& document, const std::string& name = "made.skorrax") const {
         EXPECT_TRUE(document.save(folder.file(XMLConfig::detail::fromUtf8(name))));

@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(content(), exampleText());
     }
 
-    const std::string file = fileOf(exampleText());
+    const std::string file = example();
 };
 
 TEST_F(Accept, WritesACommentIntoTheSectionAndChecksAgain) {

@@ -14,10 +14,7 @@ using ::testing::HasSubstr;
 using ::testing::StartsWith;
 using Json = nlohmann::json;
 
-class CheckVerb : public ToolFiles {
-protected:
-    std::string changed(const std::string& from, const std::string& to) const { return fileOf(exampleText(from, to)); }
-};
+using CheckVerb = ToolFiles;
 
 TEST_F(CheckVerb, TellsOfTheExample) {
     const ToolRun run = runTool({"check", "examples/dome.skorrax"});
@@ -60,7 +57,7 @@ TEST_F(CheckVerb, OnlyTakesRulesThatThereAre) {
 }
 
 TEST_F(CheckVerb, ChannelsAreShownAsAPicture) {
-    const std::string moved = changed("<Yaw>3.926990816987241e-01", "<Yaw>7.417649320975901e-01");
+    const std::string moved = example("<Yaw>3.926990816987241e-01", "<Yaw>7.417649320975901e-01");
     const ToolRun run = runTool({"check", "--only", "XC301", moved});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.output, "warning[XC301] " + moved +
@@ -72,7 +69,7 @@ TEST_F(CheckVerb, ChannelsAreShownAsAPicture) {
 
 TEST_F(CheckVerb, HiddenItemsNameTheLineOfTheOther) {
     const std::string twice =
-        changed("<Blend_Run>true</Blend_Run>", "<Blend_Run>true</Blend_Run>\n<Blend_Run>false</Blend_Run>");
+        example("<Blend_Run>true</Blend_Run>", "<Blend_Run>true</Blend_Run>\n<Blend_Run>false</Blend_Run>");
     EXPECT_EQ(runTool({"check", "--only", "XC106", twice}).output,
               "warning[XC106] " + twice + ":34 Geometry/Blend_Run: is hidden by that in line 33\n" + twice +
                   ": 0 errors, 1 warning, 0 notes\n");

@@ -35,7 +35,7 @@ std::string mendedExample() {
 }
 
 TEST_F(Fix, DoesTheSafeMendsAndChecksAgain) {
-    const std::string file = fileOf(exampleText());
+    const std::string file = example();
     const ToolRun run = runTool({"check", "--fix", "--only", "XC408,XC409", file});
     EXPECT_EQ(run.output, change + "\nnote[XC408] " + file +
                               ":364 Projector[Dome 2]/Box_Spacing: 2, the other 3 projectors "
@@ -49,7 +49,7 @@ TEST_F(Fix, DoesTheSafeMendsAndChecksAgain) {
 }
 
 TEST_F(Fix, WritesNothingInADryRun) {
-    const std::string file = fileOf(exampleText());
+    const std::string file = example();
     EXPECT_EQ(runTool({"check", "--fix", "--dry-run", "--only", "XC409", file}).output,
               change + " (dry run, nothing written)\n" + file + ": 0 errors, 0 warnings, 0 notes; all is well\n");
     EXPECT_EQ(contentOf(file), exampleText());
@@ -59,7 +59,7 @@ TEST_F(Fix, WritesNothingInADryRun) {
 }
 
 TEST_F(Fix, AnswersInJson) {
-    const std::string file = fileOf(exampleText());
+    const std::string file = example();
     const ToolRun run = runTool({"check", "--fix", "--json", "--only", "XC409", file});
     EXPECT_EQ(Json::parse(run.output), Json::parse(R"json({"format": 1, "verb": "check", "files": [{
         "file": )json" + Json(file).dump() + R"json(, "version": 9.0, "written": true, "changes": [{
@@ -172,14 +172,14 @@ TEST_F(Fix, RefusesMendsThatMakeErrors) {
     EXPECT_THAT(run.errors, Not(HasSubstr("\n\n")));
     EXPECT_THAT(run.output, StartsWith("error[XC109] "));
     EXPECT_EQ(contentOf(round), text);
-    EXPECT_THAT(runTool({"check", "--fix", fileOf(exampleText("<Shape>Sphere", "<Shape>sphere"))}).output,
+    EXPECT_THAT(runTool({"check", "--fix", example("<Shape>Sphere", "<Shape>sphere")}).output,
                 StartsWith("~ Screen/Shape                     sphere -> Sphere\n"));
 }
 
 TEST_F(Fix, GoesOnWithTheNextFile) {
     const std::string old = "examples/history/dome-8.000.skorrax";
     const std::string before = contentOf(old);
-    const std::string file = fileOf(exampleText());
+    const std::string file = example();
     const ToolRun run = runTool({"check", "--fix", "--json", path("missing"), old, file});
     EXPECT_EQ(run.status, 3);
     const Json files = Json::parse(run.output)["files"];
@@ -192,7 +192,7 @@ TEST_F(Fix, GoesOnWithTheNextFile) {
 }
 
 TEST_F(Fix, RefusesWhatItCannotUnderstand) {
-    const std::string file = fileOf(exampleText());
+    const std::string file = example();
     expectRun(runTool({"check", "--fix=XC9", file}), 2, "",
               "xmlconfig: there is no rule XC9; docs/rules.md and 'xmlconfig describe' tell all\n");
     expectRun(runTool({"check", "--fix", "--accept", "XC408", "--because", "x", file}), 2, "",

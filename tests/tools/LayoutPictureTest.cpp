@@ -19,9 +19,6 @@ using XMLConfig::OutlineNode;
 
 class LayoutPicture : public ToolFiles {
 protected:
-    std::string example(const std::string& from = "", const std::string& to = "") const {
-        return fileOf(exampleText(from, to), "dome.skorrax");
-    }
     std::string exampleWithAGap() const { return example("<Yaw>3.926990816987241e-01", "<Yaw>7.417649320975901e-01"); }
     std::string pictureOf(const std::string& file) const {
         const ToolRun run = runTool({"layout", "--svg", path("picture.svg"), file});

@@ -17,15 +17,9 @@ using testing::HasSubstr;
 using testing::Not;
 using Json = nlohmann::json;
 
-class LayoutVerb : public ToolFiles {
-protected:
-    /// The example, where it says `from` changed.
-    std::string example(const std::string& from = "", const std::string& to = "") const {
-        return fileOf(exampleText(from, to));
-    }
-};
+using LayoutVerb = ToolFiles;
 
-const char* const exampleText =
+const char* const exampleLayout =
     "Channels    4, seen from 0, 0, 1.65 m\n"
     "  #  Name    Heading       Field      Yaw                Pitch       Blends l/r/t/b   Cameras\n"
     "  1  Dome 1  -67.5° / 22°  60° x 50°  -105.3° .. -29.7°  -2° .. 48°  0 / 25 / 0 / 0   Dome left\n"
@@ -45,14 +39,14 @@ const char* const exampleText =
 TEST_F(LayoutVerb, ShowsTheExample) {
     const ToolRun run = runTool({"layout", example()});
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output, exampleText);
+    EXPECT_EQ(run.output, exampleLayout);
     EXPECT_EQ(run.errors, "");
 }
 
 TEST_F(LayoutVerb, ReadsStandardInput) {
     const ToolRun run = runToolReading(TemporaryFolder::readFile(example()), {"layout", "-"});
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output, exampleText);
+    EXPECT_EQ(run.output, exampleLayout);
     const ToolRun broken = runToolReading("<a>\n", {"layout", "-"});
     EXPECT_EQ(broken.status, 3);
     EXPECT_EQ(broken.output, "");
@@ -210,8 +204,8 @@ TEST_F(LayoutVerb, ShowsTheUnitsOfTheDocument) {
 
 TEST_F(LayoutVerb, ColoursWhenAsked) {
     const std::string file = example();
-    EXPECT_EQ(runTool({"layout", file}).output, exampleText);
-    EXPECT_EQ(runTool({"layout", "--color=never", file}).output, exampleText);
+    EXPECT_EQ(runTool({"layout", file}).output, exampleLayout);
+    EXPECT_EQ(runTool({"layout", "--color=never", file}).output, exampleLayout);
     const std::string coloured = runTool({"layout", "--color", "always", file}, "NO_COLOR=1").output;
     EXPECT_THAT(coloured, HasSubstr("33 % in the middle, 22 to 41 %  25 %   \x1b[32mok\x1b[0m\n"));
     EXPECT_EQ(runTool({"layout", "--color=perhaps", file}).status, 2);

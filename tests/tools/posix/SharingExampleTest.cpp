@@ -18,7 +18,7 @@ using testing::HasSubstr;
 /// The program that the page on sharing shows, built beside the tool.
 class SharingExample : public ToolFiles {
 protected:
-    SharingExample() { fileOf(exampleText(), "dome.skorrax"); }
+    SharingExample() { example(); }
 
     static std::string program() { return (std::filesystem::path(toolPath()).parent_path() / "sharing").string(); }
     int countedRuns() const {
