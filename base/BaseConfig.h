@@ -24,7 +24,7 @@ struct ValueTrait;
 /// The order of the virtual members is part of the interface.
 class XMLCONFIG_API BaseConfig {
 public:
-    /// Which form of a path is meant.
+    /// Whether a path is given or wanted as an absolute one or as one relative to the configuration file.
     enum FilePathMode : int { FilePathAbsolute = 0, FilePathRelative = 1 };
 
     /// A value read from the document, without implicit conversions.

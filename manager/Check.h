@@ -23,9 +23,9 @@ XMLCONFIG_API const wchar_t* nameOf(Severity severity);
 
 /// Whether a program may do what mends a finding.
 enum class MendSafety {
-    None,  ///< nobody but the user knows
-    Safe,  ///< it changes nothing that the application reads, or what it reads was broken for sure
-    Asked  ///< only where the user asks for it
+    None,  ///< no: only the user knows what would mend it
+    Safe,  ///< yes: what the application reads stays the same, or was broken for sure
+    Asked  ///< only where the user has asked for it
 };
 
 /// "none", "safe" or "asked".
@@ -50,8 +50,8 @@ struct Finding {
     std::wstring rule;  ///< "XC103"; `checkRules` tells what it means
     std::wstring name;  ///< "wrong-type"
     Severity severity = Severity::Warning;
-    /// What is meant, or what is around it where it is not stored; a view of no element for the document as a whole. Borrows
-    /// the document: good until it changes or ends.
+    /// The element that the finding is about; where the document does not store it, the element that would be around it; a
+    /// view of no element for the document as a whole. Borrows the document: good until it changes or ends.
     ElementView element;
     std::wstring address;  ///< as parseAddress takes it; of a device without ID the section's name; "" for the document
     std::wstring device;   ///< the name of the device whose setting it is, or its ID; "" for others
@@ -61,13 +61,13 @@ struct Finding {
     bool isAccepted = false;  ///< whether a comment accepts it
 };
 
-/// How a document is looked at.
+/// Which rules check a document, and what they look at besides the document.
 struct CheckOptions {
     std::vector<std::wstring> onlyRules;  ///< "XC103", ...; all where empty
     std::wstring file;                    ///< the document's file; "" where it has none: then no file name is looked at
     bool looksForFiles = true;            ///< whether to look on the disk for the files that the document names
-    std::optional<double> storedVersion;  ///< what the file had, where it was upgraded in memory
-    bool givesAccepted = false;           ///< whether what a comment accepts is among the findings
+    std::optional<double> storedVersion;  ///< the version in the file, where the document was upgraded in memory
+    bool givesAccepted = false;           ///< whether findings that a comment accepts are told too
 };
 
 /// What is found in a document of the latest version, which stays as it is: errors first, then warnings, then notes; within

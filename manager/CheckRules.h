@@ -10,14 +10,14 @@ namespace XMLConfig {
 
 /// One of the rules by which a document is checked. The texts are one line each, for people.
 struct CheckRule {
-    const wchar_t* id;        ///< "XC103"
-    const wchar_t* name;      ///< "wrong-type"
-    const wchar_t* severity;  ///< "error", "warning or note", ...
-    const wchar_t* meaning;   ///< a sentence or two
-    const wchar_t* looksAt;   ///< settings, as addresses without IDs
-    const wchar_t* condition;
-    const wchar_t* mend;  ///< what mends it; "" where that is not known
-    MendSafety safety;    ///< of its mend
+    const wchar_t* id;         ///< "XC103"
+    const wchar_t* name;       ///< "wrong-type"
+    const wchar_t* severity;   ///< "error", "warning or note", ...
+    const wchar_t* meaning;    ///< a sentence or two
+    const wchar_t* looksAt;    ///< settings, as addresses without IDs
+    const wchar_t* condition;  ///< what exactly is a fault: "beyond 2 pi"
+    const wchar_t* mend;       ///< what mends it; "" where that is not known
+    MendSafety safety;         ///< of its mend
 };
 
 /// Every rule, by ID. Made once; lives as long as the process.

@@ -37,7 +37,7 @@ struct Interval {
     double to = 0.0;
 };
 
-/// Whether a channel can be reckoned with; where several faults meet, the first of this list.
+/// Whether the angles of a channel make sense. Of several faults the first of this list counts.
 enum class ChannelState {
     Usable,
     NotANumber,        ///< an angle or the eye point is not finite
@@ -183,7 +183,7 @@ struct Layout {
     [[nodiscard]] XMLCONFIG_API bool isComplete() const;
 };
 
-/// How many overlaps of a channel are looked for, so that thousands of equal channels take no time without end.
+/// The search for a channel's overlaps ends after so many, so that thousands of equal channels take no time without end.
 inline constexpr std::size_t mostNeighbours = 64;
 
 /// Less of an image's area than this counts as no overlap.
@@ -199,7 +199,7 @@ XMLCONFIG_API bool isBlendTooNarrow(double blend, const Overlap& overlap);
 /// Whether two eye points count as one: no more than a millimeter lies between them.
 XMLCONFIG_API bool isOneEyePoint(const Point_3Dim<double>& one, const Point_3Dim<double>& other);
 
-/// Reckons it from a document of the latest version, which stays as it is. Values that cannot be read count as missing;
+/// The layout of a document of the latest version, which stays as it is. Values that cannot be read count as missing;
 /// nothing is thrown for them. Takes time in proportion to the number of projectors.
 XMLCONFIG_API Layout layout(const ConfigInfo& document);
 
@@ -208,8 +208,8 @@ XMLCONFIG_API Layout layout(const ConfigInfo& document);
 /// whole.
 XMLCONFIG_API std::vector<Point_3Dim<double>> outlineOf(const Channel& channel, const EdgeValues& part, int points);
 
-/// The same of the screen, as seen from a point; empty where the screen is no sphere or cylinder. A screen that goes all
-/// the way round, or up to a pole, has no edge there and still is drawn with one.
+/// The outline of a part of the screen, as directions seen from a point; empty where the screen is no sphere or cylinder. A
+/// screen that goes all the way round, or up to a pole, has no edge there, but is drawn with one.
 XMLCONFIG_API std::vector<Point_3Dim<double>> outlineOf(const LayoutScreen& screen, const Point_3Dim<double>& from,
                                                         const ScreenPatch& part, int points);
 /// The whole of such a screen; none where it is no sphere or cylinder, or its size is not stored or makes no sense.

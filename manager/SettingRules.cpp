@@ -6,8 +6,8 @@
 namespace XMLConfig {
 namespace {
 
-/// A name that a rule looks at, with what it leaves out of the one before it: "_Right" or "VFOV" stand for the last part of
-/// its name or address.
+/// The whole name of a setting in a rule's list, where a name may leave out what it shares with the one before it: after
+/// "Projector/Blend_Left", "_Right" means "Projector/Blend_Right" and "Gamma" means "Projector/Gamma".
 std::wstring wholeName(const std::wstring& name, const std::wstring& before) {
     if (name.find(L'/') != std::wstring::npos) return name;
     const std::size_t end = before.find_last_of(name[0] == L'_' ? L'_' : L'/');
@@ -31,7 +31,7 @@ bool isNamed(const std::wstring& address, const std::wstring& name) {
     return address.compare(0, name.size(), name) == 0 && (address.size() == name.size() || address[name.size()] == L'/');
 }
 
-/// For rules about all settings of one kind.
+/// Whether the rule looks at every setting of some kind, and this is one of them.
 bool isOfKind(const Setting& setting, const std::wstring& rule) {
     if (rule == L"XC109") return !setting.words.empty();
     if (rule == L"XC114") return setting.range.has_value();

@@ -24,7 +24,7 @@ using detail::FileError;
     throw CorvaneException(L"Error upgradeFile: " + path + L": " + reason);
 }
 
-// The first backup name in the order of their numbers that nothing has yet, be it a link to nothing.
+// The first of the numbered backup names that is free; a link that leads nowhere takes its name, too.
 std::wstring freeBackupName(const std::wstring& path, double version) {
     const std::wstring first = path + L".v" + detail::versionText(version) + L".bak";
     std::wstring name = first;
@@ -40,7 +40,7 @@ void copy(const std::wstring& from, const std::wstring& to) {
     }
 }
 
-// The name of the copy: another one than the free one where somebody else has just taken that.
+// Copies the file and gives the name of the copy. Where somebody else takes a free name first, the next one serves.
 std::wstring keepBackup(const std::wstring& path, double version) {
     for (;;) {
         std::wstring backup = freeBackupName(path, version);
@@ -68,7 +68,7 @@ void refuseChange(const ConfigInfo& document, const std::wstring& path, const st
     refuse(path, L"has been changed by another program meanwhile");
 }
 
-// The backup stands before the file is touched, and goes again only where the file has surely stayed as it was.
+// The backup is complete before the file is touched, and is removed again only where the file has surely stayed as it was.
 void replaceKeepingBackup(ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
     refuseChange(document, path, backup);
     try {

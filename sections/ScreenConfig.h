@@ -41,7 +41,7 @@ public:
     void setPCDPath(const std::wstring& path, FilePathMode mode);
     std::wstring getMarkedSurfaceFilename(FilePathMode mode) const;  ///< file with the image of the marked surface
     void setMarkedSurfaceFilename(const std::wstring& path, FilePathMode mode);
-    /// Carries the stored paths, relative to the folder `previousRoot`, over to the asset manager's root of now. Empty
+    /// Carries the stored paths, relative to the folder `previousRoot`, over to the asset manager's present root. Empty
     /// ones are left alone.
     void updateRelativeFilePaths(const std::wstring& previousRoot);
 

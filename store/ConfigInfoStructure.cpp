@@ -29,7 +29,8 @@ std::vector<xercesc::DOMElement*> subSections(const Document& document, const st
     return found;
 }
 
-// Makes a change that an observer is told of afterwards; what it is told is made before, for making it can fail.
+// Makes a change and then tells the observer of it. What the observer is told is put together before the change, because
+// that may fail.
 template <typename Operation>
 void perform(Document& document, bool& isDirty, Change&& change, Operation operation) {
     operation();

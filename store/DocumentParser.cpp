@@ -13,9 +13,9 @@ namespace XMLConfig::detail {
 
 namespace {
 
-/// Counts the bytes that were read, and tells whether the last of them make no whole character: the XML library takes such
-/// bytes for the end of the text and says nothing. But it keeps them in its buffer, so that it has less room, when it asks
-/// for more bytes and there are none, than when it asked first.
+/// Counts the bytes that were read and tells whether they end inside a character. The XML library ignores the bytes of such
+/// a character and reports nothing. It gives itself away by what it asks for: it keeps those bytes in its buffer, so that
+/// the last time, when it gets nothing, it asks for fewer bytes than the first time.
 class EndOfBytes {
 public:
     void asked(XMLSize_t room, XMLSize_t given) {
@@ -32,8 +32,9 @@ private:
     XMLFilePos m_size = 0;
 };
 
-/// Making a parser takes as long as reading a small file, so one that was good is kept for the next load of any thread. What
-/// was large leaves much memory with its parser. It lives as long as the process does: a load at its end may need it.
+/// Making a parser takes as long as reading a small file, so a parser that met no fault is kept for the next load in any
+/// thread. One that read a larger file than this is not kept, because it holds much memory. The parser that is kept is never
+/// freed, since an application may load a file while the process ends.
 constexpr XMLFilePos largestForSpare = 1024 * 1024;
 std::atomic<StrictParser*> spareParser = nullptr;
 

@@ -9,7 +9,8 @@ namespace XMLConfig::detail {
 
 namespace {
 
-// What the XML library has made of a text when it refuses it is not all in the tree; at most this for each byte.
+// When the XML library refuses a text, some nodes that it has made of it are in no tree and cannot be counted. They take at
+// most so many bytes for each byte of the text.
 constexpr std::size_t wasteOfAByte = 16;
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 namespace XMLConfig {
 
-/// Writes a file of any kind as a document is saved: the bytes are on the disk completely, or the old file stands as it was;
-/// any path, of any length, will do. Throws CorvaneException, which names the file and the reason.
+/// Writes a file of any kind as safely as a document is saved: either all bytes reach the disk, or the old file stays as it
+/// was. The path may be of any length. Throws CorvaneException, which names the file and the reason.
 XMLCONFIG_API void writeFile(const std::wstring& path, const std::string& bytes);
 
 }  // namespace XMLConfig

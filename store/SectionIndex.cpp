@@ -95,7 +95,7 @@ Section* SectionIndex::find(const std::wstring& tag, const std::wstring& id) {
     const SectionTag* const named = tagNamed(tag);
     Section* const found = named == nullptr ? nullptr : id.empty() ? named->first() : named->find(id);
     if (found == nullptr) return nullptr;
-    m_lastSection = nullptr;  // until both texts are there
+    m_lastSection = nullptr;  // so that nothing is remembered where copying one of the texts fails
     m_lastTag = tag;
     m_lastID = id;
     return m_lastSection = found;
@@ -169,7 +169,7 @@ void SectionIndex::sectionRenamed(Section& section, const std::wstring& newID) {
 void SectionIndex::insideAdded(Section& section, xercesc::DOMElement& added) {
     auto& parent = static_cast<xercesc::DOMElement&>(*parentOf(added));
     m_groups.added(parent, added);
-    // Texts are known of those alone that hold nothing else.
+    // Texts are kept of those items only that hold nothing else, which this one did until now.
     if (parent.getFirstChild()->getNextSibling() == &added) forgetInside(section, added);
 }
 

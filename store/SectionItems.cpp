@@ -7,7 +7,7 @@ namespace XMLConfig::detail {
 
 namespace {
 
-// Below this number of a key, each section has a place for it whether it holds the item or not.
+// Each section has places for the keys below this number, whether it holds those items or not.
 constexpr std::size_t commonKeys = 256;
 // Most values are numbers or a few of them; what is longer takes long to read anyway.
 constexpr std::size_t longestText = 128;

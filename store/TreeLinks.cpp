@@ -50,7 +50,8 @@ Links linksOf(DOMNode& node) {
 
 DOMNode* nextOf(const DOMNode& node) { return linksOf(const_cast<DOMNode&>(node)).child.nextSibling; }
 
-/// The node or the first element after it. A node that may hold other ones in its place is none that the store makes.
+/// The node, if it is an element, else the first element after it. Entity references, whose children would have to be looked
+/// at too, never stand in a tree of the store.
 const DOMElement* elementFrom(const DOMNode* node) {
     while (node != nullptr && node->getNodeType() != DOMNode::ELEMENT_NODE) node = nextOf(*node);
     return static_cast<const DOMElement*>(node);
@@ -76,7 +77,7 @@ void join(xercesc::DOMParentNode& children, DOMNode& parent, DOMNode& child) {
 
 using Name = xercesc::DOMStringPoolEntry;
 
-/// Names the members of a document that only its subclasses may name.
+/// Reaches the protected members of a document.
 struct NameTable : DOMDocumentImpl {
     static Name**& entries(DOMDocumentImpl& document) { return document.*(&NameTable::fNameTable); }
     static XMLSize_t& size(DOMDocumentImpl& document) { return document.*(&NameTable::fNameTableSize); }
@@ -233,7 +234,7 @@ void spreadNames(DOMDocumentImpl& document) {
     NameTable::size(document) = size;
 }
 
-#else  // members that nobody has compared yet
+#else  // a version of the library whose members nobody has compared with those above
 
 bool isKnownVersion(std::string_view /*className*/) { return false; }
 bool examineLinks(xercesc::DOMImplementation& /*implementation*/, std::string_view /*className*/) { return false; }

@@ -5,7 +5,7 @@
 namespace XMLConfig::detail {
 
 bool Utf8Place::take(std::string_view bytes) {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";  // it has no column
+    constexpr std::string_view mark = "\xEF\xBB\xBF";  // the byte order mark takes no column
     if (m_isAtStart && bytes.substr(0, mark.size()) == mark) bytes.remove_prefix(mark.size());
     m_isAtStart = m_isAtStart && bytes.empty();
     return std::all_of(bytes.begin(), bytes.end(), [this](char byte) { return takeByte(static_cast<unsigned char>(byte)); });

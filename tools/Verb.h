@@ -9,39 +9,48 @@
 
 namespace tool {
 
-/// What the command line asked for; each verb takes the fields that it set up. Text is UTF-8.
+/// What the command line asked for. Each verb names its operands and options in its setUp function and reads only those
+/// fields; all others keep their values from here. Text is UTF-8.
 struct Request {
-    std::string file;
-    std::vector<std::string> operands;
-    bool force = false;
-    bool brief = false;
-    std::string target;
-    bool explain = false;
-    bool json = false;
-    bool dryRun = false;
-    bool all = false;
-    bool lines = false;
-    bool asStored = false;
-    bool git = false;
-    std::vector<std::string> rules;
-    bool strict = false;
-    bool withoutFiles = false;
-    std::string fix;       ///< "" for no, "true" for the safe mends, else the rules whose others are wanted too
-    std::string accepted;  ///< RULE or RULE@ADDRESS
-    std::optional<std::string> because;
-    std::optional<double> tolerance;
-    std::string picture;
-    std::string colour = "auto";
-    unsigned waitSeconds = 30;
-    unsigned projectors = 0;
-    bool origin = false;
-    bool effective = false;
-    bool human = false;
-    std::optional<std::string> fallback;
-    bool quiet = false;
-    std::string lineFile;
-    bool flat = false;
-    bool steps = false;
+    // Operands.
+
+    std::string file;                   ///< FILE of the verbs that take one file; "-" for standard input
+    std::vector<std::string> operands;  ///< FILEs of the verbs that take several; else addresses, changes or words
+
+    // Options of several verbs.
+
+    bool json = false;            ///< --json
+    bool all = false;             ///< --all: show and diff leave nothing out
+    bool force = false;           ///< --force: new replaces a file, set and unset do what they would refuse
+    bool dryRun = false;          ///< --dry-run: nothing is written
+    bool quiet = false;           ///< --quiet: the verbs that write do not tell what has changed
+    unsigned waitSeconds = 30;    ///< --wait: for another program that is writing
+    std::string colour = "auto";  ///< --color
+
+    // Options of one verb.
+
+    unsigned projectors = 0;              ///< new --projectors
+    bool flat = false;                    ///< show --flat
+    bool effective = false;               ///< get --effective
+    bool origin = false;                  ///< get --origin
+    bool human = false;                   ///< get --human
+    std::optional<std::string> fallback;  ///< get --default
+    std::string lineFile;                 ///< set --from: the file with a change a line, "-" for standard input
+    std::vector<std::string> rules;       ///< check --only: IDs or names of rules
+    bool withoutFiles = false;            ///< check --no-files
+    bool strict = false;                  ///< check --strict
+    std::string fix;       ///< check --fix: "" for no, "true" for the safe mends, else the rules whose others are wanted too
+    std::string accepted;  ///< check --accept: RULE or RULE@ADDRESS
+    std::optional<std::string> because;  ///< check --because
+    std::string picture;                 ///< layout --svg: where the picture goes, "-" for standard output
+    bool brief = false;                  ///< diff --stat
+    bool lines = false;                  ///< diff --lines
+    bool asStored = false;               ///< diff --as-stored
+    bool git = false;                    ///< diff --git
+    std::optional<double> tolerance;     ///< diff --tolerance, in the stored unit of each number
+    std::string target;                  ///< upgrade --output; "" for the file itself
+    bool explain = false;                ///< upgrade --explain
+    bool steps = false;                  ///< upgrade --steps
 };
 
 /// What a program of this tool answers with.

@@ -24,7 +24,7 @@ private:
     std::unordered_map<std::wstring, std::size_t> m_indices;  // of the channels, by ID
 };
 
-/// What stands for the edge of a projector's part of the screen that nobody knows.
+/// The value of an edge of a projector's part of the screen that is not known.
 constexpr double unknownArea = -1000.0;
 /// Whether the edges of a projector's part of the screen are in order and on the screen, as far as they are known.
 [[nodiscard]] bool isPartOfScreen(double low, double high);

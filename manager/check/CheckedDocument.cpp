@@ -32,7 +32,7 @@ const CheckedSection* at(const Sections& sections, const Name& name) {
 /// Reads the sections of one document.
 class SectionReader {
 public:
-    void read(CheckedSection& section, TagKeys& keys) {
+    void read(CheckedSection& section, KeysOfTag& keys) {
         section.isKnown = keys.isKnown;
         if (!section.isKnown) return;
         ++m_number;
@@ -41,20 +41,20 @@ public:
     }
 
 private:
-    void addChildren(CheckedSection& section, TagKeys& keys, const ElementView& parent, MetKey* group) {
-        MetKey* before = nullptr;
+    void addChildren(CheckedSection& section, KeysOfTag& keys, const ElementView& parent, SectionKey* group) {
+        SectionKey* before = nullptr;
         for (const ElementView& child : parent.children()) {
             before = &keys.keyOf(child, group, before);
             addItem(section, keys, child, *before);
         }
     }
 
-    void addItem(CheckedSection& section, TagKeys& keys, const ElementView& child, MetKey& key) {
+    void addItem(CheckedSection& section, KeysOfTag& keys, const ElementView& child, SectionKey& key) {
         const bool isHidden = key.section == m_number;
         const ElementView earlier = isHidden ? key.element : ElementView();
-        const bool isGroup = key.kind == MetKey::Kind::Group;
+        const bool isGroup = key.kind == SectionKey::Kind::Group;
         const bool holdsElements = static_cast<bool>(child.firstChild());
-        MetText& text = isGroup || holdsElements ? keys.noText() : keys.textOf(child, key);
+        SharedText& text = isGroup || holdsElements ? keys.noText() : keys.textOf(child, key);
         if (!isHidden) section.m_places.push_back({key.number, section.items.size()});
         section.items.emplace_back(child, key, text, holdsElements, earlier);
         if (isHidden) return;
@@ -63,8 +63,8 @@ private:
         if (isGroup) addChildren(section, keys, child, &key);
     }
 
-    /// Sorts the items by their numbers. They are in order already as a rule: the keys have their numbers by the first
-    /// section that holds them.
+    /// Sorts the items by the numbers of their keys. Mostly they are in order already, since keys are numbered as the first
+    /// sections hold them, and the later ones have the same order.
     static void order(CheckedSection& section) {
         const auto isBefore = [](const auto& a, const auto& b) { return a.number < b.number; };
         auto& places = section.m_places;
@@ -74,7 +74,7 @@ private:
     std::size_t m_number = 0;  // of the section, from 1
 };
 
-CheckedSection::CheckedSection(const ElementView& place, std::wstring name, const TagKeys* keys)
+CheckedSection::CheckedSection(const ElementView& place, std::wstring name, const KeysOfTag* keys)
     : element(place),
       tag(std::move(name)),
       id(element.id()),
@@ -82,7 +82,7 @@ CheckedSection::CheckedSection(const ElementView& place, std::wstring name, cons
       m_isDevice(!id.empty() && isDeviceSection(tag)) {}
 
 const CheckedItem* CheckedSection::find(std::wstring_view key) const {
-    const MetKey* const known = m_keys == nullptr ? nullptr : m_keys->find(key);
+    const SectionKey* const known = m_keys == nullptr ? nullptr : m_keys->find(key);
     if (known == nullptr) return nullptr;
     const auto isBefore = [](const Place& place, std::size_t number) { return place.number < number; };
     const auto found = std::lower_bound(m_places.begin(), m_places.end(), known->number, isBefore);
@@ -126,7 +126,7 @@ void CheckedDocument::readSections(const ConfigInfo& document) {
     for (const ElementView& element : rootElement(document).children()) {
         const std::wstring name = element.name();
         if (isHeaderElement(name)) continue;
-        TagKeys& keys = m_keys.try_emplace(name, name).first->second;
+        KeysOfTag& keys = m_keys.try_emplace(name, name).first->second;
         CheckedSection& section = m_sections.emplace_back(element, name, &keys);
         const bool lacksID = isDeviceSection(name) && section.id.empty();
         if (!lacksID) {
@@ -157,7 +157,7 @@ const CheckedSection* CheckedDocument::camera(const std::wstring& id) const { re
 const CheckedSection* CheckedDocument::projector(const std::wstring& id) const { return at(m_projectorByID, id); }
 const CheckedSection* CheckedDocument::cameraThatWas(const std::wstring& oldID) const { return at(m_cameraByOldID, oldID); }
 
-const TagKeys& CheckedDocument::keysOf(std::wstring_view tag) const {
+const KeysOfTag& CheckedDocument::keysOf(std::wstring_view tag) const {
     const auto found = m_keys.find(tag);
     if (found != m_keys.end()) return found->second;
     const std::wstring name(tag);
@@ -170,13 +170,13 @@ const ReadValue& CheckedDocument::read(const CheckedSection& section, std::wstri
     return value != nullptr ? *value : inherited(section.m_keys == nullptr ? keysOf(section.tag) : *section.m_keys, key);
 }
 
-// A section that is missing is asked by its name all the same, for its defaults.
+// A missing section, too, has defaults.
 const ReadValue& CheckedDocument::read(std::wstring_view tag, std::wstring_view key) const {
     const CheckedSection* const found = at(m_firstOfTag, tag);
     return found == nullptr ? inherited(keysOf(tag), key) : read(*found, key);
 }
 
-const ReadValue& CheckedDocument::inherited(const TagKeys& keys, std::wstring_view key) const {
+const ReadValue& CheckedDocument::inherited(const KeysOfTag& keys, std::wstring_view key) const {
     static const ReadValue none{std::wstring()};
     const MissingValue& missing = keys.missing(key);
     if (missing.setting == nullptr) return none;
@@ -235,7 +235,7 @@ std::wstring addressOf(const ElementView& element) {
 }
 
 std::wstring addressOf(const CheckedSection& section, const CheckedItem& item) {
-    return item.way.holdsIDs ? addressOf(item.element) : addressOf(section, item.key);
+    return item.sharedKey.holdsIDs ? addressOf(item.element) : addressOf(section, item.key);
 }
 
 std::wstring addressOf(const CheckedSection& section, std::wstring_view key) {

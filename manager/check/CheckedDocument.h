@@ -16,25 +16,26 @@ namespace XMLConfig::detail {
 
 /// A setting, a group of settings or an unknown element below a section.
 struct CheckedItem {
-    using Kind = MetKey::Kind;
+    using Kind = SectionKey::Kind;
 
-    CheckedItem(const ElementView& place, const MetKey& at, MetText& met, bool isOfElements, const ElementView& earlier)
+    CheckedItem(const ElementView& place, const SectionKey& keyInSection, SharedText& textAtKey, bool isOfElements,
+                const ElementView& earlier)
         : element(place),
-          way(at),
-          content(met),
-          key(at.text),
-          text(met.text),
-          setting(at.setting),
-          kind(at.kind),
+          sharedKey(keyInSection),
+          content(textAtKey),
+          key(keyInSection.text),
+          text(textAtKey.text),
+          setting(keyInSection.setting),
+          kind(keyInSection.kind),
           holdsElements(isOfElements),
           hiddenBy(earlier) {}
 
     ElementView element;
-    const MetKey& way;
-    MetText& content;
-    const std::wstring& key;   ///< parts joined by "|", with the IDs of subsections
-    const std::wstring& text;  ///< of a value without child elements
-    const Setting* setting;    ///< null where the catalogue knows none
+    const SectionKey& sharedKey;  ///< shared with all sections of the tag that hold the key
+    SharedText& content;          ///< shared with the sections before it that store the same text there
+    const std::wstring& key;      ///< parts joined by "|", with the IDs of subsections
+    const std::wstring& text;     ///< of a value without child elements
+    const Setting* setting;       ///< null where the catalogue knows none
     Kind kind;
     bool holdsElements;
     ElementView hiddenBy;  ///< the earlier one of the same name and ID, which the application reads
@@ -44,7 +45,7 @@ struct CheckedItem {
 class CheckedSection {
 public:
     /// Without keys it stands for a section that the document does not have.
-    CheckedSection(const ElementView& element, std::wstring tag, const TagKeys* keys);
+    CheckedSection(const ElementView& element, std::wstring tag, const KeysOfTag* keys);
 
     /// What the application reads at the key; null where nothing stands there.
     [[nodiscard]] const CheckedItem* find(std::wstring_view key) const;
@@ -76,7 +77,7 @@ private:
         std::size_t item;
     };
 
-    const TagKeys* m_keys;
+    const KeysOfTag* m_keys;
     bool m_isDevice;
     std::vector<Place> m_places;  // of the items that are not hidden, by number
     mutable std::wstring m_address;
@@ -126,12 +127,12 @@ public:
 private:
     void readSections(const ConfigInfo& document);
     void gatherDevices();
-    [[nodiscard]] const TagKeys& keysOf(std::wstring_view tag) const;
+    [[nodiscard]] const KeysOfTag& keysOf(std::wstring_view tag) const;
     [[nodiscard]] const ReadValue& read(const CheckedSection& section, std::wstring_view key) const;
     [[nodiscard]] const ReadValue& read(std::wstring_view tag, std::wstring_view key) const;
-    [[nodiscard]] const ReadValue& inherited(const TagKeys& keys, std::wstring_view key) const;
+    [[nodiscard]] const ReadValue& inherited(const KeysOfTag& keys, std::wstring_view key) const;
 
-    mutable std::map<std::wstring, TagKeys, std::less<>> m_keys;
+    mutable std::map<std::wstring, KeysOfTag, std::less<>> m_keys;
     std::vector<CheckedSection> m_sections;
     std::vector<const CheckedSection*> m_projectors;
     std::vector<const CheckedSection*> m_cameras;

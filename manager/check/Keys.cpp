@@ -25,7 +25,7 @@ ReadValue defaultOf(const Setting& setting) { return ReadValue(setting.defaultTe
 ReadValue::ReadValue(std::wstring read)
     : text(std::move(read)), number(leadingDouble(text)), integer(leadingInteger(text)) {}
 
-const ReadValue* MetText::value() const {
+const ReadValue* SharedText::value() const {
     if (!m_isRead) {
         std::optional<std::wstring> read = textAsRead(text, m_setting == nullptr ? SettingType::Text : m_setting->type);
         if (read) m_value.emplace(std::move(*read));
@@ -34,33 +34,33 @@ const ReadValue* MetText::value() const {
     return m_value ? &*m_value : nullptr;
 }
 
-TagKeys::TagKeys(std::wstring name) : tag(std::move(name)), isKnown(isNameOfSections(tag)) {}
+KeysOfTag::KeysOfTag(std::wstring name) : tag(std::move(name)), isKnown(isNameOfSections(tag)) {}
 
-const MetKey* TagKeys::find(std::wstring_view key) const {
+const SectionKey* KeysOfTag::find(std::wstring_view key) const {
     const auto found = m_byText.find(key);
     return found == m_byText.end() ? nullptr : found->second;
 }
 
-MetKey& TagKeys::keyOf(const ElementView& child, MetKey* group, MetKey* before) {
-    MetKey& around = group == nullptr ? m_root : *group;
-    MetKey*& expected = before == nullptr ? around.inside : before->after;
+SectionKey& KeysOfTag::keyOf(const ElementView& child, SectionKey* group, SectionKey* before) {
+    SectionKey& around = group == nullptr ? m_root : *group;
+    SectionKey*& expected = before == nullptr ? around.inside : before->after;
     const std::wstring id = child.id();
     const bool isExpected = expected != nullptr && id.empty() && !expected->hasID && child.isNamedLike(expected->sample);
     if (isExpected) return *expected;
     const std::wstring name = withID(child.name(), id);
-    MetKey*& known = around.byName[name];
+    SectionKey*& known = around.byName[name];
     if (known == nullptr) known = &add(child, group == nullptr ? name : around.text + L"|" + name);
     expected = known;
     return *known;
 }
 
-MetKey& TagKeys::add(const ElementView& child, const std::wstring& key) {
-    MetKey& added = m_keys.emplace_back();
+SectionKey& KeysOfTag::add(const ElementView& child, const std::wstring& key) {
+    SectionKey& added = m_keys.emplace_back();
     const Address address{tag, L"", L"", L"", key};
     added.text = key;
     added.setting = knownSetting(address);
-    if (isGroupOfSettings(address)) added.kind = MetKey::Kind::Group;
-    else if (added.setting != nullptr) added.kind = MetKey::Kind::Value;
+    if (isGroupOfSettings(address)) added.kind = SectionKey::Kind::Group;
+    else if (added.setting != nullptr) added.kind = SectionKey::Kind::Value;
     added.holdsIDs = key.find(L'[') != std::wstring::npos;
     added.number = m_keys.size() - 1;
     added.sample = child;
@@ -69,13 +69,13 @@ MetKey& TagKeys::add(const ElementView& child, const std::wstring& key) {
     return added;
 }
 
-MetText& TagKeys::textOf(const ElementView& element, MetKey& key) {
+SharedText& KeysOfTag::textOf(const ElementView& element, SectionKey& key) {
     if (key.lastText == nullptr || !element.isText(key.lastText->text))
         key.lastText = &m_texts.emplace_back(element.text(), key.setting);
     return *key.lastText;
 }
 
-const MissingValue& TagKeys::missing(std::wstring_view key) const {
+const MissingValue& KeysOfTag::missing(std::wstring_view key) const {
     const auto [place, isNew] = m_missing.try_emplace(std::wstring(key));
     MissingValue& value = place->second;
     if (!isNew) return value;

@@ -10,8 +10,9 @@
 #include "base/Setting.h"
 #include "store/ElementView.h"
 
-/// What all sections of one tag have in common: their keys, which are looked up in the catalogue once for all of them, and
-/// the texts that one after the other holds at a key, of which whatever is made is made once.
+/// What the sections of one tag have in common. A document of many projectors holds the same keys in each of them, and
+/// mostly the same texts too. So each key is looked up in the catalogue once for all sections, and each text is read once
+/// for those sections that hold it one after the other.
 namespace XMLConfig::detail {
 
 /// A value as the application reads it.
@@ -23,16 +24,16 @@ struct ReadValue {
     int integer = 0;
 };
 
-/// A text that is stored at a key.
-class MetText {
+/// A text that one section after another stores at one key, and the value that the application reads of it.
+class SharedText {
 public:
-    MetText(std::wstring stored, const Setting* setting) : text(std::move(stored)), m_setting(setting) {}
+    SharedText(std::wstring stored, const Setting* setting) : text(std::move(stored)), m_setting(setting) {}
 
     /// What the application makes of it; null where it counts as missing.
     [[nodiscard]] const ReadValue* value() const;
 
     const std::wstring text;
-    bool isFormFine = false;  ///< whether the rules on the form have looked at it and found nothing
+    bool isFormFine = false;  ///< whether the rules on the form have examined this text and found no fault
 
 private:
     const Setting* m_setting;
@@ -40,26 +41,26 @@ private:
     mutable std::optional<ReadValue> m_value;
 };
 
-/// The way from a section to an element below it.
-struct MetKey {
+/// The key of an element below a section, the same object in every section of the tag that holds such an element.
+struct SectionKey {
     enum class Kind { Value, Group, Unknown };
 
     std::wstring text;                 ///< parts joined by "|", with the IDs of subsections
     const Setting* setting = nullptr;  ///< null where the catalogue knows none
     Kind kind = Kind::Unknown;
-    bool holdsIDs = false;   ///< whether the ID of a subsection is a part of it
-    std::size_t number = 0;  ///< among those of the tag
+    bool holdsIDs = false;   ///< whether the ID of a subsection is a part of `text`
+    std::size_t number = 0;  ///< counts the keys of the tag in the order in which they were first met
 
-    // What the last section had there, for it is what the next one has as a rule.
+    // What the section read last has there. The next section mostly has the same, and is compared with it first.
 
-    ElementView sample;                                ///< an element of that name
-    bool hasID = false;                                ///< whether the last part has an ID
-    MetKey* inside = nullptr;                          ///< the first key inside
-    MetKey* after = nullptr;                           ///< the key that came after it in the same group
-    std::size_t section = 0;                           ///< the last section that had it
-    ElementView element;                               ///< and the first element there
-    MetText* lastText = nullptr;                       ///< and its text
-    std::unordered_map<std::wstring, MetKey*> byName;  ///< those inside, by name and ID
+    ElementView sample;                                    ///< an element with the name of the last part
+    bool hasID = false;                                    ///< whether the last part has an ID
+    SectionKey* inside = nullptr;                          ///< the key of the first child
+    SectionKey* after = nullptr;                           ///< the key of the next element beside it
+    std::size_t section = 0;                               ///< the number of the last section with the key
+    ElementView element;                                   ///< the first element of that section at the key
+    SharedText* lastText = nullptr;                        ///< the text of that element
+    std::unordered_map<std::wstring, SectionKey*> byName;  ///< the keys of all children, by name and ID
 };
 
 /// What the application reads where no section holds the setting.
@@ -68,28 +69,32 @@ struct MissingValue {
     std::optional<ReadValue> byDefault;
 };
 
-class TagKeys {
+/// The keys that the sections of one tag hold, and their texts.
+class KeysOfTag {
 public:
-    explicit TagKeys(std::wstring name);
+    explicit KeysOfTag(std::wstring name);
 
     const std::wstring tag;
     const bool isKnown;  ///< whether the catalogue knows sections of that name
 
-    [[nodiscard]] const MetKey* find(std::wstring_view key) const;
+    /// Null for a key that no section read so far holds.
+    [[nodiscard]] const SectionKey* find(std::wstring_view key) const;
     /// The key of a child of a group, or of the section where `group` is null; `before` is that of the child before it.
-    MetKey& keyOf(const ElementView& child, MetKey* group, MetKey* before);
-    MetText& textOf(const ElementView& element, MetKey& key);
-    MetText& noText() { return m_noText; }
+    SectionKey& keyOf(const ElementView& child, SectionKey* group, SectionKey* before);
+    /// The text of an element at the key: the last one, where it is the same again.
+    SharedText& textOf(const ElementView& element, SectionKey& key);
+    /// What stands for the text of an element that holds elements.
+    SharedText& noText() { return m_noText; }
     [[nodiscard]] const MissingValue& missing(std::wstring_view key) const;
 
 private:
-    MetKey& add(const ElementView& child, const std::wstring& key);
+    SectionKey& add(const ElementView& child, const std::wstring& key);
 
-    MetKey m_root;
-    MetText m_noText{L"", nullptr};
-    std::deque<MetKey> m_keys;
-    std::deque<MetText> m_texts;
-    std::unordered_map<std::wstring_view, const MetKey*> m_byText;
+    SectionKey m_root;
+    SharedText m_noText{L"", nullptr};
+    std::deque<SectionKey> m_keys;
+    std::deque<SharedText> m_texts;
+    std::unordered_map<std::wstring_view, const SectionKey*> m_byText;
     mutable std::unordered_map<std::wstring, MissingValue> m_missing;
 };
 

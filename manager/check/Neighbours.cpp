@@ -140,7 +140,7 @@ bool isWanted(const Overlap& overlap, double wanted) {
            100.0 * wanted <= 100.0 * overlap.most + overlapTolerance;
 }
 
-/// True when it has told something.
+/// True when it has added a finding.
 bool checkWanted(ChannelCheck& check, std::size_t channel, std::size_t other, const Overlap& overlap) {
     const bool isBeside = overlap.edge == ImageEdge::Left || overlap.edge == ImageEdge::Right;
     const double wanted = isBeside ? check.layout.wantedAcross : check.layout.wantedUpright;
@@ -166,7 +166,7 @@ void checkAreas(ChannelCheck& check, std::size_t before, std::size_t index) {
     const EdgeValues& left = check.layout.channels[before].screenArea;
     const EdgeValues& right = check.layout.channels[index].screenArea;
     if (left.left == unknownArea || right.left == unknownArea) return;
-    if (!isPartOfScreen(left.left, left.right) || !isPartOfScreen(right.left, right.right)) return;  // told already
+    if (!isPartOfScreen(left.left, left.right) || !isPartOfScreen(right.left, right.right)) return;  // has a finding already
     const Place place = placeOf(check.projector(index), L"Screen_Area_Left");
     if (right.left < left.left)
         check.findings.add(L"XC317", Severity::Warning, place,

@@ -13,7 +13,7 @@
 namespace XMLConfig::detail {
 namespace {
 
-/// Something a device can be known by; empty where it has nothing of the kind.
+/// Gives something by which a device can be recognised, such as its name; empty where the device lacks that.
 using Key = std::wstring (*)(const ElementView& device);
 
 std::wstring textBelow(const ElementView& element, const std::wstring& tag) { return element.child(tag).text(); }
@@ -93,7 +93,8 @@ public:
         m_by.assign(now.size(), L"ID");
     }
 
-    /// Joins those that one key of the old device and one of the new device name, each the only one of its side.
+    /// Pairs an old device with a new one where both have the same key, `oldKey` of the old one and `newKey` of the new one,
+    /// and no other device on either side has it.
     void join(Key oldKey, Key newKey, const wchar_t* by) {
         const Places oldPlaces = places(m_old, m_partnerOfOld, oldKey);
         for (const auto& [key, now] : places(m_now, m_partnerOfNew, newKey)) {
