@@ -49,10 +49,13 @@ public:
     void add(const SettingDifference& difference, const std::wstring& remark, bool asStored = false) {
         const bool isPlain = asStored || difference.inSnippet;
         const XMLConfig::Setting* const setting = isPlain ? nullptr : XMLConfig::knownSetting(difference.place);
-        std::wstring text;
-        if (difference.old) text += m_old.value(*difference.old, setting);
-        if (difference.old && difference.now) text += L" -> ";
-        if (difference.now) text += m_new.value(*difference.now, setting);
+        std::wstring old = difference.old ? m_old.value(*difference.old, setting) : L"";
+        std::wstring now = difference.now ? m_new.value(*difference.now, setting) : L"";
+        if (old == now && difference.old && difference.now) {  // they differ beyond the digits that are shown
+            old = m_old.value(*difference.old, nullptr);
+            now = m_new.value(*difference.now, nullptr);
+        }
+        const std::wstring text = old + (difference.old && difference.now ? L" -> " : L"") + now;
         const Showing& showing = difference.now ? m_new : m_old;
         addRow(signOf(difference), showing.address(difference.address, difference.place), text + remark);
     }

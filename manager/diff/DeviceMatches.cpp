@@ -59,20 +59,24 @@ bool angleAt(const ElementView& device, std::initializer_list<const wchar_t*> pa
     ElementView element = device;
     for (const wchar_t* const tag : path) element = element.child(tag);
     angle = leadingDouble(element.text());
-    return static_cast<bool>(element);
+    return element && std::isfinite(angle);
 }
 
-/// False where it has no channel.
+/// False where it has no channel. The yaw is the one within half a turn.
 bool readAngles(const ElementView& device, Angles& angles) {
     const ElementView channel = device.child(L"Channel_Extents");
-    return angleAt(channel, {L"Heading", L"Yaw"}, angles[0]) && angleAt(channel, {L"Heading", L"Pitch"}, angles[1]) &&
-           angleAt(channel, {L"HFOV", L"Left"}, angles[2]) && angleAt(channel, {L"HFOV", L"Right"}, angles[3]) &&
-           angleAt(channel, {L"VFOV", L"Top"}, angles[4]) && angleAt(channel, {L"VFOV", L"Bottom"}, angles[5]);
+    const bool isThere =
+        angleAt(channel, {L"Heading", L"Yaw"}, angles[0]) && angleAt(channel, {L"Heading", L"Pitch"}, angles[1]) &&
+        angleAt(channel, {L"HFOV", L"Left"}, angles[2]) && angleAt(channel, {L"HFOV", L"Right"}, angles[3]) &&
+        angleAt(channel, {L"VFOV", L"Top"}, angles[4]) && angleAt(channel, {L"VFOV", L"Bottom"}, angles[5]);
+    angles[0] = std::remainder(angles[0], fullTurn);
+    return isThere;
 }
 
 /// Whether two channels are the same: heading within a degree, edges within a tenth of one.
 bool areOneChannel(const Angles& one, const Angles& other) {
-    for (std::size_t i = 0; i < one.size(); ++i)
+    if (std::abs(std::remainder(one[0] - other[0], fullTurn)) > degree) return false;
+    for (std::size_t i = 1; i < one.size(); ++i)
         if (!(std::abs(one[i] - other[i]) <= (i < 2 ? 1.0 : 0.1) * degree)) return false;
     return true;
 }
@@ -110,15 +114,9 @@ public:
         std::vector<std::size_t> partner(news.size(), none);
         std::vector<std::size_t> claims(olds.size(), 0);
         for (std::size_t i = 0; i < news.size(); ++i) {
-            const auto range = nearYaw(olds, news[i].angles[0]);
-            std::size_t found = 0;
-            for (std::size_t k = range.first; k < range.second; ++k) {
-                if (!areOneChannel(olds[k].angles, news[i].angles)) continue;
-                partner[i] = k;
-                ++claims[k];
-                ++found;
-            }
-            if (found != 1) partner[i] = none;
+            const std::vector<std::size_t> found = likeChannel(olds, news[i].angles);
+            for (const std::size_t old : found) ++claims[old];
+            if (found.size() == 1) partner[i] = found[0];
         }
         for (std::size_t i = 0; i < news.size(); ++i)
             if (partner[i] != none && claims[partner[i]] == 1) pair(olds[partner[i]].device, news[i].device, L"place");
@@ -165,6 +163,17 @@ private:
         const auto isFurtherLeft = [](const Channel& one, const Channel& other) { return one.angles[0] < other.angles[0]; };
         std::sort(result.begin(), result.end(), isFurtherLeft);
         return result;
+    }
+
+    /// Where half a turn to the left is half a turn to the right, neighbours are at both ends.
+    static std::vector<std::size_t> likeChannel(const std::vector<Channel>& sorted, const Angles& angles) {
+        std::vector<std::size_t> found;
+        for (const double turn : {-fullTurn, 0.0, fullTurn}) {
+            const auto [first, last] = nearYaw(sorted, angles[0] + turn);
+            for (std::size_t i = first; i < last; ++i)
+                if (areOneChannel(sorted[i].angles, angles)) found.push_back(i);
+        }
+        return found;
     }
 
     static std::pair<std::size_t, std::size_t> nearYaw(const std::vector<Channel>& sorted, double yaw) {

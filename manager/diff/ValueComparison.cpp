@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/Numbers.h"
@@ -19,6 +20,7 @@ struct Closeness {
 
     bool operator()(double one, double other) const {
         if (one == other || (std::isnan(one) && std::isnan(other))) return true;
+        if (!std::isfinite(one) || !std::isfinite(other)) return false;
         const double distance = std::abs(one - other);
         return distance <= absolute || distance <= relative * std::max(std::abs(one), std::abs(other));
     }
@@ -38,8 +40,12 @@ std::vector<Entry> entriesOf(const std::wstring& text, std::size_t length) {
 
 /// Sorted by name; of several of one name the first stays.
 std::vector<Entry> byName(std::vector<Entry> entries) {
-    const auto isBefore = [](const Entry& one, const Entry& other) { return one[0] < other[0]; };
-    const auto isSame = [](const Entry& one, const Entry& other) { return one[0] == other[0]; };
+    // What is no number comes last and is one name: it is not even less than itself, which would spoil the order.
+    const auto nameOf = [](const Entry& entry) {
+        return std::make_pair(std::isnan(entry[0]), std::isnan(entry[0]) ? 0.0 : entry[0]);
+    };
+    const auto isBefore = [&](const Entry& one, const Entry& other) { return nameOf(one) < nameOf(other); };
+    const auto isSame = [&](const Entry& one, const Entry& other) { return nameOf(one) == nameOf(other); };
     std::stable_sort(entries.begin(), entries.end(), isBefore);
     entries.erase(std::unique(entries.begin(), entries.end(), isSame), entries.end());
     return entries;

@@ -360,4 +360,40 @@ TEST(Diff, CommentsFollowTheirDevice) {
     EXPECT_EQ(diffOf(config(camera("1", "<!-- a -->")), config(camera("2", "<!-- b -->"))).comments, 0U);
 }
 
+// Numbers that are none, and turns.
+
+TEST(Diff, InfinityIsNoOtherNumber) {
+    const auto differ = [](const std::string& old, const std::string& now) {
+        const auto radius = [](const std::string& text) { return "<Screen_Radius>" + text + "</Screen_Radius>"; };
+        return !diffOfItems("Screen", radius(old), radius(now)).changed.empty();
+    };
+    EXPECT_TRUE(differ("inf", "5"));
+    EXPECT_TRUE(differ("5", "inf"));
+    EXPECT_TRUE(differ("inf", "-inf"));
+    EXPECT_TRUE(differ("nan", "0"));
+    EXPECT_FALSE(differ("inf", "INFINITY"));
+    EXPECT_FALSE(differ("nan", "NaN"));
+}
+
+TEST(Diff, MarkersWithoutANumberAreOne) {
+    const auto markers = [](const std::string& text) {
+        return config("<Camera ID=\"1\"><Camera_Calibration_Points>" + text + "</Camera_Calibration_Points></Camera>");
+    };
+    EXPECT_TRUE(diffOf(markers("nan 1 2 1 3 4 nan 5 6"), markers("1 3 4 nan 1 2")).changed.empty());
+    EXPECT_EQ(diffOf(markers("nan 1 2 1 3 4"), markers("1 3 4 2 1 2")).changed.size(), 1U);
+}
+
+TEST(Diff, ProjectorsAreKnownByTheirChannelsAcrossHalfATurn) {
+    const auto projector = [](const std::string& id, const std::string& yaw) {
+        return config("<Projector ID=\"" + id + "\"><Channel_Extents><Heading><Yaw>" + yaw +
+                      "</Yaw><Pitch>0</Pitch></Heading><HFOV><Left>-0.4</Left><Right>0.4</Right></HFOV><VFOV><Top>0.3</Top>"
+                      "<Bottom>-0.3</Bottom></VFOV></Channel_Extents></Projector>");
+    };
+    EXPECT_EQ(diffOf(projector("a", "3.138"), projector("b", "-3.138")).renamed.size(), 1U);
+    EXPECT_EQ(diffOf(projector("a", "-3.138"), projector("b", "3.138")).renamed.size(), 1U);
+    EXPECT_EQ(diffOf(projector("a", "0"), projector("b", "6.283185307179586")).renamed.size(), 1U);
+    EXPECT_EQ(diffOf(projector("a", "3.13"), projector("b", "-3.13")).renamed.size(), 0U);
+    EXPECT_EQ(diffOf(projector("a", "nan"), projector("b", "nan")).renamed.size(), 0U);
+}
+
 }  // namespace

@@ -238,4 +238,14 @@ TEST_F(DiffVerb, LinesTellWhatWasInheritedBeforeFromAChangedValue) {
     expectRun(runTool({"diff", "--lines", old, made("2", own, "new.skorrax")}), 0, "", "");
 }
 
+TEST_F(DiffVerb, ShowsAllDigitsWhereTheUsualOnesAreTheSame) {
+    const auto made = [this](const std::string& radius, const std::string& name) {
+        return fileOf("<ConfigInfo><Version>9.000</Version><Screen><Screen_Radius>" + radius +
+                          "</Screen_Radius></Screen></ConfigInfo>",
+                      name);
+    };
+    EXPECT_THAT(runTool({"diff", made("5.2", "old.skorrax"), made("5.20000000001", "new.skorrax")}).output,
+                StartsWith("~ Screen/Screen_Radius  5.2 -> 5.20000000001\n"));
+}
+
 }  // namespace
