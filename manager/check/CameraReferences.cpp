@@ -35,6 +35,7 @@ void checkCamerasOf(Findings& findings, const CheckedSection& projector) {
     const Place place = placeOf(projector, secondCamera);
     Finding& finding = findings.add(L"XC210", Severity::Warning, place,
                                     first.empty() ? L"a second camera without a first" : L"is the first camera again");
+    if (projector.holdsTwice(secondCamera)) return;
     finding.mend.safety = MendSafety::Safe;
     if (first.empty()) finding.mend.commands = {setCommand(placeOf(projector, firstCamera), second)};
     finding.mend.commands.push_back(unsetCommand(place));

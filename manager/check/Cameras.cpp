@@ -15,7 +15,11 @@ namespace {
 
 void checkPose(Findings& findings, const CheckedSection& camera) {
     if (!findings.read.flag(camera, L"ExplicitExtrinsicValid")) return;
-    if (camera.holds(L"ExplicitExtrinsicXYZ") && camera.holds(L"ExplicitExtrinsicYPR")) return;
+    const auto isRead = [&](const wchar_t* key) {
+        const CheckedItem* const item = camera.find(key);
+        return item != nullptr && valueOf(*item) != nullptr;
+    };
+    if (isRead(L"ExplicitExtrinsicXYZ") && isRead(L"ExplicitExtrinsicYPR")) return;
     const Place place = placeOf(camera, L"ExplicitExtrinsicValid");
     findings.add(L"XC601", Severity::Error, place, L"is true, but there is no pose").mend = {MendSafety::Asked,
                                                                                              {setCommand(place, L"false")}};

@@ -26,7 +26,8 @@ const wchar_t* fieldKey(ImageEdge edge) {
     return L"Channel_Extents|VFOV|Bottom";
 }
 
-std::wstring degreesText(double radians) { return shortNumber(radians * 180.0 / pi) + L"deg"; }
+constexpr int allDigits = 12;  // as many decimals of degrees as are stored
+std::wstring degreesText(double radians) { return shortNumber(radians * 180.0 / pi, allDigits) + L"deg"; }
 
 // A channel by itself.
 
@@ -85,7 +86,7 @@ void checkDegrees(Findings& findings, const CheckedSection& section) {
                              shortNumber(number) + L" radians are " + shortNumber(std::abs(number) / fullTurn, 1) +
                                  L" turns; it looks like degrees");
             if (item.setting->type == SettingType::Double)
-                finding.mend = {MendSafety::Asked, {setCommand(place, shortNumber(number, 9) + L"deg")}};
+                finding.mend = {MendSafety::Asked, {setCommand(place, shortNumber(number, allDigits) + L"deg")}};
             break;
         }
     }
@@ -93,7 +94,10 @@ void checkDegrees(Findings& findings, const CheckedSection& section) {
 
 void checkHeading(ChannelCheck& check, const CheckedSection& projector) {
     const Channel& channel = check.channel(projector);
-    const auto isBetween = [](double angle, double least) { return std::abs(angle) > least && std::abs(angle) <= fullTurn; };
+    constexpr double rounding = 1e-9;
+    const auto isBetween = [](double angle, double least) {
+        return std::abs(angle) > least + rounding && std::abs(angle) <= fullTurn;
+    };
     if (isBetween(channel.yaw, pi)) {
         const Place place = placeOf(projector, L"Channel_Extents|Heading|Yaw");
         const double better = channel.yaw - (channel.yaw > 0.0 ? fullTurn : -fullTurn);
@@ -148,8 +152,10 @@ void checkEyePoints(ChannelCheck& check) {
             .mend = {MendSafety::Asked, {setCommand(place, storedPoint(channels[0].eyePoint))}};
         return;
     }
+    const auto isOffTarget = [&](const Channel& channel) { return !isOneEyePoint(channel.eyePoint, target); };
+    const bool anyIsOff = std::any_of(channels.begin(), channels.end(), isOffTarget);
     for (const Channel& channel : channels) {
-        if (isOneEyePoint(channel.eyePoint, target)) continue;
+        if (anyIsOff ? !isOffTarget(channel) : isWithFirst(channel)) continue;  // else they are off one another
         const Place place = placeOf(*check.findings.read.projector(channel.id), L"Channel_Extents|Eye_Point");
         check.findings
             .add(L"XC310", Severity::Note, place,

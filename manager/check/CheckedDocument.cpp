@@ -89,6 +89,10 @@ const CheckedItem* CheckedSection::find(std::wstring_view key) const {
     return found == m_places.end() || found->number != known->number ? nullptr : &items[found->item];
 }
 
+bool CheckedSection::holdsTwice(std::wstring_view key) const {
+    return std::any_of(items.begin(), items.end(), [&](const auto& item) { return item.hiddenBy && item.key == key; });
+}
+
 const std::wstring& CheckedSection::stored(std::wstring_view key) const {
     const CheckedItem* const item = find(key);
     return item == nullptr ? noText() : item->text;
@@ -144,7 +148,9 @@ void CheckedDocument::gatherDevices() {
         const bool isCamera = section.tag == L"Camera";
         (isCamera ? m_cameras : m_projectors).push_back(&section);
         (isCamera ? m_cameraByID : m_projectorByID).emplace(section.id, &section);
-        if (isCamera && section.holds(L"OldSectionID")) m_cameraByOldID.emplace(section.stored(L"OldSectionID"), &section);
+        if (!isCamera || !section.holds(L"OldSectionID")) continue;
+        const auto [old, isNew] = m_cameraByOldID.emplace(section.stored(L"OldSectionID"), &section);
+        if (!isNew) old->second = nullptr;
     }
 }
 

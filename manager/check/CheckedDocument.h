@@ -52,6 +52,8 @@ public:
     /// The text there, "" where nothing stands there.
     [[nodiscard]] const std::wstring& stored(std::wstring_view key) const;
     [[nodiscard]] bool holds(std::wstring_view key) const { return find(key) != nullptr; }
+    /// Whether more than one item has the key: without the first the application reads the next.
+    [[nodiscard]] bool holdsTwice(std::wstring_view key) const;
     [[nodiscard]] bool isDevice() const { return m_isDevice; }
     /// The name people give the device, its ID where it has none; "" for other sections.
     [[nodiscard]] std::wstring name() const;
@@ -96,7 +98,7 @@ public:
     [[nodiscard]] const CheckedSection& section(std::wstring_view tag) const;
     [[nodiscard]] const CheckedSection* camera(const std::wstring& id) const;
     [[nodiscard]] const CheckedSection* projector(const std::wstring& id) const;
-    /// The camera that had the ID before it was renamed.
+    /// The camera that had the ID before it was renamed; null where several say so, too.
     [[nodiscard]] const CheckedSection* cameraThatWas(const std::wstring& oldID) const;
 
     // What the application reads: the stored text, else what is inherited, else the default.

@@ -143,6 +143,8 @@ void checkTimes(Findings& findings) {
         add(L"ProjectorApprovedSlots", L"TimeOfLastRun", told + L", but SiteAnalytics says " + timeText(lastRun));
     if (lastRun > 0 && visit > lastRun)
         add(L"SiteAnalytics", L"VisitTimestamp", timeText(visit) + L" is after the last run, " + timeText(lastRun));
+    if (slotsSay && *slotsSay > now() + zones)
+        add(L"ProjectorApprovedSlots", L"TimeOfLastRun", told + L" is later than now");
     for (const wchar_t* const key : {L"LastRunTimestamp", L"VisitTimestamp"}) {
         const long long time = findings.read.integer(L"SiteAnalytics", key);
         if (time > now() + zones) add(L"SiteAnalytics", key, timeText(time) + L" is later than now");

@@ -184,7 +184,8 @@ private:
                          const std::vector<std::wstring>& words) {
         const auto bare = [](const std::wstring& word) {
             std::wstring lower = lowerAscii(word);
-            lower.erase(std::remove(lower.begin(), lower.end(), L' '), lower.end());
+            const auto isBlank = [](wchar_t letter) { return letter == L' ' || (letter >= L'\t' && letter <= L'\r'); };
+            lower.erase(std::remove_if(lower.begin(), lower.end(), isBlank), lower.end());
             return lower;
         };
         const auto isMeant = [&](const std::wstring& word) { return bare(word) == bare(text); };

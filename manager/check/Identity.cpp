@@ -39,10 +39,9 @@ void checkSnippet(Findings& findings, const CheckedSection& device) {
 
 void checkMAC(Findings& findings, const CheckedSection& device) {
     const std::optional<DeviceID> parts = deviceIDOf(device.id);
-    const ElementView snippet = device.snippet();
-    if (!parts || !snippet) return;
+    if (!parts) return;
     const std::wstring& inID = parts->address;
-    const std::wstring inSnippet = childText(snippet, L"macAddress");
+    const std::wstring inSnippet = childText(device.snippet(), L"macAddress");
     if (!isMAC(inID))
         findings.add(L"XC204", Severity::Warning, placeOf(device), quoted(inID) + L" in the ID is no MAC address");
     else if (!inSnippet.empty() && plainMAC(inSnippet) != plainMAC(inID))

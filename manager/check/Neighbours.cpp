@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Angles.h"
 #include "manager/check/Channels.h"
 
 /// Rules on channels that lie side by side, and on the whole screen.
@@ -161,6 +162,12 @@ void checkGaps(ChannelCheck& check, const ChannelRow& row) {
             .places = {otherPlace(placeOf(check.projector(gap.left), L"Channel_Extents|Heading|Yaw"))};
 }
 
+/// Whether the yaw does not rise from the one to the other.
+bool isOneHeading(const Channel& one, const Channel& other) {
+    constexpr double rounding = 1e-9;
+    return std::abs(std::remainder(one.yaw - other.yaw, fullTurn)) < rounding;
+}
+
 void checkAreas(ChannelCheck& check, std::size_t before, std::size_t index) {
     constexpr double least = 1e-6;
     const EdgeValues& left = check.layout.channels[before].screenArea;
@@ -168,7 +175,7 @@ void checkAreas(ChannelCheck& check, std::size_t before, std::size_t index) {
     if (left.left == unknownArea || right.left == unknownArea) return;
     if (!isPartOfScreen(left.left, left.right) || !isPartOfScreen(right.left, right.right)) return;  // has a finding already
     const Place place = placeOf(check.projector(index), L"Screen_Area_Left");
-    if (right.left < left.left)
+    if (right.left < left.left && !isOneHeading(check.layout.channels[before], check.layout.channels[index]))
         check.findings.add(L"XC317", Severity::Warning, place,
                            L"lies left of " + check.title(before) + L", its channel right of it");
     else if (left.right != unknownArea && right.left > left.right + least)
@@ -222,7 +229,8 @@ void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector) {
     if (!isPossibleEverywhere) return;
     const auto checkTogether = [&](ImageEdge first, ImageEdge second) {
         const double together = std::max(blends.at(first), 0.0) + std::max(blends.at(second), 0.0);
-        if (together > 100.0)
+        constexpr double rounding = 1e-9;
+        if (together > 100.0 + rounding)
             check.findings.add(L"XC314", Severity::Error, placeOf(projector, namesOf(first).blend),
                                std::wstring(namesOf(first).name) + L" and " + namesOf(second).name + L" blends take " +
                                    percent(together) + L" together");

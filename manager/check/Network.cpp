@@ -149,11 +149,11 @@ private:
     // Addresses.
 
     void checkAddresses() {
-        std::map<std::wstring, std::vector<const Station*>> byAddress;
+        std::map<std::uint32_t, std::vector<const Station*>> byAddress;
         for (const Station& station : m_network) {
-            if (!ipv4Of(station.address))
-                add(L"XC703", Severity::Warning, station.place, quoted(station.address) + L" is no IPv4 address");
-            else checkSameAddress(byAddress[station.address], station);
+            const std::optional<std::uint32_t> address = ipv4Of(station.address);
+            if (!address) add(L"XC703", Severity::Warning, station.place, quoted(station.address) + L" is no IPv4 address");
+            else checkSameAddress(byAddress[*address], station);
         }
     }
 
@@ -174,7 +174,8 @@ private:
 
     void checkPorts() {
         std::map<std::wstring, std::vector<const Station*>> byPort;
-        for (const Station& station : m_serial) checkSamePort(byPort[lowerAscii(station.port)], station);
+        for (const Station& station : m_serial)
+            if (!station.port.empty()) checkSamePort(byPort[lowerAscii(station.port)], station);
     }
 
     /// Several projectors on one line are told apart by their IDs, both black boxes may be one.

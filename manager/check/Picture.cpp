@@ -114,7 +114,7 @@ void checkRepeats(Findings& findings, const CheckedSection& projector) {
             findings.add(L"XC409", Severity::Note, place,
                          L"says again what it would inherit (" + shortText(item.text, item.setting->type) + L")");
         finding.places = {otherPlace(placeOf(parent, *above), above->text)};
-        finding.mend = {MendSafety::Safe, {unsetCommand(place)}};
+        if (!projector.holdsTwice(item.key)) finding.mend = {MendSafety::Safe, {unsetCommand(place)}};
     }
 }
 
