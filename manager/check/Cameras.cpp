@@ -74,7 +74,7 @@ void checkMoved(Findings& findings, const CheckedSection& camera, const Calibrat
     constexpr double mostPixels = 10.0;
     if (distances.size() < enough || !(medianOf(distances) > mostPixels)) return;
     findings.add(L"XC605", Severity::Warning, placeOf(camera, L"Camera_Calibration_Points"),
-                 L"markers have moved by " + shortNumber(medianOf(distances), 0) + L" pixels since the reference image");
+                 L"markers have moved by " + shortNumber(medianOf(distances), 1) + L" pixels since the reference image");
 }
 
 void checkThresholds(Findings& findings, const CheckedSection& camera) {

@@ -101,12 +101,14 @@ void checkHeading(ChannelCheck& check, const CheckedSection& projector) {
     if (isBetween(channel.yaw, pi)) {
         const Place place = placeOf(projector, L"Channel_Extents|Heading|Yaw");
         const double better = channel.yaw - (channel.yaw > 0.0 ? fullTurn : -fullTurn);
-        check.findings.add(L"XC306", Severity::Note, place, check.angle(channel.yaw) + L" is more than half a turn").mend = {
-            MendSafety::Safe, {setCommand(place, degreesText(better))}};
+        check.findings
+            .add(L"XC306", Severity::Note, place,
+                 check.findings.units.angleBeyond(channel.yaw, pi) + L" is more than half a turn")
+            .mend = {MendSafety::Safe, {setCommand(place, degreesText(better))}};
     }
     if (isBetween(channel.pitch, pi / 2.0))
         check.findings.add(L"XC306", Severity::Warning, placeOf(projector, L"Channel_Extents|Heading|Pitch"),
-                           check.angle(channel.pitch) + L" is more than a quarter turn");
+                           check.findings.units.angleBeyond(channel.pitch, pi / 2.0) + L" is more than a quarter turn");
 }
 
 void checkSight(ChannelCheck& check, const CheckedSection& projector) {

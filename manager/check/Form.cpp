@@ -112,7 +112,8 @@ private:
         std::replace(shown.begin(), shown.end(), L'|', L'/');
         Finding& finding =
             add(L"XC104", Severity::Warning, section, item, message + L"; did you mean " + quoted(shown) + L"?");
-        if (item.holdsElements || section.holds(near)) return;
+        const bool isOneOfMany = near.find(L'%') != std::wstring::npos;  // of which number or ID nobody knows
+        if (item.holdsElements || section.holds(near) || isOneOfMany) return;
         finding.mend = {MendSafety::Asked,
                         {setCommand(placeOf(section, near), item.text), unsetCommand(placeOf(section, item))}};
     }

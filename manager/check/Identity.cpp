@@ -131,7 +131,8 @@ void checkSlot(Findings& findings) {
         if (leadingInteger(slots.back()) == current) return;
     }
     findings.add(L"XC216", Severity::Note, placeOf(findings, L"ProjectorApprovedSlots", L"CurrentSlotID"),
-                 L"slot " + std::to_wstring(current) + L" is none of the approved slots (" + joined(slots) + L")");
+                 L"slot " + std::to_wstring(current) + L" is none of the approved slots" +
+                     (slots.empty() ? L", for there are none" : L" (" + joined(slots) + L")"));
 }
 
 std::wstring thereAre(std::size_t count) {

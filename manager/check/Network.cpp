@@ -107,7 +107,8 @@ private:
         const std::wstring beginning = L"ACT_Address_";
         const CheckedSection& system = m_findings.read.section(L"System");
         for (const CheckedItem& item : system.items) {
-            if (item.hiddenBy || item.text.empty() || item.key.compare(0, beginning.size(), beginning) != 0) continue;
+            if (item.setting == nullptr || item.hiddenBy || item.text.empty()) continue;
+            if (item.key.compare(0, beginning.size(), beginning) != 0) continue;
             m_network.push_back(
                 {placeOf(system, item), L"ACT unit " + item.key.substr(beginning.size()), item.text, L"", L"", false});
         }

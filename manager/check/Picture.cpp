@@ -35,7 +35,7 @@ void checkScaling(Findings& findings, const CheckedSection& projector) {
     if (mode == 1 && (image.width > panel.width || image.height > panel.height))
         add(L"XC401", Severity::Warning, L"not scaled to the panel of " + textOf(panel) + L" and is cut");
     if (mode != 0 || image.width <= 0.0 || image.height <= 0.0 || panel.width <= 0.0 || panel.height <= 0.0) return;
-    constexpr double tolerance = 0.02;
+    constexpr double tolerance = 0.02 + 1e-9;  // and the rounding of the quotient
     if (std::abs(image.width * panel.height / (image.height * panel.width) - 1.0) > tolerance)
         add(L"XC402", Severity::Note, L"stretched to the panel of " + textOf(panel));
 }
@@ -131,10 +131,15 @@ std::vector<std::vector<std::wstring>> oddCommands(const Place& place, const Set
     return {setCommand(place, usual)};
 }
 
+std::wstring withoutNegativeZero(const std::wstring& text) {
+    const bool isZero = text.size() > 1 && text[0] == L'-' && text.find_first_not_of(L"-0.e+") == std::wstring::npos;
+    return isZero ? text.substr(1) : text;
+}
+
 void checkOddOne(Findings& findings, const std::wstring& key) {
     std::map<std::wstring, std::vector<const CheckedSection*>> byValue;
     for (const CheckedSection* projector : findings.read.projectors())
-        byValue[findings.read.text(*projector, key)].push_back(projector);
+        byValue[withoutNegativeZero(findings.read.text(*projector, key))].push_back(projector);
     if (byValue.size() != 2) return;
     auto odd = byValue.begin();
     auto usual = std::next(odd);

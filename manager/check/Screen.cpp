@@ -75,7 +75,8 @@ private:
             constexpr double least = 1e-9;
             const double angle = std::abs(number(key));
             if (angle > limit + least && angle <= fullTurn)
-                add(L"XC502", Severity::Warning, key, m_findings.units.angle(number(key)) + way + L" is more than a sphere");
+                add(L"XC502", Severity::Warning, key,
+                    m_findings.units.angleBeyond(number(key), limit) + way + L" is more than a sphere");
         };
         for (const wchar_t* const key : {L"Screen_MinTheta", L"Screen_MaxTheta"}) look(key, pi, L" around");
         for (const wchar_t* const key : {L"Screen_MinPhi", L"Screen_MaxPhi"}) look(key, pi / 2.0, L" up");

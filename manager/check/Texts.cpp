@@ -73,6 +73,13 @@ std::wstring ShownUnits::angle(double radians, int decimals) const {
     return shortNumber(radians, decimals + 2) + L" rad";
 }
 
+std::wstring ShownUnits::angleBeyond(double radians, double limit) const {
+    constexpr int mostDecimals = 9;
+    int decimals = 2;
+    while (decimals < mostDecimals && angle(std::abs(radians), decimals) == angle(limit, decimals)) ++decimals;
+    return angle(radians, decimals);
+}
+
 std::wstring ShownUnits::point(const Point_3Dim<double>& meters) const {
     Table::UnitSubType unit = Table::Meters;
     for (const auto candidate : {Table::Millimeters, Table::Centimeters, Table::Inches, Table::Feet})

@@ -53,11 +53,19 @@ private:
 
     /// The angle clockwise from the one's right edge to the other's left edge; negative where they overlap.
     [[nodiscard]] double distance(std::size_t left, std::size_t right) const {
+        return turnBetween(left, right) + m_channels[right].edges.left - m_channels[left].edges.right;
+    }
+
+    /// The same between what the images reach, which is less far than the edges where they are rolled.
+    [[nodiscard]] double spanDistance(std::size_t left, std::size_t right) const {
         const Channel& one = m_channels[left];
         const Channel& other = m_channels[right];
-        double turned = headingIn(right) - headingIn(left);
-        if (turned < -rounding) turned += fullTurn;
-        return turned + other.edges.left - one.edges.right;
+        return turnBetween(left, right) + (other.yawSpan.from - other.yaw) - (one.yawSpan.to - one.yaw);
+    }
+
+    [[nodiscard]] double turnBetween(std::size_t left, std::size_t right) const {
+        const double turned = headingIn(right) - headingIn(left);
+        return turned < -rounding ? turned + fullTurn : turned;
     }
 
     void arrange(ChannelRow& row) const {
@@ -80,8 +88,10 @@ private:
     }
 
     void addGap(ChannelRow& row, std::size_t left, std::size_t right) const {
-        const double width = distance(left, right);
-        if (width > rounding && !doMiddlesMeet(left, right)) row.gaps.push_back({left, right, width});
+        if (doMiddlesMeet(left, right)) return;
+        const double betweenEdges = distance(left, right);
+        const double width = betweenEdges > rounding ? betweenEdges : spanDistance(left, right);
+        if (width > rounding) row.gaps.push_back({left, right, width});
     }
 
     [[nodiscard]] bool doMiddlesMeet(std::size_t one, std::size_t other) const {

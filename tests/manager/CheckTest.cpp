@@ -342,4 +342,68 @@ TEST(Check, EyePointsMayLieAMillimeterApart) {
     EXPECT_EQ(seenFrom("-0.0009", "0.0009", "0"), 1U);
 }
 
+TEST(Check, KeysOfManySettingsAreNotWritten) {
+    EXPECT_EQ(foundBy(L"XC104", "<System><ACT_Address_x>1.1.1.1</ACT_Address_x></System>"),
+              (Lines{L"System/ACT_Address_x: there is no such setting; did you mean \"ACT_Address_%d\"?"}));
+    EXPECT_EQ(
+        foundBy(L"XC701", "<System><ACT_Address_0>1.1.1.1</ACT_Address_0><ACT_Address_x>1.1.1.1</ACT_Address_x></System>"),
+        Lines());
+}
+
+TEST(Check, SaysWhereThereIsNoSlotAtAll) {
+    const auto slots = [](const std::string& inside) {
+        return foundBy(L"XC216",
+                       "<ProjectorApprovedSlots><CurrentSlotID>3</CurrentSlotID>" + inside + "</ProjectorApprovedSlots>");
+    };
+    const std::wstring place = L"ProjectorApprovedSlots/CurrentSlotID: slot 3 is none of the approved slots";
+    EXPECT_EQ(slots(""), (Lines{place + L", for there are none"}));
+    EXPECT_EQ(slots("<Slot ID='1'/>"), (Lines{place + L" (1)"}));
+    EXPECT_EQ(slots("<Slot ID='3'/>"), Lines());
+}
+
+TEST(Check, AspectsMayDifferByTwoPercent) {
+    const auto wide = [](const std::string& width) {
+        return foundBy(L"XC402", "<Projector ID='1'><ImageResolution_X>" + width + "</ImageResolution_X></Projector>")
+            .size();
+    };
+    EXPECT_EQ(wide("1428"), 0U);
+    EXPECT_EQ(wide("1429"), 1U);
+    EXPECT_EQ(wide("1372"), 0U);
+    EXPECT_EQ(wide("1371"), 1U);
+    EXPECT_EQ(wide("0"), 0U);
+}
+
+TEST(Check, ZeroIsNotOddForItsSign) {
+    const auto lamps = [](const std::string& fourth) {
+        std::string all;
+        for (const std::string& power : {std::string("0"), std::string("0.0"), std::string("0e3"), fourth})
+            all += "<Projector ID='" + std::to_string(all.size()) + "'><Lamp_Power>" + power + "</Lamp_Power></Projector>";
+        return foundBy(L"XC408", all).size();
+    };
+    EXPECT_EQ(lamps("-0"), 0U);
+    EXPECT_EQ(lamps("-1"), 1U);
+}
+
+TEST(Check, ShowsWhatIsBeyondALimitBeyondIt) {
+    EXPECT_EQ(foundBy(L"XC502", "<Screen><Shape>Sphere</Shape><Screen_MaxPhi>1.5708</Screen_MaxPhi></Screen>"),
+              (Lines{L"Screen/Screen_MaxPhi: 90.0002\u00b0 up is more than a sphere"}));
+    EXPECT_EQ(foundBy(L"XC306", projector("1", "0", "-1.5708", "")),
+              (Lines{L"Projector[1]/Channel_Extents/Heading/Pitch: -90.0002\u00b0 is more than a quarter turn"}));
+    const std::string at = "<Camera_Calibration_Points>1 0 0 2 0 0 3 0 0</Camera_Calibration_Points>";
+    EXPECT_EQ(foundBy(L"XC605", camera("1", at + "<Reference_Camera_Calibration_Points>1 0 10.5 2 0 10.5 3 0 10.5"
+                                                 "</Reference_Camera_Calibration_Points>")),
+              (Lines{L"Camera[1]/Camera_Calibration_Points: markers have moved by 10.5 pixels since the reference image"}));
+}
+
+TEST(Check, RolledNeighboursLeaveTheGapThatTheirImagesLeave) {
+    const auto rolled = [](const std::string& id, const std::string& yaw) {
+        return "<Projector ID='" + id + "'><Channel_Extents><Heading><Yaw>" + yaw +
+               "</Yaw><Roll>1.570796326794897</Roll></Heading><HFOV><Left>-0.5</Left><Right>0.5</Right></HFOV><VFOV>"
+               "<Top>0.2</Top><Bottom>-0.2</Bottom></VFOV></Channel_Extents></Projector>";
+    };
+    EXPECT_EQ(foundBy(L"XC301", rolled("1", "0") + rolled("2", "0.6")),
+              (Lines{L"Projector[2]/Channel_Extents/Heading/Yaw: 11.46\u00b0 gap between \"1\" and \"2\""}));
+    EXPECT_EQ(foundBy(L"XC301", rolled("1", "0") + rolled("2", "0.39")), Lines());
+}
+
 }  // namespace
