@@ -113,7 +113,7 @@ DocumentPointer parseSource(const FileSource& source, ContentHash& content) {
     DocumentPointer document = parser->parseDocument(source);
     if (source.end().isInsideCharacter()) parser->refuseEnd(L"The last character is incomplete");
     const bool isSmall = source.end().size() <= largestForSpare;
-    if (isSmall && parser->isAsNew()) parser.reset(spareParser.exchange(parser.release()));
+    if (isSmall && parser->isFitForMore()) parser.reset(spareParser.exchange(parser.release()));
     content = source.content();
     return document;
 }

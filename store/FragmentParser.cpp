@@ -89,6 +89,7 @@ FragmentParser::~FragmentParser() = default;
 // Where the inside of the XML library is not known, the parser makes a document, and the element is copied from that.
 int FragmentParser::parse(const std::string& text, DOMElement& parent) {
     if (linksAreKnown()) {
+        if (!m_builder->isFitForMore()) m_builder = std::make_unique<Builder>();
         const int levels = m_builder->parseInto(parent, TextSource(text));
         m_namespaces = m_builder->namespaces();
         return levels;

@@ -17,6 +17,10 @@ using xercesc::DOMElement;
 
 namespace {
 
+// A parser that knows names of more than this weight is not used again.
+constexpr XMLSize_t heaviestNames = 256 * 1024;
+constexpr XMLSize_t weightOfName = 256;  // besides its characters
+
 /// Whether an error of the library comes of what decodes UTF-8.
 bool isOfUtf8(unsigned int code, const XMLCh* domain) {
     using xercesc::XMLExcepts;
@@ -29,6 +33,8 @@ bool isOfUtf8(unsigned int code, const XMLCh* domain) {
 StrictParser::StrictParser() : m_namespaces(*this) {
     setParameter(xercesc::XMLUni::fgDOMDatatypeNormalization, true);
     setParameter(xercesc::XMLUni::fgXercesUserAdoptsDOMDocument, true);
+    // Of the scanners that see document types, the one that knows no schemas takes less for each name and element.
+    setParameter(xercesc::XMLUni::fgXercesScannerName, static_cast<const void*>(xercesc::XMLUni::fgDGXMLScanner));
     getScanner()->setErrorReporter(this);  // without an error handler the library would not report at all
     getScanner()->setURIStringPool(&m_namespaces);
 }
@@ -40,9 +46,9 @@ DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) 
     return document;
 }
 
-bool StrictParser::isAsNew() const {
+bool StrictParser::isFitForMore() const {
     const bool isXml11 = getScanner()->getXMLVersion() == xercesc::XMLReader::XMLV1_1;
-    return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces;
+    return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces && m_weightOfNames <= heaviestNames;
 }
 
 void StrictParser::forgetLevels() {
@@ -70,8 +76,16 @@ void StrictParser::XMLDecl(const XMLCh* const version, const XMLCh* const encodi
     DOMLSParserImpl::XMLDecl(version, encoding, standalone, actualEncoding);
 }
 
+void StrictParser::beginText() {
+    m_namespaces.forget();
+    m_isOldNameMet.assign(m_elementNames, false);
+    m_oldNamesMet = 0;
+}
+
 void StrictParser::startDocument() {
     beginText();
+    m_names = 0;
+    m_namesUntilSpread = namesBeforeSpread;
     DOMLSParserImpl::startDocument();
 }
 
@@ -93,8 +107,7 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
                                 const XMLCh* const prefix, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                 const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) {
     enterLevel(attributeCount);
-    if (declaration.getId() > maximumNames)
-        refuse(L"The elements have more than " + formatInteger(maximumNames) + L" different names");
+    countName(declaration);
     if (fCurrentParent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE || !linksAreKnown())
         return DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
     countNames(attributeCount + 1);
@@ -142,6 +155,20 @@ void StrictParser::enterLevel(const XMLSize_t attributeCount) {
     }
     m_namespaces.enterElement(m_depth);
     m_levels = std::max(m_levels, m_depth);
+}
+
+// The library numbers the names from 1 as it meets them.
+void StrictParser::countName(const xercesc::XMLElementDecl& declaration) {
+    const XMLSize_t number = declaration.getId();
+    if (number <= m_isOldNameMet.size()) {
+        m_oldNamesMet += m_isOldNameMet[number - 1] ? 0 : 1;
+        m_isOldNameMet[number - 1] = true;
+    } else if (number > m_elementNames) {
+        m_elementNames = number;
+        m_weightOfNames += weightOfName + view(declaration.getBaseName()).size();
+    }
+    if (m_elementNames - m_isOldNameMet.size() + m_oldNamesMet > maximumNames)
+        refuse(L"The elements have more than " + formatInteger(maximumNames) + L" different names");
 }
 
 void StrictParser::countNames(const XMLSize_t count) {

@@ -24,9 +24,9 @@ public:
     /// How many namespaces were declared at most in one element and those around it.
     [[nodiscard]] int namespaces() const { return m_namespaces.most(); }
     void forgetLevels();
-    /// Whether nothing that matters to another text is left of those that were read. The library forgets neither the
-    /// version of XML nor namespaces.
-    [[nodiscard]] bool isAsNew() const;
+    /// Whether another text may be read: the library forgets neither the version of XML nor the names of elements and
+    /// namespaces. A few names are worth keeping, for the next text mostly has the same.
+    [[nodiscard]] bool isFitForMore() const;
 
     void error(unsigned int code, const XMLCh* domain, xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* text,
                const XMLCh* systemId, const XMLCh* publicId, XMLFileLoc line, XMLFileLoc column) override;
@@ -48,7 +48,7 @@ protected:
     void leaveLevel() { m_namespaces.leaveElement(m_depth--); }
     void refuseOtherVersions(const XMLCh* version) const;
     /// To be called where the text begins, by those who do not call this class's own function for it.
-    void beginText() { m_namespaces.forget(); }
+    void beginText();
     /// Throws where the text goes on after what was read as its end.
     void checkEnd();
     void checkTarget(const XMLCh* target) const;
@@ -80,6 +80,9 @@ private:
         std::vector<Declaration> m_declarations;
     };
 
+    static constexpr XMLSize_t namesBeforeSpread = 1024;
+
+    void countName(const xercesc::XMLElementDecl& declaration);
     void countNames(XMLSize_t count);
     xercesc::DOMElement& makeElement(unsigned int uri, const XMLCh* prefix, const XMLCh* name);
     void addAttributes(xercesc::DOMElement& element, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
@@ -89,8 +92,12 @@ private:
     Namespaces m_namespaces;
     int m_depth = 0;
     int m_levels = 0;
+    XMLSize_t m_elementNames = 0;      // that the library knows
+    std::vector<bool> m_isOldNameMet;  // whether the text has a name that the library knew before
+    XMLSize_t m_oldNamesMet = 0;
+    XMLSize_t m_weightOfNames = 0;
     XMLSize_t m_names = 0;  // asked of the document so far
-    XMLSize_t m_namesUntilSpread = 1024;
+    XMLSize_t m_namesUntilSpread = namesBeforeSpread;
     XMLFileLoc m_endLine = 1;
     XMLFileLoc m_endColumn = 1;
 };

@@ -61,10 +61,18 @@ TEST(InputLimits, AThousandAttributesOfAnElement) {
 }
 
 TEST(InputLimits, AMillionNamesOfElements) {
+    const TemporaryFolder folder;
+    (void)ConfigInfo(folder.write(L"a.skorrax", "<ConfigInfo><a2/><a3/><c/></ConfigInfo>"));  // names that the parser keeps
     std::string text = "<ConfigInfo>";
     for (int i = 1; i < 1000000; ++i) text += "<a" + std::to_string(i) + "/>";
     text += "<a1/>\n<b/></ConfigInfo>";
     EXPECT_EQ(placeAndReason(text), L"line 2, column 5: The elements have more than 1000000 different names");
+}
+
+// A quote that is missing is seen in the next tag, which may be far away.
+TEST(MalformedAttribute, IsToldWhereItGoesWrong) {
+    EXPECT_STARTS_WITH(placeAndReason("<ConfigInfo>\n<S ID=\"1>\n<A/>\n<B ID=\"2\"/>\n</S></ConfigInfo>"),
+                       L"line 3, column 2: '<'");
 }
 
 TEST(InputLimits, AThousandAttributesOfAFragment) {

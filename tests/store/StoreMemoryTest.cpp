@@ -108,6 +108,38 @@ TEST(StoreMemory, DoesNotGrowWithElementsThatAreRefused) {
     EXPECT_LT(residentPages() - before, 512) << "pages";
 }
 
+TEST(StoreMemory, DoesNotGrowWithTheNamesInFilesThatAreLoaded) {
+    const TemporaryFolder folder;
+    int names = 0;
+    const auto work = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            std::string text = "<ConfigInfo>";
+            for (int j = 0; j < 200; ++j) text += "<K" + std::to_string(++names) + "/>";
+            (void)ConfigInfo(folder.write(L"a.skorrax", text + "</ConfigInfo>"));
+        }
+    };
+    work(20);
+    const long before = residentPages();
+    work(500);
+    EXPECT_LT(residentPages() - before, 512) << "pages";
+}
+
+TEST(StoreMemory, DoesNotGrowWithTheNamesInElementsThatAreStored) {
+    ConfigInfo document;
+    int names = 0;
+    const auto work = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            std::wstring text = L"<device>";
+            for (int j = 0; j < 200; ++j) text += L"<K" + std::to_wstring(++names) + L"/>";
+            document.setStringItemAsDOMElement(L"S", L"A", text + L"</device>", L"1");
+        }
+    };
+    work(100);
+    const long before = residentPages();
+    work(1000);
+    EXPECT_LT(residentPages() - before, 2048) << "pages";
+}
+
 TEST(StoreMemory, GrowsWithTheItemsAndNotWithTheSectionsTimesTheKeys) {
     std::string text = "<ConfigInfo>";
     int key = 0;
