@@ -1,53 +1,97 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <string_view>
 #include <utility>
 
 namespace XMLConfig::detail {
 
+/// A text of which all bytes that there is room for are copied at once, which takes less than copying as many as it has.
+template <std::size_t capacity>
+struct ShortText {
+    std::array<char, capacity> bytes;
+    std::size_t size;
+};
+struct Blanks {
+    std::size_t count;
+};
+
 /// Bytes that are gathered. A string would clear what is going to be overwritten, each time it grows.
 class ByteBuffer {
 public:
     /// Where to put up to `count` bytes more. They count once they are added.
     char* room(std::size_t count) {
-        if (m_capacity - m_size < count) grow(m_capacity * 2 + count + startSize);
-        return m_bytes.get() + m_size;
+        if (static_cast<std::size_t>(m_limit - m_put) < count) grow(count);
+        return m_put;
     }
-    void added(std::size_t count) { m_size += count; }
+    void added(std::size_t count) { m_put += count; }
 
-    void append(std::string_view text) {
-        std::copy(text.begin(), text.end(), room(text.size()));
-        added(text.size());
-    }
-    void append(std::size_t count, char c) {
-        std::fill_n(room(count), count, c);
-        added(count);
-    }
-    void append(char c) {
-        *room(1) = c;
-        added(1);
+    /// Appends what each piece stands for: a character, a literal, a text, a short text or blanks.
+    template <typename... Pieces>
+    void append(const Pieces&... pieces) {
+        char* end = room((mostOf(pieces) + ...));
+        ((end = put(end, pieces)), ...);
+        m_put = end;
     }
 
-    [[nodiscard]] std::size_t size() const { return m_size; }
-    [[nodiscard]] std::string_view text() const { return {m_bytes.get(), m_size}; }
-    void clear() { m_size = 0; }
+    [[nodiscard]] std::size_t size() const { return static_cast<std::size_t>(m_put - m_bytes.get()); }
+    [[nodiscard]] std::string_view text() const { return {m_bytes.get(), size()}; }
+    void clear() { m_put = m_bytes.get(); }
 
 private:
-    static constexpr std::size_t startSize = 256;
+    static constexpr std::size_t usualBlanks = 32;
 
-    void grow(std::size_t capacity) {
+    static constexpr std::size_t mostOf(char /*piece*/) { return 1; }
+    static constexpr std::size_t mostOf(std::string_view piece) { return piece.size(); }
+    static constexpr std::size_t mostOf(Blanks piece) { return std::max(piece.count, usualBlanks); }
+    template <std::size_t size>
+    static constexpr std::size_t mostOf(const char (&/*piece*/)[size]) {
+        return size;
+    }
+    template <std::size_t capacity>
+    static constexpr std::size_t mostOf(const ShortText<capacity>& /*piece*/) {
+        return capacity;
+    }
+
+    static char* put(char* to, char piece) {
+        *to = piece;
+        return to + 1;
+    }
+    static char* put(char* to, std::string_view piece) { return std::copy(piece.begin(), piece.end(), to); }
+    static char* put(char* to, Blanks piece) {
+        std::memset(to, ' ', usualBlanks);
+        if (piece.count > usualBlanks) std::memset(to, ' ', piece.count);
+        return to + piece.count;
+    }
+    template <std::size_t size>
+    static char* put(char* to, const char (&piece)[size]) {
+        std::memcpy(to, piece, size);
+        return to + size - 1;
+    }
+    template <std::size_t capacity>
+    static char* put(char* to, const ShortText<capacity>& piece) {
+        std::memcpy(to, piece.bytes.data(), capacity);
+        return to + piece.size;
+    }
+
+    void grow(std::size_t count) {
+        constexpr std::size_t startSize = 256;
+        const std::size_t used = size();
+        const std::size_t capacity = 2 * static_cast<std::size_t>(m_limit - m_bytes.get()) + count + startSize;
         std::unique_ptr<char[]> bytes(new char[capacity]);  // make_unique would clear it
-        std::copy_n(m_bytes.get(), m_size, bytes.get());
+        std::copy_n(m_bytes.get(), used, bytes.get());
         m_bytes = std::move(bytes);
-        m_capacity = capacity;
+        m_put = m_bytes.get() + used;
+        m_limit = m_bytes.get() + capacity;
     }
 
     std::unique_ptr<char[]> m_bytes;
-    std::size_t m_capacity = 0;
-    std::size_t m_size = 0;
+    char* m_put = nullptr;
+    char* m_limit = nullptr;
 };
 
 }  // namespace XMLConfig::detail

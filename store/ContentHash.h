@@ -30,12 +30,15 @@ private:
     }
     /// Takes all whole words; gives what is left.
     std::string_view addWords(std::string_view bytes) {
-        for (; bytes.size() >= wordSize; bytes.remove_prefix(wordSize)) {
+        const std::size_t end = bytes.size() / wordSize * wordSize;
+        std::uint64_t hash = m_hash;
+        for (std::size_t i = 0; i < end; i += wordSize) {
             std::uint64_t word = 0;
-            std::memcpy(&word, bytes.data(), wordSize);
-            m_hash = mixed(m_hash, word);
+            std::memcpy(&word, bytes.data() + i, wordSize);
+            hash = mixed(hash, word);
         }
-        return bytes;
+        m_hash = hash;
+        return bytes.substr(end);
     }
     /// Takes what begins a word or completes one; gives what is left.
     std::string_view addPending(std::string_view bytes) {

@@ -1,12 +1,15 @@
 #include "store/DocumentWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 #include "platform/Text.h"
 #include "store/ByteBuffer.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -22,52 +25,82 @@ constexpr std::size_t pieceSize = 64 * 1024;
 /// How an element writes what it holds.
 enum class Form { Empty, Indented, Verbatim };
 
-bool isText(const DOMNode& node) {
-    return node.getNodeType() == DOMNode::TEXT_NODE || node.getNodeType() == DOMNode::CDATA_SECTION_NODE;
-}
-
-/// The characters of a text or a comment; the XML library knows their number.
-std::u16string_view dataOf(const DOMNode& node) {
-    const auto& data = static_cast<const xercesc::DOMCharacterData&>(node);
-    return {reinterpret_cast<const char16_t*>(data.getData()), data.getLength()};
-}
+bool isText(DOMNode::NodeType type) { return type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE; }
 
 /// The library asks an attribute for its class before it gives the value that its one text holds.
 std::u16string_view valueOf(const DOMNode& attribute) {
     const DOMNode* const first = attribute.getFirstChild();
-    const bool isOneText = first != nullptr && isText(*first) && first->getNextSibling() == nullptr;
-    return isOneText ? dataOf(*first) : view(attribute.getNodeValue());
+    if (first == nullptr) return {};
+    const NodeLook look = lookAt(*first);
+    return isText(look.type) && look.next == nullptr ? look.text : view(attribute.getNodeValue());
 }
 
 /// Other than 0 for a character that must be written in another way in some places. It has no branch, so that the
 /// compiler lets one instruction examine several characters.
-constexpr unsigned special(std::uint16_t c) {
-    return static_cast<unsigned>(static_cast<std::uint16_t>(c - 0x20U) >= 0x5F) | static_cast<unsigned>(c == '&') |
-           static_cast<unsigned>(c == '<') | static_cast<unsigned>(c == '>') | static_cast<unsigned>(c == '"');
+constexpr int special(std::uint16_t c) {
+    return static_cast<int>(static_cast<std::uint16_t>(c - 0x20U) >= 0x5F) | static_cast<int>(c == '&') |
+           static_cast<int>(c == '<') | static_cast<int>(c == '>') | static_cast<int>(c == '"');
+}
+
+/// Copies characters as bytes, a number of them at once, and notes whether any is special.
+template <std::size_t count>
+class Copier {
+public:
+    void copy(const char16_t* from, char* to) {
+        std::array<std::uint16_t, count> units;  // apart from what is written, so that the order of both does not matter
+        std::memcpy(units.data(), from, sizeof units);
+        std::array<char, count> bytes;
+        for (std::size_t i = 0; i < count; ++i) m_others[i] = static_cast<std::uint16_t>(m_others[i] | special(units[i]));
+        for (std::size_t i = 0; i < count; ++i) bytes[i] = static_cast<char>(units[i]);
+        std::memcpy(to, bytes.data(), sizeof bytes);
+    }
+    [[nodiscard]] bool areAllPlain() const { return m_others == std::array<std::uint16_t, count>{}; }
+
+private:
+    std::array<std::uint16_t, count> m_others{};
+};
+
+/// Copies at least `step` characters, some of them twice. False where one is special.
+template <std::size_t step>
+bool copyInSteps(std::u16string_view text, char* to) {
+    const char16_t* const from = text.data();
+    const std::size_t size = text.size();
+    Copier<step> copier;
+    for (std::size_t i = step; i < size; i += step) copier.copy(from + i - step, to + i - step);
+    copier.copy(from + size - step, to + size - step);
+    return copier.areAllPlain();
+}
+
+/// Copies text to as many bytes. False where it is not plain.
+bool copyPlain(std::u16string_view text, char* to) {
+    if (text.size() >= 16) return copyInSteps<16>(text, to);
+    if (text.size() >= 8) return copyInSteps<8>(text, to);
+    if (text.size() >= 4) return copyInSteps<4>(text, to);
+    return text.empty() || copyInSteps<1>(text, to);
 }
 
 class Writer {
 public:
     /// A writer without a sink keeps the text until its caller takes it.
     Writer(bool isXml11, int lastIndentedLevel, const ByteSink* sink = nullptr)
-        : m_isXml11(isXml11), m_lastIndentedLevel(lastIndentedLevel), m_sink(sink), m_names(sink == nullptr ? 16 : 509) {}
+        : m_isXml11(isXml11), m_lastIndentedLevel(lastIndentedLevel), m_sink(sink), m_names(sink == nullptr ? 16 : 256) {}
 
-    void writeLine(const DOMNode& node, int level) {
-        indent(level);
-        writeNode(node, level, false);
+    void writeLine(const DOMNode& node, const NodeLook& look, int level) {
+        writeNode(node, look, level, false, blanksOf(level));
         m_out.append('\n');
     }
 
-    void writeNode(const DOMNode& node, int level, bool isInside) {
-        switch (node.getNodeType()) {
-            case DOMNode::ELEMENT_NODE:
-                return writeElement(static_cast<const DOMElement&>(node), level, isInside);
+    void writeNode(const DOMNode& node, const NodeLook& look, int level, bool isInside, Blanks before) {
+        if (look.type == DOMNode::ELEMENT_NODE)
+            return writeElement(static_cast<const DOMElement&>(node), level, isInside, before);
+        m_out.append(before);
+        switch (look.type) {
             case DOMNode::TEXT_NODE:
-                return escape(dataOf(node), false);
+                return escape(look.text, false);
             case DOMNode::CDATA_SECTION_NODE:
-                return wrap("<![CDATA[", dataOf(node), "]]>");
+                return wrap("<![CDATA[", look.text, "]]>");
             case DOMNode::COMMENT_NODE:
-                return wrap("<!--", dataOf(node), "-->");
+                return wrap("<!--", look.text, "-->");
             case DOMNode::PROCESSING_INSTRUCTION_NODE:
                 return writeInstruction(node);
             default:
@@ -75,7 +108,7 @@ public:
         }
     }
 
-    void append(const char* text) { m_out.append(text); }
+    void append(std::string_view text) { m_out.append(text); }
     [[nodiscard]] std::string take() const { return std::string(m_out.text()); }
     void passOn() {
         (*m_sink)(m_out.text());
@@ -83,70 +116,98 @@ public:
     }
 
 private:
-    void indent(int level) { m_out.append(static_cast<std::size_t>(level) * 2, ' '); }
+    static Blanks blanksOf(int level) { return {static_cast<std::size_t>(level) * 2}; }
 
-    void writeElement(const DOMElement& element, int level, bool isInside) {
-        m_out.append('<');
-        writeName(element);
-        writeAttributes(element);
-        const Form form = isInside ? formInside(element) : formOf(element, level);
+    void writeElement(const DOMElement& element, int level, bool isInside, Blanks before) {
+        const XMLCh* const name = element.getNodeName();
+        writeTag(before, "<", name, "");
+        if (hasAttributes(element)) writeAttributes(element);
+        const Form form = writeContent(element, level, isInside);
         if (form == Form::Empty) return m_out.append("/>");
-        m_out.append('>');
-        if (form == Form::Indented) {
-            writeLines(element, level);
-        } else {
-            writeInside(element, level);
-        }
-        m_out.append("</");
-        writeName(element);
-        m_out.append('>');
+        writeTag(form == Form::Indented ? blanksOf(level) : Blanks{0}, "</", name, ">");
         if (m_sink != nullptr && m_out.size() >= pieceSize) passOn();
     }
 
-    /// A document keeps each name once, so that its place tells one from another.
-    void writeName(const DOMElement& element) {
-        const XMLCh* const name = element.getNodeName();
-        KnownName& known = m_names[std::hash<const XMLCh*>()(name) / sizeof(void*) % m_names.size()];
-        if (known.name == name) return m_out.append(known.bytes);
-        const std::size_t begin = m_out.size();
+    template <std::size_t beginSize, std::size_t endSize>
+    void writeTag(Blanks before, const char (&begin)[beginSize], const XMLCh* name, const char (&end)[endSize]) {
+        if (const ShortText<48>* const known = knownName(name)) return m_out.append(before, begin, *known, end);
+        m_out.append(before, begin);
         appendUtf8(view(name));
-        known = {name, std::string(m_out.text().substr(begin))};
+        m_out.append(end);
     }
 
-    void writeLines(const DOMElement& element, int level) {
-        m_out.append('\n');
-        for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            if (!isText(*child)) writeLine(*child, level + 1);
+    /// Null for a name that is long. A document keeps each name once, so that its place tells one from another.
+    const ShortText<48>* knownName(const XMLCh* name) {
+        KnownName& known = m_names[std::hash<const XMLCh*>()(name) / sizeof(void*) % m_names.size()];
+        if (known.name == name) return &known.text;
+        std::string bytes;
+        detail::appendUtf8(bytes, view(name));
+        if (bytes.size() > known.text.bytes.size()) return nullptr;
+        known.name = name;
+        known.text.size = bytes.copy(known.text.bytes.data(), bytes.size());
+        return &known.text;
+    }
+
+    /// Writes nothing where the element is to be written as an empty one.
+    Form writeContent(const DOMElement& element, int level, bool isInside) {
+        const DOMNode* const first = firstNodeIn(element);
+        if (first == nullptr) return Form::Empty;
+        const NodeLook look = lookAt(*first);
+        if (look.type == DOMNode::TEXT_NODE && look.next == nullptr) return writeOneText(look.text, level, isInside);
+        const Form form = isInside ? formInside(first) : formOf(first, level);
+        if (form == Form::Indented) writeLines(first, level);
+        if (form == Form::Verbatim) writeInside(first, level);
+        return form;
+    }
+
+    Form writeOneText(std::u16string_view text, int level, bool isInside) {
+        const bool isValue = isInside || level > m_lastIndentedLevel || !isIndentation(text);
+        if (!isValue || text.empty()) return Form::Empty;
+        m_out.append('>');
+        escape(text, false);
+        return Form::Verbatim;
+    }
+
+    void writeLines(const DOMNode* child, int level) {
+        m_out.append(">\n");
+        while (child != nullptr) {
+            const NodeLook look = lookAt(*child);
+            if (!isText(look.type)) writeLine(*child, look, level + 1);
+            child = look.next;
         }
-        indent(level);
     }
 
-    void writeInside(const DOMElement& element, int level) {
-        for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            writeNode(*child, level + 1, true);
+    void writeInside(const DOMNode* child, int level) {
+        m_out.append('>');
+        while (child != nullptr) {
+            const NodeLook look = lookAt(*child);
+            writeNode(*child, look, level + 1, true, Blanks{0});
+            child = look.next;
         }
     }
 
-    static Form formInside(const DOMElement& element) {
-        for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            if (!isText(*child) || !dataOf(*child).empty()) return Form::Verbatim;
+    static Form formInside(const DOMNode* child) {
+        while (child != nullptr) {
+            const NodeLook look = lookAt(*child);
+            if (!isText(look.type) || !look.text.empty()) return Form::Verbatim;
+            child = look.next;
         }
         return Form::Empty;
     }
 
-    Form formOf(const DOMElement& element, int level) const {
+    Form formOf(const DOMNode* child, int level) const {
         bool hasOthers = false;
         bool hasBlanks = false;
-        for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            const auto type = child->getNodeType();
-            if (type == DOMNode::CDATA_SECTION_NODE) return Form::Verbatim;
-            if (type != DOMNode::TEXT_NODE) {
+        while (child != nullptr) {
+            const NodeLook look = lookAt(*child);
+            child = look.next;
+            if (look.type == DOMNode::CDATA_SECTION_NODE) return Form::Verbatim;
+            if (look.type != DOMNode::TEXT_NODE) {
                 hasOthers = true;
                 continue;
             }
-            const std::u16string_view text = dataOf(*child);
-            if (!isIndentation(text)) return Form::Verbatim;
-            hasBlanks = hasBlanks || !text.empty();
+            if (!isIndentation(look.text)) return Form::Verbatim;
+            hasBlanks = hasBlanks || !look.text.empty();
         }
         if (hasOthers) return Form::Indented;
         return hasBlanks && level > m_lastIndentedLevel ? Form::Verbatim : Form::Empty;
@@ -157,9 +218,7 @@ private:
         const XMLSize_t count = attributes->getLength();
         for (XMLSize_t i = 0; i < count; ++i) {
             const DOMNode* const attribute = attributes->item(i);
-            m_out.append(' ');
-            appendUtf8(view(attribute->getNodeName()));
-            m_out.append("=\"");
+            writeTag(Blanks{1}, "", attribute->getNodeName(), "=\"");
             escape(valueOf(*attribute), true);
             m_out.append('"');
         }
@@ -174,7 +233,7 @@ private:
         m_out.append("?>");
     }
 
-    void wrap(const char* begin, std::u16string_view text, const char* end) {
+    void wrap(std::string_view begin, std::u16string_view text, std::string_view end) {
         m_out.append(begin);
         appendUtf8(text);
         m_out.append(end);
@@ -182,14 +241,7 @@ private:
 
     /// Most text is plain: it is copied and looked at in one pass. False, and nothing done, where it is not.
     bool appendPlain(std::u16string_view text) {
-        char* const put = m_out.room(text.size());
-        std::uint16_t others = 0;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            const auto c = static_cast<std::uint16_t>(text[i]);
-            others = static_cast<std::uint16_t>(others | special(c));
-            put[i] = static_cast<char>(c);
-        }
-        if (others != 0) return false;
+        if (!copyPlain(text, m_out.room(text.size()))) return false;
         m_out.added(text.size());
         return true;
     }
@@ -212,7 +264,7 @@ private:
             appendUtf8(text.substr(plain, i - plain));
             plain = i + 1;
             if (named != nullptr) {
-                m_out.append(named);
+                m_out.append(std::string_view(named));
             } else {
                 writeReference(c);
             }
@@ -255,8 +307,8 @@ private:
     }
 
     struct KnownName {
-        const XMLCh* name = nullptr;
-        std::string bytes;
+        const XMLCh* name;
+        ShortText<48> text;
     };
 
     bool m_isXml11;
@@ -269,6 +321,9 @@ private:
 }  // namespace
 
 bool isIndentation(std::u16string_view text) {
+    constexpr std::u16string_view usual = u"\n                                ";
+    if (text.size() <= usual.size() && std::memcmp(text.data(), usual.data(), text.size() * sizeof(char16_t)) == 0)
+        return true;
     return std::all_of(text.begin(), text.end(), [](char16_t c) { return c == u' ' || c == u'\n' || c == u'\t'; });
 }
 
@@ -278,14 +333,14 @@ void writeDocument(const xercesc::DOMDocument& document, const ByteSink& sink) {
     writer.append(isXml11 ? "<?xml version=\"1.1\"" : "<?xml version=\"1.0\"");
     writer.append(" encoding=\"UTF-8\" standalone=\"no\" ?>\n");
     for (const DOMNode* node = document.getFirstChild(); node != nullptr; node = node->getNextSibling()) {
-        writer.writeLine(*node, 0);
+        writer.writeLine(*node, lookAt(*node), 0);
     }
     writer.passOn();
 }
 
 std::string writeElement(const xercesc::DOMElement& element) {
     Writer writer(view(element.getOwnerDocument()->getXmlVersion()) == u"1.1", noLevel);
-    writer.writeNode(element, 0, false);
+    writer.writeNode(element, lookAt(element), 0, false, Blanks{0});
     return writer.take();
 }
 

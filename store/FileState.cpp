@@ -20,11 +20,13 @@ std::wstring commonSpelling(const std::wstring& path) {
     return text;
 }
 
-/// Whether two names lead to one file just now, as a link's and its target's do. A disk that numbers no files says 0.
+/// Whether two names lead to one file just now, as a link's and its target's do.
 bool isOneFile(const std::wstring& left, const std::wstring& right) {
     const std::optional<FileStamp> first = fileStamp(left);
-    const std::optional<FileStamp> second = fileStamp(right);
-    return first && second && first->number != 0 && first->device == second->device && first->number == second->number;
+    const std::optional<FileStamp> second = first ? fileStamp(right) : std::nullopt;
+    if (!second) return false;
+    if (first->number == 0) return commonSpelling(left) == commonSpelling(right);  // a disk that numbers no files
+    return first->device == second->device && first->number == second->number;
 }
 
 /// Nothing when the file cannot be read.
@@ -61,7 +63,7 @@ void FileState::wasWritten(std::uint64_t content) noexcept {
 
 bool FileState::isOf(const std::wstring& path) const {
     if (!m_stamp) return false;
-    return m_path == path || commonSpelling(m_path) == commonSpelling(path) || isOneFile(m_path, path);
+    return m_path == path || isOneFile(m_path, path);
 }
 
 bool FileState::hasChanged() const {

@@ -1,14 +1,9 @@
 #include "store/TreeLinks.h"
 
 #include <algorithm>
-#include <atomic>
 #include <typeinfo>
 #include <xercesc/dom/impl/DOMAttrImpl.hpp>
 #include <xercesc/dom/impl/DOMCasts.hpp>
-#include <xercesc/dom/impl/DOMElementImpl.hpp>
-#include <xercesc/dom/impl/DOMStringPool.hpp>
-#include <xercesc/dom/impl/DOMTextImpl.hpp>
-#include <xercesc/util/XercesVersion.hpp>
 
 namespace XMLConfig::detail {
 
@@ -17,7 +12,17 @@ using xercesc::DOMDocumentImpl;
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
-#if XERCES_VERSION_MAJOR == 3 && XERCES_VERSION_MINOR == 2
+NodeLook lookFromOutside(const DOMNode& node, const DOMNode::NodeType type) {
+    const bool holdsText =
+        type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE || type == DOMNode::COMMENT_NODE;
+    if (!holdsText) return {type, node.getNextSibling(), {}};
+    const auto& data = static_cast<const xercesc::DOMCharacterData&>(node);  // which knows how much it holds
+    return {type, node.getNextSibling(), {reinterpret_cast<const char16_t*>(data.getData()), data.getLength()}};
+}
+
+#if defined(XMLCONFIG_LINKS_MAY_BE_KNOWN)
+
+std::atomic<bool> areLinksKnown = false;
 
 namespace {
 
@@ -28,8 +33,6 @@ using xercesc::DOMTextImpl;
 #define XMLCONFIG_TEXT_OF(name) #name
 #define XMLCONFIG_VALUE_OF(name) XMLCONFIG_TEXT_OF(name)
 constexpr std::string_view compiledVersion = XMLCONFIG_VALUE_OF(XERCES_CPP_NAMESPACE);  // "xercesc_3_2"
-
-std::atomic<bool> areKnown = false;
 
 struct Links {
     xercesc::DOMNodeImpl& node;
@@ -53,7 +56,11 @@ DOMNode* nextOf(const DOMNode& node) { return linksOf(const_cast<DOMNode&>(node)
 /// The node, if it is an element, else the first element after it. Entity references, whose children would have to be looked
 /// at too, never stand in a tree of the store.
 const DOMElement* elementFrom(const DOMNode* node) {
-    while (node != nullptr && node->getNodeType() != DOMNode::ELEMENT_NODE) node = nextOf(*node);
+    while (node != nullptr) {
+        const DOMNode::NodeType type = node->getNodeType();
+        if (type == DOMNode::ELEMENT_NODE) break;
+        node = type == DOMNode::TEXT_NODE ? static_cast<const DOMTextImpl*>(node)->fChild.nextSibling : nextOf(*node);
+    }
     return static_cast<const DOMElement*>(node);
 }
 
@@ -114,6 +121,11 @@ bool isAttributeJoined(DOMElement& element) {
            linksOf(*value).child.previousSibling == value;
 }
 
+bool holdsText(const DOMNode& node, std::u16string_view expected) {
+    const xercesc::DOMBuffer& data = *static_cast<const DOMTextImpl&>(node).fCharacterData.fDataBuf;
+    return data.getLen() == expected.size() && view(data.getRawBuffer()) == expected;
+}
+
 bool isNameKept(DOMDocument& document, const XMLCh* const name) {
     bool isKept = false;
     visitNames(*insideOf(&document), [&](const Name& kept) { isKept = isKept || kept.fString == name; });
@@ -127,7 +139,8 @@ bool isTreeAsExpected(xercesc::DOMImplementation& implementation) {
     DOMNode& element = *root.appendChild(document->createElement(xmlText(u"b")));
     DOMNode& text = *root.appendChild(document->createTextNode(xmlText(u"c")));
     root.setAttribute(xmlText(u"d"), xmlText(u"e"));
-    return areJoined(root, element, text) && isAttributeJoined(root) && isNameKept(*document, element.getNodeName());
+    return areJoined(root, element, text) && isAttributeJoined(root) && isNameKept(*document, element.getNodeName()) &&
+           holdsText(text, u"c");
 }
 
 }  // namespace
@@ -140,11 +153,9 @@ bool isKnownVersion(const std::string_view className) {
 }
 
 bool examineLinks(xercesc::DOMImplementation& implementation, const std::string_view className) {
-    areKnown = isKnownVersion(className) && isTreeAsExpected(implementation);
-    return areKnown;
+    areLinksKnown = isKnownVersion(className) && isTreeAsExpected(implementation);
+    return areLinksKnown;
 }
-
-bool linksAreKnown() { return areKnown.load(std::memory_order_relaxed); }
 
 void append(DOMElement& parent, DOMNode& child) {
     if (!linksAreKnown()) {
@@ -238,7 +249,6 @@ void spreadNames(DOMDocumentImpl& document) {
 
 bool isKnownVersion(std::string_view /*className*/) { return false; }
 bool examineLinks(xercesc::DOMImplementation& /*implementation*/, std::string_view /*className*/) { return false; }
-bool linksAreKnown() { return false; }
 void append(DOMElement& parent, DOMNode& child) { parent.appendChild(&child); }
 void unlink(DOMElement& parent, DOMNode& child) { parent.removeChild(&child); }
 DOMNode* parentOf(const DOMElement& element) { return element.getParentNode(); }

@@ -1,7 +1,12 @@
 #pragma once
 
+#include <atomic>
 #include <string_view>
+#include <xercesc/dom/impl/DOMElementImpl.hpp>
+#include <xercesc/dom/impl/DOMStringPool.hpp>
+#include <xercesc/dom/impl/DOMTextImpl.hpp>
 #include <xercesc/parsers/AbstractDOMParser.hpp>
+#include <xercesc/util/XercesVersion.hpp>
 
 #include "store/XmlLibrary.h"
 
@@ -31,7 +36,13 @@ bool isKnownVersion(std::string_view className);
 /// To be called with a library that was started, before anything else here. Gives what linksAreKnown says from now on.
 bool examineLinks(xercesc::DOMImplementation& implementation, std::string_view className);
 bool examineLinks(xercesc::DOMImplementation& implementation);
-[[nodiscard]] bool linksAreKnown();
+#if XERCES_VERSION_MAJOR == 3 && XERCES_VERSION_MINOR == 2
+#define XMLCONFIG_LINKS_MAY_BE_KNOWN
+extern std::atomic<bool> areLinksKnown;
+[[nodiscard]] inline bool linksAreKnown() { return areLinksKnown.load(std::memory_order_relaxed); }
+#else  // members that nobody has compared yet
+[[nodiscard]] constexpr bool linksAreKnown() { return false; }
+#endif
 
 /// `child`, which has no parent, becomes the last child of an element of its document.
 void append(xercesc::DOMElement& parent, xercesc::DOMNode& child);
@@ -45,6 +56,26 @@ const xercesc::DOMElement* elementAfter(const xercesc::DOMElement& element);
 /// The same of nodes of any kind.
 const xercesc::DOMNode* firstNodeIn(const xercesc::DOMElement& element);
 const xercesc::DOMNode* nodeAfter(const xercesc::DOMNode& node);
+/// What is asked of most nodes, told at once.
+struct NodeLook {
+    xercesc::DOMNode::NodeType type;
+    const xercesc::DOMNode* next;  ///< the node after it
+    std::u16string_view text;      ///< what a text, a CDATA section or a comment holds; of other nodes nothing
+};
+NodeLook lookFromOutside(const xercesc::DOMNode& node, xercesc::DOMNode::NodeType type);
+inline NodeLook lookAt(const xercesc::DOMNode& node) {
+    const xercesc::DOMNode::NodeType type = node.getNodeType();
+#if defined(XMLCONFIG_LINKS_MAY_BE_KNOWN)
+    if (linksAreKnown() && type == xercesc::DOMNode::TEXT_NODE) {
+        const auto& text = static_cast<const xercesc::DOMTextImpl&>(node);
+        const xercesc::DOMBuffer& data = *text.fCharacterData.fDataBuf;
+        return {type, text.fChild.nextSibling, {reinterpret_cast<const char16_t*>(data.getRawBuffer()), data.getLen()}};
+    }
+    if (linksAreKnown() && type == xercesc::DOMNode::ELEMENT_NODE)
+        return {type, static_cast<const xercesc::DOMElementImpl&>(node).fChild.nextSibling, {}};
+#endif
+    return lookFromOutside(node, type);
+}
 /// Whether an element has any attribute.
 bool hasAttributes(const xercesc::DOMElement& element);
 

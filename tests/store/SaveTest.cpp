@@ -7,6 +7,38 @@ namespace fs = std::filesystem;
 
 namespace storetests {
 
+// The writer copies several characters at once, so that each length and each place in a text is another case.
+TEST(SavedText, OfAnyLengthHasItsSpecialCharactersAtAnyPlace) {
+    const std::pair<wchar_t, std::string> specials[] = {
+        {L'&', "&amp;"}, {L'<', "&lt;"}, {L'\x7F', "\x7F"}, {L'\xE4', "\xC3\xA4"}, {L'\x2026', "\xE2\x80\xA6"}};
+    for (const auto& [special, written] : specials) {
+        const Document document = smallDocument();
+        std::vector<std::string> lines;
+        for (std::size_t length = 1; length < 40; ++length) {
+            for (std::size_t place = 0; place < length; ++place) {
+                const std::wstring value = std::wstring(place, L'x') + special + std::wstring(length - place - 1, L'y');
+                const std::string number = std::to_string(lines.size());
+                document->setStringItem(L"S", L"V" + std::to_wstring(lines.size()), value, L"1", L"", L"");
+                lines.push_back("<V" + number + ">" + std::string(place, 'x') + written +
+                                std::string(length - place - 1, 'y') + "</V" + number + ">\n");
+            }
+        }
+        const std::string saved = savedText(*document);
+        for (const std::string& line : lines) ASSERT_TRUE(contains(saved, line)) << line;
+    }
+}
+
+TEST(SavedText, HasNamesOfAnyLengthInItsTags) {
+    const Document document = smallDocument();
+    for (std::size_t length = 1; length < 120; ++length)
+        document->setStringItem(L"S", std::wstring(length, L'n'), L"v", L"1", L"", L"");
+    const std::string saved = savedText(*document);
+    for (std::size_t length = 1; length < 120; ++length) {
+        const std::string name(length, 'n');
+        EXPECT_CONTAINS(saved, "\n    <" + name + ">v</" + name + ">\n");
+    }
+}
+
 TEST(Save, ClearsTheDirtyFlag) {
     const TemporaryFolder folder;
     ConfigInfo document;

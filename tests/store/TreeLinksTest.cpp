@@ -76,6 +76,30 @@ TEST(TreeLinks, MakeTheTreesThatTheXmlLibraryMakes) {
     EXPECT_EQ(described(*ownRoot), described(*twinRoot));
 }
 
+TEST(TreeLinks, TellOfEachNodeWhatTheXmlLibraryTells) {
+    const DocumentPointer document = parsed(mixed);
+    const auto looks = [&document] {
+        std::vector<XMLConfig::detail::NodeLook> all;
+        for (const DOMNode* node = document->getDocumentElement()->getFirstChild(); node != nullptr; node = all.back().next)
+            all.push_back(XMLConfig::detail::lookAt(*node));
+        return all;
+    };
+    const auto byLinks = looks();
+    const PublicFunctionsOnly without;
+    const auto byFunctions = looks();
+    ASSERT_EQ(byLinks.size(), 6U);
+    ASSERT_EQ(byFunctions.size(), byLinks.size());
+    for (std::size_t i = 0; i < byLinks.size(); ++i) {
+        EXPECT_EQ(byLinks[i].type, byFunctions[i].type) << i;
+        EXPECT_EQ(byLinks[i].next, byFunctions[i].next) << i;
+        EXPECT_EQ(byLinks[i].text, byFunctions[i].text) << i;
+    }
+    EXPECT_EQ(byLinks[0].text, u"c");
+    EXPECT_EQ(byLinks[1].text, u"");
+    EXPECT_EQ(byLinks[2].text, u"text");
+    EXPECT_EQ(byLinks[4].text, u"d");
+}
+
 TEST(TreeLinks, AreKnownOfOneVersionOnly) {
     using XMLConfig::detail::isKnownVersion;
     EXPECT_TRUE(isKnownVersion("N11xercesc_3_221DOMImplementationImplE"));
