@@ -117,26 +117,21 @@ Unit* putCharacter(Unit* out, char32_t value) {
     }
 }
 
-/// Text of the basic plane, which is one unit to one; false, and nothing appended, for any other.
-template <typename Out, typename Unit>
-bool appendUnitByUnit(std::basic_string<Out>& out, std::basic_string_view<Unit> text) {
-    const std::size_t sizeBefore = out.size();
-    out.resize(sizeBefore + text.size());
-    Out* const put = out.data() + sizeBefore;
+/// Whether each unit is a character of the basic plane, so that the text has the same units in UTF-16 and UTF-32.
+template <typename Unit>
+bool isUnitByUnit(std::basic_string_view<Unit> text) {
     char32_t others = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char32_t value = valueOf(text[i]);
-        others |= static_cast<char32_t>(isSurrogate(value)) | (value >> 16);
-        put[i] = static_cast<Out>(value);
-    }
-    if (others != 0) out.resize(sizeBefore);
+    for (const Unit unit : text) others |= static_cast<char32_t>(isSurrogate(valueOf(unit))) | (valueOf(unit) >> 16);
     return others == 0;
 }
 
 template <typename Out, typename Unit>
 void convertAndAppend(std::basic_string<Out>& out, std::basic_string_view<Unit> text) {
     if constexpr (sizeof(Out) > 1 && sizeof(Unit) > 1) {
-        if (appendUnitByUnit(out, text)) return;
+        if (isUnitByUnit(text)) {
+            out.append(text.begin(), text.end());
+            return;
+        }
     }
     Out buffer[(chunk + 1) * 4];  // no unit gives more than four
     const Unit* at = text.data();
@@ -154,6 +149,9 @@ void convertAndAppend(std::basic_string<Out>& out, std::basic_string_view<Unit> 
 
 template <typename Out, typename Unit>
 std::basic_string<Out> converted(std::basic_string_view<Unit> text) {
+    if constexpr (sizeof(Out) > 1 && sizeof(Unit) > 1) {
+        if (isUnitByUnit(text)) return std::basic_string<Out>(text.begin(), text.end());
+    }
     std::basic_string<Out> out;
     convertAndAppend(out, text);
     return out;

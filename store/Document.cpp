@@ -1,5 +1,6 @@
 #include "store/Document.h"
 
+#include <optional>
 #include <utility>
 
 #include "platform/Files.h"
@@ -120,26 +121,38 @@ Item Document::getItem(const std::wstring& name, const std::wstring& key, const 
     return section == nullptr ? Item() : getItem({section->element, section}, key);
 }
 
+namespace {
+
+void gatherText(const DOMElement& element, std::u16string& text) {
+    for (const DOMNode* child = firstNodeIn(element); child != nullptr;) {
+        const NodeLook look = lookAt(*child);
+        if (look.type == DOMNode::ELEMENT_NODE) gatherText(static_cast<const DOMElement&>(*child), text);
+        else if (look.type != DOMNode::COMMENT_NODE) text += look.text;
+        child = look.next;
+    }
+}
+
+/// The text of an element that holds one piece of text and nothing else.
+std::optional<std::u16string_view> onlyText(const DOMElement& element) {
+    const DOMNode* const first = firstNodeIn(element);
+    if (first == nullptr) return std::nullopt;
+    const NodeLook look = lookAt(*first);
+    if (look.type != DOMNode::TEXT_NODE || look.next != nullptr) return std::nullopt;
+    return look.text;
+}
+
+}  // namespace
+
 bool isOneText(const DOMNode* firstChild) {
-    return firstChild != nullptr && firstChild->getNodeType() == DOMNode::TEXT_NODE &&
-           firstChild->getNextSibling() == nullptr;
+    if (firstChild == nullptr) return false;
+    const NodeLook look = lookAt(*firstChild);
+    return look.type == DOMNode::TEXT_NODE && look.next == nullptr;
 }
 
 std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {
-    const DOMNode* const first = element.getFirstChild();
-    if (isOneText(first)) return view(first->getNodeValue());
-    const auto gather = [&buffer](const auto& self, const DOMNode& node) -> void {
-        for (const DOMNode* child = node.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-            const auto type = child->getNodeType();
-            if (type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE) {
-                buffer += view(child->getNodeValue());
-            } else if (type == DOMNode::ELEMENT_NODE) {
-                self(self, *child);
-            }
-        }
-    };
+    if (const auto only = onlyText(element)) return *only;
     buffer.clear();
-    gather(gather, element);
+    gatherText(element, buffer);
     return buffer;
 }
 
@@ -148,9 +161,10 @@ std::u16string_view textOf(const Item& item, std::u16string& buffer) {
     SectionItems& items = item.section->items;
     const std::u16string_view known = items.text(*item.known);
     if (!known.empty()) return known;
-    const std::u16string_view found = textOf(*item.element, buffer);
-    if (isOneText(item.element->getFirstChild())) items.rememberText(*item.known, found);
-    return found;
+    const auto only = onlyText(*item.element);
+    if (!only) return textOf(*item.element, buffer);
+    items.rememberText(*item.known, *only);
+    return *only;
 }
 
 bool hasText(const DOMElement& element, const std::wstring& text) {

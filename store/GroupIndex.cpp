@@ -1,8 +1,18 @@
 #include "store/GroupIndex.h"
 
+#include "store/TreeLinks.h"
+
 namespace XMLConfig::detail {
 
 namespace {
+
+/// Most names differ at once, so that nobody needs to know how long the element's is.
+bool isNamed(const xercesc::DOMElement& element, std::u16string_view name) {
+    const XMLCh* own = element.getNodeName();
+    for (const char16_t unit : name)
+        if (unit == 0 || *own++ != unit) return false;
+    return *own == 0;
+}
 
 constexpr int longestWalk = 32;  // how many children are walked through before they are worth a list
 
@@ -17,9 +27,8 @@ xercesc::DOMElement* GroupIndex::child(xercesc::DOMElement& parent, std::u16stri
         }
     }
     int walked = 0;
-    for (xercesc::DOMNode* child = parent.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-        if (child->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) continue;
-        if (view(child->getNodeName()) == name) return static_cast<xercesc::DOMElement*>(child);
+    for (const auto* child = firstElementIn(parent); child != nullptr; child = elementAfter(*child)) {
+        if (isNamed(*child, name)) return const_cast<xercesc::DOMElement*>(child);
         if (++walked == longestWalk) {
             const ByName& listed = list(parent);
             const auto found = listed.find(name);

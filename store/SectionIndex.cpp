@@ -15,9 +15,8 @@ void rememberChild(Section& section, xercesc::DOMElement* child) {
 void scan(Section& section) {
     if (section.items.isScanned) return;
     try {
-        for (auto* child = section.element->getFirstChild(); child != nullptr; child = child->getNextSibling())
-            if (child->getNodeType() == xercesc::DOMNode::ELEMENT_NODE)
-                rememberChild(section, static_cast<xercesc::DOMElement*>(child));
+        for (const auto* child = firstElementIn(*section.element); child != nullptr; child = elementAfter(*child))
+            rememberChild(section, const_cast<xercesc::DOMElement*>(child));
         section.items.isScanned = true;
     } catch (...) {
         section.items.clear();

@@ -65,6 +65,14 @@ TEST(IllegalName, IsOnlyNotFoundByLookUps) {
     EXPECT_FALSE(document->isDirty());
 }
 
+TEST(IllegalName, OfANullCharacterIsNoOtherName) {
+    using namespace std::string_literals;
+    const Document document = load("<ConfigInfo><S ID=\"1\"><G><A>1</A></G></S></ConfigInfo>");
+    EXPECT_EQ(get(*document, L"S", L"G|A", L"1"), L"1");
+    for (const std::wstring& key : {L"G|A\0"s, L"G|A\0A"s, L"G|\0"s, L"G|"s, L"G|AA"s})
+        EXPECT_EQ(get(*document, L"S", key, L"1"), L"(default)") << key.size();
+}
+
 TEST(IllegalCharacter, InAValueIsRefused) {
     for (const wchar_t character : forbidden()) {
         for (const wchar_t* key : {L"A", L"New", L"Deep|New"}) {
