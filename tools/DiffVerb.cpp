@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "platform/Utf8.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
@@ -59,6 +61,8 @@ void setUpDiff(Options& options, Request& request) {
 
 ExitStatus runDiff(const Request& request) {
     const Files files = filesOf(request);
+    if (request.tolerance && !(*request.tolerance >= 0.0 && std::isfinite(*request.tolerance)))
+        throw WrongOperands("--tolerance takes a number from 0 up");
     if (files.old == "-" && files.now == "-") throw WrongOperands("only one of the files can be standard input");
     const std::unique_ptr<ConfigInfo> old = readSide(request, files.old);
     const std::unique_ptr<ConfigInfo> now = readSide(request, files.now);

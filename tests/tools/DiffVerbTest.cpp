@@ -248,4 +248,11 @@ TEST_F(DiffVerb, ShowsAllDigitsWhereTheUsualOnesAreTheSame) {
                 StartsWith("~ Screen/Screen_Radius  5.2 -> 5.20000000001\n"));
 }
 
+TEST_F(DiffVerb, ToleranceIsANumberFromZeroUp) {
+    for (const char* const text : {"-1", "nan", "inf"})
+        expectRun(runTool({"diff", "--tolerance", text, yesterday, yesterday}), 2, "",
+                  "xmlconfig: --tolerance takes a number from 0 up\n");
+    EXPECT_EQ(runTool({"diff", "--tolerance", "0", yesterday, yesterday}).status, 0);
+}
+
 }  // namespace

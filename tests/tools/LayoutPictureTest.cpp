@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <nlohmann/json.hpp>
 
-#include "platform/FileNames.h"
+#include "platform/Files.h"
 #include "store/Outline.h"
 #include "tests/support/Example.h"
 #include "tests/support/GoldenFile.h"
@@ -69,19 +68,20 @@ TEST_F(LayoutPicture, ReachesAFileOfALongName) {
     const std::string picture = pictureOf(example());
     std::filesystem::path below = folder.path();
     for (int i = 0; i < 5; ++i) below /= std::string(60, 'f');
-    const auto reached = [](const std::filesystem::path& path) { return XMLConfig::pathForStreams(wideOf(path)); };
-    std::filesystem::create_directories(reached(below));
-    const std::string file = (below / "dome.skorrax").u8string();
-    std::ofstream(reached(below / "dome.skorrax"), std::ios::binary) << exampleText();
-    const ToolRun run = runTool({"layout", "--json", "--svg", (below / "dome.svg").u8string(), file});
+    ASSERT_TRUE(XMLConfig::detail::makeFolders(wideOf(below)));
+    const std::filesystem::path file = below / "dome.skorrax";
+    const std::filesystem::path drawn = below / "dome.svg";
+    XMLConfig::detail::replaceFile(wideOf(file), exampleText());
+    const ToolRun run = runTool({"layout", "--json", "--svg", drawn.u8string(), file.u8string()});
     EXPECT_EQ(run.status, 0) << run.errors;
-    EXPECT_EQ(nlohmann::json::parse(run.output)["file"], file);
-    EXPECT_EQ(TemporaryFolder::readFile(reached(below / "dome.svg")), picture);
-    const ToolRun refused = runTool({"layout", "--svg", file, file});
+    EXPECT_EQ(nlohmann::json::parse(run.output)["file"], file.u8string());
+    EXPECT_EQ(XMLConfig::detail::readWholeFile(wideOf(drawn)), picture);
+    const ToolRun refused = runTool({"layout", "--svg", file.u8string(), file.u8string()});
     EXPECT_EQ(refused.status, 1);
     EXPECT_THAT(refused.errors, HasSubstr("is the configuration; the picture would replace it"));
-    EXPECT_EQ(TemporaryFolder::readFile(reached(below / "dome.skorrax")), exampleText());
-    std::filesystem::remove_all(reached(folder.path() / std::string(60, 'f')));
+    EXPECT_EQ(XMLConfig::detail::readWholeFile(wideOf(file)), exampleText());
+    EXPECT_TRUE(XMLConfig::detail::removeFile(wideOf(drawn)));
+    EXPECT_TRUE(XMLConfig::detail::removeFile(wideOf(file)));
 }
 
 TEST_F(LayoutPicture, HasOneShapeAChannelWithItsTitle) {

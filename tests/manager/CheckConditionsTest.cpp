@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include "manager/Check.h"
+#include "store/ConfigInfo.h"
+#include "tests/support/TemporaryFolder.h"
+
+// Each rule just inside and just outside of its condition.
+
+namespace {
+
+using Lines = std::vector<std::wstring>;
+
+/// What the rule finds in a document, as "address: message" and, where something mends it, "; " and the command.
+Lines foundBy(const wchar_t* rule, const std::string& content) {
+    const TemporaryFolder folder;
+    const ConfigInfo document(
+        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version>" + content + "</ConfigInfo>"));
+    XMLConfig::CheckOptions options;
+    options.onlyRules = {rule};
+    Lines lines;
+    for (const XMLConfig::Finding& finding : XMLConfig::check(document, options)) {
+        lines.push_back(finding.address + L": " + finding.message);
+        for (const auto& command : finding.mend.commands) lines.back() += L"; " + command[0] + L" " + command[2];
+    }
+    return lines;
+}
+
+std::string camera(const std::string& id, const std::string& inside) {
+    return "<Camera ID='" + id + "'>" + inside + "</Camera>";
+}
+
+std::string snippet(const std::string& parts) { return "<DeviceSnippet><device>" + parts + "</device></DeviceSnippet>"; }
+
+/// A projector whose channel has this heading, in radians, and a field of 40 by 30 degrees.
+std::string projector(const std::string& id, const std::string& yaw, const std::string& pitch, const std::string& inside) {
+    return "<Projector ID='" + id + "'>" + inside + "<Channel_Extents><Heading><Yaw>" + yaw + "</Yaw><Pitch>" + pitch +
+           "</Pitch></Heading><HFOV><Left>-0.349</Left><Right>0.349</Right></HFOV><VFOV><Top>0.262</Top><Bottom>-0.262"
+           "</Bottom></VFOV></Channel_Extents></Projector>";
+}
+
+TEST(CheckConditions, LooksAtTheMACAddressInAnIDWithoutASnippetToo) {
+    EXPECT_EQ(foundBy(L"XC204", camera("PGR***zz", "")), (Lines{L"Camera[PGR***zz]: \"zz\" in the ID is no MAC address"}));
+    EXPECT_EQ(foundBy(L"XC204", camera("PGR***02:1C:00:51:00:a0", snippet("<macAddress>021c-00-51:00a0</macAddress>"))),
+              Lines());
+    EXPECT_EQ(foundBy(L"XC204", camera("PGR", "")), Lines());
+}
+
+TEST(CheckConditions, FollowsNoOldIDOfSeveralCameras) {
+    const std::string order = "<Color><CameraOrder>x</CameraOrder></Color>";
+    const std::string old = "<OldSectionID>x</OldSectionID>";
+    EXPECT_EQ(foundBy(L"XC208", order + camera("1", old)),
+              (Lines{L"Color/CameraOrder: there is no camera \"x\"; \"1\" was x before; set Color/CameraOrder=1"}));
+    EXPECT_EQ(foundBy(L"XC208", order + camera("1", old) + camera("2", old)),
+              (Lines{L"Color/CameraOrder: there is no camera \"x\""}));
+}
+
+TEST(CheckConditions, UnsetsNothingSafelyThatStandsTwice) {
+    const std::string geometry = "<Geometry><Box_Spacing>2</Box_Spacing></Geometry>";
+    const std::string own = "<Box_Spacing>2</Box_Spacing>";
+    const std::wstring found = L"Projector[1]/Box_Spacing: says again what it would inherit (2)";
+    EXPECT_EQ(foundBy(L"XC409", geometry + "<Projector ID='1'>" + own + "</Projector>"),
+              (Lines{found + L"; unset Projector[1]/Box_Spacing"}));
+    EXPECT_EQ(foundBy(L"XC409", geometry + "<Projector ID='1'>" + own + "<Box_Spacing>3</Box_Spacing></Projector>"),
+              (Lines{found}));
+    const std::string second =
+        "<Associated_Camera_Id_1>a</Associated_Camera_Id_1>"
+        "<Associated_Camera_Id_2>a</Associated_Camera_Id_2>";
+    EXPECT_EQ(
+        foundBy(L"XC210", "<Projector ID='1'>" + second + "<Associated_Camera_Id_2>b</Associated_Camera_Id_2></Projector>"),
+        (Lines{L"Projector[1]/Associated_Camera_Id_2: is the first camera again"}));
+}
+
+TEST(CheckConditions, APoseThatCannotBeReadIsNone) {
+    const auto posed = [](const std::string& position) {
+        return foundBy(L"XC601",
+                       camera("1", "<ExplicitExtrinsicValid>true</ExplicitExtrinsicValid><ExplicitExtrinsicXYZ>" + position +
+                                       "</ExplicitExtrinsicXYZ><ExplicitExtrinsicYPR>0, 0, 0"
+                                       "</ExplicitExtrinsicYPR>"));
+    };
+    EXPECT_EQ(posed("1, 2, 3"), Lines());
+    EXPECT_EQ(posed("1, 2").size(), 1U);
+}
+
+TEST(CheckConditions, ATimeOfTheLastRunIsNotLaterThanNow) {
+    const auto told = [](const std::string& time) {
+        return foundBy(L"XC903",
+                       "<ProjectorApprovedSlots><TimeOfLastRun>" + time + "</TimeOfLastRun></ProjectorApprovedSlots>");
+    };
+    EXPECT_EQ(told("2019-03-11 14:05:09"), Lines());
+    EXPECT_EQ(told("2999-03-11 14:05:09"),
+              (Lines{L"ProjectorApprovedSlots/TimeOfLastRun: 2999-03-11 14:05:09 is later than now"}));
+}
+
+TEST(CheckConditions, BlanksOfAnyKindAroundAWordAreMended) {
+    EXPECT_EQ(foundBy(L"XC109", "<Screen><Shape>\t sphere\n</Shape></Screen>"),
+              (Lines{L"Screen/Shape: \"\t sphere\n\" is none of Flat, Sphere, Cylinder, Ruled, Toroid, VRML, Test; set "
+                     L"Screen/Shape=Sphere"}));
+}
+
+TEST(CheckConditions, AddressesAreComparedAsNumbers) {
+    const auto at = [](const std::string& id, const std::string& address) {
+        return camera(id, snippet("<ipAddress>" + address + "</ipAddress>"));
+    };
+    EXPECT_EQ(foundBy(L"XC701", at("1", "192.168.1.1") + at("2", "192.168.001.001")).size(), 1U);
+    EXPECT_EQ(foundBy(L"XC701", at("1", "192.168.1.1") + at("2", "192.168.1.2")), Lines());
+}
+
+TEST(CheckConditions, DevicesWithoutASerialPortShareNone) {
+    const std::string meter = "<Color><Colorimeter_Type>1</Colorimeter_Type><AdvColor_ComPort/></Color>";
+    const auto serial = [](const std::string& id, const std::string& port) {
+        return "<Projector ID='" + id + "'>" + snippet("<connection type='SERIAL'><port>" + port + "</port></connection>") +
+               "</Projector>";
+    };
+    const std::string box = "<System><Black_Box_Cameras_Comm>true,serial,COM1,1,2</Black_Box_Cameras_Comm></System>";
+    EXPECT_EQ(foundBy(L"XC702", meter + box + serial("1", "COM2")), Lines());
+    EXPECT_EQ(foundBy(L"XC702", meter + serial("1", "")), Lines());
+    EXPECT_EQ(foundBy(L"XC702", box + serial("1", "com1")).size(), 1U);
+}
+
+TEST(CheckConditions, AQuarterTurnUpIsNotOverTheTop) {
+    EXPECT_EQ(foundBy(L"XC306", projector("1", "3.141592653589794e+00", "1.570796326794897e+00", "")), Lines());
+    EXPECT_EQ(foundBy(L"XC306", projector("1", "-3.1416", "1.5708", "")).size(), 2U);
+}
+
+TEST(CheckConditions, AYawIsMendedInAllItsDigits) {
+    EXPECT_EQ(foundBy(L"XC306", projector("1", "3.500000123456789e+00", "0", "")),
+              (Lines{L"Projector[1]/Channel_Extents/Heading/Yaw: 200.54\u00b0 is more than half a turn; set "
+                     L"Projector[1]/Channel_Extents/Heading/Yaw=-159.464764630659deg"}));
+}
+
+TEST(CheckConditions, OppositeBlendsMayTakeTheWholeImage) {
+    const auto blended = [](const std::string& left, const std::string& right) {
+        return foundBy(L"XC314", "<Projector ID='1'><Blend_Left>" + left + "</Blend_Left><Blend_Right>" + right +
+                                     "</Blend_Right></Projector>");
+    };
+    EXPECT_EQ(blended("40", "60"), Lines());
+    EXPECT_EQ(blended("40", "60.1").size(), 1U);
+    EXPECT_EQ(blended("-1", "100"), Lines());
+    EXPECT_EQ(blended("100.1", "-1").size(), 1U);
+    EXPECT_EQ(blended("-0.5", "0").size(), 1U);
+}
+
+TEST(CheckConditions, StackedProjectorsHaveNoOrder) {
+    const auto area = [](const std::string& left) { return "<Screen_Area_Left>" + left + "</Screen_Area_Left>"; };
+    EXPECT_EQ(foundBy(L"XC317", projector("1", "0", "0", area("0.5")) + projector("2", "0", "0", area("0.4"))), Lines());
+    EXPECT_EQ(foundBy(L"XC317", projector("1", "0", "0", area("0.5")) + projector("2", "0.3", "0", area("0.4"))).size(), 1U);
+}
+
+TEST(CheckConditions, EyePointsMayLieAMillimeterApart) {
+    const auto seenFrom = [](const std::string& one, const std::string& other, const std::string& target) {
+        const auto at = [](const std::string& id, const std::string& y) {
+            return "<Projector ID='" + id + "'><Channel_Extents><Eye_Point>0, " + y +
+                   ", 0</Eye_Point></Channel_Extents></Projector>";
+        };
+        return foundBy(L"XC310", at("1", one) + at("2", other) + "<TargetLocator><Eye_Point>0, " + target +
+                                     ", 0</Eye_Point></TargetLocator>")
+            .size();
+    };
+    EXPECT_EQ(seenFrom("0", "0", "0.0009"), 0U);
+    EXPECT_EQ(seenFrom("0", "0", "0.0011"), 1U);
+    EXPECT_EQ(seenFrom("0", "0.0011", "0"), 1U);
+    EXPECT_EQ(seenFrom("-0.0009", "0.0009", "0"), 1U);
+}
+
+TEST(CheckConditions, KeysOfManySettingsAreNotWritten) {
+    EXPECT_EQ(foundBy(L"XC104", "<System><ACT_Address_x>1.1.1.1</ACT_Address_x></System>"),
+              (Lines{L"System/ACT_Address_x: there is no such setting; did you mean \"ACT_Address_%d\"?"}));
+    EXPECT_EQ(
+        foundBy(L"XC701", "<System><ACT_Address_0>1.1.1.1</ACT_Address_0><ACT_Address_x>1.1.1.1</ACT_Address_x></System>"),
+        Lines());
+}
+
+TEST(CheckConditions, SaysWhereThereIsNoSlotAtAll) {
+    const auto slots = [](const std::string& inside) {
+        return foundBy(L"XC216",
+                       "<ProjectorApprovedSlots><CurrentSlotID>3</CurrentSlotID>" + inside + "</ProjectorApprovedSlots>");
+    };
+    const std::wstring place = L"ProjectorApprovedSlots/CurrentSlotID: slot 3 is none of the approved slots";
+    EXPECT_EQ(slots(""), (Lines{place + L", for there are none"}));
+    EXPECT_EQ(slots("<Slot ID='1'/>"), (Lines{place + L" (1)"}));
+    EXPECT_EQ(slots("<Slot ID='3'/>"), Lines());
+}
+
+TEST(CheckConditions, AspectsMayDifferByTwoPercent) {
+    const auto wide = [](const std::string& width) {
+        return foundBy(L"XC402", "<Projector ID='1'><ImageResolution_X>" + width + "</ImageResolution_X></Projector>")
+            .size();
+    };
+    EXPECT_EQ(wide("1428"), 0U);
+    EXPECT_EQ(wide("1429"), 1U);
+    EXPECT_EQ(wide("1372"), 0U);
+    EXPECT_EQ(wide("1371"), 1U);
+    EXPECT_EQ(wide("0"), 0U);
+}
+
+TEST(CheckConditions, ZeroIsNotOddForItsSign) {
+    const auto lamps = [](const std::string& fourth) {
+        std::string all;
+        for (const std::string& power : {std::string("0"), std::string("0.0"), std::string("0e3"), fourth})
+            all += "<Projector ID='" + std::to_string(all.size()) + "'><Lamp_Power>" + power + "</Lamp_Power></Projector>";
+        return foundBy(L"XC408", all).size();
+    };
+    EXPECT_EQ(lamps("-0"), 0U);
+    EXPECT_EQ(lamps("-1"), 1U);
+}
+
+TEST(CheckConditions, ShowsWhatIsBeyondALimitBeyondIt) {
+    EXPECT_EQ(foundBy(L"XC502", "<Screen><Shape>Sphere</Shape><Screen_MaxPhi>1.5708</Screen_MaxPhi></Screen>"),
+              (Lines{L"Screen/Screen_MaxPhi: 90.0002\u00b0 up is more than a sphere"}));
+    EXPECT_EQ(foundBy(L"XC306", projector("1", "0", "-1.5708", "")),
+              (Lines{L"Projector[1]/Channel_Extents/Heading/Pitch: -90.0002\u00b0 is more than a quarter turn"}));
+    const std::string at = "<Camera_Calibration_Points>1 0 0 2 0 0 3 0 0</Camera_Calibration_Points>";
+    EXPECT_EQ(foundBy(L"XC605", camera("1", at + "<Reference_Camera_Calibration_Points>1 0 10.5 2 0 10.5 3 0 10.5"
+                                                 "</Reference_Camera_Calibration_Points>")),
+              (Lines{L"Camera[1]/Camera_Calibration_Points: markers have moved by 10.5 pixels since the reference image"}));
+}
+
+TEST(CheckConditions, RolledNeighboursLeaveTheGapThatTheirImagesLeave) {
+    const auto rolled = [](const std::string& id, const std::string& yaw) {
+        return "<Projector ID='" + id + "'><Channel_Extents><Heading><Yaw>" + yaw +
+               "</Yaw><Roll>1.570796326794897</Roll></Heading><HFOV><Left>-0.5</Left><Right>0.5</Right></HFOV><VFOV>"
+               "<Top>0.2</Top><Bottom>-0.2</Bottom></VFOV></Channel_Extents></Projector>";
+    };
+    EXPECT_EQ(foundBy(L"XC301", rolled("1", "0") + rolled("2", "0.6")),
+              (Lines{L"Projector[2]/Channel_Extents/Heading/Yaw: 11.46\u00b0 gap between \"1\" and \"2\""}));
+    EXPECT_EQ(foundBy(L"XC301", rolled("1", "0") + rolled("2", "0.39")), Lines());
+}
+
+}  // namespace
