@@ -2,9 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <regex>
-#include <sstream>
 
-#include "tests/support/ToolRun.h"
+#include "tests/support/ToolHelp.h"
 
 namespace {
 
@@ -16,21 +15,6 @@ std::string pageOf(const std::string& name) {
     const ToolRun run = runTool({"--man", name});
     EXPECT_EQ(run.status, 0) << run.errors;
     return run.output;
-}
-
-/// What the first group of the pattern finds, line by line.
-std::vector<std::string> found(const std::string& text, const std::string& pattern) {
-    std::vector<std::string> words;
-    std::istringstream lines(text);
-    std::smatch match;
-    for (std::string line; std::getline(lines, line);)
-        if (std::regex_search(line, match, std::regex(pattern))) words.push_back(match[1]);
-    return words;
-}
-
-std::vector<std::string> verbNames() {
-    const std::string help = runTool({"--help"}).output;
-    return found(help.substr(help.find("Subcommands:")), "^  ([a-z]+)  ");
 }
 
 std::string asEntry(const std::string& name) {
@@ -58,7 +42,7 @@ TEST(ManualPage, OfTheToolHasEveryVerb) {
 TEST(ManualPage, OfEachVerbHasEveryOptionOfItsHelp) {
     for (const std::string& verb : verbNames()) {
         const std::string page = pageOf(verb);
-        const std::vector<std::string> options = found(runTool({verb, "--help"}).output, "^  (-[-a-z,]+)");
+        const std::vector<std::string> options = optionsOf(verb);
         ASSERT_GE(options.size(), 3U) << verb;
         for (const std::string& option : options) EXPECT_THAT(page, HasSubstr(asEntry(option))) << verb;
     }
