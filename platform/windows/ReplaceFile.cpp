@@ -13,7 +13,6 @@ constexpr std::wstring_view purpose = L"Can not write file";
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD shareReading = FILE_SHARE_READ | FILE_SHARE_DELETE;
 constexpr std::wstring_view digits = L"0123456789abcdef";
-constexpr std::size_t digitCount = 20;
 
 /// The folder with its last separator.
 std::wstring folderPart(const std::wstring& target) { return target.substr(0, target.find_last_of(L"\\:") + 1); }
@@ -22,12 +21,12 @@ std::wstring folderPart(const std::wstring& target) { return target.substr(0, ta
 std::wstring secretNameBeside(const std::wstring& target) {
     std::random_device random;
     std::wstring name = folderPart(target).append(savePrefix);
-    for (std::size_t i = 0; i < digitCount; ++i) name += digits[random() % digits.size()];
+    for (std::size_t i = 0; i < saveDigits; ++i) name += digits[random() % digits.size()];
     return name;
 }
 
 bool isSecretName(std::wstring_view name) {
-    return name.size() == savePrefix.size() + digitCount && name.substr(0, savePrefix.size()) == savePrefix &&
+    return name.size() == savePrefix.size() + saveDigits && name.substr(0, savePrefix.size()) == savePrefix &&
            name.find_first_not_of(digits, savePrefix.size()) == std::wstring_view::npos;
 }
 
@@ -61,21 +60,26 @@ void write(OpenFile& file, const ByteSource& source) {
 /// A file beside the target, until it takes the target's place. Removed otherwise, by the system too while it is written.
 class NewFile {
 public:
-    NewFile(const std::wstring& target, const std::wstring& shownAs)
+    /// To have the owner and the access list of `rights`.
+    NewFile(const std::wstring& target, const std::wstring& shownAs, const SecurityDescriptor& rights)
         : m_target(target),
           m_shownAs(shownAs),
           m_name(secretNameBeside(target)),
-          m_file(std::in_place, m_name, purpose, shownAs, OpenFile::Mode{GENERIC_WRITE | DELETE, 0, CREATE_NEW}) {
+          m_rights(rights),
+          m_file(std::in_place, m_name, purpose, shownAs,
+                 OpenFile::Mode{GENERIC_WRITE | READ_CONTROL | DELETE, 0, CREATE_NEW, rights.get()}) {
         m_file->becomeTemporary();
     }
     ~NewFile() {
         m_file.reset();  // an open file is not deleted
-        if (!m_placed) ::DeleteFileW(m_name.c_str());
+        if (!m_placed && !m_isOldGone) ::DeleteFileW(m_name.c_str());
     }
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
+    /// Throws SystemError also where the file cannot have its owner.
     void complete(const ByteSource& source) {
+        if (!m_file->isOwnedAsIn(m_rights)) m_file->fail(ERROR_INVALID_OWNER);
         write(*m_file, source);
         m_file->flush();
         m_file->becomePermanent();
@@ -86,29 +90,39 @@ public:
         if (!m_placed) throwFileError(purpose, m_shownAs, ::GetLastError());
     }
     /// The old file's attributes, streams and access list go over to the new one. Throws SystemError where they cannot, or
-    /// where somebody lets the old file not be taken away; nothing is changed then.
+    /// where somebody lets the old file not be taken away; nothing is changed then. May be called again.
     void placeInstead() {
-        // Asked first, for a call that fails later may leave files of its own.
-        { const OpenFile removable(m_target, purpose, m_shownAs, {DELETE, shareAll, OPEN_EXISTING}); }
-        m_placed = ::ReplaceFileW(m_target.c_str(), m_name.c_str(), nullptr, 0, nullptr, nullptr) != 0;
-        if (m_placed) return;
-        const DWORD error = ::GetLastError();
-        const bool isGone = ::GetFileAttributesW(m_target.c_str()) == INVALID_FILE_ATTRIBUTES;
-        if (!isGone) throwFileError(purpose, m_shownAs, error);
-        placeAsNew(0);  // the system had taken the old file away before it failed
+        if (!m_isOldGone) replaceOld();
+        if (!m_placed) placeAsNew(0);
     }
 
 private:
+    /// The system may take the old file away, and then fail to put the new one in its place: what is left of the text is
+    /// the new file, to be kept until it is placed.
+    void replaceOld() {
+        // Asked first, for a call that fails later may leave files of its own.
+        { const OpenFile removable(m_target, purpose, m_shownAs, {DELETE, shareAll, OPEN_EXISTING}); }
+        m_placed = replaceFileCall(m_target.c_str(), m_name.c_str(), nullptr, 0, nullptr, nullptr) != 0;
+        if (m_placed) return;
+        const DWORD error = ::GetLastError();
+        m_isOldGone =
+            ::GetFileAttributesW(m_target.c_str()) == INVALID_FILE_ATTRIBUTES && ::GetLastError() == ERROR_FILE_NOT_FOUND;
+        if (!m_isOldGone) throwFileError(purpose, m_shownAs, error);
+    }
+
     std::wstring m_target;
     std::wstring m_shownAs;
     std::wstring m_name;
+    const SecurityDescriptor& m_rights;
     std::optional<OpenFile> m_file;
     bool m_placed = false;
+    bool m_isOldGone = false;
 };
 
 void createFile(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source, DWORD flags = 0) {
     removeAbandonedBeside(name);
-    NewFile created(name, shownAs);
+    const SecurityDescriptor rightsOfTheFolder;
+    NewFile created(name, shownAs, rightsOfTheFolder);
     created.complete(source);
     created.placeAsNew(flags);
 }
@@ -116,7 +130,10 @@ void createFile(const std::wstring& name, const std::wstring& shownAs, const Byt
 /// Throws SystemError, and nothing is changed, where the folder admits no second file, or none in the place of the first.
 void exchange(const std::wstring& name, const std::wstring& shownAs, const ByteSource& source) {
     removeAbandonedBeside(name);
-    NewFile created(name, shownAs);
+    const SecurityDescriptor rights = triedWhileHeld(name, [&] {
+        return OpenFile(name, purpose, shownAs, {DELETE | READ_CONTROL, shareAll, OPEN_EXISTING}).ownerAndAccessList();
+    });
+    NewFile created(name, shownAs, rights);
     created.complete(source);
     triedWhileHeld(name, [&created] { created.placeInstead(); });
 }
@@ -165,6 +182,7 @@ void createTargetOfLink(const std::wstring& link, const std::wstring& shownAs, c
     std::wstring name;
     {
         const OpenFile made(link, purpose, shownAs, {GENERIC_WRITE, shareReading, OPEN_ALWAYS});
+        if (::GetLastError() == ERROR_ALREADY_EXISTS) made.fail(ERROR_ALREADY_EXISTS);  // another's, and to be replaced
         name = made.finalName();
     }
     try {

@@ -17,7 +17,7 @@ struct Reason {
 };
 
 // The system's own texts follow the user's language.
-constexpr std::array<Reason, 22> reasons{{
+constexpr std::array<Reason, 23> reasons{{
     {ERROR_FILE_NOT_FOUND, L"No such file or directory"},
     {ERROR_PATH_NOT_FOUND, L"No such file or directory"},
     {ERROR_TOO_MANY_OPEN_FILES, L"Too many open files"},
@@ -40,6 +40,7 @@ constexpr std::array<Reason, 22> reasons{{
     {ERROR_DIRECTORY, L"Is a directory"},
     {ERROR_IO_DEVICE, L"Input/output error"},
     {ERROR_UNABLE_TO_REMOVE_REPLACED, L"The file is in use"},
+    {ERROR_INVALID_OWNER, L"Operation not permitted"},
 }};
 
 std::wstring reasonText(DWORD error) {
@@ -69,13 +70,16 @@ HANDLE opened(const std::wstring& name, const OpenFile::Mode& mode) {
 
 }  // namespace
 
+decltype(&::ReplaceFileW) replaceFileCall = &::ReplaceFileW;
+
 std::wstring fullPath(std::wstring_view path) {
     const std::wstring name(path);
     return filled([&](wchar_t* buffer, DWORD size) { return ::GetFullPathNameW(name.c_str(), size, buffer, nullptr); });
 }
 
 std::wstring systemPath(std::wstring_view path) {
-    constexpr std::size_t longestShortPath = 240;  // a folder's must leave room for a file of the old form
+    constexpr std::size_t longest = 259;
+    constexpr std::size_t longestShortPath = longest - saveDigits - savePrefix.size();  // a save makes a file beside it
     if (path.empty() || path.find(L'\0') != std::wstring_view::npos) return {};
     std::wstring name(path);
     std::replace(name.begin(), name.end(), L'/', L'\\');
@@ -178,10 +182,26 @@ void OpenFile::becomePermanent() {
     m_isTemporary = false;
 }
 
-SecurityDescriptor OpenFile::accessList() const {
+SecurityDescriptor OpenFile::accessList() const { return rights(DACL_SECURITY_INFORMATION); }
+
+SecurityDescriptor OpenFile::ownerAndAccessList() const {
+    return rights(OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION);
+}
+
+bool OpenFile::isOwnedAsIn(const SecurityDescriptor& descriptor) const {
+    const SecurityDescriptor own = ownerAndAccessList();
+    if (!descriptor || !own) return true;
+    BOOL isDefault = FALSE;
+    PSID theirs = nullptr;
+    PSID ours = nullptr;
+    return ::GetSecurityDescriptorOwner(descriptor.get(), &theirs, &isDefault) != 0 &&
+           ::GetSecurityDescriptorOwner(own.get(), &ours, &isDefault) != 0 && theirs != nullptr && ours != nullptr &&
+           ::EqualSid(theirs, ours) != 0;
+}
+
+SecurityDescriptor OpenFile::rights(DWORD parts) const {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
-    const DWORD error = ::GetSecurityInfo(m_handle, SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, nullptr,
-                                          nullptr, &descriptor);
+    const DWORD error = ::GetSecurityInfo(m_handle, SE_FILE_OBJECT, parts, nullptr, nullptr, nullptr, nullptr, &descriptor);
     if (error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION) return nullptr;
     if (error != ERROR_SUCCESS) fail(error);
     // The folder shall add nothing to it.
@@ -192,6 +212,7 @@ SecurityDescriptor OpenFile::accessList() const {
 void OpenFile::rewind() { seek(0); }
 
 void OpenFile::close() {
+    if (m_handle == INVALID_HANDLE_VALUE) return;
     if (::CloseHandle(std::exchange(m_handle, INVALID_HANDLE_VALUE)) == 0) fail(::GetLastError());
 }
 

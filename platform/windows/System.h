@@ -38,8 +38,12 @@ private:
 /// Throws SystemError "<what> <path>: <reason>", the reason in English whatever the user's language.
 [[noreturn]] void throwFileError(std::wstring_view what, std::wstring_view path, DWORD error);
 
-/// How the names of the new files of saves begin, until they take their place.
+/// The new files of saves, until they take their place, have this before so many digits for their names.
 constexpr std::wstring_view savePrefix = L".saving-";
+constexpr std::size_t saveDigits = 20;
+
+/// The system's call that puts a new file in the place of an old one; tests set one that fails half way.
+extern decltype(&::ReplaceFileW) replaceFileCall;
 
 /// Whether the error says that another program has the file open, as most have it for moments only.
 bool isHeldByOthers(DWORD error);
@@ -100,11 +104,16 @@ public:
     void becomePermanent();
     /// For a new file with the same access list; empty on a disk that keeps none.
     SecurityDescriptor accessList() const;
+    /// The same with the owner, whom a new file can be given only by those whom the system lets.
+    SecurityDescriptor ownerAndAccessList() const;
+    /// Whether the descriptor's owner has the file; true where the disk keeps no owners.
+    bool isOwnedAsIn(const SecurityDescriptor& descriptor) const;
     void rewind();
     void close();
     [[noreturn]] void fail(DWORD error) const;
 
 private:
+    SecurityDescriptor rights(DWORD parts) const;
     void seek(std::int64_t position);
     bool setRemoval(bool isRemoved);
 
