@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <system_error>
 
 #include "platform/FileNames.h"
 #include "platform/Utf8.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <system_error>
 
 #include "platform/FileNames.h"
 #include "platform/Files.h"

@@ -26,9 +26,12 @@ inline std::wstring quotedWord(const std::wstring& word) {
 class StartedProgram {
 public:
     explicit StartedProgram(const std::vector<std::string>& command, const std::wstring& output = L"NUL",
+                            const std::wstring& errors = L"NUL", const std::wstring& input = L"NUL")
+        : StartedProgram(wideWords(command), output, errors, input) {}
+    explicit StartedProgram(const std::vector<std::wstring>& command, const std::wstring& output = L"NUL",
                             const std::wstring& errors = L"NUL", const std::wstring& input = L"NUL") {
         std::wstring line;
-        for (const std::string& word : command) line += quotedWord(XMLConfig::detail::fromUtf8(word)) + L' ';
+        for (const std::wstring& word : command) line += quotedWord(word) + L' ';
         SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
         const auto opened = [&inherited](const std::wstring& path, DWORD disposition) {
             return ::CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
@@ -47,7 +50,7 @@ public:
         const BOOL isStarted =
             ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process);
         for (const HANDLE file : {startup.hStdInput, startup.hStdOutput, startup.hStdError}) ::CloseHandle(file);
-        if (isStarted == 0) throw std::runtime_error("cannot start " + command[0]);
+        if (isStarted == 0) throw std::runtime_error("cannot start " + XMLConfig::detail::toUtf8(command[0]));
         ::CloseHandle(process.hThread);
         m_process = process.hProcess;
     }
@@ -72,5 +75,11 @@ public:
     static constexpr int killedStatus = 99;
 
 private:
+    static std::vector<std::wstring> wideWords(const std::vector<std::string>& words) {
+        std::vector<std::wstring> wide;
+        for (const std::string& word : words) wide.push_back(XMLConfig::detail::fromUtf8(word));
+        return wide;
+    }
+
     HANDLE m_process = nullptr;
 };

@@ -37,6 +37,13 @@ TEST_F(ToolOnWindows, TakesAPathThatBeginsWithASlash) {
     EXPECT_THAT(run.errors, HasSubstr("/there/is/none.skorrax"));
 }
 
+TEST_F(ToolOnWindows, RefusesAWordThatIsNoText) {
+    const std::wstring name = wideOf(folder.path()) + L"\\a\xd800.skorrax";
+    const std::vector<std::wstring> words = {wide(toolPath()), L"new", name};
+    EXPECT_EQ(StartedProgram(words).end(), 2);
+    EXPECT_EQ(folder.entries(), 0U);
+}
+
 TEST_F(ToolOnWindows, MakesNoConfigurationOutOfADevice) {
     const ToolRun run = runTool({"new", "--force", "NUL.skorrax"});
     EXPECT_EQ(run.status, 1);
@@ -79,6 +86,11 @@ TEST_F(ToolOnWindows, ReadsAndWritesItsOtherFilesUnderLongNames) {
     EXPECT_EQ(runTool({"get", beside + "hall.skorrax", "System/RunType"}).output, "CinemaRun\n");
     EXPECT_THAT(readWholeFile(wide(beside + "hall.skorrax")), HasSubstr("CinemaRun"));
     EXPECT_EQ(runTool({"upgrade", beside + "hall.skorrax", "-o", beside + "copy.skorrax"}).status, 0);
+    EXPECT_EQ(runTool({"layout", "--svg", beside + "hall.svg", beside + "hall.skorrax"}).status, 0);
+    EXPECT_THAT(readWholeFile(wide(beside + "hall.svg")), HasSubstr("</svg>"));
+    EXPECT_EQ(runTool({"layout", "--svg", beside + "hall.skorrax", beside + "hall.skorrax"}).status, 1);
+    EXPECT_EQ(runTool({"diff", beside + "hall.skorrax", beside + "copy.skorrax"}).status, 0);
+    EXPECT_THAT(runTool({"check", beside + "hall.skorrax"}).errors, testing::IsEmpty());
     replaceFile(wide(beside + "broken.skorrax"), "<a>\n<b></a>\n");
     const ToolRun broken = runTool({"show", beside + "broken.skorrax"});
     EXPECT_EQ(broken.status, 3);
