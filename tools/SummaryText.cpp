@@ -79,9 +79,13 @@ std::wstring screenText(const Summary::Screen& s, const Units& units) {
 }
 
 std::wstring utc(std::int32_t seconds) {
-    const std::time_t time = seconds;
+    // Not every system knows times before 1970, but the calendar repeats itself.
+    constexpr std::time_t fourCenturies = std::time_t{146'097} * 86'400;
+    const std::time_t time = seconds + fourCenturies;
+    std::tm parts = *std::gmtime(&time);
+    parts.tm_year -= 400;
     char text[32];
-    const std::size_t length = std::strftime(text, sizeof(text), "%Y-%m-%d %H:%M:%S UTC", std::gmtime(&time));
+    const std::size_t length = std::strftime(text, sizeof(text), "%Y-%m-%d %H:%M:%S UTC", &parts);
     return XMLConfig::wideFromUtf8(std::string(text, length));
 }
 

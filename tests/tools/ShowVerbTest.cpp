@@ -56,6 +56,21 @@ TEST(ShowVerb, SummaryIsInTheDocumentsUnits) {
                                        "Screen      Flat, 250 x ? cm\n"));
 }
 
+TEST(ShowVerb, TimesMayLieBefore1970) {
+    const TemporaryFolder folder;
+    const auto shownTimeOf = [&folder](const std::string& seconds) {
+        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version><SiteAnalytics><LastRunTimestamp>" + seconds +
+                                          "</LastRunTimestamp></SiteAnalytics></ConfigInfo>");
+        const std::string output = runTool({"show", (folder.path() / "hall.skorrax").string()}).output;
+        const std::size_t at = output.find("the last one at ");
+        return at == std::string::npos ? output : output.substr(at + 16, 23);
+    };
+    EXPECT_EQ(shownTimeOf("-5"), "1969-12-31 23:59:55 UTC");
+    EXPECT_EQ(shownTimeOf("-2147483648"), "1901-12-13 20:45:52 UTC");
+    EXPECT_EQ(shownTimeOf("2147483647"), "2038-01-19 03:14:07 UTC");
+    EXPECT_EQ(shownTimeOf("951782400"), "2000-02-29 00:00:00 UTC");
+}
+
 TEST(ShowVerb, OlderFileIsShownAsUpgraded) {
     const std::string file = "examples/history/dome-8.000.skorrax";
     const ToolRun run = runTool({"show", file});
