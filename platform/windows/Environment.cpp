@@ -23,8 +23,8 @@ void setEnvironmentVariable(const std::wstring& name, const std::wstring& value)
 }
 
 std::wstring temporaryFolder() {
-    wchar_t buffer[MAX_PATH + 2];
-    std::wstring folder(buffer, ::GetTempPathW(MAX_PATH + 2, buffer));
+    std::wstring folder(::GetTempPathW(0, nullptr), L'\0');
+    folder.resize(::GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
     while (folder.size() > 3 && folder.back() == L'\\') folder.pop_back();
     return folder;
 }

@@ -53,9 +53,11 @@ std::wstring targetOfLinks(const std::wstring& path) {
 }
 
 std::wstring markOfFolder(const std::wstring& path) {
-    const Handle folder(lookedAt(folderOfSystemPath(targetOfLinks(systemPath(path)))));
+    const std::wstring name = systemPath(path);
+    if (name.empty()) throwFileError(purpose, path, ERROR_PATH_NOT_FOUND);
+    const std::wstring folderName = folderOfSystemPath(targetOfLinks(name));
+    const Handle folder(lookedAt(folderName));
     BY_HANDLE_FILE_INFORMATION information{};
-    if (systemPath(path).empty()) throwFileError(purpose, path, ERROR_PATH_NOT_FOUND);
     if (!folder.isOpen() || ::GetFileInformationByHandle(folder.value(), &information) == 0)
         throwFileError(purpose, path, ::GetLastError());
     return L"XMLConfig-" + formatInteger(information.dwVolumeSerialNumber) + L"-" +

@@ -51,8 +51,8 @@ bool isOfThisUser(const std::wstring& name) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     const DWORD error = ::GetNamedSecurityInfoW(name.c_str(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr,
                                                 nullptr, nullptr, &descriptor);
-    if (error != ERROR_SUCCESS || owner == nullptr) return error != ERROR_ACCESS_DENIED;
     const SecurityDescriptor descriptorOwner(descriptor);
+    if (error != ERROR_SUCCESS || owner == nullptr) return error != ERROR_ACCESS_DENIED;
     const TokenInformation<TOKEN_USER> user(TokenUser);
     const TokenInformation<TOKEN_OWNER> usual(TokenOwner);  // an administrators' group, for what such a user makes
     return (user.get() != nullptr && ::EqualSid(owner, user.get()->User.Sid) != 0) ||

@@ -1,5 +1,6 @@
 #include "platform/Terminal.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
 #include <streambuf>
@@ -35,9 +36,10 @@ bool writeToConsole(DWORD stream, std::string_view text) {
         const bool isCut = at + count < wide.size() && wide[at + count - 1] >= 0xD800 && wide[at + count - 1] <= 0xDBFF;
         if (isCut) --count;
         DWORD written = 0;
-        if (::WriteConsoleW(::GetStdHandle(stream), wide.data() + at, static_cast<DWORD>(count), &written, nullptr) == 0)
+        if (::WriteConsoleW(::GetStdHandle(stream), wide.data() + at, static_cast<DWORD>(count), &written, nullptr) == 0 ||
+            written == 0)
             return false;
-        at += count;
+        at += written;
     }
     return true;
 }
