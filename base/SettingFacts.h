@@ -23,7 +23,7 @@ struct ShortList {
     constexpr const T* end() const { return entries + count; }
 };
 
-/// What is known of a setting besides its key and values, for people and for checks: `means(L"…").in(Unit::Pixels)…`.
+/// What is known of a setting besides its key and values, for people and for checks: `means(L"...").in(Unit::Pixels)`.
 struct SettingFacts {
     struct NumberName {
         int number = 0;

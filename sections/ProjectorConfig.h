@@ -45,7 +45,7 @@ public:
     virtual int getImageResolutionY() const;  ///< height of the image that is fed to the projector (pixels)
     virtual void setImageResolutionY(int pixels);
     virtual void unsetImageResolutionY();
-    /// How the input image is fitted to the projector; INPUT_IMAGE_SCALING_MODE_…
+    /// How the input image is fitted to the projector; INPUT_IMAGE_SCALING_MODE_*
     virtual int getInputImageScalingMode() const;
     virtual void setInputImageScalingMode(int mode);
     virtual void unsetInputImageScalingMode();
@@ -65,7 +65,7 @@ public:
     virtual void setLampPower(double power);
     virtual int getColourUser() const;  ///< number of the projector's user colour setting
     virtual void setColourUser(int user);
-    /// Lamps in use. LAMP_MODE_…; any other stored text reads as "".
+    /// Lamps in use. LAMP_MODE_*; any other stored text reads as "".
     virtual std::wstring getLampMode() const;
     /// Stores any text.
     virtual void setLampMode(const std::wstring& mode);

@@ -1,6 +1,8 @@
 #include "tools/Configuration.h"
 
 #include <filesystem>
+#include <system_error>
+
 #include "platform/FileNames.h"
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <system_error>
 
 #include "manager/Upgrade.h"
 #include "platform/FileNames.h"

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <system_error>
 #include <vector>
 
 #include "base/Angles.h"

@@ -28,8 +28,15 @@ cat "$work/$$.errors" >&2
 echo "refused $1"
 TRY
 
+# Users of other code pages compile them too, without /utf-8.
+sed -n 's/^ *\([a-z]*\/[A-Za-z0-9]*\.h\))*$/\1/p' cmake/PublicHeaders.cmake > "$work/headers"
+if LC_ALL=C xargs grep -nE '[^ -~	]' < "$work/headers" >&2; then
+    echo 'msvc: a public header holds a character that is not of ASCII' >&2
+    exit 1
+fi
+
 {
-    sed -n 's/^ *\([a-z]*\/[A-Za-z0-9]*\.h\))*$/\1/p' cmake/PublicHeaders.cmake
+    cat "$work/headers"
     git ls-files 'platform/*.cpp' 'base/*.cpp' 'sections/*.cpp' 'store/*.cpp' 'manager/*.cpp' ':!platform/posix/*' |
         xargs grep -LE 'xercesc|log4cxx|store/(Log|Xml|Tree|Document|Text)'
 } | xargs -n 1 -P "$(nproc)" sh "$work/try" > "$work/answers"
