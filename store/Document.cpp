@@ -96,6 +96,7 @@ void Document::adopt(DocumentPointer document) noexcept {
     m_reader.forgetTree();
     m_tree.adopt(std::move(document));
     m_index.reset(root());
+    m_isAsParsed = true;
 }
 
 Container Document::container(const ItemAddress& address) const {

@@ -76,6 +76,8 @@ public:
     [[nodiscard]] bool exists() const { return m_tree.exists(); }
     [[nodiscard]] const xercesc::DOMDocument& tree() const { return m_tree.document(); }
     [[nodiscard]] xercesc::DOMElement* root() const { return m_tree.root(); }
+    /// Whether nothing has changed since the tree was parsed.
+    [[nodiscard]] bool isAsParsed() const { return m_isAsParsed; }
 
     // Looking up; null where there is nothing.
     Section* getSection(const std::wstring& name, const std::wstring& id) const { return m_index.find(name, id); }
@@ -147,6 +149,7 @@ private:
     mutable SectionIndex m_index;
     ElementReader m_reader;
     Journal m_journal;
+    bool m_isAsParsed = false;
 };
 
 /// Whether a node's first child, null where it has none, is a text and its only child.

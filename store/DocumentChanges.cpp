@@ -268,6 +268,7 @@ std::size_t Document::removeComments(DOMElement& place, const std::wstring& text
 }
 
 void Document::changed(const TreeChange& change) noexcept {
+    m_isAsParsed = false;
     try {
         m_index.changed(change);
     } catch (...) {

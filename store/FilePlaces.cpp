@@ -39,7 +39,9 @@ using xercesc::DOMElement;
 /// Joins the elements of a tree to those of a text: of one element those inside it, when any of them is asked for.
 class Matching {
 public:
-    Matching(const DOMElement& root, const PlacedElements& text) : m_root(root), m_text(text) {}
+    /// `areAlike` says that both are known to hold the same elements, so that none needs to be compared.
+    Matching(const DOMElement& root, const PlacedElements& text, bool areAlike)
+        : m_root(root), m_text(text), m_areAlike(areAlike) {}
 
     /// The number of the text's element; nothing where it has none.
     std::optional<std::size_t> find(const DOMElement* element) {
@@ -76,11 +78,14 @@ private:
 
     /// As long as both hold the same one after the other, the first of several that are equal is the first.
     [[nodiscard]] Pairs matched(const DOMElement& around, std::size_t placed) const {
+        constexpr std::size_t usual = 64;
         Pairs pairs;
+        pairs.reserve(usual);
         const std::size_t first = m_text.firstChild(placed);
         std::size_t same = first;
         const DOMElement* child = detail::firstElementIn(around);
-        for (; child != nullptr && same != 0 && m_text.isLike(same, *child); child = detail::elementAfter(*child)) {
+        const auto isAlike = [&] { return m_areAlike || m_text.isLike(same, *child); };
+        for (; child != nullptr && same != 0 && isAlike(); child = detail::elementAfter(*child)) {
             pairs.push_back({child, same});
             same = m_text.next(same);
         }
@@ -105,6 +110,7 @@ private:
 
     const DOMElement& m_root;
     const PlacedElements& m_text;
+    const bool m_areAlike;
     std::unordered_map<const DOMElement*, Pairs> m_inside;
 };
 
@@ -137,14 +143,15 @@ struct FilePlaces::Places {
 FilePlaces::FilePlaces(const ConfigInfo& document, const std::wstring& path) : m_places(std::make_unique<Places>()) {
     const std::wstring failed = L"Error FilePlaces: " + path + L": ";
     try {
-        const detail::FileState& file = detail::Document::of(document).file;
-        if (file.isOf(path)) {
+        const detail::Document& tree = detail::Document::of(document);
+        if (tree.file.isOf(path)) {
             m_places->bytes = detail::readWholeFile(path);
-            m_places->elements = scanQuickly(file, m_places->bytes);
+            m_places->elements = scanQuickly(tree.file, m_places->bytes);
         }
+        const bool areAlike = m_places->elements != nullptr && tree.isAsParsed();
         if (m_places->elements == nullptr) m_places->elements = scanStrictly(path);
         const DOMElement* const root = ElementAccess::element(rootElement(document));
-        if (root != nullptr) m_places->matching.emplace(*root, *m_places->elements);
+        if (root != nullptr) m_places->matching.emplace(*root, *m_places->elements, areAlike);
     } catch (const detail::ParseFailure& failure) {
         throw CorvaneException(failed + failure.message());
     } catch (const detail::FileError& error) {

@@ -69,6 +69,13 @@ bool isInUtf8(std::string_view text) {
     return true;
 }
 
+/// Of at most blockSize bytes; so few that the compiler can count many of them at a time.
+std::uint64_t lineEndsIn(std::string_view text) {
+    std::uint16_t count = 0;
+    for (const char character : text) count = static_cast<std::uint16_t>(count + (character == '\n' ? 1 : 0));
+    return count;
+}
+
 bool hasLoneReturn(std::string_view text) {
     for (std::size_t at = text.find('\r'); at != none; at = text.find('\r', at + 1))
         if (at + 1 == text.size() || text[at + 1] != '\n') return true;
@@ -106,7 +113,8 @@ bool TagScanner::readMarkup(std::size_t& at) {
         case '/':
             if (m_open.empty()) return false;
             m_open.pop_back();
-            return skip(at, '>');
+            at += 2;  // no other markup begins before its end
+            return true;
         case '?':
             return skip(at, "?>");
         case '!':
@@ -147,18 +155,17 @@ bool TagScanner::skip(std::size_t& at, std::string_view end) const {
 }
 
 bool TagScanner::skip(std::size_t& at, char end) const {
-    at = m_text.find(end, at);
+    if (at >= m_text.size() || m_text[at] != end) at = m_text.find(end, at);  // as a rule it stands there
     return at++ != none;
 }
 
 void TagScanner::countLines() {
     std::uint64_t lines = 0;
     m_lines.reserve(m_text.size() / blockSize + 1);
-    for (std::size_t at = m_text.find('\n'); at != none; at = m_text.find('\n', at + 1)) {
-        m_lines.resize(at / blockSize + 1, lines);
-        ++lines;
+    for (std::size_t at = 0; at <= m_text.size(); at += blockSize) {
+        m_lines.push_back(lines);
+        lines += lineEndsIn(m_text.substr(at, blockSize));
     }
-    m_lines.resize(m_text.size() / blockSize + 1, lines);
 }
 
 std::string_view TagScanner::nameOf(std::size_t element) const {
@@ -191,7 +198,7 @@ FilePlace TagScanner::place(std::size_t element) const {
     const std::size_t begin = m_tags[element].begin;
     const std::size_t block = begin / blockSize;
     const std::string_view before = m_text.substr(block * blockSize, begin - block * blockSize);
-    const std::uint64_t lines = m_lines[block] + static_cast<std::uint64_t>(std::count(before.begin(), before.end(), '\n'));
+    const std::uint64_t lines = m_lines[block] + lineEndsIn(before);
     const std::size_t lineEnd = begin == 0 ? none : m_text.rfind('\n', begin - 1);
     const std::string_view line = m_text.substr(lineEnd + 1, begin - (lineEnd + 1));  // none + 1 is 0
     std::uint64_t column = 1;
