@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "manager/layout/Grid.h"
@@ -137,13 +138,17 @@ Coverage coverageOf(const Grid& grid) {
 double offScreenOf(const Channel& channel, const Surface& surface) {
     constexpr int points = 16;
     const EdgeValues& edge = channel.tangents;
+    const Surface::Rays rays(surface, channel.eyePoint);
+    std::array<Vector, points> across;
+    for (int i = 0; i < points; ++i)
+        across[static_cast<std::size_t>(i)] =
+            times(edge.left + (edge.right - edge.left) * (i + 0.5) / points, channel.right);
     int off = 0;
-    for (int row = 0; row < points; ++row)
-        for (int column = 0; column < points; ++column) {
-            const double x = edge.left + (edge.right - edge.left) * (column + 0.5) / points;
-            const double y = edge.bottom + (edge.top - edge.bottom) * (row + 0.5) / points;
-            if (!surface.isMetBy(channel.eyePoint, directionAt(channel, x, y))) ++off;
-        }
+    for (int row = 0; row < points; ++row) {
+        const Vector upright = times(edge.bottom + (edge.top - edge.bottom) * (row + 0.5) / points, channel.up);
+        for (const Vector& beside : across)
+            if (!rays.meetIt(plus(channel.sight, plus(beside, upright)))) ++off;
+    }
     return static_cast<double>(off) / (points * points);
 }
 

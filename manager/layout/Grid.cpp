@@ -28,12 +28,25 @@ public:
             m_offsets[i] = dot(m_normals[i], channel.eyePoint);
         }
     }
-    /// The smallest of the distances from the planes, counted inwards, where it is not below `enough`.
-    [[nodiscard]] double depthOf(const Vector& point, double enough) const {
-        double depth = dot(m_normals[0], point) - m_offsets[0];
-        for (std::size_t i = 1; i < m_normals.size() && depth >= enough; ++i)
-            depth = std::min(depth, dot(m_normals[i], point) - m_offsets[i]);
-        return depth;
+    /// Takes away the planes that a block lies inside of as a whole. False where it lies outside of one as a whole.
+    [[nodiscard]] bool narrow(Crossed& crossed, const Block& block) const {
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < crossed.count; ++i) {
+            const std::size_t plane = crossed.planes[i];
+            const double depth = dot(m_normals[plane], block.centre) - m_offsets[plane];
+            if (depth < -block.radius) return false;
+            if (!(depth > block.radius)) crossed.planes[count++] = plane;
+        }
+        crossed.count = count;
+        return true;
+    }
+    /// Whether a point is inside of those planes.
+    [[nodiscard]] bool holds(const Crossed& crossed, const Vector& point) const {
+        for (std::size_t i = 0; i < crossed.count; ++i) {
+            const std::size_t plane = crossed.planes[i];
+            if (dot(m_normals[plane], point) - m_offsets[plane] < 0.0) return false;
+        }
+        return true;
     }
 
 private:
@@ -104,23 +117,22 @@ void Grid::countAll(const Block& block) {
         for (int column = block.column; column < block.endColumn; ++column) count(index(column, row));
 }
 
-void Grid::addBlock(std::size_t size, const Block& block, const Bounds& bounds) {
-    const double depth = bounds.depthOf(block.centre, -block.radius);
-    if (depth < -block.radius) return;
-    if (depth > block.radius) return countAll(block);
-    if (size + 1 == blockSizes.size()) return addPoints(block, bounds);
-    for (std::size_t i = block.firstPart; i < block.endPart; ++i) addBlock(size + 1, m_blocks[size + 1][i], bounds);
+void Grid::addBlock(std::size_t size, const Block& block, const Bounds& bounds, Crossed crossed) {
+    if (!bounds.narrow(crossed, block)) return;
+    if (crossed.count == 0) return countAll(block);
+    if (size + 1 == blockSizes.size()) return addPoints(block, bounds, crossed);
+    for (std::size_t i = block.firstPart; i < block.endPart; ++i) addBlock(size + 1, m_blocks[size + 1][i], bounds, crossed);
 }
 
-void Grid::addPoints(const Block& block, const Bounds& bounds) {
+void Grid::addPoints(const Block& block, const Bounds& bounds, const Crossed& crossed) {
     for (int row = block.row; row < block.endRow; ++row)
         for (int column = block.column; column < block.endColumn; ++column)
-            if (bounds.depthOf(pointAt(column, row), 0.0) >= 0.0) count(index(column, row));
+            if (bounds.holds(crossed, pointAt(column, row))) count(index(column, row));
 }
 
 void Grid::add(const Channel& channel) {
     const Bounds bounds(channel);
-    for (const Block& block : m_blocks[0]) addBlock(0, block, bounds);
+    for (const Block& block : m_blocks[0]) addBlock(0, block, bounds, Crossed());
 }
 
 }  // namespace XMLConfig::detail

@@ -41,6 +41,10 @@ private:
     };
     static constexpr std::array<int, 3> blockSizes = {64, 16, 4};
     class Bounds;
+    struct Crossed {  ///< the planes that bound a channel and may cut a block
+        std::array<std::size_t, 4> planes = {0, 1, 2, 3};
+        std::size_t count = 4;
+    };
 
     [[nodiscard]] std::size_t index(int column, int row) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns) + static_cast<std::size_t>(column);
@@ -53,8 +57,8 @@ private:
     void makePoints();
     void makeBlocks();
     [[nodiscard]] Block blockAt(int column, int row, int size, int endColumn, int endRow) const;
-    void addBlock(std::size_t size, const Block& block, const Bounds& bounds);
-    void addPoints(const Block& block, const Bounds& bounds);
+    void addBlock(std::size_t size, const Block& block, const Bounds& bounds, Crossed crossed);
+    void addPoints(const Block& block, const Bounds& bounds, const Crossed& crossed);
     void addParts(std::size_t size, const Block& around);
     void countAll(const Block& block);
     void count(std::size_t place);

@@ -32,6 +32,7 @@ void Surface::setBounds() {
                 levelAt(m_heights.to).centre.z - m_screen.centre.z + rounded};
     m_middle = directionAt((m_around.from + m_around.to) / 2.0);
     m_sideways = std::cos((m_around.to - m_around.from) / 2.0);
+    m_isClosed = m_around.to - m_around.from > fullTurn - rounding;
 }
 
 /// What is more than a whole sphere counts as a whole one. A cylinder without a height has the angles of a sphere.
@@ -53,7 +54,6 @@ bool Surface::setLimits() {
 }
 
 double Surface::heightStep() const { return (m_isSphere ? 1.0 : m_screen.radius) * 0.5 * degree; }
-bool Surface::isClosed() const { return m_around.to - m_around.from > fullTurn - rounding; }
 bool Surface::endsBelow() const { return !m_isSphere || m_heights.from > -pi / 2.0 + rounding; }
 bool Surface::endsAbove() const { return !m_isSphere || m_heights.to < pi / 2.0 - rounding; }
 
@@ -70,23 +70,10 @@ double Surface::areaBetween(double low, double high) const {
 double Surface::phiOf(double height) const { return m_isSphere ? height : std::atan(height / m_screen.radius); }
 double Surface::heightOf(double phi) const { return m_isSphere ? phi : m_screen.radius * std::tan(phi); }
 
-/// The far one of the two places that a ray meets on the whole surface: the eye is inside as a rule.
-bool Surface::isMetBy(const Vector& from, const Vector& direction) const {
-    Vector across = direction;
-    Vector start = minus(from, m_screen.centre);
-    if (!m_isSphere) across.z = start.z = 0.0;
-    const double a = dot(across, across);
-    const double b = dot(start, across);
-    const double c = dot(start, start) - m_screen.radius * m_screen.radius;
-    const double root = b * b - a * c;
-    if (a <= 0.0 || root < 0.0) return false;
-    const double distance = (std::sqrt(root) - b) / a;
-    return distance > 0.0 && holds(plus(minus(from, m_screen.centre), times(distance, direction)));
-}
-
-bool Surface::holds(const Vector& fromCentre) const {
-    if (fromCentre.z < m_levels.from || fromCentre.z > m_levels.to) return false;
-    return isClosed() || dot(fromCentre, m_middle) >= m_sideways * std::hypot(fromCentre.x, fromCentre.y);
+Surface::Rays::Rays(const Surface& surface, const Vector& from)
+    : m_surface(surface), m_fromCentre(minus(from, surface.m_screen.centre)), m_start(m_fromCentre) {
+    if (!surface.m_isSphere) m_start.z = 0.0;
+    m_beyond = dot(m_start, m_start) - surface.m_screen.radius * surface.m_screen.radius;
 }
 
 }  // namespace XMLConfig::detail

@@ -19,7 +19,7 @@ public:
     /// How high half a degree is.
     [[nodiscard]] double heightStep() const;
     /// Whether it goes all the way round.
-    [[nodiscard]] bool isClosed() const;
+    [[nodiscard]] bool isClosed() const { return m_isClosed; }
     /// Whether it ends below, or above, rather than at a pole.
     [[nodiscard]] bool endsBelow() const;
     [[nodiscard]] bool endsAbove() const;
@@ -40,17 +40,41 @@ public:
     /// The angle up, as seen from the centre, and back.
     [[nodiscard]] double phiOf(double height) const;
     [[nodiscard]] double heightOf(double phi) const;
-    /// Whether a ray meets it.
-    [[nodiscard]] bool isMetBy(const Vector& from, const Vector& direction) const;
+    /// The rays that leave one point.
+    class Rays {
+    public:
+        /// The surface stays the caller's.
+        Rays(const Surface& surface, const Vector& from);
+        /// Whether the ray of that direction meets the surface.
+        [[nodiscard]] bool meetIt(const Vector& direction) const {
+            const Vector across = m_surface.m_isSphere ? direction : Vector{direction.x, direction.y, 0.0};
+            const double a = dot(across, across);
+            const double b = dot(m_start, across);
+            const double root = b * b - a * m_beyond;
+            if (a <= 0.0 || root < 0.0) return false;
+            const double distance = (std::sqrt(root) - b) / a;  // the far one of two places: the eye is inside as a rule
+            return distance > 0.0 && m_surface.holds(plus(m_fromCentre, times(distance, direction)));
+        }
+
+    private:
+        const Surface& m_surface;
+        Vector m_fromCentre;
+        Vector m_start;         ///< the same, of a cylinder without its height
+        double m_beyond = 0.0;  ///< how much further than the radius the point is from the centre, in squares
+    };
 
 private:
     explicit Surface(const LayoutScreen& screen, bool isSphere) : m_screen(screen), m_isSphere(isSphere) {}
     bool setLimits();
     void setBounds();
-    [[nodiscard]] bool holds(const Vector& fromCentre) const;
+    [[nodiscard]] bool holds(const Vector& fromCentre) const {
+        if (fromCentre.z < m_levels.from || fromCentre.z > m_levels.to) return false;
+        return isClosed() || dot(fromCentre, m_middle) >= m_sideways * std::hypot(fromCentre.x, fromCentre.y);
+    }
 
     LayoutScreen m_screen;
     bool m_isSphere;
+    bool m_isClosed = false;
     Interval m_around;
     Interval m_heights;
     Interval m_levels;        ///< of m_heights, as lengths up from the centre
