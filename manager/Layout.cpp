@@ -29,10 +29,14 @@ Layout layout(const ConfigInfo& document) {
     result.cameras = detail::readCameras(document);
     result.screen = detail::readScreen(document);
     detail::readWanted(result, document);
-    result.pairs = detail::findPairs(result.channels);
-    result.rows = detail::findRows(result.channels, result.pairs);
-    result.coverage = detail::findCoverage(result.channels, result.screen);
+    detail::reckon(result);
     return result;
+}
+
+void detail::reckon(Layout& layout) {
+    layout.pairs = findPairs(layout.channels);
+    layout.rows = findRows(layout.channels, layout.pairs);
+    layout.coverage = findCoverage(layout.channels, layout.screen);
 }
 
 }  // namespace XMLConfig

@@ -40,12 +40,32 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
     return a == b;
 }
 
+/// The text of an element that holds one piece of text and nothing else; null for other elements.
+const XMLCh* onlyTextIn(const xercesc::DOMElement& element) {
+    const xercesc::DOMNode* const first = detail::firstNodeIn(element);
+    const bool isText = first != nullptr && first->getNodeType() == xercesc::DOMNode::TEXT_NODE;
+    return isText && detail::nodeAfter(*first) == nullptr ? first->getNodeValue() : nullptr;
+}
+
+/// Whether text from a tree is that text; nothing where this does not read it, because it holds characters that take two
+/// units of UTF-16.
+std::optional<bool> isSame(const XMLCh* units, const std::wstring& text) {
+    constexpr wchar_t firstSurrogate = 0xD800;
+    for (const wchar_t character : text) {
+        if (character >= firstSurrogate) return std::nullopt;
+        if (*units == 0 || static_cast<wchar_t>(*units) != character) return false;
+        ++units;
+    }
+    return *units == 0;
+}
+
 void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
     std::size_t waiting = comments.size();  // the first that waits for the element after it
     for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::nodeAfter(*node)) {
-        if (node->getNodeType() == xercesc::DOMNode::COMMENT_NODE) {
+        const auto type = node->getNodeType();
+        if (type == xercesc::DOMNode::COMMENT_NODE) {
             comments.push_back({ElementAccess::view(&around), {}, detail::fromUtf16(detail::view(node->getNodeValue()))});
-        } else if (node->getNodeType() == xercesc::DOMNode::ELEMENT_NODE) {
+        } else if (type == xercesc::DOMNode::ELEMENT_NODE) {
             const auto& element = static_cast<const xercesc::DOMElement&>(*node);
             for (; waiting < comments.size(); ++waiting) comments[waiting].next = ElementAccess::view(&element);
             addComments(comments, element);
@@ -94,7 +114,10 @@ std::wstring ElementView::text() const {
 }
 
 bool ElementView::isText(const std::wstring& text) const {
-    return m_element == nullptr ? text.empty() : detail::hasText(*elementOf(*this), text);
+    if (m_element == nullptr) return text.empty();
+    const XMLCh* const only = onlyTextIn(*elementOf(*this));
+    const std::optional<bool> known = only == nullptr ? std::nullopt : isSame(only, text);
+    return known ? *known : detail::hasText(*elementOf(*this), text);
 }
 
 ElementView ElementView::firstChild() const {

@@ -9,6 +9,9 @@ namespace XMLConfig::detail {
 
 /// What separates the pieces of stored points, lists and tables.
 inline constexpr const wchar_t* listDelimiters = L" ,\n\t";
+inline bool isListDelimiter(wchar_t character) {
+    return character == L' ' || character == L',' || character == L'\n' || character == L'\t';
+}
 
 /// The non-empty pieces of a stored point, list or table.
 inline std::vector<std::wstring> tokensOf(const std::wstring& text) {

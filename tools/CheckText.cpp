@@ -18,13 +18,13 @@ using XMLConfig::Severity;
 using Place = CheckedFile::Place;
 
 /// Findings of one rule that may share a line have the same.
-std::wstring wordsOf(const Finding& finding) {
+std::wstring_view wordsOf(const Finding& finding) {
     if (finding.rule == L"XC901") return L"has no effect now";  // what switches it off may differ
     return finding.message;
 }
 
 /// The findings of a rule that may share a line, as indices in their order, by severity and words.
-using Alike = std::map<std::pair<Severity, std::wstring>, std::vector<std::size_t>>;
+using Alike = std::map<std::pair<Severity, std::wstring_view>, std::vector<std::size_t>>;
 
 std::wstring shownAddress(const Finding& finding, const Showing& showing) {
     try {
@@ -63,13 +63,14 @@ private:
     /// The findings of one rule from `begin` up to `end`.
     void addRule(std::wstring& text, std::size_t begin, std::size_t end) const {
         Alike alike;
-        const auto groupOf = [&](std::size_t index) -> std::vector<std::size_t>& {
-            const Finding& finding = m_checked.findings[index].finding;
-            return alike[{finding.severity, wordsOf(finding)}];
-        };
-        for (std::size_t i = begin; i < end; ++i) groupOf(i).push_back(i);
+        std::vector<std::vector<std::size_t>*> groups;
         for (std::size_t i = begin; i < end; ++i) {
-            const std::vector<std::size_t>& group = groupOf(i);
+            const Finding& finding = m_checked.findings[i].finding;
+            groups.push_back(&alike[{finding.severity, wordsOf(finding)}]);
+            groups.back()->push_back(i);
+        }
+        for (std::size_t i = begin; i < end; ++i) {
+            const std::vector<std::size_t>& group = *groups[i - begin];
             if (group.size() <= mostLines) text += line(m_checked.findings[i]);
             else if (group.front() == i) text += sharedLine(group);
         }

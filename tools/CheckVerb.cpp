@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <numeric>
+#include <tuple>
 
 #include "platform/Utf8.h"
 #include "store/CorvaneException.h"
@@ -52,28 +52,44 @@ private:
     std::unique_ptr<XMLConfig::FilePlaces> m_places;
 };
 
+/// When a finding is told: those of one group have the same severity and rule.
+struct Turn {
+    std::size_t group = 0;
+    unsigned long long line = 0;
+    std::size_t index = 0;
+    bool operator<(const Turn& other) const {
+        return std::tie(group, line, index) < std::tie(other.group, other.line, other.index);
+    }
+};
+
 /// The findings come by severity and rule; within these they are told by line.
+std::vector<Turn> turnsOf(const std::vector<Finding>& findings, const LineFinder& lines) {
+    const auto isOfOneRule = [](const Finding& one, const Finding& other) {
+        return one.severity == other.severity && one.rule == other.rule;
+    };
+    std::vector<Turn> turns;
+    turns.reserve(findings.size());
+    std::size_t group = 0;
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        if (i > 0 && !isOfOneRule(findings[i - 1], findings[i])) ++group;
+        turns.push_back({group, lines.of(findings[i].element).value_or(0), i});
+    }
+    if (!std::is_sorted(turns.begin(), turns.end())) std::sort(turns.begin(), turns.end());
+    return turns;
+}
+
 std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const ConfigInfo& document,
                                           const std::string& file) {
     std::vector<CheckedFile::Place> result;
     if (findings.empty()) return result;
     const LineFinder lines(document, file);
-    std::vector<std::size_t> order(findings.size());
-    std::vector<unsigned long long> found;
-    found.reserve(findings.size());
-    for (const Finding& finding : findings) found.push_back(lines.of(finding.element).value_or(0));
-    std::iota(order.begin(), order.end(), 0U);
-    const auto isBefore = [&](std::size_t a, std::size_t b) {
-        if (findings[a].severity != findings[b].severity) return findings[a].severity < findings[b].severity;
-        if (findings[a].rule != findings[b].rule) return findings[a].rule < findings[b].rule;
-        return found[a] < found[b];
-    };
-    if (!std::is_sorted(order.begin(), order.end(), isBefore)) std::stable_sort(order.begin(), order.end(), isBefore);
-    for (const std::size_t index : order) {
-        const std::optional<unsigned long long> line = found[index] == 0 ? std::nullopt : std::optional(found[index]);
-        result.push_back({std::move(findings[index]), line, {}});
-        for (const XMLConfig::FindingPlace& other : result.back().finding.places)
-            result.back().otherLines.push_back(lines.of(other.element));
+    result.reserve(findings.size());
+    for (const Turn& turn : turnsOf(findings, lines)) {
+        CheckedFile::Place& place = result.emplace_back();
+        place.finding = std::move(findings[turn.index]);
+        if (turn.line != 0) place.line = turn.line;
+        for (const XMLConfig::FindingPlace& other : place.finding.places)
+            place.otherLines.push_back(lines.of(other.element));
     }
     return result;
 }

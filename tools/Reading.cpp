@@ -72,7 +72,7 @@ std::wstring withFaultLine(const std::wstring& message, const std::string& file)
 void requireConfiguration(const ConfigInfo& document, const std::wstring& name) {
     const std::wstring root = XMLConfig::rootElement(document).name();
     if (root != L"ConfigInfo") throw Unreadable(name + L": is no configuration, its root element is \"" + root + L"\"");
-    const std::wstring version = XMLConfig::findElement(document, {L"Version", L"", L"", L"", L""}).text();
+    const std::wstring version = XMLConfig::rootElement(document).child(L"Version").text();
     if (version.empty()) throw Unreadable(name + L": is no configuration, it has no version");
     if (!(document.getVersion() > 0.0))
         throw Unreadable(name + L": is no configuration, its version is \"" + version + L"\"");

@@ -78,7 +78,7 @@ void checkState(ChannelCheck& check, const CheckedSection& projector) {
 void checkDegrees(Findings& findings, const CheckedSection& section) {
     for (const CheckedItem& item : section.items) {
         if (item.setting == nullptr || item.setting->unit != Unit::Radians || item.hiddenBy || item.holdsElements) continue;
-        for (const double number : numbersOf(item.text)) {
+        for (const double number : item.content.numbers()) {
             if (!(std::abs(number) > fullTurn) || !std::isfinite(number)) continue;
             const Place place = placeOf(section, item);
             Finding& finding =
@@ -187,7 +187,7 @@ bool isPartOfScreen(double low, double high) {
     return isInside(low) && isInside(high) && (!areBothKnown || low < high);
 }
 
-ChannelCheck::ChannelCheck(Findings& all) : findings(all), layout(XMLConfig::layout(all.document)) {
+ChannelCheck::ChannelCheck(Findings& all) : findings(all), layout(layoutOf(all)) {
     for (std::size_t i = 0; i < layout.channels.size(); ++i) m_indices.emplace(layout.channels[i].id, i);
 }
 

@@ -29,6 +29,9 @@ constexpr double unknownArea = -1000.0;
 /// Whether the edges of a projector's part of the screen are in order and on the screen, as far as they are known.
 [[nodiscard]] bool isPartOfScreen(double low, double high);
 
+/// What XMLConfig::layout gives, without the cameras, from what has been read already.
+Layout layoutOf(const Findings& findings);
+
 void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector);
 
 // These rules compare neighbours and are asked only where every channel is usable.

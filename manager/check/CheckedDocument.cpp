@@ -36,7 +36,11 @@ public:
         section.isKnown = keys.isKnown;
         if (!section.isKnown) return;
         ++m_number;
+        section.items.reserve(keys.usualItems);
+        section.m_places.reserve(keys.usualItems);
         addChildren(section, keys, section.element, nullptr);
+        constexpr std::size_t most = 128;  // lest a large section make many small ones large
+        keys.usualItems = std::min(section.items.size(), most);
         order(section);
     }
 
@@ -57,6 +61,8 @@ private:
         SharedText& text = isGroup || holdsElements ? keys.noText() : keys.textOf(child, key);
         if (!isHidden) section.m_places.push_back({key.number, section.items.size()});
         section.items.emplace_back(child, key, text, holdsElements, earlier);
+        key.repeats = isHidden ? key.repeats + 1 : 0;
+        section.items.back().isSecond = key.repeats == 1;
         if (isHidden) return;
         key.section = m_number;
         key.element = child;
@@ -82,7 +88,10 @@ CheckedSection::CheckedSection(const ElementView& place, std::wstring name, cons
       m_isDevice(!id.empty() && isDeviceSection(tag)) {}
 
 const CheckedItem* CheckedSection::find(std::wstring_view key) const {
-    const SectionKey* const known = m_keys == nullptr ? nullptr : m_keys->find(key);
+    return m_keys == nullptr ? nullptr : find(m_keys->asked(key).met);
+}
+
+const CheckedItem* CheckedSection::find(const SectionKey* known) const {
     if (known == nullptr) return nullptr;
     const auto isBefore = [](const Place& place, std::size_t number) { return place.number < number; };
     const auto found = std::lower_bound(m_places.begin(), m_places.end(), known->number, isBefore);
@@ -171,57 +180,37 @@ const KeysOfTag& CheckedDocument::keysOf(std::wstring_view tag) const {
 }
 
 const ReadValue& CheckedDocument::read(const CheckedSection& section, std::wstring_view key) const {
-    const CheckedItem* const item = section.find(key);
+    const AskedKey& asked = (section.m_keys == nullptr ? keysOf(section.tag) : *section.m_keys).asked(key);
+    const CheckedItem* const item = section.m_keys == nullptr ? nullptr : section.find(asked.met);
     const ReadValue* const value = item == nullptr ? nullptr : valueOf(*item);
-    return value != nullptr ? *value : inherited(section.m_keys == nullptr ? keysOf(section.tag) : *section.m_keys, key);
+    return value != nullptr ? *value : inherited(asked);
 }
 
 // A missing section, too, has defaults.
 const ReadValue& CheckedDocument::read(std::wstring_view tag, std::wstring_view key) const {
     const CheckedSection* const found = at(m_firstOfTag, tag);
-    return found == nullptr ? inherited(keysOf(tag), key) : read(*found, key);
+    return found == nullptr ? inherited(keysOf(tag).asked(key)) : read(*found, key);
 }
 
-const ReadValue& CheckedDocument::inherited(const KeysOfTag& keys, std::wstring_view key) const {
-    static const ReadValue none{std::wstring()};
-    const MissingValue& missing = keys.missing(key);
-    if (missing.setting == nullptr) return none;
-    if (missing.setting->inheritsFrom.empty()) return *missing.byDefault;
-    const CheckedItem* const above = section(missing.setting->inheritsFrom).find(key);
+const ReadValue& CheckedDocument::inherited(const AskedKey& key) const {
+    if (key.setting == nullptr) return m_nothing;
+    if (key.setting->inheritsFrom.empty()) return *key.byDefault;
+    const CheckedItem* const above = section(key.setting->inheritsFrom).find(key.text);
     const ReadValue* const value = above == nullptr ? nullptr : valueOf(*above);
-    return value == nullptr ? *missing.byDefault : *value;
+    return value == nullptr ? *key.byDefault : *value;
 }
-
-namespace {
-
-Point_3Dim<double> pointOf(const std::wstring& text) {
-    const std::vector<double> values = numbersOf(text);
-    return values.size() == 3 ? Point_3Dim<double>{values[0], values[1], values[2]} : Point_3Dim<double>{};
-}
-
-}  // namespace
 
 std::vector<double> CheckedDocument::numbers(const CheckedSection& section, std::wstring_view key) const {
     return numbersOf(text(section, key));
 }
 Point_3Dim<double> CheckedDocument::point(const CheckedSection& section, std::wstring_view key) const {
-    return pointOf(text(section, key));
+    return read(section, key).point();
 }
 Point_3Dim<double> CheckedDocument::point(std::wstring_view tag, std::wstring_view key) const {
-    return pointOf(text(tag, key));
+    return read(tag, key).point();
 }
 
 const ReadValue* valueOf(const CheckedItem& item) { return item.holdsElements ? nullptr : item.content.value(); }
-
-std::vector<double> numbersOf(std::wstring_view text) {
-    std::vector<double> numbers;
-    for (std::size_t at = text.find_first_not_of(listDelimiters); at != std::wstring_view::npos;) {
-        const std::size_t end = std::min(text.find_first_of(listDelimiters, at), text.size());
-        numbers.push_back(leadingDouble(text.substr(at, end - at)));
-        at = text.find_first_not_of(listDelimiters, end);
-    }
-    return numbers;
-}
 
 std::wstring childText(const ElementView& element, const std::wstring& name) { return element.child(name).text(); }
 

@@ -39,7 +39,8 @@ struct CheckedItem {
     const Setting* setting;       ///< null where the catalogue knows none
     Kind kind;
     bool holdsElements;
-    ElementView hiddenBy;  ///< the earlier one of the same name and ID, which the application reads
+    ElementView hiddenBy;   ///< the earlier one of the same name and ID, which the application reads
+    bool isSecond = false;  ///< whether it is the first that is hidden by that one
 };
 
 /// A child of the root that is no header element.
@@ -75,6 +76,8 @@ private:
     friend class SectionReader;
     friend class CheckedDocument;
 
+    [[nodiscard]] const CheckedItem* find(const SectionKey* key) const;
+
     struct Place {
         std::size_t number;  // of the key
         std::size_t item;
@@ -105,13 +108,13 @@ public:
     // What the application reads: the stored text, else what is inherited, else the default.
 
     [[nodiscard]] const std::wstring& text(const CheckedSection& section, std::wstring_view key) const {
-        return read(section, key).text;
+        return read(section, key).text();
     }
     [[nodiscard]] double number(const CheckedSection& section, std::wstring_view key) const {
-        return read(section, key).number;
+        return read(section, key).number();
     }
     [[nodiscard]] int integer(const CheckedSection& section, std::wstring_view key) const {
-        return read(section, key).integer;
+        return read(section, key).integer();
     }
     [[nodiscard]] bool flag(const CheckedSection& section, std::wstring_view key) const {
         return text(section, key) == L"true";
@@ -120,10 +123,10 @@ public:
     [[nodiscard]] Point_3Dim<double> point(const CheckedSection& section, std::wstring_view key) const;
     // What the application reads in the first section of a name.
     [[nodiscard]] const std::wstring& text(std::wstring_view tag, std::wstring_view key) const {
-        return read(tag, key).text;
+        return read(tag, key).text();
     }
-    [[nodiscard]] double number(std::wstring_view tag, std::wstring_view key) const { return read(tag, key).number; }
-    [[nodiscard]] int integer(std::wstring_view tag, std::wstring_view key) const { return read(tag, key).integer; }
+    [[nodiscard]] double number(std::wstring_view tag, std::wstring_view key) const { return read(tag, key).number(); }
+    [[nodiscard]] int integer(std::wstring_view tag, std::wstring_view key) const { return read(tag, key).integer(); }
     [[nodiscard]] bool flag(std::wstring_view tag, std::wstring_view key) const { return text(tag, key) == L"true"; }
     [[nodiscard]] Point_3Dim<double> point(std::wstring_view tag, std::wstring_view key) const;
 
@@ -133,8 +136,9 @@ private:
     [[nodiscard]] const KeysOfTag& keysOf(std::wstring_view tag) const;
     [[nodiscard]] const ReadValue& read(const CheckedSection& section, std::wstring_view key) const;
     [[nodiscard]] const ReadValue& read(std::wstring_view tag, std::wstring_view key) const;
-    [[nodiscard]] const ReadValue& inherited(const KeysOfTag& keys, std::wstring_view key) const;
+    [[nodiscard]] const ReadValue& inherited(const AskedKey& key) const;
 
+    const ReadValue m_nothing{std::wstring()};
     mutable std::map<std::wstring, KeysOfTag, std::less<>> m_keys;
     std::vector<CheckedSection> m_sections;
     std::vector<const CheckedSection*> m_projectors;
@@ -147,8 +151,6 @@ private:
 
 /// The value that a stored text of the setting gives; null where it counts as missing.
 const ReadValue* valueOf(const CheckedItem& item);
-/// The numbers that begin the pieces of a text.
-std::vector<double> numbersOf(std::wstring_view text);
 /// The text of the first child of that name; "" without one.
 std::wstring childText(const ElementView& element, const std::wstring& name);
 /// The address of an element of a document.

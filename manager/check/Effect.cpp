@@ -32,7 +32,7 @@ void checkItemEffect(Findings& findings, const CheckedSection& section, const Ch
     if (item.setting == nullptr || !item.setting->countsWhile || item.hiddenBy) return;
     const EffectCondition& condition = *item.setting->countsWhile;
     const ReadValue* const value = valueOf(item);
-    if (value == nullptr || isOrdinary(*item.setting, value->text) || counts(findings, section, condition)) return;
+    if (value == nullptr || isOrdinary(*item.setting, value->text()) || counts(findings, section, condition)) return;
     const std::wstring& tag = condition.section.empty() ? section.tag : condition.section;
     const CheckedSection& other = condition.section.empty() ? section : findings.read.section(tag);
     std::wstring name = tag + L"/" + condition.key;

@@ -82,13 +82,20 @@ const CheckRule& Findings::ruleOf(const wchar_t* id) {
     return *known;
 }
 
-Finding& Findings::add(const wchar_t* rule, Severity severity, const Place& place, const std::wstring& message) {
+Finding& Findings::add(const wchar_t* rule, Severity severity, Place place, std::wstring message) {
     if (!wants(rule)) {
         m_unwanted = Finding();
         return m_unwanted;
     }
-    m_findings.push_back({rule, ruleOf(rule).name, severity, place.element, place.address, place.device, message, {}, {}});
-    return m_findings.back();
+    Finding& finding = m_findings.emplace_back();
+    finding.rule = rule;
+    finding.name = ruleOf(rule).name;
+    finding.severity = severity;
+    finding.element = place.element;
+    finding.address = std::move(place.address);
+    finding.device = std::move(place.device);
+    finding.message = std::move(message);
+    return finding;
 }
 
 std::vector<Finding> Findings::inOrder() {
@@ -126,7 +133,7 @@ Place placeOf(const Findings& findings, std::wstring_view tag, std::wstring_view
     return {ElementView(), addressText({std::wstring(tag), L"", L"", L"", std::wstring(key)}), L""};
 }
 
-FindingPlace otherPlace(const Place& place, const std::wstring& text) { return {place.element, place.address, text}; }
+FindingPlace otherPlace(Place place, const std::wstring& text) { return {place.element, std::move(place.address), text}; }
 
 std::vector<std::wstring> setCommand(const Place& place, const std::wstring& text) {
     return {L"set", L"FILE", place.address + L"=" + text};

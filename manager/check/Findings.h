@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <optional>
 #include <set>
 #include <unordered_map>
@@ -37,7 +38,7 @@ public:
     /// Whether anything was found by that rule.
     [[nodiscard]] bool holds(std::wstring_view rule) const;
     /// The new finding, to be completed; good until the next one is added.
-    Finding& add(const wchar_t* rule, Severity severity, const Place& place, const std::wstring& message);
+    Finding& add(const wchar_t* rule, Severity severity, Place place, std::wstring message);
     /// Marks what comments accept, and finds those that accept what is not there.
     void accept();
     std::vector<Finding> inOrder();
@@ -52,7 +53,7 @@ private:
     std::vector<std::wstring> m_lookedFor;  // the rules; all where empty
 
     std::unordered_map<const wchar_t*, const CheckRule*> m_rules;  // by the IDs as the sources write them
-    std::vector<Finding> m_findings;
+    std::deque<Finding> m_findings;  // of which there may be very many: no vector, which would have them twice to grow
     Finding m_unwanted;
 };
 
@@ -62,7 +63,7 @@ private:
 [[nodiscard]] Place placeOf(const CheckedSection& section, std::wstring_view key);
 /// The place of a key in the first section of that name.
 [[nodiscard]] Place placeOf(const Findings& findings, std::wstring_view tag, std::wstring_view key);
-[[nodiscard]] FindingPlace otherPlace(const Place& place, const std::wstring& text = L"");
+[[nodiscard]] FindingPlace otherPlace(Place place, const std::wstring& text = L"");
 
 /// The command that stores a text.
 [[nodiscard]] std::vector<std::wstring> setCommand(const Place& place, const std::wstring& text);

@@ -74,32 +74,41 @@ private:
         else if (item.kind == CheckedItem::Kind::Value) checkValue(section, item);
     }
 
-    /// The next one after the element with its name and ID.
-    static ElementView nextLike(const ElementView& element) {
-        ElementView next = element.next();
-        while (next && (!next.isNamedLike(element) || next.id() != element.id())) next = next.next();
-        return next;
-    }
-
     /// "unset" takes the first, after which the second is read; it reaches only what stands directly in a section.
     void checkHidden(const CheckedSection& section, const CheckedItem& item) {
         Finding& finding = add(L"XC106", Severity::Warning, section, item, hidden);
         addHidden(finding, item.hiddenBy);
         const bool isReached = !section.hiddenBy && !lacksID(section) && item.element.parent() == section.element;
-        if (isReached && nextLike(item.hiddenBy) == item.element && haveEqualContents(item.element, item.hiddenBy))
+        if (isReached && item.isSecond && haveEqualContents(item.element, item.hiddenBy))
             finding.mend = {MendSafety::Safe, {unsetCommand(placeOf(section, item))}};
     }
 
     static bool lacksID(const CheckedSection& section) { return isDeviceSection(section.tag) && section.id.empty(); }
 
+    /// What is known of a key that the catalogue does not know; found once, however many devices hold the key.
+    struct UnknownKey {
+        bool mayStand = false;             ///< whether the section may hold it
+        const wchar_t* release = nullptr;  ///< since when it is gone; null for what never was
+        std::wstring near;                 ///< the known key that is probably meant; "" where none is near
+    };
+
     void checkUnknown(const CheckedSection& section, const CheckedItem& item) {
-        if (isOpenSection(section.tag) || item.key == L"OldSectionID") return;
-        if (const wchar_t* const release = releaseWithout(section.tag, item.key)) {
-            Finding& finding = add(L"XC112", Severity::Note, section, item, L"has been gone since " + std::wstring(release));
-            finding.mend = {MendSafety::Asked, {unsetCommand(placeOf(section, item))}};
-            return;
-        }
-        addUnknown(section, item, nearestKey(section.tag, item.key));
+        const auto [place, isNew] = m_unknown.try_emplace(&item.sharedKey);
+        UnknownKey& key = place->second;
+        if (isNew) key = lookUp(section.tag, item.key);
+        if (key.mayStand) return;
+        if (key.release == nullptr) return addUnknown(section, item, key.near);
+        Finding& finding = add(L"XC112", Severity::Note, section, item, L"has been gone since " + std::wstring(key.release));
+        finding.mend = {MendSafety::Asked, {unsetCommand(placeOf(section, item))}};
+    }
+
+    static UnknownKey lookUp(const std::wstring& tag, const std::wstring& key) {
+        if (isOpenSection(tag) || key == L"OldSectionID") return {true, nullptr, L""};
+        if (const wchar_t* const release = releaseWithout(tag, key)) return {false, release, L""};
+        std::vector<std::wstring> keys;
+        for (const Setting& setting : settingsOfSection(tag)) keys.push_back(setting.key);
+        const std::wstring* const near = nearest(key, keys);
+        return {false, nullptr, near == nullptr ? L"" : *near};
     }
 
     void addUnknown(const CheckedSection& section, const CheckedItem& item, const std::wstring& near) {
@@ -116,17 +125,6 @@ private:
         if (item.holdsElements || section.holds(near) || isOneOfMany) return;
         finding.mend = {MendSafety::Asked,
                         {setCommand(placeOf(section, near), item.text), unsetCommand(placeOf(section, item))}};
-    }
-
-    /// The known key that the unknown one is probably meant to be; "" where none is near. It is looked for once for each
-    /// key, however many devices hold that.
-    const std::wstring& nearestKey(const std::wstring& tag, const std::wstring& key) {
-        const auto [place, isNew] = m_nearest.emplace(tag + L"/" + key, std::wstring());
-        if (!isNew) return place->second;
-        std::vector<std::wstring> keys;
-        for (const Setting& setting : settingsOfSection(tag)) keys.push_back(setting.key);
-        if (const std::wstring* const near = nearest(key, keys)) place->second = *near;
-        return place->second;
     }
 
     /// Of devices that hold the same text one after the other, only the first is looked at where all is well with it.
@@ -151,7 +149,9 @@ private:
 
     void addWrongType(const CheckedSection& section, const CheckedItem& item) {
         const Setting& setting = *item.setting;
-        const std::wstring read = shortText(m_findings.read.text(section, item.key), setting.type);
+        const auto [place, isNew] = m_readInstead.try_emplace(&item.content);
+        if (isNew) place->second = shortText(m_findings.read.text(section, item.key), setting.type);
+        const std::wstring& read = place->second;
         Finding& finding =
             add(L"XC103", Severity::Error, section, item,
                 quoted(item.text) + L" is not of type " + nameOf(setting.type) + L"; the application reads " + read);
@@ -197,7 +197,7 @@ private:
     }
 
     void checkNumbers(const CheckedSection& section, const CheckedItem& item) {
-        const std::vector<double> numbers = numbersOf(item.text);
+        const std::vector<double>& numbers = item.content.numbers();
         const auto isFinite = [](double number) { return std::isfinite(number); };
         if (!std::all_of(numbers.begin(), numbers.end(), isFinite)) {
             add(L"XC113", Severity::Error, section, item, L"is not a number");
@@ -238,7 +238,8 @@ private:
 
     Findings& m_findings;
     std::size_t m_added = 0;
-    std::unordered_map<std::wstring, std::wstring> m_nearest;
+    std::unordered_map<const SectionKey*, UnknownKey> m_unknown;
+    std::unordered_map<const SharedText*, std::wstring> m_readInstead;  // as shown, for texts of a wrong type
 };
 
 }  // namespace

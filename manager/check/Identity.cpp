@@ -70,17 +70,16 @@ void checkSameMAC(Findings& findings) {
 }
 
 void checkSameName(Findings& findings, const Devices& devices) {
-    std::map<std::wstring, const CheckedSection*> owners;
+    std::unordered_map<std::wstring_view, const CheckedSection*> owners;
     for (const CheckedSection* device : devices) {
         const std::wstring& name = device->stored(L"Name");
         if (name.empty()) continue;
         const auto [owner, isNew] = owners.emplace(name, device);
         if (isNew) continue;
-        const Place other = placeOf(*owner->second);
         findings
             .add(L"XC206", Severity::Warning, placeOf(*device, L"Name"),
-                 quoted(name) + L" is also the name of " + other.address)
-            .places = {otherPlace(placeOf(*owner->second, L"Name"), name)};
+                 quoted(name) + L" is also the name of " + owner->second->address())
+            .places.push_back(otherPlace(placeOf(*owner->second, L"Name"), name));
     }
 }
 

@@ -6,6 +6,8 @@
 #include "manager/SettingSearch.h"
 #include "platform/Numbers.h"
 #include "store/Address.h"
+#include "store/TextForms.h"
+#include "store/Tokens.h"
 
 namespace XMLConfig::detail {
 namespace {
@@ -18,27 +20,89 @@ bool isNameOfSections(const std::wstring& tag) {
 /// The ID in the way the catalogue's keys have it.
 std::wstring withID(const std::wstring& name, const std::wstring& id) { return id.empty() ? name : name + L"[" + id + L"]"; }
 
+std::optional<Point_3Dim<double>> pointOf(const std::vector<double>& numbers) {
+    if (numbers.size() != 3) return std::nullopt;
+    return Point_3Dim<double>{numbers[0], numbers[1], numbers[2]};
+}
+
 ReadValue defaultOf(const Setting& setting) { return ReadValue(setting.defaultText); }
 
 }  // namespace
 
-ReadValue::ReadValue(std::wstring read)
-    : text(std::move(read)), number(leadingDouble(text)), integer(leadingInteger(text)) {}
+const std::wstring& ReadValue::text() const {
+    if (!m_text) m_text = m_point ? textOf(*m_point) : textOf(*m_number);
+    return *m_text;
+}
+
+double ReadValue::number() const {
+    if (!m_number) m_number = leadingDouble(text());
+    return *m_number;
+}
+
+int ReadValue::integer() const {
+    if (!m_integer) m_integer = leadingInteger(text());
+    return *m_integer;
+}
+
+Point_3Dim<double> ReadValue::point() const {
+    return m_point ? *m_point : pointOf(numbersOf(text())).value_or(Point_3Dim<double>{});
+}
 
 const ReadValue* SharedText::value() const {
-    if (!m_isRead) {
-        std::optional<std::wstring> read = textAsRead(text, m_setting == nullptr ? SettingType::Text : m_setting->type);
-        if (read) m_value.emplace(std::move(*read));
-        m_isRead = true;
-    }
+    if (!m_isRead) m_value = read();
+    m_isRead = true;
     return m_value ? &*m_value : nullptr;
+}
+
+std::optional<ReadValue> SharedText::read() const {
+    const SettingType type = m_setting == nullptr ? SettingType::Text : m_setting->type;
+    if (type == SettingType::Double) return ReadValue(leadingDouble(text));
+    if (type == SettingType::Point3) {
+        const std::optional<Point_3Dim<double>> point = pointOf(numbers());
+        return point ? std::optional<ReadValue>(ReadValue(*point)) : std::nullopt;
+    }
+    std::optional<std::wstring> read = textAsRead(text, type);
+    return read ? std::optional<ReadValue>(ReadValue(std::move(*read))) : std::nullopt;
+}
+
+const std::vector<double>& SharedText::numbers() const {
+    if (m_numbers) return *m_numbers;
+    const bool isOneNumber = m_setting != nullptr && m_setting->type == SettingType::Double && !text.empty() &&
+                             std::none_of(text.begin(), text.end(), isListDelimiter);
+    m_numbers = isOneNumber ? std::vector<double>{value()->number()} : numbersOf(text);
+    return *m_numbers;
+}
+
+std::vector<double> numbersOf(std::wstring_view text) {
+    std::vector<double> numbers;
+    for (auto at = text.begin(); at != text.end();) {
+        at = std::find_if_not(at, text.end(), isListDelimiter);
+        const auto end = std::find_if(at, text.end(), isListDelimiter);
+        if (at != end) numbers.push_back(leadingDouble({&*at, static_cast<std::size_t>(end - at)}));
+        at = end;
+    }
+    return numbers;
 }
 
 KeysOfTag::KeysOfTag(std::wstring name) : tag(std::move(name)), isKnown(isNameOfSections(tag)) {}
 
-const SectionKey* KeysOfTag::find(std::wstring_view key) const {
-    const auto found = m_byText.find(key);
-    return found == m_byText.end() ? nullptr : found->second;
+const AskedKey& KeysOfTag::asked(std::wstring_view key) const {
+    const AskedKey*& last = m_lastAsked[reinterpret_cast<std::uintptr_t>(key.data()) / sizeof(wchar_t) % m_lastAsked.size()];
+    if (last == nullptr || last->text != key) last = askedFirst(key);
+    return *last;
+}
+
+const AskedKey* KeysOfTag::askedFirst(std::wstring_view key) const {
+    const auto known = m_askedByText.find(key);
+    if (known != m_askedByText.end()) return known->second;
+    AskedKey& asked = m_asked.emplace_back();
+    asked.text = key;
+    const auto met = m_byText.find(key);
+    if (met != m_byText.end()) asked.met = met->second;
+    asked.setting = knownSetting({tag, L"", L"", L"", asked.text});
+    if (asked.setting != nullptr) asked.byDefault = defaultOf(*asked.setting);
+    m_askedByText.emplace(asked.text, &asked);
+    return &asked;
 }
 
 SectionKey& KeysOfTag::keyOf(const ElementView& child, SectionKey* group, SectionKey* before) {
@@ -73,15 +137,6 @@ SharedText& KeysOfTag::textOf(const ElementView& element, SectionKey& key) {
     if (key.lastText == nullptr || !element.isText(key.lastText->text))
         key.lastText = &m_texts.emplace_back(element.text(), key.setting);
     return *key.lastText;
-}
-
-const MissingValue& KeysOfTag::missing(std::wstring_view key) const {
-    const auto [place, isNew] = m_missing.try_emplace(std::wstring(key));
-    MissingValue& value = place->second;
-    if (!isNew) return value;
-    value.setting = knownSetting({tag, L"", L"", L"", place->first});
-    if (value.setting != nullptr) value.byDefault = defaultOf(*value.setting);
-    return value;
 }
 
 }  // namespace XMLConfig::detail

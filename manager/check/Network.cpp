@@ -1,4 +1,7 @@
+#include <algorithm>
 #include <map>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "manager/DeviceAddresses.h"
 #include "manager/check/Findings.h"
@@ -20,6 +23,12 @@ struct Station {
     std::wstring id;       ///< of the device at that address or port; "" where there is one only
     bool isProjector = false;
     bool isBlackBox = false;
+};
+
+/// Stations at one address or port that do not get in each other's way.
+struct Sharers {
+    const Station* first = nullptr;
+    std::unordered_map<std::wstring_view, const Station*> projectors;  // by what each has of its own there
 };
 
 bool isType(const ElementView& connection, const std::wstring& type) {
@@ -96,7 +105,7 @@ private:
         const auto own = ipv4Of(address);
         const auto mask = ipv4Of(childText(snippet, L"subnetMask"));
         if (!own || !mask) return;
-        m_networks.emplace(*own & *mask, *mask);
+        m_networks[*mask].insert(*own & *mask);
         const std::wstring gatewayText = childText(snippet, L"defaultGateway");
         const auto gateway = ipv4Of(gatewayText);
         if (gateway && *gateway != 0 && (*gateway & *mask) != (*own & *mask))
@@ -150,7 +159,7 @@ private:
     // Addresses.
 
     void checkAddresses() {
-        std::map<std::uint32_t, std::vector<const Station*>> byAddress;
+        std::unordered_map<std::uint32_t, Sharers> byAddress;
         for (const Station& station : m_network) {
             const std::optional<std::uint32_t> address = ipv4Of(station.address);
             if (!address) add(L"XC703", Severity::Warning, station.place, quoted(station.address) + L" is no IPv4 address");
@@ -158,39 +167,44 @@ private:
         }
     }
 
-    /// Projectors may share an address where each has a port of its own. Of many that share one, each is compared with the
-    /// first of its kind only.
-    void checkSameAddress(std::vector<const Station*>& earlier, const Station& station) {
-        for (const Station* other : earlier) {
-            if (station.isProjector && other->isProjector && station.port != other->port) continue;
-            const bool haveOwnIDs = station.isProjector && other->isProjector && station.id != other->id;
-            m_findings
-                .add(L"XC701", haveOwnIDs ? Severity::Warning : Severity::Error, station.place,
-                     station.address + L" is used by " + other->title + L" and " + station.title)
-                .places = {otherPlace(other->place)};
-            return;
-        }
-        earlier.push_back(&station);
+    /// Projectors may share an address where each has a port of its own.
+    void checkSameAddress(Sharers& sharers, const Station& station) {
+        const Station* const other = rivalOf(sharers, station, station.port);
+        if (other == nullptr) return;
+        const bool haveOwnIDs = station.isProjector && other->isProjector && station.id != other->id;
+        m_findings
+            .add(L"XC701", haveOwnIDs ? Severity::Warning : Severity::Error, station.place,
+                 station.address + L" is used by " + other->title + L" and " + station.title)
+            .places = {otherPlace(other->place)};
     }
 
     void checkPorts() {
-        std::map<std::wstring, std::vector<const Station*>> byPort;
+        std::unordered_map<std::wstring, Sharers> byPort;
         for (const Station& station : m_serial)
             if (!station.port.empty()) checkSamePort(byPort[lowerAscii(station.port)], station);
     }
 
     /// Several projectors on one line are told apart by their IDs, both black boxes may be one.
-    void checkSamePort(std::vector<const Station*>& earlier, const Station& station) {
-        for (const Station* other : earlier) {
-            if (station.isProjector && other->isProjector && station.id != other->id) continue;
-            if (station.isBlackBox && other->isBlackBox) continue;
-            m_findings
-                .add(L"XC702", Severity::Error, station.place,
-                     station.port + L" is used by " + other->title + L" and " + station.title)
-                .places = {otherPlace(other->place)};
-            return;
+    void checkSamePort(Sharers& sharers, const Station& station) {
+        const Station* const other = rivalOf(sharers, station, station.id);
+        if (other == nullptr) return;
+        m_findings
+            .add(L"XC702", Severity::Error, station.place,
+                 station.port + L" is used by " + other->title + L" and " + station.title)
+            .places = {otherPlace(other->place)};
+    }
+
+    /// The earlier one that the station gets in the way of; null where it is one more that shares. Projectors share where
+    /// each has something of its own, and black boxes do.
+    static const Station* rivalOf(Sharers& sharers, const Station& station, const std::wstring& own) {
+        const Station* const first = sharers.first;
+        if (first == nullptr) sharers.first = &station;
+        if (station.isProjector && (first == nullptr || first->isProjector)) {
+            const auto [owner, isNew] = sharers.projectors.emplace(own, &station);
+            return isNew ? nullptr : owner->second;
         }
-        earlier.push_back(&station);
+        const bool areBlackBoxes = first != nullptr && first->isBlackBox && station.isBlackBox;
+        return areBlackBoxes ? nullptr : first;
     }
 
     void checkNetworks() {
@@ -204,15 +218,14 @@ private:
     }
 
     [[nodiscard]] bool isInNetworks(std::uint32_t address) const {
-        for (const auto& [network, mask] : m_networks)
-            if ((address & mask) == network) return true;
-        return false;
+        const auto isIn = [&](const auto& networks) { return networks.second.count(address & networks.first) != 0; };
+        return std::any_of(m_networks.begin(), m_networks.end(), isIn);
     }
 
     Findings& m_findings;
     std::vector<Station> m_network;
     std::vector<Station> m_serial;
-    std::set<std::pair<std::uint32_t, std::uint32_t>> m_networks;  // network and mask
+    std::map<std::uint32_t, std::unordered_set<std::uint32_t>> m_networks;  // by their mask, of which there are few
 };
 
 }  // namespace

@@ -108,7 +108,7 @@ void checkRepeats(Findings& findings, const CheckedSection& projector) {
         if (above == nullptr) continue;
         const ReadValue* const own = valueOf(item);
         const ReadValue* const inherited = valueOf(*above);
-        if (own == nullptr || inherited == nullptr || own->text != inherited->text) continue;
+        if (own == nullptr || inherited == nullptr || own->text() != inherited->text()) continue;
         const Place place = placeOf(projector, item);
         Finding& finding =
             findings.add(L"XC409", Severity::Note, place,

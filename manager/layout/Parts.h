@@ -7,10 +7,16 @@ namespace XMLConfig::detail {
 
 /// Every projector's channel as stored, with the directions and spans of the usable ones.
 std::vector<Channel> readChannels(const ConfigInfo& document);
+Channel readChannel(const ConfigInfo& document, const std::wstring& id);
+/// Adds the state to a channel as stored, and to a usable one its directions and spans.
+void completeChannel(Channel& channel);
 std::vector<CameraPlace> readCameras(const ConfigInfo& document);
 LayoutScreen readScreen(const ConfigInfo& document);
 /// What is wanted, and how the target is seen.
 void readWanted(Layout& layout, const ConfigInfo& document);
+
+/// Pairs, rows and coverage of the channels that have been read.
+void reckon(Layout& layout);
 
 /// Which usable channels overlap. Marks those that are crowded.
 std::vector<ChannelPair> findPairs(std::vector<Channel>& channels);

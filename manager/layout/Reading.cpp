@@ -55,7 +55,9 @@ ChannelState stateOf(const Channel& channel) {
 }
 
 /// The axes of the channel are the columns of its rotation: right, forward, up.
-void turn(Channel& channel, const Viewport& viewport) {
+void turn(Channel& channel) {
+    const Viewport viewport(channel.eyePoint, {channel.yaw, channel.pitch, channel.roll}, channel.edges.left,
+                            channel.edges.right, channel.edges.top, channel.edges.bottom, 1, 1);
     const std::array<double, 9>& m = viewport.RotationMatrix;
     channel.right = {m[0], m[3], m[6]};
     channel.sight = {m[1], m[4], m[7]};
@@ -73,11 +75,17 @@ void readExtents(Channel& channel, const ProjectorConfig& config) {
     channel.roll = viewport.RotationYPR.z;
     channel.edges = {viewport.FOVLeft, viewport.FOVRight, viewport.FOVTop, viewport.FOVBottom};
     channel.eyePoint = viewport.Offset;
-    channel.state = stateOf(channel);
-    if (channel.state == ChannelState::Usable) turn(channel, viewport);
+    completeChannel(channel);
 }
 
-Channel channelOf(const ConfigInfo& document, const std::wstring& id) {
+}  // namespace
+
+void completeChannel(Channel& channel) {
+    channel.state = stateOf(channel);
+    if (channel.state == ChannelState::Usable) turn(channel);
+}
+
+Channel readChannel(const ConfigInfo& document, const std::wstring& id) {
     const ProjectorConfig config(readable(document), id);
     Channel channel;
     channel.id = id;
@@ -93,11 +101,9 @@ Channel channelOf(const ConfigInfo& document, const std::wstring& id) {
     return channel;
 }
 
-}  // namespace
-
 std::vector<Channel> readChannels(const ConfigInfo& document) {
     std::vector<Channel> channels;
-    for (const std::wstring& id : devicesOf(document, L"Projector")) channels.push_back(channelOf(document, id));
+    for (const std::wstring& id : devicesOf(document, L"Projector")) channels.push_back(readChannel(document, id));
     return channels;
 }
 
