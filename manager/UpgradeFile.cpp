@@ -70,8 +70,8 @@ void refuseChange(const ConfigInfo& document, const std::wstring& path, const st
 
 // The backup is complete before the file is touched, and is removed again only where the file has surely stayed as it was.
 void replaceKeepingBackup(ConfigInfo& document, const std::wstring& path, const std::wstring& backup) {
-    refuseChange(document, path, backup);
     try {
+        refuseChange(document, path, backup);
         document.save(path);
     } catch (...) {
         if (isSameContent(path, backup)) detail::removeFile(backup);
