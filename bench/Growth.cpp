@@ -19,7 +19,7 @@ bool printRow(const edits::Edit& edit, int repetitions) {
     const std::size_t first = edits::mostBytes(edit, document, repetitions / 10);
     const std::size_t later = edits::mostBytes(edit, document, repetitions - repetitions / 10);
     const bool isFlat = later <= first + edits::slack;
-    std::printf("%-26s %12zu %12zu  %s\n", edit.name, first, later, isFlat ? "flat" : "GROWS");
+    std::printf("%-33s %12zu %12zu  %s\n", edit.name, first, later, isFlat ? "flat" : "GROWS");
     return isFlat;
 }
 
@@ -29,7 +29,7 @@ int main(int argumentCount, char** arguments) {
     try {
         allocations::startXmlLibrary();
         const int repetitions = argumentCount > 1 ? std::atoi(arguments[1]) : 1'000'000;
-        std::printf("%-26s %12s %12s  after %d times\n", "edit", "first tenth", "the rest", repetitions);
+        std::printf("%-33s %12s %12s  after %d times\n", "edit", "first tenth", "the rest", repetitions);
         int growing = 0;
         for (const edits::Edit& edit : edits::all()) growing += printRow(edit, repetitions) ? 0 : 1;
         std::printf("%zu edits, %d grow\n", edits::all().size(), growing);
