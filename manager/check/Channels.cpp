@@ -10,22 +10,6 @@
 namespace XMLConfig::detail {
 namespace {
 
-constexpr ImageEdge edges[] = {ImageEdge::Left, ImageEdge::Right, ImageEdge::Top, ImageEdge::Bottom};
-
-const wchar_t* fieldKey(ImageEdge edge) {
-    switch (edge) {
-        case ImageEdge::Left:
-            return L"Channel_Extents|HFOV|Left";
-        case ImageEdge::Right:
-            return L"Channel_Extents|HFOV|Right";
-        case ImageEdge::Top:
-            return L"Channel_Extents|VFOV|Top";
-        case ImageEdge::Bottom:
-            break;
-    }
-    return L"Channel_Extents|VFOV|Bottom";
-}
-
 constexpr int allDigits = 12;  // as many decimals of degrees as are stored
 std::wstring degreesText(double radians) { return shortNumber(radians * 180.0 / pi, allDigits) + L"deg"; }
 
@@ -42,18 +26,18 @@ void checkEdges(ChannelCheck& check, const CheckedSection& projector, ImageEdge 
     const EdgeValues& field = check.channel(projector).edges;
     if (field.at(low) < field.at(high)) return;
     const bool isAcross = low == ImageEdge::Left;
-    Finding& finding = check.findings.add(L"XC303", Severity::Error, placeOf(projector, fieldKey(low)),
+    Finding& finding = check.findings.add(L"XC303", Severity::Error, placeOf(projector, namesOf(low).field),
                                           std::wstring(isAcross ? L"Left (" : L"Bottom (") + check.angle(field.at(low)) +
                                               (isAcross ? L") is not left of Right (" : L") is not below Top (") +
                                               check.angle(field.at(high)) + L")");
-    if (field.at(low) > field.at(high)) finding.mend = swapped(projector, fieldKey(low), fieldKey(high));
+    if (field.at(low) > field.at(high)) finding.mend = swapped(projector, namesOf(low).field, namesOf(high).field);
 }
 
 void checkFieldWidth(ChannelCheck& check, const CheckedSection& projector) {
     const EdgeValues& field = check.channel(projector).edges;
     const auto isNearer = [&](ImageEdge a, ImageEdge b) { return std::abs(field.at(a)) < std::abs(field.at(b)); };
-    const ImageEdge furthest = *std::max_element(std::begin(edges), std::end(edges), isNearer);
-    check.findings.add(L"XC304", Severity::Warning, placeOf(projector, fieldKey(furthest)),
+    const ImageEdge furthest = *std::max_element(std::begin(imageEdges), std::end(imageEdges), isNearer);
+    check.findings.add(L"XC304", Severity::Warning, placeOf(projector, namesOf(furthest).field),
                        L"an edge " + check.angle(std::abs(field.at(furthest))) + L" off the line of sight");
 }
 
@@ -180,6 +164,20 @@ void addNotLookedAt(ChannelCheck& check) {
 }
 
 }  // namespace
+
+EdgeNames namesOf(ImageEdge edge) {
+    switch (edge) {
+        case ImageEdge::Left:
+            return {L"Left", L"Channel_Extents|HFOV|Left", L"Blend_Left", L"Pond_Of_Mirrors|Left"};
+        case ImageEdge::Right:
+            return {L"Right", L"Channel_Extents|HFOV|Right", L"Blend_Right", L"Pond_Of_Mirrors|Right"};
+        case ImageEdge::Top:
+            return {L"Top", L"Channel_Extents|VFOV|Top", L"Blend_Top", L"Pond_Of_Mirrors|Top"};
+        case ImageEdge::Bottom:
+            break;
+    }
+    return {L"Bottom", L"Channel_Extents|VFOV|Bottom", L"Blend_Bottom", L"Pond_Of_Mirrors|Bottom"};
+}
 
 bool isPartOfScreen(double low, double high) {
     const auto isInside = [](double value) { return value == unknownArea || (value >= 0.0 && value <= 1.0); };

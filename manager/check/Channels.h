@@ -7,6 +7,20 @@
 
 namespace XMLConfig::detail {
 
+inline constexpr ImageEdge imageEdges[] = {ImageEdge::Left, ImageEdge::Right, ImageEdge::Top, ImageEdge::Bottom};
+
+/// What stands for an edge of a projector's image.
+struct EdgeNames {
+    const wchar_t* name;  ///< in messages
+
+    // The keys of its settings.
+
+    const wchar_t* field;   ///< the angle from the line of sight
+    const wchar_t* blend;   ///< the blend there
+    const wchar_t* mirror;  ///< the pond of mirrors there
+};
+EdgeNames namesOf(ImageEdge edge);
+
 /// What the rules on channels share.
 class ChannelCheck {
 public:

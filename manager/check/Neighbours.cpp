@@ -9,28 +9,6 @@
 namespace XMLConfig::detail {
 namespace {
 
-constexpr ImageEdge edges[] = {ImageEdge::Left, ImageEdge::Right, ImageEdge::Top, ImageEdge::Bottom};
-
-struct EdgeNames {
-    const wchar_t* blend;
-    const wchar_t* mirror;
-    const wchar_t* name;
-};
-
-EdgeNames namesOf(ImageEdge edge) {
-    switch (edge) {
-        case ImageEdge::Left:
-            return {L"Blend_Left", L"Pond_Of_Mirrors|Left", L"Left"};
-        case ImageEdge::Right:
-            return {L"Blend_Right", L"Pond_Of_Mirrors|Right", L"Right"};
-        case ImageEdge::Top:
-            return {L"Blend_Top", L"Pond_Of_Mirrors|Top", L"Top"};
-        case ImageEdge::Bottom:
-            break;
-    }
-    return {L"Blend_Bottom", L"Pond_Of_Mirrors|Bottom", L"Bottom"};
-}
-
 std::wstring percent(double value) { return shortNumber(value, 0) + L" %"; }
 std::wstring percentOf(double share) { return percent(100.0 * share); }
 
@@ -219,7 +197,7 @@ void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector) {
     constexpr double unknown = -1.0;
     const EdgeValues& blends = check.channel(projector).blends;
     bool isPossibleEverywhere = true;
-    for (const ImageEdge edge : edges) {
+    for (const ImageEdge edge : imageEdges) {
         const double blend = blends.at(edge);
         if (blend == unknown || isPossible(blend)) continue;
         isPossibleEverywhere = false;
@@ -258,7 +236,7 @@ void checkBlends(ChannelCheck& check) {
     const Neighbours neighbours(check.layout);
     for (std::size_t index = 0; index < check.layout.channels.size(); ++index) {
         if (check.layout.channels[index].isCrowded) continue;  // not all its neighbours are known
-        for (const ImageEdge edge : edges) {
+        for (const ImageEdge edge : imageEdges) {
             checkBlend(check, neighbours, index, edge);
             checkMirror(check, neighbours, index, edge);
         }
