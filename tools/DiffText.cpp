@@ -1,6 +1,5 @@
 #include "tools/DiffText.h"
 
-#include <set>
 #include <vector>
 
 #include "manager/SettingSearch.h"
@@ -138,28 +137,6 @@ std::wstring commentsText(const Difference& difference) {
     return L"; " + counted(difference.comments, L"comment") + (difference.comments == 1 ? L" differs" : L" differ");
 }
 
-/// Whole snippets are set at once, the first time a part of one is met.
-std::wstring lineOf(const SettingDifference& change, const ConfigInfo& document) {
-    const std::wstring address = addressText(change.place);
-    if (!change.inSnippet) return address + L"=" + escaped(*change.now);
-    const std::wstring snippet =
-        document.getStringItemAsDOMElement(change.place.section, change.place.key, L"", change.place.sectionID);
-    return address + L"=" + escaped(snippet);
-}
-
-/// Adds what the old document inherits from a setting that is changed: the lines would change that, too.
-void addInherited(std::wstring& lines, const Difference& difference, const ConfigInfo& document) {
-    std::set<std::wstring> changed;
-    for (const SettingDifference& change : difference.changed)
-        if (change.place.sectionID.empty()) changed.insert(change.address);
-    for (const SettingDifference& same : difference.sameInEffect) {
-        const XMLConfig::Setting* const setting = same.now ? XMLConfig::knownSetting(same.place) : nullptr;
-        if (setting == nullptr || setting->inheritsFrom.empty()) continue;
-        if (changed.count(XMLConfig::addressText({setting->inheritsFrom, L"", L"", L"", setting->key})) > 0)
-            lines += lineOf(same, document) + L"\n";
-    }
-}
-
 }  // namespace
 
 std::wstring diffText(const Difference& difference, const Compared& compared, bool all, bool isColoured) {
@@ -190,23 +167,6 @@ std::wstring diffStatistics(const Difference& difference, bool all) {
     return std::to_wstring(difference.renamed.size()) + L" renamed, " + std::to_wstring(counts.changed) + L" changed, " +
            std::to_wstring(counts.added) + L" added, " + std::to_wstring(counts.removed) + L" removed" +
            (notTold.empty() ? L"" : L"; told with --all: " + notTold) + commentsText(difference) + L"\n";
-}
-
-std::wstring diffLines(const Difference& difference, const Compared& compared, std::size_t& leftOut) {
-    std::wstring lines;
-    std::wstring last;
-    leftOut = difference.renamed.size() + difference.added.size() + difference.removed.size() + difference.order.size();
-    for (const SettingDifference& change : difference.changed) {
-        if (!change.now && !change.inSnippet) {
-            ++leftOut;
-            continue;
-        }
-        const std::wstring line = lineOf(change, compared.newDocument);
-        if (line != last) lines += line + L"\n";
-        last = line;
-    }
-    addInherited(lines, difference, compared.newDocument);
-    return lines;
 }
 
 }  // namespace tool

@@ -255,4 +255,48 @@ TEST_F(DiffVerb, ToleranceIsANumberFromZeroUp) {
     EXPECT_EQ(runTool({"diff", "--tolerance", "0", yesterday, yesterday}).status, 0);
 }
 
+// Any text, and any ID, comes through the lines as it is.
+TEST_F(DiffVerb, LinesHoldTextsAndIDsOfAllKinds) {
+    const std::vector<std::string> ids = {"a]b", "a=b", "a b", "x/y", "#3", "*", "\u65e5", "a\\b", "a|b", "it's", "[z"};
+    const auto made = [&](const std::string& text, const std::string& name) {
+        std::string devices;
+        for (const std::string& id : ids) devices += "<Projector ID=\"" + id + "\"><Name>" + text + "</Name></Projector>";
+        return fileOf("<ConfigInfo><Version>9.000</Version>" + devices + "</ConfigInfo>", name);
+    };
+    for (const char* const text :
+         {"plain", "a&#10;b&#9;c", "\\n", "back\\slash", "a=b", "# no", " blanks ", "", "&lt;&amp;>\"", "&#10;"}) {
+        const std::string old = made("before", "old.skorrax");
+        const std::string now = made(text, "new.skorrax");
+        const std::string lines = fileOf(runTool({"diff", "--lines", old, now}).output, "lines.txt");
+        const ToolRun set = runTool({"set", "--force", "--quiet", old, "--from", lines});
+        EXPECT_EQ(set.status, 0) << set.errors;
+        expectRun(runTool({"diff", old, now}), 0, "0 renamed, 0 changed, 0 added, 0 removed\n", "");
+    }
+}
+
+TEST_F(DiffVerb, LinesNameARenamedDeviceAsTheOldFileDoes) {
+    const auto made = [this](const std::string& id, const std::string& inside, const std::string& name) {
+        return fileOf("<ConfigInfo><Version>9.000</Version><Camera ID=\"" + id + "\">" + inside + "</Camera></ConfigInfo>",
+                      name);
+    };
+    const std::string old =
+        made("1", "<Camera_Gain>1</Camera_Gain><DeviceSnippet><d UID=\"1\"><x>1</x></d></DeviceSnippet>", "old.skorrax");
+    const std::string now = made("2",
+                                 "<OldSectionID>1</OldSectionID><Camera_Gain>2</Camera_Gain><DeviceSnippet><d UID=\"2\">"
+                                 "<x>2</x></d></DeviceSnippet>",
+                                 "new.skorrax");
+    expectRun(runTool({"diff", "--lines", old, now}), 1, "Camera[1]/Camera_Gain=2\n",
+              "xmlconfig: 2 differences cannot be told as lines; diff without --lines shows them\n");
+}
+
+TEST_F(DiffVerb, LinesLeaveOutASnippetThatIsGone) {
+    const auto made = [this](const std::string& inside, const std::string& name) {
+        return fileOf("<ConfigInfo><Version>9.000</Version><Camera ID=\"1\">" + inside + "</Camera></ConfigInfo>", name);
+    };
+    const std::string old = made("<DeviceSnippet><d UID=\"1\"/></DeviceSnippet>", "old.skorrax");
+    const ToolRun run = runTool({"diff", "--lines", old, made("<DeviceSnippet/>", "new.skorrax")});
+    EXPECT_EQ(run.output, "");
+    EXPECT_THAT(run.errors, HasSubstr("cannot be told as lines"));
+}
+
 }  // namespace
