@@ -102,7 +102,8 @@ private:
     void replaceOld() {
         // Asked first, for a call that fails later may leave files of its own.
         { const OpenFile removable(m_target, purpose, m_shownAs, {DELETE, shareAll, OPEN_EXISTING}); }
-        m_placed = replaceFileCall(m_target.c_str(), m_name.c_str(), nullptr, 0, nullptr, nullptr) != 0;
+        const auto replace = replaceFileCall != nullptr ? replaceFileCall : &::ReplaceFileW;
+        m_placed = replace(m_target.c_str(), m_name.c_str(), nullptr, 0, nullptr, nullptr) != 0;
         if (m_placed) return;
         const DWORD error = ::GetLastError();
         m_isOldGone =

@@ -70,7 +70,8 @@ HANDLE opened(const std::wstring& name, const OpenFile::Mode& mode) {
 
 }  // namespace
 
-decltype(&::ReplaceFileW) replaceFileCall = &::ReplaceFileW;
+// Without a value of its own: that would be given in the program's start, when objects may be saved already.
+decltype(&::ReplaceFileW) replaceFileCall;
 
 std::wstring fullPath(std::wstring_view path) {
     const std::wstring name(path);

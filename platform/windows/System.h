@@ -42,7 +42,7 @@ private:
 constexpr std::wstring_view savePrefix = L".saving-";
 constexpr std::size_t saveDigits = 20;
 
-/// The system's call that puts a new file in the place of an old one; tests set one that fails half way.
+/// Null, or what tests set to be called instead of the system's ReplaceFileW.
 extern decltype(&::ReplaceFileW) replaceFileCall;
 
 /// Whether the error says that another program has the file open, as most have it for moments only.

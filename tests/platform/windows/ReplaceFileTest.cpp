@@ -293,7 +293,7 @@ TEST_F(ReplaceFileOnWindows, KeepsTheAccessList) {
         return ::ReplaceFileW(old, created, nullptr, 0, nullptr, nullptr);
     };
     EXPECT_EQ(replaceError(path), L"no error");
-    replaceFileCall = &::ReplaceFileW;
+    replaceFileCall = nullptr;
     EXPECT_EQ(m_folder.read(L"a"), "new");
     EXPECT_EQ(accessListOf(path), before);
     EXPECT_EQ(listOfTheNewFile, before);
@@ -330,7 +330,7 @@ TEST_F(ReplaceFileOnWindows, PlacesTheNewFileWhereTheSystemHasOnlyTakenTheOldOne
                            }),
               L"no error");
     heldUntil.join();
-    replaceFileCall = &::ReplaceFileW;
+    replaceFileCall = nullptr;
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(m_folder.read(L"a"), "new");
     EXPECT_EQ(m_folder.entries(), 1u);
