@@ -24,6 +24,8 @@ bool areOne(const std::string& file, const std::string& other) {
 void writePicture(const Request& request, const std::string& svg) {
     if (areOne(request.file, request.picture))
         throw Refusal(XMLConfig::wideFromUtf8(request.picture) + L": is the configuration; the picture would replace it");
+    if (XMLConfig::isDeviceName(XMLConfig::wideFromUtf8(request.picture)))
+        throw Refusal(XMLConfig::wideFromUtf8(request.picture) + L": is the name of a device");
     try {
         XMLConfig::writeFile(XMLConfig::wideFromUtf8(request.picture), svg);
     } catch (const CorvaneException& fault) {

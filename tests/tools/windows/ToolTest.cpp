@@ -44,10 +44,13 @@ TEST_F(ToolOnWindows, RefusesAWordThatIsNoText) {
     EXPECT_EQ(folder.entries(), 0U);
 }
 
-TEST_F(ToolOnWindows, MakesNoConfigurationOutOfADevice) {
+TEST_F(ToolOnWindows, WritesNothingToADevice) {
     const ToolRun run = runTool({"new", "--force", "NUL.skorrax"});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors, "xmlconfig: NUL.skorrax: is the name of a device\n");
+    const ToolRun picture = runTool({"layout", "--svg", "con.svg", "examples/dome.skorrax"});
+    EXPECT_EQ(picture.status, 1);
+    EXPECT_EQ(picture.errors, "xmlconfig: con.svg: is the name of a device\n");
 }
 
 TEST_F(ToolOnWindows, UpgradesTheFilesThatAPatternStandsFor) {
