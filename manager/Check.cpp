@@ -4,6 +4,7 @@
 #include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
+#include "store/TextForms.h"
 
 namespace XMLConfig {
 namespace {
@@ -18,8 +19,6 @@ constexpr Group groups[] = {{L"XC1", detail::checkForm},    {L"XC2", detail::che
                             {L"XC4", detail::checkPicture}, {L"XC5", detail::checkScreen},   {L"XC6", detail::checkCameras},
                             {L"XC7", detail::checkNetwork}, {L"XC9", detail::checkEffect}};
 
-std::wstring shownVersion(double version) { return detail::withOneDecimal(detail::shortNumber(version, 3)); }
-
 ElementView versionElement(const ConfigInfo& document) { return rootElement(document).child(detail::versionElement); }
 
 bool isNewer(const ConfigInfo& document) {
@@ -28,8 +27,8 @@ bool isNewer(const ConfigInfo& document) {
 
 void addNewer(Findings& findings, const ConfigInfo& document) {
     findings.add(L"XC102", Severity::Error, {versionElement(document), detail::versionElement, L""},
-                 L"is of file version " + shownVersion(document.getVersion()) + L"; this program knows " +
-                     shownVersion(ConfigInfoFactory::getLatestFileVersionNumber()));
+                 L"is of file version " + detail::versionText(document.getVersion()) + L"; this program knows " +
+                     detail::versionText(ConfigInfoFactory::getLatestFileVersionNumber()));
 }
 
 }  // namespace

@@ -43,6 +43,8 @@ log4cxx::LevelPtr levelOf(LogLevel level) {
             return log4cxx::Level::getError();
         case LogLevel::Trace:
             return log4cxx::Level::getTrace();
+        case LogLevel::Off:
+            return log4cxx::Level::getOff();
         case LogLevel::Info:
             return log4cxx::Level::getInfo();
         case LogLevel::Warn:

@@ -58,4 +58,7 @@ public:
 /// a version, and what the observer throws; the document is then as it was before.
 XMLCONFIG_API VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observer = nullptr);
 
+/// A file version as files and messages spell it: "9.000", "2.005".
+XMLCONFIG_API std::wstring versionText(double version);
+
 }  // namespace XMLConfig

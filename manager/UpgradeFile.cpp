@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
+#include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "store/DocumentSaving.h"
 #include "store/ElementView.h"
@@ -100,6 +101,7 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     if (root != L"ConfigInfo") refuse(request.path, L"is no configuration, its root element is \"" + root + L"\"");
     const double version = document.getVersion();
     UpgradeFileReport report;
+    report.statedVersion = rootElement(document).child(L"Version").text();
     report.target = request.target.empty() ? request.path : request.target;
     const std::vector<LostDevice> devices = detail::devicesOf(document);
     report.status = detail::doFileVersionConversion(&document, &report.receipt);
@@ -108,7 +110,8 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     report.dangling = detail::danglingReferences(document, report.renamed);
     report.readOtherwise = detail::readOtherwise(document, report.receipt);
     if (report.status == UpgradeFailed) {
-        refuse(request.path, L"is of file version " + detail::versionText(version) + L", which is newer than this library");
+        refuse(request.path, L"is of file version " + versionText(version) + L"; this program knows " +
+                                 versionText(ConfigInfoFactory::getLatestFileVersionNumber()));
     }
     if (report.status == Upgraded && request.target.empty()) report.backup = freeBackupName(request.path, version);
     if (request.writesFiles) write(document, version, request, report);

@@ -50,6 +50,7 @@ struct ValueReadOtherwise {
 /// What upgradeFile did, or would do.
 struct UpgradeFileReport {
     VersionUpgradeEnum status = NoUpgradeRequired;  ///< never UpgradeFailed
+    std::wstring statedVersion;                     ///< as the file spells it; what is no number counts as 0
     std::wstring target;                            ///< the file that holds the result
     std::wstring backup;                            ///< the file that holds the old one; "" where none is kept
     UpgradeReceipt receipt;                         ///< what each step did

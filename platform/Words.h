@@ -50,9 +50,4 @@ inline std::wstring counted(std::size_t count, const std::wstring& noun) {
     return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
 }
 
-/// A file version as people write it, from its shortest digits: "9" becomes "9.0", "2.005" stays.
-inline std::wstring withOneDecimal(const std::wstring& digits) {
-    return digits.find(L'.') == std::wstring::npos ? digits + L".0" : digits;
-}
-
 }  // namespace XMLConfig::detail

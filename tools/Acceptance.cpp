@@ -81,6 +81,8 @@ void refuseWrongAcceptance(const Request& request) {
     const Accepted accepted = acceptedOf(request);
     if (accepted.rule == L"XC910") throw WrongOperands("XC910 cannot be accepted; remove the comment that it names");
     if (reasonOf(request).empty()) throw WrongOperands("--accept needs a reason: --because TEXT");
+    if (reasonOf(request).find(L"--") != std::wstring::npos)
+        throw WrongOperands("--because cannot hold \"--\", which would end the comment that it becomes");
     if (request.operands.size() != 1) throw WrongOperands("--accept takes one file");
     if (request.operands[0] == "-") throw WrongOperands("--accept writes to a file and cannot take standard input");
 }

@@ -3,6 +3,7 @@
 #include "platform/Utf8.h"
 #include "tools/CheckText.h"
 #include "tools/Json.h"
+#include "tools/Printable.h"
 
 namespace tool {
 namespace {
@@ -56,7 +57,7 @@ Json jsonOf(const std::vector<NewComment>& comments) {
 }
 
 Json jsonOf(const CheckedFile& checked) {
-    if (!checked.fault.empty()) return {{"file", checked.file}, {"fault", jsonText(checked.fault)}};
+    if (!checked.fault.empty()) return {{"file", checked.file}, {"error", jsonText(printable(checked.fault))}};
     Json json = {{"file", checked.file}, {"version", checked.version}};
     if (checked.isWritten) json["written"] = *checked.isWritten;
     if (checked.changes) json["changes"] = jsonOf(*checked.changes);

@@ -9,6 +9,7 @@
 #include "tools/Colour.h"
 #include "tools/Mending.h"
 #include "tools/NumberTexts.h"
+#include "tools/Printable.h"
 
 namespace tool {
 namespace {
@@ -30,7 +31,7 @@ std::wstring shownAddress(const Finding& finding, const Showing& showing) {
     try {
         return showing.address(finding.address, XMLConfig::parseAddress(finding.address));
     } catch (const CorvaneParseException&) {
-        return finding.address;
+        return printable(finding.address);
     }
 }
 
@@ -44,7 +45,10 @@ std::wstring head(const Finding& finding, bool isColoured) {
 class Text {
 public:
     Text(const CheckedFile& checked, const Showing& showing, bool isColoured)
-        : m_checked(checked), m_showing(showing), m_isColoured(isColoured), m_file(XMLConfig::wideFromUtf8(checked.file)) {}
+        : m_checked(checked),
+          m_showing(showing),
+          m_isColoured(isColoured),
+          m_file(printable(XMLConfig::wideFromUtf8(checked.file))) {}
 
     std::wstring make() const {
         std::wstring text;
@@ -79,15 +83,16 @@ private:
     [[nodiscard]] std::wstring line(const Place& place) const {
         const Finding& finding = place.finding;
         const std::wstring start = head(finding, m_isColoured);
-        if (finding.address.empty()) return start + messageOf(place) + L"\n";
+        if (finding.address.empty()) return start + printable(messageOf(place)) + L"\n";
         const std::wstring number = place.line ? L":" + std::to_wstring(*place.line) : L"";
-        return start + m_file + number + L" " + shownAddress(finding, m_showing) + L": " + messageOf(place) + L"\n";
+        return start + m_file + number + L" " + shownAddress(finding, m_showing) + L": " + printable(messageOf(place)) +
+               L"\n";
     }
 
     [[nodiscard]] std::wstring sharedLine(const std::vector<std::size_t>& alike) const {
         const Finding& first = m_checked.findings[alike[0]].finding;
         std::wstring text = head(first, m_isColoured) + std::to_wstring(alike.size());
-        text += first.rule == L"XC901" ? L" settings have no effect now: " : L" times: " + first.message + L": ";
+        text += first.rule == L"XC901" ? L" settings have no effect now: " : L" times: " + printable(first.message) + L": ";
         for (std::size_t i = 0; i < alike.size() && i < mostNamed; ++i)
             text += (i == 0 ? L"" : L", ") + shownAddress(m_checked.findings[alike[i]].finding, m_showing);
         return text + (alike.size() > mostNamed ? L", \u2026\n" : L"\n");
@@ -149,7 +154,7 @@ std::wstring messageOf(const Place& place) {
 
 std::wstring findingText(const Finding& finding, const Showing& showing, bool isColoured) {
     const std::wstring place = finding.address.empty() ? L"" : shownAddress(finding, showing) + L": ";
-    return head(finding, isColoured) + place + finding.message;
+    return head(finding, isColoured) + place + printable(finding.message);
 }
 
 std::wstring checkText(const CheckedFile& checked, const Showing& showing, bool isColoured) {

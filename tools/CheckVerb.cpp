@@ -118,11 +118,11 @@ CheckedFile checkFile(const Request& request, const std::string& file, std::wstr
     CheckedFile checked;
     checked.file = file;
     try {
-        const ReadForCheck read = readForCheck(file);
+        const ReadDocument read = readForCheck(file);
         text = addFindings(checked, *read.document, request, read.storedVersion, file == "-" ? "" : file);
     } catch (const Unreadable& fault) {
         checked.fault = XMLConfig::wideFromUtf8(fault.what());
-        complain(checked.fault);
+        complain(checked.fault, fault.lines());
     }
     return checked;
 }
@@ -142,11 +142,9 @@ CheckedFile acceptInFile(const Request& request, const std::string& file, std::w
     return checked;
 }
 
-std::wstring errorsText(const std::string& file, const FindingChange& findings, const Showing& showing) {
-    std::wstring text = XMLConfig::wideFromUtf8(file) + L": nothing was written, for the mends make errors\n" +
-                        findingLines(findings.fresh, showing, false);
-    text.pop_back();  // complain() adds the last line end
-    return text;
+[[noreturn]] void refuseErrors(const std::string& file, const FindingChange& findings, const Showing& showing) {
+    throw Refusal(XMLConfig::wideFromUtf8(file) + L": nothing was written, for the mends make errors",
+                  errorLines(findings, showing));
 }
 
 /// What was found before, and the comments that accept files that are not missing any more.
@@ -168,7 +166,7 @@ std::wstring fixInFile(CheckedFile& checked, const Request& request) {
     const std::vector<Change> changes =
         mend(*document, toMend(*document, before, request, checked.file), request, checked.file);
     const FindingChange findings = compareFindings(before.findings, findingsOf(*document, checked.file));
-    if (findings.newErrors > 0) throw Refusal(errorsText(checked.file, findings, Showing(*document)));
+    if (findings.newErrors > 0) refuseErrors(checked.file, findings, Showing(*document));
     const bool isToBeWritten = !changes.empty() && !request.dryRun;
     if (isToBeWritten) saveDocument(*document, checked.file);
     checked.isWritten = isToBeWritten;
@@ -188,10 +186,10 @@ CheckedFile fixFile(const Request& request, const std::string& file, std::wstrin
         return checked;
     } catch (const Unreadable& fault) {
         checked.fault = XMLConfig::wideFromUtf8(fault.what());
-        complain(checked.fault);
+        complain(checked.fault, fault.lines());
         return checked;
     } catch (const Refusal& fault) {
-        complain(std::string(fault.what()));
+        complain(XMLConfig::wideFromUtf8(fault.what()), fault.lines());
     }
     checked = checkFile(request, file, text);
     checked.isRefused = true;

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "manager/LogOutput.h"
+#include "manager/Upgrade.h"
 #include "platform/Utf8.h"
 #include "store/ConfigInfoFactory.h"
 #include "tools/FaultAnswer.h"
@@ -25,7 +26,7 @@ const char* const exitStatuses =
     "configuration.";
 
 std::string programVersion() {
-    const std::wstring latest = shownVersion(ConfigInfoFactory::getLatestFileVersionNumber());
+    const std::wstring latest = XMLConfig::versionText(ConfigInfoFactory::getLatestFileVersionNumber());
     return "xmlconfig " XMLCONFIG_VERSION " (file version " + XMLConfig::utf8FromWide(latest) + ")";
 }
 
@@ -65,6 +66,7 @@ public:
 
     int run(const std::vector<std::string>& arguments) {
         if (arguments.size() == 2 && arguments[0] == "--man") return printManual(arguments[1]);
+        m_wantsJson = isJsonWanted(arguments);
         if (const std::optional<std::string> unknown = unknownVerb(arguments)) return refuseUnknownVerb(*unknown);
         try {
             m_app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -82,18 +84,30 @@ private:
         return isVerb(*word) ? std::nullopt : std::optional<std::string>(*word);
     }
 
+    /// Of a command line that cannot be parsed.
+    static bool isJsonWanted(const std::vector<std::string>& arguments) {
+        const auto end = std::find(arguments.begin(), arguments.end(), "--");
+        return std::find(arguments.begin(), end, "--json") != end;
+    }
+
     static bool isVerb(const std::string& word) {
         const auto isIt = [&](const Verb& verb) { return verb.name == word; };
         return std::any_of(verbs().begin(), verbs().end(), isIt);
     }
 
-    static int refuseUnknownVerb(const std::string& word) {
+    int refuseUnknownVerb(const std::string& word) const {
         std::vector<std::wstring> names;
         for (const Verb& verb : verbs()) names.push_back(XMLConfig::wideFromUtf8(verb.name));
         const std::wstring wide = XMLConfig::wideFromUtf8(word);
-        complain(L"there is no verb \"" + wide + L"\"" + suggestion(wide, names));
-        complain("'xmlconfig --help' lists the verbs");
-        return WrongUsage;
+        return refuseUsage(word, L"there is no verb \"" + wide + L"\"" + suggestion(wide, names),
+                           "'xmlconfig --help' lists the verbs");
+    }
+
+    int refuseUsage(const std::string& verb, const std::wstring& message, const std::string& advice) const {
+        complain(message);
+        complain(advice);
+        if (m_wantsJson) print(faultAnswer(verb, {}, {message, L"", WrongUsage}));
+        return flushOutput() ? WrongUsage : Refused;
     }
 
     /// Help and version are no faults; everything else is wrong usage.
@@ -103,9 +117,11 @@ private:
             return flushOutput() ? Done : Refused;
         }
         const std::vector<CLI::App*> chosen = m_app.get_subcommands();
-        complain(std::string(error.what()));
-        complain("see 'xmlconfig " + (chosen.empty() ? "" : chosen[0]->get_name() + " ") + "--help'");
-        return WrongUsage;
+        if (chosen.empty() && error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError))
+            return refuseUsage("", L"a verb is required", "'xmlconfig --help' lists the verbs");
+        const std::string verb = chosen.empty() ? "" : chosen[0]->get_name();
+        return refuseUsage(verb, XMLConfig::wideFromUtf8(error.what()),
+                           "see 'xmlconfig " + (verb.empty() ? "" : verb + " ") + "--help'");
     }
 
     /// For the build, which makes the manual pages; no help names it.
@@ -122,7 +138,8 @@ private:
         const std::string name = m_app.get_subcommands()[0]->get_name();
         for (std::size_t i = 0; i < verbs().size(); ++i) {
             if (verbs()[i].name != name) continue;
-            XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : verbs()[i].log);
+            // What the library logs, the verbs tell in words of their own.
+            XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : XMLConfig::LogLevel::Off);
             const int status = answered(verbs()[i], m_requests[i]);
             if (flushOutput()) return status;
         }
@@ -134,7 +151,7 @@ private:
             return verb.run(request);
         } catch (const std::exception& exception) {
             const Fault fault = faultOf(exception);
-            complain(fault.message);
+            complain(fault.message, fault.lines);
             if (request.json) print(faultAnswer(verb.name, request, fault));
             return fault.status;
         }
@@ -142,6 +159,7 @@ private:
 
     CLI::App m_app;
     bool m_verbose = false;
+    bool m_wantsJson = false;
     std::vector<Request> m_requests;
 };
 

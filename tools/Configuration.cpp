@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "manager/Upgrade.h"
 #include "platform/FileNames.h"
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"
@@ -32,11 +33,9 @@ void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
     const std::wstring name = XMLConfig::wideFromUtf8(file);
     requireConfiguration(document, name);
     if (isOfLatestVersion(document)) return;
-    const std::wstring version = storedVersion(document);
-    if (version.empty()) throw Unreadable(name + L": is no configuration, it has no version");
-    if (document.getVersion() > ConfigInfoFactory::getLatestFileVersionNumber())
-        throw Unreadable(name + L": is of file version " + version + L", which is newer than this program");
-    throw Refusal(name + L": is of file version " + version + L" and must be upgraded first: xmlconfig upgrade " + name);
+    if (document.getVersion() > ConfigInfoFactory::getLatestFileVersionNumber()) refuseNewer(document, name);
+    throw Refusal(name + L": is of file version " + XMLConfig::versionText(document.getVersion()) +
+                  L" and must be upgraded first: xmlconfig upgrade " + name);
 }
 
 void saveDocument(ConfigInfo& document, const std::string& file) {

@@ -4,6 +4,7 @@
 #include "manager/SettingSearch.h"
 #include "store/ConfigInfo.h"
 #include "tools/DiffText.h"
+#include "tools/Printable.h"
 #include "tools/Showing.h"
 
 namespace tool {

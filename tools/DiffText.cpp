@@ -5,6 +5,7 @@
 #include "manager/SettingSearch.h"
 #include "store/ConfigInfo.h"
 #include "tools/Colour.h"
+#include "tools/Printable.h"
 #include "tools/Showing.h"
 #include "tools/TableText.h"
 
@@ -144,7 +145,7 @@ std::wstring diffText(const Difference& difference, const Compared& compared, bo
     std::wstring text;
     for (const RenamedDevice& device : difference.renamed)
         text += coloured(L"= " + rows.now().address({device.section, device.newID, L"", L"", L""}) + L"  ID " +
-                             device.oldID + L" -> " + device.newID + L" (" + reasonOf(device) + L")",
+                             printable(device.oldID + L" -> " + device.newID) + L" (" + reasonOf(device) + L")",
                          Tone::Doubtful, isColoured) +
                 L"\n";
     addSigned(rows, difference.changed, L'~');
@@ -155,9 +156,9 @@ std::wstring diffText(const Difference& difference, const Compared& compared, bo
     if (all) addQuiet(rows, difference);
     text += rows.text();
     for (const OrderDifference& order : difference.order)
-        text +=
-            coloured(L"^ order of the " + pluralOf(order.section) + L": " + joined(order.now), Tone::Doubtful, isColoured) +
-            L"\n";
+        text += coloured(L"^ order of the " + pluralOf(order.section) + L": " + printable(joined(order.now)), Tone::Doubtful,
+                         isColoured) +
+                L"\n";
     return text + diffStatistics(difference, all);
 }
 

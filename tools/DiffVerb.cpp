@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "platform/Utf8.h"
+#include "platform/Words.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
 #include "tools/DiffText.h"
@@ -39,7 +40,9 @@ std::wstring answer(const Request& request, const XMLConfig::Difference& differe
     std::size_t leftOut = 0;
     std::wstring lines = diffLines(difference, compared, leftOut);
     if (leftOut > 0)
-        complain(std::to_string(leftOut) + " differences cannot be told as lines; diff without --lines shows them");
+        complain(XMLConfig::detail::counted(leftOut, L"difference") + L" cannot be told as " +
+                 (leftOut == 1 ? L"a line" : L"lines") + L"; diff without --lines shows " +
+                 (leftOut == 1 ? L"it" : L"them"));
     return lines;
 }
 

@@ -4,6 +4,7 @@
 #include "store/CorvaneException.h"
 #include "tools/Json.h"
 #include "tools/Output.h"
+#include "tools/Printable.h"
 #include "tools/Reading.h"
 
 namespace tool {
@@ -19,12 +20,18 @@ ExitStatus statusOf(const std::exception& exception) {
 
 }  // namespace
 
-Fault faultOf(const std::exception& exception) { return {exception.what(), statusOf(exception)}; }
+Fault faultOf(const std::exception& exception) {
+    const auto* const refusal = dynamic_cast<const Refusal*>(&exception);
+    return {XMLConfig::wideFromUtf8(exception.what()), refusal == nullptr ? L"" : refusal->lines(), statusOf(exception)};
+}
 
-std::wstring faultAnswer(const char* verb, const Request& request, const Fault& fault) {
-    const std::string line = fault.message.substr(0, fault.message.find('\n'));
-    Json answer = request.file.empty() ? jsonAnswer(verb) : jsonAnswer(verb, request.file);
-    answer["error"] = jsonText(XMLConfig::wideFromUtf8(line));
+std::wstring faultAnswer(const std::string& verb, const Request& request, const Fault& fault) {
+    Json answer = jsonAnswer(verb.c_str());
+    if (verb.empty()) answer["verb"] = nullptr;
+    if (!request.file.empty()) answer["file"] = request.file;
+    const std::vector<std::string>& words = request.operands;
+    if (verb == "diff" && words.size() == 2) answer.update({{"old", words[0]}, {"new", words[1]}});
+    answer["error"] = jsonText(printable(fault.message));
     return jsonEnd(std::move(answer), fault.status);
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/Utf8.h"
+#include "tools/Printable.h"
 #include "tools/TableText.h"
 
 namespace tool {
@@ -57,9 +58,10 @@ std::size_t indexOf(const std::wstring& line, std::size_t column) {
     return index;
 }
 
+/// Each as one blank, so that the column stays.
 std::wstring withoutControls(std::wstring line) {
     for (wchar_t& character : line)
-        if (character < L' ') character = L' ';
+        if (printable(std::wstring(1, character)).size() > 1) character = L' ';
     return line;
 }
 

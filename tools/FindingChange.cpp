@@ -73,6 +73,14 @@ std::wstring findingLines(const std::vector<Finding>& findings, const Showing& s
     return text;
 }
 
+std::wstring errorLines(const FindingChange& change, const Showing& showing) {
+    std::wstring lines;
+    for (const Finding& finding : change.fresh)
+        if (finding.severity == Severity::Error)
+            lines += (lines.empty() ? L"" : L"\n") + findingText(finding, showing, false);
+    return lines;
+}
+
 Json jsonOf(const std::vector<Finding>& findings) {
     Json json = Json::array();
     for (const Finding& finding : findings)

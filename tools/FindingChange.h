@@ -27,6 +27,8 @@ FindingChange compareFindings(const std::vector<XMLConfig::Finding>& before, con
 std::wstring findingCounts(const FindingChange& change);
 /// One line for each finding.
 std::wstring findingLines(const std::vector<XMLConfig::Finding>& findings, const Showing& showing, bool isColoured);
+/// The new errors, a line each without a line feed at the end.
+std::wstring errorLines(const FindingChange& change, const Showing& showing);
 /// An array with rule, name, severity, address and message of each.
 Json jsonOf(const std::vector<XMLConfig::Finding>& findings);
 

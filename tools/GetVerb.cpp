@@ -8,8 +8,10 @@
 #include "tools/Json.h"
 #include "tools/Output.h"
 #include "tools/Places.h"
+#include "tools/Printable.h"
 #include "tools/Reading.h"
 #include "tools/Showing.h"
+#include "tools/Suggestion.h"
 #include "tools/TableText.h"
 #include "tools/TreeText.h"
 #include "tools/Verb.h"
@@ -115,7 +117,9 @@ private:
         if (!answer.isThere(isCounted()) && !m_request.fallback) return status;
         const std::wstring text =
             answer.element && isGroup(answer) ? treeText(XMLConfig::outline(answer.element)) : textOf(answer);
-        print(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
+        // Programs get it as it stands.
+        const auto hand = XMLConfig::detail::isOutputATerminal() ? print : printExactly;
+        hand(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
         return status;
     }
 
@@ -130,8 +134,8 @@ private:
         return status;
     }
 
-    static std::wstring countsAs(const Answer& answer) {
-        if (!answer.counted) return L"";
+    [[nodiscard]] std::wstring countsAs(const Answer& answer) const {
+        if (!answer.counted) return suggestionFor(*m_document, answer.place);
         const std::wstring text = L"\"" + escaped(answer.counted->text) + L"\"";
         return (answer.counted->origin == Origin::Inherited
                     ? L"; it inherits " + text + L" from " + XMLConfig::addressText(answer.counted->from)
@@ -151,7 +155,7 @@ private:
         std::wstring text;
         for (const Answer& answer : m_answers)
             if (answer.isThere(isCounted()) || m_request.fallback)
-                text += answer.address + L"\t" + escaped(textOf(answer)) + L"\n";
+                text += escaped(answer.address) + L"\t" + escaped(textOf(answer)) + L"\n";
         return text;
     }
 
@@ -159,7 +163,8 @@ private:
         std::vector<std::vector<std::wstring>> rows;
         for (const Answer& answer : m_answers)
             if (answer.isThere(true))
-                rows.push_back({originOf(answer), sourceOf(answer), answer.address, escaped(textOf(answer))});
+                rows.push_back(
+                    {originOf(answer), printable(sourceOf(answer)), escaped(answer.address), escaped(textOf(answer))});
         if (XMLConfig::detail::isOutputATerminal()) return tableText(rows, L"");
         std::wstring text;
         for (const auto& row : rows) text += row[0] + L"\t" + row[1] + L"\t" + row[2] + L"\t" + row[3] + L"\n";
@@ -244,7 +249,8 @@ void setUpGet(Options& options, Request& request) {
     options.flag("--json", request.json, "Answer with one JSON object");
     options.footer(
         std::string("One ADDRESS of one place prints the text; several, or [*], print lines of address, tab, text,\n"
-                    "in which \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
+                    "in which \\n, \\t and \\\\ stand for a line feed, a tab and a backslash, and\n"
+                    "\\u009b for the character of that number.\n\n") +
         addressHelp);
 }
 

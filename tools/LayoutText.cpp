@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tools/Colour.h"
+#include "tools/Printable.h"
 #include "tools/TableText.h"
 
 namespace tool {
@@ -19,7 +20,7 @@ using Rows = std::vector<std::vector<std::wstring>>;
 
 std::wstring titled(const std::wstring& title, const std::wstring& text) {
     constexpr std::size_t width = 12;
-    return title + std::wstring(width - title.size(), L' ') + text + L"\n";
+    return title + std::wstring(width - title.size(), L' ') + printable(text) + L"\n";
 }
 
 std::wstring eyeText(const Layout& layout, const Units& units) {

@@ -55,7 +55,7 @@ ExitStatus runLayout(const Request& request) {
     const XMLConfig::Layout layout = XMLConfig::layout(*document);
     const Units units(*document);
     if (isPictureTheAnswer) {
-        print(XMLConfig::wideFromUtf8(layoutSvg(layout, units)));
+        printExactly(XMLConfig::wideFromUtf8(layoutSvg(layout, units)));
         return Done;
     }
     if (!request.picture.empty()) writePicture(request, layoutSvg(layout, units));

@@ -1,6 +1,7 @@
 #include <memory>
 #include <optional>
 
+#include "manager/Upgrade.h"
 #include "manager/XMLConfigManager.h"
 #include "platform/FileNames.h"
 #include "platform/SignalHold.h"
@@ -11,6 +12,7 @@
 #include "tools/Json.h"
 #include "tools/NumberTexts.h"
 #include "tools/Output.h"
+#include "tools/Printable.h"
 #include "tools/Reading.h"
 #include "tools/Verb.h"
 #include "tools/Writing.h"
@@ -45,10 +47,10 @@ void save(XMLConfigManager& manager, const std::string& file) {
 }
 
 std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
-    return L"made " + file + L": file version " + shownVersion(manager.getDocument().getVersion()) + L", " +
-           counted(static_cast<std::size_t>(manager.getProjectorConfigCount()), L"projector") + L", " +
+    return L"made " + printable(file) + L": file version " + XMLConfig::versionText(manager.getDocument().getVersion()) +
+           L", " + counted(static_cast<std::size_t>(manager.getProjectorConfigCount()), L"projector") + L", " +
            counted(static_cast<std::size_t>(manager.getCameraConfigCount()), L"camera") + L"\nnext: xmlconfig check " +
-           file + L"\n";
+           printable(file) + L"\n";
 }
 
 std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {
@@ -77,7 +79,8 @@ ExitStatus runNew(const Request& request) {
     if (!hasExtension(request.file)) throw Refusal(file + L": the name of a configuration ends in \".skorrax\"");
     if (XMLConfig::isDeviceName(file)) throw Refusal(file + L": is the name of a device");
     const auto lock = lockForWriting(request.file, request);
-    if (!request.force && exists(request.file)) throw Refusal(file + L": exists; --force replaces it");
+    if (!request.force && exists(request.file))
+        throw Refusal(file + L": exists; take another name, or --force, which replaces it");
     const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::newConfiguration(std::make_shared<ProductInfo>()));
     addProjectors(*manager, request.projectors);
     save(*manager, request.file);

@@ -35,8 +35,6 @@ std::wstring percentText(double share) {
     return percent == 0.0 && share > 0.0 ? L"under 1 %" : numberText(percent) + L" %";
 }
 
-std::wstring shownVersion(double version) { return XMLConfig::detail::withOneDecimal(numberText(version, 3)); }
-
 double numberRead(const std::wstring& stored) {
     const std::optional<std::wstring> read = XMLConfig::textAsRead(stored, XMLConfig::SettingType::Double);
     const std::string text = XMLConfig::utf8FromWide(read.value_or(L""));

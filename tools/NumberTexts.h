@@ -17,8 +17,6 @@ double rounded(double value, int decimals);
 /// 33 %, from a share of 1. A share above 0 never shows as 0 %, but as "under 1 %".
 std::wstring percentText(double share);
 
-/// A file version with one decimal at least: 9.0, 2.005.
-std::wstring shownVersion(double version);
 using XMLConfig::detail::counted;
 
 /// The number that the application reads of a stored text.

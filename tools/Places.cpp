@@ -26,21 +26,29 @@ std::vector<StoredText> reached(std::vector<StoredText> texts) {
     return texts;
 }
 
+/// The sections of that name, by their devices' names, as far as they are worth reading.
+std::wstring listOf(const ConfigInfo& document, const std::wstring& section, const std::vector<std::wstring>& ids) {
+    constexpr std::size_t shown = 10;
+    const Showing showing(document);
+    std::wstring list;
+    for (std::size_t i = 0; i < std::min(ids.size(), shown); ++i)
+        list += (i == 0 ? L"" : L", ") + XMLConfig::addressText({section, showing.device(section, ids[i]), L"", L"", L""});
+    return ids.size() > shown ? list + L", ..." : list;
+}
+
 }  // namespace
+
+std::wstring heldSections(const ConfigInfo& document, const std::wstring& section) {
+    std::vector<std::wstring> ids;
+    for (const ElementView& one : XMLConfig::sectionElements(document, section)) ids.push_back(one.id());
+    return ids.empty() ? L"no " + section : listOf(document, section, ids);
+}
 
 std::vector<Address> placesOf(const ConfigInfo& document, const Address& operand) {
     const XMLConfig::Selection selection = XMLConfig::select(document, operand);
     if (selection.candidates.empty()) return selection.places;
-    constexpr std::size_t shown = 10;
-    const Showing showing(document);
-    std::wstring list;
-    for (std::size_t i = 0; i < std::min(selection.candidates.size(), shown); ++i) {
-        const Address device{operand.section, showing.device(operand.section, selection.candidates[i]), L"", L"", L""};
-        list += (i == 0 ? L" " : L", ") + addressText(device);
-    }
-    if (selection.candidates.size() > shown) list += L", ...";
-    throw Refusal(addressText(operand) + L": means one of " + std::to_wstring(selection.candidates.size()) + L" devices:" +
-                  list + L"; " + operand.section + L"[*] means all");
+    throw Refusal(addressText(operand) + L": means one of " + std::to_wstring(selection.candidates.size()) + L" devices: " +
+                  listOf(document, operand.section, selection.candidates) + L"; " + operand.section + L"[*] means all");
 }
 
 std::vector<StoredText> textsAt(const ElementView& element, const Address& place) {

@@ -14,6 +14,9 @@ namespace tool {
 /// The places that an operand means; none where no device fits. Throws a Refusal that lists the devices where several fit.
 std::vector<XMLConfig::Address> placesOf(const ConfigInfo& document, const XMLConfig::Address& operand);
 
+/// "Projector[Dome 1], Projector[Dome 2]": what a document holds of a section's name; "no Projector" where there is none.
+std::wstring heldSections(const ConfigInfo& document, const std::wstring& section);
+
 /// The texts at and below an element, which stands at the place, in document order. Their paths are addresses by which other
 /// verbs reach them. Of several with one address the first counts only, as for the library.
 std::vector<XMLConfig::StoredText> textsAt(const XMLConfig::ElementView& element, const XMLConfig::Address& place);

@@ -1,5 +1,6 @@
 #include "tools/Reading.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -25,18 +26,12 @@ std::wstring nameOf(const std::string& file) { return file == "-" ? standardInpu
 
 std::string allOf(std::istream& in) { return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()}; }
 
-/// The message, followed by the line at fault where it names one.
-std::wstring withLine(const std::wstring& message, const std::string& text) {
-    const std::wstring line = faultLine(message, text);
-    return line.empty() ? message : message + L"\n" + line;
-}
-
 std::unique_ptr<ConfigInfo> parsedInput() {
     const std::string bytes = allOf(std::cin);
     try {
         return ConfigInfo::fromText(bytes, standardInput);
     } catch (const CorvaneException& fault) {
-        throw Unreadable(withLine(fault.getMessage(), bytes));
+        throw Unreadable(fault.getMessage(), faultLine(fault.getMessage(), bytes));
     }
 }
 
@@ -47,26 +42,40 @@ double knownVersion(const ConfigInfo& document, const std::wstring& name) {
     const double latest = ConfigInfoFactory::getLatestFileVersionNumber();
     requireConfiguration(document, name);
     const double version = document.getVersion();
-    if (version > latest)
-        throw Unreadable(name + L": is of file version " + shownVersion(version) + L"; this program knows " +
-                         shownVersion(latest));
+    if (version > latest) refuseNewer(document, name);
     return version;
 }
 
-void bringUpToDate(ConfigInfo& document, const std::wstring& name) {
-    const double version = knownVersion(document, name);
-    if (XMLConfig::upgradeDocument(document) == XMLConfig::Upgraded)
-        complain(name + L": is of file version " + shownVersion(version) + L"; read as it would be after the upgrade");
+std::size_t devicesIn(const ConfigInfo& document) {
+    return document.getSectionIDs(L"Projector").size() + document.getSectionIDs(L"Camera").size();
+}
+
+void tellUpgrade(const std::string& file, double version, std::size_t lost) {
+    std::wstring text = nameOf(file) + L": is of file version " + XMLConfig::versionText(version) +
+                        L"; read as it would be after the upgrade";
+    if (lost > 0) text += L", which drops " + counted(lost, L"device");
+    if (lost > 0 && file != "-")
+        text += L" ('xmlconfig upgrade --dry-run " + nameOf(file) + L"' names " + (lost == 1 ? L"it)" : L"them)");
+    complain(text);
+}
+
+/// The version that it had before; nothing for one of the latest.
+std::optional<double> bringUpToDate(ConfigInfo& document, const std::string& file) {
+    const double version = knownVersion(document, nameOf(file));
+    const std::size_t devices = devicesIn(document);
+    if (XMLConfig::upgradeDocument(document) != XMLConfig::Upgraded) return std::nullopt;
+    tellUpgrade(file, version, devices - std::min(devices, devicesIn(document)));
+    return version;
 }
 
 }  // namespace
 
-std::wstring withFaultLine(const std::wstring& message, const std::string& file) {
+std::wstring faultLineIn(const std::string& file, const std::wstring& message) {
     const std::filesystem::path path = XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file));
     std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored)) return message;
+    if (!std::filesystem::is_regular_file(path, ignored)) return {};
     std::ifstream in(path, std::ios::binary);
-    return in ? withLine(message, allOf(in)) : message;
+    return in ? faultLine(message, allOf(in)) : std::wstring();
 }
 
 void requireConfiguration(const ConfigInfo& document, const std::wstring& name) {
@@ -78,18 +87,23 @@ void requireConfiguration(const ConfigInfo& document, const std::wstring& name) 
         throw Unreadable(name + L": is no configuration, its version is \"" + version + L"\"");
 }
 
+void refuseNewer(const ConfigInfo& document, const std::wstring& name) {
+    throw Unreadable(name + L": is of file version " + XMLConfig::versionText(document.getVersion()) +
+                     L"; this program knows " + XMLConfig::versionText(ConfigInfoFactory::getLatestFileVersionNumber()));
+}
+
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
     try {
         const std::wstring path = XMLConfig::wideFromUtf8(file);
         return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
     } catch (const CorvaneException& fault) {
-        throw Unreadable(withFaultLine(fault.getMessage(), file));
+        throw Unreadable(fault.getMessage(), faultLineIn(file, fault.getMessage()));
     }
 }
 
-ReadForCheck readForCheck(const std::string& file) {
+ReadDocument readForCheck(const std::string& file) {
     try {
-        ReadForCheck result{parsed(file), std::nullopt};
+        ReadDocument result{parsed(file), std::nullopt};
         requireConfiguration(*result.document, nameOf(file));
         const double version = result.document->getVersion();
         if (version >= ConfigInfoFactory::getLatestFileVersionNumber()) return result;
@@ -101,15 +115,17 @@ ReadForCheck readForCheck(const std::string& file) {
     }
 }
 
-std::unique_ptr<ConfigInfo> readDocument(const std::string& file) {
+ReadDocument readWithVersion(const std::string& file) {
     try {
-        std::unique_ptr<ConfigInfo> document = parsed(file);
-        bringUpToDate(*document, nameOf(file));
-        return document;
+        ReadDocument result{parsed(file), std::nullopt};
+        result.storedVersion = bringUpToDate(*result.document, file);
+        return result;
     } catch (const CorvaneException& fault) {
         throw Unreadable(fault.getMessage());
     }
 }
+
+std::unique_ptr<ConfigInfo> readDocument(const std::string& file) { return readWithVersion(file).document; }
 
 std::unique_ptr<ConfigInfo> readDocumentAsStored(const std::string& file) {
     try {

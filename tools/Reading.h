@@ -17,24 +17,29 @@ public:
     using Refusal::Refusal;
 };
 
-/// The message, and the line of the file that it finds fault with, with a caret under the place; where it names one.
-std::wstring withFaultLine(const std::wstring& message, const std::string& file);
+/// The line of the file that a message finds fault with, and a caret under the place; "" where it names none.
+std::wstring faultLineIn(const std::string& file, const std::wstring& message);
 
 /// Throws Unreadable for a document that has another root or no version.
 void requireConfiguration(const ConfigInfo& document, const std::wstring& name);
+
+/// Throws Unreadable about a document of a version that this program does not know yet.
+[[noreturn]] void refuseNewer(const ConfigInfo& document, const std::wstring& name);
 
 /// The document as it stands in the file: nothing is converted, counted or stamped. Throws Unreadable.
 std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,
 /// which is said on standard error. Throws Unreadable for everything else.
 std::unique_ptr<ConfigInfo> readDocument(const std::string& file);
-/// A document of any release: an older one is brought up to date in memory, a newer one stays as it is, and nothing is
-/// printed.
-struct ReadForCheck {
+struct ReadDocument {
     std::unique_ptr<ConfigInfo> document;
     std::optional<double> storedVersion;  ///< where it was brought up to date
 };
-ReadForCheck readForCheck(const std::string& file);
+/// The same with the version that the file has.
+ReadDocument readWithVersion(const std::string& file);
+/// A document of any release: an older one is brought up to date in memory, a newer one stays as it is, and nothing is
+/// printed.
+ReadDocument readForCheck(const std::string& file);
 /// The document as it stands in the file, of whatever release up to the latest.
 std::unique_ptr<ConfigInfo> readDocumentAsStored(const std::string& file);
 

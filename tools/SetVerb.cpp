@@ -2,6 +2,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <unordered_map>
 
 #include "manager/SettingSearch.h"
 #include "platform/FileNames.h"
@@ -10,8 +11,10 @@
 #include "tools/Changing.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
+#include "tools/DescribeJson.h"
 #include "tools/Output.h"
 #include "tools/Places.h"
+#include "tools/Printable.h"
 #include "tools/Reading.h"
 #include "tools/SnippetParts.h"
 #include "tools/Suggestion.h"
@@ -27,32 +30,47 @@ using XMLConfig::Assignment;
 using XMLConfig::ElementView;
 using XMLConfig::Setting;
 
-std::wstring forceHint(const std::wstring& message) {
-    return (message.back() == L'?' ? L" " : L"; ") + std::wstring(L"--force stores it all the same");
-}
-
+[[noreturn]] void refuse(const std::wstring& address, const std::wstring& fault) { throw Refusal(address + L": " + fault); }
 [[noreturn]] void refuse(const Address& address, const std::wstring& fault) {
-    throw Refusal(XMLConfig::addressText(address) + L": " + fault);
+    refuse(XMLConfig::addressText(address), fault);
 }
 
-[[noreturn]] void refuseUnknown(const Address& address) {
-    std::vector<std::wstring> names;
-    for (const Setting& setting : XMLConfig::settingsOfSection(address.section))
-        names.push_back(XMLConfig::addressKey(setting));
-    const std::wstring key =
-        XMLConfig::addressText({L"x", L"", address.subSection, address.subSectionID, address.key}).substr(2);
-    const std::wstring nearest =
-        names.empty() ? suggestion(address.section, XMLConfig::sectionNames()) : suggestion(key, names);
-    refuse(address, L"there is no such setting" + (nearest.empty() ? L"; --force stores it all the same" : nearest));
+/// Whether it means devices that are there, and names none that could be made.
+bool standsForOthers(const std::wstring& id) { return id == L"*" || id.substr(0, 1) == L"#"; }
+
+/// For a device, or another section with an ID, that is not there.
+[[noreturn]] void refuseMissingSection(const Address& address, const ConfigInfo& document) {
+    const std::wstring advice = suggestionFor(document, address);
+    const bool canBeMade = !address.sectionID.empty() && !standsForOthers(address.sectionID);
+    const bool isNear = !advice.empty() && advice.back() == L'?';
+    refuse(address, L"there is no such section" + advice + (canBeMade && !isNear ? L"; --force adds it" : L""));
+}
+
+[[noreturn]] void refuseUnknown(const Address& address, const ConfigInfo& document) {
+    const std::wstring nearest = suggestionFor(document, address);
+    const bool hasSettings = !XMLConfig::settingsOfSection(address.section).empty();
+    refuse(Showing(document).address(address),
+           L"there is no such setting" + (!nearest.empty()
+                                              ? nearest
+                                              : L"; 'xmlconfig describe" + (hasSettings ? L" " + address.section : L"") +
+                                                    L"' lists what there is; --force stores it all the same"));
 }
 
 /// Faults of the place that --force overrules.
 void checkKnown(const Address& address, const ConfigInfo& document) {
-    const bool isKnown = XMLConfig::knownSetting(address) != nullptr || XMLConfig::isOpenSection(address.section);
-    if (!isKnown && !XMLConfig::findElement(document, address)) refuseUnknown(address);
     const bool mayBeMissing = address.sectionID.empty() && !XMLConfig::isDeviceSection(address.section);
     if (!mayBeMissing && !document.doesSectionExist(address.section, address.sectionID))
-        refuse(address, L"there is no such section; --force adds it");
+        refuseMissingSection(address, document);
+    const bool isKnown = XMLConfig::knownSetting(address) != nullptr || XMLConfig::isOpenSection(address.section);
+    if (!isKnown && !XMLConfig::findElement(document, address)) refuseUnknown(address, document);
+}
+
+/// What else there is to do than to store a value that does not fit.
+std::wstring adviceFor(const Setting& setting, const ValueFault& fault) {
+    if (!fault.offersForce) return L"";
+    const bool isAdvised = fault.message.back() == L'?';
+    return (isAdvised ? L"" : L"; 'xmlconfig describe " + addressOf(setting) + L"' tells what fits;") +
+           std::wstring(L" --force stores it all the same");
 }
 
 /// Faults of the value that --force overrules.
@@ -62,7 +80,7 @@ void checkValue(const Assignment& assignment, const ConfigInfo& document) {
     const std::optional<ValueFault> fault = faultOf(assignment.value, *setting);
     if (!fault) return;
     const std::wstring message = Showing(document).address(assignment.address) + L": " + fault->message;
-    if (!fault->isWarning) throw Refusal(message + (fault->offersForce ? forceHint(fault->message) : L""));
+    if (!fault->isWarning) throw Refusal(message + adviceFor(*setting, *fault));
     complain(L"warning: " + message);
 }
 
@@ -115,19 +133,6 @@ AskedChange askedChangeOf(const std::wstring& text) {
     return {{XMLConfig::parseAddress(part.snippet), text.substr(start)}, part.part};
 }
 
-std::wstring unescaped(const std::wstring& line) {
-    std::wstring text;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] != L'\\' || i + 1 == line.size()) {
-            text += line[i];
-            continue;
-        }
-        const wchar_t next = line[++i];
-        text += next == L'n' ? L'\n' : next == L't' ? L'\t' : next == L'r' ? L'\r' : next;
-    }
-    return text;
-}
-
 /// Each line is a change, but empty ones.
 void addLines(std::vector<AskedChange>& changes, std::istream& lines) {
     for (std::string line; std::getline(lines, line);) {
@@ -152,7 +157,7 @@ std::vector<AskedChange> changesOf(const Request& request) {
 std::vector<Address> placesToSet(const ConfigInfo& document, const Address& operand) {
     std::vector<Address> places = placesOf(document, operand);
     if (!places.empty()) return places;
-    if (operand.sectionID == L"*" || operand.sectionID.substr(0, 1) == L"#") refuse(operand, L"there is no such section");
+    if (standsForOthers(operand.sectionID)) refuseMissingSection(operand, document);
     return {operand};
 }
 
@@ -167,9 +172,21 @@ public:
             else changePart(place, asked.part, asked.assignment.value);
         }
     }
-    [[nodiscard]] const std::vector<Change>& changes() const { return m_changes; }
+    /// One for each place that differs now, however often it was changed.
+    [[nodiscard]] std::vector<Change> changes() const {
+        std::vector<Change> changes;
+        for (const Change& change : m_changes)
+            if (change.old != change.now) changes.push_back(change);
+        return changes;
+    }
 
 private:
+    void add(Change change) {
+        const auto [known, isNew] = m_places.emplace(change.address, m_changes.size());
+        if (isNew) m_changes.push_back(std::move(change));
+        else m_changes[known->second].now = std::move(change.now);
+    }
+
     void change(const Address& place, const std::wstring& written) {
         const Setting* const setting = XMLConfig::knownSetting(place);
         const Assignment assignment{place, setting == nullptr ? written : storedForm(written, *setting)};
@@ -177,7 +194,7 @@ private:
         Change change = beginChange(m_document, place);
         store(m_document, assignment);
         endChange(change, m_document);
-        if (change.old != change.now) m_changes.push_back(std::move(change));
+        add(std::move(change));
     }
 
     void changePart(const Address& place, const std::wstring& part, const std::wstring& value) {
@@ -193,12 +210,13 @@ private:
         } catch (const Refusal& fault) {
             throw Refusal(change.address + L": " + XMLConfig::wideFromUtf8(fault.what()));
         }
-        m_changes.push_back(std::move(change));
+        add(std::move(change));
     }
 
     ConfigInfo& m_document;
     bool m_force;
     std::vector<Change> m_changes;
+    std::unordered_map<std::wstring, std::size_t> m_places;  // where in the changes that of an address is
 };
 
 }  // namespace
@@ -238,6 +256,7 @@ void setUpSet(Options& options, Request& request) {
 
 ExitStatus runSet(const Request& request) {
     if (request.operands.empty() && request.lineFile.empty()) throw WrongOperands("CHANGE or --from is required");
+    refuseStandardInput(request);
     const std::vector<AskedChange> changes = changesOf(request);
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);

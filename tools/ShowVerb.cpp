@@ -2,7 +2,9 @@
 #include "platform/Utf8.h"
 #include "tools/Output.h"
 #include "tools/Places.h"
+#include "tools/Printable.h"
 #include "tools/Reading.h"
+#include "tools/Suggestion.h"
 #include "tools/Summary.h"
 #include "tools/TreeText.h"
 #include "tools/Verb.h"
@@ -18,7 +20,10 @@ using XMLConfig::StoredText;
 class Showcase {
 public:
     explicit Showcase(const Request& request)
-        : m_request(request), m_file(XMLConfig::wideFromUtf8(request.file)), m_document(readDocument(request.file)) {}
+        : m_request(request),
+          m_file(XMLConfig::wideFromUtf8(request.file)),
+          m_read(readWithVersion(request.file)),
+          m_document(m_read.document.get()) {}
 
     ExitStatus run() {
         for (const std::string& operand : m_request.operands)
@@ -26,20 +31,21 @@ public:
         if (m_request.json) print(jsonEnd(json(), m_status));
         else if (m_request.flat) print(lines());
         else if (!m_request.operands.empty()) print(trees());
-        else
-            print(m_request.all ? headerText() + wholeTree()
-                                : summaryText(summarize(*m_document, m_request.file == "-" ? L"" : m_file), m_file,
-                                              Showing(*m_document)));
+        else print(m_request.all ? headerText() + wholeTree() : summaryText(summary(), m_file, Showing(*m_document)));
         return m_status;
     }
 
 private:
+    [[nodiscard]] Summary summary() const {
+        return summarize(*m_document, m_request.file == "-" ? L"" : m_file, m_read.storedVersion);
+    }
+
     void find(const Address& operand) {
         const std::size_t before = m_places.size();
         for (const Address& place : placesOf(*m_document, operand))
             if (XMLConfig::findElement(*m_document, place)) m_places.push_back(place);
         if (m_places.size() > before) return;
-        complain(m_file + L": holds no " + XMLConfig::addressText(operand));
+        complain(m_file + L": holds no " + XMLConfig::addressText(operand) + suggestionFor(*m_document, operand));
         m_status = Refused;
     }
 
@@ -85,9 +91,8 @@ private:
         const bool hasLines = m_request.file != "-";
         const auto places = hasLines ? std::make_unique<XMLConfig::FilePlaces>(*m_document, m_file) : nullptr;
         Json answer = jsonAnswer("show", m_request.file);
-        answer["version"] = m_document->getVersion();
-        if (m_request.operands.empty())
-            answer.update(summaryJson(summarize(*m_document, m_request.file == "-" ? L"" : m_file), places.get()));
+        answer["version"] = m_read.storedVersion.value_or(m_document->getVersion());
+        if (m_request.operands.empty()) answer.update(summaryJson(summary(), places.get()));
         if (m_request.all || m_request.flat || !m_request.operands.empty()) answer["sections"] = sections(places.get());
         return answer;
     }
@@ -108,7 +113,8 @@ private:
 
     const Request& m_request;
     std::wstring m_file;
-    std::unique_ptr<ConfigInfo> m_document;
+    ReadDocument m_read;
+    ConfigInfo* m_document;
     std::vector<Address> m_places;
     ExitStatus m_status = Done;
 };
@@ -121,9 +127,9 @@ void setUpShow(Options& options, Request& request) {
     const Option all = options.flag("--all", request.all, "Show the whole tree instead of the summary");
     options.flag("--flat", request.flat, "One line a value: ADDRESS=TEXT, as 'set --from' reads them").excludes(all);
     options.flag("--json", request.json, "Answer with one JSON object");
-    options.footer(
-        std::string("In the lines of --flat, \\n, \\t and \\\\ stand for a line feed, a tab and a backslash.\n\n") +
-        addressHelp);
+    options.footer(std::string("In the lines of --flat, \\n, \\t and \\\\ stand for a line feed, a tab and a backslash,\n"
+                               "and \\u009b for the character of that number.\n\n") +
+                   addressHelp);
 }
 
 ExitStatus runShow(const Request& request) { return Showcase(request).run(); }

@@ -7,6 +7,7 @@
 #include "platform/Utf8.h"
 #include "store/ElementView.h"
 #include "store/Tokens.h"
+#include "tools/Printable.h"
 #include "tools/ValueInput.h"
 
 namespace tool {
@@ -17,7 +18,7 @@ using XMLConfig::ElementView;
 using XMLConfig::Setting;
 using XMLConfig::Unit;
 
-/// Runs of white space as one blank, none at the ends.
+/// Runs of white space as one blank, none at the ends, and nothing else that is more than one line.
 std::wstring inOneLine(const std::wstring& text) {
     std::wstring line;
     bool isPending = false;
@@ -27,7 +28,7 @@ std::wstring inOneLine(const std::wstring& text) {
         if (!isBlank) line += character;
         isPending = isBlank;
     }
-    return line;
+    return printable(line);
 }
 
 }  // namespace
@@ -51,8 +52,8 @@ std::wstring Showing::device(const std::wstring& section, const std::wstring& id
 std::wstring Showing::address(const std::wstring& text, const Address& place) const {
     const std::wstring section = XMLConfig::addressText({place.section, place.sectionID, L"", L"", L""});
     const std::wstring shown = device(place.section, place.sectionID);
-    if (shown == place.sectionID || text.compare(0, section.size(), section) != 0) return text;
-    return XMLConfig::addressText({place.section, shown, L"", L"", L""}) + text.substr(section.size());
+    if (shown == place.sectionID || text.compare(0, section.size(), section) != 0) return printable(text);
+    return printable(XMLConfig::addressText({place.section, shown, L"", L"", L""}) + text.substr(section.size()));
 }
 
 std::wstring Showing::address(const Address& place) const { return address(addressText(place), place); }
@@ -83,20 +84,8 @@ std::wstring Showing::number(double value, Unit unit) const {
 std::wstring Showing::cameras(const std::wstring& ids) const {
     std::wstring names;
     for (const std::wstring& id : XMLConfig::detail::tokensOf(ids))
-        names += (names.empty() ? L"" : L", ") + device(L"Camera", id);
+        names += (names.empty() ? L"" : L", ") + printable(device(L"Camera", id));
     return names;
-}
-
-std::wstring escaped(const std::wstring& text) {
-    std::wstring line;
-    for (const wchar_t character : text) {
-        if (character == L'\n') line += L"\\n";
-        else if (character == L'\t') line += L"\\t";
-        else if (character == L'\r') line += L"\\r";
-        else if (character == L'\\') line += L"\\\\";
-        else line += character;
-    }
-    return line;
 }
 
 }  // namespace tool

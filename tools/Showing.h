@@ -18,9 +18,10 @@ public:
     /// Borrows nothing: names and units are read once.
     explicit Showing(const ConfigInfo& document);
 
-    /// The device's name; its ID where it has none or shares it with another of its kind.
+    /// The device's name as it stands; its ID where it has none or shares it with another of its kind.
     [[nodiscard]] std::wstring device(const std::wstring& section, const std::wstring& id) const;
-    /// The address with the device's name in the place of its ID. What follows the section in `text` stays as it is.
+    /// The address with the device's name in the place of its ID, printable. What follows the section in `text` stays as it
+    /// is.
     [[nodiscard]] std::wstring address(const std::wstring& text, const XMLConfig::Address& place) const;
     [[nodiscard]] std::wstring address(const XMLConfig::Address& place) const;
     /// A stored text of the setting as people read it: shortest digits, angles and lengths in the document's units, cameras
@@ -35,8 +36,5 @@ private:
     Units m_units;
     std::map<std::pair<std::wstring, std::wstring>, std::wstring> m_names;  // by section and ID, those that are unique
 };
-
-/// A text as one line: line feeds, tabs and backslashes written as \n, \t and \\.
-std::wstring escaped(const std::wstring& text);
 
 }  // namespace tool

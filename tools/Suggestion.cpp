@@ -3,11 +3,17 @@
 #include <algorithm>
 #include <numeric>
 
+#include "manager/Selector.h"
+#include "manager/SettingSearch.h"
 #include "platform/Words.h"
+#include "store/ElementView.h"
+#include "tools/Places.h"
 
 namespace tool {
 namespace {
 
+using XMLConfig::Address;
+using XMLConfig::ElementView;
 using XMLConfig::detail::lowerAscii;
 
 /// How many characters must be put in, taken out or replaced to make one of the other.
@@ -26,18 +32,86 @@ std::size_t distance(const std::wstring& from, const std::wstring& to) {
     return row.back();
 }
 
+/// "a", "b" or "c"; of more than are worth reading the first ones.
+std::wstring alternatives(std::vector<std::wstring> names) {
+    constexpr std::size_t most = 5;
+    const bool areMore = names.size() > most;
+    if (areMore) names.resize(most);
+    std::wstring text;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        text += (i == 0 ? L"\"" : i + 1 == names.size() && !areMore ? L" or \"" : L", \"") + names[i] + L"\"";
+    return areMore ? text + L" or another" : text;
+}
+
+/// What follows "***" in a device's ID, by which it may be named too.
+std::wstring endingOf(const std::wstring& id) {
+    const std::size_t stars = id.rfind(L"***");
+    return stars == std::wstring::npos ? id : id.substr(stars + 3);
+}
+
+bool isIn(const std::vector<std::wstring>& names, const std::wstring& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// The sections that the catalogue knows and those that the document holds.
+std::vector<std::wstring> sectionsOf(const ConfigInfo& document) {
+    std::vector<std::wstring> names = XMLConfig::sectionNames();
+    for (const ElementView& section : XMLConfig::rootElement(document).children())
+        if (!XMLConfig::isHeaderElement(section.name()) && !isIn(names, section.name())) names.push_back(section.name());
+    return names;
+}
+
+/// All that may stand in the brackets.
+std::vector<std::wstring> identifiersOf(const ConfigInfo& document, const std::wstring& section) {
+    std::vector<std::wstring> names;
+    for (const ElementView& one : XMLConfig::sectionElements(document, section))
+        for (const std::wstring& name : {one.child(L"Name").text(), one.id(), endingOf(one.id())})
+            if (!name.empty()) names.push_back(name);
+    return names;
+}
+
+std::wstring keyText(const Address& address) {
+    return XMLConfig::addressText({L"x", L"", address.subSection, address.subSectionID, address.key}).substr(2);
+}
+
+/// The keys that the catalogue knows in the section, and those that stand in it.
+std::vector<std::wstring> keysOf(const ElementView& section, const std::wstring& name) {
+    std::vector<std::wstring> keys;
+    for (const XMLConfig::Setting& setting : XMLConfig::settingsOfSection(name)) keys.push_back(addressKey(setting));
+    for (const ElementView& item : section.children()) {
+        const std::wstring id = item.id();
+        keys.push_back(id.empty() ? item.name() : item.name() + L"[" + id + L"]");
+    }
+    return keys;
+}
+
 }  // namespace
 
 std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring>& names) {
-    const std::wstring* nearest = nullptr;
-    std::size_t least = std::max<std::size_t>(text.size() / 3, 2) + 1;
+    std::vector<std::wstring> nearest;
+    std::size_t least = std::max<std::size_t>(text.size() / 3, 2);
     for (const std::wstring& name : names) {
         const std::size_t steps = distance(lowerAscii(text), lowerAscii(name));
-        if (steps >= least || steps >= name.size()) continue;
+        if (steps > least || steps >= name.size() || isIn(nearest, name)) continue;
+        if (steps < least) nearest.clear();
         least = steps;
-        nearest = &name;
+        nearest.push_back(name);
     }
-    return nearest == nullptr ? L"" : L"; did you mean \"" + *nearest + L"\"?";
+    return nearest.empty() || isIn(nearest, text) ? L"" : L"; did you mean " + alternatives(nearest) + L"?";
+}
+
+std::wstring suggestionFor(const ConfigInfo& document, const Address& address) {
+    const std::vector<std::wstring> sections = sectionsOf(document);
+    if (!isIn(sections, address.section)) return suggestion(address.section, sections);
+    const std::vector<Address> places = XMLConfig::select(document, address).places;
+    const Address place = places.empty() ? address : places[0];
+    const ElementView section = XMLConfig::findElement(document, {place.section, place.sectionID, L"", L"", L""});
+    const bool isMissing = places.empty() || (!address.sectionID.empty() && !section);
+    if (isMissing) {
+        const std::wstring nearest = suggestion(address.sectionID, identifiersOf(document, address.section));
+        return nearest.empty() ? L"; the file holds " + heldSections(document, address.section) : nearest;
+    }
+    return suggestion(keyText(address), keysOf(section, address.section));
 }
 
 }  // namespace tool

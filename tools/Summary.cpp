@@ -1,6 +1,7 @@
 #include "tools/Summary.h"
 
 #include "manager/Check.h"
+#include "manager/Upgrade.h"
 #include "sections/CameraConfig.h"
 #include "sections/GeometryConfig.h"
 #include "sections/ProjectorApprovedSlotsConfig.h"
@@ -94,9 +95,11 @@ void addRuns(Summary& summary, ConfigInfo& document) {
     summary.currentSlot = slots.getCurrentSlotID();
 }
 
-void addFindings(Summary& summary, const ConfigInfo& document, const std::wstring& file) {
+void addFindings(Summary& summary, const ConfigInfo& document, const std::wstring& file,
+                 std::optional<double> storedVersion) {
     XMLConfig::CheckOptions options;
     options.file = file;
+    options.storedVersion = storedVersion;
     for (const XMLConfig::Finding& finding : XMLConfig::check(document, options))
         ++(finding.severity == XMLConfig::Severity::Error     ? summary.errors
            : finding.severity == XMLConfig::Severity::Warning ? summary.warnings
@@ -105,10 +108,10 @@ void addFindings(Summary& summary, const ConfigInfo& document, const std::wstrin
 
 }  // namespace
 
-Summary summarize(ConfigInfo& document, const std::wstring& file) {
+Summary summarize(ConfigInfo& document, const std::wstring& file, std::optional<double> storedVersion) {
     Summary summary;
     const ElementView root = XMLConfig::rootElement(document);
-    summary.version = textOf(root, L"Version");
+    summary.version = XMLConfig::versionText(storedVersion.value_or(document.getVersion()));
     summary.buildDate = textOf(root, L"BuildDate");
     summary.buildNumber = textOf(root, L"BuildNumber");
     for (const std::wstring& id : document.getSectionIDs(L"Projector"))
@@ -120,7 +123,7 @@ Summary summarize(ConfigInfo& document, const std::wstring& file) {
     summary.screen = screenOf(document);
     summary.target = TargetLocatorConfig(&document, L"").getDataType();
     addRuns(summary, document);
-    addFindings(summary, document, file);
+    addFindings(summary, document, file, storedVersion);
     return summary;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,8 +62,8 @@ struct Summary {
         std::wstring name;
     };
 
-    std::wstring version;  ///< as stored, like the next two
-    std::wstring buildDate;
+    std::wstring version;    ///< of the file
+    std::wstring buildDate;  ///< as stored, like the next one
     std::wstring buildNumber;
     // What a check finds.
     std::size_t errors = 0;
@@ -82,8 +83,9 @@ struct Summary {
 };
 
 /// Gathers it through the accessors of the sections, on an open document of the latest version.
-/// `file` is where the document stands; "" where it has none.
-Summary summarize(ConfigInfo& document, const std::wstring& file);
+/// `file` is where the document stands; "" where it has none. `storedVersion` is that of the file where the document was
+/// brought up to date.
+Summary summarize(ConfigInfo& document, const std::wstring& file, std::optional<double> storedVersion);
 /// The summary as tables; the name of the file is shown as given.
 std::wstring summaryText(const Summary& summary, const std::wstring& file, const Showing& showing);
 /// The members of the answer that stand for the summary; lines come from the places, which may be null.

@@ -2,6 +2,7 @@
 
 #include "platform/Utf8.h"
 #include "tools/NumberTexts.h"
+#include "tools/Printable.h"
 #include "tools/Summary.h"
 #include "tools/TableText.h"
 
@@ -11,16 +12,16 @@ namespace {
 using Rows = std::vector<std::vector<std::wstring>>;
 
 std::wstring fileText(const Summary& summary, const std::wstring& file) {
-    std::wstring text = L"File        " + file + L", version " + summary.version;
-    if (!summary.buildNumber.empty()) text += L", build " + summary.buildNumber;
-    if (!summary.buildDate.empty()) text += L" of " + summary.buildDate;
+    std::wstring text = L"File        " + printable(file) + L", version " + printable(summary.version);
+    if (!summary.buildNumber.empty()) text += L", build " + printable(summary.buildNumber);
+    if (!summary.buildDate.empty()) text += L" of " + printable(summary.buildDate);
     return text + L"\n";
 }
 
 std::wstring checkText(const Summary& summary, const std::wstring& file) {
     const auto text = [](std::size_t count, const wchar_t* noun) { return counted(count, noun); };
     return L"Check       " + text(summary.errors, L"error") + L", " + text(summary.warnings, L"warning") + L", " +
-           text(summary.notes, L"note") + L" (xmlconfig check " + file + L")\n";
+           text(summary.notes, L"note") + L" (xmlconfig check " + printable(file) + L")\n";
 }
 
 std::wstring known(double value) { return value < 0.0 ? L"?" : numberText(value, 2); }
@@ -68,7 +69,7 @@ std::wstring camerasText(const Summary& summary) {
 std::wstring screenText(const Summary::Screen& s, const Units& units) {
     const auto length = [&](double meters) { return meters < 0.0 ? L"?" : units.length(meters); };
     const std::wstring unit = L" " + units.lengthUnit();
-    std::wstring text = L"Screen      " + s.shape + L", ";
+    std::wstring text = L"Screen      " + printable(s.shape) + L", ";
     if (s.shape == L"Flat" || s.shape == L"VRML" || s.shape == L"Ruled" || s.shape == L"Test")
         return text + length(s.width) + L" x " + length(s.height) + unit + L"\n";
     text += L"radius " + length(s.radius) + unit;
@@ -96,7 +97,7 @@ std::wstring runsText(const Summary& summary) {
     text += L"\nSlots       " + std::to_wstring(summary.approvedSlots.size()) + L" approved";
     const wchar_t* separator = L": ";
     for (const Summary::Slot& slot : summary.approvedSlots) {
-        text += separator + slot.id + L" \"" + slot.name + L"\"";
+        text += separator + printable(slot.id + L" \"" + slot.name) + L"\"";
         separator = L", ";
     }
     if (summary.currentSlot != -1) text += L"; current slot " + std::to_wstring(summary.currentSlot);
@@ -107,7 +108,8 @@ std::wstring runsText(const Summary& summary) {
 
 std::wstring summaryText(const Summary& summary, const std::wstring& file, const Showing& showing) {
     return fileText(summary, file) + checkText(summary, file) + projectorsText(summary, showing) + camerasText(summary) +
-           screenText(summary.screen, showing.units()) + L"Target      " + summary.target + L"\n" + runsText(summary);
+           screenText(summary.screen, showing.units()) + L"Target      " + printable(summary.target) + L"\n" +
+           runsText(summary);
 }
 
 }  // namespace tool

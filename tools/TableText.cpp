@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/Utf8.h"
+#include "tools/Printable.h"
 
 namespace tool {
 namespace {
@@ -18,6 +19,12 @@ std::string visible(const std::string& text) {
         if (isEscaped && character == 'm') isEscaped = false;
     }
     return kept;
+}
+
+std::vector<std::vector<std::wstring>> printableRows(std::vector<std::vector<std::wstring>> rows) {
+    for (auto& row : rows)
+        for (std::wstring& cell : row) cell = printableInColour(cell);
+    return rows;
 }
 
 std::vector<std::size_t> widthsOf(const std::vector<std::vector<std::wstring>>& rows) {
@@ -46,7 +53,8 @@ std::size_t widthOf(const std::wstring& text) {
     return width;
 }
 
-std::wstring tableText(const std::vector<std::vector<std::wstring>>& rows, const std::wstring& indent) {
+std::wstring tableText(const std::vector<std::vector<std::wstring>>& cells, const std::wstring& indent) {
+    const std::vector<std::vector<std::wstring>> rows = printableRows(cells);
     const std::vector<std::size_t> widths = widthsOf(rows);
     std::wstring text;
     for (const auto& row : rows) {

@@ -5,8 +5,9 @@
 
 namespace tool {
 
-/// Rows of cells as lines with the columns lined up; the first row holds the headings. Each line begins with `indent`.
-std::wstring tableText(const std::vector<std::vector<std::wstring>>& rows, const std::wstring& indent);
+/// Rows of cells as lines with the columns lined up, each row one line, whatever the cells hold; the first row holds the
+/// headings. Each line begins with `indent`.
+std::wstring tableText(const std::vector<std::vector<std::wstring>>& cells, const std::wstring& indent);
 
 /// How many columns of a terminal a text takes: two for a wide character, none for what joins the one before it.
 std::size_t widthOf(const std::wstring& text);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Words.h"
+#include "tools/Printable.h"
 
 namespace tool {
 namespace {
@@ -14,7 +15,7 @@ std::wstring indent(int depth) { return std::wstring(2 * static_cast<std::size_t
 std::wstring attributesText(const OutlineNode& node) {
     std::wstring text;
     for (const auto& [name, value] : node.attributes)
-        text += name == L"ID" ? L" [" + value + L"]" : L" " + name + L"=\"" + value + L"\"";
+        text += name == L"ID" ? L" [" + printable(value) + L"]" : L" " + name + L"=\"" + printable(value) + L"\"";
     return text;
 }
 

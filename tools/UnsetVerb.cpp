@@ -4,6 +4,7 @@
 #include "tools/Configuration.h"
 #include "tools/Places.h"
 #include "tools/Reading.h"
+#include "tools/Suggestion.h"
 #include "tools/Verb.h"
 #include "tools/Writing.h"
 
@@ -52,8 +53,9 @@ std::vector<Address> storedPlaces(const ConfigInfo& document, const Address& ope
     std::vector<Address> stored;
     for (const Address& place : placesOf(document, operand))
         if (XMLConfig::findElement(document, place)) stored.push_back(place);
-    if (stored.empty()) throw Refusal(XMLConfig::wideFromUtf8(file) + L": holds no " + XMLConfig::addressText(operand));
-    return stored;
+    if (!stored.empty()) return stored;
+    throw Refusal(XMLConfig::wideFromUtf8(file) + L": holds no " + XMLConfig::addressText(operand) +
+                  suggestionFor(document, operand));
 }
 
 }  // namespace
@@ -75,6 +77,7 @@ void setUpUnset(Options& options, Request& request) {
 }
 
 ExitStatus runUnset(const Request& request) {
+    refuseStandardInput(request);
     std::vector<Address> operands;
     for (const std::string& operand : request.operands)
         operands.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));

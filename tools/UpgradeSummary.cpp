@@ -2,9 +2,12 @@
 
 #include <set>
 
+#include "manager/Upgrade.h"
 #include "store/Address.h"
+#include "store/ConfigInfoFactory.h"
 #include "store/Tokens.h"
 #include "tools/NumberTexts.h"
+#include "tools/Printable.h"
 
 namespace tool {
 namespace {
@@ -28,7 +31,7 @@ std::wstring counted(std::size_t count, const std::wstring& one, const std::wstr
 }
 
 std::wstring line(const std::wstring& word, const std::wstring& text) {
-    return text.empty() ? L"" : L"  " + word + std::wstring(9 - word.size(), L' ') + text + L"\n";
+    return text.empty() ? L"" : L"  " + word + std::wstring(9 - word.size(), L' ') + printable(text) + L"\n";
 }
 
 /// Stored numbers in their shortest digits.
@@ -146,8 +149,9 @@ std::wstring countLines(const Tally& tally, const UpgradeOutcome& outcome) {
     if (tally.joined != 0)
         text += line(L"joined", counted(tally.joined, L"setting", L"settings") + L" of cameras into their device snippets");
     if (tally.gone != 0)
-        text += line(L"gone", counted(tally.gone, L"setting", L"settings") +
-                                  L" that version 9.0 does not know (--steps lists every change)");
+        text += line(L"gone", counted(tally.gone, L"setting", L"settings") + L" that version " +
+                                  XMLConfig::versionText(ConfigInfoFactory::getLatestFileVersionNumber()) +
+                                  L" does not know (--steps lists every change)");
     if (tally.others != 0)
         text += line(L"others", counted(tally.others, L"more change", L"more changes") + L" (--steps lists every change)");
     return text;

@@ -1,23 +1,16 @@
 #include "tools/UpgradeText.h"
 
-#include <charconv>
-
+#include "manager/Upgrade.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
 #include "tools/Json.h"
+#include "tools/Printable.h"
 #include "tools/UpgradeSummary.h"
 
 namespace tool {
 namespace {
 
 using XMLConfig::UpgradeChange;
-
-/// As the library writes it into files; its own function is not exported.
-std::wstring storedVersion(double version) {
-    char text[400];
-    const auto end = std::to_chars(std::begin(text), std::end(text), version, std::chars_format::fixed, 3);
-    return XMLConfig::wideFromUtf8(std::string(text, end.ptr));
-}
 
 const char* nameOf(UpgradeChange::Kind kind) {
     switch (kind) {
@@ -121,7 +114,7 @@ Json jsonOf(const UpgradeOutcome& outcome) {
     Json json = {{"file", jsonText(outcome.file)}};
     if (!outcome.fault.empty()) {
         json["status"] = "failed";
-        json["error"] = jsonText(outcome.fault);
+        json["error"] = jsonText(printable(outcome.fault));
         return json;
     }
     const bool isUpgraded = outcome.report.status == XMLConfig::Upgraded;
@@ -154,24 +147,25 @@ std::wstring upgradeLine(const UpgradeOutcome& outcome) {
     const XMLConfig::UpgradeFileReport& report = outcome.report;
     std::wstring line = outcome.file + L": ";
     if (report.status == XMLConfig::Upgraded) {
-        line += L"version " + storedVersion(report.receipt.fromVersion) + L" -> " + storedVersion(report.receipt.toVersion);
+        line += L"version " + XMLConfig::versionText(report.receipt.fromVersion) + L" -> " +
+                XMLConfig::versionText(report.receipt.toVersion);
     } else {
         line += L"at the latest version already";
     }
     if (report.target != outcome.file) line += L", in " + report.target;
     if (!report.backup.empty()) line += L", the old file is " + report.backup;
     for (const auto& device : report.lost) line += L", lost " + deviceName(device.section, device.id, device.name);
-    return outcome.isDryRun ? line + L" (dry run, nothing written)" : line;
+    return printable(outcome.isDryRun ? line + L" (dry run, nothing written)" : line);
 }
 
 std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt) {
     std::wstring text;
     for (const auto& step : receipt.steps) {
-        text += L"  to " + storedVersion(step.version) + L": " + step.summary + L"\n";
+        text += L"  to " + XMLConfig::versionText(step.version) + L": " + step.summary + L"\n";
         if (step.changes.empty()) text += L"    nothing to do\n";
         for (const UpgradeChange& change : step.changes) {
-            text += L"    " + XMLConfig::wideFromUtf8(nameOf(change.kind)) + L" " + placeOf(change) + whatHappened(change) +
-                    L"\n";
+            text += L"    " + XMLConfig::wideFromUtf8(nameOf(change.kind)) + L" " +
+                    printable(placeOf(change) + whatHappened(change)) + L"\n";
         }
     }
     return text;

@@ -4,6 +4,7 @@
 #include "platform/Utf8.h"
 #include "tools/Configuration.h"
 #include "tools/Output.h"
+#include "tools/Printable.h"
 #include "tools/Reading.h"
 #include "tools/UpgradeSummary.h"
 #include "tools/UpgradeText.h"
@@ -24,7 +25,9 @@ public:
 
     void begin(const std::string& file) {
         ++m_done;
-        if (m_isShown) showProgress("\r" + std::to_string(m_done) + "/" + std::to_string(m_count) + " " + file + "\x1b[K");
+        if (m_isShown)
+            showProgress("\r" + std::to_string(m_done) + "/" + std::to_string(m_count) + " " +
+                         XMLConfig::utf8FromWide(printable(XMLConfig::wideFromUtf8(file))) + "\x1b[K");
     }
     void clear() const {
         if (m_isShown) showProgress("\r\x1b[K");
@@ -64,9 +67,33 @@ ExitStatus statusOf(const std::vector<UpgradeOutcome>& outcomes) {
     return status;
 }
 
+void refuseWrongOperands(const Request& request) {
+    if (!request.target.empty() && request.operands.size() > 1) throw WrongOperands("--output goes with one FILE only");
+    for (const std::string& file : request.operands)
+        if (file == "-") throw WrongOperands("a file is converted here; standard input cannot be");
+}
+
+/// A version that is no number counts as 0 for the application.
+void tellAssumedVersion(const UpgradeOutcome& outcome) {
+    const bool isConverted = outcome.fault.empty() && outcome.report.status == XMLConfig::Upgraded;
+    if (isConverted && !(outcome.report.receipt.fromVersion > 0.0))
+        complain(outcome.file + L": its version \"" + outcome.report.statedVersion +
+                 L"\" is no number above 0; converted as if of version " +
+                 XMLConfig::versionText(outcome.report.receipt.fromVersion) + L", as the application does");
+}
+
+/// Without what the library puts before it, which would name the file twice.
+std::wstring reasonOf(const UpgradeOutcome& outcome) {
+    const std::wstring prefix = L"Error upgradeFile: " + outcome.file + L": ";
+    const bool isPrefixed = outcome.fault.compare(0, prefix.size(), prefix) == 0;
+    return isPrefixed ? outcome.fault.substr(prefix.size()) : outcome.fault;
+}
+
 void printOutcome(const UpgradeOutcome& outcome, const Request& request) {
     if (!outcome.fault.empty())
-        complain(outcome.file + L": not upgraded: " + withFaultLine(outcome.fault, XMLConfig::utf8FromWide(outcome.file)));
+        complain(outcome.file + L": not upgraded: " + reasonOf(outcome),
+                 faultLineIn(XMLConfig::utf8FromWide(outcome.file), outcome.fault));
+    tellAssumedVersion(outcome);
     if (request.json) return;
     if (outcome.fault.empty()) print(upgradeLine(outcome) + L"\n");
     if (request.explain && outcome.fault.empty()) print(upgradeSummary(outcome));
@@ -96,11 +123,7 @@ void setUpUpgrade(Options& options, Request& request) {
 ExitStatus runUpgrade(const Request& asked) {
     Request request = asked;
     request.operands = withPatternsExpanded(asked.operands);
-    if (!request.target.empty() && request.operands.size() > 1) {
-        complain(std::string("--output goes with one FILE only"));
-        complain(std::string("see 'xmlconfig upgrade --help'"));
-        return WrongUsage;
-    }
+    refuseWrongOperands(request);
     std::vector<UpgradeOutcome> outcomes;
     Progress progress(request.operands.size());
     for (const std::string& file : request.operands) {

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "manager/LogOutput.h"
 #include "tools/Options.h"
 
 namespace tool {
@@ -61,8 +60,6 @@ struct Verb {
     const char* summary;                                ///< one line
     void (*setUp)(Options& options, Request& request);  ///< names the operands and options
     ExitStatus (*run)(const Request& request);          ///< what it throws is told as a refusal
-    /// From which level up the library's log is shown without --verbose.
-    XMLConfig::LogLevel log = XMLConfig::LogLevel::Warn;
 };
 
 /// How addresses are written, for the help of verbs that take them.

@@ -14,21 +14,16 @@ const char* const addressHelp =
 
 const std::vector<Verb>& verbs() {
     static const std::vector<Verb> table = {
-        // new, set: a save that fails is logged and thrown; once is enough.
-        {"new", "Make a file that holds a new configuration", setUpNew, runNew, XMLConfig::LogLevel::Error},
-        {"show", "Show what a file holds", setUpShow, runShow, XMLConfig::LogLevel::Error},
-        {"get", "Print the values at addresses", setUpGet, runGet, XMLConfig::LogLevel::Error},
-        {"set", "Change the values at addresses, all or none", setUpSet, runSet, XMLConfig::LogLevel::Error},
-        {"unset", "Take values away, so that inherited ones or defaults count", setUpUnset, runUnset,
-         XMLConfig::LogLevel::Error},
+        {"new", "Make a file that holds a new configuration", setUpNew, runNew},
+        {"show", "Show what a file holds", setUpShow, runShow},
+        {"get", "Print the values at addresses", setUpGet, runGet},
+        {"set", "Change the values at addresses, all or none", setUpSet, runSet},
+        {"unset", "Take values away, so that inherited ones or defaults count", setUpUnset, runUnset},
         {"describe", "List the settings the library knows", setUpDescribe, runDescribe},
-        {"check", "Look for what is not in order", setUpCheck, runCheck, XMLConfig::LogLevel::Error},
-        {"layout", "Show where the channels lie, overlap and leave gaps", setUpLayout, runLayout,
-         XMLConfig::LogLevel::Error},
-        {"diff", "Tell what differs between two files", setUpDiff, runDiff, XMLConfig::LogLevel::Error},
-        // Each conversion is logged as a warning, and is what was asked for here.
-        {"upgrade", "Bring files of older releases to the latest version", setUpUpgrade, runUpgrade,
-         XMLConfig::LogLevel::Error},
+        {"check", "Look for what is not in order", setUpCheck, runCheck},
+        {"layout", "Show where the channels lie, overlap and leave gaps", setUpLayout, runLayout},
+        {"diff", "Tell what differs between two files", setUpDiff, runDiff},
+        {"upgrade", "Bring files of older releases to the latest version", setUpUpgrade, runUpgrade},
     };
     return table;
 }

@@ -10,15 +10,10 @@
 namespace tool {
 namespace {
 
-/// The errors that a change makes, for standard error.
-std::wstring refusalText(const FindingChange& findings, const Showing& showing) {
-    std::vector<XMLConfig::Finding> errors;
-    for (const XMLConfig::Finding& finding : findings.fresh)
-        if (finding.severity == XMLConfig::Severity::Error) errors.push_back(finding);
-    std::wstring text = L"nothing was written, for the change makes errors; --force writes it all the same\n" +
-                        findingLines(errors, showing, false);
-    text.pop_back();  // complain() adds the last line end
-    return text;
+void refuseErrors(const FindingChange& findings, const Showing& showing) {
+    complain(L"nothing was written, for the change makes errors",
+             errorLines(findings, showing) + L"\n'xmlconfig describe " + findings.fresh[0].rule +
+                 L"' tells what is asked for; --force writes it all the same");
 }
 
 }  // namespace
@@ -38,6 +33,10 @@ void setUpChanging(Options& options, Request& request) {
     setUpWriting(options, request);
 }
 
+void refuseStandardInput(const Request& request) {
+    if (request.file == "-") throw WrongOperands("a file is changed here; standard input cannot be");
+}
+
 Before::Before(const ConfigInfo& document, const std::string& file)
     : showing(document), findings(findingsOf(document, file)) {}
 
@@ -50,7 +49,7 @@ ExitStatus finishChange(const char* verb, ConfigInfo& document, const std::vecto
     const Showing after(document);
     if (isWritten) saveDocument(document, request.file);
     if (request.json) print(changesJson(verb, request.file, changes, findings, isWritten, status));
-    if (isRefused) complain(refusalText(findings, after));
+    if (isRefused) refuseErrors(findings, after);
     else if (!request.json && !request.quiet) {
         const bool isInColour = isColoured(request.colour);
         print(changesText(changes, before.showing, findingCounts(findings), request.dryRun, isInColour) +

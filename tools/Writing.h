@@ -18,6 +18,9 @@ void setUpWriting(Options& options, Request& request);
 /// The options of the verbs that change settings.
 void setUpChanging(Options& options, Request& request);
 
+/// Throws WrongOperands where the file to be changed is standard input.
+void refuseStandardInput(const Request& request);
+
 /// What a document was before a change of it.
 struct Before {
     Before(const ConfigInfo& document, const std::string& file);

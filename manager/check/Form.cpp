@@ -10,6 +10,7 @@
 #include "platform/Numbers.h"
 #include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
+#include "store/TextForms.h"
 #include "store/Tokens.h"
 
 /// Rules on the form: names, types, words, numbers and ranges.
@@ -44,7 +45,7 @@ private:
         const ElementView element = rootElement(m_findings.document).child(versionElement);
         m_findings
             .add(L"XC101", Severity::Warning, {element, versionElement, L""},
-                 L"is of file version " + formatFixed(*version, 3) + L"; checked as it would be after the upgrade")
+                 L"is of file version " + versionText(*version) + L"; checked as it would be after the upgrade")
             .mend.commands = {{L"upgrade", L"FILE"}};
     }
 

@@ -77,4 +77,6 @@ VersionUpgradeEnum upgradeDocument(ConfigInfo& document, UpgradeObserver* observ
     }
 }
 
+std::wstring versionText(double version) { return detail::versionText(version); }
+
 }  // namespace XMLConfig

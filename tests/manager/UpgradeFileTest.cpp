@@ -94,7 +94,7 @@ TEST(UpgradeFile, NewerFileIsRefusedAndLeftAlone) {
     const TemporaryFolder folder;
     const std::wstring path = folder.write(L"a.skorrax", fileText("", "9.001"));
     EXPECT_EQ(messageOf([&] { upgradeFile({path}); }),
-              L"Error upgradeFile: " + path + L": is of file version 9.001, which is newer than this library");
+              L"Error upgradeFile: " + path + L": is of file version 9.001; this program knows 9.000");
     EXPECT_EQ(folder.read(L"a.skorrax"), fileText("", "9.001"));
     EXPECT_EQ(folder.entries(), 1u);
 }

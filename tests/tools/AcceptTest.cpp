@@ -136,8 +136,8 @@ TEST_F(Accept, RefusesWhatItCannotUnderstand) {
 }
 
 TEST_F(Accept, RefusesAReasonThatNoCommentHolds) {
-    expectRefused(runTool({"check", "--accept", "XC408", "--because", "a--b", file}), 1,
-                  "Error addComment: a comment: the text holds \"--\", which would end it early");
+    expectRefused(runTool({"check", "--accept", "XC408", "--because", "a -- b", file}), 2,
+                  "--because cannot hold \"--\", which would end the comment that it becomes");
 }
 
 TEST_F(Accept, RefusesOldFiles) {

@@ -98,8 +98,8 @@ TEST_F(CheckVerb, NewerFilesAreTold) {
     const std::string newer = fileOf("<ConfigInfo>\n<Version>10.000</Version><Sistem/></ConfigInfo>");
     const ToolRun run = runTool({"check", newer});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.output, "error[XC102] " + newer + ":2 Version: is of file version 10.0; this program knows 9.0\n" + newer +
-                              ": 1 error, 0 warnings, 0 notes\n");
+    EXPECT_EQ(run.output, "error[XC102] " + newer + ":2 Version: is of file version 10.000; this program knows 9.000\n" +
+                              newer + ": 1 error, 0 warnings, 0 notes\n");
 }
 
 TEST_F(CheckVerb, ShowsWhereTheXMLIsBroken) {
@@ -125,7 +125,7 @@ TEST_F(CheckVerb, GoesOnAfterAFileThatCannotBeRead) {
     EXPECT_EQ(run.status, 3);
     const Json answer = Json::parse(run.output);
     EXPECT_EQ(answer["exit"], 3);
-    EXPECT_EQ(answer["files"][0]["fault"], "Error parseDataFile: Can not open file: " + missing);
+    EXPECT_EQ(answer["files"][0]["error"], "Error parseDataFile: Can not open file: " + missing);
     EXPECT_EQ(answer["files"][1]["notes"], 12);
 }
 

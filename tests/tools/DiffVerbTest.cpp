@@ -139,7 +139,7 @@ TEST_F(DiffVerb, ComparesOldFilesAsUpgradedUnlessAsked) {
     const std::string old = "examples/history/dome-8.000.skorrax";
     const ToolRun upgraded = runTool({"diff", "--stat", old, old});
     EXPECT_EQ(upgraded.status, 0);
-    EXPECT_THAT(upgraded.errors, HasSubstr("is of file version 8.0; read as it would be after the upgrade"));
+    EXPECT_THAT(upgraded.errors, HasSubstr("is of file version 8.000; read as it would be after the upgrade"));
     const ToolRun stored = runTool({"diff", "--as-stored", old, old});
     EXPECT_EQ(stored.status, 0);
     EXPECT_EQ(stored.errors, "");

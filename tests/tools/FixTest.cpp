@@ -183,7 +183,7 @@ TEST_F(Fix, GoesOnWithTheNextFile) {
     const ToolRun run = runTool({"check", "--fix", "--json", path("missing"), old, file});
     EXPECT_EQ(run.status, 3);
     const Json files = Json::parse(run.output)["files"];
-    EXPECT_TRUE(files[0].contains("fault"));
+    EXPECT_TRUE(files[0].contains("error"));
     EXPECT_EQ(files[1]["written"], false);
     EXPECT_EQ(files[2]["written"], true);
     EXPECT_THAT(run.errors, HasSubstr(old + ": is of file version 8.000 and must be upgraded first"));

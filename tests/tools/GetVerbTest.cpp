@@ -78,10 +78,24 @@ TEST(GetVerb, InheritedValueIsNamedAndPrintedOnRequest) {
 TEST(GetVerb, NothingCountsOfADeviceThatIsNotThere) {
     for (const std::string device : {"Projector[#9]", "Projector[Nobody]"})
         for (const char* option : {"--effective", "--origin", "--human"})
-            expectRun(runTool({"get", option, dome, device + "/Gamma"}), 1, "",
-                      "xmlconfig: examples/dome.skorrax: holds no " + device + "/Gamma\n");
+            expectRun(
+                runTool({"get", option, dome, device + "/Gamma"}), 1, "",
+                "xmlconfig: examples/dome.skorrax: holds no " + device +
+                    "/Gamma; the file holds Projector[Dome 1], Projector[Dome 2], Projector[Dome 3], Projector[Dome 4]\n");
     const auto json = nlohmann::json::parse(runTool({"get", "--json", dome, "Camera[x]/Camera_Gain"}).output);
     EXPECT_EQ(json["values"][0]["origin"], "missing");
+}
+
+TEST(GetVerb, WhatIsMistypedIsAnsweredWithWhatIsNearest) {
+    const std::string holds = "xmlconfig: examples/dome.skorrax: holds no ";
+    const std::pair<std::string, std::string> faults[] = {
+        {"Projector[dome 3]/Gamma", "Projector[dome 3]/Gamma; did you mean \"Dome 3\"?\n"},
+        {"Projektor[Dome 3]/Gamma", "Projektor[Dome 3]/Gamma; did you mean \"Projector\"?\n"},
+        {"Screen/Shap", "Screen/Shap; did you mean \"Shape\"?\n"}};
+    for (const auto& [address, message] : faults) {
+        for (const char* verb : {"get", "show"}) expectRun(runTool({verb, dome, address}), 1, "", holds + message);
+        expectRun(runTool({"unset", "--dry-run", dome, address}), 1, "", holds + message);
+    }
 }
 
 TEST(GetVerb, DefaultStandsForWhatIsMissing) {
@@ -117,8 +131,9 @@ TEST(GetVerb, OlderFileIsReadAsUpgraded) {
     const ToolRun run = runTool({"get", file, "System/Length_Unit"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output, "Feet\n");
-    EXPECT_THAT(run.errors,
-                HasSubstr("xmlconfig: " + file + ": is of file version 8.0; read as it would be after the upgrade\n"));
+    EXPECT_THAT(run.errors, HasSubstr("xmlconfig: " + file +
+                                      ": is of file version 8.000; read as it would be after the upgrade, "
+                                      "which drops 1 device"));
 }
 
 TEST(GetVerb, JsonHasTextsAndValues) {

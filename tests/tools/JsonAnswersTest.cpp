@@ -119,6 +119,28 @@ TEST_F(JsonAnswers, TellTheFaultWhereThereIsNoAnswer) {
                     " XML message is: line 2, column 6: expected end of tag 'a'");
 }
 
+TEST_F(JsonAnswers, TellTheFaultOfACommandLine) {
+    const auto expectUsage = [](const Arguments& words, const Json& verb, const std::string& message) {
+        const ToolRun run = runTool(words);
+        const Json answer = Json::parse(run.output);
+        EXPECT_THAT(schemaFaults(answer, schemaOf("error")), IsEmpty()) << run.output;
+        EXPECT_EQ(answer, Json({{"format", 1}, {"verb", verb}, {"error", message}, {"exit", 2}}));
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.errors.rfind("xmlconfig: " + message + "\n", 0), 0U) << run.errors;
+    };
+    expectUsage({"show", "--json"}, "show", "FILE is required");
+    expectUsage({"show", "--json", "--what", dome}, "show", "The following argument was not expected: --what");
+    expectUsage({"shw", "--json"}, "shw", "there is no verb \"shw\"; did you mean \"show\"?");
+    expectUsage({"--json"}, nullptr, "a verb is required");
+    EXPECT_EQ(runTool({"get", "--what", "--", "--json", dome}).output, "");
+}
+
+TEST_F(JsonAnswers, OfADiffNameBothFilesAlsoWhereOneIsMissing) {
+    const Json answer = Json::parse(runTool({"diff", "--json", dome, "missing"}).output);
+    EXPECT_EQ(answer["old"], dome);
+    EXPECT_EQ(answer["new"], "missing");
+}
+
 TEST_F(JsonAnswers, AreThereForEveryVerb) {
     const std::string help = runTool({"--help"}).output;
     std::istringstream lines(help.substr(help.find("Subcommands:")));

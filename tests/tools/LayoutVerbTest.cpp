@@ -143,8 +143,9 @@ TEST_F(LayoutVerb, OldFilesAreReadAsUpgraded) {
     const ToolRun run = runTool({"layout", file});
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.output, HasSubstr("Channels    4, seen from "));
-    EXPECT_THAT(run.errors,
-                HasSubstr("xmlconfig: " + file + ": is of file version 1.5; read as it would be after the upgrade\n"));
+    EXPECT_THAT(run.errors, HasSubstr("xmlconfig: " + file +
+                                      ": is of file version 1.500; read as it would be after the upgrade, "
+                                      "which drops 1 device"));
     EXPECT_EQ(TemporaryFolder::readFile(file), old);
     EXPECT_EQ(folder.entries(), 1u);
 }
@@ -169,7 +170,7 @@ TEST_F(LayoutVerb, WhatIsNoConfigurationIsStatusThree) {
     expectUnreadable(fileOf("<html><body/></html>"), "is no configuration, its root element is \"html\"");
     expectUnreadable(fileOf("<ConfigInfo/>"), "is no configuration, it has no version");
     expectUnreadable(fileOf("<ConfigInfo><Version>10.000</Version></ConfigInfo>"),
-                     "is of file version 10.0; this program knows 9.0");
+                     "is of file version 10.000; this program knows 9.000");
 }
 
 TEST_F(LayoutVerb, PictureThatCannotBeWrittenIsStatusThree) {

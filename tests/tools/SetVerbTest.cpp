@@ -94,14 +94,17 @@ TEST_F(SetVerb, UnitsAreConverted) {
 
 TEST_F(SetVerb, UnitsOfOtherKindsAreRefused) {
     expectRefused("Projector[#1]/Gamma=2deg",
-                  "Projector[Dome 1]/Gamma: \"2deg\" is not of type double; --force stores it all the same");
+                  "Projector[Dome 1]/Gamma: \"2deg\" is not of type double; 'xmlconfig describe Projector/Gamma' tells what "
+                  "fits; --force stores it all the same");
     const std::string lengths =
-        " is not of type double; it takes m, cm, mm, ft, in after a number; --force stores it all the same";
+        " is not of type double; it takes m, cm, mm, ft, in after a number; 'xmlconfig describe Screen/Screen_Radius' tells "
+        "what fits; --force stores it all the same";
     expectRefused("Screen/Screen_Radius=90deg", "Screen/Screen_Radius: \"90deg\"" + lengths);
     expectRefused("Screen/Screen_Radius=1m 2m", "Screen/Screen_Radius: \"1m 2m\"" + lengths);
     expectRefused("Screen/Screen_Radius=1 m m", "Screen/Screen_Radius: \"1 m m\"" + lengths);
     expectRefused("Projector[#1]/Gamma=2 m",
-                  "Projector[Dome 1]/Gamma: \"2 m\" is not of type double; --force stores it all the same");
+                  "Projector[Dome 1]/Gamma: \"2 m\" is not of type double; 'xmlconfig describe Projector/Gamma' tells what "
+                  "fits; --force stores it all the same");
 }
 
 TEST_F(SetVerb, UnitsInCapitalsAreRefusedWithTheOneThatIsMeant) {
@@ -129,16 +132,19 @@ TEST_F(SetVerb, WordsAndNumbersMustBeKnown) {
             std::string("Screen/Shape=") + word,
             std::string("Screen/Shape: \"") + word +
                 "\" is none of Flat, Sphere, Cylinder, Ruled, Toroid, VRML, Test (XC109); did you mean \"Sphere\"?");
-    expectRefused("Geometry/Fit_Solver=3",
-                  "Geometry/Fit_Solver: 3 is none of 0 linear, 1 polynomial, 2 default, 5 spline, 7 perspective, 8 hybrid; "
-                  "counts as 2 (XC110); --force stores it all the same");
+    expectRefused(
+        "Geometry/Fit_Solver=3",
+        "Geometry/Fit_Solver: 3 is none of 0 linear, 1 polynomial, 2 default, 5 spline, 7 perspective, 8 hybrid; "
+        "counts as 2 (XC110); 'xmlconfig describe Geometry/Fit_Solver' tells what fits; --force stores it all the same");
     EXPECT_EQ(run("set", {"--force", "Screen/Shape=Dome", "Geometry/Fit_Solver=3"}).status, 0);
     EXPECT_EQ(stored("Screen/Shape"), "Dome\n");
 }
 
 TEST_F(SetVerb, OutOfRangeIsRefused) {
-    expectRefused("Geometry/Projector_Count=-5",
-                  "Geometry/Projector_Count: -5 is outside 0 and more (XC114); --force stores it all the same");
+    expectRefused(
+        "Geometry/Projector_Count=-5",
+        "Geometry/Projector_Count: -5 is outside 0 and more (XC114); 'xmlconfig describe Geometry/Projector_Count' "
+        "tells what fits; --force stores it all the same");
     EXPECT_EQ(run("set", {"--force", "Geometry/Projector_Count=-5"}).status, 0);
 }
 
@@ -152,8 +158,63 @@ TEST_F(SetVerb, SeveralDevicesAreRefused) {
     const ToolRun refused = run("set", {"Projector/Gamma=2.4"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_THAT(refused.errors, HasSubstr("Projector/Gamma: means one of 4 devices: Projector[Dome 1], "));
-    expectRefused("Projector[#5]/Gamma=2.4", "Projector[#5]/Gamma: there is no such section");
-    expectRefused("Projector[Dome 5]/Gamma=2.4", "Projector[Dome 5]/Gamma: there is no such section; --force adds it");
+}
+
+TEST_F(SetVerb, WhatIsMistypedIsAnsweredWithWhatIsNearest) {
+    const std::string held = "; the file holds Projector[Dome 1], Projector[Dome 2], Projector[Dome 3], Projector[Dome 4]";
+    const std::pair<std::string, std::string> faults[] = {
+        {"Projector[dom 3]/Gamma", "there is no such section; did you mean \"Dome 3\"?"},
+        {"Projector[Dome 5]/Gamma",
+         "there is no such section; did you mean \"Dome 1\", \"Dome 2\", \"Dome 3\" or \"Dome 4\"?"},
+        {"Projector[VELDAR***00:0a:0b:0c:0d:2f]/Gamma",
+         "there is no such section; did you mean "
+         "\"VELDAR***00:0a:0b:0c:0d:1f\"?"},
+        {"Projector[00:0a:0b:0c:0d:2f]/Gamma", "there is no such section; did you mean \"00:0a:0b:0c:0d:1f\"?"},
+        {"Projector[Lobby]/Gamma", "there is no such section" + held + "; --force adds it"},
+        {"Projector[#5]/Gamma", "there is no such section" + held},
+        {"Projektor[Dome 3]/Gamma", "there is no such section; did you mean \"Projector\"?"},
+        {"Projector[Dome 3]/Gama", "there is no such setting; did you mean \"Gamma\"?"},
+        {"Screen/Shap", "there is no such setting; did you mean \"Shape\"?"},
+        {"Screen/Colour_Of_The_Wall",
+         "there is no such setting; 'xmlconfig describe Screen' lists what there is; --force "
+         "stores it all the same"},
+        {"Elsewhere/Colour",
+         "there is no such setting; 'xmlconfig describe' lists what there is; --force stores it all the "
+         "same"},
+    };
+    for (const auto& [address, message] : faults) {
+        expectRefused(address + "=2", address + ": " + message);
+    }
+}
+
+TEST_F(SetVerb, ForceIsNeverTheFirstAdvice) {
+    for (const char* change : {"Projector[Lobby]/Gamma=2", "Screen/Colour_Of_The_Wall=2", "Elsewhere/Colour=2",
+                               "Projector[#1]/Gamma=x", "Geometry/Projector_Count=-5", "Geometry/Fit_Solver=3",
+                               "Screen/Screen_Radius=0", "Projector[#1]/Channel_Extents/Heading/Yaw=45"}) {
+        const std::string errors = run("set", {change}).errors;
+        const std::size_t force = errors.find("--force");
+        ASSERT_NE(force, std::string::npos) << errors;
+        const std::string before = errors.substr(0, force);
+        EXPECT_TRUE(before.find("'xmlconfig describe") != std::string::npos ||
+                    before.find("the file holds") != std::string::npos || before.find("45deg?") != std::string::npos)
+            << errors;
+    }
+}
+
+TEST_F(SetVerb, OfOneSettingTwiceTheLastCounts) {
+    EXPECT_EQ(run("set", {"Projector[*]/Gamma=2.4", "Projector[Dome 1]/Gamma=2.2", "Projector[Dome 2]/Gamma=2.6"}).output,
+              "~ Projector[Dome 2]/Gamma  2.2 -> 2.6\n"
+              "~ Projector[Dome 3]/Gamma  2.2 -> 2.4\n"
+              "~ Projector[Dome 4]/Gamma  2.2 -> 2.4\n"
+              "3 changes, 0 new findings\n");
+    EXPECT_EQ(stored("Projector[Dome 2]/Gamma"), "2.600000000000000e+00\n");
+}
+
+TEST_F(SetVerb, StandardInputIsNoFileToChange) {
+    const std::string message = "xmlconfig: a file is changed here; standard input cannot be\n";
+    expectRun(runTool({"set", "-", "ProjMap/Site=x"}), 2, "", message);
+    expectRun(runTool({"unset", "-", "ProjMap/Site"}), 2, "", message);
+    expectRun(runTool({"upgrade", "-"}), 2, "", "xmlconfig: a file is converted here; standard input cannot be\n");
 }
 
 TEST_F(SetVerb, DryRunAndQuietAreNeitherWrittenNorTold) {
@@ -272,8 +333,8 @@ TEST_F(SetVerb, NewErrorsAreRefusedWithoutForce) {
     const ToolRun refused = run("set", {"Screen/Screen_Radius=0"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.output, "");
-    EXPECT_EQ(refused.errors,
-              "xmlconfig: nothing was written, for the change makes errors; --force writes it all the same\n" + error);
+    EXPECT_EQ(refused.errors, "xmlconfig: nothing was written, for the change makes errors\n" + error +
+                                  "'xmlconfig describe XC501' tells what is asked for; --force writes it all the same\n");
     const ToolRun json = run("set", {"--json", "Screen/Screen_Radius=0"});
     EXPECT_EQ(json.status, 1);
     const auto answer = nlohmann::json::parse(json.output);

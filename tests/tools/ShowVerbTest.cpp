@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "tests/support/Example.h"
 #include "tests/support/ToolRun.h"
@@ -11,6 +13,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
+using Json = nlohmann::json;
 
 const char* const dome = exampleFile;
 const std::string first = "Projector[VELDAR***00:0a:0b:0c:0d:01]";
@@ -75,8 +78,24 @@ TEST(ShowVerb, OlderFileIsShownAsUpgraded) {
     const std::string file = "examples/history/dome-8.000.skorrax";
     const ToolRun run = runTool({"show", file});
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.output, StartsWith("File        " + file + ", version 9.000"));
-    EXPECT_THAT(run.errors, HasSubstr(file + ": is of file version 8.0; read as it would be after the upgrade\n"));
+    EXPECT_THAT(run.output, StartsWith("File        " + file + ", version 8.000"));
+    EXPECT_EQ(Json::parse(runTool({"show", "--json", file}).output)["version"], 8.0);
+    EXPECT_THAT(run.errors,
+                HasSubstr(file + ": is of file version 8.000; read as it would be after the upgrade, which drops 1 device"));
+}
+
+TEST(ShowVerb, CountsWhatCheckFinds) {
+    for (const auto& entry : std::filesystem::directory_iterator("examples/history")) {
+        const std::string file = entry.path().u8string();
+        const std::string check = runTool({"check", file}).output;
+        std::smatch counts;
+        ASSERT_TRUE(std::regex_search(check, counts, std::regex(": (\\d+ errors?, \\d+ warnings?, \\d+ notes?)")));
+        EXPECT_THAT(runTool({"show", file}).output, HasSubstr("\nCheck       " + counts[1].str() + " (xmlconfig check "));
+        const Json answer = Json::parse(runTool({"check", "--json", file}).output)["files"][0];
+        const Json shown = Json::parse(runTool({"show", "--json", file}).output);
+        EXPECT_EQ(shown["version"], answer["version"]) << file;
+        for (const char* kind : {"errors", "warnings", "notes"}) EXPECT_EQ(shown["check"][kind], answer[kind]) << file;
+    }
 }
 
 TEST(ShowVerb, StandardInputIsShown) {

@@ -57,9 +57,9 @@ protected:
 };
 
 TEST_F(Tool, TellsItsVersionEverywhere) {
-    expectRun(runTool({"--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");
+    expectRun(runTool({"--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.000)\n", "");
     for (const std::string& verb : verbNames())
-        expectRun(runTool({verb, "--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.0)\n", "");
+        expectRun(runTool({verb, "--version"}), 0, "xmlconfig 2.1.1.14 (file version 9.000)\n", "");
 }
 
 TEST_F(Tool, HelpsEverywhere) {
@@ -103,10 +103,27 @@ TEST_F(Tool, WrongUsageIsStatusTwo) {
     }
 }
 
+TEST_F(Tool, VersionsAreSpeltInOneWay) {
+    const std::string file = fileOf("<ConfigInfo><Version>9</Version></ConfigInfo>");
+    EXPECT_THAT(runTool({"show", file}).output, HasSubstr(", version 9.000"));
+    const std::string newer = fileOf("<ConfigInfo><Version>10</Version></ConfigInfo>", "newer.skorrax");
+    const std::string told = "is of file version 10.000; this program knows 9.000\n";
+    EXPECT_THAT(runTool({"check", newer}).output, HasSubstr(told));
+    for (const Arguments& words :
+         {Arguments{"show", newer}, Arguments{"get", newer, "System"}, Arguments{"upgrade", newer},
+          Arguments{"set", newer, "ProjMap/x=1"}, Arguments{"unset", newer, "ProjMap/x"}, Arguments{"diff", newer, file},
+          Arguments{"diff", "--as-stored", file, newer}, Arguments{"layout", newer}, Arguments{"check", "--fix", newer}}) {
+        const ToolRun run = runTool(words);
+        EXPECT_EQ(run.status, 3) << words[0];
+        EXPECT_THAT(run.errors, testing::EndsWith(told));
+        EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
+    }
+}
+
 TEST_F(Tool, ArgumentsMustBeUtf8) {
     const ToolRun run = runTool({"show", "\xFF.skorrax"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.errors, "xmlconfig: an argument is not UTF-8: \xFF.skorrax\n");
+    EXPECT_EQ(run.errors, "xmlconfig: an argument is not UTF-8: \uFFFD.skorrax\n");
 }
 
 TEST_F(Tool, UnreadableFilesAreRefused) {
@@ -133,7 +150,7 @@ TEST_F(Tool, OtherXmlIsNoConfiguration) {
         expectRun(runTool(arguments), 3, "", message);
     const ToolRun upgrade = runTool({"upgrade", file});
     EXPECT_EQ(upgrade.status, 3);
-    EXPECT_THAT(upgrade.errors, HasSubstr(file + ": is no configuration, its root element is \"Other\"\n"));
+    EXPECT_THAT(upgrade.errors, HasSubstr(file + ": not upgraded: is no configuration, its root element is \"Other\"\n"));
     EXPECT_EQ(TemporaryFolder::readFile(file), other);
 }
 
@@ -148,7 +165,7 @@ TEST_F(Tool, VersionThatIsNoNumberIsOfNoConfiguration) {
 TEST_F(Tool, OldFilesAreToldOfInOneLine) {
     const std::string file =
         fileOf("<ConfigInfo><Version>8.000</Version><System><RunType>x</RunType></System></ConfigInfo>");
-    const std::string told = "xmlconfig: " + file + ": is of file version 8.0; read as it would be after the upgrade\n";
+    const std::string told = "xmlconfig: " + file + ": is of file version 8.000; read as it would be after the upgrade\n";
     expectRun(runTool({"get", file, "System/RunType"}), 0, "x\n", told);
     EXPECT_EQ(runTool({"show", file}).errors, told);
     EXPECT_EQ(runTool({"layout", file}).errors, told);
@@ -157,7 +174,7 @@ TEST_F(Tool, OldFilesAreToldOfInOneLine) {
 TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
     const std::string file = path("neu.skorrax");
     expectRun(runTool({"new", file}), 0,
-              "made " + file + ": file version 9.0, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
+              "made " + file + ": file version 9.000, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
     expectRun(runTool({"check", file}), 0, file + ": 0 errors, 0 warnings, 0 notes; all is well\n", "");
     expectRun(runTool({"get", file, "Screen/Shape", "Geometry/Box_Size"}), 0,
               "Screen/Shape\tFlat\nGeometry/Box_Size\t21, 21\n", "");
@@ -166,7 +183,7 @@ TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
 TEST_F(Tool, NewMakesProjectorsInOneRow) {
     const std::string file = path("neu.skorrax");
     expectRun(runTool({"new", "--projectors", "4", file}), 0,
-              "made " + file + ": file version 9.0, 4 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
+              "made " + file + ": file version 9.000, 4 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
     expectRun(runTool({"get", file, "Projector[*]/Name", "Geometry/Projector_Count", "Geometry/Projector_Layout_Width",
                        "Geometry/Projector_Layout_Height"}),
               0,
@@ -183,7 +200,8 @@ TEST_F(Tool, NewMakesProjectorsInOneRow) {
 
 TEST_F(Tool, NewReplacesAFileOnlyByForce) {
     const std::string file = hallFile();
-    expectRun(runTool({"new", file}), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
+    expectRun(runTool({"new", file}), 1, "",
+              "xmlconfig: " + file + ": exists; take another name, or --force, which replaces it\n");
     EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
     EXPECT_EQ(runTool({"new", "--force", file}).status, 0);
     expectRun(runTool({"get", file, "Screen/Shape"}), 0, "Flat\n", "");
@@ -260,7 +278,8 @@ TEST_F(Tool, GetTellsWhatIsMissingAndPrintsTheRest) {
     const std::string file = hallFile();
     expectRun(runTool({"get", file, "System/Nothing", "System/RunType", "Camera[2]/Name"}), 1,
               "System/RunType\tClassicRun\n",
-              "xmlconfig: " + file + ": holds no System/Nothing\nxmlconfig: " + file + ": holds no Camera[2]/Name\n");
+              "xmlconfig: " + file + ": holds no System/Nothing\nxmlconfig: " + file +
+                  ": holds no Camera[2]/Name; the file holds Camera[1]\n");
 }
 
 TEST_F(Tool, GetRefusesWhatIsNoAddress) {
@@ -319,9 +338,11 @@ TEST_F(Tool, SetIsAllOrNothing) {
         {"System/RunTipe=x", "System/RunTipe: there is no such setting; did you mean \"RunType\"?"},
         {"Sistem/RunType=x", "Sistem/RunType: there is no such setting; did you mean \"System\"?"},
         {"System/Is_Camera_Used=maybe",
-         "System/Is_Camera_Used: \"maybe\" is not of type bool; --force stores it all the same"},
-        {"Projector[2]/Name=x", "Projector[2]/Name: there is no such section; --force adds it"},
-        {"System[2]/RunType=x", "System[2]/RunType: there is no such section; --force adds it"},
+         "System/Is_Camera_Used: \"maybe\" is not of type bool; 'xmlconfig describe System/Is_Camera_Used' tells what fits; "
+         "--force stores it all the same"},
+        {"Projector[2]/Name=x",
+         "Projector[2]/Name: there is no such section; the file holds Projector[Größe 日本]; --force adds it"},
+        {"System[2]/RunType=x", "System[2]/RunType: there is no such section; the file holds System; --force adds it"},
         {"System=x", "System: a section has no value; name a setting in it"},
         {"Projector/Channel_Extents=1", "Projector[a/b=c]/Channel_Extents: holds other settings and no value"},
         {"Camera[1]/DeviceSnippet/device=1", "Camera[1]/DeviceSnippet/device: there is no device snippet"},
@@ -434,7 +455,7 @@ TEST_F(Tool, FilesOfOtherVersionsAreNotChanged) {
     expectRun(runTool({"set", file, "System/RunType=x"}), 1, "", message);
     EXPECT_EQ(folder.read(L"test.skorrax"), older);
     expectRun(runTool({"set", fileOf("<ConfigInfo><Version>9.001</Version></ConfigInfo>"), "System/RunType=x"}), 3, "",
-              "xmlconfig: " + file + ": is of file version 9.001, which is newer than this program\n");
+              "xmlconfig: " + file + ": is of file version 9.001; this program knows 9.000\n");
     for (const char* const content : {"<ConfigInfo><Version/></ConfigInfo>", "<ConfigInfo/>"})
         expectRun(runTool({"set", fileOf(content), "System/RunType=x"}), 3, "",
                   "xmlconfig: " + file + ": is no configuration, it has no version\n");
@@ -444,7 +465,8 @@ TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
     for (const std::string locale : {"LC_ALL=C", "LC_ALL=de_DE.UTF-8", "LC_ALL=POSIX"}) {
         const std::string file = path("Größe 日本 " + locale + ".skorrax");
         EXPECT_EQ(runTool({"new", file}, locale).status, 0);
-        expectRun(runTool({"new", file}, locale), 1, "", "xmlconfig: " + file + ": exists; --force replaces it\n");
+        expectRun(runTool({"new", file}, locale), 1, "",
+                  "xmlconfig: " + file + ": exists; take another name, or --force, which replaces it\n");
         expectRun(runTool({"set", file, "System/Skorra_File=Zürich 🎥.skorrax", "Geometry/Box_Spacing=1.75"}, locale), 0,
                   "+ System/Skorra_File    Zürich 🎥.skorrax\n~ Geometry/Box_Spacing  1.5 -> 1.75\n2 changes, 1 new finding\n"
                   "note[XC901] Geometry/Box_Spacing: has no effect now: Geometry/Enable_Automatic_Mapper_Settings is true\n",
@@ -458,7 +480,7 @@ TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
 TEST_F(Tool, LibraryIsHeardOnlyWhenAsked) {
     const std::string file = path("hall.skorrax");
     const std::string made =
-        "made " + file + ": file version 9.0, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n";
+        "made " + file + ": file version 9.000, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n";
     expectRun(runTool({"new", "--verbose", file}), 0, made,
               "xmlconfig: INFO: newConfiguration()\nxmlconfig: INFO: saveConfiguration('" + file + "')\n");
     expectRun(runTool({"--verbose", "new", "--force", file}), 0, made,

@@ -80,7 +80,9 @@ TEST_F(UpgradeVerb, OutputGoesWithOneFileOnly) {
     const ToolRun run = runTool({"upgrade", one, two, "-o", path("new.skorrax")});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.errors, "xmlconfig: --output goes with one FILE only\nxmlconfig: see 'xmlconfig upgrade --help'\n");
+    EXPECT_EQ(run.errors, "xmlconfig: --output goes with one FILE only\n");
+    EXPECT_EQ(nlohmann::json::parse(runTool({"upgrade", "--json", one, two, "-o", path("new.skorrax")}).output)["error"],
+              "--output goes with one FILE only");
     EXPECT_EQ(folder.entries(), 2u);
 }
 
@@ -164,7 +166,7 @@ TEST_F(UpgradeVerb, ExplainTellsInShortWhatBecameOfTheFile) {
                   "  moved    Screen/Unit -> System/Length_Unit, Screen/AngleUnit -> System/AngleUnit\n"
                   "  shared   6 settings stand in Geometry now, 16 of the projectors' own went; none reads differently\n"
                   "  joined   12 settings of cameras into their device snippets\n"
-                  "  gone     15 settings that version 9.0 does not know (--steps lists every change)\n"));
+                  "  gone     15 settings that version 9.000 does not know (--steps lists every change)\n"));
     EXPECT_THAT(run.output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed; 1 lost something\n"));
 }
 
@@ -260,22 +262,43 @@ TEST_F(UpgradeVerb, ConversionsAreNoWarnings) {
                 HasSubstr("xmlconfig: WARN:    -> converting 1.500 file to 9.000\n"));
 }
 
-TEST_F(UpgradeVerb, RemovedCameraIsAnError) {
+TEST_F(UpgradeVerb, WhatTheLibraryLogsIsNotTold) {
     const std::string file = write("hall.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
-    EXPECT_EQ(runTool({"upgrade", file}).errors,
-              "xmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\n");
+    EXPECT_THAT(runTool({"upgrade", "--verbose", "--dry-run", file}).errors,
+                HasSubstr("xmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\n"));
+    EXPECT_EQ(runTool({"check", file}).errors, "");
+    const std::string dropped = "xmlconfig: " + file +
+                                ": is of file version 8.000; read as it would be after the upgrade, which drops 1 device "
+                                "('xmlconfig upgrade --dry-run " +
+                                file + "' names it)\n";
+    for (const char* verb : {"show", "layout"}) EXPECT_EQ(runTool({verb, file}).errors, dropped);
+    const ToolRun run = runTool({"upgrade", file});
+    EXPECT_EQ(run.errors, "");
+    EXPECT_THAT(run.output, HasSubstr(", lost Camera[1]\n"));
+    const std::string newer = write("newer.skorrax", "9.001");
+    EXPECT_EQ(runTool({"upgrade", newer}).errors,
+              "xmlconfig: " + newer + ": not upgraded: is of file version 9.001; this program knows 9.000\n");
+}
+
+TEST_F(UpgradeVerb, VersionThatIsNoNumberCountsAsNone) {
+    const std::string file = write("hall.skorrax", "abc");
+    expectRun(runTool({"upgrade", file}), 0,
+              file + ": version 0.000 -> 9.000, the old file is " + file +
+                  ".v0.000.bak\n1 upgraded, 0 at the latest version already, 0 failed\n",
+              "xmlconfig: " + file +
+                  ": its version \"abc\" is no number above 0; converted as if of version 0.000, as the application does\n");
 }
 
 TEST_F(UpgradeVerb, LogLinesTakeThePlaceOfTheProgress) {
     const std::string one = write("1.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
     const std::string two = write("2.skorrax", "8.0");
-    const std::optional<TerminalRun> run = runOnATerminal({"upgrade", one, two}, ToTerminal::Errors);
+    const std::optional<TerminalRun> run = runOnATerminal({"upgrade", "--verbose", one, two}, ToTerminal::Errors);
     if (!run) GTEST_SKIP() << "no terminal can be made here";
     EXPECT_EQ(run->status, 1);  // a camera is lost
     EXPECT_THAT(run->shown,
-                StartsWith("\r1/2 " + one + "\x1b[K" +
+                StartsWith("\r1/2 " + one + "\x1b[K\r\x1b[Kxmlconfig: WARN:    -> converting 8.000 file to 9.000\r\n" +
                            "\r\x1b[Kxmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\r\n" +
-                           "\r\x1b[K" + "\r2/2 " + two + "\x1b[K\r\x1b[K"));
+                           "\r\x1b[K" + "\r2/2 " + two + "\x1b[K\r\x1b[Kxmlconfig: WARN: "));
 }
 
 TEST_F(UpgradeVerb, WithoutFilesIsWrongUsage) { EXPECT_EQ(runTool({"upgrade"}).status, 2); }

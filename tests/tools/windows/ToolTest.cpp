@@ -77,7 +77,7 @@ TEST_F(ToolOnWindows, NewDoesNotReplaceAFileOfALongName) {
     EXPECT_EQ(runTool({"set", file, "System/RunType=CinemaRun"}).status, 0);
     const ToolRun again = runTool({"new", file});
     EXPECT_EQ(again.status, 1);
-    EXPECT_THAT(again.errors, HasSubstr("exists; --force replaces it"));
+    EXPECT_THAT(again.errors, HasSubstr("exists; take another name, or --force, which replaces it"));
     EXPECT_EQ(runTool({"get", file, "System/RunType"}).output, "CinemaRun\n");
 }
 

@@ -1,0 +1,97 @@
+#include "tools/Printable.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace tool {
+namespace {
+
+constexpr std::size_t digits = 4;
+
+struct Range {
+    std::uint32_t first;
+    std::uint32_t last;
+};
+// Controls; marks, embeddings, overrides and isolates of the direction of writing, and between them the line separators.
+constexpr Range unprintable[] = {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
+                                 {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+
+bool isPrintable(wchar_t character) {
+    const auto code = static_cast<std::uint32_t>(character);
+    const auto holdsIt = [code](const Range& range) { return code >= range.first && code <= range.last; };
+    return std::none_of(std::begin(unprintable), std::end(unprintable), holdsIt);
+}
+
+std::wstring written(wchar_t character) {
+    if (character == L'\n') return L"\\n";
+    if (character == L'\t') return L"\\t";
+    if (character == L'\r') return L"\\r";
+    std::wstring text = L"\\u0000";
+    auto code = static_cast<std::uint32_t>(character);
+    for (std::size_t i = text.size(); code != 0; code /= 16) text[--i] = L"0123456789abcdef"[code % 16];
+    return text;
+}
+
+/// How long the colour is that begins there; 0 where none does.
+std::size_t colourAt(std::wstring_view text, std::size_t at) {
+    for (const std::wstring_view colour : {L"\x1b[0m", L"\x1b[31m", L"\x1b[32m", L"\x1b[33m"})
+        if (text.substr(at, colour.size()) == colour) return colour.size();
+    return 0;
+}
+
+std::wstring without(const std::wstring& text, std::wstring_view kept, bool keepsColours) {
+    if (std::all_of(text.begin(), text.end(), isPrintable)) return text;
+    std::wstring result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::size_t colour = keepsColours && text[i] == L'\x1b' ? colourAt(text, i) : 0;
+        if (colour > 0) {
+            result += text.substr(i, colour);
+            i += colour - 1;
+        } else if (isPrintable(text[i]) || kept.find(text[i]) != std::wstring_view::npos) {
+            result += text[i];
+        } else {
+            result += written(text[i]);
+        }
+    }
+    return result;
+}
+
+/// The character whose number stands there in hexadecimal digits.
+std::optional<wchar_t> numberedAt(const std::wstring& line, std::size_t at) {
+    if (line.size() - at < digits) return std::nullopt;
+    const std::wstring number = line.substr(at, digits);
+    if (number.find_first_not_of(L"0123456789abcdefABCDEF") != std::wstring::npos) return std::nullopt;
+    return static_cast<wchar_t>(std::stoul(number, nullptr, 16));
+}
+
+}  // namespace
+
+std::wstring printable(const std::wstring& text) { return without(text, L"", false); }
+std::wstring printableInColour(const std::wstring& text) { return without(text, L"", true); }
+std::wstring printableLines(const std::wstring& text) { return without(text, L"\n\t", true); }
+
+std::wstring escaped(const std::wstring& text) {
+    std::wstring line;
+    for (const wchar_t character : text) line += character == L'\\' ? L"\\\\" : std::wstring(1, character);
+    return printable(line);
+}
+
+std::wstring unescaped(const std::wstring& line) {
+    std::wstring text;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] != L'\\' || i + 1 == line.size()) {
+            text += line[i];
+            continue;
+        }
+        const wchar_t next = line[++i];
+        const std::optional<wchar_t> numbered = next == L'u' ? numberedAt(line, i + 1) : std::nullopt;
+        if (numbered) i += digits;
+        text += numbered ? *numbered : next == L'n' ? L'\n' : next == L't' ? L'\t' : next == L'r' ? L'\r' : next;
+    }
+    return text;
+}
+
+}  // namespace tool

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+/// Texts of files and of the command line as output can hold them: what would begin a line, move the cursor, give a terminal
+/// an order or turn the direction of writing is written as \n, \t, \r or \u009b. JSON does without: it has escapes of its
+/// own.
+namespace tool {
+
+/// For people: every such character is written out, so that the text is one line. A backslash stays, so that the paths of
+/// Windows can be read; who needs the exact text asks for JSON.
+std::wstring printable(const std::wstring& text);
+/// The same for text in which the tool itself has coloured something: its colours stay.
+std::wstring printableInColour(const std::wstring& text);
+/// The same for lines, with their ends and tabs.
+std::wstring printableLines(const std::wstring& text);
+
+/// For lines that programs read: in the same way, and a backslash as \\.
+std::wstring escaped(const std::wstring& text);
+/// The text that `escaped` made such a line of.
+std::wstring unescaped(const std::wstring& line);
+
+}  // namespace tool
