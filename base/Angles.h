@@ -1,6 +1,6 @@
 #pragma once
 
-/// Angles are radians wherever the library stores, reads or reckons with them.
+/// Angles are radians wherever the library stores, reads or computes with them.
 namespace XMLConfig::detail {
 
 inline constexpr double pi = 3.14159265358979323846;

@@ -45,9 +45,11 @@ inline std::wstring joined(const std::vector<std::wstring>& texts, const wchar_t
     return all;
 }
 
-/// "1 projector", "2 projectors".
-inline std::wstring counted(std::size_t count, const std::wstring& noun) {
-    return std::to_wstring(count) + L" " + noun + (count == 1 ? L"" : L"s");
+/// "1 entry", "2 entries".
+inline std::wstring counted(std::size_t count, const std::wstring& one, const std::wstring& many) {
+    return std::to_wstring(count) + L" " + (count == 1 ? one : many);
 }
+/// "1 projector", "2 projectors".
+inline std::wstring counted(std::size_t count, const std::wstring& noun) { return counted(count, noun, noun + L"s"); }
 
 }  // namespace XMLConfig::detail

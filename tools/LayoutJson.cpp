@@ -9,7 +9,6 @@ namespace {
 using XMLConfig::Channel;
 using XMLConfig::ChannelState;
 using XMLConfig::EdgeValues;
-using XMLConfig::ImageEdge;
 using XMLConfig::Layout;
 using XMLConfig::Overlap;
 
@@ -50,13 +49,9 @@ Json jsonOf(const Channel& channel, std::size_t number) {
     return json;
 }
 
-const char* nameOf(ImageEdge edge) {
-    return edge == ImageEdge::Left ? "left" : edge == ImageEdge::Right ? "right" : edge == ImageEdge::Top ? "top" : "bottom";
-}
-
 Json jsonOf(const Channel& channel, const Overlap& overlap) {
     return {{"id", jsonText(channel.id)},
-            {"edge", overlap.isWhole() ? "all" : nameOf(overlap.edge)},
+            {"edge", jsonText(edgeText(overlap))},
             {"middle", percent(overlap.middle)},
             {"least", percent(overlap.least)},
             {"most", percent(overlap.most)},

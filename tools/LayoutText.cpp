@@ -68,21 +68,6 @@ std::wstring faultsText(const Layout& layout, const Units& units, bool isColoure
     return titled(L"Not usable", std::to_wstring(rows.size())) + tableText(rows, L"  ");
 }
 
-const wchar_t* edgeText(const Overlap& overlap) {
-    if (overlap.isWhole()) return L"all";
-    switch (overlap.edge) {
-        case ImageEdge::Left:
-            return L"left";
-        case ImageEdge::Right:
-            return L"right";
-        case ImageEdge::Top:
-            return L"top";
-        case ImageEdge::Bottom:
-            break;
-    }
-    return L"bottom";
-}
-
 /// The most that any channel overlaps on each edge of each channel: a blend is for all neighbours there.
 class MostOnEdge {
 public:
@@ -181,6 +166,21 @@ std::wstring screenText(const Layout& layout, const Units& units, bool isColoure
 }
 
 }  // namespace
+
+const wchar_t* edgeText(const Overlap& overlap) {
+    if (overlap.isWhole()) return L"all";
+    switch (overlap.edge) {
+        case ImageEdge::Left:
+            return L"left";
+        case ImageEdge::Right:
+            return L"right";
+        case ImageEdge::Top:
+            return L"top";
+        case ImageEdge::Bottom:
+            break;
+    }
+    return L"bottom";
+}
 
 const std::wstring& nameOf(const Channel& channel) { return channel.name.empty() ? channel.id : channel.name; }
 

@@ -20,7 +20,9 @@ std::wstring fieldText(const XMLConfig::EdgeValues& edges, const Units& units);
 std::wstring spanText(const XMLConfig::Interval& span, const Units& units);
 std::wstring blendsText(const XMLConfig::EdgeValues& blends);  ///< left / right / top / bottom
 std::wstring rangeText(const XMLConfig::Overlap& overlap);     ///< in the middle, and from the least to the most
-/// Why a channel cannot be reckoned with.
+/// "left", "right", "top" or "bottom"; "all" where the overlap is the whole image.
+const wchar_t* edgeText(const XMLConfig::Overlap& overlap);
+/// What is wrong with the angles of a channel; "" for a usable one.
 std::wstring faultOf(const XMLConfig::Channel& channel, const Units& units);
 
 }  // namespace tool

@@ -26,10 +26,6 @@ struct Tally {
 
 void append(std::wstring& list, const std::wstring& text) { list += (list.empty() ? L"" : L", ") + text; }
 
-std::wstring counted(std::size_t count, const std::wstring& one, const std::wstring& many) {
-    return std::to_wstring(count) + L" " + (count == 1 ? one : many);
-}
-
 std::wstring line(const std::wstring& word, const std::wstring& text) {
     return text.empty() ? L"" : L"  " + word + std::wstring(9 - word.size(), L' ') + printable(text) + L"\n";
 }

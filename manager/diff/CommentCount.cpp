@@ -21,9 +21,9 @@ Place placeOf(const CommentView& comment) {
     return section.parent() ? Place{section.name(), section.id()} : Place();
 }
 
-class Comparison {
+class CommentComparison {
 public:
-    explicit Comparison(const Difference& difference) {
+    explicit CommentComparison(const Difference& difference) {
         for (const RenamedDevice& device : difference.renamed)
             m_newPlaces[{device.section, device.oldID}] = {device.section, device.newID};
         for (const auto* const devices : {&difference.added, &difference.removed})
@@ -69,7 +69,7 @@ private:
 
 std::size_t countChangedComments(const ConfigInfo& oldDocument, const ConfigInfo& newDocument,
                                  const Difference& difference) {
-    Comparison comparison(difference);
+    CommentComparison comparison(difference);
     comparison.addNew(newDocument);
     comparison.addOld(oldDocument);
     return comparison.count();
