@@ -1,11 +1,13 @@
 #include "store/DocumentParser.h"
 
 #include <atomic>
+#include <utility>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 
 #include "platform/Files.h"
 #include "platform/Numbers.h"
+#include "store/CharacterSource.h"
 #include "store/StrictParser.h"
 #include "store/Utf8Place.h"
 
@@ -107,22 +109,49 @@ std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path) { ret
 
 namespace {
 
-DocumentPointer parseSource(const FileSource& source, ContentHash& content) {
+std::unique_ptr<StrictParser> takeParser() {
     std::unique_ptr<StrictParser> parser(spareParser.exchange(nullptr));
-    if (parser == nullptr) parser = std::make_unique<StrictParser>();
+    return parser != nullptr ? std::move(parser) : std::make_unique<StrictParser>();
+}
+
+void giveBack(std::unique_ptr<StrictParser> parser, XMLFilePos sizeOfFile) {
+    if (sizeOfFile <= largestForSpare && parser->isFitForMore()) parser.reset(spareParser.exchange(parser.release()));
+}
+
+DocumentPointer parse(const CharacterSource& source, ContentHash& content) {
+    std::unique_ptr<StrictParser> parser = takeParser();
     DocumentPointer document = parser->parseDocument(source);
-    if (source.end().isInsideCharacter()) parser->refuseEnd(L"The last character is incomplete");
-    const bool isSmall = source.end().size() <= largestForSpare;
-    if (isSmall && parser->isFitForMore()) parser.reset(spareParser.exchange(parser.release()));
+    giveBack(std::move(parser), source.size());
     content = source.content();
     return document;
+}
+
+DocumentPointer parse(const FileSource& source, ContentHash& content) {
+    std::unique_ptr<StrictParser> parser = takeParser();
+    DocumentPointer document = parser->parseDocument(source);
+    if (source.end().isInsideCharacter()) parser->refuseEnd(L"The last character is incomplete");
+    giveBack(std::move(parser), source.end().size());
+    content = source.content();
+    return document;
+}
+
+/// Null where the file must be left to the library as the bytes that it has.
+DocumentPointer parseAsCharacters(const std::wstring& path, ContentHash& content) {
+    const CharacterSource source(path);
+    if (!source.isUtf8()) return nullptr;
+    try {
+        return parse(source, content);
+    } catch (const ParseFailure&) {  // the library tells the first fault, which may be one of the bytes
+        return nullptr;
+    }
 }
 
 }  // namespace
 
 DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
+    if (DocumentPointer document = parseAsCharacters(path, content)) return document;
     try {
-        return parseSource(FileSource(path), content);
+        return parse(FileSource(path), content);
     } catch (const WrongBytes& failure) {
         failure.throwWithPlaceInFile(path);
     }
