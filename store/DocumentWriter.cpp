@@ -136,15 +136,15 @@ private:
         m_out.append(end);
     }
 
-    /// Null for a name that is long. A document keeps each name once, so that its place tells one from another.
+    /// Null for a name that is long or not plain. A document keeps each name once, so that its place tells one from another.
     const ShortText<48>* knownName(const XMLCh* name) {
         KnownName& known = m_names[std::hash<const XMLCh*>()(name) / sizeof(void*) % m_names.size()];
         if (known.name == name) return &known.text;
-        std::string bytes;
-        detail::appendUtf8(bytes, view(name));
-        if (bytes.size() > known.text.bytes.size()) return nullptr;
+        const std::u16string_view text = view(name);
+        known.name = nullptr;
+        if (text.size() > known.text.bytes.size() || !copyPlain(text, known.text.bytes.data())) return nullptr;
         known.name = name;
-        known.text.size = bytes.copy(known.text.bytes.data(), bytes.size());
+        known.text.size = text.size();
         return &known.text;
     }
 

@@ -1,5 +1,7 @@
 #include "store/SectionIndex.h"
 
+#include <utility>
+
 #include "platform/Text.h"
 #include "store/TreeLinks.h"
 
@@ -130,9 +132,12 @@ KnownItem* SectionIndex::newNested(Section& section, const std::wstring& key) {
     const std::size_t end = key.find(L'|');
     const SectionTag::Key* const known = tag.findKey(key.substr(0, end));
     const KnownItem* const first = known == nullptr ? nullptr : section.items.find(known->number);
-    xercesc::DOMElement* const found =
-        first == nullptr ? nullptr : walk(first->element, toUtf16(std::wstring_view(key).substr(end + 1)));
-    return found == nullptr ? nullptr : &section.items.add(tag.numberOfNested(key), found, tag.countNumbers());
+    if (first == nullptr) return nullptr;
+    std::u16string rest = toUtf16(std::wstring_view(key).substr(end + 1));
+    xercesc::DOMElement* const found = walk(first->element, rest);
+    if (found == nullptr) return nullptr;
+    const std::size_t number = tag.numberNested(key, known->number, std::move(rest));
+    return &section.items.add(number, found, tag.countNumbers());
 }
 
 xercesc::DOMElement* SectionIndex::subSection(Section& section, const std::wstring& tag, const std::wstring& id) {

@@ -1,5 +1,6 @@
 #include "store/SectionTag.h"
 
+#include <cstring>
 #include <utility>
 
 #include "platform/Text.h"
@@ -7,6 +8,23 @@
 namespace XMLConfig::detail {
 
 std::wstring idOf(const xercesc::DOMElement& element) { return fromUtf16(view(element.getAttribute(xmlText(u"ID")))); }
+
+std::size_t HashOfText::operator()(const std::wstring& text) const {
+    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15U;
+    constexpr std::size_t step = sizeof(std::uint64_t) / sizeof(wchar_t);
+    const std::size_t whole = text.size() / step * step;
+    std::uint64_t hash = text.size();
+    std::uint64_t word = 0;
+    for (std::size_t i = 0; i < whole; i += step) {
+        std::memcpy(&word, text.data() + i, sizeof word);
+        hash = (hash ^ word) * odd;
+        hash ^= hash >> 32U;
+    }
+    word = 0;
+    for (std::size_t i = whole; i < text.size(); ++i) word = (word << 16U) ^ static_cast<std::uint64_t>(text[i]);
+    hash = (hash ^ word) * odd;
+    return static_cast<std::size_t>(hash ^ (hash >> 32U));
+}
 
 Section* SectionTag::find(const std::wstring& id) const {
     const auto found = m_firstOfID.find(id);
@@ -64,19 +82,11 @@ const SectionTag::Key* SectionTag::findKey(const std::wstring& key) const {
     return found == m_keys.end() ? nullptr : &found->second;
 }
 
-std::size_t SectionTag::numberOf(const std::wstring& key) {
-    return m_keys.emplace(key, Key{m_keys.size()}).first->second.number;
-}
-
-std::size_t SectionTag::numberOfNested(const std::wstring& key) {
-    if (const Key* const known = findKey(key)) return known->number;
-    const std::size_t end = key.find(L'|');
-    const std::size_t first = numberOf(key.substr(0, end));
+std::size_t SectionTag::numberNested(const std::wstring& key, std::size_t first, std::u16string&& rest) {
     std::vector<std::size_t>& nested = m_nestedIn[first];
     if (nested.size() == nested.capacity())
         nested.reserve(2 * nested.size() + 1);  // nothing may fail after the key is known
-    Key made{m_keys.size(), first, toUtf16(std::wstring_view(key).substr(end + 1))};
-    return nested.emplace_back(m_keys.emplace(key, std::move(made)).first->second.number);
+    return nested.emplace_back(m_keys.emplace(key, Key{m_keys.size(), first, std::move(rest)}).first->second.number);
 }
 
 const std::vector<std::size_t>* SectionTag::nestedIn(std::size_t number) const {
@@ -87,7 +97,8 @@ const std::vector<std::size_t>* SectionTag::nestedIn(std::size_t number) const {
 std::size_t SectionTag::numberOfName(const XMLCh* name) {
     const auto found = m_nameNumbers.find(name);
     if (found != m_nameNumbers.end()) return found->second;
-    return m_nameNumbers.emplace(name, numberOf(fromUtf16(view(name)))).first->second;
+    return m_nameNumbers.emplace(name, m_keys.emplace(fromUtf16(view(name)), Key{m_keys.size()}).first->second.number)
+        .first->second;
 }
 
 void SectionTag::lead(Section*& leader, Section* next) {

@@ -27,6 +27,11 @@ struct Section {
     SectionItems items;  ///< by the numbers of their keys
 };
 
+/// Takes half of what the standard library's takes. It tells nobody in advance, so that its result is kept with each text.
+struct HashOfText {
+    std::size_t operator()(const std::wstring& text) const;
+};
+
 /// The sections of one tag, which stay where they are in memory. Item keys are numbered for all of them together, so that
 /// a section needs no map of its own.
 class SectionTag {
@@ -53,9 +58,8 @@ public:
 
     /// Null where none of the sections was asked for that key or has it.
     [[nodiscard]] const Key* findKey(const std::wstring& key) const;
-    std::size_t numberOf(const std::wstring& key);
-    /// The number of a key of several parts.
-    std::size_t numberOfNested(const std::wstring& key);
+    /// The number of a key of several parts that has none yet, of which the first has that number.
+    std::size_t numberNested(const std::wstring& key, std::size_t first, std::u16string&& rest);
     /// The number of a child's name, which must be the document's own copy of that name.
     std::size_t numberOfName(const XMLCh* name);
     [[nodiscard]] std::size_t countNumbers() const { return m_keys.size(); }
@@ -77,7 +81,7 @@ private:
     std::unordered_map<std::wstring, InOrder> m_othersOfID;  // where there are several, those after the first
     Section* m_first = nullptr;
     Section* m_last = nullptr;
-    std::unordered_map<std::wstring, Key> m_keys;
+    std::unordered_map<std::wstring, Key, HashOfText> m_keys;
     std::unordered_map<const XMLCh*, std::size_t> m_nameNumbers;
     std::unordered_map<std::size_t, std::vector<std::size_t>> m_nestedIn;
 };

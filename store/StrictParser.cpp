@@ -113,7 +113,7 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
     countNames(attributeCount + 1);
     DOMElement& element = makeElement(uri, prefix, declaration.getBaseName());
     if (attributeCount != 0) addAttributes(element, attributes, attributeCount);
-    append(static_cast<DOMElement&>(*fCurrentParent), element);
+    appendNew(static_cast<DOMElement&>(*fCurrentParent), element);
     fCurrentParent = fCurrentNode = &element;
     fWithinElement = true;
     if (isEmpty) endElement(declaration, uri, isRoot, prefix);
@@ -132,8 +132,9 @@ void StrictParser::endElement(const xercesc::XMLElementDecl& declaration, const 
 void StrictParser::docCharacters(const XMLCh* const text, const XMLSize_t length, const bool isCdata) {
     const bool isFirst = fWithinElement && !isCdata && fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE;
     if (!isFirst || !linksAreKnown()) return DOMLSParserImpl::docCharacters(text, length, isCdata);
-    fCurrentNode = createText(text, length);
-    append(static_cast<DOMElement&>(*fCurrentParent), *fCurrentNode);
+    xercesc::DOMText* const made = createText(text, length);
+    appendNew(static_cast<DOMElement&>(*fCurrentParent), *made);
+    fCurrentNode = made;
 }
 
 void StrictParser::docPI(const XMLCh* const target, const XMLCh* const data) {

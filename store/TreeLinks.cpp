@@ -66,8 +66,7 @@ const DOMElement* elementFrom(const DOMNode* node) {
 
 xercesc::DOMParentNode& childrenOf(DOMElement& element) { return static_cast<DOMElementImpl&>(element).fParent; }
 
-void join(xercesc::DOMParentNode& children, DOMNode& parent, DOMNode& child) {
-    const Links links = linksOf(child);
+void join(xercesc::DOMParentNode& children, DOMNode& parent, DOMNode& child, const Links links) {
     links.node.fOwnerNode = &parent;
     links.node.isOwned(true);
     if (children.fFirstChild == nullptr) {
@@ -162,7 +161,7 @@ void append(DOMElement& parent, DOMNode& child) {
         parent.appendChild(&child);
         return;
     }
-    join(childrenOf(parent), parent, child);
+    join(childrenOf(parent), parent, child, linksOf(child));
     childrenOf(parent).changed();
 }
 
@@ -219,6 +218,16 @@ bool hasAttributes(const DOMElement& element) {
     return static_cast<const DOMElementImpl&>(element).fAttributes->getLength() > 0;
 }
 
+void appendNew(DOMElement& parent, DOMElement& child) {
+    auto& inside = static_cast<DOMElementImpl&>(child);
+    join(childrenOf(parent), parent, child, {inside.fNode, inside.fChild});
+}
+
+void appendNew(DOMElement& parent, xercesc::DOMText& child) {
+    auto& inside = static_cast<DOMTextImpl&>(child);
+    join(childrenOf(parent), parent, child, {inside.fNode, inside.fChild});
+}
+
 void reserveAttributes(DOMElement& element, const std::size_t count) {
     static_cast<DOMElementImpl&>(element).fAttributes->reserve(count);
 }
@@ -226,7 +235,7 @@ void reserveAttributes(DOMElement& element, const std::size_t count) {
 // The library would look for an equal one by namespace first, through all there are.
 void addAttribute(DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOMText& text) {
     static_cast<DOMElementImpl&>(element).fAttributes->setNamedItemFast(&attribute);
-    join(static_cast<DOMAttrImpl&>(attribute).fParent, attribute, text);
+    join(static_cast<DOMAttrImpl&>(attribute).fParent, attribute, text, linksOf(text));
 }
 
 void spreadNames(DOMDocumentImpl& document) {
@@ -257,6 +266,8 @@ const DOMElement* elementAfter(const DOMElement& element) { return element.getNe
 const DOMNode* firstNodeIn(const DOMElement& element) { return element.getFirstChild(); }
 const DOMNode* nodeAfter(const DOMNode& node) { return node.getNextSibling(); }
 bool hasAttributes(const DOMElement& element) { return element.hasAttributes(); }
+void appendNew(DOMElement& parent, DOMElement& child) { parent.appendChild(&child); }
+void appendNew(DOMElement& parent, xercesc::DOMText& child) { parent.appendChild(&child); }
 void reserveAttributes(DOMElement& /*element*/, std::size_t /*count*/) {}
 void addAttribute(DOMElement& /*element*/, xercesc::DOMAttr& /*attribute*/, xercesc::DOMText& /*text*/) {}
 void spreadNames(DOMDocumentImpl& /*document*/) {}

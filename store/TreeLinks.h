@@ -81,6 +81,9 @@ bool hasAttributes(const xercesc::DOMElement& element);
 
 // These are asked for only where the links are known.
 
+/// `child`, which is new and has no parent, becomes the last child of an element of which nobody keeps a list.
+void appendNew(xercesc::DOMElement& parent, xercesc::DOMElement& child);
+void appendNew(xercesc::DOMElement& parent, xercesc::DOMText& child);
 /// Makes room for the attributes of a new element.
 void reserveAttributes(xercesc::DOMElement& element, std::size_t count);
 /// Adds an attribute to an element for which room was made and which has none of that name. `text`, its value, may be
