@@ -9,6 +9,8 @@ namespace {
 
 /// Locked as long as somebody holds.
 std::recursive_mutex held;
+/// How many holds of this thread lie in each other.
+thread_local int depth = 0;
 
 /// The system calls this in a thread of its own and ends the program when it returns.
 BOOL WINAPI waitForHolders(DWORD) {
@@ -19,11 +21,18 @@ BOOL WINAPI waitForHolders(DWORD) {
 }  // namespace
 
 struct SignalHold::Before {
-    std::lock_guard<std::recursive_mutex> holding{held};
+    std::unique_lock<std::recursive_mutex> holding{held, std::defer_lock};
 };
 
-SignalHold::SignalHold() : m_before(std::make_unique<Before>()) { ::SetConsoleCtrlHandler(&waitForHolders, TRUE); }
+// While a handler runs, the system lets nobody add or remove one: who holds must not ask for that, for the handler waits.
+SignalHold::SignalHold() : m_before(std::make_unique<Before>()) {
+    if (depth++ == 0) ::SetConsoleCtrlHandler(&waitForHolders, TRUE);
+    m_before->holding.lock();
+}
 
-SignalHold::~SignalHold() { ::SetConsoleCtrlHandler(&waitForHolders, FALSE); }
+SignalHold::~SignalHold() {
+    m_before->holding.unlock();
+    if (--depth == 0) ::SetConsoleCtrlHandler(&waitForHolders, FALSE);  // where the handler runs, the program ends here
+}
 
 }  // namespace XMLConfig

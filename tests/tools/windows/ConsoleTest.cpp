@@ -1,10 +1,13 @@
 #include <array>
+#include <filesystem>
+#include <fstream>
 #include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/SignalHold.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/windows/StartedProgram.h"
 
@@ -13,6 +16,8 @@ namespace {
 using testing::HasSubstr;
 
 constexpr const char* nameOfFile = "XMLCONFIG_TEST_FILE";
+/// The exit status of a program that has waited for itself.
+constexpr DWORD stuck = 77;
 
 /// A function of the system that older headers lack.
 template <typename Function>
@@ -88,11 +93,23 @@ private:
     std::thread m_reader;
 };
 
-std::wstring thisProgram() {
-    wchar_t program[1000] = {};
-    ::GetModuleFileNameW(nullptr, program, 1000);
-    return program;
-}
+/// This program as the runner of one test that is not for itself, whatever part of the suite this is.
+class Victim {
+public:
+    Victim(const std::string& file, std::wstring test) : m_file(nameOfFile, file), m_test(std::move(test)) {}
+
+    std::wstring line() const {
+        wchar_t program[1000] = {};
+        ::GetModuleFileNameW(nullptr, program, 1000);
+        return L'"' + std::wstring(program) + L"\" --gtest_brief=1 --gtest_also_run_disabled_tests --gtest_filter=" + m_test;
+    }
+
+private:
+    EnvironmentVariable m_file;
+    EnvironmentVariable m_noParts{"GTEST_TOTAL_SHARDS"};
+    EnvironmentVariable m_noPart{"GTEST_SHARD_INDEX"};
+    std::wstring m_test;
+};
 
 }  // namespace
 
@@ -109,15 +126,40 @@ TEST(ToolOnAConsole, ShowsEveryCharacter) {
     const std::string file = (folder.path() / "hall.skorrax").u8string();
     ASSERT_EQ(runTool({"new", file}).status, 0);
     ASSERT_EQ(runTool({"set", "--force", file, "ProjMap/Site=Größe 日本 Ω"}).status, 0);
-    const EnvironmentVariable variable(nameOfFile, file);
-    // Its one test is to run in whatever part of the suite this is.
-    const EnvironmentVariable noParts("GTEST_TOTAL_SHARDS");
-    const EnvironmentVariable noPart("GTEST_SHARD_INDEX");
+    const Victim victim(file, L"ToolOnAConsoleVictim.*");
     Console console;
-    EXPECT_EQ(console.run(L'"' + thisProgram() +
-                          L"\" --gtest_brief=1 --gtest_also_run_disabled_tests --gtest_filter=ToolOnAConsoleVictim.*"),
-              0U);
+    EXPECT_EQ(console.run(victim.line()), 0U);
     const std::string& shown = console.shown();
     EXPECT_THAT(shown, HasSubstr("Größe 日本 Ω"));
     EXPECT_THAT(shown, HasSubstr("ProjMap/Größe"));
+}
+
+// Not for itself: the next test runs it on a console.
+TEST(SignalHoldVictim, DISABLED_IsEndedByItsKeyboard) {
+    const char* const folder = std::getenv(nameOfFile);
+    ASSERT_NE(folder, nullptr);
+    std::thread([] {
+        ::Sleep(10000);
+        ::TerminateProcess(::GetCurrentProcess(), stuck);
+    }).detach();
+    const auto leave = [folder](const char* name) { std::ofstream(std::filesystem::u8path(folder) / name) << name; };
+    {
+        const XMLConfig::SignalHold hold;
+        const XMLConfig::SignalHold inner;
+        ASSERT_NE(::GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0), 0);
+        ::Sleep(500);
+        const XMLConfig::SignalHold later;
+        leave("held");
+    }
+    ::Sleep(5000);
+    leave("late");
+}
+
+TEST(SignalHold, EndsTheProgramAfterwards) {
+    const TemporaryFolder folder;
+    const Victim victim(folder.path().u8string(), L"SignalHoldVictim.*");
+    Console console;
+    EXPECT_NE(console.run(victim.line()), stuck);
+    EXPECT_TRUE(folder.has(L"held"));
+    EXPECT_FALSE(folder.has(L"late"));
 }
