@@ -12,8 +12,10 @@
 #include "tools/NumberTexts.h"
 #include "tools/Output.h"
 #include "tools/Places.h"
+#include "tools/Printable.h"
 #include "tools/RuleText.h"
 #include "tools/Showing.h"
+#include "tools/Suggestion.h"
 
 namespace tool {
 namespace {
@@ -71,6 +73,16 @@ XMLConfig::Address addressOf(const ElementView& section) {
     return {section.name(), section.id(), L"", L"", L""};
 }
 
+/// What may have been meant by a place where nothing stands.
+std::wstring adviceFor(const ConfigInfo& document, const Accepted& accepted) {
+    if (accepted.place.empty()) return L"";
+    const XMLConfig::Address address = XMLConfig::parseAddress(accepted.place);
+    const std::vector<XMLConfig::Address> places = placesOf(document, address);
+    const bool isThere =
+        !places.empty() && (XMLConfig::findElement(document, places[0]) || XMLConfig::knownSetting(places[0]));
+    return isThere ? L"" : suggestionFor(document, address);
+}
+
 }  // namespace
 
 void refuseWrongAcceptance(const Request& request) {
@@ -102,7 +114,7 @@ std::vector<NewComment> accept(ConfigInfo& document, const Request& request, XML
         if (known == sections.end()) sections.push_back(section);
     }
     const std::wstring place = accepted.place.empty() ? L"" : L" at " + accepted.place;
-    if (findings.empty()) throw Refusal(accepted.rule + L" is not found" + place);
+    if (findings.empty()) throw Refusal(accepted.rule + L" is not found" + place + adviceFor(document, accepted));
     if (sections.empty()) throw Refusal(accepted.rule + L" is accepted already" + place);
     XMLConfig::addComment(document, sections, L" " + text + L" ");
     return comments;
@@ -115,7 +127,7 @@ std::wstring acceptanceText(const std::vector<NewComment>& comments, const Confi
     for (const NewComment& comment : comments) {
         const bool isWhole = comment.section.section.empty();
         text += coloured(L"+", Tone::Good, isColoured(request.colour)) + L" " +
-                (isWhole ? L"the whole file" : showing.address(comment.section)) + L": " + comment.text + L"\n";
+                (isWhole ? L"the whole file" : showing.address(comment.section)) + L": " + printable(comment.text) + L"\n";
         findings += comment.findings;
     }
     return text + counted(comments.size(), L"comment") + L" for " + counted(findings, L"finding") +

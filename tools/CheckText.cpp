@@ -131,7 +131,7 @@ private:
             return place.finding.severity != Severity::Note && place.finding.rule.compare(0, 3, L"XC3") == 0;
         };
         if (m_file == L"-" || std::none_of(m_checked.findings.begin(), m_checked.findings.end(), isOfChannels)) return L"";
-        return L"  a picture: xmlconfig layout --svg layout.svg " + m_file + L"\n";
+        return L"  a picture: xmlconfig layout --svg layout.svg " + shellWord(m_file) + L"\n";
     }
 
     const CheckedFile& m_checked;

@@ -216,7 +216,7 @@ ExitStatus statusOf(const std::vector<CheckedFile>& all, bool isStrict) {
 }  // namespace
 
 void setUpCheck(Options& options, Request& request) {
-    options.value("FILE", request.operands, "The files to check; - for standard input").required();
+    options.value("FILE", request.operands, "The files to check; - for standard input").required().notEmpty(emptyName);
     options.value("--only", request.rules, "Look for these rules alone, as in XC103,XC217")
         .separatedBy(',')
         .valueName("RULE");

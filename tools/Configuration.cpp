@@ -12,6 +12,7 @@
 #include "store/CorvaneException.h"
 #include "store/ElementView.h"
 #include "tools/Output.h"
+#include "tools/Printable.h"
 #include "tools/Reading.h"
 #include "tools/Writing.h"
 
@@ -35,7 +36,7 @@ void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
     if (isOfLatestVersion(document)) return;
     if (document.getVersion() > ConfigInfoFactory::getLatestFileVersionNumber()) refuseNewer(document, name);
     throw Refusal(name + L": is of file version " + XMLConfig::versionText(document.getVersion()) +
-                  L" and must be upgraded first: xmlconfig upgrade " + name);
+                  L" and must be upgraded first: xmlconfig upgrade " + shellWord(name));
 }
 
 void saveDocument(ConfigInfo& document, const std::string& file) {

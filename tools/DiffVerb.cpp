@@ -49,7 +49,9 @@ std::wstring answer(const Request& request, const XMLConfig::Difference& differe
 }  // namespace
 
 void setUpDiff(Options& options, Request& request) {
-    options.value("OLD NEW", request.operands, "The files to compare; one may be - for standard input").required();
+    options.value("OLD NEW", request.operands, "The files to compare; one may be - for standard input")
+        .required()
+        .notEmpty(emptyName);
     options.flag("--all", request.all, "Tell runs and times, and what is the same in effect or value, too");
     options.flag("--stat", request.brief, "Print the last line only");
     options.flag("--lines", request.lines, "Print the changes as lines for 'set --from'");

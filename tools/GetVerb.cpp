@@ -239,7 +239,7 @@ private:
 }  // namespace
 
 void setUpGet(Options& options, Request& request) {
-    options.value("FILE", request.file, "The file to read; - for standard input").required();
+    options.value("FILE", request.file, "The file to read; - for standard input").required().notEmpty(emptyName);
     options.value("ADDRESS", request.operands, "Where a value stands; a whole section or group is shown as a tree")
         .required();
     options.flag("--effective", request.effective, "Print what the application reads: inherited values and defaults, too");

@@ -36,12 +36,12 @@ void writePicture(const Request& request, const std::string& svg) {
 }  // namespace
 
 void setUpLayout(Options& options, Request& request) {
-    options.value("FILE", request.file, "The file to look at; - for standard input").required();
+    options.value("FILE", request.file, "The file to look at; - for standard input").required().notEmpty(emptyName);
     options
         .value("--svg", request.picture,
                "Draw the picture into this file; - for standard output, which gets nothing else then")
         .valueName("FILE.svg")
-        .notEmpty("the file name is empty");
+        .notEmpty(emptyName);
     options.flag("--json", request.json, "Answer with one JSON object");
     setUpColour(options, request.colour);
     options.footer(

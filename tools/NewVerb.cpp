@@ -50,7 +50,7 @@ std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
     return L"made " + printable(file) + L": file version " + XMLConfig::versionText(manager.getDocument().getVersion()) +
            L", " + counted(static_cast<std::size_t>(manager.getProjectorConfigCount()), L"projector") + L", " +
            counted(static_cast<std::size_t>(manager.getCameraConfigCount()), L"camera") + L"\nnext: xmlconfig check " +
-           printable(file) + L"\n";
+           printable(shellWord(file)) + L"\n";
 }
 
 std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {
@@ -63,7 +63,7 @@ std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {
 }  // namespace
 
 void setUpNew(Options& options, Request& request) {
-    options.value("FILE", request.file, "The file to make; its name ends in .skorrax").required();
+    options.value("FILE", request.file, "The file to make; its name ends in .skorrax").required().notEmpty(emptyName);
     options.flag("--force", request.force, "Replace a file that exists");
     constexpr unsigned most = 10'000;
     options.value("--projectors", request.projectors, "How many projectors it holds, side by side (0)")

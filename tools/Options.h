@@ -30,6 +30,9 @@ private:
     CLI::Option* m_option;
 };
 
+/// What an empty text in the place of a file's name, as an unset variable gives it, is refused with.
+inline const char* const emptyName = "the file name is empty";
+
 /// Names what a verb takes. The parser writes to the variables, which live as long as the command line.
 class Options {
 public:

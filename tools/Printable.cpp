@@ -73,6 +73,17 @@ std::wstring printable(const std::wstring& text) { return without(text, L"", fal
 std::wstring printableInColour(const std::wstring& text) { return without(text, L"", true); }
 std::wstring printableLines(const std::wstring& text) { return without(text, L"\n\t", true); }
 
+std::wstring shellQuoted(const std::wstring& text) {
+    std::wstring word = L"'";
+    for (const wchar_t character : text) word += character == L'\'' ? L"'\\''" : std::wstring(1, character);
+    return word + L"'";
+}
+
+std::wstring shellWord(const std::wstring& text) {
+    const bool isPlain = !text.empty() && text.find_first_of(L" '\"$&;()*?[]<>|`!{}") == std::wstring::npos;
+    return isPlain ? text : shellQuoted(text);
+}
+
 std::wstring escaped(const std::wstring& text) {
     std::wstring line;
     for (const wchar_t character : text) line += character == L'\\' ? L"\\\\" : std::wstring(1, character);

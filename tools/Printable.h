@@ -15,6 +15,11 @@ std::wstring printableInColour(const std::wstring& text);
 /// The same for lines, with their ends and tabs.
 std::wstring printableLines(const std::wstring& text);
 
+/// As one word of a command for a shell: between quotes, or as it is where none are needed.
+std::wstring shellWord(const std::wstring& text);
+/// Always between quotes.
+std::wstring shellQuoted(const std::wstring& text);
+
 /// For lines that programs read: in the same way, and a backslash as \\.
 std::wstring escaped(const std::wstring& text);
 /// The text that `escaped` made such a line of.

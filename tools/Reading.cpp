@@ -16,6 +16,7 @@
 #include "store/ElementView.h"
 #include "tools/FaultLine.h"
 #include "tools/NumberTexts.h"
+#include "tools/Printable.h"
 
 namespace tool {
 namespace {
@@ -55,7 +56,7 @@ void tellUpgrade(const std::string& file, double version, std::size_t lost) {
                         L"; read as it would be after the upgrade";
     if (lost > 0) text += L", which drops " + counted(lost, L"device");
     if (lost > 0 && file != "-")
-        text += L" ('xmlconfig upgrade --dry-run " + nameOf(file) + L"' names " + (lost == 1 ? L"it)" : L"them)");
+        text += L" (xmlconfig upgrade --dry-run " + shellWord(nameOf(file)) + L" names " + (lost == 1 ? L"it)" : L"them)");
     complain(text);
 }
 
@@ -69,6 +70,19 @@ std::optional<double> bringUpToDate(ConfigInfo& document, const std::string& fil
 }
 
 }  // namespace
+
+std::wstring withReason(const std::wstring& message, const std::string& file) {
+    if (message.find(L": Can not open file: ") == std::wstring::npos) return message;
+    std::error_code ignored;
+    const auto status = std::filesystem::status(XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file)), ignored);
+    if (std::filesystem::is_directory(status)) return message + L"; it is a folder";
+    if (!std::filesystem::exists(status)) return message;
+    if (!std::filesystem::is_regular_file(status)) return message + L"; it is a pipe or a device";
+    using Rights = std::filesystem::perms;
+    const Rights writing = Rights::owner_write | Rights::group_write | Rights::others_write;
+    const bool isReadOnly = (status.permissions() & writing) == Rights::none;
+    return isReadOnly ? message + L"; nobody may write it, and such a file is not opened" : message;
+}
 
 std::wstring faultLineIn(const std::string& file, const std::wstring& message) {
     const std::filesystem::path path = XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file));
@@ -97,7 +111,7 @@ std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
         const std::wstring path = XMLConfig::wideFromUtf8(file);
         return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
     } catch (const CorvaneException& fault) {
-        throw Unreadable(fault.getMessage(), faultLineIn(file, fault.getMessage()));
+        throw Unreadable(withReason(fault.getMessage(), file), faultLineIn(file, fault.getMessage()));
     }
 }
 

@@ -17,6 +17,8 @@ public:
     using Refusal::Refusal;
 };
 
+/// The message, with why the file cannot be opened where it says that and the reason can be seen.
+std::wstring withReason(const std::wstring& message, const std::string& file);
 /// The line of the file that a message finds fault with, and a caret under the place; "" where it names none.
 std::wstring faultLineIn(const std::string& file, const std::wstring& message);
 

@@ -8,6 +8,7 @@
 #include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
+#include "store/CorvaneException.h"
 #include "tools/Changing.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
@@ -133,23 +134,39 @@ AskedChange askedChangeOf(const std::wstring& text) {
     return {{XMLConfig::parseAddress(part.snippet), text.substr(start)}, part.part};
 }
 
+AskedChange askedChangeIn(const std::string& line) {
+    const std::wstring text = XMLConfig::wideFromUtf8(line);
+    if (XMLConfig::utf8FromWide(text) != line) throw WrongOperands("is not UTF-8");
+    return askedChangeOf(unescaped(text));
+}
+
 /// Each line is a change, but empty ones.
-void addLines(std::vector<AskedChange>& changes, std::istream& lines) {
+void addLines(std::vector<AskedChange>& changes, std::istream& lines, const std::string& file) {
+    std::size_t number = 0;
     for (std::string line; std::getline(lines, line);) {
+        ++number;
         if (!line.empty() && line.back() == '\r') line.pop_back();
-        if (!line.empty()) changes.push_back(askedChangeOf(unescaped(XMLConfig::wideFromUtf8(line))));
+        const std::string place = file + " line " + std::to_string(number) + ": ";
+        try {
+            if (!line.empty()) changes.push_back(askedChangeIn(line));
+        } catch (const CorvaneParseException& fault) {
+            throw WrongOperands(place + fault.what());
+        } catch (const WrongOperands& fault) {
+            throw WrongOperands(place + fault.what());
+        }
     }
+    if (lines.bad()) throw Unreadable(XMLConfig::wideFromUtf8(file) + L": cannot be read");
 }
 
 std::vector<AskedChange> changesOf(const Request& request) {
     std::vector<AskedChange> changes;
     for (const std::string& operand : request.operands) changes.push_back(askedChangeOf(XMLConfig::wideFromUtf8(operand)));
-    if (request.lineFile == "-") addLines(changes, std::cin);
+    if (request.lineFile == "-") addLines(changes, std::cin, "standard input");
     if (request.lineFile.empty() || request.lineFile == "-") return changes;
     const std::wstring file = XMLConfig::wideFromUtf8(request.lineFile);
     std::ifstream lines(XMLConfig::pathForStreams(file), std::ios::binary);
     if (!lines) throw Unreadable(file + L": cannot be read");
-    addLines(changes, lines);
+    addLines(changes, lines, request.lineFile);
     return changes;
 }
 
@@ -239,7 +256,7 @@ std::vector<Change> applySet(ConfigInfo& document, const std::wstring& assignmen
 }
 
 void setUpSet(Options& options, Request& request) {
-    options.value("FILE", request.file, "The file to change").required();
+    options.value("FILE", request.file, "The file to change").required().notEmpty(emptyName);
     options.value("CHANGE", request.operands,
                   "ADDRESS=VALUE: where a value is stored, and the value; a number may have a unit: 24deg, 1.2rad, 5.2m, "
                   "340mm, 17ft, 12in");

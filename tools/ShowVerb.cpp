@@ -122,7 +122,7 @@ private:
 }  // namespace
 
 void setUpShow(Options& options, Request& request) {
-    options.value("FILE", request.file, "The file to show; - for standard input").required();
+    options.value("FILE", request.file, "The file to show; - for standard input").required().notEmpty(emptyName);
     options.value("ADDRESS", request.operands, "Show these places only, as trees");
     const Option all = options.flag("--all", request.all, "Show the whole tree instead of the summary");
     options.flag("--flat", request.flat, "One line a value: ADDRESS=TEXT, as 'set --from' reads them").excludes(all);

@@ -21,7 +21,7 @@ std::wstring fileText(const Summary& summary, const std::wstring& file) {
 std::wstring checkText(const Summary& summary, const std::wstring& file) {
     const auto text = [](std::size_t count, const wchar_t* noun) { return counted(count, noun); };
     return L"Check       " + text(summary.errors, L"error") + L", " + text(summary.warnings, L"warning") + L", " +
-           text(summary.notes, L"note") + L" (xmlconfig check " + printable(file) + L")\n";
+           text(summary.notes, L"note") + L" (xmlconfig check " + printable(shellWord(file)) + L")\n";
 }
 
 std::wstring known(double value) { return value < 0.0 ? L"?" : numberText(value, 2); }

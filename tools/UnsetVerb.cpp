@@ -1,3 +1,5 @@
+#include <set>
+
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "tools/Changing.h"
@@ -68,7 +70,7 @@ std::vector<Change> applyUnset(ConfigInfo& document, const std::wstring& address
 }
 
 void setUpUnset(Options& options, Request& request) {
-    options.value("FILE", request.file, "The file to change").required();
+    options.value("FILE", request.file, "The file to change").required().notEmpty(emptyName);
     options.value("ADDRESS", request.operands, "What is to be stored no more, so that it is inherited or its default counts")
         .required();
     options.flag("--force", request.force, "Write what makes errors too");
@@ -79,8 +81,9 @@ void setUpUnset(Options& options, Request& request) {
 ExitStatus runUnset(const Request& request) {
     refuseStandardInput(request);
     std::vector<Address> operands;
+    std::set<std::string> met;  // one that is named twice is gone the second time
     for (const std::string& operand : request.operands)
-        operands.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+        if (met.insert(operand).second) operands.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);

@@ -160,15 +160,8 @@ std::wstring deviceName(const std::wstring& section, const std::wstring& id, con
 }
 
 std::wstring followingCommand(const UpgradeOutcome& outcome, const XMLConfig::DanglingReference& reference) {
-    const auto quoted = [](const std::wstring& text) {
-        std::wstring word = L"'";
-        for (const wchar_t character : text) word += character == L'\'' ? L"'\\''" : std::wstring(1, character);
-        return word + L"'";
-    };
-    const std::wstring& file = outcome.report.target;
-    const bool isPlain = file.find_first_of(L" '\"$&;()*?[]<>|`\\") == std::wstring::npos;
-    return L"xmlconfig set " + (isPlain ? file : quoted(file)) + L" " +
-           quoted(reference.address + L"=" + reference.newValue);
+    return L"xmlconfig set " + shellWord(outcome.report.target) + L" " +
+           shellQuoted(reference.address + L"=" + reference.newValue);
 }
 
 std::wstring upgradeSummary(const UpgradeOutcome& outcome) {

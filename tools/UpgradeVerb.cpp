@@ -52,7 +52,7 @@ UpgradeOutcome upgradeOne(const std::string& file, const Request& request) {
         outcome.fault = XMLConfig::wideFromUtf8(fault.what());
         outcome.isRefused = true;
     } catch (const std::exception& fault) {
-        outcome.fault = XMLConfig::wideFromUtf8(fault.what());
+        outcome.fault = withReason(XMLConfig::wideFromUtf8(fault.what()), file);
         outcome.isRefused = !request.target.empty() && exists(request.target);
     }
     return outcome;
@@ -103,10 +103,10 @@ void printOutcome(const UpgradeOutcome& outcome, const Request& request) {
 }  // namespace
 
 void setUpUpgrade(Options& options, Request& request) {
-    options.value("FILE", request.operands, "The files to bring to the latest version").required();
+    options.value("FILE", request.operands, "The files to bring to the latest version").required().notEmpty(emptyName);
     // An empty name, as an unset variable gives, must not fall back to converting in place.
     options.value("-o,--output", request.target, "Where the result goes, a file that does not exist yet")
-        .notEmpty("the file name is empty");
+        .notEmpty(emptyName);
     options.flag("--explain", request.explain, "Tell what was lost, renamed, moved and dropped");
     options.flag("--steps", request.steps, "Tell every change of each step");
     options.flag("--json", request.json, "Tell everything as JSON");

@@ -135,6 +135,10 @@ TEST_F(Accept, RefusesWhatItCannotUnderstand) {
                   "--accept writes to a file and cannot take standard input");
 }
 
+TEST_F(Accept, AnswersAMistypedPlaceWithWhatIsNearest) {
+    expectRefused(accept("XC408@Projector[dome 3]"), 1, "XC408 is not found at Projector[dome 3]; did you mean \"Dome 3\"?");
+}
+
 TEST_F(Accept, RefusesAReasonThatNoCommentHolds) {
     expectRefused(runTool({"check", "--accept", "XC408", "--because", "a -- b", file}), 2,
                   "--because cannot hold \"--\", which would end the comment that it becomes");

@@ -210,6 +210,26 @@ TEST_F(SetVerb, OfOneSettingTwiceTheLastCounts) {
     EXPECT_EQ(stored("Projector[Dome 2]/Gamma"), "2.600000000000000e+00\n");
 }
 
+TEST_F(SetVerb, LinesAreReadWholeOrNotAtAll) {
+    const auto refused = [&](const std::string& lines, int status, const std::string& message) {
+        folder.write(L"lines.txt", lines);
+        const std::string name = (folder.path() / "lines.txt").string();
+        expectRun(run("set", {"--from", name}), status, "", "xmlconfig: " + name + message + "\n");
+        EXPECT_EQ(content(), original);
+    };
+    refused("ProjMap/Site=x\ngarbage\n", 2,
+            " line 2: Error parseAddress: \"garbage\", character 8: \"=\" and a value are missing");
+    refused("ProjMap/Site=x\n\nProjMap/Other=\xFF\n", 2, " line 3: is not UTF-8");
+    const std::string directory = folder.path().string();
+    expectRun(run("set", {"--from", directory}), 3, "", "xmlconfig: " + directory + ": cannot be read\n");
+}
+
+TEST_F(SetVerb, UnsetTakesAPlaceThatIsNamedTwiceOnce) {
+    const ToolRun once = run("unset", {"--dry-run", "Projector[#2]/Box_Spacing"});
+    const ToolRun twice = run("unset", {"--dry-run", "Projector[#2]/Box_Spacing", "Projector[#2]/Box_Spacing"});
+    expectRun(twice, 0, once.output);
+}
+
 TEST_F(SetVerb, StandardInputIsNoFileToChange) {
     const std::string message = "xmlconfig: a file is changed here; standard input cannot be\n";
     expectRun(runTool({"set", "-", "ProjMap/Site=x"}), 2, "", message);

@@ -139,6 +139,39 @@ TEST_F(Tool, UnreadableFilesAreRefused) {
     EXPECT_THAT(run.errors, HasSubstr("line 1, column "));
 }
 
+TEST_F(Tool, WhatCannotBeOpenedIsToldWithTheReason) {
+    const std::string directory = path("folder.skorrax");
+    std::filesystem::create_directory(std::filesystem::u8path(directory));
+    const std::string readOnly = hallFile();
+    std::filesystem::permissions(std::filesystem::u8path(readOnly), std::filesystem::perms::owner_read);
+    for (const std::string verb : {"show", "check", "layout"}) {
+        const std::string start = "xmlconfig: Error parseDataFile: Can not open file: ";
+        expectRun(runTool({verb, directory}), 3, "", start + directory + "; it is a folder\n");
+        expectRun(runTool({verb, readOnly}), 3, "",
+                  start + readOnly + "; nobody may write it, and such a file is not opened\n");
+    }
+    EXPECT_THAT(runTool({"upgrade", directory}).errors, testing::EndsWith("; it is a folder\n"));
+    std::filesystem::permissions(std::filesystem::u8path(readOnly), std::filesystem::perms::owner_all);
+}
+
+TEST_F(Tool, AnEmptyFileNameIsWrongUsage) {
+    for (const Arguments& words :
+         {Arguments{"new", ""}, Arguments{"show", ""}, Arguments{"get", "", "System"}, Arguments{"set", "", "ProjMap/x=1"},
+          Arguments{"unset", "", "ProjMap/x"}, Arguments{"check", ""}, Arguments{"layout", ""}, Arguments{"diff", "", "x"},
+          Arguments{"upgrade", ""}}) {
+        const ToolRun run = runTool(words);
+        EXPECT_EQ(run.status, 2) << words[0];
+        EXPECT_THAT(run.errors, HasSubstr("the file name is empty\n"));
+    }
+}
+
+TEST_F(Tool, CommandsThatItNamesCanBePasted) {
+    const std::string file = fileOf("<ConfigInfo><Version>8.000</Version></ConfigInfo>", "old hall.skorrax");
+    EXPECT_THAT(runTool({"set", file, "ProjMap/x=1"}).errors,
+                testing::EndsWith("must be upgraded first: xmlconfig upgrade '" + file + "'\n"));
+    EXPECT_THAT(runTool({"show", file}).output, HasSubstr(" (xmlconfig check '" + file + "')\n"));
+}
+
 TEST_F(Tool, OtherXmlIsNoConfiguration) {
     const std::string other = "<Other><Version>9.000</Version><System/></Other>";
     const std::string file = fileOf(other);

@@ -269,8 +269,8 @@ TEST_F(UpgradeVerb, WhatTheLibraryLogsIsNotTold) {
     EXPECT_EQ(runTool({"check", file}).errors, "");
     const std::string dropped = "xmlconfig: " + file +
                                 ": is of file version 8.000; read as it would be after the upgrade, which drops 1 device "
-                                "('xmlconfig upgrade --dry-run " +
-                                file + "' names it)\n";
+                                "(xmlconfig upgrade --dry-run " +
+                                file + " names it)\n";
     for (const char* verb : {"show", "layout"}) EXPECT_EQ(runTool({verb, file}).errors, dropped);
     const ToolRun run = runTool({"upgrade", file});
     EXPECT_EQ(run.errors, "");
