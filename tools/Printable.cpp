@@ -1,7 +1,6 @@
 #include "tools/Printable.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -11,15 +10,15 @@ namespace {
 constexpr std::size_t digits = 4;
 
 struct Range {
-    std::uint32_t first;
-    std::uint32_t last;
+    char32_t first;
+    char32_t last;
 };
 // Controls; marks, embeddings, overrides and isolates of the direction of writing, and between them the line separators.
 constexpr Range unprintable[] = {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
                                  {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
 bool isPrintable(wchar_t character) {
-    const auto code = static_cast<std::uint32_t>(character);
+    const auto code = static_cast<char32_t>(character);
     const auto holdsIt = [code](const Range& range) { return code >= range.first && code <= range.last; };
     return std::none_of(std::begin(unprintable), std::end(unprintable), holdsIt);
 }
@@ -29,7 +28,7 @@ std::wstring written(wchar_t character) {
     if (character == L'\t') return L"\\t";
     if (character == L'\r') return L"\\r";
     std::wstring text = L"\\u0000";
-    auto code = static_cast<std::uint32_t>(character);
+    auto code = static_cast<char32_t>(character);
     for (std::size_t i = text.size(); code != 0; code /= 16) text[--i] = L"0123456789abcdef"[code % 16];
     return text;
 }

@@ -26,9 +26,7 @@ protected:
 const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";
 
 /// A file in a command that can be typed as it stands.
-std::string word(const std::string& file) {
-    return file.find_first_of(" \\") == std::string::npos ? file : "'" + file + "'";
-}
+std::string word(const std::string& file) { return file.find(' ') == std::string::npos ? file : "'" + file + "'"; }
 
 }  // namespace
 
