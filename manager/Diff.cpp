@@ -12,6 +12,7 @@
 #include "manager/diff/ValueComparison.h"
 #include "platform/Words.h"
 #include "store/BuildIdentity.h"
+#include "store/Comments.h"
 #include "store/Tokens.h"
 
 namespace XMLConfig {
@@ -67,7 +68,8 @@ public:
         for (const auto& [tag, matches] : devices) compareDevices(tag, matches);
         compareSections();
         for (const auto& [tag, matches] : devices) compareOrder(tag, matches);
-        m_found.comments = detail::countChangedComments(m_old, m_new, m_found);
+        m_found.comments +=
+            detail::countChangedComments(commentsDirectlyIn(rootElement(m_old)), commentsDirectlyIn(rootElement(m_new)));
         return std::move(m_found);
     }
 
@@ -130,7 +132,9 @@ private:
     }
 
     void compare(const Pair& pair) {
-        if (pair.old && pair.now && haveEqualContents(pair.old, pair.now)) return;
+        const bool areEqual = pair.old && pair.now && haveEqualContents(pair.old, pair.now);
+        m_found.comments += detail::countChangedComments(commentsIn(pair.old), commentsIn(pair.now));
+        if (areEqual) return;
         const SectionTexts olds(pair.old);
         const SectionTexts news(pair.now);
         for (const StoredText& now : news.all()) {

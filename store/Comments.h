@@ -9,8 +9,13 @@
 
 class ConfigInfo;
 
-/// Writing comments, which travel with a document through every save; `commentsOf` reads them.
+/// Comments, which travel with a document through every save; `commentsOf` lists all of them.
 namespace XMLConfig {
+
+/// Those inside one element, at any depth; none of no element.
+XMLCONFIG_API std::vector<CommentView> commentsIn(const ElementView& around);
+/// Those that stand directly in one element.
+XMLCONFIG_API std::vector<CommentView> commentsDirectlyIn(const ElementView& around);
 
 /// Writes a comment at the end of each of those elements and sets the document dirty. Each is the document's root or a
 /// section. Throws CorvaneException ("Error addComment: ...") for any other element, and for a text that a comment cannot

@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "store/Address.h"
+#include "store/Comments.h"
 #include "store/Document.h"
 #include "store/ElementAccess.h"
 #include "store/TreeLinks.h"
@@ -59,7 +60,7 @@ std::optional<bool> isSame(const XMLCh* units, const std::wstring& text) {
     return *units == 0;
 }
 
-void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
+void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around, bool isDeep = true) {
     std::size_t waiting = comments.size();  // the first that waits for the element after it
     for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::nodeAfter(*node)) {
         const auto type = node->getNodeType();
@@ -68,7 +69,7 @@ void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& 
         } else if (type == xercesc::DOMNode::ELEMENT_NODE) {
             const auto& element = static_cast<const xercesc::DOMElement&>(*node);
             for (; waiting < comments.size(); ++waiting) comments[waiting].next = ElementAccess::view(&element);
-            addComments(comments, element);
+            if (isDeep) addComments(comments, element);
             waiting = comments.size();
         }
     }
@@ -147,10 +148,17 @@ bool haveEqualContents(const ElementView& one, const ElementView& other) {
 
 ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view(detail::Document::of(document).root()); }
 
-std::vector<CommentView> commentsOf(const ConfigInfo& document) {
+std::vector<CommentView> commentsOf(const ConfigInfo& document) { return commentsIn(rootElement(document)); }
+
+std::vector<CommentView> commentsIn(const ElementView& around) {
     std::vector<CommentView> comments;
-    const xercesc::DOMElement* const root = elementOf(rootElement(document));
-    if (root != nullptr) addComments(comments, *root);
+    if (around) addComments(comments, *elementOf(around));
+    return comments;
+}
+
+std::vector<CommentView> commentsDirectlyIn(const ElementView& around) {
+    std::vector<CommentView> comments;
+    if (around) addComments(comments, *elementOf(around), false);
     return comments;
 }
 

@@ -3,15 +3,11 @@
 #include <cstddef>
 #include <vector>
 
-#include "manager/Diff.h"
-
-class ConfigInfo;
+#include "store/ElementView.h"
 
 namespace XMLConfig::detail {
 
-/// How many comments stand in a section of one document and not in the same section of the other. One whose text has
-/// changed counts once. Sections follow the renaming of their devices; what stands in devices that are new or gone does not
-/// count, for those are told as a whole.
-std::size_t countChangedComments(const ConfigInfo& oldDocument, const ConfigInfo& newDocument, const Difference& difference);
+/// How many comments are among the ones or the others only, by their texts. One whose text has changed counts once.
+std::size_t countChangedComments(const std::vector<CommentView>& ones, const std::vector<CommentView>& others);
 
 }  // namespace XMLConfig::detail
