@@ -48,7 +48,8 @@ DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) 
 
 bool StrictParser::isFitForMore() const {
     const bool isXml11 = getScanner()->getXMLVersion() == xercesc::XMLReader::XMLV1_1;
-    return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces && m_weightOfNames <= heaviestNames;
+    return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces && m_weightOfNames <= heaviestNames &&
+           m_elementNames <= m_isOldNameMet.size();
 }
 
 void StrictParser::forgetLevels() {
@@ -78,7 +79,8 @@ void StrictParser::XMLDecl(const XMLCh* const version, const XMLCh* const encodi
 
 void StrictParser::beginText() {
     m_namespaces.forget();
-    m_isOldNameMet.assign(m_elementNames, false);
+    m_oldElementNames = m_elementNames;
+    m_isOldNameMet.reset();
     m_oldNamesMet = 0;
 }
 
@@ -161,14 +163,14 @@ void StrictParser::enterLevel(const XMLSize_t attributeCount) {
 // The library numbers the names from 1 as it meets them.
 void StrictParser::countName(const xercesc::XMLElementDecl& declaration) {
     const XMLSize_t number = declaration.getId();
-    if (number <= m_isOldNameMet.size()) {
+    if (number <= m_oldElementNames) {
         m_oldNamesMet += m_isOldNameMet[number - 1] ? 0 : 1;
         m_isOldNameMet[number - 1] = true;
     } else if (number > m_elementNames) {
         m_elementNames = number;
         m_weightOfNames += weightOfName + view(declaration.getBaseName()).size();
     }
-    if (m_elementNames - m_isOldNameMet.size() + m_oldNamesMet > maximumNames)
+    if (m_elementNames - m_oldElementNames + m_oldNamesMet > maximumNames)
         refuse(L"The elements have more than " + formatInteger(maximumNames) + L" different names");
 }
 

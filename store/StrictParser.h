@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <vector>
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
 #include <xercesc/util/StringPool.hpp>
@@ -93,7 +94,8 @@ private:
     int m_depth = 0;
     int m_levels = 0;
     XMLSize_t m_elementNames = 0;      // that the library knows
-    std::vector<bool> m_isOldNameMet;  // whether the text has a name that the library knew before
+    XMLSize_t m_oldElementNames = 0;   // and knew where the text began
+    std::bitset<1024> m_isOldNameMet;  // in the text
     XMLSize_t m_oldNamesMet = 0;
     XMLSize_t m_weightOfNames = 0;
     XMLSize_t m_names = 0;  // asked of the document so far
