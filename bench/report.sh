@@ -19,10 +19,11 @@ measureTimes() { "$programs/xmlconfig_bench" --rounds="${ROUNDS:-11}" 2> /dev/nu
 
 measureLarge() { "$programs/xmlconfig_bench" --large; }
 
-# Instructions of a job of all libraries, a line a size; the last argument says how many items a projector's share has.
+# countJob JOB PROJECTORS...: instructions of a job of all libraries, a line a size
 countJob() {
     job=$1
-    for projectors in 4 100; do
+    shift
+    for projectors in "$@"; do
         line="$job $projectors"
         for library in '' raw_ pugixml_ libxml2_; do line="$line $(count "$library$job" "$projectors")"; done
         echo "$line"
@@ -30,7 +31,10 @@ countJob() {
 }
 
 measureCounts() {
-    for job in load save get round_trip; do countJob "$job"; done | awk '
+    {
+        for job in load save get; do countJob "$job" 4 100; done
+        countJob round_trip 4 100 1000  # the last takes minutes, for Xerces-C finds names by walking
+    } | awk '
         function shown(count) { return count == "" ? "-" : sprintf("%.2f M", count / 1e6) }
         function ratio(count) { return count == "" ? "-" : sprintf("%.3f", $3 / count) }
         BEGIN {
@@ -41,6 +45,11 @@ measureCounts() {
             printf "%-10s %10d %11s %11s %11s %11s  %7s %7s %7s\n", $1, $2, shown($3), shown($4), shown($5), shown($6),
                 ratio($4), ratio($5), ratio($6)
         }'
+    echo
+    for projectors in 100 1000 10000; do echo "$projectors $(count get "$projectors")"; done | awk '
+        { one = $2 / ($1 * 57.5) }  # items that a projector and half a camera have
+        NR == 1 { first = one }
+        { printf "a get of %5d projectors takes %.0f instructions, %.3f of what it takes of 100\n", $1, one, one / first }'
     echo
     sh bench/counts.sh
 }
