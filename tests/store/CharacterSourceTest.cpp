@@ -78,6 +78,7 @@ TEST(CharacterSource, RefusesWrongBytesWhereverItsStepsEnd) {
 }
 
 TEST(CharacterSource, TakesWhatTheLibraryTakesForUtf8) {
+    XMLConfig::detail::startXmlLibrary();
     for (const char* const utf8 :
          {"<a/>", "<?xml version='1.0'?><a/>", "<?xml version='1.1' encoding='utf-8'?><a/>",
           "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\" ?><a/>", "<!--encoding--><a/>"})

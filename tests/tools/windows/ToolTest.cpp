@@ -139,7 +139,8 @@ TEST_F(ToolOnWindows, RefusesAFileThatIsReadOnly) {
     ASSERT_NE(::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY), 0);
     const ToolRun run = runTool({"set", "--force", path("hall.skorrax"), "System/Key=1"});
     EXPECT_EQ(run.status, 3);
-    EXPECT_EQ(run.errors, "xmlconfig: Error parseDataFile: Can not open file: " + path("hall.skorrax") + "\n");
+    EXPECT_EQ(run.errors, "xmlconfig: Error parseDataFile: Can not open file: " + path("hall.skorrax") +
+                              "; nobody may write it, and such a file is not opened\n");
     EXPECT_EQ(folder.read(L"hall.skorrax"), fileText());
     ASSERT_NE(::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL), 0);
 }
