@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/TraitOfType.h"
 #include "manager/Origin.h"
 #include "platform/Utf8.h"
 #include "store/Tokens.h"
@@ -10,7 +11,8 @@
 namespace tool {
 namespace {
 
-using XMLConfig::SettingType;
+template <typename T>
+using Trait = XMLConfig::detail::ValueTrait<T>;
 
 Json finite(double number) { return std::isfinite(number) ? Json(number) : Json(nullptr); }
 
@@ -33,44 +35,25 @@ Json list(const std::wstring& text) {
     return json;
 }
 
+// What the application reads, in stored form, by the trait of its type. A trait that is none of texts needs one of its own.
+Json valueOf(Trait<bool> /*trait*/, const std::wstring& read) { return read == L"true"; }
+Json valueOf(Trait<int> /*trait*/, const std::wstring& read) { return parsed<int>(read); }
+Json valueOf(Trait<double> /*trait*/, const std::wstring& read) { return finite(parsed<double>(read)); }
+Json valueOf(Trait<Point_2Dim<int>> /*trait*/, const std::wstring& read) { return list<int>(read); }
+Json valueOf(Trait<Point_2Dim<double>> /*trait*/, const std::wstring& read) { return list<double>(read); }
+Json valueOf(Trait<Point_3Dim<double>> /*trait*/, const std::wstring& read) { return list<double>(read); }
+Json valueOf(XMLConfig::detail::TextAsItStands /*trait*/, const std::wstring& read) { return jsonText(read); }
+
 }  // namespace
 
 Json jsonText(const std::wstring& text) { return XMLConfig::utf8FromWide(text); }
 Json jsonText(const wchar_t* text) { return jsonText(std::wstring(text)); }
 Json jsonText(const std::optional<std::wstring>& text) { return text ? jsonText(*text) : Json(nullptr); }
 
-Json jsonValue(const std::wstring& text, SettingType type) {
+Json jsonValue(const std::wstring& text, XMLConfig::SettingType type) {
     const std::optional<std::wstring> read = XMLConfig::textAsRead(text, type);
     if (!read) return nullptr;
-    switch (type) {
-        case SettingType::Bool:
-            return *read == L"true";
-        case SettingType::Int:
-            return parsed<int>(*read);
-        case SettingType::Double:
-            return finite(parsed<double>(*read));
-        case SettingType::IntPoint2:
-            return list<int>(*read);
-        case SettingType::Point2:
-        case SettingType::Point3:
-            return list<double>(*read);
-        case SettingType::Text:
-        case SettingType::Element:
-        case SettingType::Frustum:
-        case SettingType::PondOfMirrors:
-        case SettingType::Path:
-        case SettingType::CameraIDs:
-        case SettingType::OverlapPoint:
-        case SettingType::BlackBox:
-        case SettingType::IntegerPairs:
-        case SettingType::FourIntegers:
-        case SettingType::MarkerPlaces:
-        case SettingType::PointList:
-        case SettingType::Matrix:
-        case SettingType::AxisTable:
-            break;
-    }
-    return jsonText(*read);
+    return XMLConfig::detail::withTrait(type, [&](auto trait) { return valueOf(trait, *read); });
 }
 
 Json jsonAnswer(const char* verb) { return {{"format", 1}, {"verb", verb}}; }
