@@ -42,6 +42,22 @@ std::wstring reasonOf(const Request& request) {
     return XMLConfig::detail::withoutOuterBlanks(XMLConfig::wideFromUtf8(request.because.value_or("")));
 }
 
+/// Whether a text would be more than one line, or holds what no terminal shows.
+bool holdsControls(const std::wstring& text) {
+    const auto isControl = [](wchar_t character) {
+        const auto code = static_cast<char32_t>(character);
+        return code < 0x20 || (code >= 0x7F && code <= 0x9F) || code == 0x2028 || code == 0x2029;
+    };
+    return std::any_of(text.begin(), text.end(), isControl);
+}
+
+void refuseWrongReason(const std::wstring& reason) {
+    if (reason.empty()) throw WrongOperands("--accept needs a reason: --because TEXT");
+    if (reason.find(L"--") != std::wstring::npos)
+        throw WrongOperands("--because cannot hold \"--\", which would end the comment that it becomes");
+    if (holdsControls(reason)) throw WrongOperands("--because is one line, without line feeds and other control characters");
+}
+
 /// The findings of the rule at the place and inside of it, those that are accepted too.
 std::vector<Finding> found(const ConfigInfo& document, const Accepted& accepted, XMLConfig::CheckOptions options) {
     options.onlyRules = {accepted.rule};
@@ -92,9 +108,7 @@ void refuseWrongAcceptance(const Request& request) {
     }
     const Accepted accepted = acceptedOf(request);
     if (accepted.rule == L"XC910") throw WrongOperands("XC910 cannot be accepted; remove the comment that it names");
-    if (reasonOf(request).empty()) throw WrongOperands("--accept needs a reason: --because TEXT");
-    if (reasonOf(request).find(L"--") != std::wstring::npos)
-        throw WrongOperands("--because cannot hold \"--\", which would end the comment that it becomes");
+    refuseWrongReason(reasonOf(request));
     if (request.operands.size() != 1) throw WrongOperands("--accept takes one file");
     if (request.operands[0] == "-") throw WrongOperands("--accept writes to a file and cannot take standard input");
 }

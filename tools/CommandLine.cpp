@@ -69,7 +69,9 @@ public:
         m_wantsJson = isJsonWanted(arguments);
         if (const std::optional<std::string> unknown = unknownVerb(arguments)) return refuseUnknownVerb(*unknown);
         try {
-            m_app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+            const std::vector<std::string> words = withEmptyValues(arguments);
+            m_app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+            if (!m_emptyFlag.empty()) throw CLI::ValidationError(m_emptyFlag, "nothing follows the =");
         } catch (const CLI::ParseError& error) {
             return answerParseError(error);
         }
@@ -88,6 +90,31 @@ private:
     static bool isJsonWanted(const std::vector<std::string>& arguments) {
         const auto end = std::find(arguments.begin(), arguments.end(), "--");
         return std::find(arguments.begin(), end, "--json") != end;
+    }
+
+    /// What "--option=" means, each in two words: the parser takes it for "--option", and would eat the next word, or do
+    /// what a flag does without a value.
+    std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments) {
+        const auto end = std::find(arguments.begin(), arguments.end(), "--");
+        const CLI::App* verb = &m_app;
+        std::vector<std::string> words;
+        for (auto argument = arguments.begin(); argument != end; ++argument) {
+            if (verb == &m_app && isVerb(*argument)) verb = m_app.get_subcommand(*argument);
+            const CLI::Option* const option = withoutValue(*argument, *verb);
+            const bool isFlag = option != nullptr && option->get_items_expected_max() == 0;
+            if (isFlag) m_emptyFlag = *argument;
+            const bool isSplit = option != nullptr && !isFlag;
+            words.push_back(isSplit ? argument->substr(0, argument->size() - 1) : *argument);
+            if (isSplit) words.emplace_back();
+        }
+        words.insert(words.end(), end, arguments.end());
+        return words;
+    }
+
+    /// The option that such a word names; null where it is none.
+    static const CLI::Option* withoutValue(const std::string& word, const CLI::App& verb) {
+        const bool isIt = word.compare(0, 2, "--") == 0 && word.find('=') == word.size() - 1;
+        return isIt ? verb.get_option_no_throw(word.substr(0, word.size() - 1)) : nullptr;
     }
 
     static bool isVerb(const std::string& word) {
@@ -160,6 +187,7 @@ private:
     CLI::App m_app;
     bool m_verbose = false;
     bool m_wantsJson = false;
+    std::string m_emptyFlag;  ///< "--fix=", once the words were looked at
     std::vector<Request> m_requests;
 };
 

@@ -101,8 +101,22 @@ std::vector<Setting> settingsAt(const std::wstring& text) {
     return found;
 }
 
-[[noreturn]] void refuseUnknown(const std::wstring& text) {
+/// What is no rule, though it is spelt like one.
+[[noreturn]] void refuseUnknownRule(const std::wstring& text) {
+    std::wstring start = text;
+    while (rulesBeginning(start).empty()) start.pop_back();
+    throw Refusal(L"there is no rule \"" + text + L"\"; 'xmlconfig describe " + start + L"' lists those that begin so");
+}
+
+/// What may have been meant by a text without a section.
+std::vector<std::wstring> allNames() {
     std::vector<std::wstring> names = XMLConfig::sectionNames();
+    for (const Setting& setting : XMLConfig::catalogue()) names.push_back(addressKey(setting));
+    return names;
+}
+
+[[noreturn]] void refuseUnknown(const std::wstring& text) {
+    std::vector<std::wstring> names = allNames();
     if (text.find(L'/') != std::wstring::npos) {
         const std::vector<Setting> settings = XMLConfig::settingsOfSection(text.substr(0, text.find(L'/')));
         if (!settings.empty()) names.clear();
@@ -111,9 +125,14 @@ std::vector<Setting> settingsAt(const std::wstring& text) {
     throw Refusal(L"there is no \"" + text + L"\" among the settings and rules" + suggestion(text, names));
 }
 
-/// What an operand asks for: a rule, an address, or else a word to look for.
+/// What an operand asks for: a rule, the rules that begin so, an address, or else a word to look for.
 Topic topicOf(const std::wstring& asked) {
     if (const XMLConfig::CheckRule* const rule = ruleNamed(asked)) return {asked, {}, {rule}};
+    if (isStartOfRuleIDs(asked)) {
+        const Rules rules = rulesBeginning(asked);
+        if (rules.empty()) refuseUnknownRule(asked);
+        return {asked, {}, rules};
+    }
     Topic topic{asked, settingsAt(asked), {}};
     if (!topic.settings.empty()) return topic;
     if (!asked.empty()) topic = {asked, settingsAbout(asked), rulesAbout(asked)};

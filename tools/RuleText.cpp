@@ -29,7 +29,20 @@ const CheckRule* ruleNamed(const std::wstring& id) { return XMLConfig::findRule(
 
 std::wstring ruleIDOf(const std::string& word) {
     if (const CheckRule* const rule = ruleNamed(XMLConfig::wideFromUtf8(word))) return rule->id;
-    throw WrongOperands("there is no rule " + word + "; docs/rules.md and 'xmlconfig describe' tell all");
+    throw WrongOperands("there is no rule \"" + word + "\"; docs/rules.md and 'xmlconfig describe XC' list all");
+}
+
+bool isStartOfRuleIDs(const std::wstring& word) {
+    return XMLConfig::detail::upperAscii(word.substr(0, 2)) == L"XC" &&
+           word.find_first_not_of(L"0123456789", 2) == std::wstring::npos;
+}
+
+Rules rulesBeginning(const std::wstring& word) {
+    const std::wstring start = XMLConfig::detail::upperAscii(word);
+    Rules rules;
+    for (const CheckRule& rule : XMLConfig::checkRules())
+        if (std::wstring(rule.id).compare(0, start.size(), start) == 0) rules.push_back(&rule);
+    return rules;
 }
 
 Rules rulesAbout(const std::wstring& word) {

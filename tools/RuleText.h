@@ -15,6 +15,10 @@ using Rules = std::vector<const XMLConfig::CheckRule*>;
 const XMLConfig::CheckRule* ruleNamed(const std::wstring& id);
 /// The ID of that rule as the library writes it. Throws WrongOperands for what is no rule's.
 std::wstring ruleIDOf(const std::string& word);
+/// Whether a text is spelt as the ID of a rule, or as the beginning of one: "XC1".
+bool isStartOfRuleIDs(const std::wstring& word);
+/// The rules whose IDs begin so, whatever the case of the letters.
+Rules rulesBeginning(const std::wstring& word);
 /// The rules whose name, meaning or condition holds the word, whatever the case of its letters.
 Rules rulesAbout(const std::wstring& word);
 /// What is to be known of a rule, in several lines.

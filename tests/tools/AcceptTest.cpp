@@ -121,12 +121,15 @@ TEST_F(Accept, RefusesWhatIsAcceptedAlready) {
 }
 
 TEST_F(Accept, RefusesWhatItCannotUnderstand) {
-    expectRefused(accept("XC9"), 2, "there is no rule XC9; docs/rules.md and 'xmlconfig describe' tell all");
+    expectRefused(accept("XC9"), 2, "there is no rule \"XC9\"; docs/rules.md and 'xmlconfig describe XC' list all");
     expectRefused(accept("XC910"), 2, "XC910 cannot be accepted; remove the comment that it names");
     expectRefused(accept("XC408@Projector["), 2,
                   "Error parseAddress: \"Projector[\", character 10: the identifier has no end");
     expectRefused(accept("XC408", {file}), 2, "--accept takes one file");
     expectRefused(runTool({"check", "--accept", "XC408", file}), 2, "--accept needs a reason: --because TEXT");
+    for (const char* reason : {"a\nb", "a\tb", "a\x01", "a\u0085b", "a\u2028b"})
+        expectRefused(runTool({"check", "--accept", "XC408", "--because", reason, file}), 2,
+                      "--because is one line, without line feeds and other control characters");
     expectRefused(runTool({"check", "--accept", "XC408", "--because", " ", file}), 2,
                   "--accept needs a reason: --because TEXT");
     expectRefused(runTool({"check", "--because", "x", file}), 2,

@@ -50,7 +50,7 @@ TEST_F(CheckVerb, FilesAreNotLookedForWhereNotAsked) {
 TEST_F(CheckVerb, OnlyTakesRulesThatThereAre) {
     const ToolRun run = runTool({"check", "--only", "XC999", "examples/dome.skorrax"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(run.errors, HasSubstr("there is no rule XC999"));
+    EXPECT_THAT(run.errors, HasSubstr("there is no rule \"XC999\""));
     EXPECT_EQ(runTool({"check", "--only", "xc216", "examples/dome.skorrax"}).output,
               "note[XC216] examples/dome.skorrax:201 ProjectorApprovedSlots/CurrentSlotID: slot 3 is none of the approved "
               "slots (1, 2)\nexamples/dome.skorrax: 0 errors, 0 warnings, 1 note\n");

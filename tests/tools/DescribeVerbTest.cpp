@@ -66,6 +66,22 @@ TEST(DescribeVerb, SuggestsWhatIsMeant) {
               "xmlconfig: there is no \"System/RuntType\" among the settings and rules; did you mean \"System/RunType\"?\n");
 }
 
+TEST(DescribeVerb, SuggestsAKeyWithoutItsSection) {
+    expectRun(runTool({"describe", "Fit_Solvr"}), 1, "",
+              "xmlconfig: there is no \"Fit_Solvr\" among the settings and rules; did you mean \"Fit_Solver\"?\n");
+}
+
+TEST(DescribeVerb, ListsTheRulesThatBeginSo) {
+    expectRun(runTool({"describe", "XC40"}), 0, "rules: XC401, XC402, XC403, XC405, XC407, XC408, XC409\n", "");
+    expectRun(runTool({"describe", "xc32"}), 0, "rules: XC321, XC322\n", "");
+    EXPECT_THAT(runTool({"describe", "XC1"}).output, StartsWith("rules: XC101, XC102, "));
+    EXPECT_THAT(runTool({"describe", "XC"}).output, EndsWith(", XC908, XC910\n"));
+    const auto all = nlohmann::json::parse(runTool({"describe", "--json", "XC60"}).output);
+    EXPECT_EQ(all["rules"].size(), 6U);
+    expectRun(runTool({"describe", "XC499"}), 1, "",
+              "xmlconfig: there is no rule \"XC499\"; 'xmlconfig describe XC4' lists those that begin so\n");
+}
+
 TEST(DescribeVerb, TellsWhatARuleLooksAt) {
     const ToolRun run = runTool({"describe", "xc312"});
     EXPECT_EQ(run.status, 0);

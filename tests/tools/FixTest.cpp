@@ -191,10 +191,19 @@ TEST_F(Fix, GoesOnWithTheNextFile) {
     EXPECT_EQ(contentOf(file), mendedExample());
 }
 
+TEST_F(Fix, WithAnEmptyValueIsWrongUsage) {
+    const std::string file = example();
+    const ToolRun run = runTool({"check", "--json", "--fix=", file});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.errors, "xmlconfig: --fix=: nothing follows the =\nxmlconfig: see 'xmlconfig check --help'\n");
+    EXPECT_EQ(Json::parse(run.output)["verb"], "check");
+    EXPECT_EQ(contentOf(file), exampleText());
+}
+
 TEST_F(Fix, RefusesWhatItCannotUnderstand) {
     const std::string file = example();
     expectRun(runTool({"check", "--fix=XC9", file}), 2, "",
-              "xmlconfig: there is no rule XC9; docs/rules.md and 'xmlconfig describe' tell all\n");
+              "xmlconfig: there is no rule \"XC9\"; docs/rules.md and 'xmlconfig describe XC' list all\n");
     expectRun(runTool({"check", "--fix", "--accept", "XC408", "--because", "x", file}), 2, "",
               "xmlconfig: --fix and --accept exclude each other\n");
     expectRun(runToolReading(exampleText(), {"check", "--fix", "-"}), 2, "",
