@@ -7,7 +7,7 @@
 #include <iterator>
 #include <system_error>
 
-#include "manager/Upgrade.h"
+#include "manager/UpgradeFile.h"
 #include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
@@ -17,6 +17,7 @@
 #include "tools/FaultLine.h"
 #include "tools/NumberTexts.h"
 #include "tools/Printable.h"
+#include "tools/UpgradeSummary.h"
 
 namespace tool {
 namespace {
@@ -51,21 +52,37 @@ std::size_t devicesIn(const ConfigInfo& document) {
     return document.getSectionIDs(L"Projector").size() + document.getSectionIDs(L"Camera").size();
 }
 
-void tellUpgrade(const std::string& file, double version, std::size_t lost) {
-    std::wstring text = nameOf(file) + L": is of file version " + XMLConfig::versionText(version) +
-                        L"; read as it would be after the upgrade";
-    if (lost > 0) text += L", which drops " + counted(lost, L"device");
-    if (lost > 0 && file != "-")
-        text += L" (xmlconfig upgrade --dry-run " + shellWord(nameOf(file)) + L" names " + (lost == 1 ? L"it)" : L"them)");
-    complain(text);
+/// ": Camera[3] \"Old\""; of more devices than are worth reading, and of standard input, what names them.
+std::wstring lostNames(const std::string& file, std::size_t lost) {
+    constexpr std::size_t most = 3;
+    if (file == "-") return L"";
+    const std::wstring name = nameOf(file);
+    if (lost > most) return L" (xmlconfig upgrade --dry-run " + shellWord(name) + L" names them)";
+    std::wstring names;
+    for (const XMLConfig::LostDevice& device : XMLConfig::upgradeFile({name, L"", false}).lost)
+        names += (names.empty() ? L": " : L", ") + deviceName(device.section, device.id, device.name);
+    return names;
+}
+
+std::wstring upgradeText(const std::string& file, double version, std::size_t lost, const wchar_t* done) {
+    const std::wstring text = nameOf(file) + L": is of file version " + XMLConfig::versionText(version) + L"; " + done +
+                              L" as it would be after the upgrade";
+    return lost == 0 ? text : text + L", which drops " + counted(lost, L"device") + lostNames(file, lost);
+}
+
+/// How many devices the upgrade drops; nothing where none is needed.
+std::optional<std::size_t> upgradeInMemory(ConfigInfo& document) {
+    const std::size_t devices = devicesIn(document);
+    if (XMLConfig::upgradeDocument(document) != XMLConfig::Upgraded) return std::nullopt;
+    return devices - std::min(devices, devicesIn(document));
 }
 
 /// The version that it had before; nothing for one of the latest.
 std::optional<double> bringUpToDate(ConfigInfo& document, const std::string& file) {
     const double version = knownVersion(document, nameOf(file));
-    const std::size_t devices = devicesIn(document);
-    if (XMLConfig::upgradeDocument(document) != XMLConfig::Upgraded) return std::nullopt;
-    tellUpgrade(file, version, devices - std::min(devices, devicesIn(document)));
+    const std::optional<std::size_t> lost = upgradeInMemory(document);
+    if (!lost) return std::nullopt;
+    complain(upgradeText(file, version, *lost, L"read"));
     return version;
 }
 
@@ -121,7 +138,9 @@ ReadDocument readForCheck(const std::string& file) {
         requireConfiguration(*result.document, nameOf(file));
         const double version = result.document->getVersion();
         if (version >= ConfigInfoFactory::getLatestFileVersionNumber()) return result;
-        XMLConfig::upgradeDocument(*result.document);
+        // That the file is old, a finding tells.
+        const std::size_t lost = upgradeInMemory(*result.document).value_or(0);
+        if (lost > 0) complain(upgradeText(file, version, lost, L"checked"));
         result.storedVersion = version;
         return result;
     } catch (const CorvaneException& fault) {

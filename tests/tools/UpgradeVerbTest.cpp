@@ -264,18 +264,28 @@ TEST_F(UpgradeVerb, WhatTheLibraryLogsIsNotTold) {
     const std::string file = write("hall.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
     EXPECT_THAT(runTool({"upgrade", "--verbose", "--dry-run", file}).errors,
                 HasSubstr("xmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\n"));
-    EXPECT_EQ(runTool({"check", file}).errors, "");
-    const std::string dropped = "xmlconfig: " + file +
-                                ": is of file version 8.000; read as it would be after the upgrade, which drops 1 device "
-                                "(xmlconfig upgrade --dry-run " +
-                                file + " names it)\n";
-    for (const char* verb : {"show", "layout"}) EXPECT_EQ(runTool({verb, file}).errors, dropped);
+    const std::string old = "xmlconfig: " + file + ": is of file version 8.000; ";
+    const std::string dropped = " as it would be after the upgrade, which drops 1 device: Camera[1]\n";
+    for (const char* verb : {"show", "layout"}) EXPECT_EQ(runTool({verb, file}).errors, old + "read" + dropped);
+    EXPECT_EQ(runTool({"check", file}).errors, old + "checked" + dropped);
     const ToolRun run = runTool({"upgrade", file});
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output, HasSubstr(", lost Camera[1]\n"));
     const std::string newer = write("newer.skorrax", "9.001");
     EXPECT_EQ(runTool({"upgrade", newer}).errors,
               "xmlconfig: " + newer + ": not upgraded: is of file version 9.001; this program knows 9.000\n");
+}
+
+TEST_F(UpgradeVerb, ManyLostDevicesAreNamedByTheUpgradeAlone) {
+    std::string cameras;
+    for (const char id : {'1', '2', '3', '4'})
+        cameras += std::string("<Camera ID=\"") + id + "\"><CameraType>7</CameraType></Camera>";
+    const std::string file = write("hall.skorrax", "8.0", cameras);
+    const std::string upgrade = " as it would be after the upgrade, which drops 4 devices";
+    EXPECT_EQ(runTool({"check", file}).errors, "xmlconfig: " + file + ": is of file version 8.000; checked" + upgrade +
+                                                   " (xmlconfig upgrade --dry-run " + file + " names them)\n");
+    EXPECT_EQ(runToolReading(TemporaryFolder::readFile(file), {"check", "-"}).errors,
+              "xmlconfig: standard input: is of file version 8.000; checked" + upgrade + "\n");
 }
 
 TEST_F(UpgradeVerb, VersionThatIsNoNumberCountsAsNone) {
