@@ -17,5 +17,7 @@ void writeToError(std::string_view text);
 /// Lets std::cin, std::cout and std::cerr carry the bytes that the program writes and gets, no line ending changed, and a
 /// console show UTF-8 text. For the start of a program, once.
 void prepareStandardStreams();
+/// From here on a reader of standard output that goes away makes a write fail and no longer ends the program.
+void outliveReader();
 
 }  // namespace XMLConfig::detail

@@ -134,14 +134,14 @@ private:
         complain(message);
         complain(advice);
         if (m_wantsJson) print(faultAnswer(verb, {}, {message, L"", WrongUsage}));
-        return flushOutput() ? WrongUsage : Refused;
+        return flushOutput() ? WrongUsage : NotReadable;
     }
 
     /// Help and version are no faults; everything else is wrong usage.
     int answerParseError(const CLI::ParseError& error) const {
         if (error.get_exit_code() == 0) {
             m_app.exit(error);
-            return flushOutput() ? Done : Refused;
+            return flushOutput() ? Done : NotReadable;
         }
         const std::vector<CLI::App*> chosen = m_app.get_subcommands();
         if (chosen.empty() && error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError))
@@ -158,7 +158,7 @@ private:
         const CLI::App& app = whole ? m_app : *m_app.get_subcommand(name);
         const std::string page = manualPage(app, whole ? name : "xmlconfig " + name, "xmlconfig " XMLCONFIG_VERSION);
         print(XMLConfig::wideFromUtf8(page));
-        return flushOutput() ? Done : Refused;
+        return flushOutput() ? Done : NotReadable;
     }
 
     int runVerb() const {
@@ -168,9 +168,9 @@ private:
             // What the library logs, the verbs tell in words of their own.
             XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : XMLConfig::LogLevel::Off);
             const int status = answered(verbs()[i], m_requests[i]);
-            if (flushOutput()) return status;
+            return flushOutput() ? status : NotReadable;
         }
-        throw Refusal(L"standard output cannot be written");
+        throw std::logic_error("a verb without a row in the table of verbs");
     }
 
     static int answered(const Verb& verb, const Request& request) {

@@ -48,6 +48,7 @@ void saveDocument(ConfigInfo& document, const std::string& file) {
     } catch (const CorvaneException& fault) {
         throw Unreadable(fault.getMessage());
     }
+    noteWritten(file);
 }
 
 bool exists(const std::string& file) { return XMLConfig::isNameTaken(XMLConfig::wideFromUtf8(file)); }

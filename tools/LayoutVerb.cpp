@@ -8,6 +8,7 @@
 #include "tools/Colour.h"
 #include "tools/LayoutPicture.h"
 #include "tools/LayoutText.h"
+#include "tools/Output.h"
 #include "tools/Reading.h"
 #include "tools/Verb.h"
 
@@ -31,6 +32,7 @@ void writePicture(const Request& request, const std::string& svg) {
     } catch (const CorvaneException& fault) {
         throw Unreadable(fault.getMessage());
     }
+    noteWritten(request.picture);
 }
 
 }  // namespace

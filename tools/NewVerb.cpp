@@ -44,6 +44,7 @@ void save(XMLConfigManager& manager, const std::string& file) {
     } catch (const CorvaneException& fault) {
         throw Unreadable(fault.getMessage());
     }
+    noteWritten(file);
 }
 
 std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {

@@ -1,12 +1,23 @@
 #include "tools/Output.h"
 
+#include <algorithm>
 #include <iostream>
 #include <utility>
+#include <vector>
 
+#include "platform/Terminal.h"
 #include "platform/Utf8.h"
 #include "tools/Printable.h"
 
 namespace tool {
+namespace {
+
+std::vector<std::string>& writtenFiles() {
+    static std::vector<std::string> files;
+    return files;
+}
+
+}  // namespace
 
 Refusal::Refusal(const std::wstring& message, std::wstring lines)
     : std::runtime_error(XMLConfig::utf8FromWide(message)), m_lines(std::move(lines)) {}
@@ -22,6 +33,18 @@ void complain(const std::wstring& message, const std::wstring& lines) {
 }
 void complain(const std::string& message) { complain(XMLConfig::wideFromUtf8(message)); }
 
-bool flushOutput() { return static_cast<bool>(std::cout.flush()); }
+void noteWritten(const std::string& file) {
+    XMLConfig::detail::outliveReader();
+    if (std::find(writtenFiles().begin(), writtenFiles().end(), file) == writtenFiles().end())
+        writtenFiles().push_back(file);
+}
+
+bool flushOutput() {
+    if (std::cout.flush()) return true;
+    std::string message = "standard output cannot be written";
+    for (const std::string& file : writtenFiles()) message += "; " + file + " is written";
+    complain(message);
+    return false;
+}
 
 }  // namespace tool

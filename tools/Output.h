@@ -29,7 +29,11 @@ void showProgress(const std::string& text);   ///< to standard error, as it stan
 /// "xmlconfig: " and the message, a line of standard error; below it the lines, where there are any.
 void complain(const std::wstring& message, const std::wstring& lines = L"");
 void complain(const std::string& message);
-/// Hands the output over; false when it could not be written.
+/// Remembers a file that was written, for a complaint that its answer cannot be. A reader that goes away ends the program
+/// no more from here on.
+void noteWritten(const std::string& file);
+/// Hands the output over; false when it could not be written, with a complaint that says which files are written all the
+/// same.
 bool flushOutput();
 
 }  // namespace tool

@@ -48,6 +48,8 @@ UpgradeOutcome upgradeOne(const std::string& file, const Request& request) {
         const auto lock = request.dryRun ? nullptr : lockForWriting(file, request);
         const XMLConfig::SignalHold hold;
         outcome.report = XMLConfig::upgradeFile({outcome.file, XMLConfig::wideFromUtf8(request.target), !request.dryRun});
+        const bool isNew = outcome.report.status == XMLConfig::Upgraded || !request.target.empty();
+        if (isNew && !request.dryRun) noteWritten(XMLConfig::utf8FromWide(outcome.report.target));
     } catch (const Refusal& fault) {  // another program is writing
         outcome.fault = XMLConfig::wideFromUtf8(fault.what());
         outcome.isRefused = true;

@@ -101,4 +101,6 @@ void prepareStandardStreams() {
     if (isConsole(STD_ERROR_HANDLE)) static ConsoleBuffer errors(std::cerr, STD_ERROR_HANDLE);
 }
 
+void outliveReader() {}
+
 }  // namespace XMLConfig::detail

@@ -520,12 +520,35 @@ TEST_F(Tool, LibraryIsHeardOnlyWhenAsked) {
               "xmlconfig: INFO: newConfiguration()\nxmlconfig: INFO: saveConfiguration('" + file + "')\n");
 }
 
+TEST_F(Tool, AnEmptyValueIsNotTheNextWord) {
+    const std::string file = hallFile();
+    expectRun(runTool({"get", "--default=", file, "System/Length_Unit"}), 0, "\n", "");
+    EXPECT_EQ(runTool({"layout", "--svg=", file}).errors,
+              "xmlconfig: --svg: the file name is empty\nxmlconfig: see 'xmlconfig layout --help'\n");
+    EXPECT_EQ(runTool({"set", "--dry-run=", file, "System/RunType=x"}).status, 2);
+    EXPECT_EQ(runTool({"set", "--force", file, "System/RunType="}).status, 0);
+}
+
 TEST_F(Tool, FullOutputIsAFailure) {
     if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
-    const std::string command = shellQuoted(toolPath()) + " --version > /dev/full 2> /dev/null";
-    EXPECT_EQ(shellStatus(command), 1);
-    const std::string show = shellQuoted(toolPath()) + " show examples/dome.skorrax > /dev/full 2> /dev/null";
-    EXPECT_EQ(shellStatus(show), 1);
+    const std::string fault = "xmlconfig: standard output cannot be written";
+    const auto expectFault = [&](const std::string& words, const std::string& written) {
+        const std::string command = shellQuoted(toolPath()) + " " + words + " > /dev/full 2> " + shellQuoted(path("errors"));
+        EXPECT_EQ(shellStatus(command), 3) << words;
+        EXPECT_EQ(TemporaryFolder::readFile(path("errors")), fault + written + "\n") << words;
+    };
+    const std::string file = hallFile();
+    expectFault("--version", "");
+    expectFault("show examples/dome.skorrax", "");
+    expectFault("set --dry-run " + shellQuoted(file) + " System/RunType=CinemaRun", "");
+    expectFault("set " + shellQuoted(file) + " System/RunType=CinemaRun", "; " + file + " is written");
+    expectRun(runTool({"get", file, "System/RunType"}), 0, "CinemaRun\n", "");
+    expectFault("set --json " + shellQuoted(file) + " System/RunType=ClassicRun", "; " + file + " is written");
+    expectFault("new " + shellQuoted(path("new.skorrax")), "; " + path("new.skorrax") + " is written");
+    expectFault("layout --svg " + shellQuoted(path("a.svg")) + " examples/dome.skorrax",
+                "; " + path("a.svg") + " is written");
+    expectFault("upgrade -o " + shellQuoted(path("up.skorrax")) + " examples/history/dome-5.000.skorrax",
+                "; " + path("up.skorrax") + " is written");
 }
 
 TEST_F(Tool, ExampleRuns) {

@@ -70,6 +70,18 @@ bool isReading(pid_t process, const std::string& file) {
 
 }  // namespace
 
+TEST_F(Sharing, ReaderThatGoesAwayHidesNotThatTheFileIsWritten) {
+    const std::string file = fileOf("<ConfigInfo>\n<Version>9.000</Version>\n</ConfigInfo>\n", "hall.skorrax");
+    const std::string set = shellQuoted(toolPath()) + " set " + shellQuoted(file) + " System/RunType=CinemaRun";
+    const std::string errors = shellQuoted(path("errors"));
+    EXPECT_EQ(shellStatus("mkfifo " + shellQuoted(path("pipe")) + " && { exec 3<>" + shellQuoted(path("pipe")) + " 4>" +
+                          shellQuoted(path("pipe")) + " 3<&-; " + set + " >&4 2> " + errors + "; }"),
+              3);
+    EXPECT_EQ(TemporaryFolder::readFile(path("errors")),
+              "xmlconfig: standard output cannot be written; " + file + " is written\n");
+    EXPECT_EQ(runTool({"get", file, "System/RunType"}).output, "CinemaRun\n");
+}
+
 TEST_F(Sharing, TwentySetsAtOnceLoseNoChange) {
     folder.write(L"hall.skorrax", fileText());
     EXPECT_EQ(setAtOnce(20), 20);
