@@ -3,7 +3,7 @@
 # Each must be over in 60 seconds of the processor and end as it is expected to; a trace of the calls of the system must show that no
 # file but the one that was named is opened once that is open, and that no socket is made.
 set -eu
-tool=${1:-$(cd "$(dirname "$0")/../.." && pwd)/build/release/bin/xmlconfig}
+tool=$(realpath "${1:-$(dirname "$0")/../../build/release/bin/xmlconfig}")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -16,7 +16,7 @@ try() {
     read -r user system kilobytes < figures || true
     case $status in
         0) outcome=loaded ;;
-        1) outcome=$(tr '\n' ' ' < message | cut -c 1-400) ;;
+        3) outcome=$(tr '\n' ' ' < message | cut -c 1-400) ;;
         *) outcome="status $status" ;;
     esac
     case $outcome in
