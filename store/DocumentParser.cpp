@@ -2,8 +2,7 @@
 
 #include <atomic>
 #include <utility>
-#include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/util/BinInputStream.hpp>
+#include <xercesc/util/BinMemInputStream.hpp>
 
 #include "platform/Files.h"
 #include "platform/Numbers.h"
@@ -79,6 +78,33 @@ private:
     mutable ContentHash m_content;
 };
 
+/// The bytes stay the caller's.
+class BytesSource : public xercesc::InputSource {
+public:
+    explicit BytesSource(const std::string& bytes) : m_bytes(bytes) {}
+    xercesc::BinInputStream* makeStream() const override { return new Stream(m_bytes, m_end); }
+    [[nodiscard]] const EndOfBytes& end() const { return m_end; }
+
+private:
+    class Stream : public xercesc::BinMemInputStream {
+    public:
+        Stream(const std::string& bytes, EndOfBytes& end)
+            : BinMemInputStream(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(), BufOpt_Reference),
+              m_end(end) {}
+        XMLSize_t readBytes(XMLByte* const buffer, const XMLSize_t size) override {
+            const XMLSize_t count = BinMemInputStream::readBytes(buffer, size);
+            m_end.asked(size, count);
+            return count;
+        }
+
+    private:
+        EndOfBytes& m_end;
+    };
+
+    const std::string& m_bytes;
+    mutable EndOfBytes m_end;
+};
+
 }  // namespace
 
 ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, const std::wstring& reason)
@@ -126,10 +152,14 @@ DocumentPointer parse(const CharacterSource& source, ContentHash& content) {
     return document;
 }
 
+void refuseCutEnd(const EndOfBytes& end, const StrictParser& parser) {
+    if (end.isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
+}
+
 DocumentPointer parse(const FileSource& source, ContentHash& content) {
     std::unique_ptr<StrictParser> parser = takeParser();
     DocumentPointer document = parser->parseDocument(source);
-    if (source.end().isInsideCharacter()) parser->refuseEnd(L"The last character is incomplete");
+    refuseCutEnd(source.end(), *parser);
     giveBack(std::move(parser), source.end().size());
     content = source.content();
     return document;
@@ -158,9 +188,12 @@ DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
 }
 
 DocumentPointer parseBytes(const std::string& bytes) {
-    const auto* const begin = reinterpret_cast<const XMLByte*>(bytes.data());
+    const BytesSource source(bytes);
+    StrictParser parser;
     try {
-        return StrictParser().parseDocument(xercesc::MemBufInputSource(begin, bytes.size(), xmlText(u"")));
+        DocumentPointer document = parser.parseDocument(source);
+        refuseCutEnd(source.end(), parser);
+        return document;
     } catch (const WrongBytes& failure) {
         failure.throwWithPlaceIn(bytes);
     }

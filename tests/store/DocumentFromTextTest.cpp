@@ -33,4 +33,12 @@ TEST(DocumentFromText, FaultsNameTheTextAndThePlace) {
     EXPECT_NE(faultOf("<!DOCTYPE a><a/>"), L"");
 }
 
+TEST(DocumentFromText, EndsWithAWholeCharacter) {
+    for (const char* cut : {"\xc3", "\xe2\x82", "\xf0\x9f\x98"}) {
+        EXPECT_EQ(faultOf(std::string(hall) + "\n" + cut),
+                  L"Error parseDataFile: Error during parsing: standard input XML message is: "
+                  L"line 2, column 1: The last character is incomplete");
+    }
+}
+
 }  // namespace
