@@ -107,7 +107,7 @@ void StrictParser::checkEnd() {
 // Without a document type no attribute is an ID or has a default, so that each is what the text says.
 void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri,
                                 const XMLCh* const prefix, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
-                                const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) {
+                                const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) try {
     enterLevel(attributeCount);
     countName(declaration);
     if (fCurrentParent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE || !linksAreKnown())
@@ -119,6 +119,8 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
     fCurrentParent = fCurrentNode = &element;
     fWithinElement = true;
     if (isEmpty) endElement(declaration, uri, isRoot, prefix);
+} catch (const xercesc::DOMException& exception) {  // XML 1.1 lets a prefix stand for no namespace, the tree does not
+    refuse(fromUtf16(view(exception.getMessage())));
 }
 
 void StrictParser::endElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const bool isRoot,

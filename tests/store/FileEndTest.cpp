@@ -88,4 +88,12 @@ TEST(BadFile, AnInstructionOfABadNameHasAPlace) {
     EXPECT_CONTAINS(savedText(*load("<ConfigInfo><?p " + name + "?></ConfigInfo>")), "<?p " + name + "?>");
 }
 
+TEST(BadFile, AnAttributeWhosePrefixHasNoNamespaceHasAPlace) {
+    const std::string head = "<?xml version=\"1.1\"?>\n";
+    const std::wstring reason =
+        L"attempt is made to create or change an object in a way which is incorrect with respect to namespaces";
+    EXPECT_EQ(refusal(head + "<a xmlns:p=\"\" p:b=\"\"/>"), L"line 2, column 23: " + reason);
+    EXPECT_EQ(refusal(head + "<a>\n<b xmlns:p=\"\" p:b=\"\"/></a>"), L"line 3, column 23: " + reason);
+}
+
 }  // namespace storetests
