@@ -62,6 +62,8 @@ void StrictParser::error(const unsigned int code, const XMLCh* const domain, con
                          const XMLFileLoc line, const XMLFileLoc column) {
     if (type == xercesc::XMLErrorReporter::ErrType_Warning) return;
     if (isOfUtf8(code, domain)) throw WrongBytes(line, column, fromUtf16(view(text)));
+    // The library has no place yet for a text that it cannot even begin to read, and names no file for it.
+    if (line == 0) throw ParseFailure(1, 1, L"What the text begins with is in no encoding that is known");
     throw ParseFailure(line, column, fromUtf16(view(text)));
 }
 

@@ -38,6 +38,16 @@ TEST(BadFile, AFolder) {
     EXPECT_EQ(loadMessage(path + L"/"), L"Error parseDataFile: Can not open file: " + path + L"/");
 }
 
+TEST(BadFile, CutBeforeItsFirstCharacterEnds) {
+    using namespace std::string_literals;
+    const TemporaryFolder folder;
+    for (const std::string& text : {"\xff\xfe\0\0<"s, "\0\0\xfe\xff\0"s}) {
+        expectMalformed(text, "UTF-32");
+        EXPECT_NE(loadMessage(folder.write(L"bad.skorrax", text)).find(L"line 1, column 1: What the text begins with"),
+                  std::wstring::npos);
+    }
+}
+
 TEST(BadFile, Empty) { expectMalformed("", "an empty file"); }
 
 TEST(BadFile, Malformed) {
