@@ -10,6 +10,11 @@
 #include "tests/support/Example.h"
 #include "tests/support/TemporaryFolder.h"
 
+/// How the tool writes a file's name into a command that it tells: folders of tests may hold blanks.
+inline std::string inCommand(const std::string& file) {
+    return file.find(' ') == std::string::npos ? file : "'" + file + "'";
+}
+
 /// Tests of the tool on files of their own, whose names it takes in UTF-8.
 class ToolFiles : public testing::Test {
 protected:

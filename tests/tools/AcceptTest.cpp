@@ -152,7 +152,7 @@ TEST_F(Accept, RefusesOldFiles) {
     const ToolRun run = runTool({"check", "--accept", "XC101", "--because", "x", old});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors, "xmlconfig: " + old + ": is of file version 8.000 and must be upgraded first: xmlconfig upgrade " +
-                              old + "\n");
+                              inCommand(old) + "\n");
     EXPECT_EQ(runTool({"check", "--accept", "XC101", "--because", "x", path("missing")}).status, 3);
 }
 

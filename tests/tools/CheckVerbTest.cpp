@@ -64,7 +64,7 @@ TEST_F(CheckVerb, ChannelsAreShownAsAPicture) {
                               ":390 Projector[Dome 3]/Channel_Extents/Heading/Yaw: 5\u00b0 gap between \"Dome 2\" and "
                               "\"Dome 3\"\n" +
                               moved + ": 0 errors, 1 warning, 0 notes\n  a picture: xmlconfig layout --svg layout.svg " +
-                              moved + "\n");
+                              inCommand(moved) + "\n");
 }
 
 TEST_F(CheckVerb, HiddenItemsNameTheLineOfTheOther) {

@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "tests/support/Example.h"
+#include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
 
 namespace {
@@ -53,10 +54,11 @@ TEST(ShowVerb, SummaryIsInTheDocumentsUnits) {
                  "<Screen><Screen_Width>2.5</Screen_Width></Screen></ConfigInfo>");
     const std::string file = (folder.path() / "hall.skorrax").string();
     const ToolRun run = runTool({"show", file});
-    EXPECT_THAT(run.output, StartsWith("File        " + file +
-                                       ", version 9.000\nCheck       1 error, 0 warnings, 0 notes (xmlconfig check " + file +
-                                       ")\nProjectors  0\nCameras     0\n"
-                                       "Screen      Flat, 250 x ? cm\n"));
+    EXPECT_THAT(run.output,
+                StartsWith("File        " + file +
+                           ", version 9.000\nCheck       1 error, 0 warnings, 0 notes (xmlconfig check " + inCommand(file) +
+                           ")\nProjectors  0\nCameras     0\n"
+                           "Screen      Flat, 250 x ? cm\n"));
 }
 
 TEST(ShowVerb, TimesMayLieBefore1970) {

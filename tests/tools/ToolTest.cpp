@@ -206,8 +206,10 @@ TEST_F(Tool, OldFilesAreToldOfInOneLine) {
 
 TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
     const std::string file = path("neu.skorrax");
-    expectRun(runTool({"new", file}), 0,
-              "made " + file + ": file version 9.000, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
+    expectRun(
+        runTool({"new", file}), 0,
+        "made " + file + ": file version 9.000, 0 projectors, 0 cameras\nnext: xmlconfig check " + inCommand(file) + "\n",
+        "");
     expectRun(runTool({"check", file}), 0, file + ": 0 errors, 0 warnings, 0 notes; all is well\n", "");
     expectRun(runTool({"get", file, "Screen/Shape", "Geometry/Box_Size"}), 0,
               "Screen/Shape\tFlat\nGeometry/Box_Size\t21, 21\n", "");
@@ -215,8 +217,10 @@ TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
 
 TEST_F(Tool, NewMakesProjectorsInOneRow) {
     const std::string file = path("neu.skorrax");
-    expectRun(runTool({"new", "--projectors", "4", file}), 0,
-              "made " + file + ": file version 9.000, 4 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n", "");
+    expectRun(
+        runTool({"new", "--projectors", "4", file}), 0,
+        "made " + file + ": file version 9.000, 4 projectors, 0 cameras\nnext: xmlconfig check " + inCommand(file) + "\n",
+        "");
     expectRun(runTool({"get", file, "Projector[*]/Name", "Geometry/Projector_Count", "Geometry/Projector_Layout_Width",
                        "Geometry/Projector_Layout_Height"}),
               0,
@@ -483,8 +487,9 @@ TEST_F(Tool, SetTellsOnceThatTheFileCannotBeSaved) {
 TEST_F(Tool, FilesOfOtherVersionsAreNotChanged) {
     const std::string older = "<ConfigInfo><Version>2.003</Version></ConfigInfo>";
     const std::string file = fileOf(older);
-    const std::string message =
-        "xmlconfig: " + file + ": is of file version 2.003 and must be upgraded first: xmlconfig upgrade " + file + "\n";
+    const std::string message = "xmlconfig: " + file +
+                                ": is of file version 2.003 and must be upgraded first: xmlconfig upgrade " +
+                                inCommand(file) + "\n";
     expectRun(runTool({"set", file, "System/RunType=x"}), 1, "", message);
     EXPECT_EQ(folder.read(L"test.skorrax"), older);
     expectRun(runTool({"set", fileOf("<ConfigInfo><Version>9.001</Version></ConfigInfo>"), "System/RunType=x"}), 3, "",
@@ -513,7 +518,7 @@ TEST_F(Tool, TextAndFileNamesAreUtf8UnderAnyLocale) {
 TEST_F(Tool, LibraryIsHeardOnlyWhenAsked) {
     const std::string file = path("hall.skorrax");
     const std::string made =
-        "made " + file + ": file version 9.000, 0 projectors, 0 cameras\nnext: xmlconfig check " + file + "\n";
+        "made " + file + ": file version 9.000, 0 projectors, 0 cameras\nnext: xmlconfig check " + inCommand(file) + "\n";
     expectRun(runTool({"new", "--verbose", file}), 0, made,
               "xmlconfig: INFO: newConfiguration()\nxmlconfig: INFO: saveConfiguration('" + file + "')\n");
     expectRun(runTool({"--verbose", "new", "--force", file}), 0, made,

@@ -25,9 +25,6 @@ protected:
 
 const char* const feet = "<Screen><Unit>Feet</Unit></Screen>";
 
-/// A file in a command that can be typed as it stands.
-std::string word(const std::string& file) { return file.find(' ') == std::string::npos ? file : "'" + file + "'"; }
-
 }  // namespace
 
 TEST_F(UpgradeVerb, ConvertsInPlaceAndKeepsTheOldFile) {
@@ -194,10 +191,10 @@ TEST_F(UpgradeVerb, ReferencesToRenamedCamerasComeWithTheCommandThatFollows) {
                                    "<Associated_Camera_Id_2>9</Associated_Camera_Id_2></Projector>");
     const ToolRun run = runTool({"upgrade", "--explain", "--dry-run", file});
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.output, HasSubstr("  dangling Color/CameraOrder = 1,9: xmlconfig set " + word(file) +
+    EXPECT_THAT(run.output, HasSubstr("  dangling Color/CameraOrder = 1,9: xmlconfig set " + inCommand(file) +
                                       " 'Color/CameraOrder=PGR***,9'\n"
                                       "  dangling Projector[P]/Associated_Camera_Id_1 = 1: xmlconfig set " +
-                                      word(file) + " 'Projector[P]/Associated_Camera_Id_1=PGR***'\n"));
+                                      inCommand(file) + " 'Projector[P]/Associated_Camera_Id_1=PGR***'\n"));
     EXPECT_THAT(run.output, Not(HasSubstr("Associated_Camera_Id_2 =")));
 }
 
@@ -212,7 +209,7 @@ TEST_F(UpgradeVerb, JsonTellsLosses) {
     EXPECT_EQ(first["lost"], nlohmann::json::parse(R"([{"section":"Camera","id":"2","name":"Old","settings":1}])"));
     EXPECT_EQ(first["renamed"], nlohmann::json::parse(R"([{"section":"Camera","name":"","old":"1","new":"PGR***"}])"));
     ASSERT_EQ(first["dangling"].size(), 1u);
-    EXPECT_EQ(first["dangling"][0]["command"], "xmlconfig set " + word(file) + " 'Color/CameraOrder=PGR***'");
+    EXPECT_EQ(first["dangling"][0]["command"], "xmlconfig set " + inCommand(file) + " 'Color/CameraOrder=PGR***'");
 }
 
 TEST_F(UpgradeVerb, JsonTellsTheSame) {
@@ -283,7 +280,7 @@ TEST_F(UpgradeVerb, ManyLostDevicesAreNamedByTheUpgradeAlone) {
     const std::string file = write("hall.skorrax", "8.0", cameras);
     const std::string upgrade = " as it would be after the upgrade, which drops 4 devices";
     EXPECT_EQ(runTool({"check", file}).errors, "xmlconfig: " + file + ": is of file version 8.000; checked" + upgrade +
-                                                   " (xmlconfig upgrade --dry-run " + file + " names them)\n");
+                                                   " (xmlconfig upgrade --dry-run " + inCommand(file) + " names them)\n");
     EXPECT_EQ(runToolReading(TemporaryFolder::readFile(file), {"check", "-"}).errors,
               "xmlconfig: standard input: is of file version 8.000; checked" + upgrade + "\n");
 }
