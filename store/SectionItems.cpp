@@ -15,10 +15,16 @@ constexpr std::size_t longestCopies = UINT32_MAX - longestText;
 
 }  // namespace
 
+SectionItems::Rare& SectionItems::rare() {
+    if (m_rare == nullptr) m_rare = std::make_unique<Rare>();
+    return *m_rare;
+}
+
 KnownItem* SectionItems::find(std::size_t number) {
     if (number >= commonKeys) {
-        const auto rare = m_rareItems.find(number);
-        return rare == m_rareItems.end() ? nullptr : &rare->second;
+        if (m_rare == nullptr) return nullptr;
+        const auto rare = m_rare->items.find(number);
+        return rare == m_rare->items.end() ? nullptr : &rare->second;
     }
     if (number >= m_items.size() || m_items[number].element == nullptr) return nullptr;
     return &m_items[number];
@@ -27,9 +33,9 @@ KnownItem* SectionItems::find(std::size_t number) {
 KnownItem& SectionItems::add(std::size_t number, xercesc::DOMElement* element, std::size_t expectedNumbers) {
     const bool isCommon = number < commonKeys;
     if (isCommon && number >= m_items.size()) m_items.resize(std::max(number + 1, std::min(expectedNumbers, commonKeys)));
-    KnownItem& item = isCommon ? m_items[number] : m_rareItems[number];
+    KnownItem& item = isCommon ? m_items[number] : rare().items[number];
     if (item.element == nullptr) item.element = element;
-    else m_namesakes[number].add(element);
+    else rare().namesakes[number].add(element);
     return item;
 }
 
@@ -37,8 +43,8 @@ void SectionItems::remove(std::size_t number) {
     KnownItem* const item = find(number);
     if (item == nullptr) return;
     forgetText(*item);
-    m_namesakes.erase(number);
-    if (number >= commonKeys) m_rareItems.erase(number);
+    if (m_rare != nullptr) m_rare->namesakes.erase(number);
+    if (number >= commonKeys) m_rare->items.erase(number);
     else *item = {};
 }
 
@@ -54,8 +60,9 @@ void SectionItems::removeFirst(std::size_t number, const xercesc::DOMElement& se
 void SectionItems::clear() noexcept { *this = {}; }
 
 Namesakes* SectionItems::after(std::size_t number) {
-    const auto found = m_namesakes.find(number);
-    return found == m_namesakes.end() ? nullptr : &found->second;
+    if (m_rare == nullptr) return nullptr;
+    const auto found = m_rare->namesakes.find(number);
+    return found == m_rare->namesakes.end() ? nullptr : &found->second;
 }
 
 std::u16string_view SectionItems::text(const KnownItem& item) const {
@@ -72,13 +79,16 @@ void SectionItems::rememberText(KnownItem& item, std::u16string_view text) {
 
 void SectionItems::forgetText(KnownItem& item) {
     m_unused += std::exchange(item.textLength, 0);
-    if (m_unused > m_copies.size() / 2 + m_items.size() + m_rareItems.size()) forgetTexts();
+    const std::size_t rareItems = m_rare == nullptr ? 0 : m_rare->items.size();
+    if (m_unused > m_copies.size() / 2 + m_items.size() + rareItems) forgetTexts();
 }
 
 void SectionItems::forgetTexts() {
     if (m_copies.empty()) return;
     for (KnownItem& item : m_items) item.textLength = 0;
-    for (auto& [number, item] : m_rareItems) item.textLength = 0;
+    if (m_rare != nullptr) {
+        for (auto& [number, item] : m_rare->items) item.textLength = 0;
+    }
     m_copies.clear();
     m_unused = 0;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -49,9 +50,15 @@ public:
     void forgetTexts();
 
 private:
-    std::vector<KnownItem> m_items;                          // by number; without an element where there is none
-    std::unordered_map<std::size_t, KnownItem> m_rareItems;  // those of high numbers, which few sections have
-    std::unordered_map<std::size_t, Namesakes> m_namesakes;
+    /// What few sections have, so that the many need no room for it.
+    struct Rare {
+        std::unordered_map<std::size_t, KnownItem> items;  // those of high numbers
+        std::unordered_map<std::size_t, Namesakes> namesakes;
+    };
+    Rare& rare();
+
+    std::vector<KnownItem> m_items;  // by number; without an element where there is none
+    std::unique_ptr<Rare> m_rare;
     std::u16string m_copies;
     std::size_t m_unused = 0;  // how much of the copies belongs to no item any more
 };
