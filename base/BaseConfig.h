@@ -86,13 +86,15 @@ public:
     /// The document's version. Throws when it has none.
     double getFileVersion() const;
     /// Removes the section from the document; false when it has none. The accessor stays usable.
+    /// Cameras and projectors that a manager has given out are removed by the manager, which is not told of what is done
+    /// here: it would go on giving this accessor out for a section that there is no more.
     bool removeSection() const;
     /// Swaps the section with its neighbour of the same name, earlier (-1) or later (+1); false when nothing moved.
     bool moveSection(int position) const;
     /// Gives the section a new ID, notes the old one in it as "OldSectionID", and goes on under the new ID; the note is
     /// written also when the document had no section to rename.
-    /// Cameras and projectors that a manager has given out are renamed and removed by the manager, which is not told of what
-    /// is done here: it would go on giving this accessor out for the old ID and make a second one for the new ID.
+    /// Cameras and projectors that a manager has given out are renamed by the manager, which is not told of what is done
+    /// here: it would go on giving this accessor out for the old ID and make a second one for the new ID.
     void renameSection(const std::wstring& newSectionID);
 
     /// value * factor. An unknown pair of units gives 0.0.

@@ -89,7 +89,7 @@ int runChild(char** arguments) {
     return 1;
 }
 
-/// What else the machine does can only add to time and pages.
+/// Takes the least of several runs: other programs can only add time and memory.
 Usage usageOf(const std::string& job, const std::string& path, int runs) {
     Usage least = usageOfChild(job.c_str(), path.c_str());
     for (int run = 1; run < runs; ++run) {

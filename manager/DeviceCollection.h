@@ -107,7 +107,7 @@ private:
     std::wstring resultText(const wchar_t* operation, const std::wstring& arguments, bool result) const {
         return std::wstring(operation) + m_kind.section + L"Config(" + arguments + L") returned: " + textOf(result);
     }
-    /// What was done is done, also where there is no memory left to tell of it.
+    /// Logs the text. If memory runs out, the line is left out: the change itself has been made.
     template <typename Text>
     static void log(const Text& text) {
         try {

@@ -189,7 +189,7 @@ private:
         return m_found.sameInEffect;
     }
 
-    /// Where the old document has what the new one knows under the difference's address.
+    /// The address in the old document of what has this address in the new one: renamed devices get their old ID.
     Address placeInOld(const SettingDifference& difference, const StoredText& now) const {
         Address place = now.place;
         for (const RenamedDevice& renamed : m_found.renamed)

@@ -13,7 +13,8 @@ constexpr double sharingVersion = 9.0;
 constexpr const wchar_t* sharer = L"Geometry";
 constexpr const wchar_t* projectorTag = L"Projector";
 
-/// What stood before the step by which projectors share, where that changed anything.
+/// The values of projectors and the geometry section that the upgrade to 9.0 changed, as they were before it; taken from
+/// the receipt.
 class Before {
 public:
     explicit Before(const UpgradeReceipt& receipt) {
@@ -28,7 +29,8 @@ public:
             if (setting.inheritsFrom == sharer && m_ofSharer.count(setting.key) > 0) settings.push_back(setting);
         return settings;
     }
-    /// The value of a projector that has none of its own any more.
+    /// What the projector read before the upgrade: its own value where it had one, else that of the geometry section, else
+    /// the default. Only for projectors that have no value of their own now.
     [[nodiscard]] std::wstring read(const Setting& setting, const std::wstring& projector) const {
         const auto own = m_own.find({projector, setting.key});
         const std::optional<std::wstring> text = own == m_own.end() ? m_ofSharer.at(setting.key) : own->second;

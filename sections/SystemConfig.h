@@ -230,5 +230,5 @@ private:
     std::map<MarkerLocationMethodEnum, std::wstring> m_markerMethodTexts;
     std::map<std::wstring, MarkerLocationMethodEnum> m_markerMethods;
     bool m_promptUser = false;
-    std::shared_ptr<AssetManager> m_assetManager;
+    std::shared_ptr<AssetManager> m_assetManager;  // never read: the share keeps the asset manager alive
 };

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t step = 16 * 1024;  // bytes that are read at once
 constexpr std::size_t longestCharacter = 4;
 
-/// Names UTF-8 in the one way in which most files do.
+/// Whether the declaration names no encoding, or UTF-8 in the usual spelling `encoding="utf-8"` (in either case and quotes).
 bool namesUtf8(std::string_view declaration) {
     constexpr std::string_view word = "encoding";
     const std::size_t place = declaration.find(word);

@@ -114,8 +114,8 @@ private:
     std::unordered_map<const DOMElement*, Pairs> m_inside;
 };
 
-/// Nothing where the bytes are not those that the document was made of, so that they may be malformed, and where they are
-/// written in a rare way.
+/// Null where the bytes are not those the document was made of (they may be malformed), or where they use a form that the
+/// scanner does not read.
 std::unique_ptr<PlacedElements> scanQuickly(const detail::FileState& file, const std::string& bytes) {
     detail::ContentHash content;
     content.add(bytes);

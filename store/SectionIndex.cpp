@@ -173,7 +173,7 @@ void SectionIndex::sectionRenamed(Section& section, const std::wstring& newID) {
 void SectionIndex::insideAdded(Section& section, xercesc::DOMElement& added) {
     auto& parent = static_cast<xercesc::DOMElement&>(*parentOf(added));
     m_groups.added(parent, added);
-    // Texts are kept of those items only that hold nothing else, which this one did until now.
+    // Only items that hold nothing but text have their text kept; the parent was one until now, so forget it.
     if (parent.getFirstChild()->getNextSibling() == &added) forgetInside(section, added);
 }
 

@@ -50,7 +50,7 @@ protected:
     void refuseOtherVersions(const XMLCh* version) const;
     /// To be called where the text begins, by those who do not call this class's own function for it.
     void beginText();
-    /// Throws where the text goes on after what was read as its end.
+    /// Throws if anything follows the place where the parser took the text to end.
     void checkEnd();
     void checkTarget(const XMLCh* target) const;
     static void refuseEmptiness(bool isEmpty);

@@ -13,7 +13,7 @@ class Together {
 public:
     /// Borrows the document.
     explicit Together(ConfigInfo& document) noexcept;
-    /// What was not undone stays.
+    /// Ends the group. Changes that undo() has not taken back stay.
     ~Together();
     Together(const Together&) = delete;
     Together& operator=(const Together&) = delete;

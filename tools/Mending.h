@@ -18,8 +18,8 @@ bool forbidsMending(const XMLConfig::Finding& finding);
 
 /// Throws WrongOperands for a --fix that names no rule, or that cannot be for the operands.
 void refuseWrongFix(const Request& request);
-/// Does what mends the findings, and those that come of it, as --fix wants it. Throws a Refusal where it mends nothing
-/// because of an error of the form that stays, and where a mend fails; the document is worth nothing then.
+/// Applies the mends that --fix asks for, and those of the findings that follow from them. Throws a Refusal where an error
+/// of the form stays, beside which nothing is mended, and where a mend fails. After a Refusal the document must not be used.
 std::vector<Change> mend(ConfigInfo& document, const std::vector<XMLConfig::Finding>& findings, const Request& request,
                          const std::string& file);
 

@@ -44,7 +44,7 @@ double numberRead(const std::wstring& stored) {
 }
 
 Units::Units(const ConfigInfo& document) {
-    // The accessor takes a document that it may change; its getters change nothing.
+    // SystemConfig wants a document that it may change; only its getters are used here.
     const SystemConfig system(const_cast<ConfigInfo*>(&document), nullptr, L"");
     const Table::UnitSubType angle = system.getAngleUnitByEnum();
     const Table::UnitSubType length = system.getLengthUnitByEnum();

@@ -17,10 +17,10 @@ std::wstring printableLines(const std::wstring& text);
 
 /// As one word of a command for a shell: between quotes, or as it is where none are needed.
 std::wstring shellWord(const std::wstring& text);
-/// Always between quotes.
+/// As shellWord, but always in quotes.
 std::wstring shellQuoted(const std::wstring& text);
 
-/// For lines that programs read: in the same way, and a backslash as \\.
+/// As printable, with each backslash doubled, so that programs can read it back.
 std::wstring escaped(const std::wstring& text);
 /// The text that `escaped` made such a line of.
 std::wstring unescaped(const std::wstring& line);

@@ -140,7 +140,7 @@ AskedChange askedChangeIn(const std::string& line) {
     return askedChangeOf(unescaped(text));
 }
 
-/// Each line is a change, but empty ones.
+/// Adds one change for each line that is not empty.
 void addLines(std::vector<AskedChange>& changes, std::istream& lines, const std::string& file) {
     std::size_t number = 0;
     for (std::string line; std::getline(lines, line);) {

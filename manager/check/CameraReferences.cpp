@@ -12,7 +12,7 @@ namespace {
 constexpr const wchar_t* firstCamera = L"Associated_Camera_Id_1";
 constexpr const wchar_t* secondCamera = L"Associated_Camera_Id_2";
 
-/// `text` gives what the whole setting would hold with the ID of the camera that is meant.
+/// `text(id)` gives the whole value of the setting with `id` in the place of the unknown camera.
 template <typename Text>
 void addNoSuchCamera(Findings& findings, const Place& place, const std::wstring& id, const Text& text) {
     const CheckedSection* const camera = findings.read.cameraThatWas(id);

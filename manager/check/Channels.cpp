@@ -13,7 +13,7 @@ namespace {
 constexpr int allDigits = 12;  // as many decimals of degrees as are stored
 std::wstring degreesText(double radians) { return shortNumber(radians * 180.0 / pi, allDigits) + L"deg"; }
 
-// A channel by itself.
+// Rules that look at one channel alone.
 
 /// Swaps two values that stand the wrong way round.
 Mend swapped(const CheckedSection& projector, const std::wstring& low, const std::wstring& high) {

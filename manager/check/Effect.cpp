@@ -69,7 +69,7 @@ void checkFiles(Findings& findings) {
     for (const NamedFile& file : files) finding.places.push_back(otherPlace(file.place, file.name));
 }
 
-/// The path of a file that a run writes, as it would be compared.
+/// The folded path of a file that a run writes, with '/' only, for comparing it with others.
 std::wstring written(const Findings& findings, const std::wstring& name) {
     std::wstring path = foldPath(joinPath(folderOf(findings.options.file), name));
     std::replace(path.begin(), path.end(), L'\\', L'/');

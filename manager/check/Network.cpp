@@ -184,7 +184,7 @@ private:
             if (!station.port.empty()) checkSamePort(byPort[lowerAscii(station.port)], station);
     }
 
-    /// Several projectors on one line are told apart by their IDs, both black boxes may be one.
+    /// Projectors on one serial line are told apart by their IDs, and one controller may serve as both black boxes.
     void checkSamePort(Sharers& sharers, const Station& station) {
         const Station* const other = rivalOf(sharers, station, station.id);
         if (other == nullptr) return;
@@ -194,8 +194,8 @@ private:
             .places = {otherPlace(other->place)};
     }
 
-    /// The earlier one that the station gets in the way of; null where it is one more that shares. Projectors share where
-    /// each has something of its own, and black boxes do.
+    /// The station that already uses this address or serial line and may not share it; null where none does, or where the
+    /// two may share: projectors with different IDs (or ports), or both black boxes.
     static const Station* rivalOf(Sharers& sharers, const Station& station, const std::wstring& own) {
         const Station* const first = sharers.first;
         if (first == nullptr) sharers.first = &station;

@@ -27,7 +27,7 @@ class ShownUnits {
 public:
     explicit ShownUnits(const std::wstring& lengthUnit, const std::wstring& angleUnit);
     [[nodiscard]] std::wstring angle(double radians, int decimals = 2) const;
-    /// The same with as many decimals as show that it is beyond the limit.
+    /// As angle(), with enough decimals to show that it exceeds the limit.
     [[nodiscard]] std::wstring angleBeyond(double radians, double limit) const;
     [[nodiscard]] std::wstring point(const Point_3Dim<double>& meters) const;
 

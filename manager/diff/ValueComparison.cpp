@@ -40,7 +40,7 @@ std::vector<Entry> entriesOf(const std::wstring& text, std::size_t length) {
 
 /// Sorted by name; of several of one name the first stays.
 std::vector<Entry> byName(std::vector<Entry> entries) {
-    // What is no number comes last and is one name: it is not even less than itself, which would spoil the order.
+    // All NaNs count as one name, sorted last: NaN compares false with everything and would break the sort.
     const auto nameOf = [](const Entry& entry) {
         return std::make_pair(std::isnan(entry[0]), std::isnan(entry[0]) ? 0.0 : entry[0]);
     };

@@ -11,7 +11,7 @@ double pitchOf(const Vector& direction) { return std::atan2(direction.z, std::hy
 /// The highest pitch (or the lowest, for `sign` -1) between two directions on the great circle through them.
 double highestBetween(const Vector& from, const Vector& to, double sign) {
     double highest = std::max(sign * pitchOf(from), sign * pitchOf(to));
-    // Between the two the pitch turns where the slope of z / |p| is 0, which is at one point of the line at most.
+    // Between the ends the pitch has its extreme where the derivative of z / |p| along the line is 0, at one point at most.
     const Vector step = minus(to, from);
     const double upper = step.z * dot(from, from) - from.z * dot(from, step);
     const double lower = from.z * dot(step, step) - step.z * dot(from, step);

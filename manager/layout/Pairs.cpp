@@ -78,7 +78,7 @@ std::size_t widestAxis(const std::vector<Candidate>& candidates) {
     return static_cast<std::size_t>(std::max_element(spreads.begin(), spreads.end()) - spreads.begin());
 }
 
-/// Goes along one axis and compares each channel with those whose boxes have begun and not ended there.
+/// Sweeps along one axis: compares each channel only with those whose boxes overlap its own there.
 class Sweep {
 public:
     Sweep(const std::vector<Channel>& channels, std::vector<Candidate>& candidates)

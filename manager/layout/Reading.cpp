@@ -17,7 +17,7 @@ namespace {
 
 constexpr double widestEdge = 89.0 * degree - 1e-9;  // but for the rounding of what is stored
 
-/// An accessor takes a document that it may change; the getters called here change nothing.
+/// Accessors want a document that they may change; only their getters are used here.
 ConfigInfo* readable(const ConfigInfo& document) { return const_cast<ConfigInfo*>(&document); }
 
 /// The IDs of the sections that the application finds: an empty one leads to the first section, a second time the same ID

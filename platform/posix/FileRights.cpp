@@ -169,7 +169,7 @@ namespace {
 
 bool give(const FileRights& rights, OpenFile& file) { return rights.giveOwnership(file) && rights.giveTo(file); }
 
-/// What the source's rights come to for a file of this process's user, in the source's group where he may give it that.
+/// Gives the copy as much of the source's rights as this user may give, and the source's group if he may.
 bool handOver(const FileRights& rights, uid_t maker, OpenFile& copy) {
     (void)rights.ownedBy(maker).giveOwnership(copy);
     const struct stat status = copy.status();

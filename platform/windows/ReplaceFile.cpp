@@ -60,7 +60,7 @@ void write(OpenFile& file, const ByteSource& source) {
 /// A file beside the target, until it takes the target's place. Removed otherwise, by the system too while it is written.
 class NewFile {
 public:
-    /// To have the owner and the access list of `rights`.
+    /// A new file beside `target` with the owner and access list of `rights`.
     NewFile(const std::wstring& target, const std::wstring& shownAs, const SecurityDescriptor& rights)
         : m_target(target),
           m_shownAs(shownAs),

@@ -7,7 +7,7 @@
 namespace XMLConfig {
 namespace {
 
-/// Locked as long as somebody holds.
+/// Locked while any thread holds signals back.
 std::recursive_mutex held;
 /// How many holds of this thread lie in each other.
 thread_local int depth = 0;

@@ -60,8 +60,8 @@ End runPlanned(const Operation& operation, Scene& scene, Plan plan) {
     return end;
 }
 
-/// The same again without a fault: it must do its work and leave nothing of the time before. A file that the first try made
-/// refuses an upgrade to it, as it must.
+/// Runs the operation again without a fault: it must succeed and leave nothing of the failed run. A file that the first try
+/// made refuses an upgrade to it, as it must.
 std::string nextTime(const Operation& operation, Scene& scene) {
     const bool isThereAlready = operation.name == "upgrade to another file" && scene.folder.has(L"new.skorrax");
     const bool isUpgraded =

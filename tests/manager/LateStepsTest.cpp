@@ -169,7 +169,7 @@ TEST(ToVersion9, CamerasOfUnknownTypeAreRemovedAndLogged) {
         stepped(&toVersion9, camera("1", "<CameraType>-1</CameraType>") + camera("2", "") +
                                  camera("3", "<CameraType>2</CameraType>") + camera("4", "<CameraType>0</CameraType>"));
     EXPECT_EQ(document->getSectionIDs(L"Camera"), std::vector<std::wstring>{L"PGR***"});
-    const auto line = [](const char* number) {
+    const auto line = [](const char* number) {  // "encounterd" is misspelt on purpose
         return LogLine{"Ulvano.XMLConfig.VersionUpgrade", "ERROR",
                        std::string("Unknown camera type encounterd (") + number + "), removing this section"};
     };

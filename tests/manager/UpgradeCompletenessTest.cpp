@@ -29,7 +29,7 @@ std::string sourceOf(double version) {
     return "manager/upgrade/ToVersion" + number + ".cpp";
 }
 
-// The beginning of the line above its paragraph.
+// How the heading of that version's paragraph begins.
 std::string headingOf(double version) {
     const std::string number = shortVersion(version);
     return "\n## " + number + (number.find('.') == std::string::npos ? ".0" : "") + ":";

@@ -87,7 +87,7 @@ TEST(VirtualProjectors, IdentifierWithoutSeparatorIsRefused) {
     for (const char* attributes : {"UID=\"VELDAR**m\" type=\"VELDAR\"", "UID=\"\"", "type=\"VELDAR\""}) {
         const TestDocument document(
             section("Projector", snippet(std::string("<device ") + attributes + "><connection/></device>")));
-        EXPECT_EQ(messageOf([&] { applyVirtualDevices(*document); }), L"Deive id incorrect");
+        EXPECT_EQ(messageOf([&] { applyVirtualDevices(*document); }), L"Deive id incorrect");  // misspelt on purpose
     }
 }
 
@@ -96,7 +96,7 @@ TEST(VirtualProjectors, RefusalLeavesTheLoad) {
     const TemporaryFolder folder;
     const std::wstring path =
         folder.write(L"a.skorrax", section("Projector", snippet("<device UID=\"x\"><connection/></device>")));
-    EXPECT_EQ(messageOf([&] { loadedManager(path); }), L"Deive id incorrect");
+    EXPECT_EQ(messageOf([&] { loadedManager(path); }), L"Deive id incorrect");  // misspelt on purpose
 }
 
 TEST(VirtualProjectors, EveryProjectorIsMadeVirtual) {

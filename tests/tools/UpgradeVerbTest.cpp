@@ -259,7 +259,7 @@ TEST_F(UpgradeVerb, ConversionsAreNoWarnings) {
 
 TEST_F(UpgradeVerb, WhatTheLibraryLogsIsNotTold) {
     const std::string file = write("hall.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
-    EXPECT_THAT(runTool({"upgrade", "--verbose", "--dry-run", file}).errors,
+    EXPECT_THAT(runTool({"upgrade", "--verbose", "--dry-run", file}).errors,  // "encounterd" is misspelt on purpose
                 HasSubstr("xmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\n"));
     const std::string old = "xmlconfig: " + file + ": is of file version 8.000; ";
     const std::string dropped = " as it would be after the upgrade, which drops 1 device: Camera[1]\n";
@@ -300,7 +300,7 @@ TEST_F(UpgradeVerb, LogLinesTakeThePlaceOfTheProgress) {
     const std::optional<TerminalRun> run = runOnATerminal({"upgrade", "--verbose", one, two}, ToTerminal::Errors);
     if (!run) GTEST_SKIP() << "no terminal can be made here";
     EXPECT_EQ(run->status, 1);  // a camera is lost
-    EXPECT_THAT(run->shown,
+    EXPECT_THAT(run->shown,     // "encounterd" is misspelt on purpose
                 StartsWith("\r1/2 " + one + "\x1b[K\r\x1b[Kxmlconfig: WARN:    -> converting 8.000 file to 9.000\r\n" +
                            "\r\x1b[Kxmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\r\n" +
                            "\r\x1b[K" + "\r2/2 " + two + "\x1b[K\r\x1b[Kxmlconfig: WARN: "));

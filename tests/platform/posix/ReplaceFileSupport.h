@@ -53,7 +53,7 @@ protected:
         if (::geteuid() != 0) return;
         ASSERT_EQ(::chown(path.c_str(), Unprivileged::nobody, Unprivileged::nobody), 0);
     }
-    /// For an unprivileged user: the file "a" may be written, but none stand beside it.
+    /// An unprivileged user may write the file "a" but create no other file in the folder.
     void admitNoSecondFile() {
         giveToNobody(m_folder.path());
         giveToNobody(m_folder.at(L"a"));
