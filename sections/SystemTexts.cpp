@@ -44,6 +44,7 @@ std::vector<std::wstring> blackBoxPieces(const std::wstring& text) {
 BlackBoxInfo blackBoxFromText(const std::wstring& text) {
     const std::vector<std::wstring> pieces = blackBoxPieces(text);
     if (pieces.size() < 5) return {};
+    // The application reads this text by a rule of its own: of the words for truth values it knows only "true".
     BlackBoxInfo info(equalIgnoringCase(pieces[0], L"true"), withoutSpaces(pieces[1]), withoutSpaces(pieces[2]),
                       leadingInteger(pieces[3]), leadingInteger(pieces[4]));
     std::vector<std::int32_t> otherPorts;

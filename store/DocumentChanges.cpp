@@ -253,18 +253,13 @@ void Document::addComments(const std::vector<DOMElement*>& places, const std::ws
 
 std::size_t Document::removeComments(DOMElement& place, const std::wstring& text) {
     const std::u16string units = toUtf16(text);
-    std::size_t count = 0;
-    for (DOMNode* node = place.getFirstChild(); node != nullptr;) {
-        DOMNode* const next = node->getNextSibling();
-        if (node->getNodeType() == DOMNode::COMMENT_NODE && view(node->getNodeValue()) == units) {
-            m_journal.makeRoom(1);
-            part(place, *node);
-            ++count;
-        }
-        node = next;
-    }
-    if (count > 0) changed({Kind::CommentsChanged});
-    return count;
+    std::vector<DOMNode*> found;
+    for (DOMNode* node = place.getFirstChild(); node != nullptr; node = node->getNextSibling())
+        if (node->getNodeType() == DOMNode::COMMENT_NODE && view(node->getNodeValue()) == units) found.push_back(node);
+    m_journal.makeRoom(found.size());
+    for (DOMNode* const comment : found) part(place, *comment);
+    if (!found.empty()) changed({Kind::CommentsChanged});
+    return found.size();
 }
 
 void Document::changed(const TreeChange& change) noexcept {

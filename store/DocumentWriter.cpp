@@ -25,14 +25,14 @@ constexpr std::size_t pieceSize = 64 * 1024;
 /// How an element writes what it holds.
 enum class Form { Empty, Indented, Verbatim };
 
-bool isText(DOMNode::NodeType type) { return type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE; }
+bool isTextNode(DOMNode::NodeType type) { return type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE; }
 
 /// Reads the attribute's one text directly: Xerces-C's getValue first asks the attribute for its class, which is slower.
 std::u16string_view valueOf(const DOMNode& attribute) {
     const DOMNode* const first = attribute.getFirstChild();
     if (first == nullptr) return {};
     const NodeLook look = lookAt(*first);
-    return isText(look.type) && look.next == nullptr ? look.text : view(attribute.getNodeValue());
+    return isTextNode(look.type) && look.next == nullptr ? look.text : view(attribute.getNodeValue());
 }
 
 /// Other than 0 for a character that must be written in another way in some places. It has no branch, so that the
@@ -172,7 +172,7 @@ private:
         m_out.append(">\n");
         while (child != nullptr) {
             const NodeLook look = lookAt(*child);
-            if (!isText(look.type)) writeLine(*child, look, level + 1);
+            if (!isTextNode(look.type)) writeLine(*child, look, level + 1);
             child = look.next;
         }
     }
@@ -189,7 +189,7 @@ private:
     static Form formInside(const DOMNode* child) {
         while (child != nullptr) {
             const NodeLook look = lookAt(*child);
-            if (!isText(look.type) || !look.text.empty()) return Form::Verbatim;
+            if (!isTextNode(look.type) || !look.text.empty()) return Form::Verbatim;
             child = look.next;
         }
         return Form::Empty;

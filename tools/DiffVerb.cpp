@@ -1,7 +1,9 @@
 #include <cmath>
 
+#include "manager/Upgrade.h"
 #include "platform/Utf8.h"
 #include "platform/Words.h"
+#include "store/BuildIdentity.h"
 #include "tools/Colour.h"
 #include "tools/Configuration.h"
 #include "tools/DiffText.h"
@@ -14,8 +16,13 @@ namespace {
 /// What git passes for a file that is not there.
 const char* const noFile = "/dev/null";
 
+std::unique_ptr<ConfigInfo> emptyDocument() {
+    const std::wstring version = XMLConfig::versionText(XMLConfig::detail::latestFileVersion);
+    return ConfigInfo::fromText("<ConfigInfo><Version>" + XMLConfig::utf8FromWide(version) + "</Version></ConfigInfo>", L"");
+}
+
 std::unique_ptr<ConfigInfo> readSide(const Request& request, const std::string& file) {
-    if (request.git && file == noFile) return ConfigInfo::fromText("<ConfigInfo><Version>9.000</Version></ConfigInfo>", L"");
+    if (request.git && file == noFile) return emptyDocument();
     return request.asStored ? readDocumentAsStored(file) : readDocument(file);
 }
 

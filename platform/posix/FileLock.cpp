@@ -23,14 +23,14 @@ namespace {
 
 constexpr std::string_view purpose = "Can not lock the folder of file";
 
-class Descriptor {
+class OwnedDescriptor {
 public:
-    explicit Descriptor(int value = -1) : m_value(value) {}
-    ~Descriptor() {
+    explicit OwnedDescriptor(int value = -1) : m_value(value) {}
+    ~OwnedDescriptor() {
         if (m_value != -1) ::close(m_value);
     }
-    Descriptor(Descriptor&& other) noexcept : m_value(std::exchange(other.m_value, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
+    OwnedDescriptor(OwnedDescriptor&& other) noexcept : m_value(std::exchange(other.m_value, -1)) {}
+    OwnedDescriptor& operator=(OwnedDescriptor&& other) noexcept {
         std::swap(m_value, other.m_value);
         return *this;
     }
@@ -92,11 +92,11 @@ public:
         m_size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + text.size());
     }
 
-    [[nodiscard]] Descriptor socket() const {
-        return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    [[nodiscard]] OwnedDescriptor socket() const {
+        return OwnedDescriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     }
-    [[nodiscard]] int bind(const Descriptor& socket) const { return ::bind(socket.value(), generic(), m_size); }
-    [[nodiscard]] int connect(const Descriptor& socket) const { return ::connect(socket.value(), generic(), m_size); }
+    [[nodiscard]] int bind(const OwnedDescriptor& socket) const { return ::bind(socket.value(), generic(), m_size); }
+    [[nodiscard]] int connect(const OwnedDescriptor& socket) const { return ::connect(socket.value(), generic(), m_size); }
 
 private:
     [[nodiscard]] const sockaddr* generic() const { return reinterpret_cast<const sockaddr*>(&m_address); }
@@ -106,9 +106,9 @@ private:
 };
 
 /// Whoever listens at a name can be asked who he is.
-Attempt takeName(const std::string& path, const struct stat& folder, Descriptor& taken) {
+Attempt takeName(const std::string& path, const struct stat& folder, OwnedDescriptor& taken) {
     const FolderName name(folder);
-    Descriptor socket = name.socket();
+    OwnedDescriptor socket = name.socket();
     if (!socket.isOpen()) return notToBeHad(path, errno);
     if (name.bind(socket) == -1) return errno == EADDRINUSE ? Attempt::Busy : notToBeHad(path, errno);
     if (::listen(socket.value(), SOMAXCONN) == -1) return notToBeHad(path, errno);
@@ -118,7 +118,7 @@ Attempt takeName(const std::string& path, const struct stat& folder, Descriptor&
 
 long holderOf(const struct stat& folder) {
     const FolderName name(folder);
-    const Descriptor socket = name.socket();
+    const OwnedDescriptor socket = name.socket();
     ucred peer{};
     socklen_t size = sizeof peer;
     if (!socket.isOpen() || name.connect(socket) == -1) return 0;
@@ -127,7 +127,7 @@ long holderOf(const struct stat& folder) {
 
 #else
 
-Attempt takeName(const std::string&, const struct stat&, Descriptor&) { return Attempt::NotToBeHad; }
+Attempt takeName(const std::string&, const struct stat&, OwnedDescriptor&) { return Attempt::NotToBeHad; }
 long holderOf(const struct stat&) { return 0; }
 
 #endif
@@ -138,11 +138,11 @@ struct FileLock::Parts {
     std::string path;
     std::string folder;
     struct stat status {};
-    Descriptor locked;
-    Descriptor named;
+    OwnedDescriptor locked;
+    OwnedDescriptor named;
 
-    [[nodiscard]] Attempt takeFolder(Descriptor& taken) const {
-        Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    [[nodiscard]] Attempt takeFolder(OwnedDescriptor& taken) const {
+        OwnedDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         if (!opened.isOpen()) return notToBeHad(path, errno);
         if (lockFolder(opened.value()) == -1) return errno == EWOULDBLOCK ? Attempt::Busy : notToBeHad(path, errno);
         taken = std::move(opened);
@@ -167,8 +167,8 @@ FileLock::~FileLock() {
 // Nothing is kept of an attempt that is not a success, also of one that ends with an exception.
 bool FileLock::tryTake() {
     const HeldCancellation held;
-    Descriptor locked;
-    Descriptor named;
+    OwnedDescriptor locked;
+    OwnedDescriptor named;
     const Attempt folder = m_parts->takeFolder(locked);
     if (folder == Attempt::Busy) return false;
     const Attempt name = takeName(m_parts->path, m_parts->status, named);

@@ -2,11 +2,13 @@
 
 #include <atomic>
 #include <functional>
+#include <iterator>
 #include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "manager/upgrade/UpgradeChain.h"
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
@@ -15,6 +17,7 @@
 #include "tests/support/Thrown.h"
 
 using XMLConfig::upgradeFile;
+using XMLConfig::detail::upgradeChain;
 
 TEST(UpgradeFile, InPlaceKeepsTheOldFileBesideIt) {
     const TemporaryFolder folder;
@@ -24,7 +27,7 @@ TEST(UpgradeFile, InPlaceKeepsTheOldFileBesideIt) {
     EXPECT_EQ(report.status, XMLConfig::Upgraded);
     EXPECT_EQ(report.target, path);
     EXPECT_EQ(report.backup, path + L".v1.500.bak");
-    EXPECT_EQ(report.receipt.steps.size(), 8u);
+    EXPECT_EQ(report.receipt.steps.size(), std::size(upgradeChain));
     EXPECT_EQ(folder.read(L"hall.skorra.v1.500.bak"), old);
     EXPECT_EQ(ConfigInfo(path).getVersion(), 9.0);
     EXPECT_EQ(folder.entries(), 2u);
@@ -85,7 +88,7 @@ TEST(UpgradeFile, DryRunTellsEverythingAndWritesNothing) {
     const auto report = upgradeFile({path, L"", false});
     EXPECT_EQ(report.status, XMLConfig::Upgraded);
     EXPECT_EQ(report.backup, path + L".v1.500.bak");
-    EXPECT_EQ(report.receipt.steps.size(), 8u);
+    EXPECT_EQ(report.receipt.steps.size(), std::size(upgradeChain));
     EXPECT_EQ(folder.read(L"a.skorrax"), fileText("", "1.5"));
     EXPECT_EQ(folder.entries(), 1u);
 }
