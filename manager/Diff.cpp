@@ -183,7 +183,7 @@ private:
         const std::optional<EffectiveValue> other =
             effectiveValue(isGone ? m_new : m_old, isGone ? difference.place : placeInOld(difference, *now));
         const std::wstring& text = (isGone ? old : now)->text;
-        const std::wstring read = textAsRead(text, setting->type).value_or(other ? other->text : text);
+        const std::wstring read = textAsRead(text, *setting).value_or(other ? other->text : text);
         if (!other || !detail::areOneValue(other->text, read, setting->type, m_options.tolerance)) return m_found.changed;
         difference.why = XMLConfig::nameOf(other->origin);
         return m_found.sameInEffect;

@@ -40,5 +40,7 @@ XMLCONFIG_API std::optional<EffectiveValue> effectiveValue(const ConfigInfo& doc
 /// "2.000000000000000e+00". Texts of other types than truth values, numbers and points stay as they are. Nothing for a text
 /// that counts as missing.
 XMLCONFIG_API std::optional<std::wstring> textAsRead(const std::wstring& stored, SettingType type);
+/// The same for one setting: a word or number that is none of the setting's own is what the accessor takes it for.
+XMLCONFIG_API std::optional<std::wstring> textAsRead(const std::wstring& stored, const Setting& setting);
 
 }  // namespace XMLConfig

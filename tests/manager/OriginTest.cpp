@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "sections/GeometryConfig.h"
+#include "sections/ProjectorConfig.h"
+#include "sections/SystemConfig.h"
 #include "tests/support/TestDocument.h"
 
 namespace {
@@ -59,6 +62,36 @@ TEST(Origin, WordThatIsNoTruthValueCountsAsMissing) {
     const auto value = effectiveValue(*document, parseAddress(L"System/Is_Blb_Used"));
     ASSERT_TRUE(value);
     EXPECT_EQ(value->origin, Origin::Default);
+}
+
+std::wstring readAt(const TestDocument& document, const wchar_t* address) {
+    return effectiveValue(*document, parseAddress(address)).value().text;
+}
+
+TEST(Origin, WordOrNumberThatIsNotListedIsReadAsTheAccessorReadsIt) {
+    TestDocument document(
+        "<ConfigInfo><Version>9.000</Version><Geometry><Fit_Solver>3</Fit_Solver></Geometry>"
+        "<Projector ID=\"a\"><Lamp_Mode>dual</Lamp_Mode></Projector><System><RunType>Own</RunType>"
+        "<Marker_Location_Method>foo</Marker_Location_Method><Cinema><Frame>scope</Frame></Cinema></System></ConfigInfo>");
+    EXPECT_EQ(readAt(document, L"Geometry/Fit_Solver"),
+              std::to_wstring(static_cast<int>(GeometryConfig(&*document, L"").getFitSolver())));
+    EXPECT_EQ(readAt(document, L"Geometry/Fit_Solver"), L"2");
+    EXPECT_EQ(readAt(document, L"Projector[a]/Lamp_Mode"), ProjectorConfig(&*document, L"a").getLampMode());
+    EXPECT_EQ(readAt(document, L"Projector[a]/Lamp_Mode"), L"");
+    const SystemConfig system(&*document, nullptr, L"");
+    EXPECT_EQ(system.getMarkerLocationMethod(), SystemConfig::MarkerLocationManual);
+    EXPECT_EQ(readAt(document, L"System/Marker_Location_Method"), L"manual");
+    EXPECT_EQ(readAt(document, L"System/RunType"), RunTypeToString(system.getRunType()));
+    EXPECT_EQ(readAt(document, L"System/Cinema/Frame"), Cinema::FrameToString(system.getCinemaFrameType()));
+    EXPECT_EQ(effectiveValue(*document, parseAddress(L"Geometry/Fit_Solver"))->stored, L"3");
+}
+
+TEST(Origin, ListedWordOrNumberIsReadAsItStands) {
+    const TestDocument document(
+        "<ConfigInfo><Version>9.000</Version><Geometry><Fit_Solver>5</Fit_Solver></Geometry>"
+        "<Projector ID=\"a\"><Lamp_Mode>Dual</Lamp_Mode></Projector></ConfigInfo>");
+    EXPECT_EQ(readAt(document, L"Geometry/Fit_Solver"), L"5");
+    EXPECT_EQ(readAt(document, L"Projector[a]/Lamp_Mode"), L"Dual");
 }
 
 TEST(Origin, UnknownItemIsReadAsItStands) {
