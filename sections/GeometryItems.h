@@ -93,7 +93,7 @@ struct GeometryItems : SettingTable {
     Descriptor<double> channelCoverageGatherValidationPercentage{*this, L"ChannelCoverageGatherValidationPercentage",
         {20.0},
         means(L"share of a channel that may stay uncovered in a check of gathered camera images").in(Unit::Percent)
-            .within(0, 100).countsWhile(L"", L"DoGatherValidation", {L"true"})};
+            .within(0, 100).inOurJudgement().countsWhile(L"", L"DoGatherValidation", {L"true"})};
     Descriptor<int> portraitMode{*this, L"Portrait_Mode", {0, 0},
         means(L"portrait orientation of projectors without one of their own; 0 for landscape")};
     Descriptor<bool> automaticMapperSettingsEnabled{*this, L"Enable_Automatic_Mapper_Settings", {true, true},

@@ -162,13 +162,13 @@ TEST(Knowledge, RunsWriteCountsAndTimes) {
                     L"Camera/Camera_Reference_Image_RESID", L"Camera/Camera_Reference_Image_Timestamp"}));
 }
 
-// Elsewhere the application decides; these are counts, sizes in pixels and shares, of which nothing else makes sense.
+// Elsewhere the application decides; these are counts and sizes in pixels, of which nothing else makes sense.
 TEST(Knowledge, FewRangesAreNoAdvice) {
-    EXPECT_EQ(keysWhere([](const Setting& setting) { return setting.range && !setting.range->ownJudgement; }),
-              (Keys{L"Geometry/Projector_Count", L"Geometry/Projector_Layout_Width", L"Geometry/Projector_Layout_Height",
-                    L"Geometry/ChannelCoverageGatherValidationPercentage", L"Geometry/ImageResolution_X",
-                    L"Geometry/ImageResolution_Y", L"System/ACT_Count", L"Projector/Resolution_X", L"Projector/Resolution_Y",
-                    L"Projector/ImageResolution_X", L"Projector/ImageResolution_Y"}));
+    EXPECT_EQ(
+        keysWhere([](const Setting& setting) { return setting.range && !setting.range->ownJudgement; }),
+        (Keys{L"Geometry/Projector_Count", L"Geometry/Projector_Layout_Width", L"Geometry/Projector_Layout_Height",
+              L"Geometry/ImageResolution_X", L"Geometry/ImageResolution_Y", L"System/ACT_Count", L"Projector/Resolution_X",
+              L"Projector/Resolution_Y", L"Projector/ImageResolution_X", L"Projector/ImageResolution_Y"}));
 }
 
 TEST(Knowledge, WordsAreListed) {
