@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <system_error>
 #include <vector>
 
@@ -94,14 +95,17 @@ std::vector<double> numbersIn(const std::wstring& stored) {
 }
 
 std::wstring countsAs(const Setting& setting) {
-    return setting.othersCountAs ? L"; counts as " + *setting.othersCountAs : L"";
+    if (!setting.othersCountAs) return L"";
+    return L"; counts as " + (setting.othersCountAs->empty() ? L"empty" : *setting.othersCountAs);
 }
 
 std::optional<ValueFault> wordFault(const std::wstring& stored, const Setting& setting) {
     const std::vector<std::wstring>& words = setting.words;
     if (words.empty() || std::find(words.begin(), words.end(), stored) != words.end()) return std::nullopt;
-    return ValueFault{L"\"" + stored + L"\" is none of " + XMLConfig::detail::joined(words) + countsAs(setting) +
-                      L" (XC109)" + suggestion(stored, words)};
+    std::vector<std::wstring> shown;
+    std::copy_if(words.begin(), words.end(), std::back_inserter(shown), [](const auto& word) { return !word.empty(); });
+    return ValueFault{L"\"" + stored + L"\" is none of " + XMLConfig::detail::joined(shown) + countsAs(setting) +
+                      L" (XC109)" + suggestion(stored, shown)};
 }
 
 std::optional<ValueFault> numberFault(double number, const Setting& setting) {

@@ -175,7 +175,7 @@ private:
         if (words.empty() || std::find(words.begin(), words.end(), item.text) != words.end()) return;
         std::vector<std::wstring> shown;
         std::copy_if(words.begin(), words.end(), std::back_inserter(shown), [](const auto& word) { return !word.empty(); });
-        const std::wstring instead = setting.othersCountAs.value_or(L"");
+        const std::wstring instead = setting.othersCountAs == L"" ? L"empty" : setting.othersCountAs.value_or(L"");
         Finding& finding =
             add(L"XC109", Severity::Error, section, item,
                 quoted(item.text) + L" is none of " + joined(shown) + (instead.empty() ? L"" : L"; counts as " + instead));

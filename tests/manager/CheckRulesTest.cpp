@@ -166,6 +166,12 @@ const std::vector<Case>& cases() {
          L"System/Marker_Location_Method",
          L"\"lamp\" is none of manual, led, led-manual, act, act-prompt, marked-surface-automatic, "
          L"marked-surface-automatic-prompt, structured-light, checkerboard; counts as manual"},
+        {L"XC109",
+         E,
+         {{P1, "<Lamp_Mode>Dual", "<Lamp_Mode>lamp"}},
+         p1 + L"/Lamp_Mode",
+         L"\"lamp\" is none of Single1, Single2, Dual; counts as empty",
+         {L"XC408"}},
         {L"XC110", W, {{"", "<Fit_Solver>5", "<Fit_Solver>3"}}, L"Geometry/Fit_Solver", L"3 is no mapper and counts as 2"},
         {L"XC111",
          E,

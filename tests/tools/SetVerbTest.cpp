@@ -136,6 +136,8 @@ TEST_F(SetVerb, WordsAndNumbersMustBeKnown) {
         "Geometry/Fit_Solver=3",
         "Geometry/Fit_Solver: 3 is none of 0 linear, 1 polynomial, 2 default, 5 spline, 7 perspective, 8 hybrid; "
         "counts as 2 (XC110); 'xmlconfig describe Geometry/Fit_Solver' tells what fits; --force stores it all the same");
+    expectRefused("Projector[#1]/Lamp_Mode=lamp",
+                  "Projector[Dome 1]/Lamp_Mode: \"lamp\" is none of Single1, Single2, Dual; counts as empty (XC109)");
     EXPECT_EQ(run("set", {"--force", "Screen/Shape=Dome", "Geometry/Fit_Solver=3"}).status, 0);
     EXPECT_EQ(stored("Screen/Shape"), "Dome\n");
 }
