@@ -135,6 +135,11 @@ const Operation operations[] = {
      }},
     {"removeComment",
      [](ConfigInfo& d) { EXPECT_EQ(XMLConfig::removeComment(d, XMLConfig::rootElement(d).child(L"S"), L"note"), 2u); }},
+    {"removeCommentTogether",
+     [](ConfigInfo& d) {
+         const Together group(d);
+         EXPECT_EQ(XMLConfig::removeComment(d, XMLConfig::rootElement(d).child(L"S"), L"note"), 2u);
+     }},
     {"stamp", [](ConfigInfo& d) { d.insertBuildDateAndNumber(); }},
     {"setFrustum",
      [](ConfigInfo& d) {
