@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -226,6 +227,7 @@ private:
     void setGenericBlackBoxComm(const std::wstring& key, const BlackBoxInfo& info);
     void setBlackBoxKeepingOtherPorts(const std::wstring& key, const BlackBoxInfo& info);
     void removeACTUnits(int first, int end);
+    std::set<int> storedACTUnits(int first, int end) const;
 
     std::map<MarkerLocationMethodEnum, std::wstring> m_markerMethodTexts;
     std::map<std::wstring, MarkerLocationMethodEnum> m_markerMethods;

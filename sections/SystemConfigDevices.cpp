@@ -1,7 +1,6 @@
 // The devices of the "System" section: black boxes and ACT units.
 
 #include <algorithm>
-#include <set>
 
 #include "sections/SystemConfig.h"
 #include "sections/SystemItems.h"
@@ -61,15 +60,24 @@ void SystemConfig::setBlackBoxKeepingOtherPorts(const std::wstring& key, const B
 // ACT units.
 
 void SystemConfig::setACTCount(int count) {
+    const int kept = std::max(count, 0);
+    const int before = getACTCount();
+    if (storedACTUnits(kept, before).empty()) return write(items.actCount, kept);
     XMLConfig::detail::together(*m_configInfo, [&] {
-        const int kept = std::max(count, 0);
-        removeACTUnits(kept, getACTCount());
+        removeACTUnits(kept, before);
         write(items.actCount, kept);
     });
 }
 
-// Visits the items there are, not the numbers there might be: a damaged file may claim two thousand million units.
 void SystemConfig::removeACTUnits(int first, int end) {
+    for (const int unit : storedACTUnits(first, end)) {
+        m_configInfo->removeItem(getSectionName(), numberedKey(items.actAddress.key, unit), getSectionID());
+        m_configInfo->removeItem(getSectionName(), numberedKey(items.actRelayAssociations.key, unit), getSectionID());
+    }
+}
+
+// Visits the items there are, not the numbers there might be: a damaged file may claim two thousand million units.
+std::set<int> SystemConfig::storedACTUnits(int first, int end) const {
     std::set<int> units;
     for (const XMLConfig::ElementView& section : XMLConfig::sectionElements(*m_configInfo, getSectionName())) {
         for (const XMLConfig::ElementView& item : section.children())
@@ -77,10 +85,7 @@ void SystemConfig::removeACTUnits(int first, int end) {
                 if (const auto unit = numberOfKey(pattern, item.name()); unit && *unit >= first && *unit < end)
                     units.insert(*unit);
     }
-    for (const int unit : units) {
-        m_configInfo->removeItem(getSectionName(), numberedKey(items.actAddress.key, unit), getSectionID());
-        m_configInfo->removeItem(getSectionName(), numberedKey(items.actRelayAssociations.key, unit), getSectionID());
-    }
+    return units;
 }
 
 std::wstring SystemConfig::getACTAddress(int unit) {
