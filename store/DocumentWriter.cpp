@@ -1,14 +1,13 @@
 #include "store/DocumentWriter.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
+#include <functional>
 #include <vector>
 
-#include "platform/Text.h"
-#include "store/ByteBuffer.h"
+#include "store/Attributes.h"
+#include "store/MarkupBuffer.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
@@ -27,63 +26,11 @@ enum class Form { Empty, Indented, Verbatim };
 
 bool isTextNode(DOMNode::NodeType type) { return type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE; }
 
-/// Reads the attribute's one text directly: Xerces-C's getValue first asks the attribute for its class, which is slower.
-std::u16string_view valueOf(const DOMNode& attribute) {
-    const DOMNode* const first = attribute.getFirstChild();
-    if (first == nullptr) return {};
-    const NodeLook look = lookAt(*first);
-    return isTextNode(look.type) && look.next == nullptr ? look.text : view(attribute.getNodeValue());
-}
-
-/// Other than 0 for a character that must be written in another way in some places. It has no branch, so that the
-/// compiler lets one instruction examine several characters.
-constexpr int special(std::uint16_t c) {
-    return static_cast<int>(static_cast<std::uint16_t>(c - 0x20U) >= 0x5F) | static_cast<int>(c == '&') |
-           static_cast<int>(c == '<') | static_cast<int>(c == '>') | static_cast<int>(c == '"');
-}
-
-/// Copies characters as bytes, a number of them at once, and notes whether any is special.
-template <std::size_t count>
-class Copier {
-public:
-    void copy(const char16_t* from, char* to) {
-        std::array<std::uint16_t, count> units;  // apart from what is written, so that the order of both does not matter
-        std::memcpy(units.data(), from, sizeof units);
-        std::array<char, count> bytes;
-        for (std::size_t i = 0; i < count; ++i) m_others[i] = static_cast<std::uint16_t>(m_others[i] | special(units[i]));
-        for (std::size_t i = 0; i < count; ++i) bytes[i] = static_cast<char>(units[i]);
-        std::memcpy(to, bytes.data(), sizeof bytes);
-    }
-    [[nodiscard]] bool areAllPlain() const { return m_others == std::array<std::uint16_t, count>{}; }
-
-private:
-    std::array<std::uint16_t, count> m_others{};
-};
-
-/// Copies at least `step` characters, some of them twice. False where one is special.
-template <std::size_t step>
-bool copyInSteps(std::u16string_view text, char* to) {
-    const char16_t* const from = text.data();
-    const std::size_t size = text.size();
-    Copier<step> copier;
-    for (std::size_t i = step; i < size; i += step) copier.copy(from + i - step, to + i - step);
-    copier.copy(from + size - step, to + size - step);
-    return copier.areAllPlain();
-}
-
-/// Copies text to as many bytes. False where it is not plain.
-bool copyPlain(std::u16string_view text, char* to) {
-    if (text.size() >= 16) return copyInSteps<16>(text, to);
-    if (text.size() >= 8) return copyInSteps<8>(text, to);
-    if (text.size() >= 4) return copyInSteps<4>(text, to);
-    return text.empty() || copyInSteps<1>(text, to);
-}
-
 class Writer {
 public:
     /// A writer without a sink keeps the text until its caller takes it.
     Writer(bool isXml11, int lastIndentedLevel, const ByteSink* sink = nullptr)
-        : m_isXml11(isXml11), m_lastIndentedLevel(lastIndentedLevel), m_sink(sink), m_names(sink == nullptr ? 16 : 256) {}
+        : m_lastIndentedLevel(lastIndentedLevel), m_sink(sink), m_out(isXml11), m_names(sink == nullptr ? 16 : 256) {}
 
     void writeLine(const DOMNode& node, const NodeLook& look, int level) {
         writeNode(node, look, level, false, blanksOf(level));
@@ -96,11 +43,11 @@ public:
         m_out.append(before);
         switch (look.type) {
             case DOMNode::TEXT_NODE:
-                return escape(look.text, false);
+                return m_out.appendEscaped(look.text, false);
             case DOMNode::CDATA_SECTION_NODE:
-                return wrap("<![CDATA[", look.text, "]]>");
+                return m_out.appendBetween("<![CDATA[", look.text, "]]>");
             case DOMNode::COMMENT_NODE:
-                return wrap("<!--", look.text, "-->");
+                return m_out.appendBetween("<!--", look.text, "-->");
             case DOMNode::PROCESSING_INSTRUCTION_NODE:
                 return writeInstruction(node);
             default:
@@ -132,7 +79,7 @@ private:
     void writeTag(Blanks before, const char (&begin)[beginSize], const XMLCh* name, const char (&end)[endSize]) {
         if (const ShortText<48>* const known = knownName(name)) return m_out.append(before, begin, *known, end);
         m_out.append(before, begin);
-        appendUtf8(view(name));
+        m_out.appendText(view(name));
         m_out.append(end);
     }
 
@@ -164,7 +111,7 @@ private:
         const bool isValue = isInside || level > m_lastIndentedLevel || !isIndentation(text);
         if (!isValue || text.empty()) return Form::Empty;
         m_out.append('>');
-        escape(text, false);
+        m_out.appendEscaped(text, false);
         return Form::Verbatim;
     }
 
@@ -219,91 +166,18 @@ private:
         for (XMLSize_t i = 0; i < count; ++i) {
             const DOMNode* const attribute = attributes->item(i);
             writeTag(Blanks{1}, "", attribute->getNodeName(), "=\"");
-            escape(valueOf(*attribute), true);
+            m_out.appendEscaped(valueOf(*attribute), true);
             m_out.append('"');
         }
     }
 
     void writeInstruction(const DOMNode& node) {
         m_out.append("<?");
-        appendUtf8(view(node.getNodeName()));
+        m_out.appendText(view(node.getNodeName()));
         const std::u16string_view data = view(node.getNodeValue());
         if (!data.empty()) m_out.append(' ');
-        appendUtf8(data);
+        m_out.appendText(data);
         m_out.append("?>");
-    }
-
-    void wrap(std::string_view begin, std::u16string_view text, std::string_view end) {
-        m_out.append(begin);
-        appendUtf8(text);
-        m_out.append(end);
-    }
-
-    /// Most text is plain: it is copied and looked at in one pass. False, and nothing done, where it is not.
-    bool appendPlain(std::u16string_view text) {
-        if (!copyPlain(text, m_out.room(text.size()))) return false;
-        m_out.added(text.size());
-        return true;
-    }
-
-    void appendUtf8(std::u16string_view text) {
-        if (text.empty() || appendPlain(text)) return;
-        std::string bytes;
-        detail::appendUtf8(bytes, text);
-        m_out.append(bytes);
-    }
-
-    void escape(std::u16string_view text, bool isAttribute) {
-        if (appendPlain(text)) return;
-        std::size_t plain = 0;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            const char16_t c = text[i];
-            if (c > u'>' && c < 0x7F) continue;
-            const char* const named = nameFor(c, isAttribute);
-            if (named == nullptr && !needsNumber(c, isAttribute)) continue;
-            appendUtf8(text.substr(plain, i - plain));
-            plain = i + 1;
-            if (named != nullptr) {
-                m_out.append(std::string_view(named));
-            } else {
-                writeReference(c);
-            }
-        }
-        appendUtf8(text.substr(plain));
-    }
-
-    static const char* nameFor(char16_t c, bool isAttribute) {
-        switch (c) {
-            case u'&':
-                return "&amp;";
-            case u'<':
-                return "&lt;";
-            case u'>':
-                return "&gt;";
-            case u'"':
-                return isAttribute ? "&quot;" : nullptr;
-            default:
-                return nullptr;
-        }
-    }
-
-    // What the parser would turn into something else, and what XML 1.1 takes as references only.
-    bool needsNumber(char16_t c, bool isAttribute) const {
-        if (c == u'\r') return true;
-        if (c == u'\t' || c == u'\n') return isAttribute;
-        return m_isXml11 && (c < 0x20 || (c >= 0x7F && c <= 0x9F) || c == 0x2028);
-    }
-
-    void writeReference(char16_t c) {
-        constexpr char digits[] = "0123456789ABCDEF";
-        m_out.append("&#x");
-        bool isStarted = false;
-        for (int shift = 12; shift >= 0; shift -= 4) {
-            const auto digit = static_cast<std::size_t>((c >> shift) & 0xF);
-            isStarted = isStarted || digit != 0;
-            if (isStarted) m_out.append(digits[digit]);
-        }
-        m_out.append(';');
     }
 
     struct KnownName {
@@ -311,10 +185,9 @@ private:
         ShortText<48> text;
     };
 
-    bool m_isXml11;
     int m_lastIndentedLevel;
     const ByteSink* m_sink;
-    ByteBuffer m_out;
+    MarkupBuffer m_out;
     std::vector<KnownName> m_names;  // by a hash; an element alone needs few
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "store/Address.h"
+#include "store/Attributes.h"
 #include "store/Comments.h"
 #include "store/Document.h"
 #include "store/ElementAccess.h"
@@ -41,25 +42,6 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
     return a == b;
 }
 
-/// The text of an element that holds one piece of text and nothing else; null for other elements.
-const XMLCh* onlyTextIn(const xercesc::DOMElement& element) {
-    const xercesc::DOMNode* const first = detail::firstNodeIn(element);
-    const bool isText = first != nullptr && first->getNodeType() == xercesc::DOMNode::TEXT_NODE;
-    return isText && detail::nodeAfter(*first) == nullptr ? first->getNodeValue() : nullptr;
-}
-
-/// Whether text from a tree is that text; nothing where this does not read it, because it holds characters that take two
-/// units of UTF-16.
-std::optional<bool> isSame(const XMLCh* units, const std::wstring& text) {
-    constexpr wchar_t firstSurrogate = 0xD800;
-    for (const wchar_t character : text) {
-        if (character >= firstSurrogate) return std::nullopt;
-        if (*units == 0 || static_cast<wchar_t>(*units) != character) return false;
-        ++units;
-    }
-    return *units == 0;
-}
-
 void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around, bool isDeep = true) {
     std::size_t waiting = comments.size();  // the first that waits for the element after it
     for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::nodeAfter(*node)) {
@@ -92,6 +74,10 @@ bool ElementView::isNamedLike(const ElementView& other) const {
     return name == otherName || detail::view(name) == detail::view(otherName);  // a document keeps each name once
 }
 
+std::wstring ElementView::id() const {
+    return m_element == nullptr ? std::wstring() : detail::fromUtf16(detail::idTextOf(*elementOf(*this)));
+}
+
 std::optional<std::wstring> ElementView::attribute(const std::wstring& attributeName) const {
     if (m_element == nullptr || !detail::hasAttributes(*elementOf(*this))) return std::nullopt;
     const std::u16string name = detail::toUtf16(attributeName);
@@ -115,10 +101,7 @@ std::wstring ElementView::text() const {
 }
 
 bool ElementView::isText(const std::wstring& text) const {
-    if (m_element == nullptr) return text.empty();
-    const XMLCh* const only = onlyTextIn(*elementOf(*this));
-    const std::optional<bool> known = only == nullptr ? std::nullopt : isSame(only, text);
-    return known ? *known : detail::hasText(*elementOf(*this), text);
+    return m_element == nullptr ? text.empty() : detail::hasText(*elementOf(*this), text);
 }
 
 ElementView ElementView::firstChild() const {

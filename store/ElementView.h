@@ -34,7 +34,7 @@ public:
     /// All attributes, names and values, in the order in which a save writes them.
     std::vector<std::pair<std::wstring, std::wstring>> attributes() const;
     /// The "ID" attribute's value; "" where there is none.
-    std::wstring id() const { return attribute(L"ID").value_or(std::wstring()); }
+    std::wstring id() const;
     /// The element's text with that of everything inside it.
     std::wstring text() const;
     /// Compares the text without making wide text of it.

@@ -6,6 +6,7 @@
 
 #include "platform/Files.h"
 #include "platform/Text.h"
+#include "store/Attributes.h"
 #include "store/CorvaneException.h"
 #include "store/Document.h"
 #include "store/DocumentParser.h"
@@ -25,7 +26,7 @@ std::u16string identityOf(std::u16string_view tag, const XMLCh* id) {
 }
 
 std::u16string identityOf(const xercesc::DOMElement& element) {
-    const auto* const id = hasAttributes(element) ? element.getAttributeNode(xmlText(u"ID")) : nullptr;
+    const xercesc::DOMAttr* const id = idAttributeOf(element);
     return identityOf(view(element.getNodeName()), id == nullptr ? nullptr : id->getValue());
 }
 

@@ -1,16 +1,9 @@
 #include "store/Namesakes.h"
 
+#include "store/Attributes.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
-
-namespace {
-
-std::u16string idOf(const xercesc::DOMElement& element) {
-    return std::u16string(view(element.getAttribute(xmlText(u"ID"))));
-}
-
-}  // namespace
 
 xercesc::DOMElement* ElementQueue::first(const xercesc::DOMElement& parent) {
     while (m_passed < m_elements.size() && parentOf(*m_elements[m_passed]) != &parent) ++m_passed;
@@ -25,7 +18,7 @@ xercesc::DOMElement* ElementQueue::takeFirst(const xercesc::DOMElement& parent) 
 
 void Namesakes::add(xercesc::DOMElement* element) {
     m_all.add(element);
-    if (m_isListedByID) m_byID[idOf(*element)].add(element);
+    if (m_isListedByID) m_byID[std::u16string(idTextOf(*element))].add(element);
 }
 
 xercesc::DOMElement* Namesakes::withID(const std::u16string& id, const xercesc::DOMElement& parent) {
@@ -36,7 +29,7 @@ xercesc::DOMElement* Namesakes::withID(const std::u16string& id, const xercesc::
 
 void Namesakes::listByID() {
     m_byID.clear();
-    for (xercesc::DOMElement* const element : m_all) m_byID[idOf(*element)].add(element);
+    for (xercesc::DOMElement* const element : m_all) m_byID[std::u16string(idTextOf(*element))].add(element);
     m_isListedByID = true;
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/Text.h"
+#include "store/Attributes.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
@@ -147,7 +148,7 @@ xercesc::DOMElement* SectionIndex::subSection(Section& section, const std::wstri
     const KnownItem* const first = known == nullptr ? nullptr : section.items.find(known->number);
     if (first == nullptr || id.empty()) return first == nullptr ? nullptr : first->element;
     const std::u16string wanted = toUtf16(id);
-    if (view(first->element->getAttribute(xmlText(u"ID"))) == wanted) return first->element;
+    if (idTextOf(*first->element) == wanted) return first->element;
     Namesakes* const others = section.items.after(known->number);
     return others == nullptr ? nullptr : others->withID(wanted, *section.element);
 }

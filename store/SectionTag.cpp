@@ -4,31 +4,11 @@
 #include <utility>
 
 #include "platform/Text.h"
-#include "store/TreeLinks.h"
+#include "store/Attributes.h"
 
 namespace XMLConfig::detail {
 
-namespace {
-
-const xercesc::DOMAttr* idAttributeOf(const xercesc::DOMElement& element) {
-    return hasAttributes(element) ? element.getAttributeNode(xmlText(u"ID")) : nullptr;
-}
-
-/// Nearly every value is one text, which is read by its links: the library asks the text four times for its class.
-std::u16string_view valueOf(const xercesc::DOMAttr& attribute) {
-    if (const xercesc::DOMNode* const first = attribute.getFirstChild()) {
-        const NodeLook look = lookAt(*first);
-        if (look.type == xercesc::DOMNode::TEXT_NODE && look.next == nullptr) return look.text;
-    }
-    return view(attribute.getValue());
-}
-
-}  // namespace
-
-std::wstring idOf(const xercesc::DOMElement& element) {
-    const xercesc::DOMAttr* const attribute = idAttributeOf(element);
-    return attribute == nullptr ? std::wstring() : fromUtf16(valueOf(*attribute));
-}
+std::wstring idOf(const xercesc::DOMElement& element) { return fromUtf16(idTextOf(element)); }
 
 std::size_t HashOfText::operator()(const std::wstring& text) const {
     constexpr std::uint64_t odd = 0x9E3779B97F4A7C15U;

@@ -5,7 +5,7 @@
 
 #include "platform/Text.h"
 #include "platform/Utf8.h"
-#include "store/TreeLinks.h"
+#include "store/Attributes.h"
 
 namespace XMLConfig::detail {
 
@@ -188,7 +188,7 @@ std::u16string TagScanner::identity(std::size_t element) const {
 
 bool TagScanner::isLike(std::size_t element, const xercesc::DOMElement& other) const {
     if (!equals(nameOf(element), other.getNodeName())) return false;
-    const auto* const otherID = hasAttributes(other) ? other.getAttributeNode(xmlText(u"ID")) : nullptr;
+    const xercesc::DOMAttr* const otherID = idAttributeOf(other);
     const std::optional<std::string_view> id = idOf(element);
     if (!id || otherID == nullptr) return !id && otherID == nullptr;
     return equals(*id, otherID->getValue());
