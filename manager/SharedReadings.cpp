@@ -34,7 +34,7 @@ public:
     [[nodiscard]] std::wstring read(const Setting& setting, const std::wstring& projector) const {
         const auto own = m_own.find({projector, setting.key});
         const std::optional<std::wstring> text = own == m_own.end() ? m_ofSharer.at(setting.key) : own->second;
-        return (text ? textAsRead(*text, setting.type) : std::nullopt).value_or(setting.defaultText);
+        return (text ? textAsRead(*text, setting) : std::nullopt).value_or(setting.defaultText);
     }
 
 private:

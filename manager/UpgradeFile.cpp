@@ -7,6 +7,7 @@
 #include "platform/FileNames.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
+#include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
@@ -101,7 +102,7 @@ UpgradeFileReport upgradeFile(const UpgradeFileRequest& request) {
     if (root != L"ConfigInfo") refuse(request.path, L"is no configuration, its root element is \"" + root + L"\"");
     const double version = document.getVersion();
     UpgradeFileReport report;
-    report.statedVersion = rootElement(document).child(L"Version").text();
+    report.statedVersion = rootElement(document).child(detail::versionElement).text();
     report.target = request.target.empty() ? request.path : request.target;
     const std::vector<LostDevice> devices = detail::devicesOf(document);
     report.status = detail::doFileVersionConversion(&document, &report.receipt);

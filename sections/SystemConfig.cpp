@@ -32,7 +32,7 @@ SystemConfig::~SystemConfig() = default;
 
 void SystemConfig::initialize() {
     XMLConfig::detail::together(*m_configInfo, [&] {
-        removeACTUnits(items.actCount.initial, getACTCount());
+        removeACTUnits(storedACTUnits(items.actCount.initial, getACTCount()));
         writeInitialValues(items);
     });
 }

@@ -226,8 +226,8 @@ private:
     BlackBoxInfo getGenericBlackBoxComm(const std::wstring& key) const;
     void setGenericBlackBoxComm(const std::wstring& key, const BlackBoxInfo& info);
     void setBlackBoxKeepingOtherPorts(const std::wstring& key, const BlackBoxInfo& info);
-    void removeACTUnits(int first, int end);
     std::set<int> storedACTUnits(int first, int end) const;
+    void removeACTUnits(const std::set<int>& units);
 
     std::map<MarkerLocationMethodEnum, std::wstring> m_markerMethodTexts;
     std::map<std::wstring, MarkerLocationMethodEnum> m_markerMethods;

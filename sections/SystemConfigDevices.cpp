@@ -61,16 +61,16 @@ void SystemConfig::setBlackBoxKeepingOtherPorts(const std::wstring& key, const B
 
 void SystemConfig::setACTCount(int count) {
     const int kept = std::max(count, 0);
-    const int before = getACTCount();
-    if (storedACTUnits(kept, before).empty()) return write(items.actCount, kept);
+    const std::set<int> removed = storedACTUnits(kept, getACTCount());
+    if (removed.empty()) return write(items.actCount, kept);
     XMLConfig::detail::together(*m_configInfo, [&] {
-        removeACTUnits(kept, before);
+        removeACTUnits(removed);
         write(items.actCount, kept);
     });
 }
 
-void SystemConfig::removeACTUnits(int first, int end) {
-    for (const int unit : storedACTUnits(first, end)) {
+void SystemConfig::removeACTUnits(const std::set<int>& units) {
+    for (const int unit : units) {
         m_configInfo->removeItem(getSectionName(), numberedKey(items.actAddress.key, unit), getSectionID());
         m_configInfo->removeItem(getSectionName(), numberedKey(items.actRelayAssociations.key, unit), getSectionID());
     }

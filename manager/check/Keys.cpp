@@ -61,7 +61,7 @@ std::optional<ReadValue> SharedText::read() const {
         const std::optional<Point_3Dim<double>> point = pointOf(numbers());
         return point ? std::optional<ReadValue>(ReadValue(*point)) : std::nullopt;
     }
-    std::optional<std::wstring> read = textAsRead(text, type);
+    std::optional<std::wstring> read = m_setting == nullptr ? textAsRead(text, type) : textAsRead(text, *m_setting);
     return read ? std::optional<ReadValue>(ReadValue(std::move(*read))) : std::nullopt;
 }
 

@@ -140,7 +140,7 @@ void checkGaps(ChannelCheck& check, const ChannelRow& row) {
             .places = {otherPlace(placeOf(check.projector(gap.left), L"Channel_Extents|Heading|Yaw"))};
 }
 
-/// Whether the yaw does not rise from the one to the other.
+/// Whether both look the same way around, so that none is left of the other.
 bool isOneHeading(const Channel& one, const Channel& other) {
     constexpr double rounding = 1e-9;
     return std::abs(std::remainder(one.yaw - other.yaw, fullTurn)) < rounding;

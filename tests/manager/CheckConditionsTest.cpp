@@ -45,6 +45,18 @@ TEST(CheckConditions, LooksAtTheMACAddressInAnIDWithoutASnippetToo) {
     EXPECT_EQ(foundBy(L"XC204", camera("PGR", "")), Lines());
 }
 
+TEST(CheckConditions, TakesAWordThatIsNoneForWhatTheApplicationTakesItFor) {
+    const auto lamps = [](const std::string& mode) {
+        std::string content;
+        for (const char* const id : {"1", "2", "3", "4"})
+            content += std::string("<Projector ID='") + id + "'><Lamp_Mode>" + (*id == '4' ? mode : "") +
+                       "</Lamp_Mode></Projector>";
+        return foundBy(L"XC408", content);
+    };
+    EXPECT_EQ(lamps("Dual").size(), 1U);
+    EXPECT_EQ(lamps("dual"), Lines());
+}
+
 TEST(CheckConditions, FollowsNoOldIDOfSeveralCameras) {
     const std::string order = "<Color><CameraOrder>x</CameraOrder></Color>";
     const std::string old = "<OldSectionID>x</OldSectionID>";
