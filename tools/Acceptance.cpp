@@ -42,20 +42,12 @@ std::wstring reasonOf(const Request& request) {
     return XMLConfig::detail::withoutOuterBlanks(XMLConfig::wideFromUtf8(request.because.value_or("")));
 }
 
-/// Whether a text would be more than one line, or holds what no terminal shows.
-bool holdsControls(const std::wstring& text) {
-    const auto isControl = [](wchar_t character) {
-        const auto code = static_cast<char32_t>(character);
-        return code < 0x20 || (code >= 0x7F && code <= 0x9F) || code == 0x2028 || code == 0x2029;
-    };
-    return std::any_of(text.begin(), text.end(), isControl);
-}
-
 void refuseWrongReason(const std::wstring& reason) {
     if (reason.empty()) throw WrongOperands("--accept needs a reason: --because TEXT");
     if (reason.find(L"--") != std::wstring::npos)
         throw WrongOperands("--because cannot hold \"--\", which would end the comment that it becomes");
-    if (holdsControls(reason)) throw WrongOperands("--because is one line, without line feeds and other control characters");
+    if (printable(reason) != reason)
+        throw WrongOperands("--because is one line, without line feeds and other control characters");
 }
 
 /// The findings of the rule at the place and inside of it, those that are accepted too.

@@ -8,8 +8,6 @@
 /// What the verbs that change settings do with one operand, for others that do the same.
 namespace tool {
 
-/// The place where the value of ADDRESS=VALUE begins; npos where there is none.
-std::size_t valueStart(const std::wstring& assignment);
 /// Does what "set" does with ADDRESS=VALUE, without --force.
 std::vector<Change> applySet(ConfigInfo& document, const std::wstring& assignment);
 /// Does what "unset" does with ADDRESS.

@@ -7,7 +7,7 @@
 #include "platform/FileNames.h"
 #include "platform/SignalHold.h"
 #include "platform/Utf8.h"
-#include "store/Address.h"
+#include "store/BuildIdentity.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "store/ElementView.h"
@@ -20,7 +20,7 @@ namespace tool {
 namespace {
 
 std::wstring storedVersion(const ConfigInfo& document) {
-    const XMLConfig::ElementView version = XMLConfig::findElement(document, {L"Version", L"", L"", L"", L""});
+    const XMLConfig::ElementView version = XMLConfig::rootElement(document).child(XMLConfig::detail::versionElement);
     return version.firstChild() ? L"" : version.text();
 }
 

@@ -10,6 +10,7 @@
 #include "store/Address.h"
 #include "store/Comments.h"
 #include "store/CorvaneException.h"
+#include "tools/AskedChange.h"
 #include "tools/Changing.h"
 #include "tools/Output.h"
 #include "tools/RuleText.h"

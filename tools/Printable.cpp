@@ -1,6 +1,7 @@
 #include "tools/Printable.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 #include <string_view>
 
@@ -79,7 +80,10 @@ std::wstring shellQuoted(const std::wstring& text) {
 }
 
 std::wstring shellWord(const std::wstring& text) {
-    const bool isPlain = !text.empty() && text.find_first_of(L" '\"$&;()*?[]<>|`!{}") == std::wstring::npos;
+    // Where a backslash parts the names of folders, shells leave it alone.
+    constexpr bool isBackslashPlain = std::filesystem::path::preferred_separator == '\\';
+    const std::wstring special = std::wstring(L" '\"$&;()*?[]<>|`!{}#~") + (isBackslashPlain ? L"" : L"\\");
+    const bool isPlain = !text.empty() && text.find_first_of(special) == std::wstring::npos;
     return isPlain ? text : shellQuoted(text);
 }
 

@@ -11,6 +11,7 @@
 #include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
+#include "store/BuildIdentity.h"
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "store/ElementView.h"
@@ -52,7 +53,8 @@ std::size_t devicesIn(const ConfigInfo& document) {
     return document.getSectionIDs(L"Projector").size() + document.getSectionIDs(L"Camera").size();
 }
 
-/// ": Camera[3] \"Old\""; of more devices than are worth reading, and of standard input, what names them.
+/// ": Camera[3] \"Old\""; of more devices than are worth reading, what names them. The file is read once more for them,
+/// because a receipt would make each reading of an old file a third longer, and hardly any upgrade drops a device.
 std::wstring lostNames(const std::string& file, std::size_t lost) {
     constexpr std::size_t most = 3;
     if (file == "-") return L"";
@@ -112,7 +114,7 @@ std::wstring faultLineIn(const std::string& file, const std::wstring& message) {
 void requireConfiguration(const ConfigInfo& document, const std::wstring& name) {
     const std::wstring root = XMLConfig::rootElement(document).name();
     if (root != L"ConfigInfo") throw Unreadable(name + L": is no configuration, its root element is \"" + root + L"\"");
-    const std::wstring version = XMLConfig::rootElement(document).child(L"Version").text();
+    const std::wstring version = XMLConfig::rootElement(document).child(XMLConfig::detail::versionElement).text();
     if (version.empty()) throw Unreadable(name + L": is no configuration, it has no version");
     if (!(document.getVersion() > 0.0))
         throw Unreadable(name + L": is no configuration, its version is \"" + version + L"\"");

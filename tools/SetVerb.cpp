@@ -1,21 +1,14 @@
-#include <algorithm>
-#include <fstream>
-#include <iostream>
-#include <iterator>
 #include <unordered_map>
 
 #include "manager/SettingSearch.h"
-#include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/Address.h"
-#include "store/CorvaneException.h"
+#include "tools/AskedChange.h"
 #include "tools/Changing.h"
-#include "tools/Colour.h"
 #include "tools/Configuration.h"
 #include "tools/DescribeJson.h"
 #include "tools/Output.h"
 #include "tools/Places.h"
-#include "tools/Printable.h"
 #include "tools/Reading.h"
 #include "tools/SnippetParts.h"
 #include "tools/Suggestion.h"
@@ -120,56 +113,6 @@ void store(ConfigInfo& document, const Assignment& assignment) {
     else document.setStringItem(section, key, assignment.value, sectionID, subSection, subSectionID);
 }
 
-/// One change that is asked for: an operand or a line.
-struct AskedChange {
-    Assignment assignment;
-    std::wstring part;  ///< in a device snippet; empty for the whole place
-};
-
-AskedChange askedChangeOf(const std::wstring& text) {
-    const std::size_t start = valueStart(text);
-    if (start == std::wstring::npos) return {XMLConfig::parseAssignment(text), L""};
-    const SnippetPart part = snippetPartOf(text.substr(0, start - 1));
-    if (part.part.empty()) return {XMLConfig::parseAssignment(text), L""};
-    return {{XMLConfig::parseAddress(part.snippet), text.substr(start)}, part.part};
-}
-
-AskedChange askedChangeIn(const std::string& line) {
-    const std::wstring text = XMLConfig::wideFromUtf8(line);
-    if (XMLConfig::utf8FromWide(text) != line) throw WrongOperands("is not UTF-8");
-    return askedChangeOf(unescaped(text));
-}
-
-/// Adds one change for each line that is not empty.
-void addLines(std::vector<AskedChange>& changes, std::istream& lines, const std::string& file) {
-    std::size_t number = 0;
-    for (std::string line; std::getline(lines, line);) {
-        ++number;
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        const std::string place = file + " line " + std::to_string(number) + ": ";
-        try {
-            if (!line.empty()) changes.push_back(askedChangeIn(line));
-        } catch (const CorvaneParseException& fault) {
-            throw WrongOperands(place + fault.what());
-        } catch (const WrongOperands& fault) {
-            throw WrongOperands(place + fault.what());
-        }
-    }
-    if (lines.bad()) throw Unreadable(XMLConfig::wideFromUtf8(file) + L": cannot be read");
-}
-
-std::vector<AskedChange> changesOf(const Request& request) {
-    std::vector<AskedChange> changes;
-    for (const std::string& operand : request.operands) changes.push_back(askedChangeOf(XMLConfig::wideFromUtf8(operand)));
-    if (request.lineFile == "-") addLines(changes, std::cin, "standard input");
-    if (request.lineFile.empty() || request.lineFile == "-") return changes;
-    const std::wstring file = XMLConfig::wideFromUtf8(request.lineFile);
-    std::ifstream lines(XMLConfig::pathForStreams(file), std::ios::binary);
-    if (!lines) throw Unreadable(file + L": cannot be read");
-    addLines(changes, lines, request.lineFile);
-    return changes;
-}
-
 /// The places of a change; one that only --force can make where no device fits.
 std::vector<Address> placesToSet(const ConfigInfo& document, const Address& operand) {
     std::vector<Address> places = placesOf(document, operand);
@@ -238,17 +181,6 @@ private:
 
 }  // namespace
 
-// The place after the first "=" that stands in no brackets.
-std::size_t valueStart(const std::wstring& assignment) {
-    bool isInID = false;
-    for (std::size_t i = 0; i < assignment.size(); ++i) {
-        if (assignment[i] == L'[') isInID = true;
-        if (assignment[i] == L']') isInID = false;
-        if (assignment[i] == L'=' && !isInID) return i + 1;
-    }
-    return std::wstring::npos;
-}
-
 std::vector<Change> applySet(ConfigInfo& document, const std::wstring& assignment) {
     Changing changing(document, false);
     changing.apply(askedChangeOf(assignment));
@@ -274,7 +206,7 @@ void setUpSet(Options& options, Request& request) {
 ExitStatus runSet(const Request& request) {
     if (request.operands.empty() && request.lineFile.empty()) throw WrongOperands("CHANGE or --from is required");
     refuseStandardInput(request);
-    const std::vector<AskedChange> changes = changesOf(request);
+    const std::vector<AskedChange> changes = askedChanges(request);
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);

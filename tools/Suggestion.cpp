@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "manager/DeviceAddresses.h"
 #include "manager/Selector.h"
 #include "manager/SettingSearch.h"
 #include "platform/Words.h"
@@ -43,10 +44,11 @@ std::wstring alternatives(std::vector<std::wstring> names) {
     return areMore ? text + L" or another" : text;
 }
 
-/// What follows "***" in a device's ID, by which it may be named too.
+/// The address in a device's ID, by which it may be named too.
 std::wstring endingOf(const std::wstring& id) {
-    const std::size_t stars = id.rfind(L"***");
-    return stars == std::wstring::npos ? id : id.substr(stars + 3);
+    const std::wstring_view separator = XMLConfig::detail::deviceIDSeparator;
+    const std::size_t begin = id.rfind(separator);
+    return begin == std::wstring::npos ? id : id.substr(begin + separator.size());
 }
 
 bool isIn(const std::vector<std::wstring>& names, const std::wstring& name) {

@@ -9,6 +9,7 @@
 #include "sections/ScreenConfig.h"
 #include "sections/SiteAnalyticsConfig.h"
 #include "sections/TargetLocatorConfig.h"
+#include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
 #include "store/ElementView.h"
 
@@ -112,8 +113,8 @@ Summary summarize(ConfigInfo& document, const std::wstring& file, std::optional<
     Summary summary;
     const ElementView root = XMLConfig::rootElement(document);
     summary.version = XMLConfig::versionText(storedVersion.value_or(document.getVersion()));
-    summary.buildDate = textOf(root, L"BuildDate");
-    summary.buildNumber = textOf(root, L"BuildNumber");
+    summary.buildDate = textOf(root, XMLConfig::detail::buildDateElement);
+    summary.buildNumber = textOf(root, XMLConfig::detail::buildNumberElement);
     for (const std::wstring& id : document.getSectionIDs(L"Projector"))
         summary.projectors.push_back(projectorOf(document, id));
     for (const std::wstring& id : document.getSectionIDs(L"Camera")) summary.cameras.push_back(cameraOf(document, id));

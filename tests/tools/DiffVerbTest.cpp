@@ -187,6 +187,8 @@ TEST_F(DiffVerb, TellsTheNumberOfCommentsThatDiffer) {
     const std::string nothing = "0 renamed, 0 changed, 0 added, 0 removed";
     expectRun(runTool({"diff", before, after}), 0, nothing + "; 2 comments differ\n", "");
     expectRun(runTool({"diff", "--all", after, before}), 0, nothing + "; 2 comments differ\n", "");
+    replaceOnce(text, "<!-- in spring -->", "");
+    expectRun(runTool({"diff", before, fileOf(text, "one.skorrax")}), 0, nothing + "; 1 comment differs\n", "");
     expectRun(runTool({"diff", before, before}), 0, nothing + "\n", "");
     EXPECT_EQ(Json::parse(runTool({"diff", "--json", before, after}).output)["changedComments"], 2);
 }
@@ -289,14 +291,16 @@ TEST_F(DiffVerb, LinesNameARenamedDeviceAsTheOldFileDoes) {
               "xmlconfig: 2 differences cannot be told as lines; diff without --lines shows them\n");
 }
 
-TEST_F(DiffVerb, LinesLeaveOutASnippetThatIsGone) {
+TEST_F(DiffVerb, LinesLeaveOutWhatIsGone) {
     const auto made = [this](const std::string& inside, const std::string& name) {
         return fileOf("<ConfigInfo><Version>9.000</Version><Camera ID=\"1\">" + inside + "</Camera></ConfigInfo>", name);
     };
     const std::string old = made("<DeviceSnippet><d UID=\"1\"/></DeviceSnippet>", "old.skorrax");
     const ToolRun run = runTool({"diff", "--lines", old, made("<DeviceSnippet/>", "new.skorrax")});
-    EXPECT_EQ(run.output, "");
-    EXPECT_THAT(run.errors, HasSubstr("cannot be told as lines"));
+    expectRun(run, 1, "", "xmlconfig: 2 differences cannot be told as lines; diff without --lines shows them\n");
+    const std::string gain = made("<Camera_Gain>1</Camera_Gain>", "gain.skorrax");
+    expectRun(runTool({"diff", "--lines", gain, made("", "none.skorrax")}), 1, "",
+              "xmlconfig: 1 difference cannot be told as a line; diff without --lines shows it\n");
 }
 
 }  // namespace

@@ -154,6 +154,15 @@ TEST_F(Tool, WhatCannotBeOpenedIsToldWithTheReason) {
     std::filesystem::permissions(std::filesystem::u8path(readOnly), std::filesystem::perms::owner_all);
 }
 
+TEST_F(Tool, CommandsNameFilesAsShellsTakeThem) {
+    for (const std::string name : {"a b", "a#b", "~a", "it's", "plain-1.2"}) {
+        const std::string file = path(name + ".skorrax");
+        std::string word = name == "plain-1.2" ? inCommand(file) : "'" + file + "'";
+        if (name == "it's") word.replace(word.find("it's"), 4, "it'\\''s");
+        EXPECT_THAT(runTool({"new", file}).output, testing::EndsWith("next: xmlconfig check " + word + "\n"));
+    }
+}
+
 TEST_F(Tool, AnEmptyFileNameIsWrongUsage) {
     for (const Arguments& words :
          {Arguments{"new", ""}, Arguments{"show", ""}, Arguments{"get", "", "System"}, Arguments{"set", "", "ProjMap/x=1"},

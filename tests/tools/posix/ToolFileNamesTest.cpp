@@ -1,0 +1,28 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "tests/support/ToolFiles.h"
+#include "tests/support/ToolRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+using ToolFileNames = ToolFiles;
+
+// A backslash parts folders for the library, and not for shells.
+TEST_F(ToolFileNames, ABackslashIsQuotedInCommands) {
+    std::string file = fileOf("<ConfigInfo><Version>9.000</Version></ConfigInfo>", "hall.skorrax");
+    file[file.rfind('/')] = '\\';
+    EXPECT_THAT(runTool({"show", file}).output, HasSubstr(" (xmlconfig check '" + file + "')\n"));
+}
+
+TEST_F(ToolFileNames, APipeIsToldAsTheReason) {
+    const std::string pipe = path("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    expectRun(runTool({"show", pipe}), 3, "",
+              "xmlconfig: Error parseDataFile: Can not open file: " + pipe + "; it is a pipe or a device\n");
+}
+
+}  // namespace
