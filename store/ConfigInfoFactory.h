@@ -18,7 +18,7 @@ public:
     /// A new document, owned by the caller. May be called from any thread.
     ConfigInfo* createNew();
 
-    /// 9.0, the version this library writes.
+    /// The version that this library writes.
     static double getLatestFileVersionNumber();
     static std::wstring getBuildDate();
 

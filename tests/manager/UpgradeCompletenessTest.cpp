@@ -1,27 +1,28 @@
+#include <iterator>
+#include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "manager/CheckRules.h"
+#include "manager/check/GoneSettings.h"
 #include "manager/upgrade/UpgradeChain.h"
+#include "tests/manager/TestManager.h"
 #include "tests/manager/UpgradeFiles.h"
+#include "tests/support/StepRemovals.h"
 #include "tests/support/TemporaryFolder.h"
 
 // What belongs to a step of the chain besides its row. Run in the root of the sources.
 
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using XMLConfig::detail::toUtf8;
 using XMLConfig::detail::upgradeChain;
 using Names = std::vector<std::string>;
-
-// Without the zeros at the end: "9" for 9.0, "2.005" for 2.005.
-std::string shortVersion(double version) {
-    std::string text = fileVersion(version);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.back() == '.') text.pop_back();
-    return text;
-}
 
 std::string sourceOf(double version) {
     std::string number = shortVersion(version);
@@ -30,10 +31,7 @@ std::string sourceOf(double version) {
 }
 
 // How the heading of that version's paragraph begins.
-std::string headingOf(double version) {
-    const std::string number = shortVersion(version);
-    return "\n## " + number + (number.find('.') == std::string::npos ? ".0" : "") + ":";
-}
+std::string headingOf(double version) { return "\n## " + spokenVersion(version) + ":"; }
 
 // An example that this step is the first to touch.
 bool hasExample(double from, double below) {
@@ -69,6 +67,20 @@ Names stepSources() {
     return sources;
 }
 
+std::wstring conditionOf(const std::wstring& rule) {
+    const XMLConfig::CheckRule* const found = XMLConfig::findRule(rule);
+    return found == nullptr ? L"no such rule" : found->condition;
+}
+
+// The row's keys, a numbered one with the number 1.
+std::vector<std::wstring> keysOf(const XMLConfig::detail::GoneSettings& row) {
+    std::wistringstream words{std::wstring(row.keys)};
+    std::vector<std::wstring> keys{std::istream_iterator<std::wstring, wchar_t>(words), {}};
+    for (std::wstring& key : keys)
+        if (key.back() == L'*') key.back() = L'1';
+    return keys;
+}
+
 }  // namespace
 
 TEST(UpgradeChain, EveryStepHasAllThatBelongsToIt) {
@@ -79,6 +91,44 @@ TEST(UpgradeChain, EveryStepHasAllThatBelongsToIt) {
         from = step.below;
     }
     EXPECT_TRUE(hasExample(from, from + 0.001)) << "no example of the latest version";
+}
+
+TEST(UpgradeChain, EverySettingThatAStepTakesAwayIsKnownToBeGone) {
+    EXPECT_THAT(missingAmongGone(removalsOfChain()), IsEmpty());
+}
+
+TEST(UpgradeChain, EverySettingThatIsKnownToBeGoneIsTakenAwayInItsRelease) {
+    const Removals removals = removalsOfChain();
+    for (const auto& row : XMLConfig::detail::goneSettings) {
+        for (const std::wstring& key : keysOf(row)) {
+            const auto found = removals.find({row.section, key});
+            EXPECT_EQ(found == removals.end() ? "none" : spokenVersion(found->second), toUtf8(row.release))
+                << toUtf8(row.section) << "/" << toUtf8(key);
+        }
+    }
+}
+
+TEST(UpgradeChain, SettingThatIsNotAmongTheGoneIsNamed) {
+    const auto removeSome = [](ConfigInfo& document) {
+        document.removeItem(L"Screen", L"Never_Listed", L"");
+        document.removeItem(L"Screen", L"Eye_Point", L"");  // gone before
+        document.removeItem(L"Screen", L"Shape", L"");      // of today
+    };
+    const XMLConfig::detail::UpgradeStep step{90.5, L"a step", removeSome};
+    const std::string items = "<Never_Listed>1</Never_Listed><Eye_Point>1</Eye_Point><Shape>Sphere</Shape>";
+    EXPECT_THAT(missingAmongGone(removalsOf(step, fileText("<Screen>" + items + "</Screen>"))),
+                ElementsAre("manager/check/GoneSettings.h: Screen/Eye_Point goes in 90.5",
+                            "manager/check/GoneSettings.h: Screen/Never_Listed goes in 90.5"));
+}
+
+TEST(UpgradeChain, TextsThatNameTheLatestVersionAreOfToday) {
+    const std::string latest = spokenVersion(XMLConfig::detail::latestFileVersion);
+    EXPECT_EQ(toUtf8(conditionOf(L"XC101")), "Version below " + latest);
+    EXPECT_EQ(toUtf8(conditionOf(L"XC102")), "Version above " + latest);
+    EXPECT_THAT(TemporaryFolder::readFile("README.md"), HasSubstr("files of any older release up to version " + latest));
+    EXPECT_THAT(TemporaryFolder::readFile("docs/file-format.md"),
+                AllOf(HasSubstr("Files of any version below " + latest + " are brought up to date"),
+                      HasSubstr("<Version>" + fileVersion(XMLConfig::detail::latestFileVersion) + "</Version>")));
 }
 
 TEST(UpgradeChain, EveryStepSourceHasARow) {

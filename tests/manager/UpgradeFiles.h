@@ -15,6 +15,20 @@ inline std::string fileVersion(double version) {
     return XMLConfig::detail::toUtf8(XMLConfig::detail::formatFixed(version, 3));
 }
 
+/// Without the zeros at the end: "9" for 9.0, "2.005" for 2.005.
+inline std::string shortVersion(double version) {
+    std::string text = fileVersion(version);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.') text.pop_back();
+    return text;
+}
+
+/// As people write it: "9.0", "2.005".
+inline std::string spokenVersion(double version) {
+    const std::string number = shortVersion(version);
+    return number + (number.find('.') == std::string::npos ? ".0" : "");
+}
+
 inline std::filesystem::path stepInput(const std::string& version) { return "tests/golden/steps/to-" + version + ".in.xml"; }
 inline std::filesystem::path stepOutcome(const std::string& version) {
     return "tests/golden/steps/to-" + version + ".expected.xml";
