@@ -24,6 +24,7 @@ set(XMLCONFIG_PUBLIC_HEADERS
     store/FilePlaces.h
     store/FileWriting.h
     store/Outline.h
+    store/TextLine.h
     store/ValueTypes.h
     base/AssetManager.h
     base/BaseConfig.h

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "platform/Utf8.h"
+#include "store/TextLine.h"
 #include "tools/Printable.h"
 #include "tools/TableText.h"
 
@@ -33,18 +33,6 @@ std::optional<FaultPlace> placeIn(const std::wstring& message) {
     return place.line == 0 || place.column == 0 ? std::nullopt : std::optional<FaultPlace>(place);
 }
 
-std::optional<std::wstring> lineOf(const std::string& text, std::size_t line) {
-    std::size_t begin = 0;
-    for (; line > 1; --line) {
-        begin = text.find('\n', begin);
-        if (begin == std::string::npos) return std::nullopt;
-        ++begin;
-    }
-    std::string bytes = text.substr(begin, text.find('\n', begin) - begin);
-    if (!bytes.empty() && bytes.back() == '\r') bytes.pop_back();
-    return XMLConfig::wideFromUtf8(bytes);
-}
-
 std::size_t unitsOf(wchar_t character) {
     const auto code = static_cast<char32_t>(character);
     return code > 0xFFFF ? 2 : 1;
@@ -67,13 +55,12 @@ std::wstring withoutControls(std::wstring line) {
 
 }  // namespace
 
-std::wstring faultLine(const std::wstring& message, const std::string& text) {
+std::wstring faultLine(const std::wstring& message, const std::string& bytes) {
     constexpr std::size_t before = 60;
     constexpr std::size_t most = 100;
     const std::optional<FaultPlace> place = placeIn(message);
-    const std::optional<std::wstring> line = place ? lineOf(text, place->line) : std::nullopt;
-    if (!line || line->empty()) return {};
-    const std::wstring shown = withoutControls(*line);
+    const std::wstring shown = place ? withoutControls(XMLConfig::textLine(bytes, place->line)) : std::wstring();
+    if (shown.empty()) return {};
     const std::size_t index = indexOf(shown, place->column);
     const std::size_t begin = index > before ? index - before : 0;
     const std::wstring blanks(widthOf(shown.substr(begin, index - begin)), L' ');

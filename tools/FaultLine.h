@@ -4,9 +4,9 @@
 
 namespace tool {
 
-/// For a message that names "line N, column M" of a text: that line and, below it, a caret under the column, each on a line
-/// of its own and without a line feed at the end. "" for other messages and for places that the text does not have. A long
-/// line is cut about the column.
-std::wstring faultLine(const std::wstring& message, const std::string& text);
+/// For a message that names "line N, column M" of a file's bytes: that line and, below it, a caret under the column, each on
+/// a line of its own and without a line feed at the end. "" for other messages and for places that the file does not have. A
+/// long line is cut about the column.
+std::wstring faultLine(const std::wstring& message, const std::string& bytes);
 
 }  // namespace tool

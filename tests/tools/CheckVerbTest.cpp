@@ -112,6 +112,28 @@ TEST_F(CheckVerb, ShowsWhereTheXMLIsBroken) {
     EXPECT_THAT(run.errors, EndsWith("^\n"));
 }
 
+TEST_F(CheckVerb, PutsTheCaretUnderTheFaultInEveryEncoding) {
+    const auto shownOf = [this](const std::string& bytes) {
+        const std::string errors = runTool({"check", fileOf(bytes)}).errors;
+        return errors.substr(std::min(errors.find('\n'), errors.size()));
+    };
+    const std::string text = "<ConfigInfo><Name>\xC3\x84\xE6\x97\xA5\t</Nmae>";
+    const std::string shown = "\n  <ConfigInfo><Name>\xC3\x84\xE6\x97\xA5 </Nmae>\n" + std::string(26, ' ') + "^\n";
+    EXPECT_EQ(shownOf(text), shown);
+    EXPECT_EQ(shownOf("\xEF\xBB\xBF" + text), shown);
+    std::string wide = "\xFF\xFE";
+    for (const char16_t unit : XMLConfig::detail::toUtf16(XMLConfig::detail::fromUtf8(text)))
+        wide.append({static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)});
+    EXPECT_EQ(shownOf(wide), shown);
+    EXPECT_EQ(shownOf("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r<a>\xC4</b>"), "\n  <a>\xC3\x84</b>\n        ^\n");
+}
+
+TEST_F(CheckVerb, CutsALongLineAboutTheFault) {
+    const std::string broken = fileOf("<ConfigInfo>" + std::string(500, 'x') + "</Cnofig>" + std::string(500, 'y'));
+    EXPECT_THAT(runTool({"check", broken}).errors, EndsWith("\n  " + std::string(58, 'x') + "</Cnofig>" +
+                                                            std::string(33, 'y') + "\n" + std::string(62, ' ') + "^\n"));
+}
+
 TEST_F(CheckVerb, WhatIsNoConfigurationCannotBeRead) {
     const std::string none = fileOf("<ConfigInfo/>");
     const ToolRun run = runTool({"check", none});
