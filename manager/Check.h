@@ -42,7 +42,8 @@ struct Mend {
 struct FindingPlace {
     ElementView element;   ///< borrows the document
     std::wstring address;  ///< as parseAddress takes it
-    std::wstring text;     ///< what stands there, where that is a value
+    /// What stands there, as it is stored; nothing where no value is stored, as for a device.
+    std::optional<std::wstring> text;
 };
 
 /// Something in a document that deserves a look. None stops the library: it reads the document all the same.

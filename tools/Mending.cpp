@@ -114,7 +114,7 @@ private:
 
     /// The command that mends it is --fix itself.
     void removeAcceptance(const Finding& finding) {
-        const std::wstring& text = finding.places[0].text;
+        const std::wstring text = finding.places[0].text.value_or(L"");
         const bool isWhole = finding.address.empty();
         Change change;
         change.address = finding.address;

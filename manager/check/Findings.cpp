@@ -133,6 +133,13 @@ Place placeOf(const Findings& findings, std::wstring_view tag, std::wstring_view
     return {ElementView(), addressText({std::wstring(tag), L"", L"", L"", std::wstring(key)}), L""};
 }
 
+FindingPlace otherPlace(Place place) {
+    const ElementView around = place.element.parent();
+    const bool isSection = around && !around.parent();
+    const bool isValue = !isSection && !place.element.firstChild() && addressOf(place.element) == place.address;
+    return {place.element, std::move(place.address), isValue ? std::optional(place.element.text()) : std::nullopt};
+}
+
 FindingPlace otherPlace(Place place, const std::wstring& text) { return {place.element, std::move(place.address), text}; }
 
 std::vector<std::wstring> setCommand(const Place& place, const std::wstring& text) {

@@ -63,7 +63,9 @@ private:
 [[nodiscard]] Place placeOf(const CheckedSection& section, std::wstring_view key);
 /// The place of a key in the first section of that name.
 [[nodiscard]] Place placeOf(const Findings& findings, std::wstring_view tag, std::wstring_view key);
-[[nodiscard]] FindingPlace otherPlace(Place place, const std::wstring& text = L"");
+/// With the text that stands there.
+[[nodiscard]] FindingPlace otherPlace(Place place);
+[[nodiscard]] FindingPlace otherPlace(Place place, const std::wstring& text);
 
 /// The command that stores a text.
 [[nodiscard]] std::vector<std::wstring> setCommand(const Place& place, const std::wstring& text);

@@ -59,7 +59,7 @@ private:
     }
 
     static void addHidden(Finding& finding, const ElementView& earlier) {
-        finding.places = {{earlier, addressOf(earlier), L""}};
+        finding.places = {otherPlace({earlier, addressOf(earlier), L""})};
     }
 
     void addUnknownSection(const CheckedSection& section) {

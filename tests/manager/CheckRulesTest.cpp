@@ -899,6 +899,40 @@ TEST(CheckRules, SayWhatMendsWhatTheyFind) {
     EXPECT_EQ(said, mends());
 }
 
+/// "XC301 Projector[...]/...: text" for each other place.
+std::vector<std::string> placesOf(const Finding& finding) {
+    std::vector<std::string> places;
+    for (const XMLConfig::FindingPlace& place : finding.places)
+        places.push_back(XMLConfig::utf8FromWide(finding.rule + L" " + place.address +
+                                                 (place.text ? L": " + *place.text : std::wstring(L" has no text"))));
+    return places;
+}
+
+TEST(CheckRules, OtherPlacesHaveTheTextThatStandsThere) {
+    std::set<std::string> places;
+    for (const Case& row : cases())
+        for (const Finding& finding : Changed(row).findings)
+            if (finding.rule == row.rule)
+                for (const std::string& place : placesOf(finding)) places.insert(place);
+    // clang-format off
+    EXPECT_THAT(places, ::testing::ElementsAre(
+        "XC106 Camera[PGR***02:1c:00:51:00:a0] has no text",
+        "XC106 Geometry/Blend_Run: true",
+        "XC205 Camera[PGR***02:1c:00:51:00:a0] has no text",
+        "XC206 Projector[VELDAR***00:0a:0b:0c:0d:01]/Name: Dome 1",
+        "XC208 Camera[PGR***02:1c:00:51:00:a4] has no text",
+        "XC213 Projector[VELDAR***00:0a:0b:0c:0d:02] has no text",
+        "XC301 Projector[VELDAR***00:0a:0b:0c:0d:02]/Channel_Extents/Heading/Yaw: -3.926990816987241e-01",
+        "XC308 Projector[VELDAR***00:0a:0b:0c:0d:01] has no text",
+        "XC409 Geometry/Portrait_Mode: 0",
+        "XC611 Camera[PGR***02:1c:00:51:00:a0]/IntrinsicFileID: intrinsics-17182096",
+        "XC701 Projector[VELDAR***00:0a:0b:0c:0d:01]/DeviceSnippet has no text",
+        "XC702 Projector[VELDAR***00:0a:0b:0c:0d:1f]/DeviceSnippet has no text",
+        "XC901 Geometry/Enable_Automatic_Mapper_Settings: true",
+        "XC910 Projector[VELDAR***00:0a:0b:0c:0d:1f]:  xmlconfig accepts XC407: by hand "));
+    // clang-format on
+}
+
 TEST(CheckRules, EachHasACase) {
     std::set<std::wstring> tried = {L"XC101", L"XC102", L"XC902"};  // of versions and of files on the disk: tried elsewhere
     for (const Case& row : cases()) tried.insert(row.rule);
