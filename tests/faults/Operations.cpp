@@ -8,6 +8,7 @@
 
 #include "manager/UpgradeFile.h"
 #include "manager/XMLConfigManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/SavedText.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/posix/OtherUser.h"
@@ -17,9 +18,7 @@ namespace faults {
 namespace {
 
 constexpr const char* attribute = "user.xmlconfig.test";
-std::string textWith(const std::string& site) {
-    return "<ConfigInfo><Version>9.000</Version><System><Site>" + site + "</Site></System></ConfigInfo>\n";
-}
+std::string textWith(const std::string& site) { return currentFile("<System><Site>" + site + "</Site></System>") + "\n"; }
 const std::string latest = textWith("old");
 
 struct State {

@@ -2,6 +2,7 @@
 
 #include "manager/Check.h"
 #include "store/ConfigInfo.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 // Each rule just inside and just outside of its condition.
@@ -13,8 +14,7 @@ using Lines = std::vector<std::wstring>;
 /// What the rule finds in a document, as "address: message" and, where something mends it, "; " and the command.
 Lines foundBy(const wchar_t* rule, const std::string& content) {
     const TemporaryFolder folder;
-    const ConfigInfo document(
-        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version>" + content + "</ConfigInfo>"));
+    const ConfigInfo document(folder.write(L"hall.skorrax", currentFile(content)));
     XMLConfig::CheckOptions options;
     options.onlyRules = {rule};
     Lines lines;

@@ -12,6 +12,7 @@
 #include "platform/Utf8.h"
 #include "store/ConfigInfo.h"
 #include "store/FilePlaces.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 // Each rule finds nothing in the example, and exactly one thing where the example is changed in one way.
@@ -953,9 +954,8 @@ class NamedFiles : public ::testing::Test {
 protected:
     std::vector<std::wstring> found() {
         const std::wstring file =
-            folder.write(L"hall.skorrax",
-                         "<ConfigInfo><Version>9.000</Version><Screen><VRML>meshes\\dome.obj</VRML><PCD>scan.pcd</PCD>"
-                         "<SizeDefinition>1</SizeDefinition></Screen></ConfigInfo>");
+            folder.write(L"hall.skorrax", currentFile("<Screen><VRML>meshes\\dome.obj</VRML><PCD>scan.pcd</PCD>"
+                                                      "<SizeDefinition>1</SizeDefinition></Screen>"));
         const ConfigInfo document(file);
         XMLConfig::CheckOptions options;
         options.file = file;
@@ -995,9 +995,8 @@ TEST_F(NamedFiles, AreAWarningWhereTheCaseDiffers) {
 
 TEST(CheckRules, ARunMayNotOverwriteTheConfiguration) {
     const TemporaryFolder folder;
-    const std::wstring file = folder.write(L"hall.skorrax",
-                                           "<ConfigInfo><Version>9.000</Version><System><Skorra_File>.\\hall.skorrax"
-                                           "</Skorra_File></System></ConfigInfo>");
+    const std::wstring file = folder.write(L"hall.skorrax", currentFile("<System><Skorra_File>.\\hall.skorrax"
+                                                                        "</Skorra_File></System>"));
     const ConfigInfo document(file);
     XMLConfig::CheckOptions options;
     options.file = file;

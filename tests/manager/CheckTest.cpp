@@ -4,6 +4,7 @@
 
 #include "manager/CheckRules.h"
 #include "store/ConfigInfo.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -13,8 +14,7 @@ using Lines = std::vector<std::wstring>;
 /// What the rules on the form find in a document with that content, as "address: message".
 Lines findingsIn(const std::string& content) {
     const TemporaryFolder folder;
-    const std::wstring file =
-        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version>" + content + "</ConfigInfo>");
+    const std::wstring file = folder.write(L"hall.skorrax", currentFile(content));
     Lines lines;
     XMLConfig::CheckOptions options;
     for (const XMLConfig::CheckRule& rule : XMLConfig::checkRules())
@@ -104,9 +104,9 @@ TEST(Check, AddressesCanBeParsed) {
 
 TEST(Check, TellsErrorsFirstThenByRule) {
     const TemporaryFolder folder;
-    const ConfigInfo document(folder.write(L"hall.skorrax",
-                                           "<ConfigInfo><Version>9.000</Version><Camera/><Foo/>"
-                                           "<System><X/><ACT_Count>x</ACT_Count></System><System/></ConfigInfo>"));
+    const ConfigInfo document(
+        folder.write(L"hall.skorrax", currentFile("<Camera/><Foo/>"
+                                                  "<System><X/><ACT_Count>x</ACT_Count></System><System/>")));
     std::vector<std::wstring> rules;
     for (const XMLConfig::Finding& finding : XMLConfig::check(document))
         rules.push_back(std::wstring(nameOf(finding.severity)) + L" " + finding.rule + L" " + finding.name);
@@ -119,8 +119,7 @@ TEST(Check, TellsErrorsFirstThenByRule) {
 /// What is found in a document, as "rule address", with "+" before what is accepted.
 Lines rulesIn(const std::string& content, const XMLConfig::CheckOptions& options = {}) {
     const TemporaryFolder folder;
-    const ConfigInfo document(
-        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version>" + content + "</ConfigInfo>"));
+    const ConfigInfo document(folder.write(L"hall.skorrax", currentFile(content)));
     Lines lines;
     for (const XMLConfig::Finding& finding : XMLConfig::check(document, options))
         lines.push_back((finding.isAccepted ? L"+" : L"") + finding.rule + L" " + finding.address);

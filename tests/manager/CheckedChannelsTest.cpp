@@ -5,6 +5,7 @@
 #include "manager/Check.h"
 #include "manager/Layout.h"
 #include "store/ConfigInfo.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -12,8 +13,7 @@ namespace {
 using XMLConfig::ChannelState;
 
 std::string projector(const std::string& extents) {
-    return "<ConfigInfo><Version>9.000</Version><Projector ID='1'><Channel_Extents>" + extents +
-           "</Channel_Extents></Projector></ConfigInfo>";
+    return currentFile("<Projector ID='1'><Channel_Extents>" + extents + "</Channel_Extents></Projector>");
 }
 
 std::string edges(const std::string& left, const std::string& right) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "store/ElementView.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/DeviceSections.h"
 #include "tests/support/Example.h"
 #include "tests/support/TestDocument.h"
@@ -24,11 +25,6 @@ std::string replaced(std::string text, const std::string& from, const std::strin
     return text;
 }
 
-/// A configuration with those sections.
-std::string config(const std::string& sections) {
-    return "<ConfigInfo><Version>9.000</Version>" + sections + "</ConfigInfo>";
-}
-
 Difference diffOf(const std::string& old, const std::string& now, const DiffOptions& options = {}) {
     const TestDocument oldDocument(old);
     const TestDocument newDocument(now);
@@ -38,7 +34,7 @@ Difference diffOf(const std::string& old, const std::string& now, const DiffOpti
 Difference diffOfItems(const std::string& section, const std::string& old, const std::string& now,
                        const DiffOptions& options = {}) {
     const auto inSection = [&](const std::string& items) {
-        return config("<" + section + ">" + items + "</" + section + ">");
+        return currentFile("<" + section + ">" + items + "</" + section + ">");
     };
     return diffOf(inSection(old), inSection(now), options);
 }
@@ -117,7 +113,7 @@ class DeviceStage : public testing::TestWithParam<Stage> {};
 
 TEST_P(DeviceStage, TellsTheSameDevice) {
     const Stage& stage = GetParam();
-    const Difference difference = diffOf(config(projector("a", stage.old)), config(projector("b", stage.now)));
+    const Difference difference = diffOf(currentFile(projector("a", stage.old)), currentFile(projector("b", stage.now)));
     ASSERT_EQ(difference.renamed.size(), 1U);
     EXPECT_EQ(difference.renamed[0].by, stage.by);
     EXPECT_TRUE(difference.added.empty());
@@ -127,7 +123,7 @@ TEST_P(DeviceStage, TellsTheSameDevice) {
 TEST_P(DeviceStage, TellsNothingWhereItIsNotUnique) {
     const Stage& stage = GetParam();
     const Difference difference =
-        diffOf(config(projector("a", stage.old)), config(projector("b", stage.now) + projector("c", stage.now)));
+        diffOf(currentFile(projector("a", stage.old)), currentFile(projector("b", stage.now) + projector("c", stage.now)));
     EXPECT_TRUE(difference.renamed.empty());
     EXPECT_EQ(difference.added.size(), 2U);
     ASSERT_EQ(difference.removed.size(), 1U);
@@ -159,13 +155,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Diff, NamesThatNewDevicesGetTellNothing) {
     const Difference difference =
-        diffOf(config(projector("a", "<Name>Channel_1</Name>")), config(projector("b", "<Name>Channel_1</Name>")));
+        diffOf(currentFile(projector("a", "<Name>Channel_1</Name>")), currentFile(projector("b", "<Name>Channel_1</Name>")));
     EXPECT_TRUE(difference.renamed.empty());
 }
 
 TEST(Diff, AddedAndRemovedDevicesAreToldAsAWhole) {
     const Difference difference =
-        diffOf(config(projector("a", "<Name>A</Name>")), config(projector("b", "<Name>B</Name><Gamma>2</Gamma>")));
+        diffOf(currentFile(projector("a", "<Name>A</Name>")), currentFile(projector("b", "<Name>B</Name><Gamma>2</Gamma>")));
     ASSERT_EQ(difference.added.size(), 1U);
     EXPECT_EQ(difference.added[0].section, L"Projector");
     EXPECT_EQ(difference.added[0].id, L"b");
@@ -205,8 +201,8 @@ TEST(Diff, WordsAreComparedExactly) {
 
 TEST(Diff, StoringTheInheritedValueHasNoEffect) {
     const std::string geometry = "<Geometry><Portrait_Mode>0</Portrait_Mode></Geometry>";
-    const Difference difference =
-        diffOf(config(geometry + projector("a", "<Portrait_Mode>0</Portrait_Mode>")), config(geometry + projector("a", "")));
+    const Difference difference = diffOf(currentFile(geometry + projector("a", "<Portrait_Mode>0</Portrait_Mode>")),
+                                         currentFile(geometry + projector("a", "")));
     EXPECT_TRUE(difference.isNothing());
     ASSERT_EQ(addresses(difference.sameInEffect), Addresses{L"Projector[a]/Portrait_Mode"});
     EXPECT_EQ(difference.sameInEffect[0].why, L"inherited");
@@ -223,8 +219,8 @@ TEST(Diff, StoringTheDefaultHasNoEffect) {
 }
 
 TEST(Diff, PartsOfASnippetAreToldOneByOne) {
-    const Difference difference = diffOf(config(projector("a", snippet("a", "\n  <id>1</id> <type>x</type>"))),
-                                         config(projector("a", snippet("a", "<id> 2 </id><type>x</type>"))));
+    const Difference difference = diffOf(currentFile(projector("a", snippet("a", "\n  <id>1</id> <type>x</type>"))),
+                                         currentFile(projector("a", snippet("a", "<id> 2 </id><type>x</type>"))));
     ASSERT_EQ(addresses(difference.changed), Addresses{L"Projector[a]/DeviceSnippet/device/id"});
     EXPECT_TRUE(difference.changed[0].inSnippet);
     EXPECT_EQ(difference.changed[0].old, L"1");
@@ -233,7 +229,7 @@ TEST(Diff, PartsOfASnippetAreToldOneByOne) {
 
 TEST(Diff, AttributesOfASnippetAreComparedByName) {
     const auto device = [](const std::string& attributes) {
-        return config(projector("a", "<DeviceSnippet><device " + attributes + "/></DeviceSnippet>"));
+        return currentFile(projector("a", "<DeviceSnippet><device " + attributes + "/></DeviceSnippet>"));
     };
     EXPECT_TRUE(diffOf(device("UID=\"a\" name=\"n\""), device("name=\"n\" UID=\"a\"")).isNothing());
     EXPECT_EQ(addresses(diffOf(device("UID=\"a\""), device("UID=\"b\"")).changed),
@@ -242,9 +238,9 @@ TEST(Diff, AttributesOfASnippetAreComparedByName) {
 
 TEST(Diff, ReferencesFollowARenamedCamera) {
     const auto rig = [](const std::string& id) {
-        return config("<Color><CameraOrder>" + id + "</CameraOrder></Color><Camera ID=\"" + id +
-                      "\"><Name>Left</Name></Camera>" +
-                      projector("p", "<Associated_Camera_Id_1>" + id + "</Associated_Camera_Id_1>"));
+        return currentFile("<Color><CameraOrder>" + id + "</CameraOrder></Color><Camera ID=\"" + id +
+                           "\"><Name>Left</Name></Camera>" +
+                           projector("p", "<Associated_Camera_Id_1>" + id + "</Associated_Camera_Id_1>"));
     };
     const Difference difference = diffOf(rig("c1"), rig("c2"));
     EXPECT_EQ(difference.renamed.size(), 1U);
@@ -270,7 +266,8 @@ TEST(Diff, PointOfTwoCamerasIsKnownInEitherOrder) {
 
 TEST(Diff, MarkersAreKnownByTheirNumbers) {
     const auto camera = [](const std::string& points) {
-        return config("<Camera ID=\"c\"><Camera_Calibration_Points>" + points + "</Camera_Calibration_Points></Camera>");
+        return currentFile("<Camera ID=\"c\"><Camera_Calibration_Points>" + points +
+                           "</Camera_Calibration_Points></Camera>");
     };
     EXPECT_TRUE(diffOf(camera("1, 10.0, 20.0, 2, 30.0, 40.0"), camera("2, 30.0, 40.0, 1, 10.0000004, 20.0")).isNothing());
     EXPECT_FALSE(diffOf(camera("1, 10.0, 20.0"), camera("1, 10.000001, 20.0")).isNothing());
@@ -281,7 +278,7 @@ TEST(Diff, OrderOfDevicesIsOneLine) {
     const std::string a = projector("a", "<Name>A</Name>");
     const std::string b = projector("b", "");
     const std::string c = projector("c", "<Name>C</Name>");
-    const Difference difference = diffOf(config(a + b + c), config(a + c + b));
+    const Difference difference = diffOf(currentFile(a + b + c), currentFile(a + c + b));
     ASSERT_EQ(difference.order.size(), 1U);
     EXPECT_EQ(difference.order[0].section, L"Projector");
     EXPECT_EQ(difference.order[0].old, (Addresses{L"A", L"b", L"C"}));
@@ -290,17 +287,16 @@ TEST(Diff, OrderOfDevicesIsOneLine) {
 }
 
 TEST(Diff, OrderOfSettingsAndSectionsCountsForNothing) {
-    EXPECT_TRUE(
-        diffOf(config("<System><A>1</A><B>2</B></System><Screen/>"), config("<Screen/><System><B>2</B><A>1</A></System>"))
-            .isNothing());
+    EXPECT_TRUE(diffOf(currentFile("<System><A>1</A><B>2</B></System><Screen/>"),
+                       currentFile("<Screen/><System><B>2</B><A>1</A></System>"))
+                    .isNothing());
 }
 
 TEST(Diff, WhatRunsWriteIsToldApart) {
-    const Difference difference = diffOf(
-        "<ConfigInfo><Version>9.000</Version><BuildDate>a</BuildDate><SiteAnalytics><SuccessfulRunNumber>27"
-        "</SuccessfulRunNumber></SiteAnalytics></ConfigInfo>",
-        "<ConfigInfo><Version>9.000</Version><BuildDate>b</BuildDate><SiteAnalytics><SuccessfulRunNumber>28"
-        "</SuccessfulRunNumber></SiteAnalytics></ConfigInfo>");
+    const Difference difference = diffOf(currentFile("<BuildDate>a</BuildDate><SiteAnalytics><SuccessfulRunNumber>27"
+                                                     "</SuccessfulRunNumber></SiteAnalytics>"),
+                                         currentFile("<BuildDate>b</BuildDate><SiteAnalytics><SuccessfulRunNumber>28"
+                                                     "</SuccessfulRunNumber></SiteAnalytics>"));
     EXPECT_TRUE(difference.isNothing());
     EXPECT_EQ(addresses(difference.runs), (Addresses{L"BuildDate", L"SiteAnalytics/SuccessfulRunNumber"}));
 }
@@ -309,15 +305,16 @@ TEST(Diff, HiddenItemsDoNotCount) { EXPECT_TRUE(diffOfItems("System", "<A>1</A><
 
 TEST(Diff, SubsectionsAreKnownByTheirIDs) {
     const auto slots = [](const std::string& name) {
-        return config("<ProjectorApprovedSlots><Slot ID=\"1\"><Name>" + name + "</Name></Slot></ProjectorApprovedSlots>");
+        return currentFile("<ProjectorApprovedSlots><Slot ID=\"1\"><Name>" + name +
+                           "</Name></Slot></ProjectorApprovedSlots>");
     };
     EXPECT_EQ(addresses(diffOf(slots("a"), slots("b")).changed), Addresses{L"ProjectorApprovedSlots/Slot[1]/Name"});
 }
 
 TEST(Diff, EqualContentsAreTheSameElementsAttributesAndTexts) {
     const auto areEqual = [](const std::string& one, const std::string& other) {
-        const TestDocument first(config("<System ID=\"a\">" + one + "</System>"));
-        const TestDocument second(config("<System ID=\"b\">" + other + "</System>"));
+        const TestDocument first(currentFile("<System ID=\"a\">" + one + "</System>"));
+        const TestDocument second(currentFile("<System ID=\"b\">" + other + "</System>"));
         return haveEqualContents(XMLConfig::sectionElements(*first, L"System")[0],
                                  XMLConfig::sectionElements(*second, L"System")[0]);
     };
@@ -337,7 +334,7 @@ TEST(Diff, EqualContentsAreTheSameElementsAttributesAndTexts) {
 
 TEST(Diff, CountsCommentsThatDifferAndNothingElseOfThem) {
     const auto commentsIn = [](const std::string& old, const std::string& now) {
-        const Difference difference = diffOf(config(old), config(now));
+        const Difference difference = diffOf(currentFile(old), currentFile(now));
         EXPECT_TRUE(difference.isNothing());
         return difference.comments;
     };
@@ -355,9 +352,9 @@ TEST(Diff, CommentsFollowTheirDevice) {
         return "<Camera ID=\"" + id + "\">" + inside + "</Camera>";
     };
     const std::string kept = "<OldSectionID>1</OldSectionID>";
-    EXPECT_EQ(diffOf(config(camera("1", "<!-- a -->")), config(camera("2", kept + "<!-- a -->"))).comments, 0U);
-    EXPECT_EQ(diffOf(config(camera("1", "<!-- a -->")), config(camera("2", kept + "<!-- b -->"))).comments, 1U);
-    EXPECT_EQ(diffOf(config(camera("1", "<!-- a -->")), config(camera("2", "<!-- b -->"))).comments, 0U);
+    EXPECT_EQ(diffOf(currentFile(camera("1", "<!-- a -->")), currentFile(camera("2", kept + "<!-- a -->"))).comments, 0U);
+    EXPECT_EQ(diffOf(currentFile(camera("1", "<!-- a -->")), currentFile(camera("2", kept + "<!-- b -->"))).comments, 1U);
+    EXPECT_EQ(diffOf(currentFile(camera("1", "<!-- a -->")), currentFile(camera("2", "<!-- b -->"))).comments, 0U);
 }
 
 // Numbers that are none, and turns.
@@ -377,7 +374,7 @@ TEST(Diff, InfinityIsNoOtherNumber) {
 
 TEST(Diff, MarkersWithoutANumberAreOne) {
     const auto markers = [](const std::string& text) {
-        return config("<Camera ID=\"1\"><Camera_Calibration_Points>" + text + "</Camera_Calibration_Points></Camera>");
+        return currentFile("<Camera ID=\"1\"><Camera_Calibration_Points>" + text + "</Camera_Calibration_Points></Camera>");
     };
     EXPECT_TRUE(diffOf(markers("nan 1 2 1 3 4 nan 5 6"), markers("1 3 4 nan 1 2")).changed.empty());
     EXPECT_EQ(diffOf(markers("nan 1 2 1 3 4"), markers("1 3 4 2 1 2")).changed.size(), 1U);
@@ -385,9 +382,10 @@ TEST(Diff, MarkersWithoutANumberAreOne) {
 
 TEST(Diff, ProjectorsAreKnownByTheirChannelsAcrossHalfATurn) {
     const auto projector = [](const std::string& id, const std::string& yaw) {
-        return config("<Projector ID=\"" + id + "\"><Channel_Extents><Heading><Yaw>" + yaw +
-                      "</Yaw><Pitch>0</Pitch></Heading><HFOV><Left>-0.4</Left><Right>0.4</Right></HFOV><VFOV><Top>0.3</Top>"
-                      "<Bottom>-0.3</Bottom></VFOV></Channel_Extents></Projector>");
+        return currentFile(
+            "<Projector ID=\"" + id + "\"><Channel_Extents><Heading><Yaw>" + yaw +
+            "</Yaw><Pitch>0</Pitch></Heading><HFOV><Left>-0.4</Left><Right>0.4</Right></HFOV><VFOV><Top>0.3</Top>"
+            "<Bottom>-0.3</Bottom></VFOV></Channel_Extents></Projector>");
     };
     EXPECT_EQ(diffOf(projector("a", "3.138"), projector("b", "-3.138")).renamed.size(), 1U);
     EXPECT_EQ(diffOf(projector("a", "-3.138"), projector("b", "3.138")).renamed.size(), 1U);

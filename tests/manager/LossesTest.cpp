@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TestDocument.h"
 
 using XMLConfig::DeviceWithNewID;
@@ -33,9 +34,7 @@ UpgradeChange renaming(const wchar_t* section, const wchar_t* oldID, const wchar
     return {Kind::Renamed, section, oldID, {}, oldID, newID, {}, {}};
 }
 
-TestDocument documentOf(const std::string& sections) {
-    return TestDocument("<ConfigInfo><Version>9.000</Version>" + sections + "</ConfigInfo>");
-}
+TestDocument documentOf(const std::string& sections) { return TestDocument(currentFile(sections)); }
 
 }  // namespace
 

@@ -27,6 +27,7 @@
 #include "store/CorvaneException.h"
 #include "store/Outline.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/DocumentTexts.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManagerLine.h"
@@ -138,7 +139,7 @@ TEST(ManagerLifeCycle, LoadedFileAtTheLatestVersionIsUnchangedAndClean) {
     EXPECT_EQ(manager->getAssetManager()->getRootPath(), wideOf(folder.path()));
     EXPECT_FALSE(manager->isConfigDirty());
     EXPECT_EQ(folder.read(L"hall.skorrax"), text);
-    EXPECT_EQ(manager->getSystemConfig()->getFileVersion(), 9.0);
+    EXPECT_EQ(manager->getSystemConfig()->getFileVersion(), XMLConfig::detail::latestFileVersion);
     EXPECT_THAT(log.linesOf(managerLogger),
                 ElementsAre(info("loadConfiguration('" + XMLConfig::detail::toUtf8(path) + "')")));
 }
@@ -384,7 +385,7 @@ TEST(ManagerLifeCycle, CopyOutlivesItsOriginal) {  // the sanitizers look on
     camera->setCameraGain(7);
     EXPECT_EQ(copy->getCameraConfig(L"a"), camera);
     EXPECT_EQ(copy->getCameraConfig(L"a")->getCameraGain(), 7);
-    EXPECT_EQ(copy->getSystemConfig()->getFileVersion(), 9.0);
+    EXPECT_EQ(copy->getSystemConfig()->getFileVersion(), XMLConfig::detail::latestFileVersion);
     EXPECT_EQ(copy->getProductInfo(), product.get());
     copy.reset();
     EXPECT_TRUE(assets.expired());

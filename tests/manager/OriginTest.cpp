@@ -5,6 +5,7 @@
 #include "sections/GeometryConfig.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/SystemConfig.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TestDocument.h"
 
 namespace {
@@ -13,12 +14,11 @@ using XMLConfig::effectiveValue;
 using XMLConfig::Origin;
 using XMLConfig::parseAddress;
 
-const char* const xml =
-    "<ConfigInfo><Version>9.000</Version>"
+const std::string xml = currentFile(
     "<Geometry><Box_Spacing>1.5</Box_Spacing><Fit_Order>4</Fit_Order></Geometry>"
     "<Projector ID=\"a\"><Gamma>2,2</Gamma></Projector>"
     "<Projector ID=\"b\"><Box_Spacing>2.0</Box_Spacing></Projector>"
-    "<System><Is_Blb_Used>perhaps</Is_Blb_Used><Own>x</Own></System></ConfigInfo>";
+    "<System><Is_Blb_Used>perhaps</Is_Blb_Used><Own>x</Own></System>");
 
 TEST(Origin, StoredValueComesFromItsPlace) {
     const TestDocument document(xml);
@@ -70,9 +70,9 @@ std::wstring readAt(const TestDocument& document, const wchar_t* address) {
 
 TEST(Origin, WordOrNumberThatIsNotListedIsReadAsTheAccessorReadsIt) {
     TestDocument document(
-        "<ConfigInfo><Version>9.000</Version><Geometry><Fit_Solver>3</Fit_Solver></Geometry>"
-        "<Projector ID=\"a\"><Lamp_Mode>dual</Lamp_Mode></Projector><System><RunType>Own</RunType>"
-        "<Marker_Location_Method>foo</Marker_Location_Method><Cinema><Frame>scope</Frame></Cinema></System></ConfigInfo>");
+        currentFile("<Geometry><Fit_Solver>3</Fit_Solver></Geometry>"
+                    "<Projector ID=\"a\"><Lamp_Mode>dual</Lamp_Mode></Projector><System><RunType>Own</RunType>"
+                    "<Marker_Location_Method>foo</Marker_Location_Method><Cinema><Frame>scope</Frame></Cinema></System>"));
     EXPECT_EQ(readAt(document, L"Geometry/Fit_Solver"),
               std::to_wstring(static_cast<int>(GeometryConfig(&*document, L"").getFitSolver())));
     EXPECT_EQ(readAt(document, L"Geometry/Fit_Solver"), L"2");
@@ -88,8 +88,8 @@ TEST(Origin, WordOrNumberThatIsNotListedIsReadAsTheAccessorReadsIt) {
 
 TEST(Origin, ListedWordOrNumberIsReadAsItStands) {
     const TestDocument document(
-        "<ConfigInfo><Version>9.000</Version><Geometry><Fit_Solver>5</Fit_Solver></Geometry>"
-        "<Projector ID=\"a\"><Lamp_Mode>Dual</Lamp_Mode></Projector></ConfigInfo>");
+        currentFile("<Geometry><Fit_Solver>5</Fit_Solver></Geometry>"
+                    "<Projector ID=\"a\"><Lamp_Mode>Dual</Lamp_Mode></Projector>"));
     EXPECT_EQ(readAt(document, L"Geometry/Fit_Solver"), L"5");
     EXPECT_EQ(readAt(document, L"Projector[a]/Lamp_Mode"), L"Dual");
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "store/ConfigInfo.h"
+#include "tests/support/CurrentFile.h"
 
 namespace {
 
@@ -40,7 +41,7 @@ TEST_F(Selector, ExactIdComesFirst) {
 }
 
 TEST_F(Selector, StarIsEveryDeviceInDocumentOrder) {
-    const std::string two = "<ConfigInfo><Version>9.000</Version><Projector ID=\"b\"/><Projector ID=\"a\"/></ConfigInfo>";
+    const std::string two = currentFile("<Projector ID=\"b\"/><Projector ID=\"a\"/>");
     EXPECT_EQ(selected(L"Projector[*]/A/B", two), (Texts{L"Projector[b]/A/B", L"Projector[a]/A/B"}));
     EXPECT_EQ(selected(L"Camera[*]/Name", two), Texts{});
 }
@@ -74,10 +75,9 @@ TEST_F(Selector, WithoutBracketsItIsTheOnlyDevice) {
 }
 
 TEST_F(Selector, DeviceWithoutAnIdIsReachedAsTheFirstOnly) {
-    const std::string lone = "<ConfigInfo><Version>9.000</Version><Projector/></ConfigInfo>";
+    const std::string lone = currentFile("<Projector/>");
     EXPECT_EQ(selected(L"Projector/Name", lone), Texts{L"Projector/Name"});
-    const std::string twins =
-        "<ConfigInfo><Version>9.000</Version><Projector ID=\"a\"/><Projector ID=\"a\"/><Projector/></ConfigInfo>";
+    const std::string twins = currentFile("<Projector ID=\"a\"/><Projector ID=\"a\"/><Projector/>");
     EXPECT_EQ(selected(L"Projector[*]", twins), Texts{L"Projector[a]"});
     EXPECT_EQ(selected(L"Projector[#2]", twins), Texts{});
     EXPECT_EQ(selected(L"Projector[#3]", twins), Texts{});

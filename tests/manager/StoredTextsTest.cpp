@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TestDocument.h"
 
 namespace {
@@ -12,13 +13,12 @@ using XMLConfig::StoredText;
 using XMLConfig::storedTexts;
 using Lines = std::vector<std::wstring>;
 
-const char* const xml =
-    "<ConfigInfo><Version>9.000</Version>"
+const std::string xml = currentFile(
     "<Projector ID=\"a]b\"><Gamma>2.2</Gamma><Designed><Frustum><FOVLeft>0.5</FOVLeft></Frustum></Designed>"
     "<DeviceSnippet><device UID=\"X***1\"><lens type=\"w\"/><lens>\n  zoom </lens></device></DeviceSnippet></Projector>"
     "<ProjectorApprovedSlots><Slot ID=\"3\"><Status>1</Status></Slot><Slot ID=\"4\"/></ProjectorApprovedSlots>"
     "<Own><Part ID=\"p\"><Inner ID=\"i\">x</Inner></Part><Gamma>1</Gamma><Gamma>2</Gamma></Own>"
-    "<Screen/></ConfigInfo>";
+    "<Screen/>");
 
 ElementView sectionOf(const TestDocument& document, const std::wstring& tag) {
     return XMLConfig::sectionElements(*document, tag).at(0);

@@ -5,6 +5,7 @@
 
 #include "manager/XMLConfigManager.h"
 #include "store/ConfigInfo.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TestProduct.h"
 
 /// The protected members of the manager, open to tests, on a new document that can be looked at.
@@ -31,7 +32,7 @@ inline std::unique_ptr<XMLConfigManager> loadedManager(const std::wstring& path,
 }
 
 /// A file at the given version with these sections.
-inline std::string fileText(const std::string& sections = "", const std::string& version = "9.000") {
+inline std::string fileText(const std::string& sections = "", const std::string& version = latestVersion) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ConfigInfo><Version>" + version +
            "</Version><BuildDate>Jan  1 2010</BuildDate><BuildNumber>1.0.0.0</BuildNumber><DevelopedBy>x</DevelopedBy>" +
            sections + "</ConfigInfo>\n";

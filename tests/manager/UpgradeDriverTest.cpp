@@ -8,6 +8,7 @@
 #include "manager/upgrade/VersionUpgrade.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestDocument.h"
@@ -76,7 +77,7 @@ TEST(UpgradeDriver, NullDocumentFailsWithoutALogLine) {
 
 TEST(UpgradeDriver, LatestVersionIsLeftUntouched) {
     const LogCapture log;
-    const TestDocument document(fileText("<Screen><Unit>Feet</Unit></Screen>", "9.000"));
+    const TestDocument document(fileText("<Screen><Unit>Feet</Unit></Screen>"));
     const std::string before = document.text();
     EXPECT_EQ(doFileVersionConversion(&*document), 0);
     EXPECT_EQ(document.text(), before);
@@ -100,7 +101,7 @@ TEST(UpgradeDriver, OlderVersionIsConvertedAndStamped) {
     const LogCapture log;
     const TestDocument document(fileText("", "1.5"));
     EXPECT_EQ(doFileVersionConversion(&*document), 1);
-    EXPECT_EQ(document->getVersion(), 9.0);
+    EXPECT_EQ(document->getVersion(), XMLConfig::detail::latestFileVersion);
     EXPECT_NE(document.text().find("<Version>9.000</Version>\n  <BuildDate>Mar 11 2019</BuildDate>\n"
                                    "  <BuildNumber>2.1.1.14</BuildNumber>\n"),
               std::string::npos);

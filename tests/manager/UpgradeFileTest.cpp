@@ -12,6 +12,7 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
@@ -29,7 +30,7 @@ TEST(UpgradeFile, InPlaceKeepsTheOldFileBesideIt) {
     EXPECT_EQ(report.backup, path + L".v1.500.bak");
     EXPECT_EQ(report.receipt.steps.size(), std::size(upgradeChain));
     EXPECT_EQ(folder.read(L"hall.skorra.v1.500.bak"), old);
-    EXPECT_EQ(ConfigInfo(path).getVersion(), 9.0);
+    EXPECT_EQ(ConfigInfo(path).getVersion(), XMLConfig::detail::latestFileVersion);
     EXPECT_EQ(folder.entries(), 2u);
 }
 
@@ -51,7 +52,7 @@ TEST(UpgradeFile, OtherTargetLeavesTheOldFileAlone) {
     EXPECT_EQ(report.target, folder.file(L"new.skorrax"));
     EXPECT_EQ(report.backup, L"");
     EXPECT_EQ(folder.read(L"old.skorra"), fileText("", "2.0"));
-    EXPECT_EQ(ConfigInfo(folder.file(L"new.skorrax")).getVersion(), 9.0);
+    EXPECT_EQ(ConfigInfo(folder.file(L"new.skorrax")).getVersion(), XMLConfig::detail::latestFileVersion);
     EXPECT_EQ(folder.entries(), 2u);
 }
 

@@ -5,6 +5,7 @@
 #include "manager/Upgrade.h"
 #include "store/ChangeObserver.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TestDocument.h"
 
 using XMLConfig::UpgradeChange;
@@ -41,7 +42,7 @@ public:
 TEST(UpgradeReceipt, SaysFromAndTo) {
     const UpgradeReceipt receipt = receiptOf("", "7.5");
     EXPECT_EQ(receipt.fromVersion, 7.5);
-    EXPECT_EQ(receipt.toVersion, 9.0);
+    EXPECT_EQ(receipt.toVersion, XMLConfig::detail::latestFileVersion);
     ASSERT_EQ(receipt.steps.size(), 2u);
     EXPECT_EQ(receipt.steps[0].version, 8.0);
     EXPECT_EQ(receipt.steps[0].summary, L"fit solver and overlap unit");
@@ -49,7 +50,7 @@ TEST(UpgradeReceipt, SaysFromAndTo) {
 }
 
 TEST(UpgradeReceipt, IsEmptyWhereNothingWasUpgraded) {
-    for (const char* version : {"9.000", "9.5"}) {
+    for (const char* version : {latestVersion.c_str(), "99.5"}) {
         const UpgradeReceipt receipt = receiptOf("", version);
         EXPECT_EQ(receipt.toVersion, 0.0);
         EXPECT_TRUE(receipt.steps.empty());

@@ -30,6 +30,7 @@
 #include "store/FilePlaces.h"
 #include "store/Together.h"
 #include "tests/shortage/Allocations.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/TestProduct.h"
@@ -390,9 +391,8 @@ TEST(ShortageInASave, LeavesTheFileAndTheDocument) {
 TEST(ShortageInASaveElsewhere, LeavesEachPathLeadingToItsFile) {
     const TemporaryFolder folder;
     for (const char* name : {"m1", "m2"}) std::filesystem::create_directory(folder.path() / name);
-    const std::wstring path = folder.write(
-        L"m1/a.skorrax",
-        "<ConfigInfo><Version>9.000</Version><Screen><VRML>meshes/dome.obj</VRML><PCD>dome.pcd</PCD></Screen></ConfigInfo>");
+    const std::wstring path =
+        folder.write(L"m1/a.skorrax", currentFile("<Screen><VRML>meshes/dome.obj</VRML><PCD>dome.pcd</PCD></Screen>"));
     const std::wstring target = folder.file(L"m2/b.skorrax");
     const auto attempt = [&](std::size_t k) {
         const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::loadConfiguration(TestProduct::make(), path));
@@ -424,10 +424,10 @@ TEST(ShortageInASaveElsewhere, LeavesEachPathLeadingToItsFile) {
 
 namespace {
 
-const char* const devices =
-    "<ConfigInfo><Version>9.000</Version>\n<Camera ID=\"1\"><Name>one</Name></Camera>\n<Camera "
+const std::string devices = currentFile(
+    "\n<Camera ID=\"1\"><Name>one</Name></Camera>\n<Camera "
     "ID=\"2\"><Name>two</Name></Camera>"
-    "\n<Projector ID=\"1\"><Name>p</Name></Projector></ConfigInfo>";
+    "\n<Projector ID=\"1\"><Name>p</Name></Projector>");
 
 /// What an application sees of the devices.
 struct Seen {

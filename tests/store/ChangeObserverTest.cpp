@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "tests/store/StoreSupport.h"
+#include "tests/support/CurrentFile.h"
 
 namespace XMLConfig::detail {
 
@@ -39,7 +40,7 @@ struct Recorder : ChangeObserver {
 class Observed : public testing::Test {
 protected:
     void watch(const std::string& body) {
-        document = load("<ConfigInfo><Version>9.000</Version>" + body + "</ConfigInfo>");
+        document = load(currentFile(body));
         EXPECT_EQ(setChangeObserver(*document, &recorder), nullptr);
     }
     Recorder recorder;

@@ -1,6 +1,7 @@
 #include "store/ConfigInfoFactory.h"
 
 #include "tests/store/StoreSupport.h"
+#include "tests/support/CurrentFile.h"
 
 namespace storetests {
 
@@ -17,7 +18,7 @@ TEST(ConfigInfoFactory, KnowsTheVersionAndTheBuild) {
 TEST(ConfigInfoFactory, MakesANewDocumentAtTheLatestVersion) {
     const Document document(ConfigInfoFactory::getInstance()->createNew());
     ASSERT_NE(document, nullptr);
-    EXPECT_EQ(document->getVersion(), 9.0);
+    EXPECT_EQ(document->getVersion(), XMLConfig::detail::latestFileVersion);
     EXPECT_EQ(get(*document, L"Version", L"x"), L"(default)");
     EXPECT_FALSE(document->isDirty());
 }

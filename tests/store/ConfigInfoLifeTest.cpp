@@ -1,6 +1,7 @@
 #include "store/ConfigInfo.h"
 
 #include "tests/store/StoreSupport.h"
+#include "tests/support/CurrentFile.h"
 
 namespace fs = std::filesystem;
 
@@ -22,25 +23,25 @@ TEST(NewDocument, HoldsTheRootAndTheFourHeaderElements) {
 TEST(NewDocument, IsNotDirtyAndAtTheLatestVersion) {
     const ConfigInfo document;
     EXPECT_FALSE(document.isDirty());
-    EXPECT_EQ(document.getVersion(), 9.0);
+    EXPECT_EQ(document.getVersion(), XMLConfig::detail::latestFileVersion);
 }
 
 TEST(NewDocument, CanBeLoadedAgain) {
     ConfigInfo document;
     const Document again = reloaded(document);
-    EXPECT_EQ(again->getVersion(), 9.0);
+    EXPECT_EQ(again->getVersion(), XMLConfig::detail::latestFileVersion);
     EXPECT_EQ(savedText(*again), savedText(document));
 }
 
 TEST(LoadedDocument, IsNotDirty) {
-    const Document document = load("<ConfigInfo><Version>9.000</Version><S><A>1</A></S></ConfigInfo>");
+    const Document document = load(currentFile("<S><A>1</A></S>"));
     EXPECT_FALSE(document->isDirty());
     EXPECT_EQ(get(*document, L"S", L"A"), L"1");
 }
 
 TEST(LoadedDocument, LeavesItsFileAlone) {
     const TemporaryFolder folder;
-    const std::string text = "<ConfigInfo><Version>9.000</Version></ConfigInfo>";
+    const std::string text = currentFile("");
     const auto path = folder.write(L"a.skorrax", text);
     {
         ConfigInfo document(path);
@@ -118,7 +119,8 @@ TEST(Load, TakesABackslashAsASeparator) {
     ConfigInfo document;
     EXPECT_TRUE(document.save(wideOf(folder.path()) + L"\\shows\\hall.skorrax"));
     EXPECT_TRUE(folder.has(L"shows/hall.skorrax"));
-    EXPECT_EQ(ConfigInfo(wideOf(folder.path()) + L"\\shows\\hall.skorrax").getVersion(), 9.0);
+    EXPECT_EQ(ConfigInfo(wideOf(folder.path()) + L"\\shows\\hall.skorrax").getVersion(),
+              XMLConfig::detail::latestFileVersion);
 }
 
 #endif

@@ -9,6 +9,7 @@
 #include "store/DocumentSaving.h"
 #include "store/FileState.h"
 #include "tests/store/StoreSupport.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Thrown.h"
 
@@ -21,8 +22,8 @@ using XMLConfig::detail::ContentHash;
 
 namespace {
 
-const char* const small = "<ConfigInfo><Version>9.000</Version><S><A>1</A></S></ConfigInfo>";
-const char* const sameSize = "<ConfigInfo><Version>9.000</Version><S><A>2</A></S></ConfigInfo>";
+const std::string small = currentFile("<S><A>1</A></S>");
+const std::string sameSize = currentFile("<S><A>2</A></S>");
 
 LogLine overwritten(const TemporaryFolder& folder) {
     return {"Ulvano.XMLConfig.ConfigInfo", "WARN",

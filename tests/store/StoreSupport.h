@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "store/ConfigInfo.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/SavedText.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
@@ -28,9 +29,7 @@ inline Document load(const std::string& text) {
 }
 
 /// A document that was loaded, with a text and a fragment in section "S" of ID "1".
-inline Document smallDocument() {
-    return load("<ConfigInfo><Version>9.000</Version><S ID=\"1\"><A>old</A><F><d>1</d></F></S></ConfigInfo>");
-}
+inline Document smallDocument() { return load(currentFile("<S ID=\"1\"><A>old</A><F><d>1</d></F></S>")); }
 
 /// The document as it is after a save and a load.
 inline Document reloaded(ConfigInfo& document) { return load(savedText(document)); }

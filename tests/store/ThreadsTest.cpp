@@ -4,6 +4,7 @@
 #include "store/ConfigInfoFactory.h"
 #include "store/Outline.h"
 #include "tests/store/StoreSupport.h"
+#include "tests/support/CurrentFile.h"
 
 namespace storetests {
 
@@ -33,7 +34,7 @@ bool roundTrip(const std::wstring& path, const std::wstring& value) {
     if (!document.save(path)) return false;
     const ConfigInfo again(path);
     return get(again, L"S", L"A|B", value, L"T", L"t") == value && again.getDoubleItem(L"S", L"D", 0, value) == 1.5 &&
-           get(again, L"S", L"F|d|e", value) == L"1" && again.getVersion() == 9.0;
+           get(again, L"S", L"F|d|e", value) == L"1" && again.getVersion() == XMLConfig::detail::latestFileVersion;
 }
 
 }  // namespace
@@ -52,7 +53,7 @@ TEST(Threads, MakeUseSaveAndDestroyDocumentsAtOnce) {
 
 TEST(Threads, ShareTheFactory) {
     const TemporaryFolder folder;
-    const auto path = folder.write(L"a.skorrax", "<ConfigInfo><Version>9.000</Version><S><A>1</A></S></ConfigInfo>");
+    const auto path = folder.write(L"a.skorrax", currentFile("<S><A>1</A></S>"));
     ConfigInfoFactory* const factory = ConfigInfoFactory::getInstance();
     const int good = runInThreads(4, [&](int) {
         for (int i = 0; i < 50; ++i) {
@@ -96,7 +97,7 @@ TEST(Threads, MayPassADocumentOn) {
     }
     EXPECT_EQ(get(*document, L"S", L"A9"), L"v");
     std::thread([&document] { document.reset(); }).join();
-    EXPECT_EQ(ConfigInfo().getVersion(), 9.0);
+    EXPECT_EQ(ConfigInfo().getVersion(), XMLConfig::detail::latestFileVersion);
 }
 
 }  // namespace storetests

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "tests/support/CurrentFile.h"
 #include "tests/support/Example.h"
 #include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
@@ -229,8 +230,8 @@ TEST_F(DiffVerb, LinesBroughtIntoTheOldFileMakeTheNewOne) {
 
 TEST_F(DiffVerb, LinesTellWhatWasInheritedBeforeFromAChangedValue) {
     const auto made = [this](const std::string& geometry, const std::string& projector, const std::string& name) {
-        return fileOf("<ConfigInfo><Version>9.000</Version><Geometry><Box_Spacing>" + geometry +
-                          "</Box_Spacing></Geometry><Projector ID=\"1\">" + projector + "</Projector></ConfigInfo>",
+        return fileOf(currentFile("<Geometry><Box_Spacing>" + geometry + "</Box_Spacing></Geometry><Projector ID=\"1\">" +
+                                  projector + "</Projector>"),
                       name);
     };
     const std::string old = made("2", "", "old.skorrax");
@@ -242,9 +243,7 @@ TEST_F(DiffVerb, LinesTellWhatWasInheritedBeforeFromAChangedValue) {
 
 TEST_F(DiffVerb, ShowsAllDigitsWhereTheUsualOnesAreTheSame) {
     const auto made = [this](const std::string& radius, const std::string& name) {
-        return fileOf("<ConfigInfo><Version>9.000</Version><Screen><Screen_Radius>" + radius +
-                          "</Screen_Radius></Screen></ConfigInfo>",
-                      name);
+        return fileOf(currentFile("<Screen><Screen_Radius>" + radius + "</Screen_Radius></Screen>"), name);
     };
     EXPECT_THAT(runTool({"diff", made("5.2", "old.skorrax"), made("5.20000000001", "new.skorrax")}).output,
                 StartsWith("~ Screen/Screen_Radius  5.2 -> 5.20000000001\n"));
@@ -263,7 +262,7 @@ TEST_F(DiffVerb, LinesHoldTextsAndIDsOfAllKinds) {
     const auto made = [&](const std::string& text, const std::string& name) {
         std::string devices;
         for (const std::string& id : ids) devices += "<Projector ID=\"" + id + "\"><Name>" + text + "</Name></Projector>";
-        return fileOf("<ConfigInfo><Version>9.000</Version>" + devices + "</ConfigInfo>", name);
+        return fileOf(currentFile(devices), name);
     };
     for (const char* const text :
          {"plain", "a&#10;b&#9;c", "\\n", "back\\slash", "a=b", "# no", " blanks ", "", "&lt;&amp;>\"", "&#10;"}) {
@@ -278,8 +277,7 @@ TEST_F(DiffVerb, LinesHoldTextsAndIDsOfAllKinds) {
 
 TEST_F(DiffVerb, LinesNameARenamedDeviceAsTheOldFileDoes) {
     const auto made = [this](const std::string& id, const std::string& inside, const std::string& name) {
-        return fileOf("<ConfigInfo><Version>9.000</Version><Camera ID=\"" + id + "\">" + inside + "</Camera></ConfigInfo>",
-                      name);
+        return fileOf(currentFile("<Camera ID=\"" + id + "\">" + inside + "</Camera>"), name);
     };
     const std::string old =
         made("1", "<Camera_Gain>1</Camera_Gain><DeviceSnippet><d UID=\"1\"><x>1</x></d></DeviceSnippet>", "old.skorrax");
@@ -293,7 +291,7 @@ TEST_F(DiffVerb, LinesNameARenamedDeviceAsTheOldFileDoes) {
 
 TEST_F(DiffVerb, LinesLeaveOutWhatIsGone) {
     const auto made = [this](const std::string& inside, const std::string& name) {
-        return fileOf("<ConfigInfo><Version>9.000</Version><Camera ID=\"1\">" + inside + "</Camera></ConfigInfo>", name);
+        return fileOf(currentFile("<Camera ID=\"1\">" + inside + "</Camera>"), name);
     };
     const std::string old = made("<DeviceSnippet><d UID=\"1\"/></DeviceSnippet>", "old.skorrax");
     const ToolRun run = runTool({"diff", "--lines", old, made("<DeviceSnippet/>", "new.skorrax")});

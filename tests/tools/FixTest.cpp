@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tests/support/CurrentFile.h"
 #include "tests/support/Example.h"
 #include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
@@ -120,9 +121,9 @@ TEST_F(Fix, TakesAwayASecondItemOfTheSameText) {
 }
 
 TEST_F(Fix, LeavesSecondItemsAloneThatUnsetDoesNotReach) {
-    const std::string file = fileOf(
-        "<ConfigInfo><Version>9.000</Version><Screen><Checkerboard_Calibration><Grid_Size><Rows>3</Rows>"
-        "<Rows>3</Rows></Grid_Size></Checkerboard_Calibration></Screen></ConfigInfo>");
+    const std::string file =
+        fileOf(currentFile("<Screen><Checkerboard_Calibration><Grid_Size><Rows>3</Rows>"
+                           "<Rows>3</Rows></Grid_Size></Checkerboard_Calibration></Screen>"));
     EXPECT_THAT(runTool({"check", "--fix", "--only", "XC106", file}).output, StartsWith("0 changes, "));
     const Json answer = Json::parse(runTool({"check", "--json", "--only", "XC106", file}).output);
     EXPECT_EQ(answer["files"][0]["findings"][0]["mend"]["safety"], "none");
@@ -143,8 +144,7 @@ TEST_F(Fix, TakesAwayCommentsThatAcceptNothing) {
 }
 
 TEST_F(Fix, TakesAwayCommentsThatAcceptMissingFilesWhichAreThere) {
-    const std::string file =
-        fileOf("<ConfigInfo><Version>9.000</Version><Screen><!-- xmlconfig accepts XC902: later --></Screen></ConfigInfo>");
+    const std::string file = fileOf(currentFile("<Screen><!-- xmlconfig accepts XC902: later --></Screen>"));
     EXPECT_THAT(runTool({"check", "--fix", "--no-files", file}).output, StartsWith("0 changes, "));
     EXPECT_THAT(runTool({"check", "--fix", file}).output,
                 StartsWith("- Screen  xmlconfig accepts XC902: later\n1 change, "));
@@ -162,7 +162,7 @@ TEST_F(Fix, SaysThatARuleHasNoMend) {
 }
 
 TEST_F(Fix, RefusesMendsThatMakeErrors) {
-    const std::string text = "<ConfigInfo><Version>9.000</Version><Screen><Shape>sphere</Shape></Screen></ConfigInfo>";
+    const std::string text = currentFile("<Screen><Shape>sphere</Shape></Screen>");
     const std::string round = fileOf(text);
     const ToolRun run = runTool({"check", "--fix", round});
     EXPECT_EQ(run.status, 1);

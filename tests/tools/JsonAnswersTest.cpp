@@ -5,6 +5,7 @@
 #include <regex>
 #include <sstream>
 
+#include "tests/support/CurrentFile.h"
 #include "tests/support/JsonSchema.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/ToolRun.h"
@@ -85,9 +86,8 @@ TEST_F(JsonAnswers, OfWritingVerbsFitTheirSchemas) {
 }
 
 TEST_F(JsonAnswers, OfACheckWithMendsFitTheSchema) {
-    folder.write(L"broken.skorrax",
-                 "<ConfigInfo><Version>9.000</Version><Screen><Shape>sphere</Shape><Nothing>1</Nothing>"
-                 "</Screen><Camera><Name>x</Name></Camera><Projector ID=\"P\"/></ConfigInfo>");
+    folder.write(L"broken.skorrax", currentFile("<Screen><Shape>sphere</Shape><Nothing>1</Nothing>"
+                                                "</Screen><Camera><Name>x</Name></Camera><Projector ID=\"P\"/>"));
     expectFits("check", {(folder.path() / "broken.skorrax").string()});
 }
 

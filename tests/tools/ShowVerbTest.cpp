@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
+#include "tests/support/CurrentFile.h"
 #include "tests/support/Example.h"
 #include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
@@ -49,9 +50,8 @@ TEST(ShowVerb, SummaryTellsTheExample) {
 
 TEST(ShowVerb, SummaryIsInTheDocumentsUnits) {
     const TemporaryFolder folder;
-    folder.write(L"hall.skorrax",
-                 "<ConfigInfo><Version>9.000</Version><System><Length_Unit>Centimeters</Length_Unit></System>"
-                 "<Screen><Screen_Width>2.5</Screen_Width></Screen></ConfigInfo>");
+    folder.write(L"hall.skorrax", currentFile("<System><Length_Unit>Centimeters</Length_Unit></System>"
+                                              "<Screen><Screen_Width>2.5</Screen_Width></Screen>"));
     const std::string file = (folder.path() / "hall.skorrax").string();
     const ToolRun run = runTool({"show", file});
     EXPECT_THAT(run.output,
@@ -64,8 +64,8 @@ TEST(ShowVerb, SummaryIsInTheDocumentsUnits) {
 TEST(ShowVerb, TimesMayLieBefore1970) {
     const TemporaryFolder folder;
     const auto shownTimeOf = [&folder](const std::string& seconds) {
-        folder.write(L"hall.skorrax", "<ConfigInfo><Version>9.000</Version><SiteAnalytics><LastRunTimestamp>" + seconds +
-                                          "</LastRunTimestamp></SiteAnalytics></ConfigInfo>");
+        folder.write(L"hall.skorrax",
+                     currentFile("<SiteAnalytics><LastRunTimestamp>" + seconds + "</LastRunTimestamp></SiteAnalytics>"));
         const std::string output = runTool({"show", (folder.path() / "hall.skorrax").string()}).output;
         const std::size_t at = output.find("the last one at ");
         return at == std::string::npos ? output : output.substr(at + 16, 23);

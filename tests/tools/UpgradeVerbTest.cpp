@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/manager/TestManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/TerminalRun.h"
 #include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
@@ -34,7 +35,7 @@ TEST_F(UpgradeVerb, ConvertsInPlaceAndKeepsTheOldFile) {
     EXPECT_EQ(run.output, file + ": version 1.500 -> 9.000, the old file is " + file + ".v1.500.bak\n" +
                               "1 upgraded, 0 at the latest version already, 0 failed\n");
     EXPECT_EQ(folder.read(L"hall.skorra.v1.500.bak"), fileText(feet, "1.5"));
-    EXPECT_THAT(folder.read(L"hall.skorra"), HasSubstr("<Version>9.000</Version>"));
+    EXPECT_THAT(folder.read(L"hall.skorra"), HasSubstr("<Version>" + latestVersion + "</Version>"));
     EXPECT_EQ(folder.entries(), 2u);
 }
 
@@ -62,7 +63,7 @@ TEST_F(UpgradeVerb, OutputLeavesTheOldFileAlone) {
 
 TEST_F(UpgradeVerb, OutputThatExistsIsRefused) {
     const std::string file = write("old.skorra", "3.0");
-    const std::string other = write("new.skorrax", "9.000", feet);
+    const std::string other = write("new.skorrax", latestVersion, feet);
     const ToolRun run = runTool({"upgrade", file, "-o", other});
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.errors, HasSubstr(other + ": exists already"));
@@ -92,7 +93,7 @@ TEST_F(UpgradeVerb, EmptyOutputIsWrongUsage) {
 
 TEST_F(UpgradeVerb, GoesOnAfterAFileThatFails) {
     const std::string newer = write("newer.skorrax", "9.001");
-    const std::string current = write("current.skorrax", "9.000");
+    const std::string current = write("current.skorrax", latestVersion);
     const std::string old = write("old.skorrax", "8.0");
     const ToolRun run = runTool({"upgrade", newer, path("missing.skorrax"), current, old});
     EXPECT_EQ(run.status, 3);
@@ -214,7 +215,7 @@ TEST_F(UpgradeVerb, JsonTellsLosses) {
 
 TEST_F(UpgradeVerb, JsonTellsTheSame) {
     const std::string old = write("old.skorrax", "8.0", feet);
-    const std::string current = write("current.skorrax", "9.000");
+    const std::string current = write("current.skorrax", latestVersion);
     const ToolRun run = runTool({"upgrade", "--json", old, current, path("missing.skorrax")});
     EXPECT_EQ(run.status, 3);
     const auto json = nlohmann::json::parse(run.output);

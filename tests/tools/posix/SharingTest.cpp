@@ -9,6 +9,7 @@
 #include "store/ConfigInfo.h"
 #include "store/ConfigLock.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/ToolFiles.h"
 #include "tests/support/posix/StartedProgram.h"
 
@@ -71,7 +72,8 @@ bool isReading(pid_t process, const std::string& file) {
 }  // namespace
 
 TEST_F(Sharing, ReaderThatGoesAwayHidesNotThatTheFileIsWritten) {
-    const std::string file = fileOf("<ConfigInfo>\n<Version>9.000</Version>\n</ConfigInfo>\n", "hall.skorrax");
+    const std::string file =
+        fileOf("<ConfigInfo>\n<Version>" + latestVersion + "</Version>\n</ConfigInfo>\n", "hall.skorrax");
     const std::string set = shellQuoted(toolPath()) + " set " + shellQuoted(file) + " System/RunType=CinemaRun";
     const std::string errors = shellQuoted(path("errors"));
     EXPECT_EQ(shellStatus("mkfifo " + shellQuoted(path("pipe")) + " && { exec 3<>" + shellQuoted(path("pipe")) + " 4>" +
@@ -106,7 +108,7 @@ TEST_F(Sharing, ManyUpgradesAtOnceKeepEachOldFileOnce) {
         for (int file = 0; file < files; ++file) tools.push_back(startTool({"upgrade", "--wait", "300", path(name(file))}));
     for (StartedProgram& tool : tools) EXPECT_EQ(tool.end(), 0);
     for (int file = 0; file < files; ++file) {
-        EXPECT_THAT(folder.read(wideOf(name(file))), HasSubstr("<Version>9.000</Version>"));
+        EXPECT_THAT(folder.read(wideOf(name(file))), HasSubstr("<Version>" + latestVersion + "</Version>"));
         EXPECT_EQ(folder.read(wideOf(name(file) + ".v1.500.bak")), fileText("", "1.5"));
     }
     EXPECT_EQ(folder.entries(), 2u * files);

@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "store/ConfigInfo.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/CurrentFile.h"
 #include "tests/support/windows/StartedProgram.h"
 
 namespace {
@@ -58,7 +59,7 @@ TEST_F(ToolOnWindows, UpgradesTheFilesThatAPatternStandsFor) {
     folder.write(L"\u00fc.skorra", fileText("", "1.5"));
     EXPECT_EQ(runTool({"upgrade", path("*.skorra")}).status, 0);
     for (const wchar_t* name : {L"a.skorra", L"\u00fc.skorra"})
-        EXPECT_THAT(folder.read(name), HasSubstr("<Version>9.000</Version>"));
+        EXPECT_THAT(folder.read(name), HasSubstr("<Version>" + latestVersion + "</Version>"));
     const ToolRun none = runTool({"upgrade", path("*.none")});
     EXPECT_EQ(none.status, 3);
     EXPECT_THAT(none.errors, HasSubstr("*.none"));
