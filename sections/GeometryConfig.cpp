@@ -186,8 +186,10 @@ Corvane::GridSize GeometryConfig::getSimpleLayoutGridSize() const {
 }
 
 void GeometryConfig::setSimpleLayoutGridSize(const Corvane::GridSize& value) {
-    setProjectorLayoutHeight(value.height);
-    setProjectorLayoutWidth(value.width);
+    XMLConfig::detail::together(*m_configInfo, [&] {
+        setProjectorLayoutHeight(value.height);
+        setProjectorLayoutWidth(value.width);
+    });
 }
 
 // Defaults for the application.

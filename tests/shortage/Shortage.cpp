@@ -19,6 +19,7 @@
 #include "manager/XMLConfigManager.h"
 #include "platform/Clock.h"
 #include "sections/CameraConfig.h"
+#include "sections/GeometryConfig.h"
 #include "sections/ProjectorApprovedSlotsConfig.h"
 #include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
@@ -181,6 +182,10 @@ const Operation operations[] = {
     {"setImageSize",
      [](ConfigInfo& d) {
          ScreenConfig(&d, nullptr, L"").setMarkedSurfaceImageSize({1, 2});
+     }},
+    {"setLayoutGridSize",
+     [](ConfigInfo& d) {
+         GeometryConfig(&d, L"").setSimpleLayoutGridSize({2, 3});
      }},
     {"setACTCount", [](ConfigInfo& d) { SystemConfig(&d, nullptr, L"").setACTCount(1); }},
     {"takeSlotOfRun",
