@@ -52,7 +52,7 @@ constexpr Exchange brenmoorExchanges[] = {
     {"MNU?", "@001 MNU! 000"},
 };
 
-// The two colons before the last byte tell a fake device from a real one. Stored: do not change.
+// Two colons stand before the last byte on purpose, as in no real address. Stored: do not change.
 std::string macAddress(int number) {
     constexpr char digits[] = "0123456789abcdef";
     return std::string("00:11:22:33:44::") + digits[number / 16] + digits[number % 16];

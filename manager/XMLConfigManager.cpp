@@ -24,6 +24,7 @@ using XMLConfig::detail::OpenConfiguration;
 namespace {
 
 [[noreturn]] void failUpgrade(const std::wstring& path) {
+    // The message names no function that there is, on purpose: applications know it.
     const std::wstring message =
         L"Error loadConfiguration(): doFileVersionUpgrade() failed attempting to upgrade file: " + path;
     logWarn(managerLog, message);

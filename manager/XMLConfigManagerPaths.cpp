@@ -76,6 +76,7 @@ std::wstring XMLConfigManager::processPath(const std::wstring& path) const {
         const PathParts file = splitPath(m_fileName);
         result = file.drive + file.directory + result;
     }
+    // Not this function's name, on purpose: logs are searched for it.
     logInfo(managerLog, L"processFileName( '" + path + L"' ) = '" + result + L"'");
     return result;
 }

@@ -37,6 +37,7 @@ std::unique_ptr<Document> startedDocument() {
 
 XMLConfig::detail::Section& versionSection(const Document& document, const wchar_t* prefix) {
     auto* const section = document.getSection(XMLConfig::detail::versionElement, {});
+    // Two blanks after the colon, on purpose: applications know the message.
     if (section == nullptr) throw CorvaneException(prefix + std::wstring(L" No \"version\" node in XML file"));
     return *section;
 }

@@ -68,6 +68,7 @@ void ConfigInfo::getPoint2IVector(const std::wstring& sectionName, const std::ws
 
 void ConfigInfo::setPoint2IVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
                                   const std::vector<Point_2Dim<int>>& values, const std::wstring& sectionID) {
+    // "diamensions": spelt so on purpose, applications know the message.
     setVector(*this, L"Error: ConfigInfo::setPoint2IVector: Passed buffer is too small to support diamensions", sectionName,
               key, dimension1, dimension2, values, sectionID);
 }
@@ -79,6 +80,7 @@ void ConfigInfo::getPoint2DVector(const std::wstring& sectionName, const std::ws
 
 void ConfigInfo::setPoint2DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
                                   const std::vector<Point_2Dim<double>>& values, const std::wstring& sectionID) {
+    // "diamensions": spelt so on purpose, applications know the message.
     setVector(*this, L"Error: ConfigInfo::setPoint2DVector: Passed buffer is too small to support diamensions", sectionName,
               key, dimension1, dimension2, values, sectionID);
 }
@@ -90,6 +92,7 @@ void ConfigInfo::getPoint3DVector(const std::wstring& sectionName, const std::ws
 
 void ConfigInfo::setPoint3DVector(const std::wstring& sectionName, const std::wstring& key, int dimension1, int dimension2,
                                   const std::vector<Point_3Dim<double>>& values, const std::wstring& sectionID) {
+    // "diamensions": spelt so on purpose, applications know the message.
     setVector(*this, L"Error: ConfigInfo::setPoint3DVector: Passed buffer is too small to support diamensions", sectionName,
               key, dimension1, dimension2, values, sectionID);
 }

@@ -50,7 +50,7 @@ void describeCameras(ConfigInfo& document) {
             describeCamera(camera, type);
             continue;
         }
-        logError(versionUpgradeLog(),  // spelt so on purpose
+        logError(versionUpgradeLog(),  // "encounterd" is spelt so on purpose: logs are searched for it
                  L"Unknown camera type encounterd (" + formatInteger(type) + L"), removing this section");
         camera.remove();
     }

@@ -139,7 +139,7 @@ TEST(VectorItems, AppendPlaceholdersForWhatCannotBeRead) {
     EXPECT_EQ(solid, (std::vector<Point_3Dim<double>>{{1, 2, 3}, {-1000, -1000, -1000}}));
 }
 
-TEST(VectorItems, AreRefusedWhenTooFew) {
+TEST(VectorItems, AreRefusedWhenTooFew) {  // "diamensions" is misspelt on purpose, in three of the four
     ConfigInfo document;
     const Untouched before(document);
     EXPECT_EQ(messageOf([&] {

@@ -237,7 +237,7 @@ std::string OldFiles::section(std::size_t kind, std::vector<std::string>& kept) 
         case Geometry:
             return fixed("Geometry", geometryKeys, kept);
         case Misspelt:
-            return oneIn(3) ? fixed("Geomtry", {"Mapper_Spacing"}, kept) : "";
+            return oneIn(3) ? fixed("Geomtry", {"Mapper_Spacing"}, kept) : "";  // misspelt on purpose, as the step has it
         case System:
             return fixed("System", systemKeys, kept);
         case Screen:
