@@ -11,7 +11,7 @@ namespace {
 
 using Table = UnitConversionTable;
 
-// Sections of different documents are made in different threads.
+// Accessors of different documents may be made in different threads at the same time, and each fills the map.
 std::mutex& conversionMapLock() {
     static std::mutex lock;
     return lock;

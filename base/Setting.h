@@ -33,13 +33,13 @@ enum class SettingType {
     AxisTable
 };
 
-/// The name that people read: "bool", "2-D point", "list of camera IDs", ...
+/// The type's name for people: "bool", "2-D point", "list of camera IDs", ...
 XMLCONFIG_API const wchar_t* nameOf(SettingType type);
 
 /// Whether the texts of the type are one number or several. Lists and tables of a special form do not count.
 XMLCONFIG_API bool isNumbers(SettingType type);
-/// Whether a stored text is the whole of a value of the type. Every text is of a type whose form is not checked: texts,
-/// XML elements, records and special text forms.
+/// Whether a stored text is a value of the type and nothing more. The form of texts, XML elements, records and special text
+/// forms is not checked here: for these types every text will do.
 XMLCONFIG_API bool isOfType(const std::wstring& text, SettingType type);
 
 /// The unit in which a setting is stored.
@@ -57,7 +57,7 @@ enum class Unit {
     Lumens
 };
 
-/// The name that people read: "radians", "pixels", ...; empty for None.
+/// The unit's name for people: "radians", "pixels", ...; empty for None.
 XMLCONFIG_API const wchar_t* nameOf(Unit unit);
 
 /// What a device's setting belongs to, and so whether it makes sense for another device.
@@ -68,7 +68,7 @@ enum class SettingClass {
     Place      ///< where it stands and what stands around it
 };
 
-/// "rest", "identity", "channel" or "place".
+/// The class's name: "rest", "identity", "channel" or "place".
 XMLCONFIG_API const wchar_t* nameOf(SettingClass settingClass);
 
 /// A number that stands for something, and what it stands for.
@@ -87,17 +87,17 @@ struct Range {
     bool ownJudgement = false;
 };
 
-/// False for what is no number (NaN).
+/// Whether the number lies in the range; NaN lies in none.
 XMLCONFIG_API bool contains(const Range& range, double number);
-/// "0 to 100", "1 and more", "above 0 to 1", "above 0".
+/// The range for people: "0 to 100", "1 and more", "above 0 to 1", "above 0".
 XMLCONFIG_API std::wstring textOf(const Range& range);
 
-/// When a setting counts: only while another one reads, or does not read, one of some texts.
+/// When a setting counts: only while another setting reads one of some texts, or only while it reads none of them.
 struct EffectCondition {
     std::wstring section;             ///< of the other setting; empty for the same section (the same device)
     std::wstring key;                 ///< of the other setting
     std::vector<std::wstring> texts;  ///< canonical stored forms
-    bool whileOneOf = true;           ///< whether the setting counts while the other one reads one of `texts`, or otherwise
+    bool whileOneOf = true;  ///< whether the setting counts while the other one reads one of `texts`, else otherwise
 };
 
 /// One setting as the catalogue lists it: where it is stored, what it holds and what it starts with.

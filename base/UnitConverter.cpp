@@ -8,7 +8,7 @@ namespace {
 
 double factorOf(UnitConversionTable::UnitSubType subType) { return UnitConversionTable::getUnitConversion(subType); }
 
-// Powers are multiplied out, because pow() need not round in the same way.
+// A square is multiplied out, because pow() need not round in the same way.
 double scaled(double ratio, int order, double value) {
     return order == 2 ? ratio * ratio * value : std::pow(ratio, order) * value;
 }

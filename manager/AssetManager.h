@@ -1,4 +1,5 @@
 #pragma once
 
-/// Where this header stood before; new code includes base/AssetManager.h.
+/// AssetManager stood here before. This header stays for applications that include it; new code includes
+/// base/AssetManager.h.
 #include "base/AssetManager.h"

@@ -18,17 +18,17 @@ enum class Severity {
     Note      ///< worth knowing
 };
 
-/// "error", "warning" or "note".
+/// The severity's name: "error", "warning" or "note".
 XMLCONFIG_API const wchar_t* nameOf(Severity severity);
 
-/// Whether a program may do what mends a finding.
+/// Whether a program may mend a finding by itself.
 enum class MendSafety {
     None,  ///< no: only the user knows what would mend it
     Safe,  ///< yes: what the application reads stays the same, or was broken for sure
     Asked  ///< only where the user has asked for it
 };
 
-/// "none", "safe" or "asked".
+/// The safety's name: "none", "safe" or "asked".
 XMLCONFIG_API const wchar_t* nameOf(MendSafety safety);
 
 /// What would mend a finding.
@@ -46,13 +46,13 @@ struct FindingPlace {
     std::optional<std::wstring> text;
 };
 
-/// Something in a document that deserves a look. None stops the library: it reads the document all the same.
+/// Something in a document that deserves a look. No finding stops the library, which reads the document all the same.
 struct Finding {
     std::wstring rule;  ///< "XC103"; `checkRules` tells what it means
     std::wstring name;  ///< "wrong-type"
     Severity severity = Severity::Warning;
     /// The element that the finding is about; where the document does not store it, the element that would be around it; a
-    /// view of no element for the document as a whole. Borrows the document: good until it changes or ends.
+    /// view of no element for the document as a whole. Borrows the document: use it no more when that has changed or ended.
     ElementView element;
     std::wstring address;  ///< as parseAddress takes it; of a device without ID the section's name; "" for the document
     std::wstring device;   ///< the name of the device whose setting it is, or its ID; "" for others
@@ -71,13 +71,13 @@ struct CheckOptions {
     bool givesAccepted = false;           ///< whether findings that a comment accepts are told too
 };
 
-/// What is found in a document of the latest version, which stays as it is: errors first, then warnings, then notes; within
-/// these by rule, and of each rule in document order. A document of a newer version gives one finding, which says so.
-/// Values that cannot be read are findings or count as missing; nothing is thrown for them. Sections whose keys the callers
-/// choose hold no unknown settings. A comment "xmlconfig accepts XC321: why" accepts what that rule finds in the element in
-/// which it stands. Angles in messages are in the document's unit. Takes time in proportion to the document.
+/// Checks a document of the latest version, which stays as it is, and gives what it finds: errors first, then warnings, then
+/// notes; within these by rule, and of each rule in document order. A document of a newer version gives one finding, which
+/// says so. Values that cannot be read are findings or count as missing; nothing is thrown for them. No setting is called
+/// unknown in a section whose keys the callers choose. A comment "xmlconfig accepts XC321: why" accepts what that rule finds
+/// in the element in which it stands. Messages give angles in the document's unit. Takes time in proportion to the document.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document, const CheckOptions& options);
-/// Checks a document that has no file, by every rule.
+/// Checks a document by every rule, as one that has no file: the files that it names are not looked for.
 XMLCONFIG_API std::vector<Finding> check(const ConfigInfo& document);
 /// The text of the comment that accepts what a rule finds: "xmlconfig accepts XC321: why".
 XMLCONFIG_API std::wstring acceptanceText(const std::wstring& rule, const std::wstring& reason);

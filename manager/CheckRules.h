@@ -20,11 +20,13 @@ struct CheckRule {
     MendSafety safety;         ///< of its mend
 };
 
-/// Every rule, by ID. Made once; lives as long as the process.
+/// Every rule, in the order of the IDs. The first call makes the list, which then lives as long as the process. May be
+/// called from any thread.
 XMLCONFIG_API const std::vector<CheckRule>& checkRules();
-/// Null for what is no rule's ID.
+/// The rule of that ID, one of checkRules(); null for what is no rule's ID.
 XMLCONFIG_API const CheckRule* findRule(const std::wstring& id);
-/// The rules that look at the setting in particular, by ID; those that look at every setting are not among them.
+/// The rules that look at the setting in particular, in the order of the IDs; those that look at every setting are not among
+/// them. The pointers are into checkRules().
 XMLCONFIG_API std::vector<const CheckRule*> rulesOf(const Setting& setting);
 
 }  // namespace XMLConfig

@@ -11,13 +11,14 @@
 /// What differs between two configurations, told by what the settings mean instead of by the lines of the files.
 namespace XMLConfig {
 
+/// How a comparison is made.
 struct DiffOptions {
     /// By how much numbers may differ and count as equal, in the stored unit. Without it doubles are equal within 1e-12 of
     /// their size, and those that are stored with six decimals within 5e-7.
     std::optional<double> tolerance;
 };
 
-/// A device of both documents whose ID has changed.
+/// A device that both documents hold, under different IDs.
 struct RenamedDevice {
     std::wstring section;  ///< the tag of its section
     std::wstring name;     ///< as the new document has it

@@ -26,6 +26,7 @@ struct EdgeValues {
     double top = 0.0;
     double bottom = 0.0;
 
+    /// The value for that edge, in the unit of the whole.
     [[nodiscard]] double at(ImageEdge edge) const {
         return edge == ImageEdge::Left ? left : edge == ImageEdge::Right ? right : edge == ImageEdge::Top ? top : bottom;
     }
@@ -203,13 +204,14 @@ XMLCONFIG_API bool isOneEyePoint(const Point_3Dim<double>& one, const Point_3Dim
 /// nothing is thrown for them. Takes time in proportion to the number of projectors.
 XMLCONFIG_API Layout layout(const ConfigInfo& document);
 
-/// The outline of a part of a usable channel's image as directions of any length, `points` to an edge, from the bottom
-/// left to the right and round. The part is given by shares of the image from its left and bottom: {0, 1, 1, 0} is the
-/// whole.
+/// The outline of a part of a usable channel's image as directions, which have no unit of length: `points` to an edge, from
+/// the bottom left to the right and round. The part is given by shares of the image from its left and bottom: {0, 1, 1, 0}
+/// is the whole.
 XMLCONFIG_API std::vector<Point_3Dim<double>> outlineOf(const Channel& channel, const EdgeValues& part, int points);
 
-/// The outline of a part of the screen, as directions seen from a point; empty where the screen is no sphere or cylinder. A
-/// screen that goes all the way round, or up to a pole, has no edge there, but is drawn with one.
+/// The outline of a part of the screen as directions, which have no unit of length, seen from a point: `points` to an edge.
+/// Empty where the screen is no sphere or cylinder. A screen that goes all the way round, or up to a pole, has no edge
+/// there, but is drawn with one.
 XMLCONFIG_API std::vector<Point_3Dim<double>> outlineOf(const LayoutScreen& screen, const Point_3Dim<double>& from,
                                                         const ScreenPatch& part, int points);
 /// The whole of such a screen; none where it is no sphere or cylinder, or its size is not stored or makes no sense.

@@ -18,10 +18,10 @@ enum class Origin {
     Default     ///< no file holds it
 };
 
-/// "stored", "inherited" or "default".
+/// The origin's name: "stored", "inherited" or "default".
 XMLCONFIG_API const wchar_t* nameOf(Origin origin);
 
-/// A value as the application reads it. The view borrows the document: good until it changes or ends.
+/// A value as the application reads it. The view borrows the document: use it no more when that has changed or ended.
 struct EffectiveValue {
     Origin origin = Origin::Default;
     Address from;         ///< where it stands; without meaning for a default

@@ -31,7 +31,7 @@ struct UpgradeStepReport {
     std::vector<UpgradeChange> changes;
 };
 
-/// Called during an upgrade with what it does. Without an observer the upgrade gathers nothing.
+/// Told during an upgrade what that does. Without an observer the upgrade gathers nothing.
 class XMLCONFIG_API UpgradeObserver {
 public:
     virtual ~UpgradeObserver();
@@ -41,16 +41,17 @@ public:
     virtual void stepDone(UpgradeStepReport step) = 0;
 };
 
-/// An observer that keeps all reports.
+/// An observer that keeps all that it is told, in the order of the steps. Where the upgrade throws, it keeps what it was
+/// told before.
 class XMLCONFIG_API UpgradeReceipt : public UpgradeObserver {
 public:
     ~UpgradeReceipt() override;
-    void upgradeBegins(double from, double to) override;
-    void stepDone(UpgradeStepReport step) override;
+    void upgradeBegins(double from, double to) override;  ///< keeps both versions
+    void stepDone(UpgradeStepReport step) override;       ///< keeps the report
 
-    double fromVersion = 0.0;
-    double toVersion = 0.0;
-    std::vector<UpgradeStepReport> steps;
+    double fromVersion = 0.0;              ///< the document's version before; 0.0 where no upgrade began
+    double toVersion = 0.0;                ///< the latest version; 0.0 where no upgrade began
+    std::vector<UpgradeStepReport> steps;  ///< one for each step that was applied
 };
 
 /// Applies the conversion steps that the document's version asks for, in memory, and stamps the latest version.

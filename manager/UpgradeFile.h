@@ -8,7 +8,7 @@
 
 namespace XMLConfig {
 
-/// What upgradeFile does.
+/// What upgradeFile is asked to do.
 struct UpgradeFileRequest {
     std::wstring path;         ///< the file to convert
     std::wstring target = {};  ///< where the result goes, a file that does not exist yet; "" for `path` itself
@@ -32,19 +32,19 @@ struct DeviceWithNewID {
     std::wstring newID;
 };
 
-/// A setting that names a camera by the ID that it had before the upgrade, and so names none.
+/// A setting that names a camera by the ID that the camera had before the upgrade, and so names none.
 struct DanglingReference {
-    std::wstring address;
-    std::wstring value;
+    std::wstring address;   ///< of the setting, as addressText writes it
+    std::wstring value;     ///< as stored
     std::wstring newValue;  ///< the value with the cameras' new IDs
 };
 
 /// A setting of a projector that reads another value than before, because projectors of the latest version inherit what most
 /// of them have.
 struct ValueReadOtherwise {
-    std::wstring address;
-    std::wstring oldValue;  ///< in stored form
-    std::wstring newValue;
+    std::wstring address;   ///< of the setting, as addressText writes it
+    std::wstring oldValue;  ///< what the application read before, in stored form
+    std::wstring newValue;  ///< what it reads now, in stored form
 };
 
 /// What upgradeFile did, or would do.

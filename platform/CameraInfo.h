@@ -6,26 +6,27 @@
 
 #include "platform/Export.h"
 
-/// A camera as its device snippet describes it. A new record holds zeros, false and empty texts.
+/// A camera as its device snippet describes it. A new record holds zeros, false and empty texts. Texts are taken as they
+/// are, without a check.
 class XMLCONFIG_API CameraInfo {
 public:
-    void setBayerPattern(int pattern);
-    void setCameraType(int type);
-    void setDefaultGateway(const std::wstring& address);
-    void setDHCP(bool enabled);
-    void setFirmware(const std::wstring& version);
-    void setIPAddress(const std::wstring& address);
-    void setMACAddress(const std::wstring& address);
-    void setModel(const std::wstring& model);
-    void setResolution(int x, int y);  ///< pixels
-    void setSerialNumber(const std::wstring& number);
-    void setSubnetMask(const std::wstring& mask);
+    void setBayerPattern(int pattern);  ///< number of the sensor's Bayer pattern
+    void setCameraType(int type);       ///< number of the kind of camera, as files before version 9 hold it
+    void setDefaultGateway(const std::wstring& address);  ///< IP address of the camera's gateway
+    void setDHCP(bool enabled);                           ///< whether the camera gets its IP address by DHCP
+    void setFirmware(const std::wstring& version);        ///< version of the camera's firmware
+    void setIPAddress(const std::wstring& address);       ///< the camera's IP address
+    void setMACAddress(const std::wstring& address);      ///< the camera's MAC address
+    void setModel(const std::wstring& model);             ///< the maker's name for this kind of camera
+    void setResolution(int x, int y);                     ///< width and height of its images in pixels
+    void setSerialNumber(const std::wstring& number);     ///< the camera's serial number
+    void setSubnetMask(const std::wstring& mask);         ///< mask of the camera's IP network
 
     /// Names and texts of the elements bayerPattern, cameraType, defaultGateway, dhcp ("true"/"false"), firmware, ipAddress,
     /// macAddress, model, resolutionX, resolutionY, serialNumber, subnetMask in this order. The names live as long as the
     /// program.
     std::vector<std::pair<const wchar_t*, std::wstring>> elements() const;
-    /// UTF-8: the same as XML, escaped, with nothing between.
+    /// The same elements as XML in UTF-8: texts escaped, no white space between elements.
     std::string toXml() const;
 
 private:

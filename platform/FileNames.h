@@ -6,18 +6,21 @@
 
 #include "platform/Export.h"
 
-/// What a name stands for, asked as the library's loads and saves ask it: any character, any length, both separators.
+/// What a file's name stands for, found as the library's loads and saves find it: a name may hold any character, may be of
+/// any length, and both "/" and "\" separate its parts.
 namespace XMLConfig {
 
 /// Whether anything has this name: a file, a folder, also a link that leads nowhere.
 XMLCONFIG_API bool isNameTaken(const std::wstring& path);
-/// Whether the name is that of a device whatever folder and ending are put to it, as "NUL.skorrax" is on Windows.
+/// Whether the system takes the name for a device, whatever folder stands before it and whatever ending after it, as
+/// Windows takes "shows/NUL.skorrax". False on other systems.
 XMLCONFIG_API bool isDeviceName(const std::wstring& path);
-/// The name for the streams of the standard library, which of themselves reach no long name on Windows and take "\" for a
-/// part of a name elsewhere.
+/// The name in the form that the standard library's streams open: without it they reach no long name on Windows, and
+/// elsewhere they take "\" for a part of a name.
 XMLCONFIG_API std::filesystem::path pathForStreams(const std::wstring& path);
-/// The files that a name with "*" or "?" stands for, sorted, where the system's shell leaves such names to programs
-/// (Windows). None for another name, where nothing fits, and on systems whose shells have done it.
+/// On Windows, whose shell leaves such names to programs, the files that a name with "*" or "?" stands for, sorted; empty
+/// where no file fits, and for a name without those characters. Empty on other systems, where the shell has replaced such
+/// names before the program starts.
 XMLCONFIG_API std::vector<std::wstring> filesMatching(const std::wstring& pattern);
 
 }  // namespace XMLConfig

@@ -6,8 +6,8 @@ namespace Corvane {
 
 /// Rows and columns of a layout.
 struct GridSize {
-    std::int32_t height;
-    std::int32_t width;
+    std::int32_t height;  ///< number of rows
+    std::int32_t width;   ///< number of columns
 };
 
 }  // namespace Corvane

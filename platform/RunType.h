@@ -9,7 +9,7 @@ enum class RunType { ClassicRun, CinemaRun, Palvex3DRun };
 
 /// "ClassicRun", "CinemaRun" or "Palvex3DRun"; any other value gives "ClassicRun".
 XMLCONFIG_API std::wstring RunTypeToString(RunType runType);
-/// The exact reverse; unknown text gives ClassicRun.
+/// The value of one of these texts, case counts; any other text gives ClassicRun.
 XMLCONFIG_API RunType StringToRunType(const std::wstring& text);
 
 namespace Cinema {
@@ -19,7 +19,7 @@ enum class Frame { Flat, Scope };
 
 /// "Flat" or "Scope"; any other value gives "Flat".
 XMLCONFIG_API std::wstring FrameToString(Frame frame);
-/// The exact reverse; unknown text gives Flat.
+/// The value of one of these texts, case counts; any other text gives Flat.
 XMLCONFIG_API Frame StringToFrame(const std::wstring& text);
 
 }  // namespace Cinema

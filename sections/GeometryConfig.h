@@ -10,16 +10,18 @@
 
 namespace BlackLevelBlending {
 
-/// How the black level of overlapping projectors is evened out. Any stored number may be cast to it.
+/// How the black level of overlapping projectors is evened out. The application knows more methods than are named here: any
+/// stored number may be cast to it.
 enum BlackLevelMethod : int { BlackLevelMethodDefault = 0 };
 
 }  // namespace BlackLevelBlending
 
 /// The settings of the geometric solve, the one "Geometry" section, and the display-wide defaults of the projectors.
 ///
-/// Getters give the named default for a missing item and create nothing. The accessor keeps no state. Errors of the
-/// document reach the caller unchanged.
+/// A getter of a missing item gives the default that its comment names, and creates nothing; setters store values as given,
+/// without a check. The accessor keeps no values. Errors of the document reach the caller unchanged.
 /// The order of the virtual members is part of the interface: do not reorder them.
+///
 /// Its settings: sections/GeometryItems.h and, as a page, docs/settings.md#geometry.
 class XMLCONFIG_API GeometryConfig : public BaseConfig {
 public:
@@ -32,14 +34,16 @@ public:
         FitSolverPerspective = 7,
         FitSolverHybrid = 8
     };
-    /// How mapper blobs are encoded in Pellinor runs. Any stored number may be cast to it.
+    /// How mapper blobs are encoded in Pellinor runs. The application knows more methods than are named here: any stored
+    /// number may be cast to it.
     enum PellinorBlobEncodingMethod : int { PellinorBlobEncodingDefault = 0 };
 
     /// Borrows the document (null: a private one). Writes nothing.
     GeometryConfig(ConfigInfo* configInfo, const std::wstring& sectionID);
     ~GeometryConfig() override;
-    /// Writes what a new document holds, through the setters; no projector and no layout, unlike the defaults of
-    /// missing items.
+    /// Writes the values of a new document by calling the setters, those of a subclass too: 0 projectors in a layout of 0 by
+    /// 0, where missing items read 1, and for the rest what a missing item gives. It writes all, or nothing where anything
+    /// is thrown.
     void initialize() override;
 
     virtual int getProjectorCount() const;  ///< number of projectors in the layout; 1 when missing
@@ -104,9 +108,9 @@ public:
     virtual void setDoSphericalBlend(bool value);
     virtual int getFitOrder() const;  ///< order of the function that is fitted to the mapper blobs; 3 when missing
     virtual void setFitOrder(int value);
-    /// Mapper that fits the warps; 2 when missing, and for every stored number without a solver.
+    /// Mapper that fits the warps; FitSolverDefault (2) when missing, and for every stored number that has no name here.
     virtual FitSolver getFitSolver() const;
-    virtual void setFitSolver(FitSolver value);
+    virtual void setFitSolver(FitSolver value);  ///< stores any number
     /// Whether a run computes the blends only and keeps the warps; false when missing.
     virtual bool getDoCalculateBlendsOnlyRun() const;
     virtual void setDoCalculateBlendsOnlyRun(bool value);
@@ -166,16 +170,19 @@ public:
 
     bool getDoPellinorWarpValidation() const;  ///< whether Pellinor runs check the warps they compute; false when missing
     void setDoPellinorWarpValidation(bool value);
-    /// The projector layout as one value.
+    /// What getProjectorLayoutHeight() and getProjectorLayoutWidth() give: the number of rows and of columns.
     Corvane::GridSize getSimpleLayoutGridSize() const;
+    /// Calls setProjectorLayoutHeight() and setProjectorLayoutWidth(); stores both, or nothing where anything is thrown.
     void setSimpleLayoutGridSize(const Corvane::GridSize& value);
 
-    static Point_2Dim<int> getDefaultBoxSize();
-    static double getDefaultBoxSpacing();
+    static Point_2Dim<int> getDefaultBoxSize();  ///< what getBoxSize() gives for a missing item: 21, 21 (pixels)
+    static double getDefaultBoxSpacing();        ///< what getBoxSpacing() gives for a missing item: 1.5 box sizes
+    /// What getAutomaticMapperSettingsEnabled() gives for a missing item: true.
     static bool getDefaultAutomaticMapperSettingsEnabledState();
+    /// The key under which that setting is stored: "Enable_Automatic_Mapper_Settings".
     static std::wstring getAutomaticMapperSettingsEnabledXmlTagName();
-    /// The solver of the same number as the mapper; solver 2 where there is none of that number.
+    /// The solver of the same number as the mapper; FitSolverDefault where there is none of that number.
     static FitSolver mapperTypeToGeoConfigFitSolver(MapperType mapperType);
-    /// The mapper of the same number as the solver; mapper 2 where there is none of that number.
+    /// The mapper of the same number as the solver; MapperDefault where there is none of that number.
     static MapperType geoConfigFitSolverToMapperType(FitSolver fitSolver);
 };

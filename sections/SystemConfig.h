@@ -15,32 +15,34 @@
 class AssetManager;
 
 /// One black-box controller, which switches the power of cameras or LED lights: whether it is used, by which protocol,
-/// address and port it is spoken to, and the number of the power port, or ports, that it switches. Port numbers have no
-/// unit.
+/// address and port it is spoken to, and the number of the power port, or ports, that it switches. A plain value: it is no
+/// part of a document until SystemConfig stores it.
 class XMLCONFIG_API BlackBoxInfo {
 public:
     /// Not enabled, no address, communication port 0, power port -1.
     BlackBoxInfo() = default;
+    /// With no other power ports.
     BlackBoxInfo(bool enabled, const std::wstring& protocol, const std::wstring& commAddress, int commPort, int powerPort);
     BlackBoxInfo(const BlackBoxInfo&) = default;
     BlackBoxInfo& operator=(const BlackBoxInfo&) = default;
     virtual ~BlackBoxInfo();
 
-    bool getEnabled() const { return m_enabled; }
+    bool getEnabled() const { return m_enabled; }  ///< whether the controller is used
     void setEnabled(bool enabled) { m_enabled = enabled; }
-    const std::wstring& getProtocol() const { return m_protocol; }
+    const std::wstring& getProtocol() const { return m_protocol; }  ///< how it is spoken to, such as "serial"
     void setProtocol(const std::wstring& protocol) { m_protocol = protocol; }
-    const std::wstring& getCommAddress() const { return m_commAddress; }
+    const std::wstring& getCommAddress() const { return m_commAddress; }  ///< where it is, such as "COM3" or "10.0.0.5"
     void setCommAddress(const std::wstring& commAddress) { m_commAddress = commAddress; }
-    int getCommPort() const { return m_commPort; }
+    int getCommPort() const { return m_commPort; }  ///< number of the port, or the rate, of that protocol: 5000, 9600
     void setCommPort(int commPort) { m_commPort = commPort; }
-    int getPowerPort() const { return m_powerPort; }
+    int getPowerPort() const { return m_powerPort; }  ///< number of the power port that it switches; -1 for none
     void setPowerPort(int powerPort) { m_powerPort = powerPort; }
+    /// Numbers of further power ports that it switches, in stored order; a copy.
     std::vector<std::int32_t> getOtherPowerPorts() const { return m_otherPowerPorts; }
-    /// Copies the list and leaves it as it is.
+    /// Copies the list. It is not changed, although it is taken as if it could be.
     void setOtherPowerPorts(std::vector<std::int32_t>& otherPowerPorts) { m_otherPowerPorts = otherPowerPorts; }
 
-    /// One line for logs; the other power ports are not shown.
+    /// The values as one line for logs, without the other power ports.
     std::wstring toString() const;
 
 private:
@@ -52,17 +54,19 @@ private:
     std::vector<std::int32_t> m_otherPowerPorts;
 };
 
-/// One entry of an ACT unit's relay list, in the order in which it is stored.
+/// One entry of an ACT unit's relay list: two numbers that the application understands.
 struct ACTRelayAssociation {
-    std::int32_t first;
-    std::int32_t second;
+    std::int32_t first;   ///< what stands first in the file
+    std::int32_t second;  ///< what stands second
 };
 
 /// The settings of the whole installation, the one "System" section.
 ///
-/// Getters give the named default for a missing item and create nothing. Only the prompt flag lives in the accessor; it
-/// is false after every construction. Errors of the document reach the caller unchanged.
-/// The order of the virtual members is part of the interface: do not reorder them.
+/// A getter of a missing item gives the default that its comment names, and creates nothing; a setter stores at once and
+/// checks nothing, where its comment says no more. Only the prompt flag lives in the accessor: whether the user is to be
+/// asked before an automatic camera calibration. It is false in every new accessor. Errors of the document reach the caller
+/// unchanged. The order of the virtual members is part of the interface: do not reorder them.
+///
 /// Its settings: sections/SystemItems.h and, as a page, docs/settings.md#system.
 class XMLCONFIG_API SystemConfig : public BaseConfig {
 public:
@@ -77,57 +81,63 @@ public:
         MarkerLocationCheckerboard = 6
     };
 
-    static const std::wstring DEFAULT_FILE_BASENAME;
-    static const std::wstring DEFAULT_SKORRA_FILE_EXTENSION;
-    static constexpr int kDefaultGlareThreshold = 100;
-    static constexpr int kDefaultMarkedSurfaceMaskingExpansionPct = 0;
+    static const std::wstring DEFAULT_FILE_BASENAME;                    ///< "untitled"
+    static const std::wstring DEFAULT_SKORRA_FILE_EXTENSION;            ///< ".skorrax"
+    static constexpr int kDefaultGlareThreshold = 100;                  ///< percent
+    static constexpr int kDefaultMarkedSurfaceMaskingExpansionPct = 0;  ///< percent
 
     /// Borrows the document (null: a private one), shares the asset manager (null is accepted). Writes nothing.
     SystemConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager> assetManager, const std::wstring& sectionID);
     ~SystemConfig() override;
-    /// Writes what a new document holds; 4 power ports and parallel sends, unlike the defaults of missing items.
+    /// Writes the values of a new document: 4 power ports of a black box and parallel sends, where missing items read 2 and
+    /// false, and for the rest what a missing item gives. No ACT units are left. All is written, or nothing where anything
+    /// is thrown.
     void initialize() override;
 
     // Finding the markers.
 
-    /// How the markers are found in the camera images; "-prompt" at the end asks the user before an automatic one.
-    /// MarkerLocationManual when missing or unknown; the stored text counts with its case.
+    /// How the markers are found in the camera images; "-prompt" at the end asks the user before an automatic one. The
+    /// method is given without the prompt. MarkerLocationManual when missing, and for a text that is not known; case counts.
     virtual MarkerLocationMethodEnum getMarkerLocationMethod() const;
-    /// With the prompt flag set, both automatic methods (ACT, marked surface) are stored with the prompt.
-    /// Throws CorvaneException for a value that is no enumerator; nothing is stored then.
+    /// Stores the method: with the prompt when it is one of the automatic methods (ACT, marked surface) and the prompt flag
+    /// is set, otherwise without. Throws CorvaneException for a value that is no enumerator; nothing is stored then.
     void setMarkerLocationMethod(MarkerLocationMethodEnum method);
-    /// How the markers are found in the camera images; "-prompt" at the end asks the user before an automatic one. Whether
-    /// the stored method asks the user first; the prompt flag is not consulted.
+    /// Whether the stored method asks the user first: whether "-prompt" stands in its text; false when missing. The prompt
+    /// flag is not looked at.
     bool getPromptUserForAutomaticCameraCalibrationEnabledState() const;
-    /// Sets the prompt flag and stores the present method anew.
+    /// Sets the prompt flag and stores the present method anew, with the prompt or without. Where that throws, the flag
+    /// stays.
     void setPromptUserForAutomaticCameraCalibrationEnabledState(bool enabled);
-    /// Whether the method is ACT or the marked surface.
+    /// Whether getMarkerLocationMethod() gives an automatic method: ACT or the marked surface.
     bool isAutomaticCameraCalibrationEnabled() const;
-    /// The method of a stored text; MarkerLocationManual for any other text.
+    /// The method that a stored text stands for; MarkerLocationManual for a text that is not known; case counts.
     MarkerLocationMethodEnum markerLocationMethodEnumFromString(const std::wstring& text) const;
-    /// What a user reads; empty for the checkerboard and for values that are no enumerators.
+    /// The method's name for users, such as "LED Manual"; empty for the checkerboard and for values that are no enumerators.
     static std::string MarkerLocationMethodEnumToString(MarkerLocationMethodEnum method);
 
-    // Units: names as in UnitConversionTable.
+    // Units, by their names in UnitConversionTable or by its sub-types. They say how the application shows values; what is
+    // stored keeps its own unit.
 
-    /// Unit in which the application shows and takes lengths; UNIT_DEFAULT() when missing.
+    /// Unit in which the application shows and takes lengths, as stored; "Meters" when missing.
     virtual std::wstring getLengthUnit() const;
-    /// Meters, centimeters, millimeters, feet and inches; any other name is ignored.
+    /// Stores meters, centimeters, millimeters, feet or inches; any other name is ignored without a word.
     void setLengthUnit(const std::wstring& name);
-    /// Unit in which the application shows and takes angles; ANGLE_UNIT_DEFAULT() when missing.
+    /// Unit in which the application shows and takes angles, as stored; "Degrees" when missing.
     std::wstring getAngleUnit() const;
-    /// Degrees and radians; any other name is ignored.
+    /// Stores degrees or radians; any other name is ignored without a word.
     void setAngleUnit(const std::wstring& name);
+    /// What getLengthUnit() gives, as a sub-type; UnknownUnitSubType for a name that is none.
     UnitConversionTable::UnitSubType getLengthUnitByEnum() const;
-    /// Meters, centimeters, feet and inches; millimeters, too, are ignored here.
+    /// Stores meters, centimeters, feet or inches; any other sub-type, millimeters too, is ignored without a word.
     void setLengthUnitByEnum(UnitConversionTable::UnitSubType subType);
+    /// What getAngleUnit() gives, as a sub-type; UnknownUnitSubType for a name that is none.
     UnitConversionTable::UnitSubType getAngleUnitByEnum() const;
-    /// Radians and degrees; any other sub-type is ignored.
+    /// Stores radians or degrees; any other sub-type is ignored without a word.
     void setAngleUnitByEnum(UnitConversionTable::UnitSubType subType);
 
-    // Cinema.
+    // The picture of a cinema run. The library gives its three numbers no unit.
 
-    Cinema::Frame getCinemaFrameType() const;  ///< picture format of a cinema run; Flat when missing
+    Cinema::Frame getCinemaFrameType() const;  ///< picture format of a cinema run; Flat when missing, and for unknown texts
     void setCinemaFrameType(Cinema::Frame frame);
     virtual double getCinemaKeystoneValue() const;  ///< keystone correction of the cinema picture; 0.0 when missing
     void setCinemaKeystoneValue(double value);
@@ -143,10 +153,13 @@ public:
     /// Whether all mapper blobs are shown in one image instead of a sequence; false when missing.
     virtual bool getOneShotMappersEnabled() const;
     void setOneShotMappersEnabled(bool value);
-    RunType getRunType() const;  ///< kind of calibration run; ClassicRun when missing
+    RunType getRunType() const;  ///< kind of calibration run; ClassicRun when missing, and for unknown texts
     void setRunType(RunType runType);
-    std::wstring getSkorraFilename() const;  ///< name of the warp file that a run produces; "untitled.skorrax" when missing
-    /// The extension is appended unless the name ends in it; an empty name and the bare extension are ignored.
+    /// Name of the warp file that a run produces, as stored: XMLConfigManager::getSkorraFilename gives it as a path that can
+    /// be opened. "untitled.skorrax" when missing.
+    std::wstring getSkorraFilename() const;
+    /// Stores the name, with ".skorrax" appended unless it ends so (case counts). An empty name and ".skorrax" alone are
+    /// ignored without a word.
     void setSkorraFilename(const std::wstring& name);
     bool getAreBlindersUsed() const;  ///< whether blinders keep stray projector light off the screen; false when missing
     void setAreBlindersUsed(bool value);
@@ -156,53 +169,62 @@ public:
     void setIsCameraUsed(bool value);
     /// Whether what lies outside the screen surface is masked in the camera images; true when missing.
     bool isUseScreenAsMaskEnabled() const;
-    void enableUseScreenAsMask(bool value);
+    void enableUseScreenAsMask(bool value);  ///< stores whether that is masked
     /// Whether blending from projector poses leaves shadowed (occluded) areas out of account; false when missing.
     bool getPoseBlenderIgnoresOcclusions() const;
     void setPoseBlenderIgnoresOcclusions(bool value);
     bool getParallelizeSends() const;  ///< whether warps are sent to all projectors at the same time; false when missing
     void setParallelizeSends(bool value);
-    /// Brightness from which a camera pixel counts as glare; 100 finds none (percent); kDefaultGlareThreshold when missing.
+    /// Brightness from which a camera pixel counts as glare; 100 finds none (percent);
+    /// kDefaultGlareThreshold (100) when missing.
     int getGlareThreshold() const;
     void setGlareThreshold(int percent);
-    /// How far the mask around the marked surface is widened (percent); kDefaultMarkedSurfaceMaskingExpansionPct when
-    /// missing.
+    /// How far the mask around the marked surface is widened (percent);
+    /// kDefaultMarkedSurfaceMaskingExpansionPct (0) when missing.
     int getMarkedSurfaceMaskingExpansionPct() const;
     void setMarkedSurfaceMaskingExpansionPct(int percent);
     /// When the reference mappings were taken; 0 for never (seconds since 1970-01-01 UTC); 0 when missing.
     int getReferenceMappingsTimeStamp() const;
     void setReferenceMappingsTimeStamp(int timeStamp);
 
-    // Black-box controllers. A missing or malformed item reads as a default BlackBoxInfo. The setters keep the other
-    // power ports that the document holds and ignore those of their argument.
+    // Black-box controllers. A text of fewer than five pieces reads as a default BlackBoxInfo, as a missing item does. The
+    // setters keep the other power ports that the document holds, and ignore those of their argument. Of all that stands
+    // before these ports they store 127 characters.
 
     int getNumAvailableBlackBoxPowerPorts() const;  ///< number of power ports a black box offers; 2 when missing
     void setNumAvailableBlackBoxPowerPorts(int count);
+    /// Black box that powers the cameras: enabled, protocol, address, port, power port, other power ports; a default
+    /// BlackBoxInfo when missing.
     BlackBoxInfo getBlackBoxCamerasComm() const;
     void setBlackBoxCamerasComm(const BlackBoxInfo& info);
+    /// Black box that powers the LED lights: enabled, protocol, address, port, power port, other power ports; a default
+    /// BlackBoxInfo when missing.
     BlackBoxInfo getBlackBoxLEDLightsComm() const;
     void setBlackBoxLEDLightsComm(const BlackBoxInfo& info);
 
-    // Commands of motorised blend plates; projectors without their own use these. Empty when missing.
+    // Commands of motorised blend plates.
 
-    /// Command that prepares the motorised blend plates of projectors without a command of their own.
+    /// Command that prepares the motorised blend plates of projectors without a command of their own; empty when missing.
     std::wstring getMotoBlendInitCommand() const;
     void setMotoBlendInitCommand(const std::wstring& command);
-    /// Command that opens the motorised blend plates of projectors without a command of their own.
+    /// Command that opens the motorised blend plates of projectors without a command of their own; empty when missing.
     std::wstring getMotoBlendOpenCommand() const;
     void setMotoBlendOpenCommand(const std::wstring& command);
-    /// Command that closes the motorised blend plates of projectors without a command of their own.
+    /// Command that closes the motorised blend plates of projectors without a command of their own; empty when missing.
     std::wstring getMotoBlendCloseCommand() const;
     void setMotoBlendCloseCommand(const std::wstring& command);
 
-    // ACT units, numbered from 0.
+    // ACT units. The first has the number 0.
 
     int getACTCount();  ///< number of ACT units; 0 when missing
-    /// Removes the addresses and associations of units beyond `count`; a negative count is stored as 0.
+    /// Stores the count, a negative one as 0, and removes the addresses and associations of the units that there are no
+    /// more: all of it, or nothing where anything is thrown.
     void setACTCount(int count);
-    std::wstring getACTAddress(int unit);  ///< empty when missing
-    void setACTAddress(int unit, const std::wstring& address);
-    /// Empty when missing; a trailing number without a partner is ignored.
+    /// Address of the ACT unit of that number, counted from 0; empty when missing, whatever the count says.
+    std::wstring getACTAddress(int unit);
+    void setACTAddress(int unit, const std::wstring& address);  ///< does not change the count
+    /// Relay associations of the ACT unit of that number: two integers a line in the file, here one entry in the same order.
+    /// A last number without a partner is ignored. Empty when missing.
     std::vector<ACTRelayAssociation> getACTRelayAssociations(int unit);
     void setACTRelayAssociations(int unit, const std::vector<ACTRelayAssociation>& associations);
     /// How ACT calibration detects blobs in the camera images; "basic" when missing.

@@ -32,7 +32,7 @@ struct Assignment {
 /// Throws as parseAddress, and for text without "=".
 XMLCONFIG_API Assignment parseAssignment(const std::wstring& text);
 
-/// What the address names in an outline, found as ConfigInfo finds it; null when there is nothing.
+/// What the address names in an outline, found as ConfigInfo finds it: a pointer into `nodes`; null when there is nothing.
 XMLCONFIG_API const OutlineNode* findNode(const std::vector<OutlineNode>& nodes, const Address& address);
 
 }  // namespace XMLConfig

@@ -9,12 +9,12 @@
 
 class ConfigInfo;
 
-/// Comments, which travel with a document through every save; `commentsOf` lists all of them.
+/// The comments of a document, which every save keeps. `commentsOf` in store/ElementView.h lists all of them.
 namespace XMLConfig {
 
-/// Those inside one element, at any depth; none of no element.
+/// The comments inside one element, at any depth; empty for a view of no element.
 XMLCONFIG_API std::vector<CommentView> commentsIn(const ElementView& around);
-/// Those that stand directly in one element.
+/// The comments that stand directly in one element, not deeper; empty for a view of no element.
 XMLCONFIG_API std::vector<CommentView> commentsDirectlyIn(const ElementView& around);
 
 /// Writes a comment at the end of each of those elements and sets the document dirty. Each is the document's root or a

@@ -20,6 +20,7 @@ public:
 
     /// The version that this library writes.
     static double getLatestFileVersionNumber();
+    /// The date of this build, as documents store it: "Mar 11 2019".
     static std::wstring getBuildDate();
 
 private:

@@ -26,10 +26,11 @@ class FileLock;
 /// ConfigInfo::save and XMLConfigManager::saveConfiguration take no lock and may be called while one is held.
 class XMLCONFIG_API ConfigLock {
 public:
-    /// Waits until the lock is free, 30 seconds where nothing else is said; zero or less asks once, and
-    /// may meet a lock that was given back a moment ago, while some program looks at what its holder has open. The file
-    /// itself need not exist. Throws ConfigBusyException when it is not free within that time, and CorvaneException where it
-    /// cannot be had at all, as where the folder does not exist.
+    /// Waits until the lock is free, 30 seconds where nothing else is said; zero or less asks once. The file itself need not
+    /// exist. Throws ConfigBusyException when the lock is not free within that time, and CorvaneException where it cannot be
+    /// had at all, as where the folder does not exist.
+    /// Asking once may also find the lock taken just after its holder gave it back: a program that lists what other programs
+    /// have open, as some monitors do, keeps the lock alive while it looks.
     explicit ConfigLock(const std::wstring& path, std::chrono::milliseconds patience = std::chrono::seconds(30));
     ~ConfigLock();
     ConfigLock(const ConfigLock&) = delete;
@@ -42,6 +43,7 @@ private:
 /// Thrown where a ConfigLock waited in vain: "Error ConfigLock: " and the reason.
 class XMLCONFIG_API ConfigBusyException : public CorvaneException {
 public:
+    /// `process` as getProcess() gives it.
     ConfigBusyException(const std::wstring& reason, long process);
     ConfigBusyException(const ConfigBusyException&) = default;
     ConfigBusyException& operator=(const ConfigBusyException&) = default;

@@ -13,9 +13,9 @@ namespace XMLConfig {
 
 struct Address;
 
-/// An element of a document, read where it stands: a section, a subsection, an item or a part of a fragment. It is one
-/// pointer, made to be copied, and borrows the document: good until the document changes or ends. A view of no element
-/// gives empty texts and no other elements.
+/// An element of a document, read where it stands: a section, a subsection, an item or a part of a fragment. A view is one
+/// pointer, made to be copied. It borrows the document: use it no more when the document has changed or ended. A view of no
+/// element gives empty texts and no other elements.
 class XMLCONFIG_API ElementView {
 public:
     class Children;
@@ -27,7 +27,7 @@ public:
     std::wstring name() const;
     /// Compares the tag without making wide text of it.
     bool isNamed(const std::wstring& tag) const;
-    /// Compares the tags; best where both are elements of one document.
+    /// Compares the tags, fastest where both are elements of one document.
     bool isNamedLike(const ElementView& other) const;
     /// An attribute's value; nothing where there is no such attribute.
     std::optional<std::wstring> attribute(const std::wstring& attributeName) const;
@@ -91,13 +91,14 @@ inline ElementView::Children ElementView::children() const { return Children(fir
 XMLCONFIG_API bool haveEqualContents(const ElementView& one, const ElementView& other);
 /// The root, whose children are the header elements and the sections.
 XMLCONFIG_API ElementView rootElement(const ConfigInfo& document);
+
 /// A comment inside the root. The views borrow the document as all do.
 struct CommentView {
     ElementView around;  ///< the element in which it stands directly
     ElementView next;    ///< the element after it there; of no element where it is the last
     std::wstring text;
 };
-/// All of them, in document order.
+/// All comments inside the root, in document order.
 XMLCONFIG_API std::vector<CommentView> commentsOf(const ConfigInfo& document);
 /// The sections of that tag in document order, those without ID too. Nothing else of the document is visited.
 XMLCONFIG_API std::vector<ElementView> sectionElements(const ConfigInfo& document, const std::wstring& tag);

@@ -9,15 +9,15 @@
 
 namespace XMLConfig {
 
-/// A place in a text file, both counted from 1. A column counts as messages about malformed files count it.
+/// A place in a text file; line and column are counted from 1, as messages about malformed files count them.
 struct FilePlace {
     unsigned long long line = 0;
     unsigned long long column = 0;
 };
 
-/// Where a document's elements stand in the file that it was loaded from. A document keeps no places itself, so that
-/// nobody pays for them who does not ask: the file is read once more. That takes a small part of the time of a load where
-/// the file is as the document was loaded or saved, and about one and a half loads where it has changed since.
+/// Where a document's elements stand in the file that it was loaded from. A document keeps no places, so that only those pay
+/// for them who ask: the file is read once more. That takes a small part of the time of a load where the file is as the
+/// document was loaded or saved, and about one and a half loads where it has changed since.
 ///
 /// An element is found by what it is, not by what was done to it: it has the place of the file's element of the same tag
 /// and the same "ID" attribute (or none), below elements likewise the same. Of several that are equal in that, the first
@@ -31,7 +31,8 @@ public:
     FilePlaces(const FilePlaces&) = delete;
     FilePlaces& operator=(const FilePlaces&) = delete;
 
-    /// Where the element's start tag begins. Ask before the document changes or ends.
+    /// Where the element's start tag begins; nothing for an element that has no place. Ask before the document changes or
+    /// ends.
     std::optional<FilePlace> find(const ElementView& element) const;
 
 private:

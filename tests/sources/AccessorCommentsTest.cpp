@@ -1,144 +1,91 @@
-// The headers of the sections say of each getter what its setting's descriptor says: meaning and unit.
+// The headers of the sections say of each getter what its setting's descriptor says: meaning, unit and default.
 
 #include <algorithm>
-#include <cctype>
-#include <filesystem>
+#include <cstdlib>
 #include <map>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "manager/Catalogue.h"
-#include "platform/Files.h"
 #include "platform/Text.h"
 #include "platform/Words.h"
+#include "tests/support/Declarations.h"
+#include "tests/support/DescribedGetters.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
+using testing::HasSubstr;
 using XMLConfig::Setting;
+using XMLConfig::SettingType;
 using XMLConfig::detail::toUtf8;
 
-struct Section {
-    std::string table;     ///< its header without ".h": "sections/GeometryItems"
-    std::string accessor;  ///< the class in sections/<accessor>.h, whose comment names the table; "" where none does
-    std::string name;      ///< in a document
-    std::vector<std::string> sources;
+std::string lower(const std::wstring& text) { return toUtf8(XMLConfig::detail::lowerAscii(text)); }
+
+/// In small letters, without double blanks.
+std::string plain(const std::string& comment) {
+    return std::regex_replace(lower(XMLConfig::detail::fromUtf8(comment)), std::regex(" +"), " ");
+}
+
+struct Getter {
+    std::string name;  ///< "GeometryConfig::getBoxSize"
+    Declaration declared;
+    std::vector<Setting> settings;
 };
 
-std::vector<std::string> linesOf(const std::string& path) {
-    std::istringstream stream(XMLConfig::detail::readWholeFile(XMLConfig::detail::fromUtf8(path)));
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    return lines;
-}
-
-std::vector<std::string> filesOfSections(const std::string& ending) {
-    std::vector<std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator("sections")) {
-        const std::string file = entry.path().generic_string();
-        if (file.size() > ending.size() && file.substr(file.size() - ending.size()) == ending) files.push_back(file);
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
-/// The first line that holds the text; "" without one.
-std::string lineWith(const std::string& text, const std::vector<std::string>& lines) {
-    const auto holds = [&](const std::string& line) { return line.find(text) != std::string::npos; };
-    const auto found = std::find_if(lines.begin(), lines.end(), holds);
-    return found == lines.end() ? "" : *found;
-}
-
-std::string accessorOf(const std::string& tableFile) {
-    for (const std::string& header : filesOfSections(".h"))
-        if (!lineWith("/// Its settings: " + tableFile + " and, as a page, docs/settings.md#", linesOf(header)).empty())
-            return std::filesystem::path(header).stem().string();
-    return "";
-}
-
-/// Every section that has a table of settings.
-std::vector<Section> everySection() {
-    std::vector<Section> sections;
-    for (const std::string& file : filesOfSections("Items.h")) {
-        const std::string made = lineWith(" : SettingTable(L\"", linesOf(file));
-        if (made.empty()) continue;
-        const std::size_t name = made.find('"') + 1;
-        Section section{file.substr(0, file.size() - 2), accessorOf(file), made.substr(name, made.rfind('"') - name), {}};
-        for (const std::string& source : filesOfSections(".cpp"))
-            if (!lineWith("#include \"" + file + "\"", linesOf(source)).empty()) section.sources.push_back(source);
-        sections.push_back(section);
-    }
-    return sections;
-}
-
-std::string wordAt(const std::string& text, std::size_t at) {
-    std::size_t end = at;
-    while (end < text.size() && (std::isalnum(static_cast<unsigned char>(text[end])) != 0 || text[end] == '_')) ++end;
-    return text.substr(at, end - at);
-}
-
-/// Keys by the names of their descriptors, as the table's header lists them.
-std::map<std::string, std::string> keysOf(const std::string& table) {
-    std::map<std::string, std::string> keys;
-    for (const std::string& line : linesOf(table + ".h")) {
-        const std::size_t brace = line.find("{*this, L\"");
-        if (brace == std::string::npos) continue;
-        const std::size_t key = brace + std::string("{*this, L\"").size();
-        keys[line.substr(line.rfind(' ', brace) + 1, brace - line.rfind(' ', brace) - 1)] =
-            line.substr(key, line.find('"', key) - key);
-    }
-    return keys;
-}
-
-/// Descriptors by the getters that read them and no other.
-std::map<std::string, std::string> gettersOf(const Section& section) {
-    const std::string scope = section.accessor + "::";
-    std::map<std::string, std::vector<std::string>> read;
-    for (const std::string& source : section.sources) {
-        std::string function;
-        for (const std::string& line : linesOf(source)) {
-            const std::size_t name = line.find(scope);
-            if (name != std::string::npos && line[0] != ' ') function = wordAt(line, name + scope.size());
-            for (const std::string call : {"read(items.", "readInherited(items."})
-                for (std::size_t at = line.find(call); at != std::string::npos; at = line.find(call, at + 1))
-                    read[function].push_back(wordAt(line, at + call.size()));
+/// The public getters that read settings, as the headers declare them: with their overloads, and with those of the interface
+/// that ScreenConfig implements.
+std::vector<Getter> getters() {
+    std::map<std::string, std::vector<Declaration>> read;
+    std::vector<Getter> found;
+    for (const auto& [name, settings] : describedGetters()) {
+        const std::string accessor = name.substr(0, name.find(':'));
+        std::vector<std::string> headers = {"sections/" + accessor + ".h"};
+        if (accessor == "ScreenConfig") headers.push_back("sections/IScreenConfig.h");
+        for (const std::string& header : headers) {
+            if (read.count(header) == 0) read[header] = declarationsOf(TemporaryFolder::readFile(header));
+            for (const Declaration& declared : read.at(header))
+                if (declared.isPublic && accessor + "::" + declared.name == name && declared.text.find("static ") != 0)
+                    found.push_back({name, declared, settings});
         }
     }
-    std::map<std::string, std::string> getters;
-    for (const auto& [function, items] : read)
-        if (items.size() == 1 && (function.rfind("get", 0) == 0 || function.rfind("is", 0) == 0))
-            getters[function] = items[0];
-    return getters;
+    return found;
 }
 
-/// What stands beside or above a member's declaration, as one line in small letters; "(none)" without a public declaration.
-std::string commentOf(const std::vector<std::string>& header, const std::string& member) {
-    for (std::size_t i = 0; i < header.size() && header[i] != "private:"; ++i) {
-        if (header[i].find(" " + member + "(") == std::string::npos || header[i].find("///") < header[i].find(member))
-            continue;
-        std::string text;
-        for (std::size_t above = i; above > 0 && header[above - 1].rfind("    /// ", 0) == 0; --above)
-            text = header[above - 1].substr(8) + " " + text;
-        const std::size_t beside = header[i].find("///< ");
-        if (beside != std::string::npos) text += header[i].substr(beside + 5);
-        std::transform(text.begin(), text.end(), text.begin(), [](char c) {
-            return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;  // whatever the locale
-        });
-        return text;
+/// Whether the getter gives the setting's value, and not only tells something of it.
+bool givesValue(const Getter& getter) {
+    const bool givesBool = getter.declared.text.find("bool get") != std::string::npos ||
+                           getter.declared.text.find("bool is") != std::string::npos;
+    return getter.settings.size() == 1 && givesBool == (getter.settings[0].type == SettingType::Bool);
+}
+
+std::vector<double> numbersIn(const std::string& text) {
+    static const std::regex number("-?[0-9]+(\\.[0-9]+)?(e[-+][0-9]+)?");
+    std::vector<double> numbers;
+    for (std::sregex_iterator found(text.begin(), text.end(), number), none; found != none; ++found)
+        numbers.push_back(std::strtod(found->str().c_str(), nullptr));
+    return numbers;
+}
+
+/// Whether a comment tells what a missing item gives. Of texts of a special form it is enough that it tells anything.
+bool saysDefault(const std::string& comment, const Setting& setting) {
+    const std::string text = lower(setting.defaultText);
+    if (comment.find("missing") == std::string::npos) return false;
+    if (isNumbers(setting.type)) {
+        const std::vector<double> said = numbersIn(comment);
+        const std::vector<double> meant = numbersIn(text);
+        return std::all_of(meant.begin(), meant.end(),
+                           [&](double number) { return std::count(said.begin(), said.end(), number) > 0; });
     }
-    return "(none)";
+    if (setting.type != SettingType::Bool && setting.type != SettingType::Text) return true;
+    return comment.find(text.empty() ? "empty" : text) != std::string::npos;
 }
-
-const Setting& settingAt(const std::string& section, const std::string& key) {
-    for (const Setting& setting : XMLConfig::catalogue())
-        if (toUtf8(setting.section) == section && toUtf8(setting.key) == key) return setting;
-    throw std::runtime_error("no setting " + key);
-}
-
-std::string lower(const std::wstring& text) { return toUtf8(XMLConfig::detail::lowerAscii(text)); }
 
 }  // namespace
 
@@ -146,29 +93,54 @@ TEST(AccessorComments, AreLookedForInEverySectionOfTheCatalogue) {
     std::set<std::string> inCatalogue;
     for (const Setting& setting : XMLConfig::catalogue()) inCatalogue.insert(toUtf8(setting.section));
     std::set<std::string> withTables;
-    for (const Section& section : everySection()) withTables.insert(section.name);
+    for (const TableSource& source : tableSources()) withTables.insert(source.section);
     EXPECT_EQ(withTables, inCatalogue);
 }
 
-TEST(AccessorComments, NameTheTableOfTheSection) {
-    for (const Section& section : everySection())
-        EXPECT_NE(section.accessor, "") << "no header of sections/ says \"Its settings: " << section.table << ".h ...\"";
+TEST(AccessorComments, NameTheTableOfTheSectionAndItsPlaceOnThePage) {
+    const std::string page = TemporaryFolder::readFile("docs/settings.md");
+    for (const TableSource& source : tableSources()) {
+        ASSERT_NE(source.accessor, "") << "no header of sections/ says \"Its settings: " << source.table << ".h ...\"";
+        EXPECT_THAT(TemporaryFolder::readFile("sections/" + source.accessor + ".h"),
+                    HasSubstr("docs/settings.md#" + lower(XMLConfig::detail::fromUtf8(source.section)) + ".\n"));
+        EXPECT_THAT(page, HasSubstr("\n## " + source.section + "\n"));
+    }
+}
+
+TEST(AccessorComments, AreThereForEverySettingThatAGetterReads) {
+    std::set<std::pair<std::string, std::string>> read;
+    for (const Getter& getter : getters())
+        for (const Setting& setting : getter.settings) read.emplace(toUtf8(setting.section), toUtf8(setting.key));
+    // Read by way of another function, or by no public getter.
+    for (const char* key : {"Camera_Calibration_Points", "Reference_Camera_Calibration_Points"}) read.emplace("Camera", key);
+    read.emplace("Screen", "Auto_Dimensions");
+    read.emplace("MediaServer", "outputFile");
+    for (const Setting& setting : XMLConfig::catalogue())
+        EXPECT_EQ(read.count({toUtf8(setting.section), toUtf8(setting.key)}), 1u)
+            << toUtf8(setting.section + L"/" + setting.key);
 }
 
 TEST(AccessorComments, SayMeaningAndUnitOfTheDescriptor) {
     int checked = 0;
-    for (const Section& section : everySection()) {
-        const auto header = linesOf("sections/" + section.accessor + ".h");
-        const auto keys = keysOf(section.table);
-        for (const auto& [getter, item] : gettersOf(section)) {
-            const std::string comment = commentOf(header, getter);
-            if (comment == "(none)") continue;
-            SCOPED_TRACE(section.accessor + "::" + getter + " says: " + comment);
-            const Setting& setting = settingAt(section.name, keys.at(item));
-            EXPECT_NE(comment.find(lower(setting.meaning)), std::string::npos) << lower(setting.meaning);
-            EXPECT_NE(comment.find(lower(nameOf(setting.unit))), std::string::npos) << lower(nameOf(setting.unit));
+    for (const Getter& getter : getters()) {
+        const std::string comment = plain(getter.declared.comment);
+        SCOPED_TRACE(getter.name + " says: " + comment);
+        if (givesValue(getter)) {
+            EXPECT_THAT(comment, HasSubstr(lower(getter.settings[0].meaning)));
             ++checked;
         }
+        if (!givesValue(getter) && getter.settings.size() == 1) continue;
+        for (const Setting& setting : getter.settings) EXPECT_THAT(comment, HasSubstr(lower(nameOf(setting.unit))));
     }
-    EXPECT_GT(checked, 190);
+    EXPECT_GT(checked, 230);
+}
+
+TEST(AccessorComments, SayWhatAMissingItemGives) {
+    const std::set<std::string> computed = {"ProjectorConfig::getInitialOffset"};  // from the resolution
+    for (const Getter& getter : getters()) {
+        if (!givesValue(getter) || computed.count(getter.name) > 0 || getter.declared.owner == "IScreenConfig") continue;
+        EXPECT_TRUE(saysDefault(plain(getter.declared.comment), getter.settings[0]))
+            << getter.name << " says: " << getter.declared.comment << "; the default is "
+            << toUtf8(getter.settings[0].defaultText);
+    }
 }
