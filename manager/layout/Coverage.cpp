@@ -139,6 +139,7 @@ double offScreenOf(const Channel& channel, const Surface& surface) {
     constexpr int points = 16;
     const EdgeValues& edge = channel.tangents;
     const Surface::Rays rays(surface, channel.eyePoint);
+    if (const std::optional<bool> allMeetIt = rays.meetItAlike(channel.pitchSpan)) return *allMeetIt ? 0.0 : 1.0;
     std::array<Vector, points> across;
     for (int i = 0; i < points; ++i)
         across[static_cast<std::size_t>(i)] =

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "manager/layout/Image.h"
 #include "manager/layout/Parts.h"
@@ -78,6 +79,24 @@ std::size_t widestAxis(const std::vector<Candidate>& candidates) {
     return static_cast<std::size_t>(std::max_element(spreads.begin(), spreads.end()) - spreads.begin());
 }
 
+/// The pairs by their first channels, and those of one by their second; no two are of the same channels.
+std::vector<ChannelPair> inOrder(const std::vector<ChannelPair>& pairs) {
+    struct Place {
+        std::size_t first;
+        std::size_t second;
+        std::size_t number;
+    };
+    std::vector<Place> places;
+    places.reserve(pairs.size());
+    for (const ChannelPair& pair : pairs) places.push_back({pair.first, pair.second, places.size()});
+    std::sort(places.begin(), places.end(),
+              [](const Place& a, const Place& b) { return a.first != b.first ? a.first < b.first : a.second < b.second; });
+    std::vector<ChannelPair> sorted;
+    sorted.reserve(pairs.size());
+    for (const Place& place : places) sorted.push_back(pairs[place.number]);
+    return sorted;
+}
+
 /// Sweeps along one axis: compares each channel only with those whose boxes overlap its own there.
 class Sweep {
 public:
@@ -85,16 +104,11 @@ public:
         : m_channels(channels), m_candidates(candidates), m_axis(widestAxis(candidates)) {}
 
     std::vector<ChannelPair> run() {
-        const auto beginsBefore = [this](const Candidate& a, const Candidate& b) {
-            return std::make_pair(a.box.from[m_axis], a.index) < std::make_pair(b.box.from[m_axis], b.index);
-        };
-        std::sort(m_candidates.begin(), m_candidates.end(), beginsBefore);
-        for (Candidate& candidate : m_candidates) take(candidate);
-        const auto isBefore = [](const ChannelPair& a, const ChannelPair& b) {
-            return std::make_pair(a.first, a.second) < std::make_pair(b.first, b.second);
-        };
-        std::sort(m_pairs.begin(), m_pairs.end(), isBefore);
-        return std::move(m_pairs);
+        std::vector<std::pair<double, std::size_t>> beginnings;  // sorted instead of the candidates, which are large
+        for (std::size_t i = 0; i < m_candidates.size(); ++i) beginnings.emplace_back(m_candidates[i].box.from[m_axis], i);
+        std::sort(beginnings.begin(), beginnings.end());
+        for (const auto& [from, number] : beginnings) take(m_candidates[number]);
+        return inOrder(m_pairs);
     }
 
 private:
@@ -132,6 +146,7 @@ private:
 
 std::vector<ChannelPair> findPairs(std::vector<Channel>& channels) {
     std::vector<Candidate> candidates;
+    candidates.reserve(channels.size());
     for (std::size_t i = 0; i < channels.size(); ++i)
         if (channels[i].state == ChannelState::Usable)
             candidates.push_back({i, planesOf(channels[i]), boxOf(capOf(channels[i])), 0});

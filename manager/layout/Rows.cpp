@@ -2,6 +2,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 #include "manager/layout/Parts.h"
 #include "manager/layout/Vector.h"
@@ -19,8 +20,11 @@ double heightOf(const Channel& channel) { return channel.edges.top - channel.edg
 /// Sorts channels by an angle; those with equal angles stay in document order.
 template <typename Angle>
 void sortBy(Indices& indices, const Angle& angle) {
-    std::sort(indices.begin(), indices.end(),
-              [&](std::size_t a, std::size_t b) { return std::make_pair(angle(a), a) < std::make_pair(angle(b), b); });
+    std::vector<std::pair<double, std::size_t>> places;
+    places.reserve(indices.size());
+    for (const std::size_t index : indices) places.emplace_back(angle(index), index);
+    std::sort(places.begin(), places.end());
+    std::transform(places.begin(), places.end(), indices.begin(), [](const auto& place) { return place.second; });
 }
 
 class RowFinder {

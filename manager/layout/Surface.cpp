@@ -76,6 +76,33 @@ Surface::Rays::Rays(const Surface& surface, const Vector& from)
     m_beyond = dot(m_start, m_start) - surface.m_screen.radius * surface.m_screen.radius;
 }
 
+/// Between which levels rays from inside of the surface meet it, were it without limits. `farthest` is how far from the eye
+/// that may be, of a cylinder without the height.
+Interval Surface::Rays::levelsMet(const Interval& pitch, double farthest) const {
+    const double nearest = 2.0 * m_surface.m_screen.radius - farthest;
+    const auto rise = [this](double angle) { return m_surface.m_isSphere ? std::sin(angle) : std::tan(angle); };
+    const double low = rise(pitch.from);
+    const double high = rise(pitch.to);
+    return {m_fromCentre.z + low * (low < 0.0 ? farthest : nearest),
+            m_fromCentre.z + high * (high > 0.0 ? farthest : nearest)};
+}
+
+std::optional<bool> Surface::Rays::meetItAlike(const Interval& pitch) const {
+    const double radius = m_surface.m_screen.radius;
+    const double margin = 1e-6 * radius;  // much more than anything is rounded by
+    const double away = lengthOf(m_start);
+    if (!(away < radius - margin) || !std::isfinite(m_beyond)) return std::nullopt;
+    const Interval met = levelsMet(pitch, radius + away);
+    const Interval& levels = m_surface.m_levels;
+    if (met.from > levels.to + margin || met.to < levels.from - margin) return false;
+    // Nothing of a sphere is below or above its poles.
+    const bool reachesBottom = m_surface.m_isSphere && levels.from <= -radius;
+    const bool reachesTop = m_surface.m_isSphere && levels.to >= radius;
+    const bool isAbove = reachesBottom || met.from >= levels.from + margin;
+    const bool isBelow = reachesTop || met.to <= levels.to - margin;
+    return isAbove && isBelow && m_surface.isClosed() ? std::optional(true) : std::nullopt;
+}
+
 }  // namespace XMLConfig::detail
 
 namespace XMLConfig {

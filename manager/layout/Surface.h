@@ -55,8 +55,13 @@ public:
             const double distance = (std::sqrt(root) - b) / a;  // the far one of two places: the eye is inside as a rule
             return distance > 0.0 && m_surface.holds(plus(m_fromCentre, times(distance, direction)));
         }
+        /// Whether all rays whose angles up are among these meet the surface, or none does; nothing where that must be asked
+        /// of each.
+        [[nodiscard]] std::optional<bool> meetItAlike(const Interval& pitch) const;
 
     private:
+        [[nodiscard]] Interval levelsMet(const Interval& pitch, double farthest) const;
+
         const Surface& m_surface;
         Vector m_fromCentre;
         Vector m_start;         ///< the same, of a cylinder without its height

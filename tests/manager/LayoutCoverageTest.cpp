@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <random>
 
 #include "manager/Layout.h"
 #include "manager/layout/Grid.h"
+#include "manager/layout/Image.h"
+#include "manager/layout/Parts.h"
 #include "tests/support/Rig.h"
 
 namespace {
@@ -40,6 +43,56 @@ TEST(Coverage, TiledSphereIsWholeFromAnyEyePoint) {
     }
     putSphere(document, -180.0, 180.0, -90.0, 90.0);
     EXPECT_EQ(XMLConfig::layout(document).coverage->inNone, 0.0);
+}
+
+using XMLConfig::detail::Surface;
+
+/// How many of rays spread evenly over the image miss the surface.
+int countMisses(const XMLConfig::Channel& channel, const Surface::Rays& rays) {
+    constexpr int points = 16;
+    const XMLConfig::EdgeValues& edge = channel.tangents;
+    int misses = 0;
+    for (int row = 0; row < points; ++row)
+        for (int column = 0; column < points; ++column) {
+            const double x = edge.left + (edge.right - edge.left) * (column + 0.5) / points;
+            const double y = edge.bottom + (edge.top - edge.bottom) * (row + 0.5) / points;
+            if (!rays.meetIt(XMLConfig::detail::directionAt(channel, x, y))) ++misses;
+        }
+    return misses;
+}
+
+TEST(Coverage, RaysSaidToBeAlikeAllMeetOrAllMiss) {
+    std::mt19937 random(20);
+    const auto number = [&](double from, double to) { return std::uniform_real_distribution<double>(from, to)(random); };
+    int all = 0;
+    int none = 0;
+    for (int i = 0; i < 4000; ++i) {
+        XMLConfig::LayoutScreen screen;
+        screen.shape = i % 2 == 0 ? BaseConfig::SHAPE_SPHERE : BaseConfig::SHAPE_CYLINDER;
+        screen.radius = number(1.0, 9.0);
+        screen.centre = {number(-2.0, 2.0), number(-2.0, 2.0), number(-2.0, 2.0)};
+        screen.theta = {-180.0 * degree, (i % 5 == 0 ? 90.0 : 180.0) * degree};
+        screen.phi = {i % 3 == 0 ? -90.0 * degree : number(-60.0, 0.0) * degree, number(10.0, 90.0) * degree};
+        XMLConfig::Channel channel;
+        channel.yaw = number(-180.0, 180.0) * degree;
+        channel.pitch = number(-90.0, 90.0) * degree;
+        channel.roll = number(-180.0, 180.0) * degree;
+        const double half = number(1.0, 40.0) * degree;
+        channel.edges = {-half, half, half, -half};
+        const double reach = screen.radius * (i % 7 == 0 ? 0.9 : 0.3);
+        channel.eyePoint = {screen.centre.x + number(-reach, reach), screen.centre.y + number(-reach, reach),
+                            screen.centre.z + number(-reach, reach)};
+        XMLConfig::detail::completeChannel(channel);
+        const auto surface = Surface::of(screen);
+        ASSERT_TRUE(surface);
+        const Surface::Rays rays(*surface, channel.eyePoint);
+        const std::optional<bool> areAlike = rays.meetItAlike(channel.pitchSpan);
+        if (!areAlike) continue;
+        ASSERT_EQ(countMisses(channel, rays), *areAlike ? 0 : 256) << i;
+        ++(*areAlike ? all : none);
+    }
+    EXPECT_GT(all, 200);
+    EXPECT_GT(none, 200);
 }
 
 TEST(Coverage, EachSideOfACubeIsASixth) {
