@@ -15,6 +15,7 @@ namespace {
 const xercesc::DOMElement* elementOf(const ElementView& view) { return ElementAccess::element(view); }
 
 bool areAttributesEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
+    if (!detail::hasAttributes(one)) return !detail::hasAttributes(other);
     const xercesc::DOMNamedNodeMap& ones = *one.getAttributes();
     if (ones.getLength() != other.getAttributes()->getLength()) return false;
     for (XMLSize_t i = 0; i < ones.getLength(); ++i) {
@@ -32,10 +33,10 @@ bool areTextsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& ot
 }
 
 bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
-    const xercesc::DOMElement* a = one.getFirstElementChild();
-    const xercesc::DOMElement* b = other.getFirstElementChild();
+    const xercesc::DOMElement* a = detail::firstElementIn(one);
+    const xercesc::DOMElement* b = detail::firstElementIn(other);
     if (a == nullptr && b == nullptr) return areTextsEqual(one, other);
-    for (; a != nullptr && b != nullptr; a = a->getNextElementSibling(), b = b->getNextElementSibling()) {
+    for (; a != nullptr && b != nullptr; a = detail::elementAfter(*a), b = detail::elementAfter(*b)) {
         const bool areAlike = detail::view(a->getNodeName()) == detail::view(b->getNodeName()) && areAttributesEqual(*a, *b);
         if (!areAlike || !areContentsEqual(*a, *b)) return false;
     }
