@@ -29,6 +29,12 @@ std::wstring shownName(const ElementView& device) {
     return name.empty() ? device.id() : name;
 }
 
+std::vector<std::wstring> namesIn(const ConfigInfo& document, const std::wstring& tag) {
+    std::vector<std::wstring> names;
+    for (const ElementView& device : sectionElements(document, tag)) names.push_back(shownName(device));
+    return names;
+}
+
 /// Whether a text differs because its device was renamed, and for no other reason.
 bool belongsToRenaming(const StoredText& text) {
     if (!text.inSnippet) return text.path == L"OldSectionID";
@@ -220,16 +226,13 @@ private:
         std::unordered_map<std::wstring, std::size_t> newPlaces;  // by old ID
         for (std::size_t i = 0; i < matches.size(); ++i)
             if (matches[i].old && matches[i].now) newPlaces.emplace(matches[i].old.id(), i);
-        OrderDifference order{tag, {}, {}};
         std::vector<std::size_t> places;
         for (const ElementView& device : sectionElements(m_old, tag)) {
             const auto place = newPlaces.find(device.id());
             if (place != newPlaces.end()) places.push_back(place->second);
-            order.old.push_back(shownName(device));
         }
-        if (std::is_sorted(places.begin(), places.end())) return;
-        for (const ElementView& device : sectionElements(m_new, tag)) order.now.push_back(shownName(device));
-        m_found.order.push_back(order);
+        if (!std::is_sorted(places.begin(), places.end()))
+            m_found.order.push_back({tag, namesIn(m_old, tag), namesIn(m_new, tag)});
     }
 
     const ConfigInfo& m_old;

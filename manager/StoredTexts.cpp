@@ -11,12 +11,12 @@ namespace {
 
 class Gathering {
 public:
-    void addItem(const ElementView& item, const Address& place, const std::wstring& path) {
+    void addItem(const ElementView& item, Address&& place, std::wstring&& path) {
         const Setting* const setting = knownSetting(place);
         if (setting != nullptr && setting->type == SettingType::Element) {
             for (const ElementView& part : item.children()) addSnippet(part, place, path + L"/" + part.name());
         } else if (!item.firstChild()) {
-            m_texts.push_back({path, place, item, setting, item.text(), false});
+            m_texts.push_back({std::move(path), std::move(place), item, setting, item.text(), false});
         } else {
             for (const ElementView& child : item.children()) addChild(child, place, path);
         }
@@ -36,7 +36,7 @@ private:
             place.subSection = name;
             place.subSectionID = std::move(id);
         }
-        addItem(child, place, path);
+        addItem(child, std::move(place), std::move(path));
     }
 
     void addSnippet(const ElementView& element, const Address& place, const std::wstring& path) {
@@ -60,7 +60,7 @@ private:
 
 std::vector<StoredText> storedTexts(const ElementView& element, const Address& place, const std::wstring& start) {
     Gathering gathering;
-    gathering.addItem(element, place, start);
+    gathering.addItem(element, Address(place), std::wstring(start));
     return gathering.take();
 }
 

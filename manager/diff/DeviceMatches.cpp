@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 #include <map>
-#include <set>
+#include <unordered_set>
 
 #include "base/Angles.h"
 #include "manager/DeviceAddresses.h"
@@ -83,7 +83,7 @@ bool areOneChannel(const Angles& one, const Angles& other) {
 
 std::vector<ElementView> devicesOf(const ConfigInfo& document, const std::wstring& tag) {
     std::vector<ElementView> devices;
-    std::set<std::wstring> met;
+    std::unordered_set<std::wstring> met;
     for (const ElementView& device : sectionElements(document, tag))
         if (!device.id().empty() && met.insert(device.id()).second) devices.push_back(device);
     return devices;

@@ -5,9 +5,14 @@
 namespace XMLConfig::detail {
 
 SectionTexts::SectionTexts(const ElementView& section) {
-    for (StoredText& text : storedTexts(section, {section.name(), section.id(), L"", L"", L""}, L"")) {
+    std::vector<StoredText> texts = storedTexts(section, {section.name(), section.id(), L"", L"", L""}, L"");
+    m_texts.reserve(texts.size());  // the paths of what is in it must stay where they are
+    m_places.reserve(texts.size());
+    for (StoredText& text : texts) {
         const bool isOfSectionItself = text.path.empty();
-        if (!isOfSectionItself && m_places.emplace(text.path, m_texts.size()).second) m_texts.push_back(std::move(text));
+        if (isOfSectionItself || m_places.count(text.path) > 0) continue;
+        m_texts.push_back(std::move(text));
+        m_places.emplace(m_texts.back().path, m_texts.size() - 1);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -13,6 +14,8 @@ namespace XMLConfig::detail {
 class SectionTexts {
 public:
     explicit SectionTexts(const ElementView& section);
+    SectionTexts(const SectionTexts&) = delete;
+    SectionTexts& operator=(const SectionTexts&) = delete;
 
     const std::vector<StoredText>& all() const { return m_texts; }
     /// Null where the section has none at the path.
@@ -20,7 +23,7 @@ public:
 
 private:
     std::vector<StoredText> m_texts;
-    std::unordered_map<std::wstring, std::size_t> m_places;
+    std::unordered_map<std::wstring_view, std::size_t> m_places;  // by the paths of m_texts
 };
 
 }  // namespace XMLConfig::detail
