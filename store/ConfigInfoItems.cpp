@@ -36,7 +36,7 @@ NewElement elementOf(const Value& value, Document& document, const ItemAddress& 
     if (value.parts != nullptr) return document.makeElement(*value.parts);
     if (!value.isElement || value.text.empty()) return {};
     try {
-        return document.parseElement(XMLConfig::detail::toUtf8(value.text));
+        return document.readElement(XMLConfig::detail::toUtf8(value.text));
     } catch (const XMLConfig::detail::ParseFailure& failure) {
         throw CorvaneException(setItemPrefix + std::wstring(L" XML message is: ") + failure.message() + L" (" +
                                XMLConfig::detail::describe(address) + L")");

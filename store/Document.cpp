@@ -93,7 +93,6 @@ void Document::initializeDOM() {
 }
 
 void Document::adopt(DocumentPointer document) noexcept {
-    m_reader.forgetTree();
     m_tree.adopt(std::move(document));
     m_index.reset(root());
     m_isAsParsed = true;

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "store/ChangeObserver.h"
-#include "store/ElementReader.h"
 #include "store/FileState.h"
 #include "store/Journal.h"
+#include "store/NewElement.h"
 #include "store/SectionIndex.h"
 #include "store/Tree.h"
 
@@ -88,9 +88,7 @@ public:
     [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
 
     // Changing. The callers set the dirty flag and call the observer.
-    /// Parses an element that is to be stored. Throws ParseFailure for anything else; what was found before is worth
-    /// nothing then either.
-    NewElement parseElement(const std::string& text);
+    NewElement readElement(const std::string& text) { return detail::readElement(text, m_tree); }
     NewElement makeElement(const ElementParts& parts) { return detail::makeElement(parts, m_tree); }
     /// Adds an item that is missing, with the section, the subsection and the groups that are missing around it. Where a
     /// name is illegal, throws DOMException and leaves what comes before it; nothing else leaves a part.
@@ -147,7 +145,6 @@ private:
     xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
     Tree m_tree;
     mutable SectionIndex m_index;
-    ElementReader m_reader;
     Journal m_journal;
     bool m_isAsParsed = false;
 };

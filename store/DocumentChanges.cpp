@@ -97,15 +97,6 @@ Document::Missing Document::missingOf(const ItemAddress& address, const Containe
     return missing;
 }
 
-NewElement Document::parseElement(const std::string& text) {
-    try {
-        return m_reader.read(text, m_tree);
-    } catch (...) {
-        shedWaste();
-        throw;
-    }
-}
-
 LooseElement Document::build(const Missing& missing, Content content, std::exception_ptr& illegalName) {
     LooseElement outermost;
     DOMElement* innermost = nullptr;
@@ -247,9 +238,7 @@ void Document::changed(const TreeChange& change) noexcept {
 }
 
 void Document::shedWaste() noexcept {
-    if (m_journal.isOpen() || !m_tree.shedWaste()) return;
-    m_reader.forgetTree();
-    m_index.reset(root());
+    if (!m_journal.isOpen() && m_tree.shedWaste()) m_index.reset(root());
 }
 
 }  // namespace XMLConfig::detail

@@ -189,14 +189,26 @@ DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
 
 DocumentPointer parseBytes(const std::string& bytes) {
     const BytesSource source(bytes);
-    StrictParser parser;
+    std::unique_ptr<StrictParser> parser = takeParser();
     try {
-        DocumentPointer document = parser.parseDocument(source);
-        refuseCutEnd(source.end(), parser);
+        DocumentPointer document = parser->parseDocument(source);
+        refuseCutEnd(source.end(), *parser);
+        giveBack(std::move(parser), bytes.size());
         return document;
     } catch (const WrongBytes& failure) {
         failure.throwWithPlaceIn(bytes);
     }
+}
+
+ParsedElement parseElement(const std::string& text) {
+    BytesSource source(text);
+    source.setEncoding(xercesc::XMLUni::fgUTF8EncodingString);  // whatever a declaration within the text names
+    std::unique_ptr<StrictParser> parser = takeParser();
+    ParsedElement made{parser->parseDocument(source), parser->levels(), parser->namespaces()};
+    // XML 1.1 allows characters and names that a document, being XML 1.0, could not be read with again.
+    if (view(made.document->getXmlVersion()) == u"1.1") throw ParseFailure(1, 1, L"XML 1.1 is not allowed here");
+    giveBack(std::move(parser), text.size());
+    return made;
 }
 
 }  // namespace XMLConfig::detail

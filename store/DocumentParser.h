@@ -53,4 +53,13 @@ DocumentPointer parseFile(const std::wstring& path, ContentHash& content);
 /// Parses a file's bytes, by the same rules.
 DocumentPointer parseBytes(const std::string& bytes);
 
+/// An element in a document of its own.
+struct ParsedElement {
+    DocumentPointer document;
+    int levels = 0;      ///< of nested elements, itself counted
+    int namespaces = 0;  ///< declared at most in one of its elements and those around that
+};
+/// Parses one element given as UTF-8. Throws ParseFailure for anything else, and for XML 1.1.
+ParsedElement parseElement(const std::string& text);
+
 }  // namespace XMLConfig::detail

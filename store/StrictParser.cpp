@@ -1,6 +1,7 @@
 #include "store/StrictParser.h"
 
 #include <algorithm>
+#include <xercesc/dom/impl/DOMDocumentImpl.hpp>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/util/XMLChar.hpp>
@@ -9,7 +10,6 @@
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "store/DocumentParser.h"
-#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -52,11 +52,6 @@ bool StrictParser::isFitForMore() const {
            m_elementNames <= m_isOldNameMet.size();
 }
 
-void StrictParser::forgetLevels() {
-    m_levels = 0;
-    m_namespaces.forgetMost();
-}
-
 void StrictParser::error(const unsigned int code, const XMLCh* const domain, const xercesc::XMLErrorReporter::ErrTypes type,
                          const XMLCh* const text, const XMLCh* const /*systemId*/, const XMLCh* const /*publicId*/,
                          const XMLFileLoc line, const XMLFileLoc column) {
@@ -80,6 +75,7 @@ void StrictParser::XMLDecl(const XMLCh* const version, const XMLCh* const encodi
 }
 
 void StrictParser::beginText() {
+    m_levels = 0;
     m_namespaces.forget();
     m_oldElementNames = m_elementNames;
     m_isOldNameMet.reset();
@@ -88,8 +84,7 @@ void StrictParser::beginText() {
 
 void StrictParser::startDocument() {
     beginText();
-    m_names = 0;
-    m_namesUntilSpread = namesBeforeSpread;
+    m_names = {};
     DOMLSParserImpl::startDocument();
 }
 
@@ -112,12 +107,13 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
                                 const XMLSize_t attributeCount, const bool isEmpty, const bool isRoot) try {
     enterLevel(attributeCount);
     countName(declaration);
-    if (fCurrentParent->getNodeType() != xercesc::DOMNode::ELEMENT_NODE || !linksAreKnown())
+    if (!linksAreKnown())
         return DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
-    countNames(attributeCount + 1);
+    m_names.count(*fDocument, attributeCount + 1);
     DOMElement& element = makeElement(uri, prefix, declaration.getBaseName());
     if (attributeCount != 0) addAttributes(element, attributes, attributeCount);
-    appendNew(static_cast<DOMElement&>(*fCurrentParent), element);
+    if (isRoot) fDocument->appendChild(&element);
+    else appendNew(static_cast<DOMElement&>(*fCurrentParent), element);
     fCurrentParent = fCurrentNode = &element;
     fWithinElement = true;
     if (isEmpty) endElement(declaration, uri, isRoot, prefix);
@@ -176,13 +172,6 @@ void StrictParser::countName(const xercesc::XMLElementDecl& declaration) {
     }
     if (m_elementNames - m_oldElementNames + m_oldNamesMet > maximumNames)
         refuse(L"The elements have more than " + formatInteger(maximumNames) + L" different names");
-}
-
-void StrictParser::countNames(const XMLSize_t count) {
-    m_names += count;
-    if (m_names < m_namesUntilSpread) return;
-    m_namesUntilSpread = m_names * 2;
-    spreadNames(*fDocument);
 }
 
 DOMElement& StrictParser::makeElement(const unsigned int uri, const XMLCh* const prefix, const XMLCh* const name) {

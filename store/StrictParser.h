@@ -5,6 +5,7 @@
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
 #include <xercesc/util/StringPool.hpp>
 
+#include "store/TreeLinks.h"
 #include "store/XmlLibrary.h"
 
 namespace XMLConfig::detail {
@@ -20,11 +21,10 @@ public:
     DocumentPointer parseDocument(const xercesc::InputSource& source);
     /// Throws a ParseFailure whose place is the end of what was parsed last.
     [[noreturn]] void refuseEnd(const wchar_t* reason) const;
-    /// How many levels of elements were met since this was forgotten.
+    /// How many levels of elements the document had.
     [[nodiscard]] int levels() const { return m_levels; }
     /// How many namespaces were declared at most in one element and those around it.
     [[nodiscard]] int namespaces() const { return m_namespaces.most(); }
-    void forgetLevels();
     /// Whether another text may be read: the library forgets neither the version of XML nor the names of elements and
     /// namespaces. A few names are worth keeping, for the next text mostly has the same.
     [[nodiscard]] bool isFitForMore() const;
@@ -63,8 +63,7 @@ private:
         explicit Namespaces(const StrictParser& parser) : m_parser(parser) {}
         unsigned int addOrFind(const XMLCh* name) override;
         /// Forgets those that the library knows without a declaration.
-        void forget() { m_pending = 0; }
-        void forgetMost() { m_most = 0; }
+        void forget() { m_pending = m_most = 0; }
         [[nodiscard]] int most() const { return m_most; }
         void enterElement(int depth);
         void leaveElement(int depth);
@@ -81,10 +80,7 @@ private:
         std::vector<Declaration> m_declarations;
     };
 
-    static constexpr XMLSize_t namesBeforeSpread = 1024;
-
     void countName(const xercesc::XMLElementDecl& declaration);
-    void countNames(XMLSize_t count);
     xercesc::DOMElement& makeElement(unsigned int uri, const XMLCh* prefix, const XMLCh* name);
     void addAttributes(xercesc::DOMElement& element, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                        XMLSize_t count);
@@ -98,8 +94,7 @@ private:
     std::bitset<1024> m_isOldNameMet;  // in the text
     XMLSize_t m_oldNamesMet = 0;
     XMLSize_t m_weightOfNames = 0;
-    XMLSize_t m_names = 0;  // asked of the document so far
-    XMLSize_t m_namesUntilSpread = namesBeforeSpread;
+    NameCounter m_names;
     XMLFileLoc m_endLine = 1;
     XMLFileLoc m_endColumn = 1;
 };

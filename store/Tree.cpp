@@ -5,7 +5,6 @@
 #include <xercesc/util/XMLChar.hpp>
 
 #include "platform/Text.h"
-#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -28,13 +27,19 @@ std::size_t weightOf(const DOMNode& node) {
     return weight;
 }
 
+/// Copies a node without what it holds; the copy stands nowhere yet.
+DOMNode& copyOf(const DOMNode& node, xercesc::DOMDocument& document, NameCounter& names) {
+    if (node.getNodeType() != DOMNode::ELEMENT_NODE) return *document.importNode(&node, false);
+    names.count(document, 1 + node.getAttributes()->getLength());
+    return copyAlone(static_cast<const DOMElement&>(node), document);
+}
+
 void copyChildren(const DOMNode& from, DOMElement& to, xercesc::DOMDocument& document, NameCounter& names) {
     for (const DOMNode* child = from.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-        names.count(document);
-        DOMNode* const copy = document.importNode(child, false);
-        append(to, *copy);
-        if (copy->getNodeType() == DOMNode::ELEMENT_NODE)
-            copyChildren(*child, static_cast<DOMElement&>(*copy), document, names);
+        DOMNode& copy = copyOf(*child, document, names);
+        append(to, copy);
+        if (copy.getNodeType() == DOMNode::ELEMENT_NODE)
+            copyChildren(*child, static_cast<DOMElement&>(copy), document, names);
     }
 }
 
@@ -43,19 +48,13 @@ DocumentPointer copyOf(const xercesc::DOMDocument& document) {
     NameCounter names;
     copy->setXmlVersion(document.getXmlVersion());
     for (const DOMNode* node = document.getFirstChild(); node != nullptr; node = node->getNextSibling()) {
-        DOMNode* const made = copy->appendChild(copy->importNode(node, false));
+        DOMNode* const made = copy->appendChild(&copyOf(*node, *copy, names));
         if (made->getNodeType() == DOMNode::ELEMENT_NODE) copyChildren(*node, static_cast<DOMElement&>(*made), *copy, names);
     }
     return copy;
 }
 
 }  // namespace
-
-void NameCounter::count(xercesc::DOMDocument& document) {
-    if (++m_asked < m_askedUntilSpread || !linksAreKnown()) return;
-    m_askedUntilSpread = m_asked * 2;
-    spreadNames(*insideOf(&document));
-}
 
 void Discard::operator()(DOMElement* element) const { tree->discard(*element); }
 
@@ -78,8 +77,14 @@ LooseElement Tree::makeElement(const DOMElement& place, const std::wstring_view 
 }
 
 LooseElement Tree::makeElement(const char16_t* name) {
-    m_names.count(*m_document);
+    m_names.count(*m_document, 1);
     return {m_document->createElement(xmlText(name)), {this}};
+}
+
+LooseElement Tree::copy(const DOMElement& element) {
+    LooseElement made(static_cast<DOMElement*>(&copyOf(element, *m_document, m_names)), {this});
+    copyChildren(element, *made, *m_document, m_names);
+    return made;
 }
 
 xercesc::DOMText* Tree::makeText(const std::wstring& text) { return makeText(toUtf16(text).c_str()); }
@@ -89,7 +94,7 @@ xercesc::DOMText* Tree::makeText(const char16_t* text) { return m_document->crea
 xercesc::DOMComment* Tree::makeComment(const std::u16string& text) { return m_document->createComment(xmlText(text)); }
 
 void Tree::addAttribute(DOMElement& element, const char16_t* name, const char16_t* value) {
-    m_names.count(*m_document);
+    m_names.count(*m_document, 1);
     if (!linksAreKnown()) return element.setAttribute(xmlText(name), xmlText(value));
     reserveAttributes(element, 1);
     detail::addAttribute(element, *m_document->createAttribute(xmlText(name)), *makeText(value));
@@ -100,10 +105,6 @@ void Tree::setText(xercesc::DOMText& text, const std::wstring& value) {
     // Setting a longer value drops the old one before there is room for it; appending makes the room and drops nothing.
     if (units.size() > view(text.getData()).size()) text.appendData(xmlText(units));
     text.setData(xmlText(units));
-}
-
-void Tree::empty(DOMElement& element) noexcept {
-    while (DOMNode* const child = element.getFirstChild()) remove(element, *child);
 }
 
 void Tree::remove(DOMElement& parent, DOMNode& child) noexcept {

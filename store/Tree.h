@@ -5,22 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "store/TreeLinks.h"
 #include "store/XmlLibrary.h"
 
 namespace XMLConfig::detail {
 
 class Tree;
-
-/// Sees to it that a document's many names are found as fast as its few.
-class NameCounter {
-public:
-    /// To be called for each node with a name that is made.
-    void count(xercesc::DOMDocument& document);
-
-private:
-    std::size_t m_asked = 0;
-    std::size_t m_askedUntilSpread = 1024;
-};
 
 struct Discard {
     Tree* tree = nullptr;
@@ -44,6 +34,8 @@ public:
     /// Throws DOMException for a name that could not be read again below `place`.
     LooseElement makeElement(const xercesc::DOMElement& place, std::wstring_view name);
     LooseElement makeElement(const char16_t* name);
+    /// Copies an element of another document, with all that it holds.
+    LooseElement copy(const xercesc::DOMElement& element);
     xercesc::DOMText* makeText(const std::wstring& text);
     xercesc::DOMText* makeText(const char16_t* text);
     xercesc::DOMComment* makeComment(const std::u16string& text);
@@ -53,13 +45,10 @@ public:
     /// Gives a text another value, or, where memory is short, leaves it as it is.
     static void setText(xercesc::DOMText& text, const std::wstring& value);
 
-    /// Takes the children out of an element.
-    void empty(xercesc::DOMElement& element) noexcept;
     /// Takes a child out of its parent.
     void remove(xercesc::DOMElement& parent, xercesc::DOMNode& child) noexcept;
     /// Counts a node that is no part of the tree, and everything in it, as waste.
     void discard(const xercesc::DOMNode& node) noexcept;
-    void countWaste(std::size_t bytes) noexcept { m_waste += bytes; }
     /// Copies the tree when there is much waste, unless memory is short. True when it did: no pointer into the tree is good
     /// then.
     bool shedWaste() noexcept;

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <typeinfo>
-#include <xercesc/dom/impl/DOMAttrImpl.hpp>
+#include <xercesc/dom/impl/DOMAttrNSImpl.hpp>
 #include <xercesc/dom/impl/DOMCasts.hpp>
+#include <xercesc/dom/impl/DOMDocumentImpl.hpp>
+#include <xercesc/dom/impl/DOMElementNSImpl.hpp>
 
 #include "platform/Prefetch.h"
 
@@ -102,6 +104,23 @@ void visitNames(DOMDocumentImpl& document, Visitor&& visit) {
     }
 }
 
+/// Gives the names as much room as they need by now to be found in the same time as a few.
+void spreadNames(DOMDocumentImpl& document) {
+    XMLSize_t count = 0;
+    visitNames(document, [&count](const Name& /*name*/) { ++count; });
+    if (count <= NameTable::size(document)) return;
+    const XMLSize_t size = count * 2 + 1;
+    auto** const entries = static_cast<Name**>(document.allocate(size * sizeof(Name*)));  // lives as long as the document
+    std::fill_n(entries, size, nullptr);
+    visitNames(document, [entries, size](Name& name) {
+        Name*& first = entries[xercesc::XMLString::hash(name.fString, size)];
+        name.fNext = first;
+        first = &name;
+    });
+    NameTable::entries(document) = entries;
+    NameTable::size(document) = size;
+}
+
 /// Whether a first child and the one after it are joined to `parent` as is written down here.
 bool areJoined(DOMElement& parent, DOMNode& first, DOMNode& second) {
     const Links firstLinks = linksOf(first);
@@ -129,7 +148,7 @@ bool holdsText(const DOMNode& node, std::u16string_view expected) {
 
 bool isNameKept(DOMDocument& document, const XMLCh* const name) {
     bool isKept = false;
-    visitNames(*insideOf(&document), [&](const Name& kept) { isKept = isKept || kept.fString == name; });
+    visitNames(static_cast<DOMDocumentImpl&>(document), [&](const Name& kept) { isKept = isKept || kept.fString == name; });
     return isKept;
 }
 
@@ -234,7 +253,7 @@ void appendNew(DOMElement& parent, xercesc::DOMText& child) {
 }
 
 void reserveAttributes(DOMElement& element, const std::size_t count) {
-    static_cast<DOMElementImpl&>(element).fAttributes->reserve(count);
+    if (count > 0) static_cast<DOMElementImpl&>(element).fAttributes->reserve(count);
 }
 
 // The library would look for an equal one by namespace first, through all there are.
@@ -243,20 +262,25 @@ void addAttribute(DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOM
     join(static_cast<DOMAttrImpl&>(attribute).fParent, attribute, text, linksOf(text));
 }
 
-void spreadNames(DOMDocumentImpl& document) {
-    XMLSize_t count = 0;
-    visitNames(document, [&count](const Name& /*name*/) { ++count; });
-    if (count <= NameTable::size(document)) return;
-    const XMLSize_t size = count * 2 + 1;
-    auto** const entries = static_cast<Name**>(document.allocate(size * sizeof(Name*)));  // lives as long as the document
-    std::fill_n(entries, size, nullptr);
-    visitNames(document, [entries, size](Name& name) {
-        Name*& first = entries[xercesc::XMLString::hash(name.fString, size)];
-        name.fNext = first;
-        first = &name;
-    });
-    NameTable::entries(document) = entries;
-    NameTable::size(document) = size;
+DOMElement& copyAlone(const DOMElement& element, DOMDocument& document) {
+    if (!linksAreKnown()) return static_cast<DOMElement&>(*document.importNode(&element, false));
+    using Memory = xercesc::DOMMemoryManager;
+    DOMElement& copy = *new (&document, Memory::ELEMENT_NS_OBJECT) xercesc::DOMElementNSImpl(
+        &document, element.getNamespaceURI(), element.getPrefix(), element.getLocalName(), element.getNodeName());
+    const xercesc::DOMNamedNodeMap& attributes = *element.getAttributes();
+    reserveAttributes(copy, attributes.getLength());
+    for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
+        const DOMNode& from = *attributes.item(i);
+        auto* const attribute = new (&document, Memory::ATTR_NS_OBJECT) xercesc::DOMAttrNSImpl(
+            &document, from.getNamespaceURI(), from.getPrefix(), from.getLocalName(), from.getNodeName());
+        addAttribute(copy, *attribute, *document.createTextNode(from.getNodeValue()));
+    }
+    return copy;
+}
+
+void NameCounter::spread(DOMDocument& document) {
+    m_askedUntilSpread = m_asked * 2;
+    if (linksAreKnown()) spreadNames(static_cast<DOMDocumentImpl&>(document));
 }
 
 #else  // a version of the library whose members nobody has compared with those above
@@ -271,18 +295,19 @@ const DOMElement* elementAfter(const DOMElement& element) { return element.getNe
 const DOMNode* firstNodeIn(const DOMElement& element) { return element.getFirstChild(); }
 const DOMNode* nodeAfter(const DOMNode& node) { return node.getNextSibling(); }
 bool hasAttributes(const DOMElement& element) { return element.hasAttributes(); }
+DOMElement& copyAlone(const DOMElement& element, DOMDocument& document) {
+    return static_cast<DOMElement&>(*document.importNode(&element, false));
+}
 void appendNew(DOMElement& parent, DOMElement& child) { parent.appendChild(&child); }
 void appendNew(DOMElement& parent, xercesc::DOMText& child) { parent.appendChild(&child); }
 void reserveAttributes(DOMElement& /*element*/, std::size_t /*count*/) {}
 void addAttribute(DOMElement& /*element*/, xercesc::DOMAttr& /*attribute*/, xercesc::DOMText& /*text*/) {}
-void spreadNames(DOMDocumentImpl& /*document*/) {}
+void NameCounter::spread(DOMDocument& /*document*/) {}
 
 #endif
 
 bool examineLinks(xercesc::DOMImplementation& implementation) {
     return examineLinks(implementation, typeid(implementation).name());
 }
-
-DOMDocumentImpl* insideOf(DOMDocument* const document) { return static_cast<DOMDocumentImpl*>(document); }
 
 }  // namespace XMLConfig::detail

@@ -5,7 +5,6 @@
 #include <xercesc/dom/impl/DOMElementImpl.hpp>
 #include <xercesc/dom/impl/DOMStringPool.hpp>
 #include <xercesc/dom/impl/DOMTextImpl.hpp>
-#include <xercesc/parsers/AbstractDOMParser.hpp>
 #include <xercesc/util/XercesVersion.hpp>
 
 #include "store/XmlLibrary.h"
@@ -78,6 +77,25 @@ inline NodeLook lookAt(const xercesc::DOMNode& node) {
 }
 /// Whether an element has any attribute.
 bool hasAttributes(const xercesc::DOMElement& element);
+/// The copy of an element, which may be another document's, with its attributes and nothing else. The library's own refuses
+/// some names that its parser reads.
+xercesc::DOMElement& copyAlone(const xercesc::DOMElement& element, xercesc::DOMDocument& document);
+
+/// Sees to it that a document's many names are found as fast as its few.
+class NameCounter {
+public:
+    /// To be called before a document is asked for nodes with so many names.
+    void count(xercesc::DOMDocument& document, std::size_t names) {
+        m_asked += names;
+        if (m_asked >= m_askedUntilSpread) spread(document);
+    }
+
+private:
+    void spread(xercesc::DOMDocument& document);
+
+    std::size_t m_asked = 0;
+    std::size_t m_askedUntilSpread = 1024;
+};
 
 // These are asked for only where the links are known.
 
@@ -89,9 +107,5 @@ void reserveAttributes(xercesc::DOMElement& element, std::size_t count);
 /// Adds an attribute to an element for which room was made and which has none of that name. `text`, its value, may be
 /// empty.
 void addAttribute(xercesc::DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOMText& text);
-/// Gives the names of a document as much room as they need by now to be found in the same time as a few.
-void spreadNames(xercesc::DOMDocumentImpl& document);
-/// The document as parsers hold it.
-xercesc::DOMDocumentImpl* insideOf(xercesc::DOMDocument* document);
 
 }  // namespace XMLConfig::detail

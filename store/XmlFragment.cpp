@@ -4,7 +4,6 @@
 #include "store/CorvaneException.h"
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
-#include "store/FragmentParser.h"
 #include "store/SectionIndex.h"
 #include "store/XmlLibrary.h"
 
@@ -17,7 +16,7 @@ constexpr const wchar_t* prefix = L"Error XmlFragment: ";
 DocumentPointer parsed(const std::wstring& xml) {
     startXmlLibrary();
     try {
-        return parseFragment(toUtf8(xml));
+        return parseElement(toUtf8(xml)).document;
     } catch (const ParseFailure& failure) {
         throw CorvaneException(prefix + std::wstring(L" XML message is: ") + failure.message());
     }

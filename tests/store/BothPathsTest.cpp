@@ -4,6 +4,7 @@
 
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
+#include "store/NewElement.h"
 #include "store/StrictParser.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/store/TreeSupport.h"
@@ -18,7 +19,6 @@ namespace storetests {
 namespace {
 
 using XMLConfig::detail::DocumentPointer;
-using XMLConfig::detail::FragmentParser;
 using XMLConfig::detail::ParseFailure;
 
 /// More of them for a long run: XMLCONFIG_RANDOM_DOCUMENTS=1000000.
@@ -98,24 +98,22 @@ std::string asDocument(const std::string& text) {
     }
 }
 
-/// Parses into the tree of another document, with one parser as long as it is good.
+/// Parses into the tree of another document.
 class Fragments {
 public:
+    Fragments() { m_tree.adopt(parsed("<r/>")); }
     std::string parse(const std::string& text) {
-        if (m_parser == nullptr) m_parser = std::make_unique<FragmentParser>();
-        auto* const parent = m_document->createElement(XMLConfig::detail::xmlText(u"parent"));
         try {
-            const int depth = m_parser->parse(text, *parent);
-            return std::to_string(depth) + described(*parent) + XMLConfig::detail::writeElement(*parent);
+            const XMLConfig::detail::NewElement made = XMLConfig::detail::readElement(text, m_tree);
+            return std::to_string(made.depth) + "," + std::to_string(made.namespaces) + described(*made.element) +
+                   XMLConfig::detail::writeElement(*made.element);
         } catch (const ParseFailure& failure) {
-            m_parser.reset();
             return asciiOf(failure.message());
         }
     }
 
 private:
-    DocumentPointer m_document = parsed("<r/>");
-    std::unique_ptr<FragmentParser> m_parser;
+    XMLConfig::detail::Tree m_tree;
 };
 
 std::string outcome(const std::function<DocumentPointer()>& parse) {

@@ -21,8 +21,9 @@ namespace {
 
 using xercesc::DOMElement;
 using XMLConfig::detail::DocumentPointer;
-using XMLConfig::detail::FragmentParser;
+using XMLConfig::detail::NewElement;
 using XMLConfig::detail::ParseFailure;
+using XMLConfig::detail::Tree;
 using XMLConfig::detail::xmlText;
 
 DocumentPointer parsedByTheLibrary(const std::string& text) {
@@ -40,7 +41,7 @@ int depthOf(const DOMElement& element) {
     return inside + 1;
 }
 
-void expectTheLibrarysTree(FragmentParser& fragments, const std::string& text) {
+void expectTheLibrarysTree(Tree& tree, const std::string& text) {
     SCOPED_TRACE(text.substr(0, 500));
     const DocumentPointer own = parsed(text);
     const DocumentPointer theirs = parsedByTheLibrary(text);
@@ -48,12 +49,10 @@ void expectTheLibrarysTree(FragmentParser& fragments, const std::string& text) {
     EXPECT_EQ(described(*own->getDocumentElement()), expected);
     EXPECT_EQ(own->getChildNodes()->getLength(), theirs->getChildNodes()->getLength());
 
-    DOMElement* const parent = theirs->createElement(xmlText(u"parent"));
-    EXPECT_EQ(fragments.parse(text, *parent), depthOf(*theirs->getDocumentElement()));
-    ASSERT_EQ(parent->getChildElementCount(), 1U);
-    EXPECT_EQ(described(*parent->getFirstElementChild()), expected);
-    EXPECT_EQ(parent->getChildNodes()->getLength(), theirs->getChildNodes()->getLength());
-    EXPECT_EQ(described(*theirs->getDocumentElement()), expected);
+    const NewElement made = XMLConfig::detail::readElement(text, tree);
+    EXPECT_EQ(made.depth, depthOf(*theirs->getDocumentElement()));
+    EXPECT_EQ(described(*made.element), expected);
+    EXPECT_EQ(made.element->getOwnerDocument(), &tree.document());
 }
 
 // The element that the document holds after `text` was stored, as the XML library's own parser reads it.
@@ -105,18 +104,19 @@ std::string randomElement(std::mt19937& random, int level) {
 
 TEST(Parser, MakesTheTreesOfTheXmlLibrary) {
     XMLConfig::detail::startXmlLibrary();
-    FragmentParser fragments;
-    for (const char* const text : fragmentTexts) expectTheLibrarysTree(fragments, text);
+    Tree tree;
+    tree.adopt(parsed("<r/>"));
+    for (const char* const text : fragmentTexts) expectTheLibrarysTree(tree, text);
     const std::string longText(50000, 'x');  // the library gives such a text in several pieces
-    expectTheLibrarysTree(fragments, "<a>" + longText + "&amp;<b/>" + longText + "<![CDATA[" + longText + "]]></a>");
+    expectTheLibrarysTree(tree, "<a>" + longText + "&amp;<b/>" + longText + "<![CDATA[" + longText + "]]></a>");
 }
 
 TEST(Parser, MakesTheTreesOfTheXmlLibraryAtRandom) {
     XMLConfig::detail::startXmlLibrary();
-    FragmentParser fragments;
+    Tree tree;
+    tree.adopt(parsed("<r/>"));
     std::mt19937 random(20190311);
-    for (int i = 0; i < 2000 && !testing::Test::HasFailure(); ++i)
-        expectTheLibrarysTree(fragments, randomElement(random, 0));
+    for (int i = 0; i < 2000 && !testing::Test::HasFailure(); ++i) expectTheLibrarysTree(tree, randomElement(random, 0));
 }
 
 TEST(Parser, MakesTheTreesOfTheXmlLibraryOfTheExamples) {
@@ -135,21 +135,18 @@ TEST(Parser, MakesTheTreesOfTheXmlLibraryOfTheExamples) {
 }
 
 TEST(Parser, LeavesTheTreeToItsOwnerAfterAFailure) {
-    const DocumentPointer document = parsed("<r><kept>1</kept></r>");
-    const std::string before = described(*document->getDocumentElement());
+    Tree tree;
+    tree.adopt(parsed("<r><kept>1</kept></r>"));
+    const std::string before = described(*tree.root());
     for (const char* const text :
          {"", " ", "text", "<a>", "<a/><b/>", "<a><b></a>", "<a>&unknown;</a>", "<!--c-->", "<p:a/>",
           "<?xml version=\"1.1\"?><a/>", "<?xml version=\"1.2\"?><a/>", "<!DOCTYPE a><a/>"}) {
-        FragmentParser parser;
-        DOMElement* const parent = document->createElement(xmlText(u"parent"));
-        EXPECT_THROW(parser.parse(text, *parent), ParseFailure) << text;
-        parent->release();
+        EXPECT_THROW(XMLConfig::detail::readElement(text, tree), ParseFailure) << text;
     }
-    EXPECT_EQ(described(*document->getDocumentElement()), before);
-    FragmentParser parser;
-    EXPECT_EQ(parser.parse("<a><b/></a>", *document->getDocumentElement()), 2);
-    EXPECT_EQ(described(*document->getDocumentElement()->getLastElementChild()),
-              described(*parsed("<a><b/></a>")->getDocumentElement()));
+    EXPECT_EQ(described(*tree.root()), before);
+    const NewElement made = XMLConfig::detail::readElement("<a><b/></a>", tree);
+    EXPECT_EQ(made.depth, 2);
+    EXPECT_EQ(described(*made.element), described(*parsed("<a><b/></a>")->getDocumentElement()));
 }
 
 TEST(StoredElements, AreThoseOfTheText) {

@@ -31,7 +31,7 @@ TEST(TreeCopy, KeepsEveryKindOfNode) {
         "<?xml version=\"1.0\"?><!--before--><?p before?><ConfigInfo xmlns:n=\"urn:n\" a=\"1\"><!--c--><S ID=\"1\" "
         "b=\"&lt;&#10;\">"
         "<A>text &amp; more</A><B>mixed<i>x</i> and <![CDATA[<raw>]]></B><n:C n:d=\"2\"/><?q data?><E></E><F> </F></S>"
-        "<S/><T xmlns=\"urn:t\"><u/></T></ConfigInfo><!--after--><?p after?>");
+        "<S/><T xmlns=\"urn:t\"><u/><\xF0\x90\x90\x80 \xF0\x90\x90\x81=\"1\"/></T></ConfigInfo><!--after--><?p after?>");
     const std::string before = savedText(*document);
     editUntilCopied(*document);
     EXPECT_EQ(savedText(*document), before);

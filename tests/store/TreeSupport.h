@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "store/FragmentParser.h"
+#include "store/DocumentParser.h"
 #include "store/TreeLinks.h"
 
 /// What the tests of trees share.
@@ -24,7 +24,7 @@ private:
 
 inline XMLConfig::detail::DocumentPointer parsed(const std::string& text) {
     XMLConfig::detail::startXmlLibrary();
-    return XMLConfig::detail::parseFragment(text);
+    return XMLConfig::detail::parseElement(text).document;
 }
 
 /// Every way from the element to its children and back, as the XML library walks it.

@@ -1,19 +1,12 @@
-#include "store/ElementReader.h"
+#include "store/NewElement.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "store/DocumentParser.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
-
-namespace {
-
-// When the XML library refuses a text, some nodes that it has made of it are in no tree and cannot be counted. They take at
-// most so many bytes for each byte of the text.
-constexpr std::size_t wasteOfAByte = 16;
-
-}  // namespace
 
 NewElement makeElement(const ElementParts& parts, Tree& tree) {
     using Kind = ElementParts::Kind;
@@ -40,21 +33,9 @@ NewElement makeElement(const ElementParts& parts, Tree& tree) {
     return outermost;
 }
 
-NewElement ElementReader::read(const std::string& text, Tree& tree) {
-    if (m_parser == nullptr) m_parser = std::make_unique<FragmentParser>();
-    if (m_holder == nullptr) m_holder = tree.makeElement(u"Parsed").release();
-    try {
-        const int depth = m_parser->parse(text, *m_holder);
-        xercesc::DOMElement* const element = m_holder->getFirstElementChild();
-        unlink(*m_holder, *element);
-        tree.empty(*m_holder);
-        return {{element, {&tree}}, depth, m_parser->namespaces()};
-    } catch (...) {
-        m_parser.reset();
-        tree.countWaste(text.size() * wasteOfAByte);
-        tree.empty(*m_holder);
-        throw;
-    }
+NewElement readElement(const std::string& text, Tree& tree) {
+    const ParsedElement parsed = parseElement(text);
+    return {tree.copy(*parsed.document->getDocumentElement()), parsed.levels, parsed.namespaces};
 }
 
 }  // namespace XMLConfig::detail
