@@ -11,7 +11,8 @@ namespace XMLConfig::detail {
 template <typename... T>
 struct TypeList {};
 
-/// Every type of value that a setting can have, in the order of SettingType.
+/// Every type of value that a setting can have, in the order of SettingType. A descriptor of a type that is missing here
+/// does not compile.
 using ValueTypes =
     TypeList<bool, int, double, Point_2Dim<int>, Point_2Dim<double>, Point_3Dim<double>, std::wstring, XmlElement, Frustum,
              BlackLevelBlending::PondOfMirrors, Special<SettingType::Path>, Special<SettingType::CameraIDs>,
@@ -22,10 +23,9 @@ using ValueTypes =
 template <typename... T>
 constexpr bool isOrderOfSettingTypes(TypeList<T...> /*types*/) {
     std::size_t next = 0;
-    return ((static_cast<std::size_t>(ValueTrait<T>::type) == next++) && ...) &&
-           next == static_cast<std::size_t>(SettingType::AxisTable) + 1;
+    return ((static_cast<std::size_t>(ValueTrait<T>::type) == next++) && ...);
 }
-static_assert(isOrderOfSettingTypes(ValueTypes()), "one trait for each SettingType, in their order");
+static_assert(isOrderOfSettingTypes(ValueTypes()), "the traits must stand in the order of SettingType");
 
 template <typename T, typename... Listed>
 constexpr bool isListed(TypeList<Listed...> /*types*/) {

@@ -54,8 +54,8 @@ struct TextAsItStands {
 template <typename Point>
 std::optional<std::wstring> pointAsRead(const std::wstring& stored) {
     const std::vector<std::wstring> tokens = tokensOf(stored);
-    if (tokens.size() != Element<Point>::tokens) return std::nullopt;
-    return textOf(Element<Point>::from(tokens));
+    if (tokens.size() != FormOfTokens<Point>::tokens) return std::nullopt;
+    return textOf(FormOfTokens<Point>::from(tokens));
 }
 
 template <>

@@ -7,9 +7,8 @@
 namespace XMLConfig::detail {
 namespace {
 
-bool isDigit(wchar_t letter) { return letter >= L'0' && letter <= L'9'; }
 bool isHexadecimal(wchar_t letter) { return isDigit(letter) || (letter >= L'a' && letter <= L'f'); }
-bool isSeparator(wchar_t letter) { return letter == L':' || letter == L'-'; }
+bool separatesBytes(wchar_t letter) { return letter == L':' || letter == L'-'; }
 
 constexpr std::size_t digitsOfAMAC = 12;
 
@@ -39,7 +38,7 @@ std::optional<DeviceID> deviceIDOf(const std::wstring& id) {
 
 std::wstring plainMAC(const std::wstring& text) {
     std::wstring plain = lowerAscii(text);
-    plain.erase(std::remove_if(plain.begin(), plain.end(), isSeparator), plain.end());
+    plain.erase(std::remove_if(plain.begin(), plain.end(), separatesBytes), plain.end());
     return plain;
 }
 
@@ -48,7 +47,7 @@ bool isMAC(const std::wstring& text) {
     if (text.size() == digitsOfAMAC) return true;
     if (text.size() != digitsOfAMAC + 5) return false;
     for (std::size_t at = 2; at < text.size(); at += 3)
-        if (!isSeparator(text[at])) return false;
+        if (!separatesBytes(text[at])) return false;
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "manager/Catalogue.h"
+#include "platform/Words.h"
 #include "sections/OpenItems.h"
 #include "store/BuildIdentity.h"
 
@@ -53,13 +54,11 @@ const std::vector<Setting>& knownSettings() {
     return known;
 }
 
-bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
-
 /// Length of the decimal number that begins the text; 0 when none does.
 std::size_t numberLength(std::wstring_view text) {
     std::size_t length = text.substr(0, 1) == L"-" ? 1 : 0;
     const std::size_t digits = length;
-    while (length < text.size() && isDigit(text[length])) ++length;
+    while (length < text.size() && detail::isDigit(text[length])) ++length;
     return length == digits ? 0 : length;
 }
 

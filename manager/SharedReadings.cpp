@@ -15,9 +15,9 @@ constexpr const wchar_t* projectorTag = L"Projector";
 
 /// The values of projectors and the geometry section that the upgrade to 9.0 changed, as they were before it; taken from
 /// the receipt.
-class Before {
+class ValuesBeforeSharing {
 public:
-    explicit Before(const UpgradeReceipt& receipt) {
+    explicit ValuesBeforeSharing(const UpgradeReceipt& receipt) {
         for (const UpgradeStepReport& step : receipt.steps)
             if (step.version == sharingVersion)
                 for (const UpgradeChange& change : step.changes) add(change);
@@ -55,7 +55,7 @@ private:
 
 std::vector<ValueReadOtherwise> readOtherwise(const ConfigInfo& document, const UpgradeReceipt& receipt) {
     constexpr double closest = 1e-10;  // what is nearer counts as one value where the most frequent one is looked for
-    const Before before(receipt);
+    const ValuesBeforeSharing before(receipt);
     const std::vector<Setting> settings = before.sharedSettings();
     std::vector<ValueReadOtherwise> found;
     for (const ElementView& projector : sectionElements(document, projectorTag)) {

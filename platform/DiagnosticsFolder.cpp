@@ -15,13 +15,13 @@ namespace {
 
 namespace detail = XMLConfig::detail;
 
-struct Folder {
+struct FolderOfThisRun {
     std::mutex mutex;
     std::optional<std::wstring> path;
 };
 
-Folder& folderOfThisRun() {
-    static Folder folder;
+FolderOfThisRun& folderOfThisRun() {
+    static FolderOfThisRun folder;
     return folder;
 }
 
@@ -37,14 +37,14 @@ std::wstring makeFolderOfThisRun() {
 }  // namespace
 
 std::wstring getDataSubDirectory() {
-    Folder& folder = folderOfThisRun();
+    FolderOfThisRun& folder = folderOfThisRun();
     const std::lock_guard<std::mutex> lock(folder.mutex);
     if (!folder.path) folder.path = makeFolderOfThisRun();
     return *folder.path;
 }
 
 void setDataSubDirectory(const std::wstring& path) {
-    Folder& folder = folderOfThisRun();
+    FolderOfThisRun& folder = folderOfThisRun();
     const std::lock_guard<std::mutex> lock(folder.mutex);
     folder.path = path;
 }

@@ -17,8 +17,8 @@ public:
     SignalHold& operator=(const SignalHold&) = delete;
 
 private:
-    struct Before;
-    std::unique_ptr<Before> m_before;
+    struct EarlierHandling;
+    std::unique_ptr<EarlierHandling> m_before;
 };
 
 }  // namespace XMLConfig

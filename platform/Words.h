@@ -13,6 +13,8 @@ constexpr wchar_t lowerAscii(wchar_t character) {
     return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
 }
 
+constexpr bool isDigit(wchar_t character) { return character >= L'0' && character <= L'9'; }
+
 /// Upper case of the ASCII letters; every other character stays.
 inline std::wstring upperAscii(std::wstring text) {
     for (wchar_t& character : text)

@@ -98,7 +98,7 @@ Address addressOf(const Reader& reader, const std::vector<Step>& steps) {
     return address;
 }
 
-std::wstring withID(const std::wstring& name, const std::wstring& id) {
+std::wstring nameAndID(const std::wstring& name, const std::wstring& id) {
     if (id.empty()) return name;
     std::wstring text = name + L"[";
     for (wchar_t character : id) text.append(character == L']' ? 2 : 1, character);
@@ -141,8 +141,8 @@ Assignment parseAssignment(const std::wstring& text) {
 }
 
 std::wstring addressText(const Address& address) {
-    std::wstring text = withID(address.section, address.sectionID);
-    if (!address.subSection.empty()) text += L"/" + withID(address.subSection, address.subSectionID);
+    std::wstring text = nameAndID(address.section, address.sectionID);
+    if (!address.subSection.empty()) text += L"/" + nameAndID(address.subSection, address.subSectionID);
     if (!address.key.empty()) text += L"/" + address.key;
     for (std::size_t i = text.size() - address.key.size(); i < text.size(); ++i)
         if (text[i] == L'|') text[i] = L'/';

@@ -6,7 +6,7 @@
 #include "store/Together.h"
 #include "store/TokenItems.h"
 
-using XMLConfig::detail::Element;
+using XMLConfig::detail::FormOfTokens;
 using XMLConfig::detail::readOr;
 using XMLConfig::detail::textOf;
 using XMLConfig::detail::tokensOf;
@@ -24,7 +24,7 @@ void getVector(const ConfigInfo& configInfo, const std::wstring& sectionName, co
     for (int j = 0; j < m; ++j) {
         for (int i = 0; i < n; ++i) {
             values.push_back(
-                readOr(tokensOf(configInfo, sectionName, elementKey(key, i, j), sectionID), Element<T>::placeholder()));
+                readOr(tokensOf(configInfo, sectionName, elementKey(key, i, j), sectionID), FormOfTokens<T>::placeholder()));
         }
     }
 }

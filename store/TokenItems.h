@@ -19,28 +19,28 @@ inline std::vector<std::wstring> tokensOf(const ConfigInfo& configInfo, const st
 
 /// How a value is made of tokens, and what stands for one that cannot be read.
 template <typename T>
-struct Element;
+struct FormOfTokens;
 
 template <>
-struct Element<double> {
+struct FormOfTokens<double> {
     static constexpr std::size_t tokens = 1;
     static double placeholder() { return -1.0; }
     static double from(const std::vector<std::wstring>& t) { return leadingDouble(t[0]); }
 };
 template <>
-struct Element<Point_2Dim<int>> {
+struct FormOfTokens<Point_2Dim<int>> {
     static constexpr std::size_t tokens = 2;
     static Point_2Dim<int> placeholder() { return {-1000, -1000}; }
     static Point_2Dim<int> from(const std::vector<std::wstring>& t) { return {leadingInteger(t[0]), leadingInteger(t[1])}; }
 };
 template <>
-struct Element<Point_2Dim<double>> {
+struct FormOfTokens<Point_2Dim<double>> {
     static constexpr std::size_t tokens = 2;
     static Point_2Dim<double> placeholder() { return {-1000.0, -1000.0}; }
     static Point_2Dim<double> from(const std::vector<std::wstring>& t) { return {leadingDouble(t[0]), leadingDouble(t[1])}; }
 };
 template <>
-struct Element<Point_3Dim<double>> {
+struct FormOfTokens<Point_3Dim<double>> {
     static constexpr std::size_t tokens = 3;
     static Point_3Dim<double> placeholder() { return {-1000.0, -1000.0, -1000.0}; }
     static Point_3Dim<double> from(const std::vector<std::wstring>& t) {
@@ -51,7 +51,7 @@ struct Element<Point_3Dim<double>> {
 /// The value when the number of tokens is exactly right.
 template <typename T>
 T readOr(const std::vector<std::wstring>& tokens, const T& otherwise) {
-    return tokens.size() == Element<T>::tokens ? Element<T>::from(tokens) : otherwise;
+    return tokens.size() == FormOfTokens<T>::tokens ? FormOfTokens<T>::from(tokens) : otherwise;
 }
 
 }  // namespace XMLConfig::detail

@@ -37,7 +37,7 @@ public:
         if (!section.isKnown) return;
         ++m_number;
         section.items.reserve(keys.usualItems);
-        section.m_places.reserve(keys.usualItems);
+        section.m_itemsByKey.reserve(keys.usualItems);
         addChildren(section, keys, section.element, nullptr);
         constexpr std::size_t most = 128;  // lest a large section make many small ones large
         keys.usualItems = std::min(section.items.size(), most);
@@ -59,7 +59,7 @@ private:
         const bool isGroup = key.kind == SectionKey::Kind::Group;
         const bool holdsElements = static_cast<bool>(child.firstChild());
         SharedText& text = isGroup || holdsElements ? keys.noText() : keys.textOf(child, key);
-        if (!isHidden) section.m_places.push_back({key.number, section.items.size()});
+        if (!isHidden) section.m_itemsByKey.push_back({key.number, section.items.size()});
         section.items.emplace_back(child, key, text, holdsElements, earlier);
         key.repeats = isHidden ? key.repeats + 1 : 0;
         section.items.back().isSecond = key.repeats == 1;
@@ -73,8 +73,8 @@ private:
     /// sections hold them, and the later ones have the same order.
     static void order(CheckedSection& section) {
         const auto isBefore = [](const auto& a, const auto& b) { return a.number < b.number; };
-        auto& places = section.m_places;
-        if (!std::is_sorted(places.begin(), places.end(), isBefore)) std::sort(places.begin(), places.end(), isBefore);
+        auto& items = section.m_itemsByKey;
+        if (!std::is_sorted(items.begin(), items.end(), isBefore)) std::sort(items.begin(), items.end(), isBefore);
     }
 
     std::size_t m_number = 0;  // of the section, from 1
@@ -93,9 +93,9 @@ const CheckedItem* CheckedSection::find(std::wstring_view key) const {
 
 const CheckedItem* CheckedSection::find(const SectionKey* known) const {
     if (known == nullptr) return nullptr;
-    const auto isBefore = [](const Place& place, std::size_t number) { return place.number < number; };
-    const auto found = std::lower_bound(m_places.begin(), m_places.end(), known->number, isBefore);
-    return found == m_places.end() || found->number != known->number ? nullptr : &items[found->item];
+    const auto isBefore = [](const ItemOfKey& item, std::size_t number) { return item.number < number; };
+    const auto found = std::lower_bound(m_itemsByKey.begin(), m_itemsByKey.end(), known->number, isBefore);
+    return found == m_itemsByKey.end() || found->number != known->number ? nullptr : &items[found->item];
 }
 
 bool CheckedSection::holdsTwice(std::wstring_view key) const {

@@ -78,14 +78,14 @@ private:
 
     [[nodiscard]] const CheckedItem* find(const SectionKey* key) const;
 
-    struct Place {
+    struct ItemOfKey {
         std::size_t number;  // of the key
         std::size_t item;
     };
 
     const KeysOfTag* m_keys;
     bool m_isDevice;
-    std::vector<Place> m_places;  // of the items that are not hidden, by number
+    std::vector<ItemOfKey> m_itemsByKey;  // of the items that are not hidden, by number
     mutable std::wstring m_address;
 };
 

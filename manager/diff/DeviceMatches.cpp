@@ -109,8 +109,8 @@ public:
 
     /// Joins what shows the same part of the picture: sorted by yaw, only neighbours within a degree are compared.
     void joinChannels() {
-        const std::vector<Channel> olds = channels(m_old, m_partnerOfOld);
-        const std::vector<Channel> news = channels(m_now, m_partnerOfNew);
+        const std::vector<AnglesOfDevice> olds = channels(m_old, m_partnerOfOld);
+        const std::vector<AnglesOfDevice> news = channels(m_now, m_partnerOfNew);
         std::vector<std::size_t> partner(news.size(), none);
         std::vector<std::size_t> claims(olds.size(), 0);
         for (std::size_t i = 0; i < news.size(); ++i) {
@@ -137,7 +137,7 @@ private:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
     static constexpr std::size_t ambiguous = static_cast<std::size_t>(-2);
     using Places = std::map<std::wstring, std::size_t>;
-    struct Channel {
+    struct AnglesOfDevice {
         Angles angles;
         std::size_t device;
     };
@@ -154,19 +154,22 @@ private:
         return result;
     }
 
-    static std::vector<Channel> channels(const std::vector<ElementView>& devices, const std::vector<std::size_t>& partners) {
-        std::vector<Channel> result;
+    static std::vector<AnglesOfDevice> channels(const std::vector<ElementView>& devices,
+                                                const std::vector<std::size_t>& partners) {
+        std::vector<AnglesOfDevice> result;
         for (std::size_t i = 0; i < devices.size(); ++i) {
-            Channel channel{{}, i};
+            AnglesOfDevice channel{{}, i};
             if (partners[i] == none && readAngles(devices[i], channel.angles)) result.push_back(channel);
         }
-        const auto isFurtherLeft = [](const Channel& one, const Channel& other) { return one.angles[0] < other.angles[0]; };
+        const auto isFurtherLeft = [](const AnglesOfDevice& one, const AnglesOfDevice& other) {
+            return one.angles[0] < other.angles[0];
+        };
         std::sort(result.begin(), result.end(), isFurtherLeft);
         return result;
     }
 
     /// Where half a turn to the left is half a turn to the right, neighbours are at both ends.
-    static std::vector<std::size_t> likeChannel(const std::vector<Channel>& sorted, const Angles& angles) {
+    static std::vector<std::size_t> likeChannel(const std::vector<AnglesOfDevice>& sorted, const Angles& angles) {
         std::vector<std::size_t> found;
         for (const double turn : {-fullTurn, 0.0, fullTurn}) {
             const auto [first, last] = nearYaw(sorted, angles[0] + turn);
@@ -176,9 +179,9 @@ private:
         return found;
     }
 
-    static std::pair<std::size_t, std::size_t> nearYaw(const std::vector<Channel>& sorted, double yaw) {
-        const auto isLeftOf = [](const Channel& channel, double angle) { return channel.angles[0] < angle; };
-        const auto isRightOf = [](double angle, const Channel& channel) { return angle < channel.angles[0]; };
+    static std::pair<std::size_t, std::size_t> nearYaw(const std::vector<AnglesOfDevice>& sorted, double yaw) {
+        const auto isLeftOf = [](const AnglesOfDevice& channel, double angle) { return channel.angles[0] < angle; };
+        const auto isRightOf = [](double angle, const AnglesOfDevice& channel) { return angle < channel.angles[0]; };
         const auto first = std::lower_bound(sorted.begin(), sorted.end(), yaw - degree, isLeftOf);
         const auto last = std::upper_bound(first, sorted.end(), yaw + degree, isRightOf);
         return {static_cast<std::size_t>(first - sorted.begin()), static_cast<std::size_t>(last - sorted.begin())};

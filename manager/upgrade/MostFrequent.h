@@ -48,7 +48,7 @@ private:
         Value founder;
         std::size_t votes;
     };
-    struct Before {
+    struct Ascending {
         bool operator()(const Value& left, const Value& right) const { return isBefore(left, right); }
     };
 
@@ -73,14 +73,14 @@ private:
         return found;
     }
 
-    std::size_t findBefore(typename std::map<Value, std::size_t, Before>::const_iterator next, const Value& value) const {
+    std::size_t findBefore(typename std::map<Value, std::size_t, Ascending>::const_iterator next, const Value& value) const {
         if (next == m_numbers.begin()) return m_groups.size();
         const auto last = std::prev(next);
         return isSame(last->first, value) ? last->second : m_groups.size();
     }
 
     std::vector<Group> m_groups;
-    std::map<Value, std::size_t, Before> m_numbers;
+    std::map<Value, std::size_t, Ascending> m_numbers;
 };
 
 /// The value that most of them have, the one met first on a tie. There must be one.

@@ -6,11 +6,11 @@
 
 namespace XMLConfig {
 
-struct SignalHold::Before {
+struct SignalHold::EarlierHandling {
     sigset_t mask;
 };
 
-SignalHold::SignalHold() : m_before(std::make_unique<Before>()) {
+SignalHold::SignalHold() : m_before(std::make_unique<EarlierHandling>()) {
     sigset_t held;
     ::sigemptyset(&held);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) ::sigaddset(&held, signal);

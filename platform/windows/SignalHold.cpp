@@ -20,12 +20,12 @@ BOOL WINAPI waitForHolders(DWORD) {
 
 }  // namespace
 
-struct SignalHold::Before {
+struct SignalHold::EarlierHandling {
     std::unique_lock<std::recursive_mutex> holding{held, std::defer_lock};
 };
 
 // While a handler runs, the system lets nobody add or remove one: who holds must not ask for that, for the handler waits.
-SignalHold::SignalHold() : m_before(std::make_unique<Before>()) {
+SignalHold::SignalHold() : m_before(std::make_unique<EarlierHandling>()) {
     if (depth++ == 0) ::SetConsoleCtrlHandler(&waitForHolders, TRUE);
     m_before->holding.lock();
 }
