@@ -7,6 +7,7 @@
 #include "manager/ManagerLog.h"
 #include "manager/OpenConfiguration.h"
 #include "manager/ProductExtension.h"
+#include "manager/Upgrade.h"
 #include "manager/VirtualDevices.h"
 #include "manager/upgrade/VersionUpgrade.h"
 #include "sections/SiteAnalyticsConfig.h"
@@ -56,6 +57,14 @@ XMLConfigManager* XMLConfigManager::loadConfiguration(std::shared_ptr<IQuorvelPr
     manager->m_versionUpgradeStatus = status;
     manager->startSiteAnalytics();
     return manager.release();
+}
+
+XMLConfigManager* XMLConfigManager::loadWithReceipt(std::shared_ptr<IQuorvelProductInfo> productInfo,
+                                                    const std::wstring& path) {
+    const auto receipt = std::make_shared<XMLConfig::UpgradeReceipt>();
+    XMLConfigManager* const manager = loadConfiguration(std::move(productInfo), path, receipt.get());
+    if (manager != nullptr) manager->m_upgradeReceipt = receipt;
+    return manager;
 }
 
 XMLConfigManager* XMLConfigManager::newConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo) {
@@ -116,6 +125,8 @@ IResourceCache* XMLConfigManager::getResourceCache() const { return m_resourceCa
 void XMLConfigManager::setResourceCache(IResourceCache* resourceCache) { m_resourceCache = resourceCache; }
 
 XMLConfig::VersionUpgradeEnum XMLConfigManager::getVersionUpgradeStatus() const { return m_versionUpgradeStatus; }
+
+const XMLConfig::UpgradeReceipt* XMLConfigManager::getUpgradeReceipt() const { return m_upgradeReceipt.get(); }
 
 bool XMLConfigManager::isConfigDirty() const { return m_open->document->isDirty(); }
 

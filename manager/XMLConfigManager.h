@@ -29,6 +29,7 @@ struct OpenConfiguration;
 namespace XMLConfig {
 
 class UpgradeObserver;
+class UpgradeReceipt;
 struct Finding;
 struct OutlineNode;
 
@@ -62,6 +63,8 @@ public:
     /// null. An XMLConfig::UpgradeReceipt keeps all that it is told.
     static XMLConfigManager* loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path,
                                                XMLConfig::UpgradeObserver* observer);
+    /// Loads as without an observer, and keeps what the upgrade does for getUpgradeReceipt(), which costs time and memory.
+    static XMLConfigManager* loadWithReceipt(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path);
     /// A new, untitled configuration whose fixed sections hold their initial values. The caller owns the manager.
     /// Without product information it can be copied, but not saved: saveConfiguration throws CorvaneException.
     static XMLConfigManager* newConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo);
@@ -132,6 +135,9 @@ public:
     IResourceCache* getResourceCache() const;
     void setResourceCache(IResourceCache* resourceCache);
     XMLConfig::VersionUpgradeEnum getVersionUpgradeStatus() const;  ///< what loading did to the document
+    /// What the upgrade at load did (manager/Upgrade.h), without steps where the file needed none; null where the manager
+    /// was not made by loadWithReceipt. It lives as long as this manager and its copies.
+    const XMLConfig::UpgradeReceipt* getUpgradeReceipt() const;
     /// Whether the document holds changes that were not saved.
     bool isConfigDirty() const;
     /// Whether somebody else has changed the file since it was loaded or saved; see XMLConfig::hasFileChanged.
@@ -204,6 +210,7 @@ private:
 
     std::shared_ptr<IQuorvelProductInfo> m_productInfo;
     XMLConfig::VersionUpgradeEnum m_versionUpgradeStatus = XMLConfig::NoUpgradeRequired;
+    std::shared_ptr<const XMLConfig::UpgradeReceipt> m_upgradeReceipt;  // with the copies of this manager
     IResourceCache* m_resourceCache = nullptr;
     std::wstring m_fileName;
     std::shared_ptr<XMLConfig::detail::OpenConfiguration> m_open;  // with the copies of this manager

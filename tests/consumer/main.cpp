@@ -69,11 +69,9 @@ bool finds(const XMLConfigManager& manager, const std::wstring& rule, const std:
 
 // All that is to be known of a file, from loading it once.
 void loadOnce(const std::wstring& path) {
-    XMLConfig::UpgradeReceipt receipt;
-    const std::unique_ptr<XMLConfigManager> manager(
-        XMLConfigManager::loadConfiguration(std::make_shared<Product>(), path, &receipt));
+    const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::loadWithReceipt(std::make_shared<Product>(), path));
     expect(manager->getProjectorIDs().size() == 1, "the manager lists the projector");
-    expect(receipt.steps.empty(), "a file of today needs no upgrade");
+    expect(manager->getUpgradeReceipt()->steps.empty(), "a file of today needs no upgrade");
     expect(finds(*manager, L"XC104", L"Projector[1]/Position"), "the manager finds the item that is no setting");
     expect(manager->outline().size() == 6, "the manager's outline has the visit, too");
     expect(manager->getDocument().getVersion() == 9.0, "the manager shows its document");

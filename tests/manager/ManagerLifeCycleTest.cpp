@@ -54,6 +54,17 @@ public:
 
 class Cache : public IResourceCache {};
 
+std::wstring olderFile(const TemporaryFolder& folder) {
+    return folder.write(L"old.skorrax", fileText("<Screen><Unit>Feet</Unit></Screen>", "8.000"));
+}
+void expectReceiptOfOlderFile(const XMLConfig::UpgradeReceipt& receipt) {
+    EXPECT_EQ(receipt.fromVersion, 8.0);
+    ASSERT_EQ(receipt.steps.size(), 1u);
+    EXPECT_EQ(receipt.steps[0].version, 9.0);
+    const auto isUnit = [](const XMLConfig::UpgradeChange& change) { return change.newKey == L"Length_Unit"; };
+    EXPECT_TRUE(std::any_of(receipt.steps[0].changes.begin(), receipt.steps[0].changes.end(), isUnit));
+}
+
 }  // namespace
 
 TEST(ManagerLifeCycle, NewConfigurationIsUntitledAndDirty) {
@@ -264,15 +275,31 @@ TEST(ManagerLifeCycle, DocumentIsLookedAtWithItsUnsavedChanges) {
 
 TEST(ManagerLifeCycle, LoadGivesTheReceiptOfItsUpgrade) {
     const TemporaryFolder folder;
-    const std::wstring old = folder.write(L"old.skorrax", fileText("<Screen><Unit>Feet</Unit></Screen>", "8.000"));
     XMLConfig::UpgradeReceipt receipt;
-    const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::loadConfiguration(TestProduct::make(), old, &receipt));
+    const std::unique_ptr<XMLConfigManager> manager(
+        XMLConfigManager::loadConfiguration(TestProduct::make(), olderFile(folder), &receipt));
     EXPECT_EQ(manager->getVersionUpgradeStatus(), XMLConfig::Upgraded);
-    EXPECT_EQ(receipt.fromVersion, 8.0);
-    ASSERT_EQ(receipt.steps.size(), 1u);
-    EXPECT_EQ(receipt.steps[0].version, 9.0);
-    const auto isUnit = [](const XMLConfig::UpgradeChange& change) { return change.newKey == L"Length_Unit"; };
-    EXPECT_TRUE(std::any_of(receipt.steps[0].changes.begin(), receipt.steps[0].changes.end(), isUnit));
+    expectReceiptOfOlderFile(receipt);
+    EXPECT_EQ(manager->getUpgradeReceipt(), nullptr);
+}
+
+TEST(ManagerLifeCycle, LoadKeepsTheReceiptWhereAsked) {
+    const TemporaryFolder folder;
+    std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::loadWithReceipt(TestProduct::make(), olderFile(folder)));
+    EXPECT_EQ(manager->getVersionUpgradeStatus(), XMLConfig::Upgraded);
+    const XMLConfigManager copy = *manager;
+    manager.reset();
+    ASSERT_NE(copy.getUpgradeReceipt(), nullptr);
+    expectReceiptOfOlderFile(*copy.getUpgradeReceipt());
+}
+
+TEST(ManagerLifeCycle, KeptReceiptHasNoStepsWhereNothingWasUpgraded) {
+    const TemporaryFolder folder;
+    const std::unique_ptr<XMLConfigManager> manager(
+        XMLConfigManager::loadWithReceipt(TestProduct::make(), folder.write(L"new.skorrax", fileText())));
+    ASSERT_NE(manager->getUpgradeReceipt(), nullptr);
+    EXPECT_TRUE(manager->getUpgradeReceipt()->steps.empty());
+    EXPECT_EQ(newManager()->getUpgradeReceipt(), nullptr);
 }
 
 TEST(ManagerLifeCycle, LoadWithoutUpgradeLeavesTheReceiptEmpty) {
