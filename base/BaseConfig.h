@@ -155,7 +155,7 @@ protected:
     /// Stores a setting's value. `Value` must be exactly the type of the setting.
     template <typename T, typename Value>
     void write(const XMLConfig::detail::Descriptor<T>& item, const Value& value);
-    /// Writes what a new section holds, in the table's order: all of it, or nothing where anything is thrown.
+    /// Writes what a new section holds, in the table's order: all of it, or nothing where memory runs out.
     void writeInitialValues(const XMLConfig::detail::SettingTable& table);
 
     ConfigInfo* m_configInfo;  ///< the document that every operation uses; never null

@@ -2,9 +2,9 @@
 
 namespace XMLConfig::detail {
 
-/// While one lives, a cancellation of this thread (pthread_cancel) waits: between a load's or a save's calls of the system
-/// it would unwind through code that turns what it does not know into errors. Where threads cannot be cancelled it does
-/// nothing. They may be nested.
+/// While such an object lives, a cancellation of this thread (pthread_cancel) waits. In the middle of a load or a save the
+/// cancellation would unwind the thread through code that turns every exception that it does not know into an error. Where
+/// threads cannot be cancelled the object does nothing. Such objects may be nested.
 class HeldCancellation {
 public:
     HeldCancellation();

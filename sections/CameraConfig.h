@@ -89,7 +89,7 @@ public:
     /// The camera's pose given by hand: its position (meters), and yaw, pitch and roll, to which the library gives no unit.
     /// True when both are stored as three numbers each; a point that is not so stored is left as the caller had it.
     bool getExplicitExtrinsics(Point_3Dim<double>& xyz, Point_3Dim<double>& ypr) const;
-    /// Stores both, or nothing where anything is thrown.
+    /// Stores both, or nothing where memory runs out.
     void setExplicitExtrinsics(const Point_3Dim<double>& xyz, const Point_3Dim<double>& ypr);
     bool doesExplicitExtrinsicsExist() const;  ///< whether a position is stored, readable or not
 

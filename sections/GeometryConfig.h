@@ -42,8 +42,8 @@ public:
     GeometryConfig(ConfigInfo* configInfo, const std::wstring& sectionID);
     ~GeometryConfig() override;
     /// Writes the values of a new document by calling the setters, those of a subclass too: 0 projectors in a layout of 0 by
-    /// 0, where missing items read 1, and for the rest what a missing item gives. It writes all, or nothing where anything
-    /// is thrown.
+    /// 0, where missing items read 1, and for the rest what a missing item gives. It writes all, or nothing where memory
+    /// runs out.
     void initialize() override;
 
     virtual int getProjectorCount() const;  ///< number of projectors in the layout; 1 when missing
@@ -172,7 +172,7 @@ public:
     void setDoPellinorWarpValidation(bool value);
     /// What getProjectorLayoutHeight() and getProjectorLayoutWidth() give: the number of rows and of columns.
     Corvane::GridSize getSimpleLayoutGridSize() const;
-    /// Calls setProjectorLayoutHeight() and setProjectorLayoutWidth(); stores both, or nothing where anything is thrown.
+    /// Calls setProjectorLayoutHeight() and setProjectorLayoutWidth(); stores both, or nothing where memory runs out.
     void setSimpleLayoutGridSize(const Corvane::GridSize& value);
 
     static Point_2Dim<int> getDefaultBoxSize();  ///< what getBoxSize() gives for a missing item: 21, 21 (pixels)

@@ -37,7 +37,7 @@ public:
 
     /// Records a decision about a slot. With Approved the slot is approved under `name`. With any other status it is no
     /// longer approved, and with CurrentRun it also becomes the slot of the current run; `name` does not count then. All of
-    /// it is stored, or nothing where anything is thrown.
+    /// it is stored, or nothing where memory runs out.
     void updateSlot(int slot, std::wstring name, SlotStatus status);
     /// Puts name and status of `slot`, while a run works on `currentSlot` (-1: no run), into `name` and `status`. An
     /// approved slot gives its name, any other an empty one, but for two cases in which `name` stays as it was: the slot of

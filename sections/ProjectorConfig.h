@@ -23,7 +23,7 @@ public:
     ~ProjectorConfig() override;
     /// Writes a new projector's values by calling the setters, those of a subclass too. It is named "Channel_" and its ID,
     /// its channel reaches 30 degrees to the left and right and 20 up and down, and it takes the whole screen. What is
-    /// inherited stays unset. All is written, or nothing where anything is thrown.
+    /// inherited stays unset. All is written, or nothing where memory runs out.
     void initialize() override;
 
     virtual std::wstring getName() const;  ///< name people give the projector; empty when missing
@@ -118,7 +118,7 @@ public:
     /// by 1.
     virtual Viewport getChannelExtentsAsViewport() const;
     /// Stores heading, fields of view and eye point by calling the setters; the viewport's resolution is not kept. Stores
-    /// all, or nothing where anything is thrown.
+    /// all, or nothing where memory runs out.
     virtual void setChannelExtentsFromViewport(const Viewport& viewport);
 
     /// Pose, angles (radians) and resolution the installation's design gives the projector. A missing field

@@ -26,8 +26,8 @@ public:
     ScreenConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager> assetManager, const std::wstring& sectionID);
     ~ScreenConfig() override;
     /// Writes a flat surface of 1 by 1 meters whose size is determined automatically, with a radius of 2.1 meters, 45
-    /// degrees to the left and right and 18 up and down, without mesh or masks. All is written, or nothing where anything is
-    /// thrown.
+    /// degrees to the left and right and 18 up and down, without mesh or masks. All is written, or nothing where memory runs
+    /// out.
     void initialize() override;
 
     /// Shape of the surface, as stored: one of SHAPE_..., unless another program stored something else. Missing: "Flat".

@@ -41,7 +41,7 @@ public:
 
     /// Stores 0 for both counts.
     void resetSiteAnalytics();
-    /// Stores 0 for both counts and the present time as that of the visit: all of it, or nothing where anything is thrown.
+    /// Stores 0 for both counts and the present time as that of the visit: all of it, or nothing where memory runs out.
     /// The mode stays as it is until the document is loaded again.
     void resetSite();
 

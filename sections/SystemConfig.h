@@ -90,8 +90,8 @@ public:
     SystemConfig(ConfigInfo* configInfo, std::shared_ptr<AssetManager> assetManager, const std::wstring& sectionID);
     ~SystemConfig() override;
     /// Writes the values of a new document: 4 power ports of a black box and parallel sends, where missing items read 2 and
-    /// false, and for the rest what a missing item gives. No ACT units are left. All is written, or nothing where anything
-    /// is thrown.
+    /// false, and for the rest what a missing item gives. No ACT units are left. All is written, or nothing where memory
+    /// runs out.
     void initialize() override;
 
     // Finding the markers.
@@ -218,7 +218,7 @@ public:
 
     int getACTCount();  ///< number of ACT units; 0 when missing
     /// Stores the count, a negative one as 0, and removes the addresses and associations of the units that there are no
-    /// more: all of it, or nothing where anything is thrown.
+    /// more: all of it, or nothing where memory runs out.
     void setACTCount(int count);
     /// Address of the ACT unit of that number, counted from 0; empty when missing, whatever the count says.
     std::wstring getACTAddress(int unit);

@@ -20,7 +20,7 @@ public:
     TargetLocatorConfig(ConfigInfo* configInfo, const std::wstring& sectionID);
     ~TargetLocatorConfig() override;
     /// Writes the values of a new section: overlaps of 0.05, and for the rest what a missing item gives. Correction tables
-    /// are not written. All is written, or nothing where anything is thrown.
+    /// are not written. All is written, or nothing where memory runs out.
     void initialize() override;
 
     /// How the target is described: one of TARGET_DATA_..., or whatever else is stored. The older "Projector Pose" reads as

@@ -10,7 +10,8 @@
 
 namespace XMLConfig::detail {
 
-/// A text of which all bytes that there is room for are copied at once, which takes less than copying as many as it has.
+/// A short text in an array. The whole array is copied at once, which takes less time than copying as many bytes as the text
+/// has.
 template <std::size_t capacity>
 struct ShortText {
     std::array<char, capacity> bytes;

@@ -29,9 +29,10 @@ struct Change {
 class ChangeObserver {
 public:
     virtual ~ChangeObserver() = default;
-    /// Called after each effective change; must not change the document. What it throws passes, and the change stands.
+    /// Called after each effective change; must not change the document. What it throws reaches whoever made the change,
+    /// which stands all the same.
     virtual void changed(const Change& change) = 0;
-    /// What the document calls: an observer that keeps changes overrides it, too, and need not copy them.
+    /// The document calls this one. An observer that keeps the changes overrides it too, so that it need not copy them.
     virtual void take(Change&& change) { changed(change); }
 };
 

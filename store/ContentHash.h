@@ -7,8 +7,8 @@
 
 namespace XMLConfig::detail {
 
-/// A number that tells two contents apart, but for one pair of 2^64. It guards against accidents, not against malice. The
-/// pieces in which the bytes come do not matter.
+/// A number that tells two contents apart, but for about one pair in 2^64. It guards against accidents, not against malice.
+/// The pieces in which the bytes come do not matter.
 class ContentHash {
 public:
     void add(std::string_view bytes) {

@@ -7,7 +7,7 @@ class ConfigInfo;
 namespace XMLConfig {
 
 /// Whether the file that the document was loaded from, or saved to last, has been changed since by somebody else: it holds
-/// other bytes, or is gone. A document that has no file yet has no changed file either. Copies that
+/// other bytes, is gone, or cannot be read any more. A document that has no file yet has no changed file either. Copies that
 /// XMLConfigManager::copyConfiguration makes do not count.
 ///
 /// Usually one look at the file's size and times; its content is read where those leave a doubt, as in the first seconds
