@@ -50,7 +50,7 @@ void refuseWrongReason(const std::wstring& reason) {
         throw WrongOperands("--because is one line, without line feeds and other control characters");
 }
 
-/// The findings of the rule at the place and inside of it, those that are accepted too.
+/// What the rule finds at the place and inside of it, also what a comment accepts already.
 std::vector<Finding> found(const ConfigInfo& document, const Accepted& accepted, XMLConfig::CheckOptions options) {
     options.onlyRules = {accepted.rule};
     options.givesAccepted = true;
@@ -68,7 +68,7 @@ std::vector<Finding> found(const ConfigInfo& document, const Accepted& accepted,
     return findings;
 }
 
-/// The section of a finding; the root for one that stands in none.
+/// The section that a finding stands in; the root for a finding that stands in no section.
 ElementView sectionOf(const Finding& finding, const ConfigInfo& document) {
     const ElementView root = XMLConfig::rootElement(document);
     ElementView place = finding.element;
@@ -81,7 +81,7 @@ XMLConfig::Address addressOf(const ElementView& section) {
     return {section.name(), section.id(), L"", L"", L""};
 }
 
-/// What may have been meant by a place where nothing stands.
+/// Advice for a place where nothing stands: what the user may have meant.
 std::wstring adviceFor(const ConfigInfo& document, const Accepted& accepted) {
     if (accepted.place.empty()) return L"";
     const XMLConfig::Address address = XMLConfig::parseAddress(accepted.place);

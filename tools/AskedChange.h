@@ -20,10 +20,10 @@ struct AskedChange {
 /// The place where the value of ADDRESS=VALUE begins: after the first "=" that stands in no brackets; npos where there is
 /// none.
 std::size_t valueStart(const std::wstring& assignment);
-/// That of ADDRESS=VALUE. Throws CorvaneParseException for other text.
+/// The change that ADDRESS=VALUE asks for. Throws CorvaneParseException for other text.
 AskedChange askedChangeOf(const std::wstring& text);
-/// Those of the operands, and then those of the lines that --from names. Throws WrongOperands for a line that is none, and
-/// Unreadable.
+/// The changes that the operands ask for, and after them those of the lines in the file that --from names. Throws
+/// WrongOperands for a line that asks for none, and Unreadable for a file that cannot be read.
 std::vector<AskedChange> askedChanges(const Request& request);
 
 }  // namespace tool

@@ -21,7 +21,7 @@ std::optional<std::wstring> storedAt(const ConfigInfo& document, const Address& 
     return XMLConfig::findElement(document, place).text();
 }
 
-/// Quotes make an empty text visible.
+/// The text as people read it; an empty one is shown as two quotes.
 std::wstring shown(const std::wstring& text, const Change& change, const Showing& showing) {
     const std::wstring value = showing.value(text, change.setting);
     return value.empty() ? L"\"\"" : value;

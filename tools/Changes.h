@@ -10,7 +10,7 @@
 #include "tools/Json.h"
 #include "tools/Showing.h"
 
-/// What the verbs that write have changed, told alike by all of them.
+/// What the verbs that write have changed, in the form in which all of them tell it.
 namespace tool {
 
 /// A text that a writing verb stored, replaced or took away.
@@ -30,7 +30,7 @@ Change beginChange(const ConfigInfo& document, const XMLConfig::Address& place);
 /// What is stored at that place, or counts there, after the change.
 void endChange(Change& change, const ConfigInfo& document);
 
-/// One line a change and one with their number, which `counts` goes on.
+/// A line for each change, and one with their number, at the end of which `counts` is put.
 std::wstring changesText(const std::vector<Change>& changes, const Showing& showing, const std::wstring& counts,
                          bool isDryRun, bool isColoured);
 /// An array with address, kind, old and new of each.

@@ -18,7 +18,7 @@ using XMLConfig::Finding;
 using XMLConfig::Severity;
 using Place = CheckedFile::Place;
 
-/// Findings of one rule that may share a line have the same.
+/// What a finding says. Findings of one rule that say the same may share a line.
 std::wstring_view wordsOf(const Finding& finding) {
     if (finding.rule == L"XC901") return L"has no effect now";  // what switches it off may differ
     return finding.message;
@@ -64,7 +64,7 @@ private:
     static constexpr std::size_t mostLines = 3;
     static constexpr std::size_t mostNamed = 4;
 
-    /// The findings of one rule from `begin` up to `end`.
+    /// Adds the lines of one rule's findings, which stand from `begin` up to `end`.
     void addRule(std::wstring& text, std::size_t begin, std::size_t end) const {
         Alike alike;
         std::vector<std::vector<std::size_t>*> groups;
@@ -113,7 +113,7 @@ private:
         return count == 0 ? L"" : L", " + std::to_wstring(count) + L" accepted";
     }
 
-    /// What --fix would mend.
+    /// How many findings --fix would mend, and the command for that.
     [[nodiscard]] std::wstring mendHint() const {
         std::map<Severity, std::size_t> counts;
         for (const Place& place : m_checked.findings) {
@@ -125,7 +125,7 @@ private:
         return text.empty() || m_file == L"-" ? L"" : L"; " + text + L" mended by --fix";
     }
 
-    /// A picture says more about channels than many lines.
+    /// The commands that are worth trying next: for findings about channels, the one that draws them.
     [[nodiscard]] std::wstring hints() const {
         const auto isOfChannels = [](const Place& place) {
             return place.finding.severity != Severity::Note && place.finding.rule.compare(0, 3, L"XC3") == 0;

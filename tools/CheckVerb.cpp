@@ -30,16 +30,16 @@ XMLConfig::CheckOptions optionsOf(const Request& request, const std::string& fil
     return options;
 }
 
-/// Finds the lines of what was found.
+/// Finds the lines in which findings stand.
 class LineFinder {
 public:
-    /// Without a file nothing has a line.
+    /// Where no file is named, no finding has a line.
     LineFinder(const ConfigInfo& document, const std::string& file) {
         if (file.empty()) return;
         try {
             m_places = std::make_unique<XMLConfig::FilePlaces>(document, XMLConfig::wideFromUtf8(file));
         } catch (const CorvaneException&) {
-            // Another program has replaced the file by one that cannot be read: what was found stands without lines.
+            // Another program has replaced the file by one that cannot be read. The findings are shown without lines.
         }
     }
     [[nodiscard]] std::optional<unsigned long long> of(const XMLConfig::ElementView& element) const {
@@ -52,7 +52,7 @@ private:
     std::unique_ptr<XMLConfig::FilePlaces> m_places;
 };
 
-/// When a finding is told: those of one group have the same severity and rule.
+/// The place of a finding in the answer. The findings of one group have the same severity and rule.
 struct Turn {
     std::size_t group = 0;
     unsigned long long line = 0;
@@ -62,7 +62,7 @@ struct Turn {
     }
 };
 
-/// The findings come by severity and rule; within these they are told by line.
+/// The order in which the findings are shown: by severity and rule, as the check gives them, and within these by line.
 std::vector<Turn> turnsOf(const std::vector<Finding>& findings, const LineFinder& lines) {
     const auto isOfOneRule = [](const Finding& one, const Finding& other) {
         return one.severity == other.severity && one.rule == other.rule;
@@ -94,7 +94,7 @@ std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const C
     return result;
 }
 
-/// Takes those that comments accept out of the findings; how many.
+/// Removes the findings that comments accept, and gives how many there were.
 std::size_t takeAccepted(std::vector<Finding>& findings) {
     const auto isAccepted = [](const Finding& finding) { return finding.isAccepted; };
     const auto rest = std::remove_if(findings.begin(), findings.end(), isAccepted);
@@ -103,7 +103,8 @@ std::size_t takeAccepted(std::vector<Finding>& findings) {
     return count;
 }
 
-/// Adds what is found in a document, with the lines of that file; how it is shown, at once, because it borrows the document.
+/// Checks a document and adds the findings, with their lines in that file. Gives the text that shows them, which is made
+/// here because findings borrow the document.
 std::wstring addFindings(CheckedFile& checked, const ConfigInfo& document, const Request& request,
                          std::optional<double> storedVersion, const std::string& fileOfLines) {
     checked.version = storedVersion.value_or(document.getVersion());
@@ -113,7 +114,7 @@ std::wstring addFindings(CheckedFile& checked, const ConfigInfo& document, const
     return request.json ? L"" : checkText(checked, Showing(document), isColoured(request.colour));
 }
 
-/// The findings of one file, and how they are shown.
+/// Checks one file. `text` becomes what shows its findings.
 CheckedFile checkFile(const Request& request, const std::string& file, std::wstring& text) {
     CheckedFile checked;
     checked.file = file;
@@ -127,7 +128,7 @@ CheckedFile checkFile(const Request& request, const std::string& file, std::wstr
     return checked;
 }
 
-/// The findings of the file after some of them were accepted.
+/// Accepts some of the file's findings, and gives what a check of the file finds then.
 CheckedFile acceptInFile(const Request& request, const std::string& file, std::wstring& text) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(file);
@@ -147,7 +148,8 @@ CheckedFile acceptInFile(const Request& request, const std::string& file, std::w
                   errorLines(findings, showing));
 }
 
-/// What was found before, and the comments that accept files that are not missing any more.
+/// The findings that may be mended: those from before, and those about comments that accept nothing any more. The former
+/// were found without a look for files, so that a comment that accepts a missing file needs another check.
 std::vector<Finding> toMend(const ConfigInfo& document, const Before& before, const Request& request,
                             const std::string& file) {
     XMLConfig::CheckOptions options = optionsOf(request, file, std::nullopt);
@@ -157,7 +159,8 @@ std::vector<Finding> toMend(const ConfigInfo& document, const Before& before, co
     return findings;
 }
 
-/// Mends and writes; what was told of it before the findings. Throws what refuses it.
+/// Mends findings and writes the file. Gives the text that tells of the changes, to be shown before the findings. Throws a
+/// Refusal where nothing may be mended.
 std::wstring fixInFile(CheckedFile& checked, const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(checked.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(checked.file);
@@ -177,7 +180,8 @@ std::wstring fixInFile(CheckedFile& checked, const Request& request) {
     return text + addFindings(checked, *document, request, std::nullopt, request.dryRun ? "" : checked.file);
 }
 
-/// The findings of the file after what mends some of them was done; of a file that is left as it is, its findings.
+/// Mends some of the file's findings, and gives what a check of the file finds then. Where the mends are refused, the file
+/// is as it was, and so are its findings.
 CheckedFile fixFile(const Request& request, const std::string& file, std::wstring& text) {
     CheckedFile checked;
     checked.file = file;

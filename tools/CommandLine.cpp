@@ -86,14 +86,14 @@ private:
         return isVerb(*word) ? std::nullopt : std::optional<std::string>(*word);
     }
 
-    /// Of a command line that cannot be parsed.
+    /// Whether --json stands in a command line that cannot be parsed.
     static bool isJsonWanted(const std::vector<std::string>& arguments) {
         const auto end = std::find(arguments.begin(), arguments.end(), "--");
         return std::find(arguments.begin(), end, "--json") != end;
     }
 
-    /// What "--option=" means, each in two words: the parser takes it for "--option", and would eat the next word, or do
-    /// what a flag does without a value.
+    /// The arguments with each "--option=" as two words, the second one empty. The parser takes "--option=" for "--option":
+    /// it would take the next word for the value, or do what a flag does without a value.
     std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments) {
         const auto end = std::find(arguments.begin(), arguments.end(), "--");
         const CLI::App* verb = &m_app;
@@ -151,7 +151,7 @@ private:
                            "see 'xmlconfig " + (verb.empty() ? "" : verb + " ") + "--help'");
     }
 
-    /// For the build, which makes the manual pages; no help names it.
+    /// Prints a manual page. The build asks for it; no help names it.
     int printManual(const std::string& name) const {
         const bool whole = name == "xmlconfig";
         if (!whole && !isVerb(name)) return refuseUnknownVerb(name);
@@ -165,7 +165,7 @@ private:
         const std::string name = m_app.get_subcommands()[0]->get_name();
         for (std::size_t i = 0; i < verbs().size(); ++i) {
             if (verbs()[i].name != name) continue;
-            // What the library logs, the verbs tell in words of their own.
+            // The verbs tell in their own words what the library would log.
             XMLConfig::logToStandardError(m_verbose ? XMLConfig::LogLevel::Info : XMLConfig::LogLevel::Off);
             const int status = answered(verbs()[i], m_requests[i]);
             return flushOutput() ? status : NotReadable;

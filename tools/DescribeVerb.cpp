@@ -26,7 +26,7 @@ bool isWord(const std::wstring& text, const Setting& setting) {
     return std::find(setting.words.begin(), setting.words.end(), text) != setting.words.end();
 }
 
-/// What a copy of a device's settings leaves out.
+/// What a setting of a device belongs to, for a setting that a copy to another device leaves out.
 std::wstring belonging(SettingClass settingClass) {
     return settingClass == SettingClass::Identity ? L"the device's identity"
                                                   : L"the device's " + std::wstring(nameOf(settingClass));
@@ -101,14 +101,14 @@ std::vector<Setting> settingsAt(const std::wstring& text) {
     return found;
 }
 
-/// What is no rule, though it is spelt like one.
+/// Refuses a text that is spelt like a rule's ID and is none.
 [[noreturn]] void refuseUnknownRule(const std::wstring& text) {
     std::wstring start = text;
     while (rulesBeginning(start).empty()) start.pop_back();
     throw Refusal(L"there is no rule \"" + text + L"\"; 'xmlconfig describe " + start + L"' lists those that begin so");
 }
 
-/// What may have been meant by a text without a section.
+/// All names that a user may have meant by a text without a section.
 std::vector<std::wstring> allNames() {
     std::vector<std::wstring> names = XMLConfig::sectionNames();
     for (const Setting& setting : XMLConfig::catalogue()) names.push_back(addressKey(setting));

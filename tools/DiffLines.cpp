@@ -14,7 +14,7 @@ using XMLConfig::Address;
 using XMLConfig::Difference;
 using XMLConfig::SettingDifference;
 
-/// What "set --from" makes the new document of the old one with, as far as it can.
+/// Makes the lines from which "set --from" makes the new document of the old one, as far as it can.
 class LinesForSet {
 public:
     LinesForSet(const Difference& difference, const ConfigInfo& newDocument)
@@ -34,7 +34,8 @@ public:
         }
     }
 
-    /// What the old document inherits from a setting that is changed: the lines would change that, too.
+    /// Adds lines for settings that inherit from a changed one in the old document: without them the other lines would
+    /// change these settings too.
     void addInherited() {
         std::set<std::wstring> changed;
         for (const SettingDifference& change : m_difference.changed)
@@ -57,13 +58,14 @@ private:
         m_text += escaped(addressText(place) + L"=" + value) + L"\n";
     }
 
-    /// Null for a device that has not been renamed.
+    /// The ID that the device had in the old document; null for a device that has not been renamed.
     [[nodiscard]] const std::wstring* oldIDOf(const Address& place) const {
         const auto old = m_oldIDs.find({place.section, place.sectionID});
         return old == m_oldIDs.end() ? nullptr : &old->second;
     }
 
-    /// The whole snippet: its parts have no addresses. None where it is gone, and where it belongs to the new ID.
+    /// The whole snippet, since its parts have no addresses. Nothing where it is gone, and where the device was renamed,
+    /// because the snippet then holds the new ID.
     [[nodiscard]] std::optional<std::wstring> snippetOf(const SettingDifference& change) const {
         if (oldIDOf(change.place) != nullptr) return std::nullopt;
         std::wstring snippet =
@@ -74,7 +76,7 @@ private:
     const Difference& m_difference;
     const ConfigInfo& m_new;
     std::map<std::pair<std::wstring, std::wstring>, std::wstring> m_oldIDs;  // by section and new ID
-    std::set<std::wstring> m_snippets;                                       // that are told
+    std::set<std::wstring> m_snippets;                                       // of which there is a line
     std::wstring m_text;
     std::size_t m_leftOut;
 };

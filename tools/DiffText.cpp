@@ -98,7 +98,7 @@ void addSigned(DifferenceRows& rows, const std::vector<SettingDifference>& diffe
         if (signOf(difference) == sign) rows.add(difference, L"");
 }
 
-/// What changes nothing that the application does.
+/// Adds the differences that change nothing that the application does.
 void addQuiet(DifferenceRows& rows, const Difference& difference) {
     for (const SettingDifference& run : difference.runs) rows.add(run, L" (runs and times)");
     for (const SettingDifference& same : difference.sameInEffect)

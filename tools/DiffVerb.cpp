@@ -13,7 +13,7 @@
 namespace tool {
 namespace {
 
-/// What git passes for a file that is not there.
+/// The name that git gives instead of a file that one of the two versions does not have.
 const char* const noFile = "/dev/null";
 
 std::unique_ptr<ConfigInfo> emptyDocument() {

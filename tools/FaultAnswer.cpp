@@ -11,7 +11,7 @@ namespace tool {
 namespace {
 
 ExitStatus statusOf(const std::exception& exception) {
-    // An operand that is no address, or that does not go with the others.
+    // These say that an operand is no address, or does not go with the others.
     const bool isUsage = dynamic_cast<const CorvaneParseException*>(&exception) != nullptr ||
                          dynamic_cast<const WrongOperands*>(&exception) != nullptr;
     if (isUsage) return WrongUsage;

@@ -25,7 +25,7 @@ std::size_t numberAfter(const std::wstring& text, const std::wstring& words, std
     return number;
 }
 
-/// The last place that the message names: the name of a file, which may look like one, stands before it.
+/// The last place that the message names. The name of a file, which may look like a place, stands before it.
 std::optional<FaultPlace> placeIn(const std::wstring& message) {
     const std::size_t at = message.rfind(L"line ");
     if (at == std::wstring::npos) return std::nullopt;
@@ -38,7 +38,7 @@ std::size_t unitsOf(wchar_t character) {
     return code > 0xFFFF ? 2 : 1;
 }
 
-/// The index of the character that holds a column.
+/// The index in the line of the character that stands in a column.
 std::size_t indexOf(const std::wstring& line, std::size_t column) {
     std::size_t units = 1;
     std::size_t index = 0;
@@ -46,7 +46,7 @@ std::size_t indexOf(const std::wstring& line, std::size_t column) {
     return index;
 }
 
-/// Each as one blank, so that the column stays.
+/// The line with each control character replaced by one blank, so that the columns stay.
 std::wstring withoutControls(std::wstring line) {
     for (wchar_t& character : line)
         if (printable(std::wstring(1, character)).size() > 1) character = L' ';

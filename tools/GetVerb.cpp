@@ -25,7 +25,7 @@ using XMLConfig::ElementView;
 using XMLConfig::Origin;
 using XMLConfig::Setting;
 
-/// What is at a place, or counts there.
+/// What a place holds, and what the application reads there.
 struct Answer {
     std::wstring address;
     Address place;
@@ -54,7 +54,7 @@ Answer answerAt(const ConfigInfo& document, const Address& place) {
     return answer;
 }
 
-/// Of a device that is not there nothing counts either.
+/// The answer for a device that is not there, of which the application reads nothing either.
 Answer nothingAt(const Address& place) { return {XMLConfig::addressText(place), place, nullptr, {}, L"", std::nullopt}; }
 
 /// Whether the place holds other settings and no value.
@@ -62,7 +62,7 @@ bool isGroup(const Answer& answer) {
     return answer.place.key.empty() || (answer.element.firstChild() && !holdsElement(answer.setting));
 }
 
-/// A group's texts one by one; everything else as it is.
+/// Adds one answer for the place; for a group, one for each text in it.
 void addAnswers(std::vector<Answer>& answers, const ConfigInfo& document, const Address& place) {
     Answer answer = answerAt(document, place);
     if (!answer.element || !isGroup(answer)) {
@@ -75,7 +75,7 @@ void addAnswers(std::vector<Answer>& answers, const ConfigInfo& document, const 
     }
 }
 
-/// Everything that get prints, of one run.
+/// All that one run of get prints.
 class Getting {
 public:
     explicit Getting(const Request& request)
@@ -108,7 +108,7 @@ private:
         if (places.empty()) m_answers.push_back(nothingAt(operand));
     }
 
-    /// The text alone; a group as a tree.
+    /// Prints the text alone; a group as a tree.
     ExitStatus printOne(const Address& operand) {
         const std::vector<Address> places = placesOf(*m_document, operand);
         m_answers.push_back(places.empty() ? nothingAt(operand) : answerAt(*m_document, places[0]));
@@ -117,13 +117,14 @@ private:
         if (!answer.isThere(isCounted()) && !m_request.fallback) return status;
         const std::wstring text =
             answer.element && isGroup(answer) ? treeText(XMLConfig::outline(answer.element)) : textOf(answer);
-        // Programs get it as it stands.
+        // A program that reads the output gets the text as it stands.
         const auto hand = XMLConfig::detail::isOutputATerminal() ? print : printExactly;
         hand(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
         return status;
     }
 
-    /// What is missing and what it counts as; refused unless there is a --default.
+    /// Names what is missing, and what the application reads instead. Gives the exit status of a refusal where something is
+    /// missing and no --default stands for it.
     [[nodiscard]] ExitStatus complainOfMissing() const {
         ExitStatus status = Done;
         for (const Answer& answer : m_answers) {

@@ -16,7 +16,7 @@ using Trait = XMLConfig::detail::ValueTrait<T>;
 
 Json finite(double number) { return std::isfinite(number) ? Json(number) : Json(nullptr); }
 
-/// Of text in the form in which the library stores numbers.
+/// The number of a text in the form in which the library stores numbers.
 template <typename T>
 T parsed(const std::wstring& text) {
     const std::string bytes = XMLConfig::utf8FromWide(text);
@@ -35,7 +35,8 @@ Json list(const std::wstring& text) {
     return json;
 }
 
-// What the application reads, in stored form, by the trait of its type. A trait that is none of texts needs one of its own.
+// The JSON value of what the application reads, which `read` gives in stored form. A type whose values are no texts needs a
+// function of its own here.
 Json valueOf(Trait<bool> /*trait*/, const std::wstring& read) { return read == L"true"; }
 Json valueOf(Trait<int> /*trait*/, const std::wstring& read) { return parsed<int>(read); }
 Json valueOf(Trait<double> /*trait*/, const std::wstring& read) { return finite(parsed<double>(read)); }

@@ -12,7 +12,7 @@ using XMLConfig::EdgeValues;
 using XMLConfig::Layout;
 using XMLConfig::Overlap;
 
-/// As stored, but for the rounding of the unit; what is no number is null.
+/// An angle in degrees, rounded to so many decimals; null for what is no number.
 Json inDegrees(double radians, int decimals = 9) {
     return rounded(UnitConversionTable::convertValue(UnitConversionTable::Radians, UnitConversionTable::Degrees, radians),
                    decimals);

@@ -94,7 +94,8 @@ private:
         return (value >= 0 ? value / tenDegrees : -((-value + tenDegrees - 1) / tenDegrees)) * tenDegrees;
     }
 
-    /// To be read where the picture is as wide as a page, and to fit into a channel.
+    /// The size of the letters: so large that people can read them where the picture is as wide as a page, and so small that
+    /// a name fits into a channel.
     [[nodiscard]] long fontFor(long channelWidth) const {
         const long wanted =
             std::max((m_canvas.frame.right - m_canvas.frame.left) / 60, (m_canvas.frame.bottom - m_canvas.frame.top) / 40);

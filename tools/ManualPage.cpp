@@ -10,7 +10,7 @@ namespace {
 
 const std::string exitLabel = "Exit status: ";
 
-/// A character as groff shall show it: by itself it would make typographic ones of some.
+/// A character in the form in which groff shows it as it is; groff would replace some by typographic ones.
 std::string escaped(char character) {
     switch (character) {
         case '\\':

@@ -21,7 +21,8 @@ namespace {
 using XMLConfig::Finding;
 using XMLConfig::MendSafety;
 
-/// One mend can make room for another, and none undoes what another did; the bound is for what nobody thought of.
+/// How often all findings are mended, since one mend can make another possible. No mend is known to undo another's work; the
+/// bound ends the rounds if one ever does.
 constexpr int mostRounds = 4;
 
 constexpr const wchar_t* acceptedGone = L"XC910";
@@ -46,7 +47,7 @@ std::vector<std::wstring> namedRules(const std::string& fix) {
     return rulesOf(words);
 }
 
-/// Refuses a rule that nothing is ever mended of.
+/// Refuses a rule whose findings no mend is known for.
 void refuseWithoutMend(const std::wstring& id) {
     const XMLConfig::CheckRule& rule = *XMLConfig::findRule(id);
     if (rule.safety != MendSafety::None) return;
@@ -69,8 +70,8 @@ public:
         }
     }
 
-    /// False where there was nothing to do. Of mends that share a place only the first is done, since the others were made
-    /// for what stood there before.
+    /// Mends each finding once; false where there was nothing to do. Of mends that share a place only the first is done,
+    /// since the others were made for what stood there before.
     bool mendEach(const std::vector<Finding>& findings) {
         const std::size_t before = m_changes.size();
         std::set<std::wstring> met;
@@ -112,7 +113,7 @@ private:
         }
     }
 
-    /// The command that mends it is --fix itself.
+    /// Removes a comment that accepts nothing. The finding names no other command, since the command that mends it is --fix.
     void removeAcceptance(const Finding& finding) {
         const std::wstring text = finding.places[0].text.value_or(L"");
         const bool isWhole = finding.address.empty();

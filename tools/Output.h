@@ -29,8 +29,8 @@ void showProgress(const std::string& text);   ///< to standard error, as it stan
 /// "xmlconfig: " and the message, a line of standard error; below it the lines, where there are any.
 void complain(const std::wstring& message, const std::wstring& lines = L"");
 void complain(const std::string& message);
-/// Remembers a file that was written, for a complaint that its answer cannot be. A reader that goes away ends the program
-/// no more from here on.
+/// Remembers a file that was written, for the complaint that the answer cannot be written. From here on the program goes on
+/// to its end when whoever reads its output stops reading.
 void noteWritten(const std::string& file);
 /// Hands the output over; false when it could not be written, with a complaint that says which files are written all the
 /// same.

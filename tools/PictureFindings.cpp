@@ -19,7 +19,7 @@ Path edgeOf(const Channel& channel, double side, double yaw) {
     return unrolled(upwards, XMLConfig::headingOf(upwards.front(), yaw).yaw);
 }
 
-/// What lies between the two, as far up as they do not overlap.
+/// Draws the area between two channels, as far up as they do not overlap.
 void drawGap(const Canvas& canvas, const XMLConfig::ChannelGap& gap) {
     const Channel& left = canvas.layout.channels[gap.left];
     const Channel& right = canvas.layout.channels[gap.right];

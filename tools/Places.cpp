@@ -16,7 +16,7 @@ using XMLConfig::Address;
 using XMLConfig::ElementView;
 using XMLConfig::StoredText;
 
-/// Those that have an address, and of several with one address the first, which is the one the library reads.
+/// The texts that an address leads to. Of several texts with one address it is the first, as for the library.
 std::vector<StoredText> reached(std::vector<StoredText> texts) {
     std::unordered_set<std::wstring> met;
     const auto isOutOfReach = [&](const StoredText& text) {
@@ -26,7 +26,7 @@ std::vector<StoredText> reached(std::vector<StoredText> texts) {
     return texts;
 }
 
-/// The sections of that name, by their devices' names, as far as they are worth reading.
+/// A list of the sections with these IDs, by their devices' names; of many the first ones only.
 std::wstring listOf(const ConfigInfo& document, const std::wstring& section, const std::vector<std::wstring>& ids) {
     constexpr std::size_t shown = 10;
     const Showing showing(document);

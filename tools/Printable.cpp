@@ -34,7 +34,7 @@ std::wstring written(wchar_t character) {
     return text;
 }
 
-/// How long the colour is that begins there; 0 where none does.
+/// The length of the escape sequence of a colour that begins at that place; 0 where none does.
 std::size_t colourAt(std::wstring_view text, std::size_t at) {
     for (const std::wstring_view colour : {L"\x1b[0m", L"\x1b[31m", L"\x1b[32m", L"\x1b[33m"})
         if (text.substr(at, colour.size()) == colour) return colour.size();
@@ -59,7 +59,7 @@ std::wstring without(const std::wstring& text, std::wstring_view kept, bool keep
     return result;
 }
 
-/// The character whose number stands there in hexadecimal digits.
+/// The character whose number stands at that place in hexadecimal digits.
 std::optional<wchar_t> numberedAt(const std::wstring& line, std::size_t at) {
     if (line.size() - at < digits) return std::nullopt;
     const std::wstring number = line.substr(at, digits);
@@ -80,7 +80,7 @@ std::wstring shellQuoted(const std::wstring& text) {
 }
 
 std::wstring shellWord(const std::wstring& text) {
-    // Where a backslash parts the names of folders, shells leave it alone.
+    // Shells do not treat a backslash specially on systems where it separates the names of folders.
     constexpr bool isBackslashPlain = std::filesystem::path::preferred_separator == '\\';
     const std::wstring special = std::wstring(L" '\"$&;()*?[]<>|`!{}#~") + (isBackslashPlain ? L"" : L"\\");
     const bool isPlain = !text.empty() && text.find_first_of(special) == std::wstring::npos;

@@ -40,7 +40,7 @@ std::unique_ptr<ConfigInfo> parsedInput() {
 
 std::unique_ptr<ConfigInfo> parsed(const std::string& file) { return file == "-" ? parsedInput() : openDocument(file); }
 
-/// The version of a document that this program knows.
+/// The version of a document; throws for one that this program does not know.
 double knownVersion(const ConfigInfo& document, const std::wstring& name) {
     const double latest = ConfigInfoFactory::getLatestFileVersionNumber();
     requireConfiguration(document, name);
@@ -53,8 +53,9 @@ std::size_t devicesIn(const ConfigInfo& document) {
     return document.getSectionIDs(L"Projector").size() + document.getSectionIDs(L"Camera").size();
 }
 
-/// ": Camera[3] \"Old\""; of more devices than are worth reading, what names them. The file is read once more for them,
-/// because a receipt would make each reading of an old file a third longer, and hardly any upgrade drops a device.
+/// The names of the devices that the upgrade drops, such as ": Camera[3] \"Old\""; where there are many, the command that
+/// names them. The file is read once more for this, because a receipt would make each reading of an old file a third longer,
+/// and hardly any upgrade drops a device.
 std::wstring lostNames(const std::string& file, std::size_t lost) {
     constexpr std::size_t most = 3;
     if (file == "-") return L"";
@@ -72,14 +73,14 @@ std::wstring upgradeText(const std::string& file, double version, std::size_t lo
     return lost == 0 ? text : text + L", which drops " + counted(lost, L"device") + lostNames(file, lost);
 }
 
-/// How many devices the upgrade drops; nothing where none is needed.
+/// Upgrades the document, and gives how many devices that drops; nothing where it needs no upgrade.
 std::optional<std::size_t> upgradeInMemory(ConfigInfo& document) {
     const std::size_t devices = devicesIn(document);
     if (XMLConfig::upgradeDocument(document) != XMLConfig::Upgraded) return std::nullopt;
     return devices - std::min(devices, devicesIn(document));
 }
 
-/// The version that it had before; nothing for one of the latest.
+/// Upgrades the document, says so, and gives the version that it had before; nothing for a document of the latest version.
 std::optional<double> bringUpToDate(ConfigInfo& document, const std::string& file) {
     const double version = knownVersion(document, nameOf(file));
     const std::optional<std::size_t> lost = upgradeInMemory(document);
@@ -140,7 +141,7 @@ ReadDocument readForCheck(const std::string& file) {
         requireConfiguration(*result.document, nameOf(file));
         const double version = result.document->getVersion();
         if (version >= ConfigInfoFactory::getLatestFileVersionNumber()) return result;
-        // That the file is old, a finding tells.
+        // A finding of the check tells that the file is old.
         const std::size_t lost = upgradeInMemory(*result.document).value_or(0);
         if (lost > 0) complain(upgradeText(file, version, lost, L"checked"));
         result.storedVersion = version;

@@ -15,7 +15,7 @@ std::wstring field(const std::wstring& label, const std::wstring& text) {
     return text.empty() ? L"" : L"  " + label + std::wstring(width - label.size(), L' ') + text + L"\n";
 }
 
-/// Whether --fix does it.
+/// Whether --fix mends what the rule finds, for people; "" where no mend is known.
 std::wstring fixText(const CheckRule& rule) {
     if (*rule.mend == L'\0') return L"";
     if (rule.safety == XMLConfig::MendSafety::None) return L"never";

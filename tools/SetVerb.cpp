@@ -29,10 +29,10 @@ using XMLConfig::Setting;
     refuse(XMLConfig::addressText(address), fault);
 }
 
-/// Whether it means devices that are there, and names none that could be made.
+/// Whether an ID only stands for devices that the document holds, so that --force cannot make one of that ID.
 bool standsForOthers(const std::wstring& id) { return id == L"*" || id.substr(0, 1) == L"#"; }
 
-/// For a device, or another section with an ID, that is not there.
+/// Refuses to change a device, or another section with an ID, that is not there.
 [[noreturn]] void refuseMissingSection(const Address& address, const ConfigInfo& document) {
     const std::wstring advice = suggestionFor(document, address);
     const bool canBeMade = !address.sectionID.empty() && !standsForOthers(address.sectionID);
@@ -50,7 +50,7 @@ bool standsForOthers(const std::wstring& id) { return id == L"*" || id.substr(0,
                                                     L"' lists what there is; --force stores it all the same"));
 }
 
-/// Faults of the place that --force overrules.
+/// Refuses a place that only --force lets a value be stored at.
 void checkKnown(const Address& address, const ConfigInfo& document) {
     const bool mayBeMissing = address.sectionID.empty() && !XMLConfig::isDeviceSection(address.section);
     if (!mayBeMissing && !document.doesSectionExist(address.section, address.sectionID))
@@ -59,7 +59,7 @@ void checkKnown(const Address& address, const ConfigInfo& document) {
     if (!isKnown && !XMLConfig::findElement(document, address)) refuseUnknown(address, document);
 }
 
-/// What else there is to do than to store a value that does not fit.
+/// Advice for a value that does not fit its setting.
 std::wstring adviceFor(const Setting& setting, const ValueFault& fault) {
     if (!fault.offersForce) return L"";
     const bool isAdvised = fault.message.back() == L'?';
@@ -67,7 +67,7 @@ std::wstring adviceFor(const Setting& setting, const ValueFault& fault) {
            std::wstring(L" --force stores it all the same");
 }
 
-/// Faults of the value that --force overrules.
+/// Refuses a value that only --force stores, and warns of one that makes little sense.
 void checkValue(const Assignment& assignment, const ConfigInfo& document) {
     const Setting* const setting = XMLConfig::knownSetting(assignment.address);
     if (setting == nullptr) return;
@@ -78,7 +78,7 @@ void checkValue(const Assignment& assignment, const ConfigInfo& document) {
     complain(L"warning: " + message);
 }
 
-/// Whether a value stands where the address wants other elements.
+/// Whether a place above the address holds a value, so that no element can stand in it.
 bool standsInValue(const Address& address, const ConfigInfo& document) {
     Address above = address;
     for (std::size_t end = address.key.rfind(L'|'); end != std::wstring::npos && end != 0;
@@ -113,7 +113,7 @@ void store(ConfigInfo& document, const Assignment& assignment) {
     else document.setStringItem(section, key, assignment.value, sectionID, subSection, subSectionID);
 }
 
-/// The places of a change; one that only --force can make where no device fits.
+/// The places that a change is for; where no device fits, the one that only --force can make.
 std::vector<Address> placesToSet(const ConfigInfo& document, const Address& operand) {
     std::vector<Address> places = placesOf(document, operand);
     if (!places.empty()) return places;
@@ -132,7 +132,7 @@ public:
             else changePart(place, asked.part, asked.assignment.value);
         }
     }
-    /// One for each place that differs now, however often it was changed.
+    /// One change for each place that differs now, however often it was set.
     [[nodiscard]] std::vector<Change> changes() const {
         std::vector<Change> changes;
         for (const Change& change : m_changes)

@@ -16,7 +16,7 @@ using XMLConfig::Address;
 using XMLConfig::ElementView;
 using XMLConfig::StoredText;
 
-/// What show prints of one document, in one run.
+/// All that one run of show prints of a document.
 class Showcase {
 public:
     explicit Showcase(const Request& request)
