@@ -42,6 +42,7 @@ StrictParser::StrictParser() : m_namespaces(*this) {
 DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) {
     const xercesc::Wrapper4InputSource input(const_cast<xercesc::InputSource*>(&source), false);
     DocumentPointer document(parse(&input));
+    document.get_deleter().names = m_names.asked();
     refuseEmptiness(!document || document->getDocumentElement() == nullptr);
     return document;
 }

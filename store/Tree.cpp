@@ -19,10 +19,12 @@ constexpr std::size_t attributeWeight = 320;
 constexpr std::size_t leastWaste = 1024 * 1024;  // below this a copy is not worth its while
 
 std::size_t weightOf(const DOMNode& node) {
+    const NodeLook look = lookAt(node);
+    if (look.type != DOMNode::ELEMENT_NODE) return nodeWeight + look.text.size() * sizeof(char16_t);
+    const auto& element = static_cast<const DOMElement&>(node);
     std::size_t weight = nodeWeight;
-    if (node.getNodeType() == DOMNode::ELEMENT_NODE) weight += node.getAttributes()->getLength() * attributeWeight;
-    else weight += view(node.getNodeValue()).size() * sizeof(char16_t);
-    for (const DOMNode* child = node.getFirstChild(); child != nullptr; child = child->getNextSibling())
+    if (hasAttributes(element)) weight += element.getAttributes()->getLength() * attributeWeight;
+    for (const DOMNode* child = firstNodeIn(element); child != nullptr; child = nodeAfter(*child))
         weight += weightOf(*child);
     return weight;
 }
@@ -33,6 +35,10 @@ DOMNode& copyOf(const DOMNode& node, xercesc::DOMDocument& document, NameCounter
     names.count(document, 1 + node.getAttributes()->getLength());
     return copyAlone(static_cast<const DOMElement&>(node), document);
 }
+
+// What a parser made weighs about that much: most elements hold a text, and a text of indentation stands before each. It is
+// reckoned because a walk through all nodes, which lie in much memory, takes long.
+std::size_t weightOfParsed(const DocumentPointer& document) { return document.get_deleter().names * 3 * nodeWeight; }
 
 void copyChildren(const DOMNode& from, DOMElement& to, xercesc::DOMDocument& document, NameCounter& names) {
     for (const DOMNode* child = from.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
@@ -62,7 +68,7 @@ void Tree::adopt(DocumentPointer document) noexcept {
     m_document = std::move(document);
     m_names = {};
     m_waste = 0;
-    m_allowedWaste = leastWaste;
+    m_allowedWaste = std::max(leastWaste, weightOfParsed(m_document));
 }
 
 LooseElement Tree::makeElement(const DOMElement& place, const std::wstring_view name) {

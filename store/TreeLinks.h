@@ -89,6 +89,8 @@ public:
         m_asked += names;
         if (m_asked >= m_askedUntilSpread) spread(document);
     }
+    /// For how many names it was called.
+    [[nodiscard]] std::size_t asked() const { return m_asked; }
 
 private:
     void spread(xercesc::DOMDocument& document);
