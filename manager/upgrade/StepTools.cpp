@@ -53,8 +53,8 @@ void StepSection::setElement(const std::wstring& key, const ElementParts& elemen
 }
 
 void StepSection::removeItem(const std::wstring& key) { m_document->removeItem(m_name, key, m_id); }
-void StepSection::removeItems(std::initializer_list<const wchar_t*> keys) {
-    for (const wchar_t* key : keys) removeItem(key);
+void StepSection::removeItems(const Keys& keys) {
+    for (const std::wstring& key : keys) removeItem(key);
 }
 void StepSection::rename(const std::wstring& newID) {
     m_document->renameSection(m_name, m_id, newID);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -15,6 +14,9 @@ namespace XMLConfig::detail {
 /// the common library. So an old step writes today what it wrote in its release, whatever has become of the setting.
 class StepSection {
 public:
+    /// Of items. A step that asks many sections for the same ones makes them once.
+    using Keys = std::vector<std::wstring>;
+
     /// `document` is borrowed. Without an `id` the first section of that name is meant. Creates nothing.
     StepSection(ConfigInfo& document, const wchar_t* name, std::wstring id = {});
     [[nodiscard]] const std::wstring& id() const { return m_id; }
@@ -41,7 +43,7 @@ public:
 
     /// Items that the section lacks are passed over.
     void removeItem(const std::wstring& key);
-    void removeItems(std::initializer_list<const wchar_t*> keys);
+    void removeItems(const Keys& keys);
     void rename(const std::wstring& newID);
     void remove();
 

@@ -70,12 +70,21 @@ void removeCalibrationConfigurations(ConfigInfo& document) {
 }
 
 void removeObsoleteItems(ConfigInfo& document) {
+    const StepSection::Keys ofProjectors = {L"Spherical_Angle_Top",
+                                            L"Spherical_Angle_Bottom",
+                                            L"Spherical_Angle_Left",
+                                            L"Spherical_Angle_Right",
+                                            L"Top_Edge",
+                                            L"Bottom_Edge",
+                                            L"Left_Edge",
+                                            L"Right_Edge",
+                                            L"ID",
+                                            L"Protocol",
+                                            L"Projector_MAC_Address",
+                                            L"Projector_Comm_String",
+                                            L"Projector_Comm_Long"};
     for (StepSection& camera : camerasOf(document)) camera.removeItem(L"MaskingROIPixelBuffer");
-    for (StepSection& projector : projectorsOf(document)) {
-        projector.removeItems({L"Spherical_Angle_Top", L"Spherical_Angle_Bottom", L"Spherical_Angle_Left",
-                               L"Spherical_Angle_Right", L"Top_Edge", L"Bottom_Edge", L"Left_Edge", L"Right_Edge", L"ID",
-                               L"Protocol", L"Projector_MAC_Address", L"Projector_Comm_String", L"Projector_Comm_Long"});
-    }
+    for (StepSection& projector : projectorsOf(document)) projector.removeItems(ofProjectors);
     StepSection(document, L"Geometry")
         .removeItems({L"Blob_Width", L"Blob_Height", L"Blob_Close_Enough", L"Edge_Blob_Offset"});
     StepSection(document, L"Screen").removeItems({L"Eye_Point", L"Screen_RotationRadius"});

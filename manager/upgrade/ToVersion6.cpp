@@ -11,35 +11,27 @@ namespace {
 constexpr int channelCount = 50;
 constexpr int sampleCount = 4;
 
-using Keys = std::vector<std::wstring>;
+using Keys = StepSection::Keys;
 
-Keys numbered(const wchar_t* prefix, int count) {
-    Keys keys;
+void addNumbered(Keys& keys, const wchar_t* prefix, int count) {
     for (int i = 0; i < count; ++i) keys.push_back(prefix + formatInteger(i));
+}
+
+Keys calibrationKeys() {
+    Keys keys = {L"CalibrationTimeStamp",   L"Calibration_Type",   L"Camera_Calibration_Engine",
+                 L"SensorSize_X",           L"SensorSize_Y",       L"FocalLength_X",
+                 L"FocalLength_Y",          L"ImageCenter_X",      L"ImageCenter_Y",
+                 L"RadialDistortion_1",     L"RadialDistortion_2", L"TangentialDistortion_1",
+                 L"TangentialDistortion_2", L"Aperture",           L"Red_Exposure",
+                 L"Green_Exposure",         L"Blue_Exposure",      L"White_Exposure"};
+    addNumbered(keys, L"Channel_", channelCount);
+    for (const wchar_t* key :
+         {L"White_Balance_Coefficients", L"Scale_Factor", L"Kappa", L"Image_Center_TX", L"Image_Center_TY"})
+        keys.emplace_back(key);
+    addNumbered(keys, L"LensDropoffPnts_", sampleCount);
+    addNumbered(keys, L"InterCameraDeltaSample_", sampleCount);
+    keys.emplace_back(L"Automatic_Binarization");
     return keys;
-}
-
-void removeAll(StepSection& camera, const Keys& keys) {
-    for (const std::wstring& key : keys) camera.removeItem(key);
-}
-
-// Made once for all cameras.
-struct NumberedKeys {
-    Keys channels = numbered(L"Channel_", channelCount);
-    Keys lensSamples = numbered(L"LensDropoffPnts_", sampleCount);
-    Keys deltaSamples = numbered(L"InterCameraDeltaSample_", sampleCount);
-};
-
-void removeCalibration(StepSection& camera, const NumberedKeys& numbered) {
-    camera.removeItems({L"CalibrationTimeStamp", L"Calibration_Type", L"Camera_Calibration_Engine", L"SensorSize_X",
-                        L"SensorSize_Y", L"FocalLength_X", L"FocalLength_Y", L"ImageCenter_X", L"ImageCenter_Y",
-                        L"RadialDistortion_1", L"RadialDistortion_2", L"TangentialDistortion_1", L"TangentialDistortion_2",
-                        L"Aperture", L"Red_Exposure", L"Green_Exposure", L"Blue_Exposure", L"White_Exposure"});
-    removeAll(camera, numbered.channels);
-    camera.removeItems({L"White_Balance_Coefficients", L"Scale_Factor", L"Kappa", L"Image_Center_TX", L"Image_Center_TY"});
-    removeAll(camera, numbered.lensSamples);
-    removeAll(camera, numbered.deltaSamples);
-    camera.removeItem(L"Automatic_Binarization");
 }
 
 void reduceProjectors(ConfigInfo& document) {
@@ -49,10 +41,9 @@ void reduceProjectors(ConfigInfo& document) {
     for (StepSection& projector : projectors) {
         projector.setNumber(L"Box_Spacing", misspelt.number(L"Mapper_Spacing", 1.5));
     }
-    for (StepSection& projector : projectors) {
-        projector.removeItems(
-            {L"X_Pixel_Size", L"Y_Pixel_Size", L"GeomPnts", L"Sample_Region", L"Edge_Blob_Offset_X", L"Edge_Blob_Offset_Y"});
-    }
+    const Keys obsolete = {L"X_Pixel_Size",  L"Y_Pixel_Size",       L"GeomPnts",
+                           L"Sample_Region", L"Edge_Blob_Offset_X", L"Edge_Blob_Offset_Y"};
+    for (StepSection& projector : projectors) projector.removeItems(obsolete);
 }
 
 // Takes from the cameras how markers are found, and gives the method of the whole system.
@@ -76,8 +67,8 @@ void toVersion6(ConfigInfo& document) {
 
     auto cameras = camerasOf(document);
     const std::wstring method = takeMarkerLocationMethod(cameras);
-    const NumberedKeys numbered;
-    for (StepSection& camera : cameras) removeCalibration(camera, numbered);
+    const Keys calibration = calibrationKeys();
+    for (StepSection& camera : cameras) camera.removeItems(calibration);
     StepSection(document, L"System").setText(L"Marker_Location_Method", method);
 }
 

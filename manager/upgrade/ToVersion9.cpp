@@ -38,13 +38,16 @@ void describeCamera(StepSection& camera, int type) {
     snippet.attribute(L"type", L"PGR").attribute(L"version", L"1.0");
     for (const auto& [name, text] : cameraInfo(camera, type).elements()) snippet.element(name, text);
     camera.setElement(L"DeviceSnippet", snippet.end());
-    camera.removeItems({L"CameraType", L"SerialNumber", L"Model", L"Resolution_X", L"Resolution_Y", L"Connection"});
+    static const StepSection::Keys described = {L"CameraType",   L"SerialNumber", L"Model",
+                                                L"Resolution_X", L"Resolution_Y", L"Connection"};
+    camera.removeItems(described);
     camera.rename(newID);
 }
 
 void describeCameras(ConfigInfo& document) {
+    const StepSection::Keys obsolete = {L"Protocol", L"Bit_Depth", L"Camera_Lens_Name", L"ShowOnOffMapperBlobs"};
     for (StepSection& camera : camerasOf(document)) {
-        camera.removeItems({L"Protocol", L"Bit_Depth", L"Camera_Lens_Name", L"ShowOnOffMapperBlobs"});
+        camera.removeItems(obsolete);
         const int type = camera.integer(L"CameraType", -1);
         if (isKnownCamera(type)) {
             describeCamera(camera, type);
