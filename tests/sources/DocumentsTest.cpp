@@ -1,5 +1,6 @@
-// The documents name what ./do installs and does, all of it and nothing else.
+// The documents name what ./do installs and does, and what platform/ holds, all of it and nothing else.
 
+#include <filesystem>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -58,4 +59,21 @@ TEST(Documents, NameEveryVerbOfDo) {
         for (const std::string& verb : found(command, "^\\./do ([a-z]+)")) listed.insert(verb);
     EXPECT_EQ(listed, verbs);
     EXPECT_EQ(found(script, "\n\\./do ([a-z]+)"), verbs);
+}
+
+TEST(Documents, NameEveryHeaderOfThePlatform) {
+    Words headers;
+    for (const auto& entry : std::filesystem::directory_iterator("platform"))
+        if (entry.path().extension() == ".h") headers.insert(entry.path().filename().string());
+    EXPECT_EQ(firstColumn(TemporaryFolder::readFile("platform/README.md"), "| header | gives |"), headers);
+}
+
+TEST(Documents, TellWhatANewPlatformMustSupply) {
+    const std::string page = TemporaryFolder::readFile("platform/README.md");
+    const std::string section = page.substr(page.find("## What a new platform must supply"));
+    for (const auto& entry : std::filesystem::directory_iterator("platform/posix")) {
+        const std::string header = entry.path().stem().string() + ".h";
+        if (entry.path().extension() != ".cpp" || !std::filesystem::exists("platform/" + header)) continue;
+        EXPECT_THAT(section, testing::HasSubstr("`" + header + "`"));
+    }
 }
