@@ -19,9 +19,9 @@ struct ValueTrait;
 
 /// The base of every section accessor: one section of one document, by name and ID.
 ///
-/// An accessor keeps no values; every read goes to the document and gives the caller's default for a missing item
-/// without creating it, every write goes through at once. Errors of the document reach the caller unchanged.
-/// The order of the virtual members is part of the interface.
+/// An accessor keeps no values, but for a camera's calibration points: every read goes to the document and gives a default
+/// for a missing item without creating it, every write goes through at once. Errors of the document reach the caller
+/// unchanged. The order of the virtual members is part of the interface.
 class XMLCONFIG_API BaseConfig {
 public:
     /// Whether a path is given or wanted as an absolute one or as one relative to the configuration file.

@@ -55,7 +55,8 @@ class XMLCONFIG_API XMLConfigManager {
 public:
     /// Opens a file and brings its document to the latest version. The caller owns the manager.
     /// A path whose extension is not the product's gives an untitled configuration. The environment variables
-    /// UL_VIRTUAL_PROJECTOR ("config" or "fake") and UL_VIRTUAL_CAMERA ("config") put virtual devices into the document.
+    /// UL_VIRTUAL_PROJECTOR ("config" or "fake") and UL_VIRTUAL_CAMERA ("config") put virtual devices into the document. The
+    /// site's visit begins or ends (SiteAnalyticsConfig::onLoad), which does not make the document dirty.
     /// Throws CorvaneException for a file that cannot be opened for update, is malformed, or is newer than the library,
     /// and without product information for a path with an extension.
     static XMLConfigManager* loadConfiguration(std::shared_ptr<IQuorvelProductInfo> productInfo, const std::wstring& path);

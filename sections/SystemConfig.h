@@ -39,7 +39,7 @@ public:
     void setPowerPort(int powerPort) { m_powerPort = powerPort; }
     /// Numbers of further power ports that it switches, in stored order; a copy.
     std::vector<std::int32_t> getOtherPowerPorts() const { return m_otherPowerPorts; }
-    /// Copies the list. It is not changed, although it is taken as if it could be.
+    /// Copies the list, which stays as it is, although the interface takes it without const.
     void setOtherPowerPorts(std::vector<std::int32_t>& otherPowerPorts) { m_otherPowerPorts = otherPowerPorts; }
 
     /// The values as one line for logs, without the other power ports.
@@ -70,15 +70,15 @@ struct ACTRelayAssociation {
 /// Its settings: sections/SystemItems.h and, as a page, docs/settings.md#system.
 class XMLCONFIG_API SystemConfig : public BaseConfig {
 public:
-    /// How a calibration finds its markers. The stored form is a text.
+    /// How a calibration finds its markers. Files hold the text that stands beside each.
     enum MarkerLocationMethodEnum : int {
-        MarkerLocationManual = 0,
-        MarkerLocationLed = 1,
-        MarkerLocationLedManual = 2,
-        MarkerLocationAct = 3,
-        MarkerLocationMarkedSurfaceAutomatic = 4,
-        MarkerLocationStructuredLight = 5,
-        MarkerLocationCheckerboard = 6
+        MarkerLocationManual = 0,                  ///< "manual"
+        MarkerLocationLed = 1,                     ///< "led"
+        MarkerLocationLedManual = 2,               ///< "led-manual"
+        MarkerLocationAct = 3,                     ///< "act", with the prompt "act-prompt"
+        MarkerLocationMarkedSurfaceAutomatic = 4,  ///< "marked-surface-automatic", with the prompt "-prompt" after it
+        MarkerLocationStructuredLight = 5,         ///< "structured-light"
+        MarkerLocationCheckerboard = 6             ///< "checkerboard"
     };
 
     static const std::wstring DEFAULT_FILE_BASENAME;                    ///< "untitled"

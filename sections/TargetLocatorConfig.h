@@ -65,8 +65,7 @@ public:
     virtual double getMirrorRadius() const;  ///< radius of the mirror (meters); 0 when missing
     virtual void setMirrorRadius(double value);
 
-    // Correction tables, as stored: AxisDistortionCorrection::cleanData makes them tables that can be used. Missing: no
-    // pairs.
+    // Correction tables, as stored: AxisDistortionCorrection::cleanData makes them tables that can be used.
 
     /// Pairs of a measured and a corrected horizontal angle, one pair a line (degrees); no pairs when missing.
     virtual std::vector<std::pair<double, double>> getHorizontalCorrectionTable();

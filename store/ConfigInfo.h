@@ -22,16 +22,17 @@ class Document;
 /// Values are text; the typed operations fix their form. Look-ups that find nothing give the caller's default and create
 /// nothing; setters create what is missing and mark the document dirty when the stored text changes.
 ///
-/// Every failure is a CorvaneException that begins "Error <operation>: ", but for a shortage of memory, which is
-/// std::bad_alloc everywhere and leaves the document as it was. A value or identifier that XML 1.0 cannot hold is refused
-/// before anything is changed. A document is used by one thread at a time; different documents may be used by
-/// different threads.
+/// Every failure is a CorvaneException that begins "Error <operation>: " (of the vector setters "Error: ConfigInfo::"), but
+/// for a shortage of memory, which is std::bad_alloc everywhere and leaves the document as it was. A value or identifier
+/// that XML 1.0 cannot hold is refused before anything is changed. A document is used by one thread at a time; different
+/// documents may be used by different threads.
 class XMLCONFIG_API ConfigInfo {
 public:
     /// A new document at the latest version, not dirty.
     ConfigInfo();
     /// Loads a file. Throws "Error parseDataFile: ..." when it cannot be opened for update (missing, read-only, a
-    /// folder), is malformed (with line and column), holds a document type, or is nested deeper than 1,000 levels.
+    /// folder), is malformed (with line and column), holds a document type, or is beyond the limits that docs/file-format.md
+    /// names, such as 1,000 levels of nested elements.
     explicit ConfigInfo(const std::wstring& path);
     /// A document from a file's bytes. Throws what the file constructor throws, with `name` in place of the path.
     static std::unique_ptr<ConfigInfo> fromText(const std::string& bytes, const std::wstring& name);

@@ -71,12 +71,12 @@ private:
         const std::size_t comment = line.find("//");
         const std::size_t before = m_found.size();
         m_beside += beginsWith(line.substr(std::min(comment, line.size())), "///<") ? line.substr(comment + 4) : "";
-        for (const char c : line.substr(0, comment)) take(c);
+        for (const char c : line.substr(0, comment)) readCharacter(c);
         m_statement += ' ';
         if (m_found.size() > before || trimmed(m_statement).empty()) m_beside.clear();
     }
 
-    void take(char c) {
+    void readCharacter(char c) {
         if (m_skipped > 0) {
             if (c == '{') ++m_skipped;
             if (c == '}' && --m_skipped == 0 && m_skipsBody) end();
