@@ -37,9 +37,9 @@ bool Document::parseDataFile(const std::wstring& path) {
     take(path, [&] {
         state = FileState::before(path);
         ContentHash content;
-        DocumentPointer document = parseFile(path, content);
+        ParsedTree tree = parseFile(path, content);
         state.wasRead(content.value());
-        return document;
+        return tree;
     });
     file = std::move(state);
     return true;
@@ -49,7 +49,7 @@ void Document::parseData(const std::string& bytes, const std::wstring& name) {
     take(name, [&] { return parseBytes(bytes); });
 }
 
-void Document::take(const std::wstring& name, const std::function<DocumentPointer()>& parse) {
+void Document::take(const std::wstring& name, const std::function<ParsedTree()>& parse) {
     const std::wstring failed = L"Error parseDataFile: Error during parsing: " + name;
     try {
         adopt(parse());
@@ -83,7 +83,7 @@ void Document::initializeDOM() {
         add(buildDateElement, buildDate);
         add(buildNumberElement, buildNumber());
         add(makerElement, makerName);
-        adopt(std::move(made));
+        adopt({std::move(made), {}});
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(L"Error initializeDataFile: DOMException code is: " + formatInteger(exception.code));
     } catch (...) {
@@ -92,10 +92,11 @@ void Document::initializeDOM() {
     }
 }
 
-void Document::adopt(DocumentPointer document) noexcept {
-    m_tree.adopt(std::move(document));
+void Document::adopt(ParsedTree tree) noexcept {
+    m_tree.adopt(std::move(tree.document));
     m_index.reset(root());
     m_isAsParsed = true;
+    m_parsedComments = std::move(tree.comments);
 }
 
 Container Document::container(const ItemAddress& address) const {

@@ -2,11 +2,13 @@
 
 #include <exception>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "store/ChangeObserver.h"
+#include "store/DocumentParser.h"
 #include "store/FileState.h"
 #include "store/Journal.h"
 #include "store/NewElement.h"
@@ -78,6 +80,9 @@ public:
     [[nodiscard]] xercesc::DOMElement* root() const { return m_tree.root(); }
     /// Whether nothing has changed since the tree was parsed.
     [[nodiscard]] bool isAsParsed() const { return m_isAsParsed; }
+    using Comments = std::vector<const xercesc::DOMComment*>;
+    /// The comments inside the root in document order, as they were parsed; nothing once the tree was changed or copied.
+    [[nodiscard]] const std::optional<Comments>& parsedComments() const { return m_parsedComments; }
 
     // Looking up; null where there is nothing.
     Section* getSection(const std::wstring& name, const std::wstring& id) const { return m_index.find(name, id); }
@@ -124,9 +129,9 @@ public:
 private:
     /// Each primitive change ends here.
     void changed(const TreeChange& change) noexcept;
-    void take(const std::wstring& name, const std::function<DocumentPointer()>& parse);
+    void take(const std::wstring& name, const std::function<ParsedTree()>& parse);
     void shedWaste() noexcept;
-    void adopt(DocumentPointer document) noexcept;
+    void adopt(ParsedTree tree) noexcept;
     struct Missing;
     /// The first child of that name.
     [[nodiscard]] xercesc::DOMElement* childOf(const Container& container, std::wstring_view name) const;
@@ -147,6 +152,7 @@ private:
     mutable SectionIndex m_index;
     Journal m_journal;
     bool m_isAsParsed = false;
+    std::optional<Comments> m_parsedComments;
 };
 
 /// Whether a node's first child, null where it has none, is a text and its only child.

@@ -229,6 +229,7 @@ void Document::setHeaders(const std::vector<Header>& headers, DOMElement* next) 
 
 void Document::changed(const TreeChange& change) noexcept {
     m_isAsParsed = false;
+    m_parsedComments.reset();
     try {
         m_index.changed(change);
     } catch (...) {
@@ -238,7 +239,9 @@ void Document::changed(const TreeChange& change) noexcept {
 }
 
 void Document::shedWaste() noexcept {
-    if (!m_journal.isOpen() && m_tree.shedWaste()) m_index.reset(root());
+    if (m_journal.isOpen() || !m_tree.shedWaste()) return;
+    m_index.reset(root());
+    m_parsedComments.reset();
 }
 
 }  // namespace XMLConfig::detail

@@ -144,42 +144,47 @@ void giveBack(std::unique_ptr<StrictParser> parser, XMLFilePos sizeOfFile) {
     if (sizeOfFile <= largestForSpare && parser->isFitForMore()) parser.reset(spareParser.exchange(parser.release()));
 }
 
-DocumentPointer parse(const CharacterSource& source, ContentHash& content) {
+ParsedTree parsedBy(StrictParser& parser, const xercesc::InputSource& source) {
+    DocumentPointer document = parser.parseDocument(source);
+    return {std::move(document), parser.takeComments()};
+}
+
+ParsedTree parse(const CharacterSource& source, ContentHash& content) {
     std::unique_ptr<StrictParser> parser = takeParser();
-    DocumentPointer document = parser->parseDocument(source);
+    ParsedTree tree = parsedBy(*parser, source);
     giveBack(std::move(parser), source.size());
     content = source.content();
-    return document;
+    return tree;
 }
 
 void refuseCutEnd(const EndOfBytes& end, const StrictParser& parser) {
     if (end.isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
 }
 
-DocumentPointer parse(const FileSource& source, ContentHash& content) {
+ParsedTree parse(const FileSource& source, ContentHash& content) {
     std::unique_ptr<StrictParser> parser = takeParser();
-    DocumentPointer document = parser->parseDocument(source);
+    ParsedTree tree = parsedBy(*parser, source);
     refuseCutEnd(source.end(), *parser);
     giveBack(std::move(parser), source.end().size());
     content = source.content();
-    return document;
+    return tree;
 }
 
-/// Null where the file must be left to the library as the bytes that it has.
-DocumentPointer parseAsCharacters(const std::wstring& path, ContentHash& content) {
+/// Without a document where the file must be left to the library as the bytes that it has.
+ParsedTree parseAsCharacters(const std::wstring& path, ContentHash& content) {
     const CharacterSource source(path);
-    if (!source.isUtf8()) return nullptr;
+    if (!source.isUtf8()) return {};
     try {
         return parse(source, content);
     } catch (const ParseFailure&) {  // the library tells the first fault, which may be one of the bytes
-        return nullptr;
+        return {};
     }
 }
 
 }  // namespace
 
-DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
-    if (DocumentPointer document = parseAsCharacters(path, content)) return document;
+ParsedTree parseFile(const std::wstring& path, ContentHash& content) {
+    if (ParsedTree tree = parseAsCharacters(path, content); tree.document) return tree;
     try {
         return parse(FileSource(path), content);
     } catch (const WrongBytes& failure) {
@@ -187,14 +192,14 @@ DocumentPointer parseFile(const std::wstring& path, ContentHash& content) {
     }
 }
 
-DocumentPointer parseBytes(const std::string& bytes) {
+ParsedTree parseBytes(const std::string& bytes) {
     const BytesSource source(bytes);
     std::unique_ptr<StrictParser> parser = takeParser();
     try {
-        DocumentPointer document = parser->parseDocument(source);
+        ParsedTree tree = parsedBy(*parser, source);
         refuseCutEnd(source.end(), *parser);
         giveBack(std::move(parser), bytes.size());
-        return document;
+        return tree;
     } catch (const WrongBytes& failure) {
         failure.throwWithPlaceIn(bytes);
     }

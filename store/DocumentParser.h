@@ -3,6 +3,8 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
+#include <xercesc/dom/DOMComment.hpp>
 #include <xercesc/sax/InputSource.hpp>
 
 #include "store/ContentHash.h"
@@ -47,11 +49,17 @@ private:
 /// The bytes of a file of any name, for a parser. Its stream throws FileError.
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 
+/// A tree that was parsed, and its comments in document order, those beside the document element left out.
+struct ParsedTree {
+    DocumentPointer document;
+    std::vector<const xercesc::DOMComment*> comments;
+};
+
 /// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
 /// holds a document type or goes beyond these limits, and FileError when reading fails. `content` becomes that of the file.
-DocumentPointer parseFile(const std::wstring& path, ContentHash& content);
+ParsedTree parseFile(const std::wstring& path, ContentHash& content);
 /// Parses a file's bytes, by the same rules.
-DocumentPointer parseBytes(const std::string& bytes);
+ParsedTree parseBytes(const std::string& bytes);
 
 /// An element in a document of its own.
 struct ParsedElement {

@@ -43,6 +43,15 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
     return a == b;
 }
 
+/// Of a comment inside an element.
+CommentView viewOf(const xercesc::DOMComment& comment) {
+    const auto* const around = static_cast<const xercesc::DOMElement*>(comment.getParentNode());
+    const xercesc::DOMNode* next = detail::nodeAfter(comment);
+    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) next = detail::nodeAfter(*next);
+    return {ElementAccess::view(around), ElementAccess::view(static_cast<const xercesc::DOMElement*>(next)),
+            detail::fromUtf16(detail::view(comment.getData()))};
+}
+
 void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around, bool isDeep = true) {
     std::size_t waiting = comments.size();  // the first that waits for the element after it
     for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::nodeAfter(*node)) {
@@ -132,7 +141,14 @@ bool haveEqualContents(const ElementView& one, const ElementView& other) {
 
 ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view(detail::Document::of(document).root()); }
 
-std::vector<CommentView> commentsOf(const ConfigInfo& document) { return commentsIn(rootElement(document)); }
+std::vector<CommentView> commentsOf(const ConfigInfo& document) {
+    const auto& parsed = detail::Document::of(document).parsedComments();
+    if (!parsed) return commentsIn(rootElement(document));
+    std::vector<CommentView> comments;
+    comments.reserve(parsed->size());
+    for (const xercesc::DOMComment* const comment : *parsed) comments.push_back(viewOf(*comment));
+    return comments;
+}
 
 std::vector<CommentView> commentsIn(const ElementView& around) {
     std::vector<CommentView> comments;

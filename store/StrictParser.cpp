@@ -77,6 +77,7 @@ void StrictParser::XMLDecl(const XMLCh* const version, const XMLCh* const encodi
 
 void StrictParser::beginText() {
     m_levels = 0;
+    m_comments.clear();
     m_namespaces.forget();
     m_oldElementNames = m_elementNames;
     m_isOldNameMet.reset();
@@ -138,6 +139,11 @@ void StrictParser::docCharacters(const XMLCh* const text, const XMLSize_t length
     xercesc::DOMText* const made = createText(text, length);
     appendNew(static_cast<DOMElement&>(*fCurrentParent), *made);
     fCurrentNode = made;
+}
+
+void StrictParser::docComment(const XMLCh* const text) {
+    DOMLSParserImpl::docComment(text);
+    if (fWithinElement) m_comments.push_back(static_cast<const xercesc::DOMComment*>(fCurrentNode));
 }
 
 void StrictParser::docPI(const XMLCh* const target, const XMLCh* const data) {

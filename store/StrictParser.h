@@ -1,7 +1,9 @@
 #pragma once
 
 #include <bitset>
+#include <utility>
 #include <vector>
+#include <xercesc/dom/DOMComment.hpp>
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
 #include <xercesc/util/StringPool.hpp>
 
@@ -19,6 +21,8 @@ public:
 
     /// Parses a whole document, which has a document element.
     DocumentPointer parseDocument(const xercesc::InputSource& source);
+    /// The comments inside the document element of what was parsed last, in document order; once.
+    std::vector<const xercesc::DOMComment*> takeComments() { return std::exchange(m_comments, {}); }
     /// Throws a ParseFailure whose place is the end of what was parsed last.
     [[noreturn]] void refuseEnd(const wchar_t* reason) const;
     /// How many levels of elements the document had.
@@ -41,6 +45,7 @@ public:
                       bool isRoot) override;
     void endElement(const xercesc::XMLElementDecl& declaration, unsigned int uri, bool isRoot, const XMLCh* prefix) override;
     void docCharacters(const XMLCh* text, XMLSize_t length, bool isCdata) override;
+    void docComment(const XMLCh* text) override;
     void docPI(const XMLCh* target, const XMLCh* data) override;
 
 protected:
@@ -87,6 +92,7 @@ private:
     [[noreturn]] void refuse(const std::wstring& reason) const;
 
     Namespaces m_namespaces;
+    std::vector<const xercesc::DOMComment*> m_comments;
     int m_depth = 0;
     int m_levels = 0;
     XMLSize_t m_elementNames = 0;      // that the library knows

@@ -2,6 +2,7 @@
 #include <functional>
 #include <random>
 
+#include "store/Comments.h"
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
 #include "store/NewElement.h"
@@ -145,6 +146,26 @@ TEST(BothPaths, MakeEqualTreesAndBytes) {
     EXPECT_LT(refused, documentCount() / 2);
 }
 
+// Those that were noted during the load against those that are met in the tree.
+TEST(BothPaths, FindTheSameComments) {
+    RandomText random(5);
+    std::size_t count = 0;
+    for (int i = 0; i < documentCount() / 10 && !testing::Test::HasFailure(); ++i) {
+        const std::string text = random.document();
+        SCOPED_TRACE(text);
+        const Document document = load(text);
+        const auto noted = XMLConfig::commentsOf(*document);
+        const auto met = XMLConfig::commentsIn(XMLConfig::rootElement(*document));
+        ASSERT_EQ(noted.size(), met.size());
+        for (std::size_t k = 0; k < met.size(); ++k) {
+            EXPECT_TRUE(noted[k].around == met[k].around && noted[k].next == met[k].next) << k;
+            EXPECT_EQ(noted[k].text, met[k].text);
+        }
+        count += met.size();
+    }
+    EXPECT_GT(count, static_cast<std::size_t>(documentCount()) / 100);
+}
+
 // The parser that is kept from one load to the next against a new one.
 TEST(BothPaths, ReadFilesAlikeOneAfterTheOther) {
     XMLConfig::detail::startXmlLibrary();
@@ -156,7 +177,7 @@ TEST(BothPaths, ReadFilesAlikeOneAfterTheOther) {
         SCOPED_TRACE(text);
         const std::wstring path = folder.write(L"a.skorrax", text);
         XMLConfig::detail::ContentHash content;
-        const std::string read = outcome([&] { return XMLConfig::detail::parseFile(path, content); });
+        const std::string read = outcome([&] { return XMLConfig::detail::parseFile(path, content).document; });
         const std::string alone = outcome([&]() -> XMLConfig::detail::DocumentPointer {
             try {
                 return XMLConfig::detail::StrictParser().parseDocument(*XMLConfig::detail::fileSource(path));

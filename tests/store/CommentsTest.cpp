@@ -71,6 +71,24 @@ TEST(Comments, RefuseTextThatCouldNotBeReadAgain) {
     EXPECT_EQ(XMLConfig::commentsOf(*reloaded(*document)).size(), 3u);
 }
 
+TEST(Comments, AreListedAsTheyAreAfterEachChange) {
+    const Document document = load("<!--a--><ConfigInfo><!--b--><S><A>1<!--c-->2</A></S></ConfigInfo><!--d-->");
+    const auto listed = [&] {
+        std::wstring texts;
+        for (const auto& comment : XMLConfig::commentsOf(*document)) texts += comment.text;
+        return texts;
+    };
+    EXPECT_EQ(listed(), L"bc");
+    document->setStringItem(L"S", L"B", L"3", L"", L"", L"");
+    EXPECT_EQ(listed(), L"bc");
+    addComment(*document, {at(document, L"S")}, L"e");
+    EXPECT_EQ(listed(), L"bce");
+    document->setStringItem(L"S", L"A", L"4", L"", L"", L"");
+    EXPECT_EQ(listed(), L"be");
+    removeComment(*document, rootElement(*document), L"b");
+    EXPECT_EQ(listed(), L"e");
+}
+
 TEST(Comments, AreTakenAwayWhereTheirTextIsThat) {
     const Document document = load("<ConfigInfo><!--c--><S><!--c--><A><!--c--></A><!--d--><!--c--></S></ConfigInfo>");
     EXPECT_EQ(removeComment(*document, at(document, L"S"), L"e"), 0u);
