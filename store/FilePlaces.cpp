@@ -11,7 +11,10 @@
 #include "store/Document.h"
 #include "store/DocumentParser.h"
 #include "store/ElementAccess.h"
+#include "store/ElementNumbers.h"
+#include "store/MarkupBytes.h"
 #include "store/PlaceScanner.h"
+#include "store/StartTags.h"
 #include "store/TagScanner.h"
 #include "store/TreeLinks.h"
 
@@ -115,12 +118,23 @@ private:
     std::unordered_map<const DOMElement*, Pairs> m_inside;
 };
 
-/// Null where the bytes are not those the document was made of (they may be malformed), or where they use a form that the
-/// scanner does not read.
-std::unique_ptr<PlacedElements> scanQuickly(const detail::FileState& file, const std::string& bytes) {
+/// A file's content.
+struct Bytes {
+    std::unique_ptr<char[]> data;  // a string would be cleared before it is read into, and copied while it grows
+    std::size_t size = 0;
+    [[nodiscard]] std::string_view all() const { return {data.get(), size}; }
+};
+
+/// The file's bytes; nothing where they are not those that the document was made of, so that they may be malformed.
+std::optional<Bytes> knownBytes(const detail::FileState& file, const std::wstring& path) {
+    if (!file.isOf(path)) return std::nullopt;
+    const std::size_t room = static_cast<std::size_t>(file.size()) + 1;  // one more tells whether the file has grown
+    Bytes bytes{std::unique_ptr<char[]>(new char[room]), 0};
+    detail::FileReader reader(path);
+    while (const std::size_t count = reader.read(bytes.data.get() + bytes.size, room - bytes.size)) bytes.size += count;
     detail::ContentHash content;
-    content.add(bytes);
-    return file.isContent(content.value()) ? detail::TagScanner::scan(bytes) : nullptr;
+    content.add(bytes.all());
+    return file.isContent(content.value()) ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 std::unique_ptr<PlacedElements> scanStrictly(const std::wstring& path) {
@@ -133,26 +147,11 @@ std::unique_ptr<PlacedElements> scanStrictly(const std::wstring& path) {
     return scanner;
 }
 
-}  // namespace
-
-struct FilePlaces::Places {
-    std::string bytes;
-    std::unique_ptr<PlacedElements> elements;
-    std::optional<Matching> matching;  // nothing for a document without a root
-};
-
-FilePlaces::FilePlaces(const ConfigInfo& document, const std::wstring& path) : m_places(std::make_unique<Places>()) {
+template <typename Action>
+void reporting(const std::wstring& path, const Action& action) {
     const std::wstring failed = L"Error FilePlaces: " + path + L": ";
     try {
-        const detail::Document& tree = detail::Document::of(document);
-        if (tree.file.isOf(path)) {
-            m_places->bytes = detail::readWholeFile(path);
-            m_places->elements = scanQuickly(tree.file, m_places->bytes);
-        }
-        const bool areAlike = m_places->elements != nullptr && tree.isAsParsed();
-        if (m_places->elements == nullptr) m_places->elements = scanStrictly(path);
-        const DOMElement* const root = ElementAccess::element(rootElement(document));
-        if (root != nullptr) m_places->matching.emplace(*root, *m_places->elements, areAlike);
+        action();
     } catch (const detail::ParseFailure& failure) {
         throw CorvaneException(failed + failure.message());
     } catch (const detail::FileError& error) {
@@ -162,12 +161,61 @@ FilePlaces::FilePlaces(const ConfigInfo& document, const std::wstring& path) : m
     }
 }
 
+using FoundPlaces = std::vector<std::optional<FilePlace>>;
+
+/// Nothing unless the document and the file hold the same elements one after the other.
+std::optional<FoundPlaces> placesInOrder(const std::vector<ElementView>& elements, const ConfigInfo& document,
+                                         const std::wstring& path) {
+    const detail::Document& tree = detail::Document::of(document);
+    if (!tree.isAsParsed() || tree.root() == nullptr) return std::nullopt;
+    const std::optional<Bytes> bytes = knownBytes(tree.file, path);
+    const std::optional<std::string_view> markup = bytes ? detail::markupOf(bytes->all()) : std::nullopt;
+    if (!markup) return std::nullopt;
+    FoundPlaces places(elements.size());
+    detail::StartTags tags(*markup);
+    for (const detail::NumberedElement& met : detail::numbered(elements, *tree.root()))
+        places[met.index] = tags.place(met.number);
+    return places;
+}
+
+}  // namespace
+
+struct FilePlaces::Places {
+    std::optional<Bytes> bytes;
+    std::unique_ptr<PlacedElements> elements;
+    std::optional<Matching> matching;  // nothing for a document without a root
+};
+
+FilePlaces::FilePlaces(const ConfigInfo& document, const std::wstring& path) : m_places(std::make_unique<Places>()) {
+    reporting(path, [&] {
+        const detail::Document& tree = detail::Document::of(document);
+        m_places->bytes = knownBytes(tree.file, path);
+        if (m_places->bytes) m_places->elements = detail::TagScanner::scan(m_places->bytes->all());
+        const bool areAlike = m_places->elements != nullptr && tree.isAsParsed();
+        if (m_places->elements == nullptr) m_places->elements = scanStrictly(path);
+        const DOMElement* const root = ElementAccess::element(rootElement(document));
+        if (root != nullptr) m_places->matching.emplace(*root, *m_places->elements, areAlike);
+    });
+}
+
 FilePlaces::~FilePlaces() = default;
 
 std::optional<FilePlace> FilePlaces::find(const ElementView& element) const {
     if (!m_places->matching) return std::nullopt;
     const std::optional<std::size_t> number = m_places->matching->find(ElementAccess::element(element));
     return number ? std::optional(m_places->elements->place(*number)) : std::nullopt;
+}
+
+std::vector<std::optional<FilePlace>> placesOf(const std::vector<ElementView>& elements, const ConfigInfo& document,
+                                               const std::wstring& path) {
+    std::optional<FoundPlaces> inOrder;
+    reporting(path, [&] { inOrder = placesInOrder(elements, document, path); });
+    if (inOrder) return std::move(*inOrder);
+    const FilePlaces places(document, path);
+    FoundPlaces found;
+    found.reserve(elements.size());
+    for (const ElementView& element : elements) found.push_back(places.find(element));
+    return found;
 }
 
 }  // namespace XMLConfig

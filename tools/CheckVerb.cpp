@@ -30,49 +30,52 @@ XMLConfig::CheckOptions optionsOf(const Request& request, const std::string& fil
     return options;
 }
 
-/// Finds the lines in which findings stand.
-class LineFinder {
-public:
-    /// Where no file is named, no finding has a line.
-    LineFinder(const ConfigInfo& document, const std::string& file) {
-        if (file.empty()) return;
-        try {
-            m_places = std::make_unique<XMLConfig::FilePlaces>(document, XMLConfig::wideFromUtf8(file));
-        } catch (const CorvaneException&) {
-            // Another program has replaced the file by one that cannot be read. The findings are shown without lines.
-        }
-    }
-    [[nodiscard]] std::optional<unsigned long long> of(const XMLConfig::ElementView& element) const {
-        if (!m_places || !element) return std::nullopt;
-        const std::optional<XMLConfig::FilePlace> place = m_places->find(element);
-        return place ? std::optional<unsigned long long>(place->line) : std::nullopt;
-    }
+using Lines = std::vector<std::optional<unsigned long long>>;
 
-private:
-    std::unique_ptr<XMLConfig::FilePlaces> m_places;
-};
+/// The lines in which findings and their other places stand, of each finding the own one first. Where no file is named,
+/// nothing has a line.
+Lines linesOf(const std::vector<Finding>& findings, const ConfigInfo& document, const std::string& file) {
+    std::vector<XMLConfig::ElementView> elements;
+    for (const Finding& finding : findings) {
+        elements.push_back(finding.element);
+        for (const XMLConfig::FindingPlace& other : finding.places) elements.push_back(other.element);
+    }
+    Lines lines(elements.size());
+    if (file.empty()) return lines;
+    try {
+        const auto places = XMLConfig::placesOf(elements, document, XMLConfig::wideFromUtf8(file));
+        for (std::size_t i = 0; i < places.size(); ++i)
+            if (places[i]) lines[i] = places[i]->line;
+    } catch (const CorvaneException&) {
+        // Another program has replaced the file by one that cannot be read. The findings are shown without lines.
+    }
+    return lines;
+}
 
 /// The place of a finding in the answer. The findings of one group have the same severity and rule.
 struct Turn {
     std::size_t group = 0;
     unsigned long long line = 0;
     std::size_t index = 0;
+    std::size_t lines = 0;  ///< where those of the finding begin among all
     bool operator<(const Turn& other) const {
         return std::tie(group, line, index) < std::tie(other.group, other.line, other.index);
     }
 };
 
 /// The order in which the findings are shown: by severity and rule, as the check gives them, and within these by line.
-std::vector<Turn> turnsOf(const std::vector<Finding>& findings, const LineFinder& lines) {
+std::vector<Turn> turnsOf(const std::vector<Finding>& findings, const Lines& lines) {
     const auto isOfOneRule = [](const Finding& one, const Finding& other) {
         return one.severity == other.severity && one.rule == other.rule;
     };
     std::vector<Turn> turns;
     turns.reserve(findings.size());
     std::size_t group = 0;
+    std::size_t next = 0;
     for (std::size_t i = 0; i < findings.size(); ++i) {
         if (i > 0 && !isOfOneRule(findings[i - 1], findings[i])) ++group;
-        turns.push_back({group, lines.of(findings[i].element).value_or(0), i});
+        turns.push_back({group, lines[next].value_or(0), i, next});
+        next += 1 + findings[i].places.size();
     }
     if (!std::is_sorted(turns.begin(), turns.end())) std::sort(turns.begin(), turns.end());
     return turns;
@@ -82,14 +85,14 @@ std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const C
                                           const std::string& file) {
     std::vector<CheckedFile::Place> result;
     if (findings.empty()) return result;
-    const LineFinder lines(document, file);
+    const Lines lines = linesOf(findings, document, file);
     result.reserve(findings.size());
     for (const Turn& turn : turnsOf(findings, lines)) {
         CheckedFile::Place& place = result.emplace_back();
         place.finding = std::move(findings[turn.index]);
-        if (turn.line != 0) place.line = turn.line;
-        for (const XMLConfig::FindingPlace& other : place.finding.places)
-            place.otherLines.push_back(lines.of(other.element));
+        const auto own = lines.begin() + static_cast<std::ptrdiff_t>(turn.lines);
+        place.line = *own;
+        place.otherLines.assign(own + 1, own + 1 + static_cast<std::ptrdiff_t>(place.finding.places.size()));
     }
     return result;
 }

@@ -25,6 +25,12 @@ struct Loaded {
     std::string placeOf(const ElementView& element) const {
         const FilePlaces places(document, path);
         const auto place = places.find(element);
+        const auto one = XMLConfig::placesOf({element}, document, path).at(0);
+        EXPECT_EQ(one.has_value(), place.has_value());
+        if (one && place) {
+            EXPECT_EQ(one->line, place->line);
+            EXPECT_EQ(one->column, place->column);
+        }
         return place ? std::to_string(place->line) + ":" + std::to_string(place->column) : "";
     }
 
@@ -173,12 +179,41 @@ private:
     std::mt19937 m_random;
 };
 
+std::string textOf(const std::optional<FilePlace>& place) {
+    return place ? std::to_string(place->line) + ":" + std::to_string(place->column) + " " : "- ";
+}
+
 /// The places of all elements, in document order.
 std::string placesOf(const FilePlaces& places, const ElementView& element) {
-    const auto place = places.find(element);
-    std::string text = place ? std::to_string(place->line) + ":" + std::to_string(place->column) + " " : "- ";
+    std::string text = textOf(places.find(element));
     for (const ElementView& child : element.children()) text += placesOf(places, child);
     return text;
+}
+
+void addAll(std::vector<ElementView>& elements, const ElementView& element) {
+    elements.push_back(element);
+    for (const ElementView& child : element.children()) addAll(elements, child);
+}
+
+/// The same, asked for at once, in another order, and some of them twice.
+std::string placesAtOnce(const ConfigInfo& document, const std::wstring& path, unsigned seed) {
+    std::vector<ElementView> elements;
+    addAll(elements, rootElement(document));
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < elements.size(); ++i) order.insert(order.end(), 1 + i % 3 / 2, i);
+    std::shuffle(order.begin(), order.end(), std::mt19937(seed));
+    std::vector<ElementView> asked;
+    for (const std::size_t index : order) asked.push_back(elements[index]);
+    const auto places = XMLConfig::placesOf(asked, document, path);
+    std::vector<std::string> texts(elements.size());
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const std::string text = textOf(places.at(i));
+        EXPECT_TRUE(texts[order[i]].empty() || texts[order[i]] == text);
+        texts[order[i]] = text;
+    }
+    std::string all;
+    for (const std::string& text : texts) all += text;
+    return all;
 }
 
 }  // namespace
@@ -191,8 +226,36 @@ TEST(FilePlaces, AreTheSameOfTheFileAndOfACopy) {
         const std::wstring copy = loaded.folder.write(L"copy.skorrax", text);
         const std::string strict = placesOf(FilePlaces(loaded.document, copy), rootElement(loaded.document));
         EXPECT_EQ(placesOf(FilePlaces(loaded.document, loaded.path), rootElement(loaded.document)), strict) << text;
+        EXPECT_EQ(placesAtOnce(loaded.document, loaded.path, seed), strict) << text;
+        EXPECT_EQ(placesAtOnce(loaded.document, copy, seed), strict) << text;
         EXPECT_EQ(strict.find('-'), std::string::npos) << text;
     }
+}
+
+TEST(FilePlaces, AskedForAtOnceLeaveOutWhatIsInNoTree) {
+    const Loaded loaded(sample);
+    const Loaded other(sample);
+    const ElementView root = rootElement(loaded.document);
+    const std::vector<ElementView> asked = {root.firstChild(), ElementView(), rootElement(other.document), root};
+    const auto places = XMLConfig::placesOf(asked, loaded.document, loaded.path);
+    ASSERT_EQ(places.size(), 4u);
+    EXPECT_EQ(textOf(places[0]) + textOf(places[1]) + textOf(places[2]) + textOf(places[3]), "5:3 - - 4:1 ");
+    EXPECT_TRUE(XMLConfig::placesOf({}, loaded.document, loaded.path).empty());
+}
+
+TEST(FilePlaces, AskedForAtOnceAreThoseOfTheFileAsItIsNow) {
+    const Loaded loaded("<C>\n<S ID=\"1\"/>\n</C>");
+    const auto place = [&] {
+        return textOf(XMLConfig::placesOf({rootElement(loaded.document).firstChild()}, loaded.document, loaded.path).at(0));
+    };
+    EXPECT_EQ(place(), "2:1 ");
+    for (const char* const text :
+         {"<C>\n\n<T/>\n <S ID=\"1\"/></C>", "<C>\n<T/>\n\n <S ID='1'/></C>", "<C>\n\n\n <S ID='1'/></C>"}) {
+        loaded.folder.write(L"input.skorrax", text);
+        EXPECT_EQ(place(), "4:2 ");
+    }
+    loaded.folder.write(L"input.skorrax", "<C>\n\n<T/>\n <S ID=\"1\"/></D>");
+    EXPECT_STARTS_WITH(messageOf(place), L"Error FilePlaces: " + loaded.path + L": line 4, column 15");
 }
 
 TEST(FilePlaces, AreThoseOfTheFileAsItIsNow) {
