@@ -1,5 +1,7 @@
 #include "store/ElementView.h"
 
+#include <cstring>
+
 #include "platform/Text.h"
 #include "store/Address.h"
 #include "store/Attributes.h"
@@ -29,7 +31,10 @@ bool areAttributesEqual(const xercesc::DOMElement& one, const xercesc::DOMElemen
 bool areTextsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
     std::u16string oneBuffer;
     std::u16string otherBuffer;
-    return detail::textOf(one, oneBuffer) == detail::textOf(other, otherBuffer);
+    const std::u16string_view text = detail::textOf(one, oneBuffer);
+    const std::u16string_view otherText = detail::textOf(other, otherBuffer);
+    if (text.size() != otherText.size()) return false;
+    return text.empty() || std::memcmp(text.data(), otherText.data(), text.size() * sizeof(char16_t)) == 0;
 }
 
 bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
@@ -110,10 +115,6 @@ std::wstring ElementView::text() const {
     return m_element == nullptr ? std::wstring() : detail::wideTextOf(*elementOf(*this));
 }
 
-bool ElementView::isText(const std::wstring& text) const {
-    return m_element == nullptr ? text.empty() : detail::hasText(*elementOf(*this), text);
-}
-
 ElementView ElementView::firstChild() const {
     return m_element == nullptr ? ElementView() : ElementAccess::view(detail::firstElementIn(*elementOf(*this)));
 }
@@ -137,6 +138,11 @@ ElementView ElementView::parent() const {
 bool haveEqualContents(const ElementView& one, const ElementView& other) {
     if (!one || !other) return !one && !other;
     return areContentsEqual(*elementOf(one), *elementOf(other));
+}
+
+bool haveEqualTexts(const ElementView& one, const ElementView& other) {
+    if (!one || !other) return one.text() == other.text();
+    return areTextsEqual(*elementOf(one), *elementOf(other));
 }
 
 ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view(detail::Document::of(document).root()); }

@@ -37,8 +37,6 @@ public:
     std::wstring id() const;
     /// The element's text with that of everything inside it.
     std::wstring text() const;
-    /// Compares the text without making wide text of it.
-    bool isText(const std::wstring& text) const;
 
     /// The first element inside this one.
     ElementView firstChild() const;
@@ -89,6 +87,8 @@ inline ElementView::Children ElementView::children() const { return Children(fir
 /// Whether both hold the same elements in the same order, with the same attributes and, where an element holds no others,
 /// the same text. What stands between elements does not count, nor do the attributes of the two themselves.
 XMLCONFIG_API bool haveEqualContents(const ElementView& one, const ElementView& other);
+/// Whether the texts of both, as `text` gives them, are equal; nothing is made of them.
+XMLCONFIG_API bool haveEqualTexts(const ElementView& one, const ElementView& other);
 /// The root, whose children are the header elements and the sections.
 XMLCONFIG_API ElementView rootElement(const ConfigInfo& document);
 

@@ -134,8 +134,10 @@ SectionKey& KeysOfTag::add(const ElementView& child, const std::wstring& key) {
 }
 
 SharedText& KeysOfTag::textOf(const ElementView& element, SectionKey& key) {
-    if (key.lastText == nullptr || !element.isText(key.lastText->text))
+    if (key.lastText == nullptr || !haveEqualTexts(element, key.textSample)) {
         key.lastText = &m_texts.emplace_back(element.text(), key.setting);
+        key.textSample = element;
+    }
     return *key.lastText;
 }
 

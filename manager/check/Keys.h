@@ -83,6 +83,7 @@ struct SectionKey {
     ElementView element;                                   ///< the first element of that section at the key
     std::size_t repeats = 0;                               ///< how many more elements it has there
     SharedText* lastText = nullptr;                        ///< the text of that element
+    ElementView textSample;                                ///< the first of those one after the other that hold it
     std::unordered_map<std::wstring, SectionKey*> byName;  ///< the keys of all children, by name and ID
 };
 

@@ -113,13 +113,18 @@ TEST(ElementView, ShowsTheDocumentAndNoCopy) {
 }
 
 TEST(ElementView, ComparesTagsAndTextsWithoutCopies) {
-    const auto document = ConfigInfo::fromText("<C><a>\xC3\xA4 1</a><b/><a>2</a></C>", L"it");
+    const auto document = ConfigInfo::fromText("<C><a>\xC3\xA4 1</a><b/><a>2</a><c>\xC3\xA4<d> 1</d></c></C>", L"it");
     const ElementView first = rootElement(*document).firstChild();
-    EXPECT_TRUE(first.isText(L"\u00e4 1"));
-    EXPECT_FALSE(first.isText(L"\u00e4"));
-    EXPECT_TRUE(first.next().isText(L""));
-    EXPECT_TRUE(ElementView().isText(L""));
-    EXPECT_FALSE(ElementView().isText(L"1"));
+    const ElementView empty = first.next();
+    EXPECT_TRUE(haveEqualTexts(first, first));
+    EXPECT_TRUE(haveEqualTexts(first, empty.next().next()));
+    EXPECT_FALSE(haveEqualTexts(first, empty.next()));
+    EXPECT_FALSE(haveEqualTexts(first, empty));
+    EXPECT_TRUE(haveEqualTexts(empty, ElementView()));
+    EXPECT_FALSE(haveEqualTexts(first, ElementView()));
+    EXPECT_TRUE(haveEqualTexts(ElementView(), ElementView()));
+    const auto longer = ConfigInfo::fromText("<C><a>\xC3\xA4 10</a><a>\xC3\xA4 2</a></C>", L"it");
+    for (const ElementView& other : rootElement(*longer).children()) EXPECT_FALSE(haveEqualTexts(first, other));
     EXPECT_TRUE(first.isNamedLike(first.next().next()));
     EXPECT_FALSE(first.isNamedLike(first.next()));
     EXPECT_FALSE(first.isNamedLike(ElementView()));
