@@ -1,5 +1,6 @@
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <type_traits>
@@ -133,7 +134,9 @@ template <typename Out, typename Unit>
 void convertAndAppend(std::basic_string<Out>& out, std::basic_string_view<Unit> text) {
     if constexpr (sizeof(Out) > 1 && sizeof(Unit) > 1) {
         if (isUnitByUnit(text)) {
-            out.append(text.begin(), text.end());
+            const std::size_t begin = out.size();
+            out.resize(begin + text.size());  // appending would put the text together beside it first
+            std::copy(text.begin(), text.end(), out.data() + begin);
             return;
         }
     }
