@@ -37,7 +37,8 @@ public:
     virtual ~UpgradeObserver();
     /// Called once, before the first step; not for a document that needs none.
     virtual void upgradeBegins(double fromVersion, double toVersion) = 0;
-    /// Called after each step that was applied, also where it found nothing to do.
+    /// Called after each step that was applied, also where it found nothing to do. The document holds all that the steps
+    /// did only after the last of them.
     virtual void stepDone(UpgradeStepReport step) = 0;
 };
 

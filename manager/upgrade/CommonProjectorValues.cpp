@@ -52,7 +52,7 @@ private:
 
 }  // namespace
 
-void shareCommonProjectorValues(ConfigInfo& document) {
+void shareCommonProjectorValues(StepDocument& document) {
     StepSection geometry(document, L"Geometry");
     Projectors projectors = projectorsOf(document);
     const Point_2Dim<int> boxSize(21, 21);

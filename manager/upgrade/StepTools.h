@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "manager/upgrade/StepDocument.h"
 #include "store/ConfigInfo.h"
 #include "store/ElementParts.h"
 
@@ -17,9 +18,11 @@ public:
     /// Of items. A step that asks many sections for the same ones makes them once.
     using Keys = std::vector<std::wstring>;
 
-    /// `document` is borrowed. Without an `id` the first section of that name is meant. Creates nothing.
-    StepSection(ConfigInfo& document, const wchar_t* name, std::wstring id = {});
-    [[nodiscard]] const std::wstring& id() const { return m_id; }
+    /// `document` is borrowed. The first section of that name is meant. Creates nothing.
+    StepSection(StepDocument& document, const wchar_t* name);
+    /// Both are borrowed.
+    StepSection(StepDocument& document, StepDevice& device) : m_document(&document), m_device(&device) {}
+    [[nodiscard]] const std::wstring& id() const;
 
     // Reading creates nothing; a missing item gives the fallback.
 
@@ -48,13 +51,18 @@ public:
     void remove();
 
 private:
-    ConfigInfo* m_document;
-    std::wstring m_name;
-    std::wstring m_id;
+    [[nodiscard]] ConfigInfo& stored() const { return m_document->stored(); }
+    [[nodiscard]] const std::wstring& name() const { return m_device == nullptr ? m_name : m_device->kind->name; }
+    /// Null where the document is to be asked.
+    [[nodiscard]] const std::wstring* waiting(const std::wstring& key) const;
+
+    StepDocument* m_document;
+    StepDevice* m_device = nullptr;  ///< null for other sections
+    std::wstring m_name = {};        ///< of one of these
 };
 
 /// The sections that have an ID, in document order. They are found once: later renames and removals do not change the list.
-std::vector<StepSection> projectorsOf(ConfigInfo& document);
-std::vector<StepSection> camerasOf(ConfigInfo& document);
+std::vector<StepSection> projectorsOf(StepDocument& document);
+std::vector<StepSection> camerasOf(StepDocument& document);
 
 }  // namespace XMLConfig::detail

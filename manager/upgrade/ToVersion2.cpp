@@ -5,7 +5,7 @@
 // four edges of its image as spherical angles. The edges stay in the file until the next step removes them.
 namespace XMLConfig::detail {
 
-void toVersion2(ConfigInfo& document) {
+void toVersion2(StepDocument& document) {
     for (StepSection& projector : projectorsOf(document)) {
         const double left = projector.number(L"Spherical_Angle_Left", -1.0);
         const double right = projector.number(L"Spherical_Angle_Right", -1.0);

@@ -33,7 +33,7 @@ ElementParts deviceSnippet(const StepSection& projector, const std::wstring& uid
     return snippet.end().end();
 }
 
-void describeDevices(ConfigInfo& document) {
+void describeDevices(StepDocument& document) {
     for (StepSection& projector : projectorsOf(document)) {
         const std::wstring uid = L"VELDAR***" + projector.text(L"Projector_MAC_Address");
         if (projector.element(L"DeviceSnippet").empty())
@@ -42,12 +42,12 @@ void describeDevices(ConfigInfo& document) {
     }
 }
 
-void spreadPortraitMode(ConfigInfo& document) {
+void spreadPortraitMode(StepDocument& document) {
     const int portraitMode = StepSection(document, L"System").integer(L"Portrait_Mode", 0);
     for (StepSection& projector : projectorsOf(document)) projector.setInteger(L"Portrait_Mode", portraitMode);
 }
 
-void setEngineDefaults(ConfigInfo& document) {
+void setEngineDefaults(StepDocument& document) {
     StepSection geometry(document, L"Geometry");
     geometry.setText(L"CalibrationEngine", L"MULTI-CAMERA");
     geometry.setInteger(L"Blob_Location_Algorithm", 0);
@@ -60,7 +60,7 @@ void setEngineDefaults(ConfigInfo& document) {
     color.setInteger(L"AdvColor_TargetSizeY", 0);
 }
 
-void removeCalibrationConfigurations(ConfigInfo& document) {
+void removeCalibrationConfigurations(StepDocument& document) {
     StepSection geometry(document, L"Geometry");
     for (int n = 1; n <= 50; ++n) {
         const std::wstring key = L"CalConf" + formatInteger(n);
@@ -69,7 +69,7 @@ void removeCalibrationConfigurations(ConfigInfo& document) {
     }
 }
 
-void removeObsoleteItems(ConfigInfo& document) {
+void removeObsoleteItems(StepDocument& document) {
     const StepSection::Keys ofProjectors = {L"Spherical_Angle_Top",
                                             L"Spherical_Angle_Bottom",
                                             L"Spherical_Angle_Left",
@@ -95,7 +95,7 @@ void removeObsoleteItems(ConfigInfo& document) {
                       L"MaxTheta", L"MinPhi", L"MaxPhi"});
 }
 
-void setSolveDefaults(ConfigInfo& document) {
+void setSolveDefaults(StepDocument& document) {
     StepSection geometry(document, L"Geometry");
     geometry.setInteger(L"Auto_Masking_Type", 0);
     geometry.setFlag(L"Use_Quick_Cal", false);
@@ -113,7 +113,7 @@ void setSolveDefaults(ConfigInfo& document) {
 
 }  // namespace
 
-void toVersion2005(ConfigInfo& document) {
+void toVersion2005(StepDocument& document) {
     for (StepSection& camera : camerasOf(document)) completeEdgeThresholds(camera);
     describeDevices(document);
     spreadPortraitMode(document);

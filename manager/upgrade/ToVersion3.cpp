@@ -26,7 +26,7 @@ void splitConnection(StepSection& camera) {
 
 }  // namespace
 
-void toVersion3(ConfigInfo& document) {
+void toVersion3(StepDocument& document) {
     auto cameras = camerasOf(document);
     for (StepSection& camera : cameras) camera.setNumber(L"MaskingROIScreenAreaPercentage", 0.0001);
     for (StepSection& camera : cameras) splitConnection(camera);

@@ -4,7 +4,7 @@
 // Version 4.0 tells a projector's image from its panel: until then the image had the panel's resolution.
 namespace XMLConfig::detail {
 
-void toVersion4(ConfigInfo& document) {
+void toVersion4(StepDocument& document) {
     for (StepSection& projector : projectorsOf(document)) {
         projector.setInteger(L"ImageResolution_X", projector.integer(L"Resolution_X", 1400));
         projector.setInteger(L"ImageResolution_Y", projector.integer(L"Resolution_Y", 1050));

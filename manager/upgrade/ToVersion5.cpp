@@ -4,7 +4,7 @@
 // Version 5.0 keeps warps and blends in one memory location instead of one each, and can tile its input.
 namespace XMLConfig::detail {
 
-void toVersion5(ConfigInfo& document) {
+void toVersion5(StepDocument& document) {
     StepSection geometry(document, L"Geometry");
     const int location = geometry.integer(L"Warp_Memory_Location", 0);
     const std::wstring name = geometry.text(L"Warp_Memory_Name", L"Ulvano");

@@ -34,7 +34,7 @@ Keys calibrationKeys() {
     return keys;
 }
 
-void reduceProjectors(ConfigInfo& document) {
+void reduceProjectors(StepDocument& document) {
     // The section's name has been misspelt since this release and decides what every projector gets: do not mend it.
     const StepSection misspelt(document, L"Geomtry");
     auto projectors = projectorsOf(document);
@@ -58,7 +58,7 @@ std::wstring takeMarkerLocationMethod(std::vector<StepSection>& cameras) {
 
 }  // namespace
 
-void toVersion6(ConfigInfo& document) {
+void toVersion6(StepDocument& document) {
     reduceProjectors(document);
     StepSection(document, L"Geometry")
         .removeItems({L"InputResolutionX", L"InputResolutionY", L"CalibrationEngine", L"Serial_Run",

@@ -44,7 +44,7 @@ void describeCamera(StepSection& camera, int type) {
     camera.rename(newID);
 }
 
-void describeCameras(ConfigInfo& document) {
+void describeCameras(StepDocument& document) {
     const StepSection::Keys obsolete = {L"Protocol", L"Bit_Depth", L"Camera_Lens_Name", L"ShowOnOffMapperBlobs"};
     for (StepSection& camera : camerasOf(document)) {
         camera.removeItems(obsolete);
@@ -59,7 +59,7 @@ void describeCameras(ConfigInfo& document) {
     }
 }
 
-void removeObsoleteItems(ConfigInfo& document) {
+void removeObsoleteItems(StepDocument& document) {
     StepSection(document, L"Screen").removeItem(L"GUI_3DPointDistribution");
     StepSection(document, L"Geometry").removeItems({L"IsStacked", L"IsAutoOrderRequired"});
     StepSection(document, L"System").removeItem(L"Load_Skorra_File");
@@ -67,7 +67,7 @@ void removeObsoleteItems(ConfigInfo& document) {
     StepSection(document, L"Screen").removeItem(L"Mask_AngleUnit");
 }
 
-void moveUnits(ConfigInfo& document) {
+void moveUnits(StepDocument& document) {
     StepSection screen(document, L"Screen");
     StepSection system(document, L"System");
     system.setText(L"Length_Unit", screen.text(L"Unit", L"Meters"));
@@ -78,7 +78,7 @@ void moveUnits(ConfigInfo& document) {
 
 }  // namespace
 
-void toVersion9(ConfigInfo& document) {
+void toVersion9(StepDocument& document) {
     describeCameras(document);
     removeObsoleteItems(document);
     moveUnits(document);

@@ -5,22 +5,22 @@
 
 #include "store/BuildIdentity.h"
 
-class ConfigInfo;
-
 /// The conversions between historical layouts, oldest first.
 namespace XMLConfig::detail {
+
+class StepDocument;
 
 // Each is named by the version it leads to and stands in the file of its name. It writes and removes in a fixed order.
 // The declaration is a line of its own because the compiler checks the chain, which it can only with declared functions;
 // the linker names a step without its source, and a test a source without its row.
-void toVersion2(ConfigInfo& document);
-void toVersion2005(ConfigInfo& document);
-void toVersion3(ConfigInfo& document);
-void toVersion4(ConfigInfo& document);
-void toVersion5(ConfigInfo& document);
-void toVersion6(ConfigInfo& document);
-void toVersion8(ConfigInfo& document);
-void toVersion9(ConfigInfo& document);
+void toVersion2(StepDocument& document);
+void toVersion2005(StepDocument& document);
+void toVersion3(StepDocument& document);
+void toVersion4(StepDocument& document);
+void toVersion5(StepDocument& document);
+void toVersion6(StepDocument& document);
+void toVersion8(StepDocument& document);
+void toVersion9(StepDocument& document);
 
 /// An item that a step carries to another place; a receipt lists it as one change instead of two.
 struct ItemMove {
@@ -48,7 +48,7 @@ private:
 struct UpgradeStep {
     double below;  ///< applied to documents below this version, to which it leads
     const wchar_t* summary;
-    void (*apply)(ConfigInfo& document);
+    void (*apply)(StepDocument& document);
     ItemMoves moves = {};
 };
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "manager/Upgrade.h"
+#include "manager/upgrade/StepDocument.h"
 #include "manager/upgrade/StepRecorder.h"
 #include "manager/upgrade/UpgradeChain.h"
 #include "platform/Early.h"
@@ -17,9 +18,9 @@ namespace {
 
 XMLCONFIG_EARLY const LoggerPtr upgradeLog = logger(L"Ulvano.XMLConfig.VersionUpgrade");
 
-void apply(const UpgradeStep& step, ConfigInfo& document, UpgradeObserver* observer) {
+void apply(const UpgradeStep& step, StepDocument& document, UpgradeObserver* observer) {
     if (observer == nullptr) return step.apply(document);
-    StepRecorder recorder(document, step);
+    StepRecorder recorder(document.stored(), step);
     step.apply(document);
     observer->stepDone(recorder.takeReport());
 }
@@ -44,9 +45,11 @@ VersionUpgradeEnum doFileVersionConversion(ConfigInfo* document, UpgradeObserver
     }
     logWarn(upgradeLog, L"   -> converting " + versionText(current) + L" file to " + versionText(latest));
     if (observer != nullptr) observer->upgradeBegins(current, latest);
+    StepDocument converted(*document);
     for (const UpgradeStep& step : upgradeChain) {
-        if (current < step.below) apply(step, *document, observer);
+        if (current < step.below) apply(step, converted, observer);
     }
+    converted.write();
     document->setVersion(latest);
     document->insertBuildDateAndNumber();
     return Upgraded;

@@ -14,7 +14,7 @@ using XMLConfig::detail::toVersion3;
 
 namespace {
 
-TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sections) { return ::stepped(step, sections, "1.000"); }
+TestDocument stepped(Step step, const std::string& sections) { return ::stepped(step, sections, "1.000"); }
 
 // Without the line breaks and indentation that reading an element back puts in.
 std::wstring compact(const std::wstring& xml) {

@@ -17,7 +17,7 @@ using XMLConfig::detail::toVersion9;
 
 namespace {
 
-TestDocument stepped(void (*step)(ConfigInfo&), const std::string& sections) { return ::stepped(step, sections, "3.000"); }
+TestDocument stepped(Step step, const std::string& sections) { return ::stepped(step, sections, "3.000"); }
 
 // Projectors "1", "2", ... that each hold one of these texts.
 std::string projectors(const std::string& key, const std::vector<std::string>& texts) {

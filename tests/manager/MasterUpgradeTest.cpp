@@ -6,6 +6,7 @@
 #include "manager/upgrade/UpgradeChain.h"
 #include "store/ConfigInfoFactory.h"
 #include "tests/support/OldFiles.h"
+#include "tests/support/SteppedDocument.h"
 #include "tests/support/TestDocument.h"
 
 // What must hold for every old file whatever it holds, tried on files that no one would write.
@@ -39,7 +40,7 @@ std::string upgradedReleaseByRelease(const OldFile& file, bool isSavedByEach) {
     TestDocument document(file.text);
     for (const auto& step : XMLConfig::detail::upgradeChain) {
         if (!(document->getVersion() < step.below)) continue;
-        step.apply(*document);
+        applyAlone(step.apply, *document);
         document->setVersion(step.below);
         if (isSavedByEach) document = TestDocument(document.text());
     }

@@ -6,6 +6,7 @@
 
 #include "manager/CheckRules.h"
 #include "manager/check/GoneSettings.h"
+#include "manager/upgrade/StepDocument.h"
 #include "manager/upgrade/UpgradeChain.h"
 #include "tests/manager/TestManager.h"
 #include "tests/manager/UpgradeFiles.h"
@@ -109,7 +110,8 @@ TEST(UpgradeChain, EverySettingThatIsKnownToBeGoneIsTakenAwayInItsRelease) {
 }
 
 TEST(UpgradeChain, SettingThatIsNotAmongTheGoneIsNamed) {
-    const auto removeSome = [](ConfigInfo& document) {
+    const auto removeSome = [](XMLConfig::detail::StepDocument& converted) {
+        ConfigInfo& document = converted.stored();
         document.removeItem(L"Screen", L"Never_Listed", L"");
         document.removeItem(L"Screen", L"Eye_Point", L"");  // gone before
         document.removeItem(L"Screen", L"Shape", L"");      // of today

@@ -7,6 +7,7 @@
 #include "store/ConfigInfoFactory.h"
 #include "tests/manager/UpgradeFiles.h"
 #include "tests/support/GoldenFile.h"
+#include "tests/support/SteppedDocument.h"
 #include "tests/support/TestDocument.h"
 
 // Run in the root of the sources. The expected files are reasoned, not recorded: whoever changes one says why.
@@ -29,7 +30,7 @@ std::string testName(std::string version) {
 TEST_P(StepFiles, GiveWhatIsExpected) {
     const std::string version = fileVersion(GetParam().below);
     const TestDocument document(TemporaryFolder::readFile(stepInput(version)));
-    GetParam().apply(*document);
+    applyAlone(GetParam().apply, *document);
     EXPECT_TRUE(matchesGolden(stepOutcome(version), document.text()));
 }
 

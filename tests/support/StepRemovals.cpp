@@ -10,6 +10,7 @@
 #include "platform/Text.h"
 #include "tests/manager/TestManager.h"
 #include "tests/manager/UpgradeFiles.h"
+#include "tests/support/SteppedDocument.h"
 #include "tests/support/TestDocument.h"
 
 using XMLConfig::UpgradeChange;
@@ -78,7 +79,7 @@ void noteRemovals(Removals& removals, const XMLConfig::UpgradeStepReport& report
 void noteRemovals(Removals& removals, const UpgradeStep& step, const std::string& text) {
     const TestDocument document(text);
     XMLConfig::detail::StepRecorder recorder(*document, step);
-    step.apply(*document);
+    applyAlone(step.apply, *document);
     noteRemovals(removals, recorder.takeReport());
 }
 
