@@ -13,6 +13,7 @@ void registerBeside();  ///< the jobs of users beside the other libraries that t
 void registerAccessors();  ///< every setting of projectors; time of one projector
 void releaseAccessors();   ///< to be called before the process ends
 void registerUpgrade();    ///< every conversion step; time of one device
+void registerReading();    ///< load and one value; time of one projector
 void registerLayout();     ///< load and layout; time of one projector
 void registerCheck();      ///< load and check; time of one projector
 void registerDiff();       ///< load two and compare; time of one projector

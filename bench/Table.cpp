@@ -203,6 +203,9 @@ bool Table::print() const {
     printer.growth("upgrade", 100, 1000, 1.2);
     printer.growth("upgrade", 1000, 10000, 1.2);
     printer.growth("upgrade", 100, 10000, 1.2);
+    printLine("one projector", "projectors", "with a value", "load", "ratio", "floor", "");
+    for (const int projectors : sizes()) printer.row("read_one", projectors, {Floor::Of::Ratio, 1.1}, shownTime, "load");
+    printer.growth("read_one", 100, 10000, 1.2);
     printLine("one projector", "projectors", "with layout", "load", "ratio", "floor", "");
     printer.row("layout", 100, {}, shownTime, "load");
     printer.row("layout", 1000, {Floor::Of::Ratio, 2.0}, shownTime, "load");

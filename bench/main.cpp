@@ -66,6 +66,7 @@ int measure() {
     bench::registerBeside();
     bench::registerAccessors();
     bench::registerUpgrade();
+    bench::registerReading();
     bench::registerLayout();
     bench::registerCheck();
     bench::registerDiff();
