@@ -16,7 +16,7 @@ struct NamedFile {
     std::wstring otherCase;    ///< that name
 };
 
-/// All files that the document names; each is looked for from the folder of the document's file.
+/// All files that the document names. A relative name counts from the folder of the document's file.
 std::vector<NamedFile> namedFiles(const Findings& findings);
 
 }  // namespace XMLConfig::detail

@@ -9,7 +9,7 @@
 /// The comments of a document that are meant for this library.
 namespace XMLConfig::detail {
 
-/// "xmlconfig accepts XC321: lighting ring above 45 degrees": what the rule finds there is known, and well.
+/// "xmlconfig accepts XC321: lighting ring above 45 degrees": what the rule finds there is known and is all right.
 struct Acceptance {
     std::wstring rule;
     ElementView around;  ///< what it holds for, with all that is inside

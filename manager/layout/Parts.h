@@ -2,7 +2,7 @@
 
 #include "manager/Layout.h"
 
-/// The parts that a layout is reckoned in, each from those before it.
+/// The steps by which a layout is made. Each uses what the steps before it have found.
 namespace XMLConfig::detail {
 
 /// Every projector's channel as stored, with the directions and spans of the usable ones.

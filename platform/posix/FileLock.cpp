@@ -42,7 +42,7 @@ private:
     int m_value;
 };
 
-/// What came of an attempt. Where the system denies one of the two, the other must do.
+/// What came of an attempt. Where the system denies the folder's lock or the name, the other of the two is enough.
 enum class Attempt { Taken, Busy, NotToBeHad };
 
 bool isShortage(int error) { return error == EMFILE || error == ENFILE || error == ENOMEM || error == ENOBUFS; }
@@ -105,7 +105,7 @@ private:
     socklen_t m_size = 0;
 };
 
-/// Whoever listens at a name can be asked who he is.
+/// Takes the name and listens at it, so that the system can tell others which process has it.
 Attempt takeName(const std::string& path, const struct stat& folder, OwnedDescriptor& taken) {
     const FolderName name(folder);
     OwnedDescriptor socket = name.socket();
@@ -158,13 +158,13 @@ FileLock::FileLock(const std::wstring& path) : m_parts(std::make_unique<Parts>()
     if (::stat(m_parts->folder.c_str(), &m_parts->status) != 0) throwFileError(purpose, m_parts->path, errno);
 }
 
-// A thread that were cancelled where a destructor closes something would end the program.
+// A thread that is cancelled while a destructor closes something ends the program.
 FileLock::~FileLock() {
     const HeldCancellation held;
     m_parts.reset();
 }
 
-// Nothing is kept of an attempt that is not a success, also of one that ends with an exception.
+// An attempt that does not succeed, or that ends with an exception, gives back what it has taken.
 bool FileLock::tryTake() {
     const HeldCancellation held;
     OwnedDescriptor locked;
