@@ -20,7 +20,7 @@ void addNoSuchCamera(Findings& findings, const Place& place, const std::wstring&
     Finding& finding = findings.add(L"XC208", Severity::Error, place, L"there is no camera " + quoted(id) + was);
     if (camera == nullptr) return;
     finding.places = {otherPlace(placeOf(*camera))};
-    finding.mend = {MendSafety::Safe, {setCommand(place, text(camera->id))}};
+    finding.mend = mendBy(MendSafety::Safe, setCommand(place, text(camera->id)));
 }
 
 void checkCamerasOf(Findings& findings, const CheckedSection& projector) {
@@ -71,8 +71,8 @@ void checkOrder(Findings& findings) {
         faults.push_back(L"leaves out " + camera->title());
     }
     for (const std::wstring& fault : faults)
-        findings.add(L"XC209", Severity::Warning, place, fault).mend = {MendSafety::Asked,
-                                                                        {setCommand(place, joined(complete, L","))}};
+        findings.add(L"XC209", Severity::Warning, place, fault).mend =
+            mendBy(MendSafety::Asked, setCommand(place, joined(complete, L",")));
 }
 
 bool hasCamera(const CheckedSection& projector) {
@@ -116,8 +116,8 @@ void checkOverlapPoints(Findings& findings) {
         if (item.key.compare(0, beginning.size(), beginning) != 0 || item.hiddenBy) continue;
         if (isPairOfCameras(findings, item.key.substr(beginning.size()))) continue;
         const Place place = placeOf(color, item);
-        findings.add(L"XC219", Severity::Note, place, L"names no two cameras").mend = {MendSafety::Asked,
-                                                                                       {unsetCommand(place)}};
+        findings.add(L"XC219", Severity::Note, place, L"names no two cameras").mend =
+            mendBy(MendSafety::Asked, unsetCommand(place));
     }
 }
 

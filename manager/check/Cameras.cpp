@@ -21,8 +21,8 @@ void checkPose(Findings& findings, const CheckedSection& camera) {
     };
     if (isRead(L"ExplicitExtrinsicXYZ") && isRead(L"ExplicitExtrinsicYPR")) return;
     const Place place = placeOf(camera, L"ExplicitExtrinsicValid");
-    findings.add(L"XC601", Severity::Error, place, L"is true, but there is no pose").mend = {MendSafety::Asked,
-                                                                                             {setCommand(place, L"false")}};
+    findings.add(L"XC601", Severity::Error, place, L"is true, but there is no pose").mend =
+        mendBy(MendSafety::Asked, setCommand(place, L"false"));
 }
 
 void checkMarkerNumbers(Findings& findings, const CheckedSection& camera, const CalibrationPoints& markers,

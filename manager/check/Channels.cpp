@@ -70,7 +70,7 @@ void checkDegrees(Findings& findings, const CheckedSection& section) {
                              shortNumber(number) + L" radians are " + shortNumber(std::abs(number) / fullTurn, 1) +
                                  L" turns; it looks like degrees");
             if (item.setting->type == SettingType::Double)
-                finding.mend = {MendSafety::Asked, {setCommand(place, shortNumber(number, allDigits) + L"deg")}};
+                finding.mend = mendBy(MendSafety::Asked, setCommand(place, shortNumber(number, allDigits) + L"deg"));
             break;
         }
     }
@@ -88,7 +88,7 @@ void checkHeading(ChannelCheck& check, const CheckedSection& projector) {
         check.findings
             .add(L"XC306", Severity::Note, place,
                  check.findings.units.angleBeyond(channel.yaw, pi) + L" is more than half a turn")
-            .mend = {MendSafety::Safe, {setCommand(place, degreesText(better))}};
+            .mend = mendBy(MendSafety::Safe, setCommand(place, degreesText(better)));
     }
     if (isBetween(channel.pitch, pi / 2.0))
         check.findings.add(L"XC306", Severity::Warning, placeOf(projector, L"Channel_Extents|Heading|Pitch"),
@@ -135,7 +135,7 @@ void checkEyePoints(ChannelCheck& check) {
             .add(
                 L"XC310", Severity::Note, place,
                 L"channels are seen from " + units.point(channels[0].eyePoint) + L", the target from " + units.point(target))
-            .mend = {MendSafety::Asked, {setCommand(place, storedPoint(channels[0].eyePoint))}};
+            .mend = mendBy(MendSafety::Asked, setCommand(place, storedPoint(channels[0].eyePoint)));
         return;
     }
     const auto isOffTarget = [&](const Channel& channel) { return !isOneEyePoint(channel.eyePoint, target); };
@@ -146,7 +146,7 @@ void checkEyePoints(ChannelCheck& check) {
         check.findings
             .add(L"XC310", Severity::Note, place,
                  L"is seen from " + units.point(channel.eyePoint) + L", the target from " + units.point(target))
-            .mend = {MendSafety::Asked, {setCommand(place, storedPoint(target))}};
+            .mend = mendBy(MendSafety::Asked, setCommand(place, storedPoint(target)));
     }
 }
 
@@ -193,9 +193,7 @@ const Channel& ChannelCheck::channel(const CheckedSection& projector) const {
     return layout.channels[m_indices.at(projector.id)];
 }
 
-const CheckedSection& ChannelCheck::projector(std::size_t channel) const {
-    return *findings.read.projector(layout.channels[channel].id);
-}
+const CheckedSection& ChannelCheck::projector(std::size_t channel) const { return *findings.read.projectors()[channel]; }
 
 std::wstring ChannelCheck::title(std::size_t channel) const { return projector(channel).title(); }
 

@@ -93,6 +93,8 @@ const CheckedItem* CheckedSection::find(std::wstring_view key) const {
 
 const CheckedItem* CheckedSection::find(const SectionKey* known) const {
     if (known == nullptr) return nullptr;
+    const std::size_t usual = known->number;  // its place where the section holds all keys of its tag
+    if (usual < m_itemsByKey.size() && m_itemsByKey[usual].number == usual) return &items[m_itemsByKey[usual].item];
     const auto isBefore = [](const ItemOfKey& item, std::size_t number) { return item.number < number; };
     const auto found = std::lower_bound(m_itemsByKey.begin(), m_itemsByKey.end(), known->number, isBefore);
     return found == m_itemsByKey.end() || found->number != known->number ? nullptr : &items[found->item];

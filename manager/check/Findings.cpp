@@ -87,15 +87,17 @@ Finding& Findings::add(const wchar_t* rule, Severity severity, Place place, std:
         m_unwanted = Finding();
         return m_unwanted;
     }
-    Finding& finding = m_findings.emplace_back();
-    finding.rule = rule;
-    finding.name = ruleOf(rule).name;
-    finding.severity = severity;
-    finding.element = place.element;
-    finding.address = std::move(place.address);
-    finding.device = std::move(place.device);
-    finding.message = std::move(message);
-    return finding;
+    m_findings.push_back({rule,
+                          ruleOf(rule).name,
+                          severity,
+                          place.element,
+                          std::move(place.address),
+                          std::move(place.device),
+                          std::move(message),
+                          {},
+                          {},
+                          false});
+    return m_findings.back();
 }
 
 std::vector<Finding> Findings::inOrder() {
@@ -143,7 +145,18 @@ FindingPlace otherPlace(Place place) {
 FindingPlace otherPlace(Place place, const std::wstring& text) { return {place.element, std::move(place.address), text}; }
 
 std::vector<std::wstring> setCommand(const Place& place, const std::wstring& text) {
-    return {L"set", L"FILE", place.address + L"=" + text};
+    std::vector<std::wstring> command{L"set", L"FILE"};
+    std::wstring& assignment = command.emplace_back();
+    assignment.reserve(place.address.size() + 1 + text.size());
+    assignment.append(place.address).append(1, L'=').append(text);
+    return command;
+}
+
+Mend mendBy(MendSafety safety, std::vector<std::wstring> command) {
+    Mend mend;
+    mend.safety = safety;
+    mend.commands.push_back(std::move(command));
+    return mend;
 }
 
 std::vector<std::wstring> unsetCommand(const Place& place) { return {L"unset", L"FILE", place.address}; }

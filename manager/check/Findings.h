@@ -70,6 +70,8 @@ private:
 /// The command that stores a text.
 [[nodiscard]] std::vector<std::wstring> setCommand(const Place& place, const std::wstring& text);
 [[nodiscard]] std::vector<std::wstring> unsetCommand(const Place& place);
+/// What mends a finding by one command, which is moved there: a list of commands would copy it.
+[[nodiscard]] Mend mendBy(MendSafety safety, std::vector<std::wstring> command);
 
 // The rules, a source file a group.
 

@@ -81,7 +81,7 @@ private:
         addHidden(finding, item.hiddenBy);
         const bool isReached = !section.hiddenBy && !lacksID(section) && item.element.parent() == section.element;
         if (isReached && item.isSecond && haveEqualContents(item.element, item.hiddenBy))
-            finding.mend = {MendSafety::Safe, {unsetCommand(placeOf(section, item))}};
+            finding.mend = mendBy(MendSafety::Safe, unsetCommand(placeOf(section, item)));
     }
 
     static bool lacksID(const CheckedSection& section) { return isDeviceSection(section.tag) && section.id.empty(); }
@@ -91,6 +91,7 @@ private:
         bool mayStand = false;             ///< whether the section may hold it
         const wchar_t* release = nullptr;  ///< since when it is gone; null for what never was
         std::wstring near;                 ///< the known key that is probably meant; "" where none is near
+        std::wstring message;
     };
 
     void checkUnknown(const CheckedSection& section, const CheckedItem& item) {
@@ -98,32 +99,30 @@ private:
         UnknownKey& key = place->second;
         if (isNew) key = lookUp(section.tag, item.key);
         if (key.mayStand) return;
-        if (key.release == nullptr) return addUnknown(section, item, key.near);
-        Finding& finding = add(L"XC112", Severity::Note, section, item, L"has been gone since " + std::wstring(key.release));
-        finding.mend = {MendSafety::Asked, {unsetCommand(placeOf(section, item))}};
+        if (key.release == nullptr) return addUnknown(section, item, key);
+        Finding& finding = add(L"XC112", Severity::Note, section, item, key.message);
+        finding.mend = mendBy(MendSafety::Asked, unsetCommand(placeOf(section, item)));
     }
 
     static UnknownKey lookUp(const std::wstring& tag, const std::wstring& key) {
-        if (isOpenSection(tag) || key == L"OldSectionID") return {true, nullptr, L""};
-        if (const wchar_t* const release = releaseWithout(tag, key)) return {false, release, L""};
+        if (isOpenSection(tag) || key == L"OldSectionID") return {true, nullptr, L"", L""};
+        if (const wchar_t* const release = releaseWithout(tag, key))
+            return {false, release, L"", L"has been gone since " + std::wstring(release)};
         std::vector<std::wstring> keys;
         for (const Setting& setting : settingsOfSection(tag)) keys.push_back(setting.key);
+        const std::wstring message = L"there is no such setting";
         const std::wstring* const near = nearest(key, keys);
-        return {false, nullptr, near == nullptr ? L"" : *near};
+        if (near == nullptr) return {false, nullptr, L"", message};
+        std::wstring shown = *near;
+        std::replace(shown.begin(), shown.end(), L'|', L'/');
+        return {false, nullptr, *near, message + L"; did you mean " + quoted(shown) + L"?"};
     }
 
-    void addUnknown(const CheckedSection& section, const CheckedItem& item, const std::wstring& near) {
-        const std::wstring message = L"there is no such setting";
-        if (near.empty()) {
-            add(L"XC104", Severity::Note, section, item, message);
-            return;
-        }
-        std::wstring shown = near;
-        std::replace(shown.begin(), shown.end(), L'|', L'/');
-        Finding& finding =
-            add(L"XC104", Severity::Warning, section, item, message + L"; did you mean " + quoted(shown) + L"?");
+    void addUnknown(const CheckedSection& section, const CheckedItem& item, const UnknownKey& key) {
+        const std::wstring& near = key.near;
+        Finding& finding = add(L"XC104", near.empty() ? Severity::Note : Severity::Warning, section, item, key.message);
         const bool isOneOfMany = near.find(L'%') != std::wstring::npos;  // of which number or ID nobody knows
-        if (item.holdsElements || section.holds(near) || isOneOfMany) return;
+        if (near.empty() || item.holdsElements || section.holds(near) || isOneOfMany) return;
         finding.mend = {MendSafety::Asked,
                         {setCommand(placeOf(section, near), item.text), unsetCommand(placeOf(section, item))}};
     }
@@ -140,7 +139,7 @@ private:
         const Setting& setting = *item.setting;
         if (item.holdsElements) {
             add(L"XC108", Severity::Error, section, item, L"holds elements instead of a value");
-        } else if (!isOfType(item.text, setting.type)) {
+        } else if (m_wrongTexts.count(&item.content) != 0 || !isOfType(item.text, setting.type)) {
             addWrongType(section, item);
         } else {
             checkWords(section, item);
@@ -148,16 +147,24 @@ private:
         }
     }
 
+    /// What is told of a text of a wrong type; made once, however many devices hold the text one after the other.
+    struct WrongText {
+        std::wstring message;
+        std::wstring better;  ///< "" where none is known
+    };
+
     void addWrongType(const CheckedSection& section, const CheckedItem& item) {
-        const Setting& setting = *item.setting;
-        const auto [place, isNew] = m_readInstead.try_emplace(&item.content);
-        if (isNew) place->second = shortText(m_findings.read.text(section, item.key), setting.type);
-        const std::wstring& read = place->second;
-        Finding& finding =
-            add(L"XC103", Severity::Error, section, item,
-                quoted(item.text) + L" is not of type " + nameOf(setting.type) + L"; the application reads " + read);
-        const std::wstring better = meantBy(item);
-        if (!better.empty()) finding.mend = {MendSafety::Asked, {setCommand(placeOf(section, item), better)}};
+        const auto [place, isNew] = m_wrongTexts.try_emplace(&item.content);
+        WrongText& wrong = place->second;
+        if (isNew) {
+            const SettingType type = item.setting->type;
+            wrong.message = quoted(item.text) + L" is not of type " + nameOf(type) + L"; the application reads " +
+                            shortText(m_findings.read.text(section, item.key), type);
+            wrong.better = meantBy(item);
+        }
+        Finding& finding = add(L"XC103", Severity::Error, section, item, wrong.message);
+        if (!wrong.better.empty())
+            finding.mend = mendBy(MendSafety::Asked, setCommand(placeOf(section, item), wrong.better));
     }
 
     /// What people mean who write decimal commas, "on" and "off"; "" for anything else.
@@ -240,7 +247,7 @@ private:
     Findings& m_findings;
     std::size_t m_added = 0;
     std::unordered_map<const SectionKey*, UnknownKey> m_unknown;
-    std::unordered_map<const SharedText*, std::wstring> m_readInstead;  // as shown, for texts of a wrong type
+    std::unordered_map<const SharedText*, WrongText> m_wrongTexts;
 };
 
 }  // namespace

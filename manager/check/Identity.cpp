@@ -117,7 +117,7 @@ void checkACTUnits(Findings& findings) {
     const int highest = highestUnitFrom(system, std::max(count, 0));
     if (highest < 0) return;
     Finding& finding = findings.add(L"XC215", Severity::Warning, place, is + std::to_wstring(highest) + L" is described");
-    finding.mend = {MendSafety::Asked, {setCommand(place, std::to_wstring(static_cast<long long>(highest) + 1))}};
+    finding.mend = mendBy(MendSafety::Asked, setCommand(place, std::to_wstring(static_cast<long long>(highest) + 1)));
 }
 
 void checkSlot(Findings& findings) {
@@ -145,7 +145,7 @@ void checkCount(Findings& findings) {
     if (count >= 0 && static_cast<std::size_t>(count) == actual) return;
     const Place place = placeOf(findings, L"Geometry", L"Projector_Count");
     findings.add(L"XC217", Severity::Warning, place, L"reads " + std::to_wstring(count) + L", but " + thereAre(actual))
-        .mend = {MendSafety::Asked, {setCommand(place, std::to_wstring(actual))}};
+        .mend = mendBy(MendSafety::Asked, setCommand(place, std::to_wstring(actual)));
 }
 
 void checkLayoutRoom(Findings& findings) {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <system_error>
+#include <unordered_map>
 
 #include "platform/FileNames.h"
 #include "platform/Files.h"
@@ -62,18 +63,26 @@ public:
     void lookFor(const CheckedSection& section, const wchar_t* key) {
         const CheckedItem* const item = section.find(key);
         if (item == nullptr || item->text.empty()) return;
-        NamedFile file{placeOf(section, *item), item->text, false, false, {}};
-        std::replace(file.name.begin(), file.name.end(), L'\\', L'/');
-        file.isThere = fileExists(joinPath(m_folder, file.name));
-        if (!file.isThere && !isAbsolute(file.name)) file.otherCase = m_spelling.find(m_folder, file.name);
-        file.isOtherCase = !file.otherCase.empty();
-        m_files.push_back(file);
+        const auto [known, isNew] = m_known.try_emplace(item->text);
+        if (isNew) known->second = lookedFor(item->text);
+        m_files.push_back(known->second);
+        m_files.back().place = placeOf(section, *item);
     }
     std::vector<NamedFile> take() { return std::move(m_files); }
 
 private:
+    NamedFile lookedFor(const std::wstring& text) {
+        NamedFile file{{}, text, false, false, {}};
+        std::replace(file.name.begin(), file.name.end(), L'\\', L'/');
+        file.isThere = fileExists(joinPath(m_folder, file.name));
+        if (!file.isThere && !isAbsolute(file.name)) file.otherCase = m_spelling.find(m_folder, file.name);
+        file.isOtherCase = !file.otherCase.empty();
+        return file;
+    }
+
     std::wstring m_folder;
     Spelling m_spelling;
+    std::unordered_map<std::wstring, NamedFile> m_known;  // without a place; many projectors name one file
     std::vector<NamedFile> m_files;
 };
 

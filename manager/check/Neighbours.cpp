@@ -49,7 +49,7 @@ private:
 // Blends.
 
 Mend middleOf(const Place& place, const Neighbour& neighbour) {
-    return {MendSafety::Asked, {setCommand(place, shortNumber(100.0 * neighbour.overlap->middle, 1))}};
+    return mendBy(MendSafety::Asked, setCommand(place, shortNumber(100.0 * neighbour.overlap->middle, 1)));
 }
 
 void checkBlend(ChannelCheck& check, const Neighbours& neighbours, std::size_t index, ImageEdge edge) {
@@ -64,7 +64,7 @@ void checkBlend(ChannelCheck& check, const Neighbours& neighbours, std::size_t i
                 .add(L"XC313", Severity::Warning, place(),
                      percent(blend) + L" blend at the " + lowerAscii(namesOf(edge).name) +
                          L" edge, where no channel overlaps")
-                .mend = {MendSafety::Asked, {setCommand(place(), L"0")}};
+                .mend = mendBy(MendSafety::Asked, setCommand(place(), L"0"));
         return;
     }
     const auto isLess = [](const Neighbour& a, const Neighbour& b) { return a.overlap->most < b.overlap->most; };
@@ -100,7 +100,7 @@ void checkMirror(ChannelCheck& check, const Neighbours& neighbours, std::size_t 
         .add(L"XC319", Severity::Note, place,
              std::wstring(namesOf(edge).name) + L" is " + std::to_wstring(flag) + L", but " +
                  (there.empty() ? L"no channel overlaps" : check.title(there[0].channel) + L" overlaps") + L" that edge")
-        .mend = {MendSafety::Asked, {setCommand(place, flag != 0 ? L"0" : L"1")}};
+        .mend = mendBy(MendSafety::Asked, setCommand(place, flag != 0 ? L"0" : L"1"));
 }
 
 // Pairs.

@@ -114,7 +114,7 @@ void checkRepeats(Findings& findings, const CheckedSection& projector) {
             findings.add(L"XC409", Severity::Note, place,
                          L"says again what it would inherit (" + shortText(item.text, item.setting->type) + L")");
         finding.places = {otherPlace(placeOf(parent, *above), above->text)};
-        if (!projector.holdsTwice(item.key)) finding.mend = {MendSafety::Safe, {unsetCommand(place)}};
+        if (!projector.holdsTwice(item.key)) finding.mend = mendBy(MendSafety::Safe, unsetCommand(place));
     }
 }
 
@@ -138,8 +138,14 @@ std::wstring withoutNegativeZero(const std::wstring& text) {
 
 void checkOddOne(Findings& findings, const std::wstring& key) {
     std::map<std::wstring, std::vector<const CheckedSection*>> byValue;
-    for (const CheckedSection* projector : findings.read.projectors())
-        byValue[withoutNegativeZero(findings.read.text(*projector, key))].push_back(projector);
+    const std::wstring* before = nullptr;  // projectors that say the same one after the other share one text
+    std::vector<const CheckedSection*>* group = nullptr;
+    for (const CheckedSection* projector : findings.read.projectors()) {
+        const std::wstring& text = findings.read.text(*projector, key);
+        if (&text != before) group = &byValue[withoutNegativeZero(text)];
+        before = &text;
+        group->push_back(projector);
+    }
     if (byValue.size() != 2) return;
     auto odd = byValue.begin();
     auto usual = std::next(odd);
