@@ -3,6 +3,7 @@
 #include "manager/Check.h"
 #include "store/ConfigInfo.h"
 #include "tests/support/CurrentFile.h"
+#include "tests/support/DeviceSections.h"
 #include "tests/support/TemporaryFolder.h"
 
 // Each rule just inside and just outside of its condition.
@@ -25,14 +26,8 @@ Lines foundBy(const wchar_t* rule, const std::string& content) {
     return lines;
 }
 
-std::string camera(const std::string& id, const std::string& inside) {
-    return "<Camera ID='" + id + "'>" + inside + "</Camera>";
-}
-
-std::string snippet(const std::string& parts) { return "<DeviceSnippet><device>" + parts + "</device></DeviceSnippet>"; }
-
 /// A projector whose channel has this heading, in radians, and a field of 40 by 30 degrees.
-std::string projector(const std::string& id, const std::string& yaw, const std::string& pitch, const std::string& inside) {
+std::string projectorAt(const std::string& id, const std::string& yaw, const std::string& pitch, const std::string& inside) {
     return "<Projector ID='" + id + "'>" + inside + "<Channel_Extents><Heading><Yaw>" + yaw + "</Yaw><Pitch>" + pitch +
            "</Pitch></Heading><HFOV><Left>-0.349</Left><Right>0.349</Right></HFOV><VFOV><Top>0.262</Top><Bottom>-0.262"
            "</Bottom></VFOV></Channel_Extents></Projector>";
@@ -130,12 +125,12 @@ TEST(CheckConditions, DevicesWithoutASerialPortShareNone) {
 }
 
 TEST(CheckConditions, AQuarterTurnUpIsNotOverTheTop) {
-    EXPECT_EQ(foundBy(L"XC306", projector("1", "3.141592653589794e+00", "1.570796326794897e+00", "")), Lines());
-    EXPECT_EQ(foundBy(L"XC306", projector("1", "-3.1416", "1.5708", "")).size(), 2U);
+    EXPECT_EQ(foundBy(L"XC306", projectorAt("1", "3.141592653589794e+00", "1.570796326794897e+00", "")), Lines());
+    EXPECT_EQ(foundBy(L"XC306", projectorAt("1", "-3.1416", "1.5708", "")).size(), 2U);
 }
 
 TEST(CheckConditions, AYawIsMendedInAllItsDigits) {
-    EXPECT_EQ(foundBy(L"XC306", projector("1", "3.500000123456789e+00", "0", "")),
+    EXPECT_EQ(foundBy(L"XC306", projectorAt("1", "3.500000123456789e+00", "0", "")),
               (Lines{L"Projector[1]/Channel_Extents/Heading/Yaw: 200.54\u00b0 is more than half a turn; set "
                      L"Projector[1]/Channel_Extents/Heading/Yaw=-159.464764630659deg"}));
 }
@@ -154,8 +149,9 @@ TEST(CheckConditions, OppositeBlendsMayTakeTheWholeImage) {
 
 TEST(CheckConditions, StackedProjectorsHaveNoOrder) {
     const auto area = [](const std::string& left) { return "<Screen_Area_Left>" + left + "</Screen_Area_Left>"; };
-    EXPECT_EQ(foundBy(L"XC317", projector("1", "0", "0", area("0.5")) + projector("2", "0", "0", area("0.4"))), Lines());
-    EXPECT_EQ(foundBy(L"XC317", projector("1", "0", "0", area("0.5")) + projector("2", "0.3", "0", area("0.4"))).size(), 1U);
+    EXPECT_EQ(foundBy(L"XC317", projectorAt("1", "0", "0", area("0.5")) + projectorAt("2", "0", "0", area("0.4"))), Lines());
+    EXPECT_EQ(foundBy(L"XC317", projectorAt("1", "0", "0", area("0.5")) + projectorAt("2", "0.3", "0", area("0.4"))).size(),
+              1U);
 }
 
 TEST(CheckConditions, EyePointsMayLieAMillimeterApart) {
@@ -219,7 +215,7 @@ TEST(CheckConditions, ZeroIsNotOddForItsSign) {
 TEST(CheckConditions, ShowsWhatIsBeyondALimitBeyondIt) {
     EXPECT_EQ(foundBy(L"XC502", "<Screen><Shape>Sphere</Shape><Screen_MaxPhi>1.5708</Screen_MaxPhi></Screen>"),
               (Lines{L"Screen/Screen_MaxPhi: 90.0002\u00b0 up is more than a sphere"}));
-    EXPECT_EQ(foundBy(L"XC306", projector("1", "0", "-1.5708", "")),
+    EXPECT_EQ(foundBy(L"XC306", projectorAt("1", "0", "-1.5708", "")),
               (Lines{L"Projector[1]/Channel_Extents/Heading/Pitch: -90.0002\u00b0 is more than a quarter turn"}));
     const std::string at = "<Camera_Calibration_Points>1 0 0 2 0 0 3 0 0</Camera_Calibration_Points>";
     EXPECT_EQ(foundBy(L"XC605", camera("1", at + "<Reference_Camera_Calibration_Points>1 0 10.5 2 0 10.5 3 0 10.5"

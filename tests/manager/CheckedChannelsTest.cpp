@@ -12,7 +12,7 @@ namespace {
 
 using XMLConfig::ChannelState;
 
-std::string projector(const std::string& extents) {
+std::string fileWithExtents(const std::string& extents) {
     return currentFile("<Projector ID='1'><Channel_Extents>" + extents + "</Channel_Extents></Projector>");
 }
 
@@ -39,7 +39,7 @@ class CheckedChannels : public testing::TestWithParam<std::pair<std::string, Cha
 
 TEST_P(CheckedChannels, AreThoseOfTheLayout) {
     const TemporaryFolder folder;
-    const ConfigInfo document(folder.write(L"hall.skorrax", projector(GetParam().first)));
+    const ConfigInfo document(folder.write(L"hall.skorrax", fileWithExtents(GetParam().first)));
     const XMLConfig::Layout layout = XMLConfig::layout(document);
     ASSERT_EQ(layout.channels.size(), 1U);
     EXPECT_EQ(layout.channels[0].state, GetParam().second);

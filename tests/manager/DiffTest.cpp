@@ -14,17 +14,6 @@ using XMLConfig::Difference;
 using XMLConfig::DiffOptions;
 using XMLConfig::SettingDifference;
 
-/// The text with each `from` replaced; fails the test where there is none.
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-    std::size_t found = 0;
-    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
-        ++found;
-    }
-    EXPECT_GT(found, 0U) << from;
-    return text;
-}
-
 Difference diffOf(const std::string& old, const std::string& now, const DiffOptions& options = {}) {
     const TestDocument oldDocument(old);
     const TestDocument newDocument(now);
@@ -45,10 +34,6 @@ std::vector<std::wstring> addresses(const std::vector<SettingDifference>& differ
     return all;
 }
 using Addresses = std::vector<std::wstring>;
-
-std::string snippet(const std::string& id, const std::string& parts) {
-    return "<DeviceSnippet><device UID=\"" + id + "\">" + parts + "</device></DeviceSnippet>";
-}
 
 TEST(Diff, EqualDocumentsDifferInNothing) {
     const Difference difference = diffOf(exampleText(), exampleText());
@@ -140,16 +125,16 @@ const char* const nearlyThatChannel =
 
 INSTANTIATE_TEST_SUITE_P(
     All, DeviceStage,
-    testing::Values(Stage{"MacAddress", L"MAC address", snippet("a", "<macAddress>02:1C:00:51:00:a0</macAddress>"),
-                          snippet("b", "<macAddress>02-1c-00-51-00-A0</macAddress>")},
+    testing::Values(Stage{"MacAddress", L"MAC address", snippetWithUID("a", "<macAddress>02:1C:00:51:00:a0</macAddress>"),
+                          snippetWithUID("b", "<macAddress>02-1c-00-51-00-A0</macAddress>")},
                     Stage{"OldMacAddress", L"MAC address", "<Projector_MAC_Address>021c005100a0</Projector_MAC_Address>",
                           "<Connection><MAC_Address>02:1c:00:51:00:a0</MAC_Address></Connection>"},
-                    Stage{"SerialNumber", L"serial number", snippet("a", "<serialNumber>17</serialNumber>"),
-                          snippet("b", "<serialNumber>17</serialNumber>")},
+                    Stage{"SerialNumber", L"serial number", snippetWithUID("a", "<serialNumber>17</serialNumber>"),
+                          snippetWithUID("b", "<serialNumber>17</serialNumber>")},
                     Stage{"Name", L"name", "<Name>Front</Name>", "<Name>Front</Name>"},
                     Stage{"Connection", L"place",
-                          snippet("a", "<id>1</id><connection><address>10.0.0.1</address></connection>"),
-                          snippet("b", "<id>1</id><connection><address>10.0.0.1</address></connection>")},
+                          snippetWithUID("a", "<id>1</id><connection><address>10.0.0.1</address></connection>"),
+                          snippetWithUID("b", "<id>1</id><connection><address>10.0.0.1</address></connection>")},
                     Stage{"Channel", L"place", channel, nearlyThatChannel}),
     [](const testing::TestParamInfo<Stage>& stage) { return stage.param.name; });
 
@@ -219,8 +204,8 @@ TEST(Diff, StoringTheDefaultHasNoEffect) {
 }
 
 TEST(Diff, PartsOfASnippetAreToldOneByOne) {
-    const Difference difference = diffOf(currentFile(projector("a", snippet("a", "\n  <id>1</id> <type>x</type>"))),
-                                         currentFile(projector("a", snippet("a", "<id> 2 </id><type>x</type>"))));
+    const Difference difference = diffOf(currentFile(projector("a", snippetWithUID("a", "\n  <id>1</id> <type>x</type>"))),
+                                         currentFile(projector("a", snippetWithUID("a", "<id> 2 </id><type>x</type>"))));
     ASSERT_EQ(addresses(difference.changed), Addresses{L"Projector[a]/DeviceSnippet/device/id"});
     EXPECT_TRUE(difference.changed[0].inSnippet);
     EXPECT_EQ(difference.changed[0].old, L"1");
@@ -348,9 +333,6 @@ TEST(Diff, CountsCommentsThatDifferAndNothingElseOfThem) {
 }
 
 TEST(Diff, CommentsFollowTheirDevice) {
-    const auto camera = [](const std::string& id, const std::string& inside) {
-        return "<Camera ID=\"" + id + "\">" + inside + "</Camera>";
-    };
     const std::string kept = "<OldSectionID>1</OldSectionID>";
     EXPECT_EQ(diffOf(currentFile(camera("1", "<!-- a -->")), currentFile(camera("2", kept + "<!-- a -->"))).comments, 0U);
     EXPECT_EQ(diffOf(currentFile(camera("1", "<!-- a -->")), currentFile(camera("2", kept + "<!-- b -->"))).comments, 1U);

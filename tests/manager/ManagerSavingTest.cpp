@@ -14,6 +14,7 @@
 #include "tests/support/DocumentTexts.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ManagerLine.h"
+#include "tests/support/SystemPath.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Thrown.h"
 
@@ -25,9 +26,6 @@ using XMLConfig::tests::storedText;
 namespace {
 
 std::optional<std::wstring> storedMesh(const std::wstring& path) { return storedText(ConfigInfo(path), L"Screen", L"VRML"); }
-
-/// With the separators of this system, whose temporary folder gives them to all names below it.
-std::wstring ofThisSystem(const std::wstring& path) { return wideOf(pathOf(path).make_preferred()); }
 
 }  // namespace
 

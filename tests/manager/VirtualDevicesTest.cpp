@@ -3,6 +3,7 @@
 #include "manager/VirtualDevices.h"
 #include "store/CorvaneException.h"
 #include "tests/manager/TestManager.h"
+#include "tests/support/DeviceSections.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/Thrown.h"
@@ -18,8 +19,6 @@ constexpr const char* device =
 std::string section(const std::string& name, const std::string& items) {
     return fileText("<" + name + " ID=\"1\">" + items + "</" + name + ">");
 }
-
-std::string snippet(const std::string& content) { return "<DeviceSnippet>" + content + "</DeviceSnippet>"; }
 
 // The environment as a test wants it.
 struct Hooks {
@@ -44,9 +43,9 @@ bool isLeftAlone(const std::string& xml, const std::string& projector, const std
 }  // namespace
 
 TEST(VirtualProjectors, ConnectionRefersToADeviceFile) {
-    const std::string text =
-        after(section("Projector", "<Resolution_X>1920</Resolution_X><Resolution_Y>1200</Resolution_Y>" + snippet(device)),
-              "config", "");
+    const std::string text = after(
+        section("Projector", "<Resolution_X>1920</Resolution_X><Resolution_Y>1200</Resolution_Y>" + deviceSnippet(device)),
+        "config", "");
     EXPECT_NE(text.find("      <device UID=\"VELDAR***m\" name=\"P\" type=\"VELDAR\">\n"
                         "        <id>1</id>\n"
                         "        <connection type=\"VIRTUAL\">\n"
@@ -59,26 +58,27 @@ TEST(VirtualProjectors, ConnectionRefersToADeviceFile) {
 }
 
 TEST(VirtualProjectors, MissingResolutionCountsAsTheProjectorsDefault) {
-    EXPECT_NE(after(section("Projector", snippet(device)), "config", "").find("<file>VELDAR-1400x1050.device</file>"),
+    EXPECT_NE(after(section("Projector", deviceSnippet(device)), "config", "").find("<file>VELDAR-1400x1050.device</file>"),
               std::string::npos);
 }
 
 TEST(VirtualProjectors, MarkupInTheTypeStaysText) {
     const std::string xml =
-        section("Projector", snippet("<device UID=\"a***b\" type=\"&lt;&amp;&quot;\"><connection/></device>"));
+        section("Projector", deviceSnippet("<device UID=\"a***b\" type=\"&lt;&amp;&quot;\"><connection/></device>"));
     EXPECT_NE(after(xml, "config", "").find("<file>&lt;&amp;\"-1400x1050.device</file>"), std::string::npos);
 }
 
 TEST(VirtualProjectors, WithoutATypeTheFileHasNoFamily) {
-    const std::string xml = section("Projector", snippet("<device UID=\"a***b\"><connection/></device>"));
+    const std::string xml = section("Projector", deviceSnippet("<device UID=\"a***b\"><connection/></device>"));
     EXPECT_NE(after(xml, "config", "").find("<file>-1400x1050.device</file>"), std::string::npos);
 }
 
 TEST(VirtualProjectors, WhatHoldsNoConnectionIsLeftAlone) {
     for (const std::string& items :
-         {std::string(), std::string("<DeviceSnippet/>"), snippet("text"), snippet("a &lt; b"), snippet("  "),
-          snippet("<device UID=\"VELDAR***m\"/>"), snippet("<device UID=\"no separator\"><id>1</id></device>"),
-          snippet("<device UID=\"a***b\"><x><connection/></x></device>")})
+         {std::string(), std::string("<DeviceSnippet/>"), deviceSnippet("text"), deviceSnippet("a &lt; b"),
+          deviceSnippet("  "), deviceSnippet("<device UID=\"VELDAR***m\"/>"),
+          deviceSnippet("<device UID=\"no separator\"><id>1</id></device>"),
+          deviceSnippet("<device UID=\"a***b\"><x><connection/></x></device>")})
         EXPECT_TRUE(isLeftAlone(section("Projector", items), "config", "")) << items;
 }
 
@@ -86,7 +86,7 @@ TEST(VirtualProjectors, IdentifierWithoutSeparatorIsRefused) {
     const Hooks hooks("config", "");
     for (const char* attributes : {"UID=\"VELDAR**m\" type=\"VELDAR\"", "UID=\"\"", "type=\"VELDAR\""}) {
         const TestDocument document(
-            section("Projector", snippet(std::string("<device ") + attributes + "><connection/></device>")));
+            section("Projector", deviceSnippet(std::string("<device ") + attributes + "><connection/></device>")));
         EXPECT_EQ(messageOf([&] { applyVirtualDevices(*document); }), L"Deive id incorrect");  // misspelt on purpose
     }
 }
@@ -95,12 +95,12 @@ TEST(VirtualProjectors, RefusalLeavesTheLoad) {
     const Hooks hooks("config", "");
     const TemporaryFolder folder;
     const std::wstring path =
-        folder.write(L"a.skorrax", section("Projector", snippet("<device UID=\"x\"><connection/></device>")));
+        folder.write(L"a.skorrax", section("Projector", deviceSnippet("<device UID=\"x\"><connection/></device>")));
     EXPECT_EQ(messageOf([&] { loadedManager(path); }), L"Deive id incorrect");  // misspelt on purpose
 }
 
 TEST(VirtualProjectors, EveryProjectorIsMadeVirtual) {
-    const std::string one = snippet(device);
+    const std::string one = deviceSnippet(device);
     const std::string text = after(
         fileText("<Projector ID=\"1\">" + one + "</Projector><Projector ID=\"2\">" + one + "</Projector>"), "config", "");
     const std::size_t first = text.find("type=\"VIRTUAL\"");
@@ -112,31 +112,32 @@ TEST(VirtualProjectors, EveryProjectorIsMadeVirtual) {
 TEST(VirtualCameras, OnlyTheTypeChanges) {
     const std::string camera = "<device UID=\"PGR***m\" name=\"\" type=\"PGR\"><connection/><dhcp>true</dhcp></device>";
     const std::string expected = "<device UID=\"PGR***m\" name=\"\" type=\"VC\"><connection/><dhcp>true</dhcp></device>";
-    EXPECT_EQ(after(section("Camera", snippet(camera)), "", "config"),
-              TestDocument(section("Camera", snippet(expected))).text());
+    EXPECT_EQ(after(section("Camera", deviceSnippet(camera)), "", "config"),
+              TestDocument(section("Camera", deviceSnippet(expected))).text());
 }
 
 TEST(VirtualCameras, IdentifierNeedsNoSeparator) {
-    const std::string xml = section("Camera", snippet("<device UID=\"x\" type=\"PGR\"/>"));
+    const std::string xml = section("Camera", deviceSnippet("<device UID=\"x\" type=\"PGR\"/>"));
     EXPECT_NE(after(xml, "", "config").find("type=\"VC\""), std::string::npos);
 }
 
 TEST(VirtualCameras, SnippetWithoutBothAttributesIsLeftAlone) {
-    for (const std::string& items : {std::string(), std::string("<DeviceSnippet/>"), snippet("text"), snippet("a &lt; b"),
-                                     snippet("<device UID=\"PGR***m\"/>"), snippet("<device type=\"PGR\"/>")})
+    for (const std::string& items :
+         {std::string(), std::string("<DeviceSnippet/>"), deviceSnippet("text"), deviceSnippet("a &lt; b"),
+          deviceSnippet("<device UID=\"PGR***m\"/>"), deviceSnippet("<device type=\"PGR\"/>")})
         EXPECT_TRUE(isLeftAlone(section("Camera", items), "", "config")) << items;
 }
 
 TEST(VirtualHooks, EachVariableConcernsItsOwnDevices) {
-    const std::string projector = section("Projector", snippet(device));
-    const std::string camera = section("Camera", snippet("<device UID=\"PGR***m\" type=\"PGR\"/>"));
+    const std::string projector = section("Projector", deviceSnippet(device));
+    const std::string camera = section("Camera", deviceSnippet("<device UID=\"PGR***m\" type=\"PGR\"/>"));
     EXPECT_TRUE(isLeftAlone(projector, "", "config"));
     EXPECT_TRUE(isLeftAlone(camera, "config", ""));
     EXPECT_TRUE(isLeftAlone(camera, "", "fake"));
 }
 
 TEST(VirtualHooks, CaseDoesNotCountAndOtherValuesAskForNothing) {
-    const std::string xml = section("Projector", snippet(device));
+    const std::string xml = section("Projector", deviceSnippet(device));
     EXPECT_FALSE(isLeftAlone(xml, "CoNfIg", ""));
     for (const std::string& value : {std::string("yes"), std::string("1"), std::string(" config"), std::string("config "),
                                      std::string(), "config" + std::string(300, 'g')})
@@ -146,7 +147,7 @@ TEST(VirtualHooks, CaseDoesNotCountAndOtherValuesAskForNothing) {
 TEST(VirtualHooks, WithoutVariablesNothingHappens) {
     const EnvironmentVariable projectorHook("UL_VIRTUAL_PROJECTOR");
     const EnvironmentVariable cameraHook("UL_VIRTUAL_CAMERA");
-    const TestDocument document(section("Projector", snippet(device)));
+    const TestDocument document(section("Projector", deviceSnippet(device)));
     applyVirtualDevices(*document);
     EXPECT_FALSE(document->isDirty());
 }

@@ -32,6 +32,7 @@
 #include "store/Together.h"
 #include "tests/shortage/Allocations.h"
 #include "tests/support/CurrentFile.h"
+#include "tests/support/SystemPath.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/TestProduct.h"
@@ -194,9 +195,6 @@ const Operation operations[] = {
      }},
     {"resetSite", [](ConfigInfo& d) { SiteAnalyticsConfig(&d, L"").resetSite(); }},
 };
-
-/// With the separators of this system, whose temporary folder gives them to all names below it.
-std::wstring ofThisSystem(const std::wstring& path) { return wideOf(pathOf(path).make_preferred()); }
 
 bool isEveryOneWanted() { return std::getenv("XMLCONFIG_EVERY_ALLOCATION") != nullptr; }
 

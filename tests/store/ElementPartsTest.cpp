@@ -1,11 +1,10 @@
 #include "store/ElementParts.h"
 
-#include <random>
-
 #include "store/Document.h"
 #include "store/DocumentWriter.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/store/TreeSupport.h"
+#include "tests/support/RandomChoice.h"
 
 // An element that is stored by its parts is held against the same element stored as XML text, which is parsed.
 
@@ -15,15 +14,15 @@ namespace {
 
 using XMLConfig::detail::ElementParts;
 
-ElementParts snippet(const std::wstring& value) {
+ElementParts deviceParts(const std::wstring& value) {
     ElementParts parts;
     parts.begin(L"device").attribute(L"UID", value).attribute(L"name", L"");
     return parts.text(L"\t").element(L"id", value).element(L"mac", L"").end();
 }
 
-class RandomParts {
+class RandomParts : RandomChoice {
 public:
-    explicit RandomParts(unsigned seed) : m_random(seed) {}
+    explicit RandomParts(unsigned seed) : RandomChoice(seed) {}
 
     ElementParts element() {
         ElementParts parts;
@@ -32,7 +31,6 @@ public:
     }
 
 private:
-    unsigned below(unsigned limit) { return static_cast<unsigned>(m_random() % limit); }
     std::wstring name() { return std::wstring(1 + below(2), static_cast<wchar_t>(L'a' + below(4))); }
 
     /// Mostly what a parser leaves as it is.
@@ -40,9 +38,8 @@ private:
         static const std::wstring usual = L"x1 <>&\"'\u20ac\U0001f600]";
         static const std::wstring rare = L"\t\n\r\v\x01\x7f\x85\u2028\ufffe\U0010ffff";
         std::wstring text;
-        for (unsigned count = below(6); count > 0; --count)
-            text += below(30) == 0 ? rare[below(static_cast<unsigned>(rare.size()))]
-                                   : usual[below(static_cast<unsigned>(usual.size()))];
+        for (std::size_t count = below(6); count > 0; --count)
+            text += below(30) == 0 ? rare[below(rare.size())] : usual[below(usual.size())];
         return text;
     }
 
@@ -50,14 +47,12 @@ private:
         parts.begin(name());
         for (const wchar_t* attribute : {L"z", L"a", L"UID"})
             if (below(3) == 0) parts.attribute(attribute, value());
-        for (unsigned count = below(4); count > 0; --count) {
+        for (std::size_t count = below(4); count > 0; --count) {
             if (below(2) == 0) parts.text(value());
             if (level < 3) add(parts, level + 1);
         }
         parts.end();
     }
-
-    std::mt19937 m_random;
 };
 
 /// The document, and what storing something in it was refused with.
@@ -78,7 +73,7 @@ std::string outcome(ConfigInfo& document, Store&& store) {
 }  // namespace
 
 TEST(ElementParts, TellTheirText) {
-    EXPECT_EQ(snippet(L"a<\"&").xml(),
+    EXPECT_EQ(deviceParts(L"a<\"&").xml(),
               L"<device UID=\"a&lt;&quot;&amp;\" name=\"\">\t<id>a&lt;&quot;&amp;</id><mac></mac></device>");
 }
 
@@ -107,7 +102,7 @@ TEST(ElementParts, AreStoredAsTheirText) {
 TEST(ElementParts, AreStoredAlikeWithoutLinks) {
     const auto stored = [] {
         ConfigInfo document;
-        setElementItem(document, L"S", L"A", snippet(L"00:0a"), L"1");
+        setElementItem(document, L"S", L"A", deviceParts(L"00:0a"), L"1");
         return savedText(document);
     };
     const std::string byLinks = stored();
@@ -117,7 +112,7 @@ TEST(ElementParts, AreStoredAlikeWithoutLinks) {
 
 TEST(ElementParts, AreRefusedAsTheirText) {
     ConfigInfo document;
-    EXPECT_CONTAINS(messageOf([&] { setElementItem(document, L"S", L"A", snippet(L"a\x01"), L"1"); }),
+    EXPECT_CONTAINS(messageOf([&] { setElementItem(document, L"S", L"A", deviceParts(L"a\x01"), L"1"); }),
                     L"section \"S\" [1], key \"A\": the value holds the character U+0001 (number 15)");
     EXPECT_EQ(document.getSectionCount(L"S"), 0);
 }

@@ -1,9 +1,8 @@
 #include "store/FilePlaces.h"
 
-#include <random>
-
 #include "store/Address.h"
 #include "tests/store/StoreSupport.h"
+#include "tests/support/RandomChoice.h"
 
 namespace storetests {
 
@@ -145,9 +144,9 @@ TEST(FilePlaces, AreRefusedForAFileThatWouldNotLoad) {
 namespace {
 
 /// Writes well-formed texts that hold whatever may be mistaken for an element or for the end of one.
-class RandomText {
+class DeceptiveText : RandomChoice {
 public:
-    explicit RandomText(unsigned seed) : m_random(seed) {}
+    explicit DeceptiveText(unsigned seed) : RandomChoice(seed) {}
 
     std::string make() {
         std::string text = one({"", "\xEF\xBB\xBF"});
@@ -156,8 +155,7 @@ public:
     }
 
 private:
-    std::size_t below(std::size_t count) { return m_random() % count; }
-    std::string one(const std::vector<std::string>& texts) { return texts[below(texts.size())]; }
+    std::string one(const std::vector<std::string>& texts) { return anyOf(texts); }
     std::string attributes() {
         return one({"", "", " ID=\"1\"", " ID = '2'", " ID=\"\xC3\xA4>\"", " x='a>b\"/' ID='3'", " x.ID=\"4\"\n  y=''",
                     "\r\n\tID=\"a/b\" z = '&lt;'", " ID=\"\"", " ID=\"&amp;\""});
@@ -175,8 +173,6 @@ private:
         for (std::size_t i = 0; i < count; ++i) text += filling() + element(depth + 1);
         return text + filling() + "</" + name + one({"", " ", "\r\n"}) + ">";
     }
-
-    std::mt19937 m_random;
 };
 
 std::string textOf(const std::optional<FilePlace>& place) {
@@ -221,7 +217,7 @@ std::string placesAtOnce(const ConfigInfo& document, const std::wstring& path, u
 // A copy is read as a file that may be malformed, the file itself as one that is known to be sound.
 TEST(FilePlaces, AreTheSameOfTheFileAndOfACopy) {
     for (unsigned seed = 0; seed < 300; ++seed) {
-        const std::string text = RandomText(seed).make();
+        const std::string text = DeceptiveText(seed).make();
         const Loaded loaded(text);
         const std::wstring copy = loaded.folder.write(L"copy.skorrax", text);
         const std::string strict = placesOf(FilePlaces(loaded.document, copy), rootElement(loaded.document));

@@ -188,8 +188,8 @@ std::string OldFiles::unknown(std::vector<std::string>& kept) {
 
 std::string OldFiles::identifier() {
     if (oneIn(12)) return "";
-    return std::string(" ID=\"") + anyOf({"1", "2", "3", "4", "left", "VELDAR***00:11:22:33:44:55", "&lt;&amp;&quot;"}) +
-           "\"";
+    return std::string(" ID=\"") +
+           anyOf<const char*>({"1", "2", "3", "4", "left", "VELDAR***00:11:22:33:44:55", "&lt;&amp;&quot;"}) + "\"";
 }
 
 std::string OldFiles::projector(std::vector<std::string>& kept) {
@@ -197,15 +197,17 @@ std::string OldFiles::projector(std::vector<std::string>& kept) {
     xml += unknown(kept);
     xml += items(projectorKeys);
     if (oneIn(4))
-        xml += anyOf({"<DeviceSnippet/>", "<DeviceSnippet>text</DeviceSnippet>",
-                      "<DeviceSnippet><device UID=\"VELDAR***old\" type=\"VELDAR\"><id>1</id></device></DeviceSnippet>"});
+        xml += anyOf<const char*>(
+            {"<DeviceSnippet/>", "<DeviceSnippet>text</DeviceSnippet>",
+             "<DeviceSnippet><device UID=\"VELDAR***old\" type=\"VELDAR\"><id>1</id></device></DeviceSnippet>"});
     if (oneIn(4)) xml += "<Channel_Extents><VFOV><Top>1</Top><Extra/></VFOV></Channel_Extents>";
     return xml + unknown(kept) + "</Projector>";
 }
 
 std::string OldFiles::camera(std::vector<std::string>& kept) {
-    const std::string id = oneIn(12) ? "" : std::string(" ID=\"") + anyOf({"1", "2", "3", "\xC3\xBC&amp;"}) + "\"";
-    const std::string type = anyOf({"0", "1", " 1", "0.9", "2", "-1", "abc", "", "(none)"});
+    const std::string id =
+        oneIn(12) ? "" : std::string(" ID=\"") + anyOf<const char*>({"1", "2", "3", "\xC3\xBC&amp;"}) + "\"";
+    const std::string type = anyOf<const char*>({"0", "1", " 1", "0.9", "2", "-1", "abc", "", "(none)"});
     std::vector<std::string> own;
     std::string xml = "<Camera" + id + ">" + unknown(own);
     if (type != "(none)") xml += item("CameraType", type);
@@ -214,7 +216,7 @@ std::string OldFiles::camera(std::vector<std::string>& kept) {
         xml += "<Connection>" + item("MAC_Address", anyOf(values));
         xml += item("DHCP", anyOf(values)) + "<Kept_No_Longer/></Connection>";
     }
-    if (oneIn(8)) xml += anyOf({"<DeviceSnippet/>", "<DeviceSnippet><device UID=\"x\"/></DeviceSnippet>"});
+    if (oneIn(8)) xml += anyOf<const char*>({"<DeviceSnippet/>", "<DeviceSnippet><device UID=\"x\"/></DeviceSnippet>"});
     xml += unknown(own) + "</Camera>";
     // "abc" and the empty text read as type 0; a section without an identifier is never visited.
     const bool isKnown = type != "2" && type != "-1" && type != "(none)";
@@ -261,9 +263,9 @@ OldFile OldFiles::make() {
         sections += section(oneIn(2) ? below(2) : below(sectionKinds), file.kept);
     }
     file.text = "<ConfigInfo>" + item("Version", version);
-    file.text += anyOf({"", "<BuildDate>Jan 01 2001</BuildDate>"});
-    file.text += anyOf({"", "<BuildNumber>1.0</BuildNumber>"});
-    file.text += anyOf({"", "<DevelopedBy>x</DevelopedBy>"});
+    file.text += anyOf<const char*>({"", "<BuildDate>Jan 01 2001</BuildDate>"});
+    file.text += anyOf<const char*>({"", "<BuildNumber>1.0</BuildNumber>"});
+    file.text += anyOf<const char*>({"", "<DevelopedBy>x</DevelopedBy>"});
     file.text += sections + "</ConfigInfo>";
     return file;
 }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <random>
 #include <string>
 #include <vector>
+
+#include "tests/support/RandomChoice.h"
 
 /// A configuration file of some older release, well-formed but as odd as files get: missing and repeated items,
 /// non-numbers, markup in values, repeated identifiers and MAC addresses, unknown camera types, sections without
@@ -16,16 +17,12 @@ struct OldFile {
 };
 
 /// Makes the same files from the same seed everywhere.
-class OldFiles {
+class OldFiles : RandomChoice {
 public:
-    explicit OldFiles(unsigned seed) : m_random(seed) {}
+    explicit OldFiles(unsigned seed) : RandomChoice(seed) {}
     OldFile make();
 
 private:
-    std::size_t below(std::size_t limit) { return m_random() % limit; }
-    bool oneIn(std::size_t cases) { return below(cases) == 0; }
-    const char* anyOf(const std::vector<const char*>& texts) { return texts[below(texts.size())]; }
-
     std::string item(const std::string& key, const std::string& value) const;
     std::string items(const std::vector<const char*>& keys);
     std::string unknown(std::vector<std::string>& kept);
@@ -35,6 +32,5 @@ private:
     std::string fixed(const std::string& name, const std::vector<const char*>& keys, std::vector<std::string>& kept);
     std::string section(std::size_t kind, std::vector<std::string>& kept);
 
-    std::mt19937 m_random;
     unsigned m_unknown = 0;
 };
