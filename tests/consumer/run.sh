@@ -108,10 +108,15 @@ cmake --install "$work/library" > /dev/null
 useByPkgConfig "$apart/libraries" "by pkg-config, from absolute folders"
 
 say "taking the sources in"
+# A project that says nothing of libraries gets static ones, as from CMake itself.
+case $kind in
+    shared) shareAll=-DBUILD_SHARED_LIBS=ON ;;
+    static) shareAll=-UBUILD_SHARED_LIBS ;;
+esac
 cmake -S "$here/subdirectory" -B "$work/subdirectory" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" -DSOURCES="$sources" \
     -DCMAKE_BUILD_TYPE="${XMLCONFIG_BUILD_TYPE:-Release}" -DCMAKE_CXX_FLAGS="${XMLCONFIG_FLAGS:-}" \
     -DCMAKE_CXX_FLAGS_DEBUG="${XMLCONFIG_FLAGS_DEBUG:--g}" -DCMAKE_CXX_COMPILER_LAUNCHER="${XMLCONFIG_LAUNCHER:-}" \
-    -DXMLCONFIG_WARNINGS_AS_ERRORS=ON -DBUILD_SHARED_LIBS=$shared > /dev/null
+    -DXMLCONFIG_WARNINGS_AS_ERRORS=ON $shareAll > /dev/null
 cmake --build "$work/subdirectory" -j "$jobs" --target consumer
 tryProgram "$work/subdirectory/consumer" "by add_subdirectory"
 
