@@ -5,6 +5,7 @@
 #include <cwctype>
 
 #include "base/UnitConversionTable.h"
+#include "platform/EditDistance.h"
 #include "platform/Numbers.h"
 #include "store/Tokens.h"
 
@@ -35,29 +36,13 @@ std::wstring shortText(const std::wstring& stored, SettingType type) {
 
 std::wstring quoted(const std::wstring& text) { return L"\"" + text + L"\""; }
 
-std::size_t lettersBetween(const std::wstring& left, const std::wstring& right, std::size_t limit) {
-    const std::size_t difference = left.size() > right.size() ? left.size() - right.size() : right.size() - left.size();
-    if (difference > limit) return limit + 1;
-    std::vector<std::size_t> row(right.size() + 1);
-    for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
-    for (std::size_t i = 1; i <= left.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i;
-        for (std::size_t j = 1; j <= right.size(); ++j) {
-            const std::size_t replaced = diagonal + (left[i - 1] == right[j - 1] ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
-        }
-    }
-    return std::min(row.back(), limit + 1);
-}
-
 const std::wstring* nearest(const std::wstring& text, const std::vector<std::wstring>& texts) {
     constexpr std::size_t limit = 2;
     const std::wstring* best = nullptr;
     std::size_t least = limit + 1;
     for (const std::wstring& candidate : texts) {
-        const std::size_t letters = lettersBetween(text, candidate, limit);
+        if (std::max(text.size(), candidate.size()) - std::min(text.size(), candidate.size()) > limit) continue;
+        const std::size_t letters = editDistance(text, candidate);
         if (letters >= least || letters >= candidate.size()) continue;
         least = letters;
         best = &candidate;

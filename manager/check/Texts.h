@@ -17,8 +17,6 @@ std::wstring shortNumber(double value, int decimals = 6);
 /// A stored text with its numbers as people read them; a text that is not of the type as it stands.
 std::wstring shortText(const std::wstring& stored, SettingType type);
 std::wstring quoted(const std::wstring& text);
-/// How many letters have to be changed, added or taken away to make one text of the other; at most `limit` + 1.
-std::size_t lettersBetween(const std::wstring& left, const std::wstring& right, std::size_t limit);
 /// The one of the texts that is one or two letters away from the text, the nearest and first; null when none is.
 const std::wstring* nearest(const std::wstring& text, const std::vector<std::wstring>& texts);
 

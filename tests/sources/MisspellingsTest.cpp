@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TextLines.h"
 
 namespace {
 
@@ -23,13 +23,6 @@ const std::string dei = "Dei", geom = "Geom", dia = "dia", encoun = "encoun";
 const std::vector<std::string> keptWords = {dei + "ve", geom + "try", dia + "mensions", encoun + "terd"};
 
 bool holds(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::istringstream stream(text);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    return lines;
-}
 
 /// Whether one of the lines around that one tells that a word is misspelt on purpose: the paragraph up to it, or the next.
 bool isMarked(const std::vector<std::string>& lines, std::size_t at) {

@@ -4,24 +4,19 @@
 #include <cctype>
 #include <filesystem>
 #include <set>
-#include <sstream>
 #include <stdexcept>
 
 #include "manager/Catalogue.h"
 #include "platform/Text.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TextLines.h"
 
 namespace {
 
 using XMLConfig::Setting;
 using XMLConfig::detail::toUtf8;
 
-std::vector<std::string> linesOf(const std::string& path) {
-    std::istringstream stream(TemporaryFolder::readFile(path));
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    return lines;
-}
+std::vector<std::string> linesOfFile(const std::string& path) { return linesOf(TemporaryFolder::readFile(path)); }
 
 std::vector<std::string> filesOfSections(const std::string& ending) {
     std::vector<std::string> files;
@@ -42,7 +37,7 @@ std::string lineWith(const std::string& text, const std::vector<std::string>& li
 
 std::string accessorOf(const std::string& tableFile) {
     for (const std::string& header : filesOfSections(".h"))
-        if (!lineWith("/// Its settings: " + tableFile + " and, as a page, docs/settings.md#", linesOf(header)).empty())
+        if (!lineWith("/// Its settings: " + tableFile + " and, as a page, docs/settings.md#", linesOfFile(header)).empty())
             return std::filesystem::path(header).stem().string();
     return "";
 }
@@ -63,7 +58,7 @@ const Setting& settingAt(const std::string& section, const std::string& key) {
 std::map<std::string, Setting> settingsByName(const TableSource& source) {
     const std::string start = "{*this, L\"";
     std::map<std::string, Setting> settings;
-    for (const std::string& line : linesOf(source.table + ".h")) {
+    for (const std::string& line : linesOfFile(source.table + ".h")) {
         const std::size_t brace = line.find(start);
         if (brace == std::string::npos) continue;
         const std::size_t name = line.rfind(' ', brace) + 1;
@@ -80,7 +75,7 @@ std::map<std::string, std::set<std::string>> itemsNamedBy(const TableSource& sou
     const std::string item = "items.";
     std::map<std::string, std::set<std::string>> named;
     for (const std::string& file : filesOfSections(".cpp")) {
-        const auto lines = linesOf(file);
+        const auto lines = linesOfFile(file);
         if (lineWith("#include \"" + source.table + ".h\"", lines).empty()) continue;
         std::string function;
         for (const std::string& line : lines) {
@@ -102,7 +97,7 @@ bool isGetter(const std::string& function) { return function.rfind("get", 0) == 
 std::vector<TableSource> tableSources() {
     std::vector<TableSource> sources;
     for (const std::string& file : filesOfSections("Items.h")) {
-        const std::string made = lineWith(" : SettingTable(L\"", linesOf(file));
+        const std::string made = lineWith(" : SettingTable(L\"", linesOfFile(file));
         if (made.empty()) continue;
         const std::size_t name = made.find('"') + 1;
         sources.push_back({file.substr(0, file.size() - 2), accessorOf(file), made.substr(name, made.rfind('"') - name)});

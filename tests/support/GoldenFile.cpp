@@ -16,7 +16,7 @@ struct Line {
     std::string text;
 };
 
-std::vector<std::string> linesOf(const std::string& text) {
+std::vector<std::string> linesWithEndMark(const std::string& text) {
     std::vector<std::string> lines;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = text.find('\n', begin);
@@ -70,7 +70,7 @@ bool isShown(const std::vector<Line>& lines, std::size_t place) {
 
 std::string unifiedDiff(const std::string& expected, const std::string& actual, const std::string& name) {
     if (expected == actual) return {};
-    const std::vector<Line> lines = merged(linesOf(expected), linesOf(actual));
+    const std::vector<Line> lines = merged(linesWithEndMark(expected), linesWithEndMark(actual));
     std::string text = "--- " + name + " (expected)\n+++ " + name + " (actual)\n";
     std::size_t leftLine = 0;
     bool wasShown = false;
