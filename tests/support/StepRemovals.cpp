@@ -96,7 +96,8 @@ Removals removalsOfChain() {
     const std::string allKeys = documentOfAllKeys();
     for (const UpgradeStep& step : XMLConfig::detail::upgradeChain) {
         noteRemovals(removals, step, allKeys);
-        noteRemovals(removals, step, TemporaryFolder::readFile(stepInput(fileVersion(step.below))));
+        const std::filesystem::path input = stepInput(fileVersion(step.below));
+        if (std::filesystem::exists(input)) noteRemovals(removals, step, TemporaryFolder::readFile(input));
     }
     for (const HistoricalFile& file : historicalFiles("examples/history")) {
         const TestDocument document(TemporaryFolder::readFile(file.path));
