@@ -27,7 +27,9 @@ std::wstring choicesText(const Setting& setting) {
     for (const std::wstring& word : setting.words) choices.push_back(visible(word));
     for (const NamedNumber& named : setting.numbers)
         choices.push_back(detail::formatInteger(named.number) + L" " + named.name);
-    const std::wstring others = setting.othersCountAs ? L"; any other counts as " + visible(*setting.othersCountAs) : L"";
+    std::wstring others = setting.othersCountAs ? L"; any other counts as " + visible(*setting.othersCountAs) : L"";
+    if (setting.olderWord)
+        others += L"; " + setting.olderWord->text + L" is the older name of " + setting.olderWord->countsAs;
     return detail::joined(choices) + others;
 }
 

@@ -77,6 +77,12 @@ struct NamedNumber {
     std::wstring name;
 };
 
+/// A word of older releases, and the one that the application puts in its place when it reads it.
+struct OlderWord {
+    std::wstring text;
+    std::wstring countsAs;
+};
+
 /// The numbers that make sense.
 struct Range {
     double low = -std::numeric_limits<double>::infinity();
@@ -106,6 +112,7 @@ struct Setting {
     std::wstring key;                         ///< parts joined by "|"; "%d" or "%s" stands for a number or an identifier
     SettingType type = SettingType::Text;     ///< what it holds
     std::wstring defaultText;                 ///< stored form of what a missing item reads as
+    std::wstring defaultMeaning;              ///< what that is, for people, where the text alone does not tell; or empty
     std::optional<std::wstring> initialText;  ///< stored form of what a new section holds; nothing where it is not written
     Unit unit = Unit::None;                   ///< of the number, or of each number, that is stored
     std::wstring inheritsFrom;  ///< the section whose item of the same key serves when this one is missing; or empty
@@ -115,6 +122,7 @@ struct Setting {
     std::vector<std::wstring> words;             ///< the texts that it may hold, case counts; empty where any will do
     std::vector<NamedNumber> numbers;            ///< the numbers that it may hold; empty where any will do
     std::optional<std::wstring> othersCountAs;   ///< what a text or number outside `words` or `numbers` is taken for
+    std::optional<OlderWord> olderWord;          ///< nothing where there is none
     std::optional<Range> range;                  ///< of the number, or of each number, that is stored
     std::optional<EffectCondition> countsWhile;  ///< nothing where it always counts
     bool writtenByRuns = false;                  ///< whether a run of the application writes it: a count, a time

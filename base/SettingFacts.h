@@ -29,6 +29,10 @@ struct SettingFacts {
         int number = 0;
         const wchar_t* name = L"";
     };
+    struct RenamedWord {
+        const wchar_t* older = nullptr;
+        const wchar_t* word = nullptr;
+    };
     using Words = ShortList<const wchar_t*, 10>;
     using Numbers = ShortList<NumberName, 6>;
     using Texts = ShortList<const wchar_t*, 4>;
@@ -70,6 +74,12 @@ public:
         return with(&SettingFacts::numbers, Numbers(list));
     }
     constexpr SettingFacts elseCountsAs(const wchar_t* text) const { return with(&SettingFacts::othersCountAs, text); }
+    /// The application takes the one word, which it stored in older releases, for the other.
+    constexpr SettingFacts formerly(const wchar_t* older, const wchar_t* word) const {
+        return with(&SettingFacts::renamed, RenamedWord{older, word});
+    }
+    /// What a missing item reads as, where the default's text alone does not tell.
+    constexpr SettingFacts missingMeans(const wchar_t* text) const { return with(&SettingFacts::defaultMeaning, text); }
 
     constexpr SettingFacts within(double low, double high) const { return ranging(low, high, false); }
     constexpr SettingFacts atLeast(double low) const { return ranging(low, infinity, false); }
@@ -113,6 +123,8 @@ public:
     Words words;
     Numbers numbers;
     const wchar_t* othersCountAs = nullptr;
+    RenamedWord renamed;
+    const wchar_t* defaultMeaning = L"";
     bool hasRange = false;
     Range range;
     Condition condition;

@@ -27,6 +27,8 @@ Setting settingOf(const wchar_t* section, const AnyDescriptor& item) {
     setting.words.assign(facts.words.begin(), facts.words.end());
     for (const SettingFacts::NumberName& named : facts.numbers) setting.numbers.push_back({named.number, named.name});
     if (facts.othersCountAs != nullptr) setting.othersCountAs = facts.othersCountAs;
+    if (facts.renamed.older != nullptr) setting.olderWord = OlderWord{facts.renamed.older, facts.renamed.word};
+    setting.defaultMeaning = facts.defaultMeaning;
     if (facts.hasRange) setting.range = facts.range;
     if (*facts.condition.key != L'\0') setting.countsWhile = conditionOf(facts.condition);
     setting.writtenByRuns = facts.writtenByRuns;

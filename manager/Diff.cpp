@@ -6,6 +6,7 @@
 
 #include "manager/Origin.h"
 #include "manager/SettingSearch.h"
+#include "manager/SpecialForms.h"
 #include "manager/diff/CommentCount.h"
 #include "manager/diff/DeviceMatches.h"
 #include "manager/diff/SectionTexts.h"
@@ -183,16 +184,45 @@ private:
     std::vector<SettingDifference>& listFor(SettingDifference& difference, const StoredText* old, const StoredText* now) {
         const Setting* const setting = (now != nullptr ? now : old)->setting;
         if (setting != nullptr && setting->writtenByRuns) return m_found.runs;
-        if (old != nullptr && now != nullptr) return areSame(*old, *now) ? m_found.sameInValue : m_found.changed;
-        if (setting == nullptr) return m_found.changed;
-        const bool isGone = now == nullptr;
-        const std::optional<EffectiveValue> other =
-            effectiveValue(isGone ? m_new : m_old, isGone ? difference.place : placeInOld(difference, *now));
-        const std::wstring& text = (isGone ? old : now)->text;
-        const std::wstring read = textAsRead(text, *setting).value_or(other ? other->text : text);
-        if (!other || !detail::areOneValue(other->text, read, setting->type, m_options.tolerance)) return m_found.changed;
-        difference.why = XMLConfig::nameOf(other->origin);
-        return m_found.sameInEffect;
+        if (old == nullptr || now == nullptr)
+            return isWithoutEffect(difference, old, now) ? m_found.sameInEffect : m_found.changed;
+        const bool isOne = areSame(*old, *now) || areReadAlike(*old, *now);
+        return isOne ? m_found.sameInValue : m_found.changed;
+    }
+
+    /// Whether the document without the text reads the same all the same; notes why.
+    bool isWithoutEffect(SettingDifference& difference, const StoredText* old, const StoredText* now) const {
+        const StoredText& text = now != nullptr ? *now : *old;
+        if (text.setting == nullptr) return false;
+        const Address oldPlace = old != nullptr ? old->place : placeInOld(difference, *now);
+        const Address newPlace = now != nullptr ? now->place : difference.place;
+        const std::optional<EffectiveValue> before = effectiveValue(m_old, oldPlace);
+        const std::optional<EffectiveValue> after = effectiveValue(m_new, newPlace);
+        if (!before || !after || !areOne(before->text, after->text, *text.setting)) return false;
+        difference.why = XMLConfig::nameOf((old == nullptr ? before : after)->origin);
+        return true;
+    }
+
+    /// Whether the application reads one value of two texts, because it takes a word or number for another, or the default
+    /// for what it cannot read.
+    bool areReadAlike(const StoredText& old, const StoredText& now) const {
+        if (now.setting == nullptr) return false;
+        const std::optional<std::wstring> before = readOtherwise(m_old, old);
+        const std::optional<std::wstring> after = readOtherwise(m_new, now);
+        return (before || after) && areOne(before.value_or(old.text), after.value_or(now.text), *now.setting);
+    }
+
+    /// What the application reads where that is more than the stored text in another form.
+    static std::optional<std::wstring> readOtherwise(const ConfigInfo& document, const StoredText& stored) {
+        if (detail::specialFormAsRead(stored.text, stored.setting->type)) return std::nullopt;
+        const std::optional<EffectiveValue> value = effectiveValue(document, stored.place);
+        const bool isOfAnother = value && value->element && value->element != stored.element;
+        const bool isInOtherForm = value && value->text == textAsRead(stored.text, stored.setting->type);
+        return !value || isOfAnother || isInOtherForm ? std::nullopt : std::optional<std::wstring>(value->text);
+    }
+
+    [[nodiscard]] bool areOne(const std::wstring& one, const std::wstring& other, const Setting& setting) const {
+        return detail::areOneValue(one, other, setting.type, m_options.tolerance);
     }
 
     /// The address in the old document of what has this address in the new one: renamed devices get their old ID.

@@ -30,10 +30,12 @@ struct EffectiveValue {
     std::wstring text;    ///< what the application makes of it, in the form in which the library would store that
 };
 
-/// What the application reads at the address: its own text, else that of the section that the setting inherits from, else
-/// the setting's default. A text that cannot be read as the setting's type counts as missing where the accessors say so:
-/// words that are no truth value, points with too few or too many numbers. Nothing for a place that neither the catalogue
-/// nor the document knows, and for one that holds elements instead of a text.
+/// What the application reads at the address, as the accessor of the setting gives it: its own text, else that of the
+/// section that the setting inherits from, else the setting's default, which for some is worked out from other settings. A
+/// text that cannot be read as the setting's type (no truth value, a point with too few or too many numbers) gives the
+/// default, whatever could be inherited. Lists and tables are in the form in which the library would store what it read of
+/// them. Elements in the place of a value count with the text in them. Nothing for a place that neither the catalogue nor
+/// the document knows, and for groups of settings, records and XML elements that are stored.
 XMLCONFIG_API std::optional<EffectiveValue> effectiveValue(const ConfigInfo& document, const Address& address);
 
 /// What the application makes of a stored text, in the form in which the library would store it: "2,2" for a double is

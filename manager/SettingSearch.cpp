@@ -9,6 +9,7 @@
 #include "platform/Words.h"
 #include "sections/OpenItems.h"
 #include "store/BuildIdentity.h"
+#include "store/TextForms.h"
 
 namespace XMLConfig {
 namespace {
@@ -19,6 +20,8 @@ struct Part {
     SettingType partType;
     Unit unit;
 };
+// Flags of mirrors are bytes.
+constexpr Range mirrorFlags{0.0, 255.0, false, false};
 constexpr Part parts[] = {
     {SettingType::Frustum, L"|Offset", SettingType::Point3, Unit::Meters},
     {SettingType::Frustum, L"|RotationYPR", SettingType::Point3, Unit::Radians},
@@ -34,17 +37,27 @@ constexpr Part parts[] = {
     {SettingType::PondOfMirrors, L"|Right", SettingType::Int, Unit::None},
 };
 
+std::wstring zeroOf(SettingType type) {
+    if (type == SettingType::Point3) return detail::textOf(Point_3Dim<double>{});
+    return type == SettingType::Double ? detail::textOf(0.0) : detail::textOf(0);
+}
+
+Setting settingOf(const Part& part, const Setting& record) {
+    Setting setting = record;
+    setting.key += part.key;
+    setting.type = part.partType;
+    setting.unit = part.unit;
+    setting.defaultText = zeroOf(part.partType);
+    if (part.type == SettingType::PondOfMirrors) setting.range = mirrorFlags;
+    return setting;
+}
+
 std::vector<Setting> settingsWithParts() {
     std::vector<Setting> settings;
     for (const Setting& setting : catalogue()) {
         settings.push_back(setting);
-        for (const Part& part : parts) {
-            if (setting.type != part.type) continue;
-            settings.push_back(setting);
-            settings.back().key += part.key;
-            settings.back().type = part.partType;
-            settings.back().unit = part.unit;
-        }
+        for (const Part& part : parts)
+            if (setting.type == part.type) settings.push_back(settingOf(part, setting));
     }
     return settings;
 }

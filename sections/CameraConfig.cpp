@@ -1,11 +1,11 @@
 #include "sections/CameraConfig.h"
 
 #include <cmath>
-#include <cstddef>
 
 #include "platform/Numbers.h"
 #include "sections/CalibrationPoints.h"
 #include "sections/CameraItems.h"
+#include "sections/EdgeThresholds.h"
 #include "store/CorvaneException.h"
 #include "store/Together.h"
 
@@ -13,8 +13,6 @@ static constexpr auto& items = XMLConfig::detail::cameraItems;
 using XMLConfig::detail::ValueTrait;
 
 namespace {
-
-constexpr std::size_t edgeCount = 4;
 
 bool wasRead(const Point_3Dim<double>& point) {
     return !(std::isnan(point.x) && std::isnan(point.y) && std::isnan(point.z));
@@ -119,19 +117,12 @@ bool CameraConfig::doesExplicitExtrinsicsExist() const {
 // Edge thresholds: four numbers, or one in documents of older releases.
 
 std::vector<int> CameraConfig::getMultiCamEdgeThreshold() const {
-    std::vector<std::wstring> pieces;
-    ConfigInfo::createTokenVector(pieces, read(items.multiCamEdgeThreshold).value, L",");
-    std::vector<int> values;
-    values.reserve(pieces.size());
-    for (const std::wstring& piece : pieces) values.push_back(XMLConfig::detail::leadingInteger(piece));
-    if (values.size() == 1) {
-        values.assign(edgeCount, values.front());
-        storeEdgeThresholds(values);
-    }
-    return values.size() == edgeCount ? values : std::vector<int>();
+    const auto thresholds = XMLConfig::detail::edgeThresholdsFromText(read(items.multiCamEdgeThreshold).value);
+    if (thresholds.isOfOlderForm) storeEdgeThresholds(thresholds.values);
+    return thresholds.values;
 }
 void CameraConfig::setMultiCamEdgeThreshold(const std::vector<int>& values) {
-    if (values.size() < edgeCount)
+    if (values.size() < XMLConfig::detail::edgeThresholdCount)
         throw CorvaneException(L"Error setMultiCamEdgeThreshold: section \"" + getSectionName() + L"\" \"" + getSectionID() +
                                L"\", item \"" + items.multiCamEdgeThreshold.key + L"\": four values are needed, " +
                                XMLConfig::detail::formatInteger(static_cast<long long>(values.size())) + L" were given");
@@ -139,8 +130,6 @@ void CameraConfig::setMultiCamEdgeThreshold(const std::vector<int>& values) {
 }
 
 void CameraConfig::storeEdgeThresholds(const std::vector<int>& values) const {
-    std::wstring text = XMLConfig::detail::formatInteger(values[0]);
-    for (std::size_t edge = 1; edge < edgeCount; ++edge) text += L',' + XMLConfig::detail::formatInteger(values[edge]);
     ValueTrait<std::wstring>::write(*m_configInfo, {getSectionName(), getSectionID(), items.multiCamEdgeThreshold.key},
-                                    text);
+                                    XMLConfig::detail::edgeThresholdsText(values));
 }

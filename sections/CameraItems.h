@@ -54,9 +54,10 @@ struct CameraItems : SettingTable {
         means(L"whether the explicit camera pose is to be used").of(SettingClass::Place)};
     Descriptor<Point_3Dim<double>> explicitExtrinsicsXYZ{*this, L"ExplicitExtrinsicXYZ", {{unread, unread, unread}},
         means(L"position of the camera given by hand; there is no pose when missing").in(Unit::Meters)
-            .of(SettingClass::Place)};
+            .of(SettingClass::Place).missingMeans(L"no pose")};
     Descriptor<Point_3Dim<double>> explicitExtrinsicsYPR{*this, L"ExplicitExtrinsicYPR", {{unread, unread, unread}},
-        means(L"yaw, pitch and roll of the camera given by hand; there is no pose when missing").of(SettingClass::Place)};
+        means(L"yaw, pitch and roll of the camera given by hand; there is no pose when missing").of(SettingClass::Place)
+            .missingMeans(L"no pose")};
     Descriptor<Special<SettingType::FourIntegers>> multiCamEdgeThreshold{*this, L"MultiCamEdgeThreshold", {L"", L"40,40,40,40"},
         means(L"edge thresholds where the images of several cameras meet; a single number stands for all four")};
     Descriptor<Special<SettingType::MarkerPlaces>> calibrationPoints{*this, L"Camera_Calibration_Points", {L""},

@@ -97,7 +97,8 @@ struct ProjectorItems : SettingTable {
     Descriptor<Point_2Dim<double>> initialOffset{*this, L"InitialProjectorData|Offset",
         {{0.5 * resolutionX.fallback, 0.5 * resolutionY.fallback}},
         means(L"image point of the optical axis the pose solver starts from; the image centre when missing")
-            .in(Unit::Pixels).onlyRead().of(SettingClass::Channel)};
+            .in(Unit::Pixels).onlyRead().of(SettingClass::Channel)
+            .missingMeans(L"half of Resolution_X, half of Resolution_Y")};
     Descriptor<std::wstring> oldUID{*this, L"OldSectionID", {L""},
         means(L"identifier the section had before it was last renamed").onlyRead().of(SettingClass::Identity)};
     Descriptor<double> screenAreaLeft{*this, L"Screen_Area_Left", {-1000.0, 0.0},

@@ -69,7 +69,8 @@ struct ScreenItems : SettingTable {
     Descriptor<int> sizeDefinition{*this, L"SizeDefinition", {3, 1},
         means(L"where the size of the surface comes from")
             .oneOf({{0, L"entered by hand"}, {1, L"determined automatically"}, {2, L"that of the model file"}, {3,
-                    L"as Auto_Dimensions says"}})};
+                    L"as Auto_Dimensions says"}})
+            .missingMeans(L"1 while Auto_Dimensions is true, else 0")};
     Descriptor<bool> autoDimensions{*this, L"Auto_Dimensions", {false},
         means(L"older form of SizeDefinition, used in its absence: whether the size is determined automatically")
             .onlyRead().countsWhile(L"", L"SizeDefinition", {L"3"})};
@@ -91,7 +92,8 @@ struct ScreenItems : SettingTable {
     Descriptor<Special<SettingType::PointList>> calibrationPoints{*this, L"Camera_Calibration_Points", {L""},
         means(L"points of the surface by which cameras are calibrated, one a line")};
     Descriptor<Special<SettingType::Matrix>> locateGuessTransform{*this, L"Locate_Guess_Transform", {L""},
-        means(L"first guess of where the surface is, row by row; the identity when there are not sixteen numbers")};
+        means(L"first guess of where the surface is, row by row; the identity when there are not sixteen numbers")
+            .missingMeans(L"the identity")};
 };
 // clang-format on
 

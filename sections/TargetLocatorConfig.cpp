@@ -1,29 +1,14 @@
 #include "sections/TargetLocatorConfig.h"
 
-#include <ios>
-
-#include "platform/Text.h"
-#include "sections/AxisDistortionCorrection.h"
+#include "sections/CorrectionTables.h"
 #include "sections/TargetLocatorItems.h"
 #include "store/Together.h"
 
 static constexpr auto& items = XMLConfig::detail::targetLocatorItems;
+using XMLConfig::detail::correctionTableFromText;
+using XMLConfig::detail::correctionTableText;
 
 namespace {
-
-using Table = std::vector<std::pair<double, double>>;
-
-std::wstring tableText(const Table& table) {
-    std::string text;
-    AxisDistortionCorrection::serializeTableToDelimitedString(text, table, static_cast<int>(std::ios_base::scientific), 15);
-    return XMLConfig::detail::fromUtf8(text);
-}
-
-Table tableOf(const std::wstring& text) {
-    Table table;
-    AxisDistortionCorrection::deserializeTableFromDelimitedString(table, XMLConfig::detail::toUtf8(text));
-    return table;
-}
 
 // The reader of the data type is not const in the interface, although it changes nothing in the accessor.
 std::wstring dataTypeOf(const TargetLocatorConfig& config) { return const_cast<TargetLocatorConfig&>(config).getDataType(); }
@@ -113,15 +98,15 @@ bool TargetLocatorConfig::isTargetDataCustomPlanar() const { return dataTypeOf(*
 // Correction tables.
 
 std::vector<std::pair<double, double>> TargetLocatorConfig::getHorizontalCorrectionTable() {
-    return tableOf(read(items.horizontalCorrectionTable).value);
+    return correctionTableFromText(read(items.horizontalCorrectionTable).value);
 }
 void TargetLocatorConfig::setHorizontalCorrectionTable(const std::vector<std::pair<double, double>>& table) {
-    write(items.horizontalCorrectionTable, tableText(table));
+    write(items.horizontalCorrectionTable, correctionTableText(table));
 }
 
 std::vector<std::pair<double, double>> TargetLocatorConfig::getVerticalCorrectionTable() {
-    return tableOf(read(items.verticalCorrectionTable).value);
+    return correctionTableFromText(read(items.verticalCorrectionTable).value);
 }
 void TargetLocatorConfig::setVerticalCorrectionTable(const std::vector<std::pair<double, double>>& table) {
-    write(items.verticalCorrectionTable, tableText(table));
+    write(items.verticalCorrectionTable, correctionTableText(table));
 }

@@ -12,7 +12,8 @@ struct TargetLocatorItems : SettingTable {
     Descriptor<std::wstring> dataType{*this, L"Data_Type", {L"Planar-basic", L"Planar-basic"},
         means(L"how the target is described")
             .oneOf({L"Planar-basic", L"Planar-advanced", L"Spherical", L"Collimated", L"Projector Centric",
-                    L"Custom Planar", L"3D"})};
+                    L"Custom Planar", L"3D"})
+            .formerly(L"Projector Pose", L"Projector Centric")};
     Descriptor<Point_3Dim<double>> eyePoint{*this, L"Eye_Point", {Point_3Dim<double>{}, Point_3Dim<double>{}},
         means(L"where the viewer's eye is").in(Unit::Meters)};
     Descriptor<double> leftInset{*this, L"Inset_Left", {0.0, 0.0},

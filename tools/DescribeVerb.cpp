@@ -62,7 +62,8 @@ std::wstring shown(const std::wstring& stored, const Setting& setting) {
 }
 
 void printDetails(const Setting& setting) {
-    const std::wstring byDefault = shown(setting.defaultText, setting);
+    const std::wstring byDefault =
+        setting.defaultMeaning.empty() ? shown(setting.defaultText, setting) : setting.defaultMeaning;
     print(addressOf(setting) + L"\n");
     printField(L"  meaning", setting.meaning);
     printField(L"  type", nameOf(setting.type));

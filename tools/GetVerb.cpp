@@ -115,8 +115,9 @@ private:
         const Answer& answer = m_answers[0];
         const ExitStatus status = complainOfMissing();
         if (!answer.isThere(isCounted()) && !m_request.fallback) return status;
-        const std::wstring text =
-            answer.element && isGroup(answer) ? treeText(XMLConfig::outline(answer.element)) : textOf(answer);
+        const std::wstring text = answer.element && isGroup(answer) && !(m_request.effective && answer.counted)
+                                      ? treeText(XMLConfig::outline(answer.element))
+                                      : textOf(answer);
         // A program that reads the output gets the text as it stands.
         const auto hand = XMLConfig::detail::isOutputATerminal() ? print : printExactly;
         hand(!text.empty() && text.back() == L'\n' ? text : text + L"\n");

@@ -44,7 +44,7 @@ TEST(Check, LooksIntoGroupsAndRecords) {
     EXPECT_EQ(
         findingsIn("<Projector ID='1'><Channel_Extents><Heading><Yaw>0</Yaw><Jaw>0</Jaw></Heading></Channel_Extents>"
                    "<Designed><Frustum><Offset>0, 0</Offset></Frustum></Designed></Projector>"),
-        (Lines{L"Projector[1]/Designed/Frustum/Offset: \"0, 0\" is not of type 3-D point; the application reads all zeros",
+        (Lines{L"Projector[1]/Designed/Frustum/Offset: \"0, 0\" is not of type 3-D point; the application reads 0, 0, 0",
                L"Projector[1]/Channel_Extents/Heading/Jaw: there is no such setting; did you mean "
                L"\"Channel_Extents/Heading/Yaw\"?"}));
 }

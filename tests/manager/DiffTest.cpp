@@ -164,6 +164,48 @@ TEST(Diff, OtherFormsOfOneValueAreTheSameInValue) {
     EXPECT_EQ(addresses(difference.sameInValue), (Addresses{L"Geometry/Box_Spacing", L"Geometry/Blend_Run"}));
 }
 
+TEST(Diff, WhatIsReadAlikeIsTheSameInValue) {
+    const auto isSameInValue = [](const std::string& section, const std::string& key, const std::string& old,
+                                  const std::string& now, const std::string& beside = "") {
+        const std::string start = "<" + key + ">";
+        const std::string end = "</" + key + ">" + beside;
+        const Difference difference = diffOfItems(section, start + old + end, start + now + end);
+        EXPECT_EQ(difference.changed.size() + difference.sameInValue.size(), 1U) << key;
+        return !difference.sameInValue.empty();
+    };
+    EXPECT_TRUE(isSameInValue("TargetLocator", "Data_Type", "Projector Pose", "Projector Centric"));
+    EXPECT_FALSE(isSameInValue("TargetLocator", "Data_Type", "Projector Pose", "Spherical"));
+    EXPECT_FALSE(isSameInValue("TargetLocator", "Data_Type", "projector pose", "Projector Centric"));
+    EXPECT_TRUE(isSameInValue("Geometry", "Fit_Solver", "3", "2"));
+    EXPECT_FALSE(isSameInValue("Geometry", "Fit_Solver", "3", "1"));
+    EXPECT_TRUE(isSameInValue("System", "Is_Camera_Used", "perhaps", "true"));
+    EXPECT_FALSE(isSameInValue("System", "Is_Camera_Used", "perhaps", "false"));
+    EXPECT_TRUE(isSameInValue("Screen", "SizeDefinition", "3", "1", "<Auto_Dimensions>true</Auto_Dimensions>"));
+    EXPECT_FALSE(isSameInValue("Screen", "SizeDefinition", "3", "1"));
+    EXPECT_FALSE(isSameInValue("Screen", "Camera_Calibration_Points", "1 2 3", "1 2 4"));
+}
+
+TEST(Diff, MissingIsComparedAsItIsRead) {
+    const auto isWithoutEffect = [](const std::string& items, const std::string& item) {
+        const Difference difference = diffOf(currentFile(projector("a", items)), currentFile(projector("a", items + item)));
+        EXPECT_EQ(difference.changed.size() + difference.sameInEffect.size(), 1U) << item;
+        return !difference.sameInEffect.empty();
+    };
+    const std::string panel = "<Resolution_X>1920</Resolution_X><Resolution_Y>1200</Resolution_Y>";
+    const auto offset = [](const std::string& text) {
+        return "<InitialProjectorData><Offset>" + text + "</Offset></InitialProjectorData>";
+    };
+    EXPECT_TRUE(isWithoutEffect(panel, offset("960, 600")));
+    EXPECT_FALSE(isWithoutEffect(panel, offset("700, 525")));
+    EXPECT_TRUE(isWithoutEffect("", offset("700, 525")));
+    EXPECT_TRUE(isWithoutEffect("", "<Box_Size>1, 2, 3</Box_Size>"));
+    EXPECT_TRUE(diffOfItems("Screen", "<Auto_Dimensions>true</Auto_Dimensions>",
+                            "<Auto_Dimensions>true</Auto_Dimensions><SizeDefinition>1</SizeDefinition>")
+                    .isNothing());
+    EXPECT_FALSE(diffOfItems("Screen", "<Own>x</Own>", "<Own>x</Own><SizeDefinition>1</SizeDefinition>").isNothing());
+    EXPECT_TRUE(diffOfItems("System", "<Own>x</Own>", "<Own>x</Own><Black_Box_Cameras_Comm/>").isNothing());
+}
+
 TEST(Diff, DoublesDifferBeyondTheTwelfthDigit) {
     EXPECT_TRUE(
         diffOfItems("Geometry", "<Box_Spacing>1</Box_Spacing>", "<Box_Spacing>1.0000000000009</Box_Spacing>").isNothing());

@@ -185,7 +185,8 @@ TEST(Knowledge, WordsAreListed) {
          L"structured-light, checkerboard; any other counts as manual"},
         {L"System/Cinema|Frame", L"Flat, Scope; any other counts as Flat"},
         {L"TargetLocator/Data_Type",
-         L"Planar-basic, Planar-advanced, Spherical, Collimated, Projector Centric, Custom Planar, 3D"},
+         L"Planar-basic, Planar-advanced, Spherical, Collimated, Projector Centric, Custom Planar, 3D; Projector Pose "
+         L"is the older name of Projector Centric"},
         {L"Projector/Lamp_Mode", L"\"\", Single1, Single2, Dual; any other counts as \"\""}};
     std::map<std::wstring, std::wstring> found;
     for (const Setting& setting : catalogue())

@@ -58,7 +58,7 @@ TEST(SettingRules, AreThoseThatNameTheSetting) {
 }
 
 TEST(SettingRules, ThatNameAGroupLookAtWhatStandsInIt) {
-    EXPECT_THAT(rulesAt(L"Projector/Pond_Of_Mirrors/Left"), ElementsAre("XC319"));
+    EXPECT_THAT(rulesAt(L"Projector/Pond_Of_Mirrors/Left"), ElementsAre("XC114", "XC319"));
     EXPECT_THAT(rulesAt(L"Projector/Channel_Extents/VFOV/Top"), testing::IsSupersetOf({"XC301", "XC303", "XC305"}));
 }
 

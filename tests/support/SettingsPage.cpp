@@ -51,9 +51,10 @@ std::wstring className(const Setting& setting) {
 
 std::wstring row(const Setting& setting) {
     const std::wstring initial = setting.initialText ? code(*setting.initialText) : L"\u2013";
-    return L"| " + code(setting.key) + L" | " + nameOf(setting.type) + L" | " + code(setting.defaultText) + L" | " +
-           initial + L" | " + nameOf(setting.unit) + L" | " + cell(valuesText(setting)) + L" | " + className(setting) +
-           L" | " + remarks(setting) + L" |\n";
+    const std::wstring missing = setting.defaultMeaning.empty() ? code(setting.defaultText) : cell(setting.defaultMeaning);
+    return L"| " + code(setting.key) + L" | " + nameOf(setting.type) + L" | " + missing + L" | " + initial + L" | " +
+           nameOf(setting.unit) + L" | " + cell(valuesText(setting)) + L" | " + className(setting) + L" | " +
+           remarks(setting) + L" |\n";
 }
 
 }  // namespace

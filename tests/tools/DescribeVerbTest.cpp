@@ -59,6 +59,17 @@ TEST(DescribeVerb, DetailsOneSetting) {
     EXPECT_EQ(std::count(group.output.begin(), group.output.end(), '\n'), 3);
 }
 
+TEST(DescribeVerb, TellsWhatAMissingSettingReadsAs) {
+    const std::pair<const char*, const char*> settings[] = {
+        {"Screen/SizeDefinition", "1 while Auto_Dimensions is true, else 0"},
+        {"Projector/InitialProjectorData/Offset", "half of Resolution_X, half of Resolution_Y"},
+        {"Camera/ExplicitExtrinsicXYZ", "no pose"},
+        {"Screen/Locate_Guess_Transform", "the identity"},
+    };
+    for (const auto& [setting, missing] : settings)
+        EXPECT_THAT(runTool({"describe", setting}).output, HasSubstr(std::string("when missing  ") + missing + "\n"));
+}
+
 TEST(DescribeVerb, SuggestsWhatIsMeant) {
     expectRun(runTool({"describe", "Sistem"}), 1, "",
               "xmlconfig: there is no \"Sistem\" among the settings and rules; did you mean \"System\"?\n");

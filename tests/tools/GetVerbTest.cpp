@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/support/Example.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/TerminalRun.h"
 #include "tests/support/ToolRun.h"
 
@@ -61,6 +62,29 @@ TEST(GetVerb, OriginHasColumnsOnATerminal) {
                               "/Box_Spacing  1.500000000000000e+00\r\n"
                               "stored     examples/dome.skorrax:47   "
                               "Geometry/Portrait_Mode                             0\r\n");
+}
+
+TEST(GetVerb, EffectiveIsWhatTheApplicationReads) {
+    const TemporaryFolder folder;
+    const std::string file = folder.at(L"read.skorrax").u8string();
+    folder.write(L"read.skorrax",
+                 "<ConfigInfo><Version>9.000</Version><Geometry><Box_Size>9, 9</Box_Size></Geometry>"
+                 "<Projector ID=\"a\"><Resolution_X>1920</Resolution_X><Box_Size>1, 2, 3</Box_Size>"
+                 "<Gamma>2<Own>5</Own></Gamma></Projector><Screen><Auto_Dimensions>yes</Auto_Dimensions></Screen>"
+                 "<TargetLocator><Data_Type>Projector Pose</Data_Type></TargetLocator></ConfigInfo>");
+    const std::pair<const char*, const char*> values[] = {
+        {"Projector[a]/InitialProjectorData/Offset", "9.600000000000000e+02, 5.250000000000000e+02"},
+        {"Projector[a]/Box_Size", "21, 21"},
+        {"Projector[a]/Gamma", "2.500000000000000e+01"},
+        {"Projector[a]/Designed/Frustum/FOVLeft", "0.000000000000000e+00"},
+        {"Screen/SizeDefinition", "1"},
+        {"TargetLocator/Data_Type", "Projector Centric"},
+    };
+    for (const auto& [address, value] : values)
+        expectRun(runTool({"get", "--effective", file, address}), 0, std::string(value) + "\n");
+    expectRun(runTool({"get", "--origin", file, "Projector[a]/Box_Size", "Screen/SizeDefinition"}), 0,
+              "default\t-\tProjector[a]/Box_Size\t21, 21\ndefault\t-\tScreen/SizeDefinition\t1\n");
+    expectRun(runTool({"get", file, "TargetLocator/Data_Type"}), 0, "Projector Pose\n");
 }
 
 TEST(GetVerb, InheritedValueIsNamedAndPrintedOnRequest) {
