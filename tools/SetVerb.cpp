@@ -68,10 +68,10 @@ std::wstring adviceFor(const Setting& setting, const ValueFault& fault) {
 }
 
 /// Refuses a value that only --force stores, and warns of one that makes little sense.
-void checkValue(const Assignment& assignment, const ConfigInfo& document) {
+void checkValue(const Assignment& assignment, const std::wstring& written, const ConfigInfo& document) {
     const Setting* const setting = XMLConfig::knownSetting(assignment.address);
     if (setting == nullptr) return;
-    const std::optional<ValueFault> fault = faultOf(assignment.value, *setting);
+    const std::optional<ValueFault> fault = faultOf(written, *setting);
     if (!fault) return;
     const std::wstring message = Showing(document).address(assignment.address) + L": " + fault->message;
     if (!fault->isWarning) throw Refusal(message + adviceFor(*setting, *fault));
@@ -90,12 +90,12 @@ bool standsInValue(const Address& address, const ConfigInfo& document) {
     return false;
 }
 
-void checkAssignment(const Assignment& assignment, const ConfigInfo& document, bool force) {
+void checkAssignment(const Assignment& assignment, const std::wstring& written, const ConfigInfo& document, bool force) {
     const Address& address = assignment.address;
     if (address.key.empty()) refuse(address, L"a section has no value; name a setting in it");
     if (XMLConfig::isHeaderElement(address.section)) refuse(address, L"there are no settings in " + address.section);
     if (!force) checkKnown(address, document);
-    if (!force) checkValue(assignment, document);
+    if (!force) checkValue(assignment, written, document);
     const bool holdsOthers = bool(XMLConfig::findElement(document, address).firstChild());
     const auto setting = XMLConfig::findSetting(address);
     const bool holdsElement = setting && setting->type == XMLConfig::SettingType::Element;
@@ -150,7 +150,7 @@ private:
     void change(const Address& place, const std::wstring& written) {
         const Setting* const setting = XMLConfig::knownSetting(place);
         const Assignment assignment{place, setting == nullptr ? written : storedForm(written, *setting)};
-        checkAssignment(assignment, m_document, m_force);
+        checkAssignment(assignment, written, m_document, m_force);
         Change change = beginChange(m_document, place);
         store(m_document, assignment);
         endChange(change, m_document);

@@ -88,9 +88,19 @@ std::wstring withoutUnit(const std::wstring& token, Unit unit) {
     return token;
 }
 
-std::vector<double> numbersIn(const std::wstring& stored) {
-    std::vector<double> numbers;
-    for (const std::wstring& token : XMLConfig::detail::tokensOf(stored)) numbers.push_back(numberRead(token));
+/// A number as it was written, and what it is in the stored unit.
+struct WrittenNumber {
+    std::wstring text;
+    double number;
+    bool hasUnit;
+};
+
+std::vector<WrittenNumber> numbersIn(const std::wstring& written, const Setting& setting) {
+    std::vector<WrittenNumber> numbers;
+    for (const std::wstring& token : withUnitsJoined(XMLConfig::detail::tokensOf(written), setting.unit)) {
+        const std::wstring bare = withoutUnit(token, setting.unit);
+        numbers.push_back({token, numberRead(bare), bare != token});
+    }
     return numbers;
 }
 
@@ -99,34 +109,37 @@ std::wstring countsAs(const Setting& setting) {
     return L"; counts as " + (setting.othersCountAs->empty() ? L"empty" : *setting.othersCountAs);
 }
 
-std::optional<ValueFault> wordFault(const std::wstring& stored, const Setting& setting) {
+std::optional<ValueFault> wordFault(const std::wstring& written, const Setting& setting) {
     const std::vector<std::wstring>& words = setting.words;
-    if (words.empty() || std::find(words.begin(), words.end(), stored) != words.end()) return std::nullopt;
+    if (words.empty() || std::find(words.begin(), words.end(), written) != words.end()) return std::nullopt;
+    if (setting.olderWord && written == setting.olderWord->text)
+        return ValueFault{L"\"" + written + L"\" is the older name of \"" + setting.olderWord->countsAs +
+                          L"\" (XC112); did you mean \"" + setting.olderWord->countsAs + L"\"?"};
     std::vector<std::wstring> shown;
     std::copy_if(words.begin(), words.end(), std::back_inserter(shown), [](const auto& word) { return !word.empty(); });
-    return ValueFault{L"\"" + stored + L"\" is none of " + XMLConfig::detail::joined(shown) + countsAs(setting) +
-                      L" (XC109)" + suggestion(stored, shown)};
+    return ValueFault{L"\"" + written + L"\" is none of " + XMLConfig::detail::joined(shown) + countsAs(setting) +
+                      L" (XC109)" + suggestion(written, shown)};
 }
 
-std::optional<ValueFault> numberFault(double number, const Setting& setting) {
-    const auto isIt = [&](const XMLConfig::NamedNumber& named) { return named.number == number; };
+std::optional<ValueFault> numberFault(const WrittenNumber& written, const Setting& setting) {
+    const auto isIt = [&](const XMLConfig::NamedNumber& named) { return named.number == written.number; };
     if (setting.numbers.empty() || std::any_of(setting.numbers.begin(), setting.numbers.end(), isIt)) return std::nullopt;
     std::wstring list;
     for (const XMLConfig::NamedNumber& named : setting.numbers)
         list += (list.empty() ? L"" : L", ") + std::to_wstring(named.number) + L" " + named.name;
-    return ValueFault{numberText(number) + L" is none of " + list + countsAs(setting) + L" (XC110)", false, true};
+    return ValueFault{written.text + L" is none of " + list + countsAs(setting) + L" (XC110)", false, true};
 }
 
-std::optional<ValueFault> turnFault(double number, const Setting& setting) {
-    if (setting.unit != Unit::Radians || !(std::fabs(number) > fullTurn)) return std::nullopt;
-    const std::wstring text = numberText(number);
-    const std::wstring turns = numberText(std::fabs(number) / fullTurn, 1);
-    return ValueFault{text + L" radians are " + turns + L" turns (XC305); " + text + L"deg?", false, true};
+std::optional<ValueFault> turnFault(const WrittenNumber& written, const Setting& setting) {
+    if (setting.unit != Unit::Radians || !(std::fabs(written.number) > fullTurn)) return std::nullopt;
+    const std::wstring turns = L" are " + numberText(std::fabs(written.number) / fullTurn, 1) + L" turns";
+    if (written.hasUnit) return ValueFault{written.text + turns + L", and one is the most (XC305)", false, true};
+    return ValueFault{written.text + L" radians" + turns + L" (XC305); " + written.text + L"deg?", false, true};
 }
 
-std::optional<ValueFault> rangeFault(double number, const Setting& setting) {
-    if (!setting.range || XMLConfig::contains(*setting.range, number)) return std::nullopt;
-    const std::wstring text = numberText(number) + L" is outside " + XMLConfig::textOf(*setting.range);
+std::optional<ValueFault> rangeFault(const WrittenNumber& written, const Setting& setting) {
+    if (!setting.range || XMLConfig::contains(*setting.range, written.number)) return std::nullopt;
+    const std::wstring text = written.text + L" is outside " + XMLConfig::textOf(*setting.range);
     if (setting.range->ownJudgement) return ValueFault{text + L", which is usual (XC114)", true, false};
     return ValueFault{text + L" (XC114)", false, true};
 }
@@ -135,6 +148,7 @@ std::optional<ValueFault> rangeFault(double number, const Setting& setting) {
 
 std::wstring storedForm(const std::wstring& written, const Setting& setting) {
     if (!isNumbers(setting.type)) return written;
+    const bool isWhole = setting.type == SettingType::Int || setting.type == SettingType::IntPoint2;
     const bool isOne = setting.type == SettingType::Int || setting.type == SettingType::Double;
     const std::vector<std::wstring> tokens = withUnitsJoined(XMLConfig::detail::tokensOf(written), setting.unit);
     std::wstring stored;
@@ -144,21 +158,21 @@ std::wstring storedForm(const std::wstring& written, const Setting& setting) {
         const bool hadUnit = bare != token;
         isConverted = isConverted || hadUnit;
         stored += (stored.empty() ? L"" : L", ") +
-                  (hadUnit ? XMLConfig::textAsRead(bare, SettingType::Double).value_or(bare) : bare);
+                  (hadUnit && !isWhole ? XMLConfig::textAsRead(bare, SettingType::Double).value_or(bare) : bare);
     }
     if (!isConverted || (isOne && tokens.size() != 1)) stored = written;
     if (isOne && isOfType(stored, setting.type)) stored = XMLConfig::textAsRead(stored, setting.type).value_or(stored);
     return stored;
 }
 
-std::optional<ValueFault> faultOf(const std::wstring& stored, const Setting& setting) {
-    if (!isOfType(stored, setting.type))
-        return ValueFault{L"\"" + stored + L"\" is not of type " + nameOf(setting.type) + unitHint(stored, setting), false,
+std::optional<ValueFault> faultOf(const std::wstring& written, const Setting& setting) {
+    if (!isOfType(storedForm(written, setting), setting.type))
+        return ValueFault{L"\"" + written + L"\" is not of type " + nameOf(setting.type) + unitHint(written, setting), false,
                           true};
-    if (auto fault = wordFault(stored, setting)) return fault;
+    if (auto fault = wordFault(written, setting)) return fault;
     if (!isNumbers(setting.type)) return std::nullopt;
     std::optional<ValueFault> warning;
-    for (const double number : numbersIn(stored)) {
+    for (const WrittenNumber& number : numbersIn(written, setting)) {
         for (const auto find : {numberFault, turnFault, rangeFault}) {
             std::optional<ValueFault> fault = find(number, setting);
             if (fault && !fault->isWarning) return fault;

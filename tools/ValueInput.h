@@ -19,7 +19,8 @@ struct ValueFault {
     bool isWarning = false;    ///< worth telling, but no refusal
     bool offersForce = false;  ///< whether the message should name --force
 };
-/// What is wrong with a text that is to be stored; nothing where it is in order.
-std::optional<ValueFault> faultOf(const std::wstring& stored, const XMLConfig::Setting& setting);
+/// What is wrong with a text that is to be stored, told in the numbers and units that were written; nothing where it is in
+/// order.
+std::optional<ValueFault> faultOf(const std::wstring& written, const XMLConfig::Setting& setting);
 
 }  // namespace tool

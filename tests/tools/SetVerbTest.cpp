@@ -124,6 +124,43 @@ TEST_F(SetVerb, DegreesInRadiansAreRefused) {
     EXPECT_EQ(run("set", {"Projector[Dome 1]/Channel_Extents/Heading/Yaw=6.28"}).status, 0);
 }
 
+TEST_F(SetVerb, FaultsNameWhatWasTyped) {
+    const std::string yaw = "Projector[Dome 1]/Channel_Extents/Heading/Yaw";
+    const std::string fits =
+        "; 'xmlconfig describe Projector/Channel_Extents/Heading/Yaw' tells what fits; --force stores it all the same";
+    const std::pair<std::string, std::string> faults[] = {
+        {yaw + "=400deg", "400deg are 1.1 turns, and one is the most (XC305)" + fits},
+        {yaw + "=-400 \xC2\xB0", "-400\xC2\xB0 are 1.1 turns, and one is the most (XC305)" + fits},
+        {yaw + "=21700arcmin", "21700arcmin are 1 turns, and one is the most (XC305)" + fits},
+        {yaw + "=7rad", "7rad are 1.1 turns, and one is the most (XC305)" + fits},
+        {yaw + "=1e3", "1e3 radians are 159.2 turns (XC305); 1e3deg? --force stores it all the same"},
+    };
+    for (const auto& [written, message] : faults) expectRefused(written, yaw + ": " + message);
+    expectRefused(
+        "Projector[#1]/Channel_Extents/Eye_Point=0, 10cm, x",
+        "Projector[Dome 1]/Channel_Extents/Eye_Point: \"0, 10cm, x\" is not of type 3-D point; it takes m, cm, mm, ft, "
+        "in after a number; 'xmlconfig describe Projector/Channel_Extents/Eye_Point' tells what fits; --force stores it "
+        "all the same");
+    expectRefused(
+        "Camera[#1]/Marked_Surface_Opacity=25.5%",
+        "Camera[Dome left]/Marked_Surface_Opacity: \"25.5%\" is not of type int; it takes % after a number; 'xmlconfig "
+        "describe Camera/Marked_Surface_Opacity' tells what fits; --force stores it all the same");
+    expectRefused("Projector[#1]/Pond_Of_Mirrors/Left=256",
+                  "Projector[Dome 1]/Pond_Of_Mirrors/Left: 256 is outside 0 to 255 (XC114); 'xmlconfig describe "
+                  "Projector/Pond_Of_Mirrors/Left' tells what fits; --force stores it all the same");
+    expectRefused(
+        "TargetLocator/Data_Type=Projector Pose",
+        "TargetLocator/Data_Type: \"Projector Pose\" is the older name of \"Projector Centric\" (XC112); did you mean "
+        "\"Projector Centric\"?");
+    EXPECT_EQ(run("set", {"Projector[#1]/Lamp_Power=120 %"}).errors,
+              "xmlconfig: warning: Projector[Dome 1]/Lamp_Power: 120% is outside 0 to 100, which is usual (XC114)\n");
+}
+
+TEST_F(SetVerb, WholeNumbersTakeAUnit) {
+    EXPECT_EQ(run("set", {"Camera[#1]/Marked_Surface_Opacity=25%"}).status, 0);
+    EXPECT_EQ(stored("Camera[#1]/Marked_Surface_Opacity"), "25\n");
+}
+
 TEST_F(SetVerb, WordsAndNumbersMustBeKnown) {
     expectRefused("Screen/Shape=Dome",
                   "Screen/Shape: \"Dome\" is none of Flat, Sphere, Cylinder, Ruled, Toroid, VRML, Test (XC109)");
