@@ -61,6 +61,7 @@ std::wstring textOf(const Range& range) {
 }
 
 std::wstring valuesText(const Setting& setting) {
+    if (!setting.range && setting.unit == Unit::Radians) return L"at most one turn either way";
     if (!setting.range) return choicesText(setting);
     return textOf(*setting.range) + (setting.range->ownJudgement ? L" is usual" : L"");
 }

@@ -20,7 +20,7 @@ bool isListed(const std::wstring& read, const Setting& setting) {
 }
 
 bool isSetting(const Setting& setting, const detail::SettingTable& table, const detail::AnyDescriptor& item) {
-    return setting.section == table.section && setting.key == item.key;
+    return setting.type == item.type() && setting.key == item.key && setting.section == table.section;
 }
 
 bool isMirrorFlag(const Setting& setting) {
@@ -115,7 +115,7 @@ std::optional<std::wstring> textAsRead(const std::wstring& stored, const Setting
     if (isRecord(setting)) return std::nullopt;
     if (setting.olderWord && stored == setting.olderWord->text) return setting.olderWord->countsAs;
     std::optional<std::wstring> read = textAsRead(stored, setting.type);
-    if (read && isMirrorFlag(setting)) return byteOf(*read);
+    if (setting.type == SettingType::Int && isMirrorFlag(setting)) return byteOf(*read);
     if (read && setting.othersCountAs && !isListed(*read, setting)) return setting.othersCountAs;
     return read;
 }

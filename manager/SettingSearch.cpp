@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "manager/Catalogue.h"
+#include "platform/Numbers.h"
 #include "platform/Words.h"
 #include "sections/OpenItems.h"
 #include "store/BuildIdentity.h"
@@ -67,12 +68,13 @@ const std::vector<Setting>& knownSettings() {
     return known;
 }
 
-/// Length of the decimal number that begins the text; 0 when none does.
+/// Length of the decimal number that begins the text, in the form in which accessors write it into a key; 0 when none does.
 std::size_t numberLength(std::wstring_view text) {
     std::size_t length = text.substr(0, 1) == L"-" ? 1 : 0;
     const std::size_t digits = length;
     while (length < text.size() && detail::isDigit(text[length])) ++length;
-    return length == digits ? 0 : length;
+    const bool isWritten = length > digits && detail::formatInteger(detail::leadingInteger(text)) == text.substr(0, length);
+    return isWritten ? length : 0;
 }
 
 /// "%d" stands for a number, "%s" for one character or more, everything else for itself.

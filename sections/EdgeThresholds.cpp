@@ -10,8 +10,9 @@ namespace XMLConfig::detail {
 EdgeThresholds edgeThresholdsFromText(const std::wstring& text) {
     std::vector<std::wstring> pieces;
     ConfigInfo::createTokenVector(pieces, text, L",");
-    if (pieces.size() == 1) return {std::vector<int>(edgeThresholdCount, leadingInteger(pieces[0])), true};
+    if (pieces.size() == 1) return {1, std::vector<int>(edgeThresholdCount, leadingInteger(pieces[0])), true};
     EdgeThresholds thresholds;
+    thresholds.pieces = pieces.size();
     if (pieces.size() == edgeThresholdCount)
         for (const std::wstring& piece : pieces) thresholds.values.push_back(leadingInteger(piece));
     return thresholds;

@@ -10,6 +10,7 @@ namespace XMLConfig::detail {
 inline constexpr std::size_t edgeThresholdCount = 4;
 
 struct EdgeThresholds {
+    std::size_t pieces = 0;      ///< how many there are between the commas
     std::vector<int> values;     ///< four, or none where the text holds neither four numbers nor one
     bool isOfOlderForm = false;  ///< whether one number stands for all four
 };

@@ -27,6 +27,11 @@ Json valuesJson(const Setting& setting) {
     return values;
 }
 
+Json olderWordJson(const Setting& setting) {
+    if (!setting.olderWord) return nullptr;
+    return {{"value", jsonText(setting.olderWord->text)}, {"countsAs", jsonText(setting.olderWord->countsAs)}};
+}
+
 Json jsonOf(const Setting& setting) {
     return {{"address", jsonText(addressOf(setting))},
             {"meaning", jsonText(setting.meaning)},
@@ -34,8 +39,10 @@ Json jsonOf(const Setting& setting) {
             {"unit", jsonText(nameOf(setting.unit))},
             {"values", valuesJson(setting)},
             {"othersCountAs", jsonText(setting.othersCountAs)},
+            {"olderWord", olderWordJson(setting)},
             {"range", rangeJson(setting)},
             {"default", jsonText(setting.defaultText)},
+            {"defaultMeaning", setting.defaultMeaning.empty() ? Json(nullptr) : jsonText(setting.defaultMeaning)},
             {"initial", jsonText(setting.initialText)},
             {"inheritsFrom", setting.inheritsFrom.empty() ? Json(nullptr) : jsonText(setting.inheritsFrom)},
             {"class", jsonText(nameOf(setting.settingClass))},

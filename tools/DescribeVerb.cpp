@@ -90,6 +90,17 @@ std::vector<Setting> settingsAbout(const std::wstring& word) {
     return found;
 }
 
+/// The part of a record at an address, which is none of the catalogue's settings.
+std::optional<Setting> partAt(const std::wstring& text) {
+    const std::size_t slash = text.find(L'/');
+    if (slash == std::wstring::npos) return std::nullopt;
+    std::wstring key = text.substr(slash + 1);
+    std::replace(key.begin(), key.end(), L'/', L'|');
+    std::optional<Setting> setting = XMLConfig::findSetting({text.substr(0, slash), L"", L"", L"", key});
+    if (setting && addressOf(*setting) != text) setting.reset();
+    return setting;
+}
+
 /// The settings of a section, at an address or below it.
 std::vector<Setting> settingsAt(const std::wstring& text) {
     const std::wstring section = text.substr(0, text.find(L'/'));
@@ -99,6 +110,8 @@ std::vector<Setting> settingsAt(const std::wstring& text) {
         const bool isBelow = address.compare(0, text.size() + 1, text + L"/") == 0;
         if (address == text || isBelow) found.push_back(setting);
     }
+    const std::optional<Setting> part = found.empty() ? partAt(text) : std::nullopt;
+    if (part) found.push_back(*part);
     return found;
 }
 

@@ -1,6 +1,7 @@
 #include "tools/Summary.h"
 
 #include "manager/Check.h"
+#include "manager/Origin.h"
 #include "manager/Upgrade.h"
 #include "sections/CameraConfig.h"
 #include "sections/GeometryConfig.h"
@@ -8,7 +9,6 @@
 #include "sections/ProjectorConfig.h"
 #include "sections/ScreenConfig.h"
 #include "sections/SiteAnalyticsConfig.h"
-#include "sections/TargetLocatorConfig.h"
 #include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
 #include "store/ElementView.h"
@@ -122,7 +122,8 @@ Summary summarize(ConfigInfo& document, const std::wstring& file, std::optional<
     summary.columns = geometry.getProjectorLayoutWidth();
     summary.rows = geometry.getProjectorLayoutHeight();
     summary.screen = screenOf(document);
-    summary.target = TargetLocatorConfig(&document, L"").getDataType();
+    // The accessor would replace an older word in the document, which is checked below.
+    summary.target = XMLConfig::effectiveValue(document, XMLConfig::parseAddress(L"TargetLocator/Data_Type")).value().text;
     addRuns(summary, document);
     addFindings(summary, document, file, storedVersion);
     return summary;

@@ -5,6 +5,7 @@
 #include "manager/check/Findings.h"
 #include "platform/Numbers.h"
 #include "sections/CalibrationPoints.h"
+#include "sections/EdgeThresholds.h"
 #include "sections/ScreenTexts.h"
 #include "sections/SystemTexts.h"
 #include "store/Tokens.h"
@@ -78,10 +79,10 @@ void checkMoved(Findings& findings, const CheckedSection& camera, const Calibrat
 }
 
 void checkThresholds(Findings& findings, const CheckedSection& camera) {
-    const std::size_t count = tokensOf(camera.stored(L"MultiCamEdgeThreshold")).size();
-    if (count == 0 || count == 1 || count == 4) return;
+    const EdgeThresholds thresholds = edgeThresholdsFromText(camera.stored(L"MultiCamEdgeThreshold"));
+    if (thresholds.pieces == 0 || !thresholds.values.empty()) return;
     findings.add(L"XC606", Severity::Error, placeOf(camera, L"MultiCamEdgeThreshold"),
-                 L"holds " + std::to_wstring(count) + L" numbers; reads as none");
+                 L"holds " + counted(thresholds.pieces, L"number") + L"; reads as none");
 }
 
 void checkLensFiles(Findings& findings) {

@@ -58,7 +58,10 @@ private:
         const ElementView earlier = isHidden ? key.element : ElementView();
         const bool isGroup = key.kind == SectionKey::Kind::Group;
         const bool holdsElements = static_cast<bool>(child.firstChild());
-        SharedText& text = isGroup || holdsElements ? keys.noText() : keys.textOf(child, key);
+        // Accessors read a value through the elements in it.
+        const bool isText =
+            !holdsElements || (key.kind == SectionKey::Kind::Value && key.setting->type != SettingType::Element);
+        SharedText& text = isGroup || !isText ? keys.noText() : keys.textOf(child, key);
         if (!isHidden) section.m_itemsByKey.push_back({key.number, section.items.size()});
         section.items.emplace_back(child, key, text, holdsElements, earlier);
         key.repeats = isHidden ? key.repeats + 1 : 0;
@@ -184,8 +187,10 @@ const KeysOfTag& CheckedDocument::keysOf(std::wstring_view tag) const {
 const ReadValue& CheckedDocument::read(const CheckedSection& section, std::wstring_view key) const {
     const AskedKey& asked = (section.m_keys == nullptr ? keysOf(section.tag) : *section.m_keys).asked(key);
     const CheckedItem* const item = section.m_keys == nullptr ? nullptr : section.find(asked.met);
-    const ReadValue* const value = item == nullptr ? nullptr : valueOf(*item);
-    return value != nullptr ? *value : inherited(asked);
+    if (item == nullptr) return inherited(asked);
+    const ReadValue* const value = valueOf(*item);
+    if (value != nullptr) return *value;
+    return asked.byDefault ? *asked.byDefault : m_nothing;  // an own text that cannot be read hides what would be inherited
 }
 
 // A missing section, too, has defaults.
@@ -212,7 +217,10 @@ Point_3Dim<double> CheckedDocument::point(std::wstring_view tag, std::wstring_vi
     return read(tag, key).point();
 }
 
-const ReadValue* valueOf(const CheckedItem& item) { return item.holdsElements ? nullptr : item.content.value(); }
+const ReadValue* valueOf(const CheckedItem& item) {
+    const bool isOfElements = item.kind != CheckedItem::Kind::Value || item.setting->type == SettingType::Element;
+    return item.holdsElements && isOfElements ? nullptr : item.content.value();
+}
 
 std::wstring childText(const ElementView& element, const std::wstring& name) { return element.child(name).text(); }
 

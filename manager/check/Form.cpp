@@ -180,6 +180,8 @@ private:
         const Setting& setting = *item.setting;
         const auto& words = setting.words;
         if (words.empty() || std::find(words.begin(), words.end(), item.text) != words.end()) return;
+        if (setting.olderWord && item.text == setting.olderWord->text)
+            return addOlderWord(section, item, *setting.olderWord);
         std::vector<std::wstring> shown;
         std::copy_if(words.begin(), words.end(), std::back_inserter(shown), [](const auto& word) { return !word.empty(); });
         const std::wstring instead = setting.othersCountAs == L"" ? L"empty" : setting.othersCountAs.value_or(L"");
@@ -187,6 +189,12 @@ private:
             add(L"XC109", Severity::Error, section, item,
                 quoted(item.text) + L" is none of " + joined(shown) + (instead.empty() ? L"" : L"; counts as " + instead));
         mendWord(finding, placeOf(section, item), item.text, shown);
+    }
+
+    /// The application stores the newer one itself when it reads the older one.
+    void addOlderWord(const CheckedSection& section, const CheckedItem& item, const OlderWord& word) {
+        add(L"XC112", Severity::Note, section, item, quoted(word.text) + L" is the older name of " + quoted(word.countsAs))
+            .mend = {MendSafety::Safe, {setCommand(placeOf(section, item), word.countsAs)}};
     }
 
     static void mendWord(Finding& finding, const Place& place, const std::wstring& text,

@@ -199,7 +199,7 @@ void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector) {
     bool isPossibleEverywhere = true;
     for (const ImageEdge edge : imageEdges) {
         const double blend = blends.at(edge);
-        if (blend == unknown || isPossible(blend)) continue;
+        if (blend == unknown || isPossible(blend) || !std::isfinite(blend)) continue;  // XC113 is about that
         isPossibleEverywhere = false;
         check.findings.add(L"XC314", Severity::Error, placeOf(projector, namesOf(edge).blend),
                            shortNumber(blend) + L" % is no part of the image");

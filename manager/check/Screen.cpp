@@ -47,9 +47,8 @@ private:
 
     void checkShape() {
         const std::wstring shape = text(L"Shape");
-        if (shape == L"VRML" && text(L"VRML").empty() && integer(L"SizeDefinition") != 2)
-            add(L"XC501", Severity::Error, L"VRML", L"a VRML screen needs it");
         if (!isEnteredByHand()) return;
+        if (shape == L"VRML" && text(L"VRML").empty()) add(L"XC501", Severity::Error, L"VRML", L"a VRML screen needs it");
         if (shape == L"Sphere" || shape == L"Cylinder" || shape == L"Toroid") needPositive(shape, L"Screen_Radius");
         if (shape == L"Sphere" || shape == L"Cylinder") needRising(L"Screen_MinTheta", L"Screen_MaxTheta");
         if (shape == L"Sphere") needRising(L"Screen_MinPhi", L"Screen_MaxPhi");

@@ -104,6 +104,48 @@ TEST(CheckConditions, BlanksOfAnyKindAroundAWordAreMended) {
                      L"Screen/Shape=Sphere"}));
 }
 
+TEST(CheckConditions, OnlyTheOlderNameOfAWordIsTakenForTheOtherOne) {
+    const auto target = [](const std::string& type) {
+        return "<TargetLocator><Data_Type>" + type + "</Data_Type></TargetLocator>";
+    };
+    EXPECT_EQ(foundBy(L"XC109", target("Projector Pose")), Lines());
+    EXPECT_EQ(foundBy(L"XC112", target("Projector Pose")).size(), 1U);
+    EXPECT_EQ(foundBy(L"XC109", target("projector pose")).size(), 1U);
+    EXPECT_EQ(foundBy(L"XC112", target("projector pose")), Lines());
+}
+
+TEST(CheckConditions, EdgeThresholdsAreCountedBetweenCommas) {
+    const auto thresholds = [](const std::string& text) {
+        return foundBy(L"XC606", camera("1", "<MultiCamEdgeThreshold>" + text + "</MultiCamEdgeThreshold>")).size();
+    };
+    for (const char* const text : {"", ",", "40", "40 41 42", "40,41,42,43", ",40,,41,42,43,"})
+        EXPECT_EQ(thresholds(text), 0U) << text;
+    for (const char* const text : {"40,41", "40 41,42 43", "40,41 42,43", "1,2,3,4,5"})
+        EXPECT_EQ(thresholds(text), 1U) << text;
+}
+
+TEST(CheckConditions, SizesAreNeededOnlyWhereTheyAreEnteredByHand) {
+    const auto screen = [](const std::string& items) { return foundBy(L"XC501", "<Screen>" + items + "</Screen>").size(); };
+    const std::string model = "<Shape>VRML</Shape><VRML/>";
+    EXPECT_EQ(screen(model + "<SizeDefinition>0</SizeDefinition>"), 1U);
+    EXPECT_EQ(screen(model), 1U);
+    EXPECT_EQ(screen(model + "<Auto_Dimensions>true</Auto_Dimensions>"), 0U);
+    for (const char* const definition : {"1", "2"})
+        EXPECT_EQ(screen(model + "<SizeDefinition>" + definition + "</SizeDefinition>"), 0U) << definition;
+}
+
+TEST(CheckConditions, ABlendThatIsNoNumberHasOneFinding) {
+    const std::string blend = "<Projector ID='1'><Blend_Left>nan</Blend_Left></Projector>";
+    EXPECT_EQ(foundBy(L"XC113", blend).size(), 1U);
+    EXPECT_EQ(foundBy(L"XC314", blend), Lines());
+}
+
+TEST(CheckConditions, AnUnreadableTextHidesWhatWouldBeInherited) {
+    EXPECT_EQ(foundBy(L"XC103",
+                      "<Geometry><Box_Size>9, 9</Box_Size></Geometry><Projector ID='1'><Box_Size>1</Box_Size></Projector>"),
+              (Lines{L"Projector[1]/Box_Size: \"1\" is not of type 2-D integer point; the application reads 21, 21"}));
+}
+
 TEST(CheckConditions, AddressesAreComparedAsNumbers) {
     const auto at = [](const std::string& id, const std::string& address) {
         return camera(id, snippet("<ipAddress>" + address + "</ipAddress>"));

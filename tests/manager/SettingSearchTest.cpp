@@ -36,7 +36,8 @@ TEST(SettingSearch, PatternsStandForNumbersAndIdentifiers) {
     EXPECT_EQ(typeAt(L"System/ACT_Address_0"), L"text");
     EXPECT_EQ(typeAt(L"System/ACT_Address_17"), L"text");
     EXPECT_EQ(typeAt(L"System/ACT_Address_"), L"none");
-    EXPECT_EQ(typeAt(L"System/ACT_Address_1x"), L"none");
+    for (const wchar_t* const number : {L"1x", L"07", L"00", L"-0", L"99999999999"})
+        EXPECT_EQ(typeAt(std::wstring(L"System/ACT_Address_") + number), L"none") << testing::PrintToString(number);
     EXPECT_NE(typeAt(L"Color/CameraOverlapPoint_left_right"), L"none");
     EXPECT_EQ(typeAt(L"Color/CameraOverlapPoint_left"), L"none");
     EXPECT_EQ(typeAt(L"ProjectorApprovedSlots/Slot[3]/Name"), L"text");

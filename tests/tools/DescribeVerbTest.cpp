@@ -70,6 +70,19 @@ TEST(DescribeVerb, TellsWhatAMissingSettingReadsAs) {
         EXPECT_THAT(runTool({"describe", setting}).output, HasSubstr(std::string("when missing  ") + missing + "\n"));
 }
 
+TEST(DescribeVerb, KnowsThePartsOfRecords) {
+    const ToolRun flag = runTool({"describe", "Projector/Pond_Of_Mirrors/Left"});
+    EXPECT_THAT(flag.output, StartsWith("Projector/Pond_Of_Mirrors/Left\n"));
+    EXPECT_THAT(flag.output, HasSubstr("  values        0 to 255\n  when missing  0\n"));
+    EXPECT_THAT(runTool({"describe", "Projector/Designed/Frustum/FOVLeft"}).output, HasSubstr("  unit          radians\n"));
+    EXPECT_EQ(runTool({"describe", "Projector/Pond_Of_Mirrors/Middle"}).status, 1);
+}
+
+TEST(DescribeVerb, TellsHowFarAnAngleGoes) {
+    EXPECT_THAT(runTool({"describe", "Projector/Channel_Extents/Heading/Yaw"}).output,
+                HasSubstr("  values        at most one turn either way\n"));
+}
+
 TEST(DescribeVerb, SuggestsWhatIsMeant) {
     expectRun(runTool({"describe", "Sistem"}), 1, "",
               "xmlconfig: there is no \"Sistem\" among the settings and rules; did you mean \"System\"?\n");
@@ -138,6 +151,12 @@ TEST(DescribeVerb, AnswersInJson) {
     const auto setting = nlohmann::json::parse(runTool({"describe", "--json", "Geometry/Fit_Solver"}).output);
     EXPECT_TRUE(setting["rules"].empty());
     EXPECT_EQ(setting["settings"][0]["rules"], nlohmann::json::parse(R"(["XC110"])"));
+    EXPECT_EQ(setting["settings"][0]["defaultMeaning"], nullptr);
+    EXPECT_EQ(setting["settings"][0]["olderWord"], nullptr);
+    const auto told = nlohmann::json::parse(
+        runTool({"describe", "--json", "TargetLocator/Data_Type", "Screen/SizeDefinition"}).output)["settings"];
+    EXPECT_EQ(told[0]["olderWord"], nlohmann::json::parse(R"({"value":"Projector Pose","countsAs":"Projector Centric"})"));
+    EXPECT_EQ(told[1]["defaultMeaning"], "1 while Auto_Dimensions is true, else 0");
     const auto all = nlohmann::json::parse(runTool({"describe", "--json"}).output);
     EXPECT_GT(all["rules"].size(), 90U);
     EXPECT_GT(all["settings"].size(), 200U);

@@ -35,6 +35,14 @@ std::string mendedExample() {
     return text;
 }
 
+TEST_F(Fix, ReplacesTheOlderNameOfAWord) {
+    const std::string file = example("<Data_Type>Spherical", "<Data_Type>Projector Pose");
+    EXPECT_THAT(runTool({"check", "--fix", "--only", "XC112", file}).output,
+                StartsWith("~ TargetLocator/Data_Type  Projector Pose -> Projector Centric\n"
+                           "1 change, 0 new findings, 1 solved (XC112)"));
+    EXPECT_EQ(contentOf(file), exampleText("<Data_Type>Spherical", "<Data_Type>Projector Centric"));
+}
+
 TEST_F(Fix, DoesTheSafeMendsAndChecksAgain) {
     const std::string file = example();
     const ToolRun run = runTool({"check", "--fix", "--only", "XC408,XC409", file});

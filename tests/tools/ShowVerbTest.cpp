@@ -100,6 +100,12 @@ TEST(ShowVerb, CountsWhatCheckFinds) {
     }
 }
 
+TEST(ShowVerb, OlderWordIsShownAsItIsReadAndCounted) {
+    const ToolRun run = runToolReading(exampleText("<Data_Type>Spherical", "<Data_Type>Projector Pose"), {"show", "-"});
+    EXPECT_THAT(run.output, HasSubstr("\nTarget      Projector Centric\n"));
+    EXPECT_THAT(run.output, HasSubstr("0 errors, 0 warnings, 12 notes"));
+}
+
 TEST(ShowVerb, StandardInputIsShown) {
     EXPECT_THAT(runToolReading(TemporaryFolder::readFile(dome), {"show", "-"}).output,
                 StartsWith("File        -, version 9.000"));
