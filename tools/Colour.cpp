@@ -9,14 +9,24 @@
 
 namespace tool {
 
+namespace {
+
+/// "" where it is not set.
+std::string environment(const char* name) {
+    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): one thread
+    return value == nullptr ? "" : value;
+}
+
+}  // namespace
+
 void setUpColour(Options& options, std::string& wish) {
     options.value("--color", wish, "Colour the output: auto, always or never").oneOf({"auto", "always", "never"});
 }
 
 bool isColoured(const std::string& wish) {
     if (wish == "always" || wish == "never") return wish == "always";
-    const char* const refused = std::getenv("NO_COLOR");  // NOLINT(concurrency-mt-unsafe): one thread
-    return (refused == nullptr || *refused == '\0') && XMLConfig::detail::isOutputATerminal();
+    if (!environment("NO_COLOR").empty() || environment("TERM") == "dumb") return false;
+    return XMLConfig::detail::isOutputATerminal();
 }
 
 std::wstring coloured(const std::wstring& text, Tone tone, bool isColoured) {

@@ -12,7 +12,8 @@ enum class Tone { Good, Doubtful, Bad };
 
 /// Adds --color to a verb.
 void setUpColour(Options& options, std::string& wish);
-/// Whether output is to be coloured: as wished ("always", "never"), else on a terminal where NO_COLOR is not set.
+/// Whether output is to be coloured: as wished ("always", "never"), else on a terminal that knows colours, where
+/// NO_COLOR is not set.
 bool isColoured(const std::string& wish);
 /// The text between escape sequences, or as it is.
 std::wstring coloured(const std::wstring& text, Tone tone, bool isColoured);
