@@ -36,7 +36,7 @@ void requireLatestVersion(const ConfigInfo& document, const std::string& file) {
     if (isOfLatestVersion(document)) return;
     if (document.getVersion() > ConfigInfoFactory::getLatestFileVersionNumber()) refuseNewer(document, name);
     throw Refusal(name + L": is of file version " + XMLConfig::versionText(document.getVersion()) +
-                  L" and must be upgraded first: xmlconfig upgrade " + shellWord(name));
+                  L" and must be upgraded first: xmlconfig upgrade " + fileWord(name));
 }
 
 void saveDocument(ConfigInfo& document, const std::string& file) {

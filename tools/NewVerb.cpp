@@ -51,7 +51,7 @@ std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
     return L"made " + printable(file) + L": file version " + XMLConfig::versionText(manager.getDocument().getVersion()) +
            L", " + counted(static_cast<std::size_t>(manager.getProjectorConfigCount()), L"projector") + L", " +
            counted(static_cast<std::size_t>(manager.getCameraConfigCount()), L"camera") + L"\nnext: xmlconfig check " +
-           printable(shellWord(file)) + L"\n";
+           printable(fileWord(file)) + L"\n";
 }
 
 std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {

@@ -87,6 +87,8 @@ std::wstring shellWord(const std::wstring& text) {
     return isPlain ? text : shellQuoted(text);
 }
 
+std::wstring fileWord(const std::wstring& file) { return shellWord(file.substr(0, 1) == L"-" ? L"./" + file : file); }
+
 std::wstring escaped(const std::wstring& text) {
     std::wstring line;
     for (const wchar_t character : text) line += character == L'\\' ? L"\\\\" : std::wstring(1, character);

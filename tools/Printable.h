@@ -17,6 +17,8 @@ std::wstring printableLines(const std::wstring& text);
 
 /// As one word of a command for a shell: between quotes, or as it is where none are needed.
 std::wstring shellWord(const std::wstring& text);
+/// The name of a file as such a word, also of one that begins like an option.
+std::wstring fileWord(const std::wstring& file);
 /// As shellWord, but always in quotes.
 std::wstring shellQuoted(const std::wstring& text);
 

@@ -60,7 +60,7 @@ std::wstring lostNames(const std::string& file, std::size_t lost) {
     constexpr std::size_t most = 3;
     if (file == "-") return L"";
     const std::wstring name = nameOf(file);
-    if (lost > most) return L" (xmlconfig upgrade --dry-run " + shellWord(name) + L" names them)";
+    if (lost > most) return L" (xmlconfig upgrade --dry-run " + fileWord(name) + L" names them)";
     std::wstring names;
     for (const XMLConfig::LostDevice& device : XMLConfig::upgradeFile({name, L"", false}).lost)
         names += (names.empty() ? L": " : L", ") + deviceName(device.section, device.id, device.name);

@@ -12,7 +12,8 @@ namespace {
 using Rows = std::vector<std::vector<std::wstring>>;
 
 std::wstring fileText(const Summary& summary, const std::wstring& file) {
-    std::wstring text = L"File        " + printable(file) + L", version " + printable(summary.version);
+    const std::wstring name = file == L"-" ? L"standard input" : file;
+    std::wstring text = L"File        " + printable(name) + L", version " + printable(summary.version);
     if (!summary.buildNumber.empty()) text += L", build " + printable(summary.buildNumber);
     if (!summary.buildDate.empty()) text += L" of " + printable(summary.buildDate);
     return text + L"\n";
@@ -20,8 +21,9 @@ std::wstring fileText(const Summary& summary, const std::wstring& file) {
 
 std::wstring checkText(const Summary& summary, const std::wstring& file) {
     const auto text = [](std::size_t count, const wchar_t* noun) { return counted(count, noun); };
+    const std::wstring command = L" (xmlconfig check " + printable(fileWord(file)) + L")";
     return L"Check       " + text(summary.errors, L"error") + L", " + text(summary.warnings, L"warning") + L", " +
-           text(summary.notes, L"note") + L" (xmlconfig check " + printable(shellWord(file)) + L")\n";
+           text(summary.notes, L"note") + (file == L"-" ? L"" : command) + L"\n";
 }
 
 std::wstring known(double value) { return value < 0.0 ? L"?" : numberText(value, 2); }

@@ -160,7 +160,7 @@ std::wstring deviceName(const std::wstring& section, const std::wstring& id, con
 }
 
 std::wstring followingCommand(const UpgradeOutcome& outcome, const XMLConfig::DanglingReference& reference) {
-    return L"xmlconfig set " + shellWord(outcome.report.target) + L" " +
+    return L"xmlconfig set " + fileWord(outcome.report.target) + L" " +
            shellQuoted(reference.address + L"=" + reference.newValue);
 }
 

@@ -48,6 +48,12 @@ TEST(ShowVerb, SummaryTellsTheExample) {
         "Slots       2 approved: 1 \"Opening show\", 2 \"Sternenhimmel für Kinder\"; current slot 3\n");
 }
 
+TEST(ShowVerb, NamesNoCommandForStandardInput) {
+    EXPECT_THAT(runToolReading(exampleText(), {"show", "-"}).output,
+                StartsWith("File        standard input, version 9.000, build 2.1.1.14 of Mar 11 2019\n"
+                           "Check       0 errors, 0 warnings, 11 notes\nProjectors  4 (4 x 1)\n"));
+}
+
 TEST(ShowVerb, SummaryIsInTheDocumentsUnits) {
     const TemporaryFolder folder;
     folder.write(L"hall.skorrax", currentFile("<System><Length_Unit>Centimeters</Length_Unit></System>"

@@ -19,6 +19,12 @@ TEST_F(ToolFileNames, ABackslashIsQuotedInCommands) {
     EXPECT_THAT(runTool({"show", file}).output, HasSubstr(" (xmlconfig check '" + file + "')\n"));
 }
 
+TEST_F(ToolFileNames, AHyphenAtTheStartIsNoOptionInCommands) {
+    const std::string inFolder = "cd " + shellQuoted(std::filesystem::path(example()).parent_path().string()) + " && ";
+    fileOf(exampleText(), "-x.skorrax");
+    EXPECT_THAT(runTool({"show", "--", "-x.skorrax"}, inFolder).output, HasSubstr(" (xmlconfig check ./-x.skorrax)\n"));
+}
+
 TEST_F(ToolFileNames, APipeIsToldAsTheReason) {
     const std::string pipe = path("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
