@@ -7,6 +7,7 @@
 #include "store/Address.h"
 #include "store/CorvaneException.h"
 #include "tools/Colour.h"
+#include "tools/MendAdvice.h"
 #include "tools/Mending.h"
 #include "tools/NumberTexts.h"
 #include "tools/Printable.h"
@@ -57,7 +58,7 @@ public:
             while (end < all.size() && all[end].finding.rule == all[begin].finding.rule) ++end;
             addRule(text, begin, end);
         }
-        return text + countLine() + hints();
+        return text + countLine() + mendAdvice(all, m_checked.file) + pictureHint();
     }
 
 private:
@@ -125,13 +126,14 @@ private:
         return text.empty() || m_file == L"-" ? L"" : L"; " + text + L" mended by --fix";
     }
 
-    /// The commands that are worth trying next: for findings about channels, the one that draws them.
-    [[nodiscard]] std::wstring hints() const {
+    /// The command that draws the channels that something was found about.
+    [[nodiscard]] std::wstring pictureHint() const {
         const auto isOfChannels = [](const Place& place) {
             return place.finding.severity != Severity::Note && place.finding.rule.compare(0, 3, L"XC3") == 0;
         };
         if (m_file == L"-" || std::none_of(m_checked.findings.begin(), m_checked.findings.end(), isOfChannels)) return L"";
-        return L"  a picture: xmlconfig layout --svg layout.svg " + shellWord(m_file) + L"\n";
+        return L"  a picture: xmlconfig layout --svg layout.svg " +
+               printable(fileWord(XMLConfig::wideFromUtf8(m_checked.file))) + L"\n";
     }
 
     const CheckedFile& m_checked;

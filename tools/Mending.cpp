@@ -66,7 +66,7 @@ public:
         for (const Finding& finding : findings) {
             if (!forbidsMending(finding) || isWanted(finding)) continue;
             throw Refusal(XMLConfig::wideFromUtf8(m_file) + L": nothing is mended in a file with an error of its form: " +
-                          finding.rule + L" " + finding.address);
+                          finding.rule + L" " + finding.address + mendText(finding));
         }
     }
 
@@ -86,6 +86,12 @@ private:
         if (!m_only.empty() && !isAmong(m_only, finding.rule)) return false;
         const bool isAsked = finding.mend.safety == MendSafety::Asked && isAmong(m_named, finding.rule);
         return isMendedByFix(finding) || (isAsked && !finding.mend.commands.empty());
+    }
+
+    /// How it could be mended too.
+    static std::wstring mendText(const Finding& finding) {
+        const bool isMended = finding.mend.safety == MendSafety::Asked && !finding.mend.commands.empty();
+        return isMended ? L"; --fix=" + finding.rule + L" mends that too" : L"";
     }
 
     static bool isNew(std::set<std::wstring>& met, const Finding& finding) {

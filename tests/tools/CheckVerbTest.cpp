@@ -9,8 +9,10 @@
 
 namespace {
 
+using ::testing::AllOf;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 using Json = nlohmann::json;
 
@@ -65,6 +67,37 @@ TEST_F(CheckVerb, ChannelsAreShownAsAPicture) {
                               "\"Dome 3\"\n" +
                               moved + ": 0 errors, 1 warning, 0 notes\n  a picture: xmlconfig layout --svg layout.svg " +
                               inCommand(moved) + "\n");
+}
+
+TEST_F(CheckVerb, NamesTheCommandsThatMend) {
+    const std::string file = example("<Projector_Count>4", "<Projector_Count>6");
+    EXPECT_THAT(runTool({"check", file}).output,
+                EndsWith(": 0 errors, 1 warning, 12 notes; 1 note mended by --fix\n  to mend 1 warning: xmlconfig check "
+                         "--fix=XC217 " +
+                         inCommand(file) + "\n"));
+    EXPECT_THAT(runToolReading(exampleText("<Projector_Count>4", "<Projector_Count>6"), {"check", "-"}).output,
+                EndsWith("-: 0 errors, 1 warning, 11 notes\n"));
+}
+
+TEST_F(CheckVerb, NamesNoMendThatIsRefused) {
+    std::string text = exampleText("<Projector_Count>4", "<Projector_Count>6");
+    const std::string none = "<Color>";
+    text.replace(text.find(none), none.size(), "<Color><Name><x/></Name>");
+    text.replace(text.find("<Blend_Run>true"), 15, "<Blend_Run><x/>");
+    EXPECT_THAT(runTool({"check", fileOf(text)}).output, AllOf(HasSubstr("warning[XC217]"), Not(HasSubstr("to mend"))));
+}
+
+TEST_F(CheckVerb, NamesTheCommandThatMendsWhatNoFixDoes) {
+    const std::string old = "examples/history/dome-8.000.skorrax";
+    const std::string output = runTool({"check", old}).output;
+    EXPECT_THAT(output, HasSubstr("\n  to mend XC101: xmlconfig upgrade " + old + "\n"));
+    EXPECT_THAT(output, Not(HasSubstr("--fix")));
+    const std::string conflict = example(
+        "<Gamma>2.200000000000000e+00",
+        "<!-- xmlconfig conflict Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma base=2.2 ours=2.2 theirs=2.3 --><Gamma>2.2");
+    EXPECT_THAT(runTool({"check", "--only", "XC111", conflict}).output,
+                HasSubstr("\n  to mend XC111: xmlconfig set " + inCommand(conflict) +
+                          " 'Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma=2.3'\n"));
 }
 
 TEST_F(CheckVerb, HiddenItemsNameTheLineOfTheOther) {

@@ -83,7 +83,7 @@ TEST_F(Fix, LeavesFilesWithAnErrorOfTheirFormAlone) {
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors, "xmlconfig: " + file +
                               ": nothing is mended in a file with an error of its form: XC103 "
-                              "Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma\n");
+                              "Projector[VELDAR***00:0a:0b:0c:0d:01]/Gamma; --fix=XC103 mends that too\n");
     EXPECT_THAT(run.output, StartsWith("note[XC409] "));
     EXPECT_EQ(contentOf(file), before);
     const std::string whole = runTool({"check", file}).output;
