@@ -21,12 +21,6 @@ std::optional<std::wstring> storedAt(const ConfigInfo& document, const Address& 
     return XMLConfig::findElement(document, place).text();
 }
 
-/// The text as people read it; an empty one is shown as two quotes.
-std::wstring shown(const std::wstring& text, const Change& change, const Showing& showing) {
-    const std::wstring value = showing.value(text, change.setting);
-    return value.empty() ? L"\"\"" : value;
-}
-
 const wchar_t* kindOf(const Change& change) {
     if (!change.now) return L"removed";
     return change.old ? L"changed" : L"added";
@@ -39,8 +33,8 @@ std::wstring markOf(const Change& change, bool isInColour) {
 }
 
 std::wstring whatHappened(const Change& change, const Showing& showing) {
-    const auto value = [&](const std::wstring& text) { return shown(text, change, showing); };
-    if (change.old && change.now) return value(*change.old) + L" -> " + value(*change.now);
+    const auto value = [&](const std::wstring& text) { return showing.visibleValue(text, change.setting); };
+    if (change.old && change.now) return shownChange(showing, *change.old, showing, *change.now, change.setting);
     if (change.now)
         return (change.inheritedFrom.empty() ? L"" : value(change.counted) + L" (inherited) -> ") + value(*change.now);
     if (!change.isKnown) return value(*change.old);

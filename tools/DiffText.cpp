@@ -49,14 +49,10 @@ public:
     void add(const SettingDifference& difference, const std::wstring& remark, bool asStored = false) {
         const bool isPlain = asStored || difference.inSnippet;
         const XMLConfig::Setting* const setting = isPlain ? nullptr : XMLConfig::knownSetting(difference.place);
-        std::wstring old = difference.old ? m_old.value(*difference.old, setting) : L"";
-        std::wstring now = difference.now ? m_new.value(*difference.now, setting) : L"";
-        if (old == now && difference.old && difference.now) {  // they differ beyond the digits that are shown
-            old = m_old.value(*difference.old, nullptr);
-            now = m_new.value(*difference.now, nullptr);
-        }
-        const std::wstring text = old + (difference.old && difference.now ? L" -> " : L"") + now;
         const Showing& showing = difference.now ? m_new : m_old;
+        const std::wstring text = difference.old && difference.now
+                                      ? shownChange(m_old, *difference.old, m_new, *difference.now, setting)
+                                      : showing.visibleValue(difference.now ? *difference.now : *difference.old, setting);
         addRow(signOf(difference), showing.address(difference.address, difference.place), text + remark);
     }
     void add(wchar_t sign, const LoneDevice& device) {

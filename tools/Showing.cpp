@@ -31,6 +31,9 @@ std::wstring inOneLine(const std::wstring& text) {
     return printable(line);
 }
 
+/// With every blank that it has.
+std::wstring inQuotes(const std::wstring& text) { return L"\"" + printable(text) + L"\""; }
+
 }  // namespace
 
 Showing::Showing(const ConfigInfo& document) : m_units(document) {
@@ -68,6 +71,11 @@ std::wstring Showing::value(const std::wstring& stored, const Setting* setting) 
     return shown;
 }
 
+std::wstring Showing::visibleValue(const std::wstring& stored, const Setting* setting) const {
+    const std::wstring shown = value(stored, setting);
+    return shown.empty() ? inQuotes(stored) : shown;
+}
+
 std::wstring Showing::number(double value, Unit unit) const {
     switch (unit) {
         case Unit::Radians:
@@ -86,6 +94,17 @@ std::wstring Showing::cameras(const std::wstring& ids) const {
     for (const std::wstring& id : XMLConfig::detail::tokensOf(ids))
         names += (names.empty() ? L"" : L", ") + printable(device(L"Camera", id));
     return names;
+}
+
+std::wstring shownChange(const Showing& before, const std::wstring& old, const Showing& after, const std::wstring& now,
+                         const Setting* setting) {
+    constexpr const wchar_t* arrow = L" -> ";
+    for (const Setting* const form : {setting, static_cast<const Setting*>(nullptr)}) {
+        const std::wstring oldShown = before.visibleValue(old, form);
+        const std::wstring nowShown = after.visibleValue(now, form);
+        if (oldShown != nowShown || old == now) return oldShown + arrow + nowShown;
+    }
+    return inQuotes(old) + arrow + inQuotes(now);
 }
 
 }  // namespace tool

@@ -27,6 +27,8 @@ public:
     /// A stored text of the setting as people read it: shortest digits, angles and lengths in the document's units, cameras
     /// by name, one line. As it stands where it is not of the setting's type; `setting` may be null.
     [[nodiscard]] std::wstring value(const std::wstring& stored, const XMLConfig::Setting* setting) const;
+    /// The same beside other words: a text of which nothing would be seen, empty or blank, stands in quotes.
+    [[nodiscard]] std::wstring visibleValue(const std::wstring& stored, const XMLConfig::Setting* setting) const;
     [[nodiscard]] const Units& units() const { return m_units; }
 
 private:
@@ -36,5 +38,10 @@ private:
     Units m_units;
     std::map<std::pair<std::wstring, std::wstring>, std::wstring> m_names;  // by section and ID, those that are unique
 };
+
+/// "old -> new" of a setting's two texts, each as its document shows it. Different ones that would look the same stand as
+/// they are stored, and where that is the same in one line, in quotes with all their blanks.
+std::wstring shownChange(const Showing& before, const std::wstring& old, const Showing& after, const std::wstring& now,
+                         const XMLConfig::Setting* setting);
 
 }  // namespace tool

@@ -28,7 +28,7 @@ const char* nameOf(UpgradeChange::Kind kind) {
     return "removed";
 }
 
-// The text on one line: without its line breaks and the blanks after them.
+// The text on one line: without its line breaks and the blanks after them. An empty one in quotes, so that it is seen.
 std::wstring oneLine(const std::wstring& text) {
     std::wstring line;
     bool isAfterBreak = false;
@@ -37,7 +37,7 @@ std::wstring oneLine(const std::wstring& text) {
         if (!isBreak && !(isAfterBreak && character == L' ')) line += character;
         isAfterBreak = isBreak || (isAfterBreak && character == L' ');
     }
-    return line;
+    return line.empty() ? L"\"\"" : line;
 }
 
 std::wstring placeOf(const UpgradeChange& change) {

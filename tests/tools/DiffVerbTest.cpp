@@ -249,6 +249,20 @@ TEST_F(DiffVerb, ShowsAllDigitsWhereTheUsualOnesAreTheSame) {
                 StartsWith("~ Screen/Screen_Radius  5.2 -> 5.20000000001\n"));
 }
 
+TEST_F(DiffVerb, ShowsEmptyTextsAndBlanksInQuotes) {
+    const auto withTexts = [this](const std::string& texts, const std::string& name) {
+        return fileOf("<ConfigInfo><Version>9.000</Version><ProjMap>" + texts + "</ProjMap></ConfigInfo>", name);
+    };
+    const std::string old = withTexts("<a/><b> </b><c>1  2</c><d>x</d><g/>", "old.skorrax");
+    const std::string now = withTexts("<a>x</a><b/><c>1 2</c><d/><f/>", "new.skorrax");
+    const std::string told =
+        "~ ProjMap/a  \"\" -> x\n~ ProjMap/b  \" \" -> \"\"\n~ ProjMap/c  \"1  2\" -> \"1 2\"\n~ ProjMap/d  x -> \"\"\n";
+    EXPECT_EQ(runTool({"diff", old, now}).output,
+              told + "+ ProjMap/f  \"\"\n- ProjMap/g  \"\"\n0 renamed, 4 changed, 1 added, 1 removed\n");
+    expectRun(runTool({"set", old, "ProjMap/a=x", "ProjMap/b=", "ProjMap/c=1 2", "ProjMap/d=", "ProjMap/f="}), 0,
+              told + "+ ProjMap/f  \"\"\n5 changes, 0 new findings\n");
+}
+
 TEST_F(DiffVerb, ToleranceIsANumberFromZeroUp) {
     for (const char* const text : {"-1", "nan", "inf"})
         expectRun(runTool({"diff", "--tolerance", text, yesterday, yesterday}), 2, "",
