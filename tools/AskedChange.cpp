@@ -22,12 +22,15 @@ AskedChange askedChangeIn(const std::string& line) {
     return askedChangeOf(unescaped(text));
 }
 
+const std::string byteOrderMark = "\xEF\xBB\xBF";  // which some editors put before the first line
+
 /// Adds one change for each line that is not empty.
 void addLines(std::vector<AskedChange>& changes, std::istream& lines, const std::string& file) {
     std::size_t number = 0;
     for (std::string line; std::getline(lines, line);) {
         ++number;
         if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (number == 1 && line.compare(0, byteOrderMark.size(), byteOrderMark) == 0) line.erase(0, byteOrderMark.size());
         const std::string place = file + " line " + std::to_string(number) + ": ";
         try {
             if (!line.empty()) changes.push_back(askedChangeIn(line));
@@ -63,8 +66,12 @@ AskedChange askedChangeOf(const std::wstring& text) {
 std::vector<AskedChange> askedChanges(const Request& request) {
     std::vector<AskedChange> changes;
     for (const std::string& operand : request.operands) changes.push_back(askedChangeOf(XMLConfig::wideFromUtf8(operand)));
-    if (request.lineFile == "-") addLines(changes, std::cin, "standard input");
-    if (request.lineFile.empty() || request.lineFile == "-") return changes;
+    if (request.lineFile.empty()) return changes;
+    if (request.lineFile == "-") {
+        addLines(changes, std::cin, "standard input");
+        requireWholeInput();
+        return changes;
+    }
     const std::wstring file = XMLConfig::wideFromUtf8(request.lineFile);
     std::ifstream lines(XMLConfig::pathForStreams(file), std::ios::binary);
     if (!lines) throw Unreadable(file + L": cannot be read");

@@ -226,11 +226,12 @@ void setUpCheck(Options& options, Request& request) {
     options.value("FILE", request.operands, "The files to check; - for standard input").required().notEmpty(emptyName);
     options.value("--only", request.rules, "Look for these rules alone, as in XC103,XC217")
         .separatedBy(',')
-        .valueName("RULE");
+        .valueName("RULE,...");
     options.flag("--no-files", request.withoutFiles, "Do not look for the files that a configuration names");
-    options.flag(
-        "--fix", request.fix,
-        "Do the safe mends, then check again; --fix=XC103,XC217 those of these rules that somebody has to ask for too");
+    options
+        .flag("--fix", request.fix,
+              "Do the safe mends, then check again; --fix=XC103,XC217 those of these rules that somebody has to ask for too")
+        .valueName("[=RULE,...]");
     options
         .value("--accept", request.accepted,
                "Accept what this rule finds, there or anywhere, by a comment in its section: it counts no more")

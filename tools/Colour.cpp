@@ -20,12 +20,16 @@ std::string environment(const char* name) {
 }  // namespace
 
 void setUpColour(Options& options, std::string& wish) {
-    options.value("--color", wish, "Colour the output: auto, always or never").oneOf({"auto", "always", "never"});
+    options.value("--color", wish, "Colour the output: auto, always or never")
+        .valueName("WHEN")
+        .oneOf({"auto", "always", "never"});
 }
+
+bool isTerminalDumb() { return environment("TERM") == "dumb"; }
 
 bool isColoured(const std::string& wish) {
     if (wish == "always" || wish == "never") return wish == "always";
-    if (!environment("NO_COLOR").empty() || environment("TERM") == "dumb") return false;
+    if (!environment("NO_COLOR").empty() || isTerminalDumb()) return false;
     return XMLConfig::detail::isOutputATerminal();
 }
 

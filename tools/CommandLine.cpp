@@ -11,6 +11,7 @@
 #include "platform/Utf8.h"
 #include "store/ConfigInfoFactory.h"
 #include "tools/FaultAnswer.h"
+#include "tools/HelpFormat.h"
 #include "tools/ManualPage.h"
 #include "tools/NumberTexts.h"
 #include "tools/Output.h"
@@ -43,20 +44,20 @@ void setUpCommon(CLI::App& app, bool& verbose) {
     app.set_help_flag("-h,--help", "Show this help");
     app.set_version_flag("--version", programVersion(), "Show the version");
     app.add_flag("--verbose", verbose, "Tell what the library does");
-    app.get_formatter()->column_width(28);
     app.footer(exitStatuses);
 }
 
 class CommandLine {
 public:
     CommandLine() : m_app(summary, "xmlconfig") {
+        m_app.formatter(helpFormat());             // the verbs inherit it
         m_app.allow_windows_style_options(false);  // "/" begins a path; the verbs inherit it
         setUpCommon(m_app, m_verbose);
         m_app.require_subcommand(1);
         m_app.footer(addressHelp);
         m_requests.reserve(verbs().size());
         for (const Verb& verb : verbs()) {
-            CLI::App* const app = m_app.add_subcommand(verb.name, verb.summary);
+            CLI::App* const app = m_app.add_subcommand(verb.name, verb.summary)->group("Verbs");
             setUpCommon(*app, m_verbose);
             m_requests.emplace_back();
             Options options(*app);
@@ -137,6 +138,19 @@ private:
         return flushOutput() ? WrongUsage : NotReadable;
     }
 
+    /// "; did you mean "--origin"?" for the first word that no option of the verb is.
+    static std::wstring nearestOption(const CLI::App& verb) {
+        const std::vector<std::string> words = verb.remaining();
+        if (words.empty() || words.back().compare(0, 2, "--") != 0) return L"";
+        const std::wstring word = XMLConfig::wideFromUtf8(words.back());
+        std::vector<std::wstring> names;
+        for (const CLI::Option* option : verb.get_options())
+            for (const std::string& name : option->get_lnames()) names.push_back(XMLConfig::wideFromUtf8(name));
+        const bool isNear = !suggestion(word.substr(2), names).empty();  // the hyphens make none nearer
+        for (std::wstring& name : names) name.insert(0, L"--");
+        return isNear ? suggestion(word, names) : L"";
+    }
+
     /// Help and version are no faults; everything else is wrong usage.
     int answerParseError(const CLI::ParseError& error) const {
         if (error.get_exit_code() == 0) {
@@ -147,7 +161,7 @@ private:
         if (chosen.empty() && error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError))
             return refuseUsage("", L"a verb is required", "'xmlconfig --help' lists the verbs");
         const std::string verb = chosen.empty() ? "" : chosen[0]->get_name();
-        return refuseUsage(verb, XMLConfig::wideFromUtf8(error.what()),
+        return refuseUsage(verb, XMLConfig::wideFromUtf8(error.what()) + nearestOption(chosen.empty() ? m_app : *chosen[0]),
                            "see 'xmlconfig " + (verb.empty() ? "" : verb + " ") + "--help'");
     }
 

@@ -5,6 +5,8 @@
 #include <CLI/Formatter.hpp>
 #include <algorithm>
 
+#include "tools/HelpFormat.h"
+
 namespace tool {
 namespace {
 
@@ -57,7 +59,7 @@ std::string pageName(std::string command) {
 }
 
 std::string synopsis(const CLI::App& app, const std::string& command) {
-    const std::string usage = trimmed(CLI::Formatter().make_usage(&app, command));
+    const std::string usage = trimmed(helpFormat()->make_usage(&app, command));
     return escaped(usage.substr(usage.find(command)));
 }
 
@@ -67,11 +69,11 @@ std::string entry(const std::string& name, const std::string& rest, const std::s
 
 /// The operands, or else the options.
 std::string entries(const CLI::App& app, bool operands) {
-    const CLI::Formatter formatter;
+    const std::shared_ptr<CLI::Formatter> formatter = helpFormat();
     std::string out;
     for (const CLI::Option* option : app.get_options()) {
         if (option->get_group().empty() || option->get_positional() != operands) continue;
-        out += entry(formatter.make_option_name(option, operands), formatter.make_option_opts(option),
+        out += entry(formatter->make_option_name(option, operands), formatter->make_option_opts(option),
                      option->get_description());
     }
     return trimmed(out);

@@ -23,9 +23,10 @@ bool isMendedWhenAsked(const Finding& finding) {
 
 /// Whether it stops --fix=..., whatever rules that names.
 bool stopsEveryFix(const Finding& finding) {
-    const bool isMended = isMendedWhenAsked(finding) || isMendedByFix(finding);
-    return finding.rule == L"XC101" || (forbidsMending(finding) && !isMended);
+    return forbidsMending(finding) && !isMendedWhenAsked(finding) && !isMendedByFix(finding);
 }
+
+bool isOfOldFile(const CheckedFile::Place& place) { return place.finding.rule == L"XC101"; }
 
 /// "2 errors, 1 warning".
 std::wstring countsText(const std::map<Severity, std::size_t>& counts) {
@@ -49,27 +50,13 @@ std::wstring fixLine(const Places& findings, const std::wstring& file) {
                         : L"  to mend " + countsText(counts) + L": xmlconfig check --fix=" + list + L" " + file + L"\n";
 }
 
-std::wstring commandLine(const Finding& finding, const std::wstring& file) {
-    std::wstring line = L"  to mend " + finding.rule + L": xmlconfig";
-    for (const std::wstring& word : finding.mend.commands[0])
-        line += L" " + (word == L"FILE" ? file : printable(shellWord(word)));
-    return line + L"\n";
-}
-
 }  // namespace
 
 std::wstring mendAdvice(const Places& findings, const std::string& file) {
-    constexpr std::size_t most = 3;
     if (file == "-") return L"";
     const std::wstring word = printable(fileWord(XMLConfig::wideFromUtf8(file)));
-    std::wstring lines = fixLine(findings, word);
-    std::size_t count = 0;
-    for (const CheckedFile::Place& place : findings) {
-        const Finding& finding = place.finding;
-        const bool hasCommand = finding.mend.safety == MendSafety::None && !finding.mend.commands.empty();
-        if (hasCommand && finding.severity != Severity::Note && count++ < most) lines += commandLine(finding, word);
-    }
-    return lines;
+    const bool isOld = std::any_of(findings.begin(), findings.end(), isOfOldFile);
+    return isOld ? L"  to upgrade it: xmlconfig upgrade " + word + L"\n" : fixLine(findings, word);
 }
 
 }  // namespace tool

@@ -7,8 +7,8 @@
 
 namespace tool {
 
-/// The commands that mend what --fix alone leaves, a line each: one for all the mends that have to be asked for, and one for
-/// each error or warning that another command mends. "" for standard input, which no command can mend.
+/// A line with the command that does all the mends that have to be asked for; of an older file, which nothing else mends,
+/// with the one that upgrades it. "" where there is nothing to do, and for standard input, which no command can mend.
 std::wstring mendAdvice(const std::vector<CheckedFile::Place>& findings, const std::string& file);
 
 }  // namespace tool

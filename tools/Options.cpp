@@ -12,7 +12,7 @@ Option& Option::required() {
 }
 
 Option& Option::valueName(const std::string& name) {
-    m_option->type_name(name);
+    m_option->option_text((m_option->get_items_expected_max() == 0 ? "" : " ") + name);
     return *this;
 }
 

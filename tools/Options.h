@@ -19,7 +19,7 @@ public:
     explicit Option(CLI::Option& option);
 
     Option& required();
-    Option& valueName(const std::string& name);  ///< as the help calls the value
+    Option& valueName(const std::string& name);  ///< as the help calls the value; "[=NAME]" of what may be given alone
     Option& separatedBy(char separator);         ///< several values in one word, and none in the words after it
     Option& between(unsigned least, unsigned most);
     Option& oneOf(const std::vector<std::string>& words);

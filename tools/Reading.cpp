@@ -1,6 +1,7 @@
 #include "tools/Reading.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -31,6 +32,8 @@ std::string allOf(std::istream& in) { return {std::istreambuf_iterator<char>(in)
 
 std::unique_ptr<ConfigInfo> parsedInput() {
     const std::string bytes = allOf(std::cin);
+    requireWholeInput();
+    if (bytes.empty()) throw Unreadable(standardInput + L": is empty");
     try {
         return ConfigInfo::fromText(bytes, standardInput);
     } catch (const CorvaneException& fault) {
@@ -89,19 +92,43 @@ std::optional<double> bringUpToDate(ConfigInfo& document, const std::string& fil
     return version;
 }
 
+/// Why a file that stands there is not opened, as far as that can be seen from outside.
+std::wstring reasonOfRights(const std::filesystem::path& path, std::filesystem::perms rights) {
+    using Rights = std::filesystem::perms;
+    if (!std::ifstream(path)) return L"; it may not be read by you";
+    const Rights writing = Rights::owner_write | Rights::group_write | Rights::others_write;
+    if ((rights & writing) == Rights::none) return L"; nobody may write it, and such a file is not opened";
+    const bool isWritable = bool(std::fstream(path, std::ios::in | std::ios::out));  // which changes nothing
+    return isWritable ? L"" : L"; it may not be written by you, and such a file is not opened";
+}
+
+std::wstring reasonNotToOpen(const std::filesystem::path& path) {
+    std::error_code fault;
+    const std::filesystem::file_status status = std::filesystem::status(path, fault);
+    if (std::filesystem::is_directory(status)) return L"; it is a folder";
+    if (fault == std::errc::permission_denied) return L"; its folder may not be entered by you";
+    if (status.type() == std::filesystem::file_type::not_found) return L"; there is no such file";
+    if (!std::filesystem::exists(status)) return L"";
+    if (!std::filesystem::is_regular_file(status)) return L"; it is a pipe or a device";
+    return reasonOfRights(path, status.permissions());
+}
+
 }  // namespace
 
 std::wstring withReason(const std::wstring& message, const std::string& file) {
-    if (message.find(L": Can not open file: ") == std::wstring::npos) return message;
+    const std::filesystem::path path = XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file));
     std::error_code ignored;
-    const auto status = std::filesystem::status(XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file)), ignored);
-    if (std::filesystem::is_directory(status)) return message + L"; it is a folder";
-    if (!std::filesystem::exists(status)) return message;
-    if (!std::filesystem::is_regular_file(status)) return message + L"; it is a pipe or a device";
-    using Rights = std::filesystem::perms;
-    const Rights writing = Rights::owner_write | Rights::group_write | Rights::others_write;
-    const bool isReadOnly = (status.permissions() & writing) == Rights::none;
-    return isReadOnly ? message + L"; nobody may write it, and such a file is not opened" : message;
+    const std::wstring notOpened = L": Can not open file: " + XMLConfig::wideFromUtf8(file);
+    const std::size_t at = message.rfind(notOpened);
+    if (at != std::wstring::npos)  // what follows the name is a reason already
+        return at + notOpened.size() == message.size() ? message + reasonNotToOpen(path) : message;
+    const bool isEmpty = std::filesystem::is_regular_file(path, ignored) && std::filesystem::file_size(path, ignored) == 0;
+    return isEmpty ? message + L"; the file is empty" : message;
+}
+
+void requireWholeInput() {
+    // The stream takes a fault for the end.
+    if (std::cin.bad() || std::ferror(stdin) != 0) throw Unreadable(standardInput + L": cannot be read");
 }
 
 std::wstring faultLineIn(const std::string& file, const std::wstring& message) {

@@ -17,8 +17,10 @@ public:
     using Refusal::Refusal;
 };
 
-/// The message, with why the file cannot be opened where it says that and the reason can be seen.
+/// The message, with why the file cannot be opened, or what is wrong with it as a whole, where that can be seen.
 std::wstring withReason(const std::wstring& message, const std::string& file);
+/// Throws Unreadable where standard input could not be read to its end, as where it is closed or a folder.
+void requireWholeInput();
 /// The line of the file that a message finds fault with, and a caret under the place; "" where it names none.
 std::wstring faultLineIn(const std::string& file, const std::wstring& message);
 

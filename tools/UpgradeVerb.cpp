@@ -2,6 +2,7 @@
 #include "platform/SignalHold.h"
 #include "platform/Terminal.h"
 #include "platform/Utf8.h"
+#include "tools/Colour.h"
 #include "tools/Configuration.h"
 #include "tools/Output.h"
 #include "tools/Printable.h"
@@ -18,7 +19,8 @@ namespace {
 // and not for a single file.
 class Progress {
 public:
-    explicit Progress(std::size_t count) : m_count(count), m_isShown(count > 1 && XMLConfig::detail::isErrorATerminal()) {}
+    explicit Progress(std::size_t count)
+        : m_count(count), m_isShown(count > 1 && XMLConfig::detail::isErrorATerminal() && !isTerminalDumb()) {}
     ~Progress() { clear(); }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -108,6 +110,7 @@ void setUpUpgrade(Options& options, Request& request) {
     options.value("FILE", request.operands, "The files to bring to the latest version").required().notEmpty(emptyName);
     // An empty name, as an unset variable gives, must not fall back to converting in place.
     options.value("-o,--output", request.target, "Where the result goes, a file that does not exist yet")
+        .valueName("FILE")
         .notEmpty(emptyName);
     options.flag("--explain", request.explain, "Tell what was lost, renamed, moved and dropped");
     options.flag("--steps", request.steps, "Tell every change of each step");

@@ -35,7 +35,7 @@ struct Request {
     bool human = false;                   ///< get --human
     std::optional<std::string> fallback;  ///< get --default
     std::string lineFile;                 ///< set --from: the file with a change a line, "-" for standard input
-    std::vector<std::string> rules;       ///< check --only: IDs or names of rules
+    std::vector<std::string> rules;       ///< check --only: IDs of rules
     bool withoutFiles = false;            ///< check --no-files
     bool strict = false;                  ///< check --strict
     std::string fix;       ///< check --fix: "" for no, "true" for the safe mends, else the rules whose others are wanted too

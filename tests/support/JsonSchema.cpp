@@ -47,3 +47,11 @@ Faults schemaFaults(const Json& value, const Json& schema, const std::string& pl
             addAll(faults, schemaFaults(value[i], schema["items"], place + "[" + std::to_string(i) + "]"));
     return faults;
 }
+
+Json withoutAdditions(Json schema) {
+    if (schema.contains("items")) schema["items"] = withoutAdditions(schema["items"]);
+    if (!schema.contains("properties")) return schema;
+    schema["additionalProperties"] = false;
+    for (Json& member : schema["properties"]) member = withoutAdditions(std::move(member));
+    return schema;
+}

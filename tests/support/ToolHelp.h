@@ -22,7 +22,7 @@ inline std::vector<std::string> firstGroups(const std::string& text, const std::
 
 inline std::vector<std::string> verbNames() {
     const std::string help = runTool({"--help"}).output;
-    return firstGroups(help.substr(help.find("Subcommands:")), "^  ([a-z]+)  ");
+    return firstGroups(help.substr(help.find("Verbs:")), "^  ([a-z]+)  ");
 }
 
 /// "-h,--help", "--json", ...

@@ -330,6 +330,13 @@ TEST_F(SetVerb, LinesComeFromAFileOrStandardInput) {
     EXPECT_EQ(run("set", {}).status, 2);
 }
 
+TEST_F(SetVerb, LinesMayBeginWithAByteOrderMark) {
+    folder.write(L"lines.txt", "\xEF\xBB\xBFSystem/RunType=CinemaRun\r\n");
+    const std::string lines = (folder.path() / "lines.txt").string();
+    EXPECT_EQ(runTool({"set", "--from", lines, "--quiet", file()}).status, 0);
+    EXPECT_EQ(runTool({"get", file(), "System/RunType"}).output, "CinemaRun\n");
+}
+
 TEST_F(SetVerb, UnsetTellsWhatCountsNow) {
     const ToolRun unset = run("unset", {"Projector[Dome 2]/Box_Spacing", "Geometry/Fit_Solver"});
     EXPECT_EQ(unset.status, 0);

@@ -10,6 +10,7 @@
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 using Arguments = std::vector<std::string>;
 
@@ -67,9 +68,8 @@ TEST_F(Tool, HelpsEverywhere) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output, HasSubstr("only \"]\" is written twice"));
-    EXPECT_THAT(run.output,
-                HasSubstr("Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be read or "
-                          "written, or is no\nconfiguration."));
+    EXPECT_THAT(run.output, HasSubstr("Exit status: 0 done, 1 not found or refused, 2 wrong usage, 3 a file cannot be\n"
+                                      "read or written, or is no configuration."));
     EXPECT_THAT(verbNames(), testing::ElementsAre("new", "show", "get", "set", "unset", "describe", "check", "layout",
                                                   "diff", "upgrade"));
     for (const std::string& verb : verbNames()) {
@@ -77,6 +77,21 @@ TEST_F(Tool, HelpsEverywhere) {
         EXPECT_EQ(help.status, 0);
         EXPECT_THAT(help.output, HasSubstr("xmlconfig " + verb + " "));
         EXPECT_THAT(help.output, HasSubstr("Exit status:"));
+    }
+}
+
+TEST_F(Tool, HelpIsWrittenForPeople) {
+    EXPECT_THAT(runTool({"help", "set"}).output, StartsWith("Change the values at addresses, all or none\n\n"
+                                                            "Usage: xmlconfig set [OPTIONS] FILE [CHANGE...]\n\n"
+                                                            "Operands:\n  FILE                    The file to change\n"));
+    const std::string check = runTool({"help", "check"}).output;
+    for (const char* option : {"\n  --fix[=RULE,...]        Do", "\n  --wait SECONDS          How", "\n  --color WHEN  "})
+        EXPECT_THAT(check, HasSubstr(option));
+    EXPECT_THAT(runTool({"help", "diff"}).output, HasSubstr("Usage: xmlconfig diff [OPTIONS] OLD NEW\n"));
+    for (const std::string& verb : verbNames()) {
+        const std::string help = runTool({verb, "--help"}).output;
+        EXPECT_THAT(help, Not(HasSubstr("REQUIRED"))) << verb;
+        EXPECT_EQ(firstGroups(help, "(.{81})"), Arguments()) << verb;
     }
 }
 
@@ -101,6 +116,19 @@ TEST_F(Tool, WrongUsageIsStatusTwo) {
         EXPECT_EQ(run.output, "");
         EXPECT_THAT(run.errors, StartsWith("xmlconfig: "));
     }
+}
+
+TEST_F(Tool, NamesTheOptionThatIsNearest) {
+    expectRun(runTool({"get", "--orign", "x", "System"}), 2, "",
+              "xmlconfig: The following argument was not expected: --orign; did you mean \"--origin\"?\n"
+              "xmlconfig: see 'xmlconfig get --help'\n");
+    expectRun(runTool({"layout", "x", "y"}), 2, "",
+              "xmlconfig: The following argument was not expected: y\nxmlconfig: see 'xmlconfig layout --help'\n");
+}
+
+TEST_F(Tool, TellsThatStandardInputIsEmpty) {
+    for (const std::string verb : {"show", "check", "layout"})
+        expectRun(runToolReading("", {verb, "-"}), 3, "", "xmlconfig: standard input: is empty\n");
 }
 
 TEST_F(Tool, VersionsAreSpeltInOneWay) {
@@ -128,7 +156,8 @@ TEST_F(Tool, ArgumentsMustBeUtf8) {
 
 TEST_F(Tool, UnreadableFilesAreRefused) {
     const std::string missing = path("missing.skorrax");
-    const std::string message = "xmlconfig: Error parseDataFile: Can not open file: " + missing + "\n";
+    const std::string message =
+        "xmlconfig: Error parseDataFile: Can not open file: " + missing + "; there is no such file\n";
     expectRun(runTool({"show", missing}), 3, "", message);
     expectRun(runTool({"check", missing}), 3, "", message);
     expectRun(runTool({"get", missing, "System"}), 3, "", message);
@@ -150,6 +179,10 @@ TEST_F(Tool, WhatCannotBeOpenedIsToldWithTheReason) {
         expectRun(runTool({verb, readOnly}), 3, "",
                   start + readOnly + "; nobody may write it, and such a file is not opened\n");
     }
+    const std::string empty = fileOf("", "empty.skorrax");
+    expectRun(runTool({"show", empty}), 3, "",
+              "xmlconfig: Error parseDataFile: Error during parsing: " + empty +
+                  " XML message is: line 1, column 1: invalid document structure; the file is empty\n");
     EXPECT_THAT(runTool({"upgrade", directory}).errors, testing::EndsWith("; it is a folder\n"));
     std::filesystem::permissions(std::filesystem::u8path(readOnly), std::filesystem::perms::owner_all);
 }

@@ -298,13 +298,22 @@ TEST_F(UpgradeVerb, VersionThatIsNoNumberCountsAsNone) {
 TEST_F(UpgradeVerb, LogLinesTakeThePlaceOfTheProgress) {
     const std::string one = write("1.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
     const std::string two = write("2.skorrax", "8.0");
-    const std::optional<TerminalRun> run = runOnATerminal({"upgrade", "--verbose", one, two}, ToTerminal::Errors);
+    const std::optional<TerminalRun> run =
+        runOnATerminal({"upgrade", "--verbose", one, two}, ToTerminal::Errors, "TERM=xterm");
     if (!run) GTEST_SKIP() << "no terminal can be made here";
     EXPECT_EQ(run->status, 1);  // a camera is lost
     EXPECT_THAT(run->shown,     // "encounterd" is misspelt on purpose
                 StartsWith("\r1/2 " + one + "\x1b[K\r\x1b[Kxmlconfig: WARN:    -> converting 8.000 file to 9.000\r\n" +
                            "\r\x1b[Kxmlconfig: ERROR: Unknown camera type encounterd (7), removing this section\r\n" +
                            "\r\x1b[K" + "\r2/2 " + two + "\x1b[K\r\x1b[Kxmlconfig: WARN: "));
+}
+
+TEST_F(UpgradeVerb, ShowsNoProgressOnATerminalThatCannotOverwriteIt) {
+    const std::string one = write("1.skorrax", "8.0");
+    const std::string two = write("2.skorrax", "8.0");
+    const std::optional<TerminalRun> run = runOnATerminal({"upgrade", one, two}, ToTerminal::Errors, "TERM=dumb");
+    if (!run) GTEST_SKIP() << "no terminal can be made here";
+    EXPECT_EQ(run->shown, "");
 }
 
 TEST_F(UpgradeVerb, WithoutFilesIsWrongUsage) { EXPECT_EQ(runTool({"upgrade"}).status, 2); }

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "tests/support/CurrentFile.h"
 #include "tests/support/ToolFiles.h"
@@ -23,6 +24,34 @@ TEST_F(ToolFileNames, AHyphenAtTheStartIsNoOptionInCommands) {
     const std::string inFolder = "cd " + shellQuoted(std::filesystem::path(example()).parent_path().string()) + " && ";
     fileOf(exampleText(), "-x.skorrax");
     EXPECT_THAT(runTool({"show", "--", "-x.skorrax"}, inFolder).output, HasSubstr(" (xmlconfig check ./-x.skorrax)\n"));
+}
+
+TEST_F(ToolFileNames, MissingRightsAreToldAsTheReason) {
+    const bool isRoot = ::geteuid() == 0;  // who may do everything
+    const std::string asUser = isRoot ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
+    if (runTool({"--version"}, asUser).status != 0) GTEST_SKIP() << "the tool cannot be run by another user";
+    const std::string file = fileOf(exampleText(), "hall.skorrax");
+    const std::string around = std::filesystem::path(file).parent_path().string();
+    const auto expectReason = [&](const std::string& reason) {
+        expectRun(runTool({"show", file}, asUser), 3, "",
+                  "xmlconfig: Error parseDataFile: Can not open file: " + file + "; " + reason + "\n");
+    };
+    ASSERT_EQ(::chmod(around.c_str(), 0755), 0);
+    ASSERT_EQ(::chmod(file.c_str(), 0200), 0);
+    expectReason("it may not be read by you");
+    ASSERT_EQ(::chmod(file.c_str(), 0644), 0);
+    if (isRoot) expectReason("it may not be written by you, and such a file is not opened");
+    ASSERT_EQ(::chmod(around.c_str(), 0600), 0);
+    expectReason("its folder may not be entered by you");
+    ASSERT_EQ(::chmod(around.c_str(), 0700), 0);
+}
+
+TEST_F(ToolFileNames, StandardInputMayBeNoneToRead) {
+    const std::string told = "xmlconfig: standard input: cannot be read\n";
+    for (const std::string& input : {std::string("<&-"), std::string("</")}) {
+        expectRun(runTool({"show", "-"}, input), 3, "", told);
+        expectRun(runTool({"set", "--from", "-", example()}, input), 3, "", told);
+    }
 }
 
 TEST_F(ToolFileNames, APipeIsToldAsTheReason) {
