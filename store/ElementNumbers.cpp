@@ -42,7 +42,7 @@ private:
     /// comparisons tell of most elements that nobody asks for them.
     void walk(const DOMElement& element) {
         const std::uintptr_t address = addressOf(&element);
-        if (address >= m_nextAddress || address < m_lastAddress) meet(element);
+        if (address >= m_nextAddress || address <= m_lastAddress) meet(element);
         ++m_count;
         for (const DOMElement* child = firstElementIn(element); child != nullptr; child = elementAfter(*child)) walk(*child);
     }
@@ -64,7 +64,7 @@ private:
 
     std::vector<Asked> m_asked;
     std::size_t m_next = 0;
-    std::uintptr_t m_lastAddress = 0;  // nobody asks for what lies between these two
+    std::uintptr_t m_lastAddress = 0;  // nobody asks for what lies between these two; this one may come later
     std::uintptr_t m_nextAddress = 0;
     std::size_t m_count = 0;
     std::vector<NumberedElement> m_met;
