@@ -182,7 +182,7 @@ void StrictParser::countName(const xercesc::XMLElementDecl& declaration) {
 }
 
 DOMElement& StrictParser::makeElement(const unsigned int uri, const XMLCh* const prefix, const XMLCh* const name) {
-    if (uri == getScanner()->getEmptyNamespaceId()) return *createElementNS(nullptr, nullptr, name, name);
+    if (uri == getScanner()->getEmptyNamespaceId()) return *fDocument->createElementNoCheck(name);
     const XMLCh* const uriText = getScanner()->getURIText(uri);
     if (view(prefix).empty()) return *createElementNS(uriText, nullptr, name, name);
     const std::u16string fullName = std::u16string(view(prefix)).append(u":").append(view(name));

@@ -266,8 +266,11 @@ void addAttribute(DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOM
 DOMElement& copyAlone(const DOMElement& element, DOMDocument& document) {
     if (!linksAreKnown()) return static_cast<DOMElement&>(*document.importNode(&element, false));
     using Memory = xercesc::DOMMemoryManager;
-    DOMElement& copy = *new (&document, Memory::ELEMENT_NS_OBJECT) xercesc::DOMElementNSImpl(
-        &document, element.getNamespaceURI(), element.getPrefix(), element.getLocalName(), element.getNodeName());
+    const XMLCh* const uri = element.getNamespaceURI();
+    const XMLCh* const name = element.getNodeName();
+    DOMElement& copy = uri == nullptr ? *static_cast<DOMDocumentImpl&>(document).createElementNoCheck(name)
+                                      : *new (&document, Memory::ELEMENT_NS_OBJECT) xercesc::DOMElementNSImpl(
+                                            &document, uri, element.getPrefix(), element.getLocalName(), name);
     const xercesc::DOMNamedNodeMap& attributes = *element.getAttributes();
     reserveAttributes(copy, attributes.getLength());
     for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
