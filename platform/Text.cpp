@@ -1,11 +1,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <type_traits>
-
-#include "platform/Utf16.h"
 
 namespace XMLConfig::detail {
 namespace {
@@ -164,23 +160,6 @@ std::basic_string<Out> converted(std::basic_string_view<Unit> text) {
     return out;
 }
 
-/// Converts as many steps of characters as are ASCII; gives how many characters that were.
-template <std::size_t step>
-std::size_t convertAscii(std::string_view bytes, unsigned char* units) {
-    std::size_t count = 0;
-    for (; bytes.size() - count >= step; count += step) {
-        std::array<unsigned char, step> from;
-        std::memcpy(from.data(), bytes.data() + count, step);
-        std::array<char16_t, step> to;
-        unsigned all = 0;
-        for (std::size_t i = 0; i < step; ++i) all |= from[i];
-        for (std::size_t i = 0; i < step; ++i) to[i] = from[i];
-        if (all >= 0x80) break;
-        std::memcpy(units + count * sizeof(char16_t), to.data(), sizeof to);
-    }
-    return count;
-}
-
 constexpr bool xmlHolds(char32_t character) {
     if (character < 0x20) return character == 0x9 || character == 0xA || character == 0xD;
     return character != illFormed && character != 0xFFFE && character != 0xFFFF;
@@ -195,31 +174,6 @@ std::wstring fromUtf16(std::u16string_view text) { return converted<wchar_t>(tex
 
 void appendUtf16(std::u16string& out, std::wstring_view text) { convertAndAppend(out, text); }
 void appendUtf8(std::string& out, std::u16string_view text) { convertAndAppend(out, text); }
-
-Conversion convertUtf8(std::string_view bytes, unsigned char* units) {
-    const char* const end = bytes.data() + bytes.size();
-    const char* at = bytes.data();
-    unsigned char* put = units;
-    while (at != end) {
-        const std::size_t plain = convertAscii<32>({at, static_cast<std::size_t>(end - at)}, put);
-        at += plain;
-        put += plain * sizeof(char16_t);
-        for (int i = 0; i < 32 && at != end; ++i) {
-            const char* next = at;
-            const char32_t character = takeUtf8(next, end);
-            if (character == illFormed)
-                return {static_cast<std::size_t>(at - bytes.data()),
-                        static_cast<std::size_t>(put - units) / sizeof(char16_t)};
-            std::array<char16_t, 2> pair;
-            const std::size_t size =
-                static_cast<std::size_t>(putUtf16(pair.data(), character) - pair.data()) * sizeof(char16_t);
-            std::memcpy(put, pair.data(), size);
-            put += size;
-            at = next;
-        }
-    }
-    return {bytes.size(), static_cast<std::size_t>(put - units) / sizeof(char16_t)};
-}
 
 bool equal(std::u16string_view left, std::wstring_view right) {
     if (left.size() < right.size()) return false;

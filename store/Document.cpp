@@ -36,10 +36,9 @@ bool Document::parseDataFile(const std::wstring& path) {
     FileState state;
     take(path, [&] {
         state = FileState::before(path);
-        ContentHash content;
-        ParsedTree tree = parseFile(path, content);
-        state.wasRead(content.value());
-        return tree;
+        ParsedTree parsed = parseFile(path);
+        state.wasRead(parsed.content.value());
+        return parsed;
     });
     file = std::move(state);
     return true;
@@ -83,7 +82,7 @@ void Document::initializeDOM() {
         add(buildDateElement, buildDate);
         add(buildNumberElement, buildNumber());
         add(makerElement, makerName);
-        adopt({std::move(made), {}});
+        adopt({std::move(made)});
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(L"Error initializeDataFile: DOMException code is: " + formatInteger(exception.code));
     } catch (...) {

@@ -49,25 +49,21 @@ private:
 /// The bytes of a file of any name, for a parser. Its stream throws FileError.
 std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 
-/// A tree that was parsed, and its comments in document order, those beside the document element left out.
+/// What a text was parsed to.
 struct ParsedTree {
-    DocumentPointer document;
-    std::vector<const xercesc::DOMComment*> comments;
+    DocumentPointer document = {};                          ///< has a document element
+    std::vector<const xercesc::DOMComment*> comments = {};  ///< in that element, in document order
+    ContentHash content = {};                               ///< of the text's bytes
+    int levels = 0;                                         ///< of nested elements
+    int namespaces = 0;                                     ///< declared at most in one element and those around it
 };
 
-/// Parses a file as it is read. What it gives has a document element. Throws ParseFailure for text that is not well-formed,
-/// holds a document type or goes beyond these limits, and FileError when reading fails. `content` becomes that of the file.
-ParsedTree parseFile(const std::wstring& path, ContentHash& content);
+/// Parses a file as it is read. Throws ParseFailure for text that is not well-formed, holds a document type or goes beyond
+/// these limits, and FileError when reading fails.
+ParsedTree parseFile(const std::wstring& path);
 /// Parses a file's bytes, by the same rules.
 ParsedTree parseBytes(const std::string& bytes);
-
-/// An element in a document of its own.
-struct ParsedElement {
-    DocumentPointer document;
-    int levels = 0;      ///< of nested elements, itself counted
-    int namespaces = 0;  ///< declared at most in one of its elements and those around that
-};
 /// Parses one element given as UTF-8. Throws ParseFailure for anything else, and for XML 1.1.
-ParsedElement parseElement(const std::string& text);
+ParsedTree parseElement(const std::string& text);
 
 }  // namespace XMLConfig::detail

@@ -34,7 +34,7 @@ NewElement makeElement(const ElementParts& parts, Tree& tree) {
 }
 
 NewElement readElement(const std::string& text, Tree& tree) {
-    const ParsedElement parsed = parseElement(text);
+    const ParsedTree parsed = parseElement(text);
     return {tree.copy(*parsed.document->getDocumentElement()), parsed.levels, parsed.namespaces};
 }
 

@@ -17,9 +17,9 @@ using xercesc::DOMElement;
 
 namespace {
 
-// A parser that knows names of more than this weight is not used again.
-constexpr XMLSize_t heaviestNames = 256 * 1024;
-constexpr XMLSize_t weightOfName = 256;  // besides its characters
+// A parser that has read more than this is not used again: it holds the memory of its longest text, and all names.
+constexpr XMLFilePos mostBytes = 4 * 1024 * 1024;
+constexpr XMLSize_t mostNames = 1024;
 
 /// Whether an error of the library comes of what decodes UTF-8.
 bool isOfUtf8(unsigned int code, const XMLCh* domain) {
@@ -47,10 +47,11 @@ DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) 
     return document;
 }
 
-bool StrictParser::isFitForMore() const {
+bool StrictParser::isFitForMore(const XMLFilePos size) {
+    m_size += size;
     const bool isXml11 = getScanner()->getXMLVersion() == xercesc::XMLReader::XMLV1_1;
-    return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces && m_weightOfNames <= heaviestNames &&
-           m_elementNames <= m_isOldNameMet.size();
+    return !isXml11 && m_namespaces.getStringCount() <= maximumNamespaces && m_elementNames <= mostNames &&
+           m_size <= mostBytes;
 }
 
 void StrictParser::error(const unsigned int code, const XMLCh* const domain, const xercesc::XMLErrorReporter::ErrTypes type,
@@ -79,9 +80,6 @@ void StrictParser::beginText() {
     m_levels = 0;
     m_comments.clear();
     m_namespaces.forget();
-    m_oldElementNames = m_elementNames;
-    m_isOldNameMet.reset();
-    m_oldNamesMet = 0;
 }
 
 void StrictParser::startDocument() {
@@ -169,15 +167,8 @@ void StrictParser::enterLevel(const XMLSize_t attributeCount) {
 
 // The library numbers the names from 1 as it meets them.
 void StrictParser::countName(const xercesc::XMLElementDecl& declaration) {
-    const XMLSize_t number = declaration.getId();
-    if (number <= m_oldElementNames) {
-        m_oldNamesMet += m_isOldNameMet[number - 1] ? 0 : 1;
-        m_isOldNameMet[number - 1] = true;
-    } else if (number > m_elementNames) {
-        m_elementNames = number;
-        m_weightOfNames += weightOfName + view(declaration.getBaseName()).size();
-    }
-    if (m_elementNames - m_oldElementNames + m_oldNamesMet > maximumNames)
+    m_elementNames = std::max<XMLSize_t>(m_elementNames, declaration.getId());
+    if (m_elementNames > maximumNames)
         refuse(L"The elements have more than " + formatInteger(maximumNames) + L" different names");
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bitset>
 #include <utility>
 #include <vector>
 #include <xercesc/dom/DOMComment.hpp>
@@ -29,9 +28,9 @@ public:
     [[nodiscard]] int levels() const { return m_levels; }
     /// How many namespaces were declared at most in one element and those around it.
     [[nodiscard]] int namespaces() const { return m_namespaces.most(); }
-    /// Whether another text may be read: the library forgets neither the version of XML nor the names of elements and
-    /// namespaces. A few names are worth keeping, for the next text mostly has the same.
-    [[nodiscard]] bool isFitForMore() const;
+    /// Whether another text may be read, after one of so many bytes: the library forgets neither the version of XML nor the
+    /// names of elements and namespaces. A few names are worth keeping, for the next text mostly has the same.
+    [[nodiscard]] bool isFitForMore(XMLFilePos size);
 
     void error(unsigned int code, const XMLCh* domain, xercesc::XMLErrorReporter::ErrTypes type, const XMLCh* text,
                const XMLCh* systemId, const XMLCh* publicId, XMLFileLoc line, XMLFileLoc column) override;
@@ -95,11 +94,8 @@ private:
     std::vector<const xercesc::DOMComment*> m_comments;
     int m_depth = 0;
     int m_levels = 0;
-    XMLSize_t m_elementNames = 0;      // that the library knows
-    XMLSize_t m_oldElementNames = 0;   // and knew where the text began
-    std::bitset<1024> m_isOldNameMet;  // in the text
-    XMLSize_t m_oldNamesMet = 0;
-    XMLSize_t m_weightOfNames = 0;
+    XMLSize_t m_elementNames = 0;  // that the library knows, of all texts
+    XMLFilePos m_size = 0;         // of all texts
     NameCounter m_names;
     XMLFileLoc m_endLine = 1;
     XMLFileLoc m_endColumn = 1;

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Utf16.h"
 #include "platform/Words.h"
 
 namespace {
@@ -220,26 +219,6 @@ TEST(Words, AreComparedCutJoinedAndCounted) {
 TEST(Letters, AreEscapedForXml) {
     EXPECT_EQ(escapedForXml(L"a<b>&\"c'\u65e5"), L"a&lt;b&gt;&amp;&quot;c'\u65e5");
     EXPECT_EQ(escapedForXml(L""), L"");
-}
-
-TEST(Utf8, IsConvertedUpToTheFirstFault) {
-    using XMLConfig::detail::convertUtf8;
-    const std::string pieces[] = {
-        "a", std::string(40, 'b'), "\xc3\xa4", "\xe2\x82\xac", "\xf0\x9f\x98\x80", std::string(1, '\0')};
-    const std::string faults[] = {"", "\xff", "\xc3", "\xe2\x82", "\xf0\x9f\x98", "\xed\xa0\x80", "\xc0\x80"};
-    std::mt19937 random(7);
-    for (int i = 0; i < 5000; ++i) {
-        std::string text;
-        for (auto count = random() % 12; count > 0; --count) text += pieces[random() % std::size(pieces)];
-        const std::string& fault = faults[random() % std::size(faults)];
-        const std::string all = text + fault + (fault.empty() || random() % 2 == 0 ? "" : "more");
-        std::vector<unsigned char> bytes(all.size() * 2 + 1);
-        const auto made = convertUtf8(all, bytes.data() + 1);  // at an odd address
-        ASSERT_EQ(made.bytesRead, text.size());
-        std::u16string units(made.unitsWritten, u'\0');
-        std::copy_n(bytes.data() + 1, 2 * units.size(), reinterpret_cast<unsigned char*>(units.data()));
-        ASSERT_EQ(units, toUtf16(fromUtf8(text)));
-    }
 }
 
 }  // namespace

@@ -143,6 +143,16 @@ TEST(BadFile, WrongBytesAreToldAtTheirPlace) {
     }
 }
 
+TEST(BadFile, WrongBytesAreRefusedWhereverTheReadersBuffersEnd) {
+    for (const std::string wrong :
+         {"\xff", "\xc3", "\xe2\x82", "\xf0\x9f\x98", "\xed\xa0\x80", "\xc0\x80", "\xf4\x90\x80\x80"}) {
+        for (const std::size_t size : {0U, 16377U, 49145U}) {
+            for (std::size_t offset = 0; offset < 8; ++offset)
+                expectMalformed("<a>" + std::string(size + offset, 'y') + wrong + "</a>", "wrong bytes");
+        }
+    }
+}
+
 TEST(BadFile, EnormousIsLoaded) {
     const TemporaryFolder folder;
     std::string text = "<ConfigInfo><Version>9.000</Version>\n";

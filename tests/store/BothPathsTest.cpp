@@ -176,8 +176,7 @@ TEST(BothPaths, ReadFilesAlikeOneAfterTheOther) {
         const std::string text = i % 3 == 0 ? random.spoiled() : random.document();
         SCOPED_TRACE(text);
         const std::wstring path = folder.write(L"a.skorrax", text);
-        XMLConfig::detail::ContentHash content;
-        const std::string read = outcome([&] { return XMLConfig::detail::parseFile(path, content).document; });
+        const std::string read = outcome([&] { return XMLConfig::detail::parseFile(path).document; });
         const std::string alone = outcome([&]() -> XMLConfig::detail::DocumentPointer {
             try {
                 return XMLConfig::detail::StrictParser().parseDocument(*XMLConfig::detail::fileSource(path));
