@@ -1,7 +1,7 @@
 #!/bin/sh
 # Measures and makes docs/performance.md of what was measured.
 #   sh bench/report.sh                  all parts that take minutes: times, counts, start, growth
-#   sh bench/report.sh PART...          these parts: times, counts, start, growth, or large, which takes minutes and 5 GB
+#   sh bench/report.sh PART...          these parts: times, counts, start, growth, or get and large, which take minutes and 5 GB
 #   sh bench/report.sh page             only the page, of what bench/results/ keeps
 # ROUNDS=N: how often times are measured (11). The release must have been built with its benchmarks, as ./do bench does.
 set -eu
@@ -46,12 +46,14 @@ measureCounts() {
                 ratio($4), ratio($5), ratio($6)
         }'
     echo
-    for projectors in 100 1000 10000; do echo "$projectors $(count get "$projectors")"; done | awk '
+    sh bench/counts.sh
+}
+
+measureGet() {
+    for projectors in 100 1000 10000 100000; do echo "$projectors $(count get "$projectors")"; done | awk '
         { one = $2 / ($1 * 57.5) }  # items that a projector and half a camera have
         NR == 1 { first = one }
-        { printf "a get of %5d projectors takes %.0f instructions, %.3f of what it takes of 100\n", $1, one, one / first }'
-    echo
-    sh bench/counts.sh
+        { printf "a get of %6d projectors takes %.0f instructions, %.3f of what it takes of 100\n", $1, one, one / first }'
 }
 
 measureStart() {
@@ -69,6 +71,7 @@ measure() {
     case $1 in
         times) measureTimes ;;
         counts) measureCounts ;;
+        get) measureGet ;;
         start) measureStart ;;
         growth) "$programs/xmlconfig_growth" ;;
         large) measureLarge ;;
