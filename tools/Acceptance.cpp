@@ -126,7 +126,7 @@ std::vector<NewComment> accept(ConfigInfo& document, const Request& request, XML
     return comments;
 }
 
-std::wstring acceptanceText(const std::vector<NewComment>& comments, const ConfigInfo& document, const Request& request) {
+std::wstring acceptedText(const std::vector<NewComment>& comments, const ConfigInfo& document, const Request& request) {
     const Showing showing(document);
     std::wstring text;
     std::size_t findings = 0;

@@ -24,6 +24,6 @@ void refuseWrongAcceptance(const Request& request);
 /// of it is accepted already, and CorvaneException for a reason that no comment can hold.
 std::vector<NewComment> accept(ConfigInfo& document, const Request& request, XMLConfig::CheckOptions options);
 /// A line for each comment, and one with their number.
-std::wstring acceptanceText(const std::vector<NewComment>& comments, const ConfigInfo& document, const Request& request);
+std::wstring acceptedText(const std::vector<NewComment>& comments, const ConfigInfo& document, const Request& request);
 
 }  // namespace tool

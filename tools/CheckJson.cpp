@@ -13,12 +13,12 @@ using XMLConfig::Severity;
 
 Json numberOrNull(const std::optional<unsigned long long>& line) { return line ? Json(*line) : Json(nullptr); }
 
-Json placesOf(const CheckedFile::Place& place) {
+Json placesOf(const CheckedFile::LocatedFinding& located) {
     Json places = Json::array();
-    for (std::size_t i = 0; i < place.finding.places.size(); ++i) {
-        const XMLConfig::FindingPlace& other = place.finding.places[i];
+    for (std::size_t i = 0; i < located.finding.places.size(); ++i) {
+        const XMLConfig::FindingPlace& other = located.finding.places[i];
         places.push_back({{"address", jsonText(other.address)},
-                          {"line", numberOrNull(place.otherLines[i])},
+                          {"line", numberOrNull(located.otherLines[i])},
                           {"text", jsonText(other.text)}});
     }
     return places;
@@ -34,16 +34,16 @@ Json mendOf(const Finding& finding, const std::string& file) {
     return {{"safety", jsonText(nameOf(finding.mend.safety))}, {"commands", commands}};
 }
 
-Json jsonOf(const CheckedFile::Place& place, const std::string& file) {
-    const Finding& finding = place.finding;
+Json jsonOf(const CheckedFile::LocatedFinding& located, const std::string& file) {
+    const Finding& finding = located.finding;
     return {{"rule", jsonText(finding.rule)},
             {"name", jsonText(finding.name)},
             {"severity", jsonText(nameOf(finding.severity))},
             {"address", jsonText(finding.address)},
             {"device", finding.device.empty() ? Json(nullptr) : jsonText(finding.device)},
-            {"line", numberOrNull(place.line)},
-            {"message", jsonText(messageOf(place))},
-            {"places", placesOf(place)},
+            {"line", numberOrNull(located.line)},
+            {"message", jsonText(messageOf(located))},
+            {"places", placesOf(located)},
             {"mend", mendOf(finding, file)}};
 }
 
@@ -67,7 +67,8 @@ Json jsonOf(const CheckedFile& checked) {
     json["notes"] = checked.count(Severity::Note);
     json["accepted"] = checked.acceptedFindings;
     json["findings"] = Json::array();
-    for (const CheckedFile::Place& place : checked.findings) json["findings"].push_back(jsonOf(place, checked.file));
+    for (const CheckedFile::LocatedFinding& located : checked.findings)
+        json["findings"].push_back(jsonOf(located, checked.file));
     return json;
 }
 

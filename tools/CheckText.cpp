@@ -17,7 +17,7 @@ namespace {
 
 using XMLConfig::Finding;
 using XMLConfig::Severity;
-using Place = CheckedFile::Place;
+using LocatedFinding = CheckedFile::LocatedFinding;
 
 /// What a finding says. Findings of one rule that say the same may share a line.
 std::wstring_view wordsOf(const Finding& finding) {
@@ -53,7 +53,7 @@ public:
 
     std::wstring make() const {
         std::wstring text;
-        const std::vector<Place>& all = m_checked.findings;
+        const std::vector<LocatedFinding>& all = m_checked.findings;
         for (std::size_t begin = 0, end = 0; begin < all.size(); begin = end) {
             while (end < all.size() && all[end].finding.rule == all[begin].finding.rule) ++end;
             addRule(text, begin, end);
@@ -81,12 +81,12 @@ private:
         }
     }
 
-    [[nodiscard]] std::wstring line(const Place& place) const {
-        const Finding& finding = place.finding;
+    [[nodiscard]] std::wstring line(const LocatedFinding& located) const {
+        const Finding& finding = located.finding;
         const std::wstring start = head(finding, m_isColoured);
-        if (finding.address.empty()) return start + printable(messageOf(place)) + L"\n";
-        const std::wstring number = place.line ? L":" + std::to_wstring(*place.line) : L"";
-        return start + m_file + number + L" " + shownAddress(finding, m_showing) + L": " + printable(messageOf(place)) +
+        if (finding.address.empty()) return start + printable(messageOf(located)) + L"\n";
+        const std::wstring number = located.line ? L":" + std::to_wstring(*located.line) : L"";
+        return start + m_file + number + L" " + shownAddress(finding, m_showing) + L": " + printable(messageOf(located)) +
                L"\n";
     }
 
@@ -117,9 +117,9 @@ private:
     /// How many findings --fix would mend, and the command for that.
     [[nodiscard]] std::wstring mendHint() const {
         std::map<Severity, std::size_t> counts;
-        for (const Place& place : m_checked.findings) {
-            if (isMendedByFix(place.finding)) ++counts[place.finding.severity];
-            else if (forbidsMending(place.finding) || place.finding.rule == L"XC101") return L"";
+        for (const LocatedFinding& located : m_checked.findings) {
+            if (isMendedByFix(located.finding)) ++counts[located.finding.severity];
+            else if (forbidsMending(located.finding) || located.finding.rule == L"XC101") return L"";
         }
         std::wstring text;
         for (const auto& [severity, count] : counts) text += (text.empty() ? L"" : L", ") + counted(count, nameOf(severity));
@@ -128,8 +128,8 @@ private:
 
     /// The command that draws the channels that something was found about.
     [[nodiscard]] std::wstring pictureHint() const {
-        const auto isOfChannels = [](const Place& place) {
-            return place.finding.severity != Severity::Note && place.finding.rule.compare(0, 3, L"XC3") == 0;
+        const auto isOfChannels = [](const LocatedFinding& located) {
+            return located.finding.severity != Severity::Note && located.finding.rule.compare(0, 3, L"XC3") == 0;
         };
         if (m_file == L"-" || std::none_of(m_checked.findings.begin(), m_checked.findings.end(), isOfChannels)) return L"";
         return L"  a picture: xmlconfig layout --svg layout.svg " +
@@ -145,13 +145,14 @@ private:
 }  // namespace
 
 std::size_t CheckedFile::count(Severity severity) const {
-    const auto isOfIt = [&](const Place& place) { return place.finding.severity == severity; };
+    const auto isOfIt = [&](const LocatedFinding& located) { return located.finding.severity == severity; };
     return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isOfIt));
 }
 
-std::wstring messageOf(const Place& place) {
-    if (place.finding.rule != L"XC106" || place.otherLines.empty() || !place.otherLines[0]) return place.finding.message;
-    return L"is hidden by that in line " + std::to_wstring(*place.otherLines[0]);
+std::wstring messageOf(const LocatedFinding& located) {
+    if (located.finding.rule != L"XC106" || located.otherLines.empty() || !located.otherLines[0])
+        return located.finding.message;
+    return L"is hidden by that in line " + std::to_wstring(*located.otherLines[0]);
 }
 
 std::wstring findingText(const Finding& finding, const Showing& showing, bool isColoured) {

@@ -14,7 +14,7 @@ namespace tool {
 
 /// What the check of one file gave.
 struct CheckedFile {
-    struct Place {
+    struct LocatedFinding {
         XMLConfig::Finding finding;
         std::optional<unsigned long long> line;
         std::vector<std::optional<unsigned long long>> otherLines;  ///< of the finding's places
@@ -27,7 +27,7 @@ struct CheckedFile {
     std::optional<std::vector<Change>> changes;  ///< by --fix
     std::vector<NewComment> comments;            ///< that were added
     std::size_t acceptedFindings = 0;            ///< how many more there are that comments accept
-    std::vector<Place> findings;
+    std::vector<LocatedFinding> findings;
 
     [[nodiscard]] std::size_t count(XMLConfig::Severity severity) const;
 };
@@ -39,6 +39,6 @@ std::wstring checkJson(const std::vector<CheckedFile>& checked, int exitStatus);
 /// A finding without its file: "warning[XC305] Projector[Dome 1]/...: message".
 std::wstring findingText(const XMLConfig::Finding& finding, const Showing& showing, bool isColoured);
 /// The message, with the line of the other place where it speaks of one.
-std::wstring messageOf(const CheckedFile::Place& place);
+std::wstring messageOf(const CheckedFile::LocatedFinding& located);
 
 }  // namespace tool

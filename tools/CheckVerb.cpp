@@ -81,18 +81,18 @@ std::vector<Turn> turnsOf(const std::vector<Finding>& findings, const Lines& lin
     return turns;
 }
 
-std::vector<CheckedFile::Place> withLines(std::vector<Finding> findings, const ConfigInfo& document,
-                                          const std::string& file) {
-    std::vector<CheckedFile::Place> result;
+std::vector<CheckedFile::LocatedFinding> withLines(std::vector<Finding> findings, const ConfigInfo& document,
+                                                   const std::string& file) {
+    std::vector<CheckedFile::LocatedFinding> result;
     if (findings.empty()) return result;
     const Lines lines = linesOf(findings, document, file);
     result.reserve(findings.size());
     for (const Turn& turn : turnsOf(findings, lines)) {
-        CheckedFile::Place& place = result.emplace_back();
-        place.finding = std::move(findings[turn.index]);
+        CheckedFile::LocatedFinding& located = result.emplace_back();
+        located.finding = std::move(findings[turn.index]);
         const auto own = lines.begin() + static_cast<std::ptrdiff_t>(turn.lines);
-        place.line = *own;
-        place.otherLines.assign(own + 1, own + 1 + static_cast<std::ptrdiff_t>(place.finding.places.size()));
+        located.line = *own;
+        located.otherLines.assign(own + 1, own + 1 + static_cast<std::ptrdiff_t>(located.finding.places.size()));
     }
     return result;
 }
@@ -141,7 +141,7 @@ CheckedFile acceptInFile(const Request& request, const std::string& file, std::w
     checked.comments = accept(*document, request, optionsOf(request, file, std::nullopt));
     checked.isWritten = !request.dryRun;
     if (!request.dryRun) saveDocument(*document, file);
-    if (!request.json) text = acceptanceText(checked.comments, *document, request);
+    if (!request.json) text = acceptedText(checked.comments, *document, request);
     text += addFindings(checked, *document, request, std::nullopt, request.dryRun ? "" : file);
     return checked;
 }
@@ -153,7 +153,7 @@ CheckedFile acceptInFile(const Request& request, const std::string& file, std::w
 
 /// The findings that may be mended: those from before, and those about comments that accept nothing any more. The former
 /// were found without a look for files, so that a comment that accepts a missing file needs another check.
-std::vector<Finding> toMend(const ConfigInfo& document, const Before& before, const Request& request,
+std::vector<Finding> toMend(const ConfigInfo& document, const DocumentBefore& before, const Request& request,
                             const std::string& file) {
     XMLConfig::CheckOptions options = optionsOf(request, file, std::nullopt);
     options.onlyRules = {L"XC910"};
@@ -168,7 +168,7 @@ std::wstring fixInFile(CheckedFile& checked, const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(checked.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(checked.file);
     requireLatestVersion(*document, checked.file);
-    const Before before(*document, checked.file);
+    const DocumentBefore before(*document, checked.file);
     const std::vector<Change> changes =
         mend(*document, toMend(*document, before, request, checked.file), request, checked.file);
     const FindingChange findings = compareFindings(before.findings, findingsOf(*document, checked.file));

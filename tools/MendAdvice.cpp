@@ -15,7 +15,7 @@ namespace {
 using XMLConfig::Finding;
 using XMLConfig::MendSafety;
 using XMLConfig::Severity;
-using Places = std::vector<CheckedFile::Place>;
+using LocatedFindings = std::vector<CheckedFile::LocatedFinding>;
 
 bool isMendedWhenAsked(const Finding& finding) {
     return finding.mend.safety == MendSafety::Asked && !finding.mend.commands.empty();
@@ -26,7 +26,7 @@ bool stopsEveryFix(const Finding& finding) {
     return forbidsMending(finding) && !isMendedWhenAsked(finding) && !isMendedByFix(finding);
 }
 
-bool isOfOldFile(const CheckedFile::Place& place) { return place.finding.rule == L"XC101"; }
+bool isOfOldFile(const CheckedFile::LocatedFinding& located) { return located.finding.rule == L"XC101"; }
 
 /// "2 errors, 1 warning".
 std::wstring countsText(const std::map<Severity, std::size_t>& counts) {
@@ -35,14 +35,14 @@ std::wstring countsText(const std::map<Severity, std::size_t>& counts) {
     return text;
 }
 
-std::wstring fixLine(const Places& findings, const std::wstring& file) {
+std::wstring fixLine(const LocatedFindings& findings, const std::wstring& file) {
     std::set<std::wstring> rules;
     std::map<Severity, std::size_t> counts;
-    for (const CheckedFile::Place& place : findings) {
-        if (stopsEveryFix(place.finding)) return L"";
-        if (!isMendedWhenAsked(place.finding)) continue;
-        rules.insert(place.finding.rule);
-        ++counts[place.finding.severity];
+    for (const CheckedFile::LocatedFinding& located : findings) {
+        if (stopsEveryFix(located.finding)) return L"";
+        if (!isMendedWhenAsked(located.finding)) continue;
+        rules.insert(located.finding.rule);
+        ++counts[located.finding.severity];
     }
     std::wstring list;
     for (const std::wstring& rule : rules) list += (list.empty() ? L"" : L",") + rule;
@@ -52,7 +52,7 @@ std::wstring fixLine(const Places& findings, const std::wstring& file) {
 
 }  // namespace
 
-std::wstring mendAdvice(const Places& findings, const std::string& file) {
+std::wstring mendAdvice(const LocatedFindings& findings, const std::string& file) {
     if (file == "-") return L"";
     const std::wstring word = printable(fileWord(XMLConfig::wideFromUtf8(file)));
     const bool isOld = std::any_of(findings.begin(), findings.end(), isOfOldFile);

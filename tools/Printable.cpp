@@ -10,17 +10,17 @@ namespace {
 
 constexpr std::size_t digits = 4;
 
-struct Range {
+struct CharacterRange {
     char32_t first;
     char32_t last;
 };
 // Controls; marks, embeddings, overrides and isolates of the direction of writing, and between them the line separators.
-constexpr Range unprintable[] = {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
-                                 {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+constexpr CharacterRange unprintable[] = {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
+                                          {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
 bool isPrintable(wchar_t character) {
     const auto code = static_cast<char32_t>(character);
-    const auto holdsIt = [code](const Range& range) { return code >= range.first && code <= range.last; };
+    const auto holdsIt = [code](const CharacterRange& range) { return code >= range.first && code <= range.last; };
     return std::none_of(std::begin(unprintable), std::end(unprintable), holdsIt);
 }
 

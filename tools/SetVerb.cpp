@@ -210,7 +210,7 @@ ExitStatus runSet(const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
-    const Before before(*document, request.file);
+    const DocumentBefore before(*document, request.file);
     Changing changing(*document, request.force);
     for (const AskedChange& change : changes) changing.apply(change);
     return finishChange("set", *document, changing.changes(), before, request);

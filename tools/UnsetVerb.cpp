@@ -87,7 +87,7 @@ ExitStatus runUnset(const Request& request) {
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
-    const Before before(*document, request.file);
+    const DocumentBefore before(*document, request.file);
     std::vector<Change> changes;
     for (const Address& operand : operands)
         for (const Address& place : storedPlaces(*document, operand, request.file)) unset(*document, place, changes);

@@ -37,11 +37,11 @@ void refuseStandardInput(const Request& request) {
     if (request.file == "-") throw WrongOperands("a file is changed here; standard input cannot be");
 }
 
-Before::Before(const ConfigInfo& document, const std::string& file)
+DocumentBefore::DocumentBefore(const ConfigInfo& document, const std::string& file)
     : showing(document), findings(findingsOf(document, file)) {}
 
-ExitStatus finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Before& before,
-                        const Request& request) {
+ExitStatus finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes,
+                        const DocumentBefore& before, const Request& request) {
     const FindingChange findings = compareFindings(before.findings, findingsOf(document, request.file));
     const bool isRefused = findings.newErrors > 0 && !request.force;
     const bool isWritten = !changes.empty() && !request.dryRun && !isRefused;

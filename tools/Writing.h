@@ -22,8 +22,8 @@ void setUpChanging(Options& options, Request& request);
 void refuseStandardInput(const Request& request);
 
 /// What a document was before a change of it.
-struct Before {
-    Before(const ConfigInfo& document, const std::string& file);
+struct DocumentBefore {
+    DocumentBefore(const ConfigInfo& document, const std::string& file);
 
     Showing showing;
     std::vector<XMLConfig::Finding> findings;
@@ -31,8 +31,8 @@ struct Before {
 
 /// Writes the document where there are changes and it is no dry run, and tells them by the names that the devices had
 /// before, and what the change does to the findings. Changes that make errors are refused without --force.
-ExitStatus finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes, const Before& before,
-                        const Request& request);
+ExitStatus finishChange(const char* verb, ConfigInfo& document, const std::vector<Change>& changes,
+                        const DocumentBefore& before, const Request& request);
 
 /// The lock on a file, to be held from before it is read until it is written. Throws a Refusal that says who has it when
 /// the time that was asked for is over. None in a folder that does not exist: what follows says that it is missing.
