@@ -38,7 +38,7 @@ private:
 
     static std::uintptr_t addressOf(const DOMElement* element) { return reinterpret_cast<std::uintptr_t>(element); }
 
-    /// Mostly each element lies behind the one before it in memory, since a load makes them one after the other. Then two
+    /// Mostly each element lies after the one before it in memory, since a load makes them one after the other. Then two
     /// comparisons tell of most elements that nobody asks for them.
     void walk(const DOMElement& element) {
         const std::uintptr_t address = addressOf(&element);

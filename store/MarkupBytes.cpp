@@ -27,9 +27,11 @@ bool isUtf8Name(std::string_view name) {
     return std::equal(name.begin(), name.end(), wanted.begin(), wanted.end(), isSame);
 }
 
-/// Whether a text without a declaration, or with that one, is in UTF-8.
+/// Whether a text without a declaration, or with that one, is in UTF-8. In UTF-16 and UTF-32 a "<" of two or four bytes
+/// comes first, of which one that is 0 follows or precedes it.
 bool isInUtf8(std::string_view text) {
-    if (text.substr(0, 5) != "<?xml" || text.size() < 6 || !isBlank(text[5])) return text.substr(0, 1) == "<";
+    if (text.substr(0, 5) != "<?xml" || text.size() < 6 || !isBlank(text[5]))
+        return text.size() > 1 && text[0] == '<' && text[1] != '\0';
     const std::string_view declaration = text.substr(0, text.find("?>"));
     for (std::size_t at = 5; const std::optional<MarkupAttribute> attribute = nextAttribute(declaration, at);)
         if (attribute->name == "encoding") return isUtf8Name(attribute->value);
@@ -88,15 +90,19 @@ std::uint64_t lineEndsIn(std::string_view text) {
     return count;
 }
 
+std::uint64_t unitsIn(std::string_view text) {
+    std::uint64_t units = 0;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if ((byte & 0xC0U) != 0x80U) ++units;
+        if (byte >= 0xF0U) ++units;  // such a character takes two units of UTF-16
+    }
+    return units;
+}
+
 std::uint64_t columnOf(std::string_view text, std::size_t at) {
     const std::size_t lineEnd = at == 0 ? none : text.rfind('\n', at - 1);
-    std::uint64_t column = 1;
-    for (const char character : text.substr(lineEnd + 1, at - (lineEnd + 1))) {  // none + 1 is 0
-        const auto byte = static_cast<unsigned char>(character);
-        if ((byte & 0xC0U) != 0x80U) ++column;
-        if (byte >= 0xF0U) ++column;  // such a character takes two units of UTF-16
-    }
-    return column;
+    return 1 + unitsIn(text.substr(lineEnd + 1, at - (lineEnd + 1)));  // none + 1 is 0
 }
 
 }  // namespace XMLConfig::detail

@@ -30,6 +30,8 @@ bool skipTo(std::string_view text, std::size_t& at, std::string_view end);
 /// Of at most so many bytes lineEndsIn tells the line ends: so few that the compiler can count many at a time.
 constexpr std::size_t mostForLineEnds = 240;
 std::uint64_t lineEndsIn(std::string_view text);
+/// How many units of UTF-16 the characters take.
+std::uint64_t unitsIn(std::string_view text);
 /// Which character of its line the byte begins, counted from 1.
 std::uint64_t columnOf(std::string_view text, std::size_t at);
 

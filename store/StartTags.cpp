@@ -11,8 +11,17 @@ std::optional<FilePlace> StartTags::place(std::size_t number) {
     while (m_passed <= number)
         if (!passTag()) return std::nullopt;
     countLinesTo(m_begin);
-    m_place = {m_lines + 1, columnOf(m_text, m_begin)};
+    tellPlace();
     return m_place;
+}
+
+// Where many tags stand in one line, each column is counted on from the one before it.
+void StartTags::tellPlace() {
+    const bool isSameLine = m_place.line == m_lines + 1;
+    const std::uint64_t column =
+        isSameLine ? m_place.column + unitsIn(m_text.substr(m_told, m_begin - m_told)) : columnOf(m_text, m_begin);
+    m_place = {m_lines + 1, column};
+    m_told = m_begin;
 }
 
 // No other markup begins inside of a tag: an attribute's value holds no "<".

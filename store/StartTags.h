@@ -20,6 +20,7 @@ public:
 private:
     bool passTag();
     void countLinesTo(std::size_t end);
+    void tellPlace();
 
     std::string_view m_text;
     std::size_t m_at = 0;      // where the next tag is looked for
@@ -28,6 +29,7 @@ private:
     std::uint64_t m_lines = 0;
     std::size_t m_linesEnd = 0;  // up to which the line ends are counted
     FilePlace m_place;           // that was told last
+    std::size_t m_told = 0;      // where that is in the text
 };
 
 }  // namespace XMLConfig::detail

@@ -109,6 +109,34 @@ TEST(FilePlaces, AreCountedInCharactersOfEveryEncoding) {
     EXPECT_EQ(Loaded("<C>\xC3\xA4\xE6\x97\xA5<S/></C>").placeOf(L"S"), "1:6");
 }
 
+TEST(FilePlaces, OfManyElementsAreCountedInEncodingsWithoutAMark) {
+    const auto text = [](const std::string& encoding) {
+        return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?><C>\n\n <S ID=\"1\"><A/></S>\n<S/></C>";
+    };
+    std::string little;
+    std::string big;
+    for (const char character : text("UTF-16LE")) little += {character, '\0'};
+    for (const char character : text("UTF-16BE")) big += {'\0', character};
+    for (const std::string& bytes : {text("UTF-8"), little, big}) {
+        const Loaded loaded(bytes);
+        std::vector<ElementView> sections;
+        for (const ElementView& section : rootElement(loaded.document).children()) sections.push_back(section);
+        const auto places = placesOf(sections, loaded.document, loaded.path);
+        ASSERT_EQ(places.size(), 2u);
+        EXPECT_EQ(std::pair(places[0]->line, places[0]->column), std::pair(3ULL, 2ULL));
+        EXPECT_EQ(std::pair(places[1]->line, places[1]->column), std::pair(4ULL, 1ULL));
+    }
+}
+
+TEST(FilePlaces, OfManyElementsInOneLineHaveTheirColumns) {
+    const Loaded loaded("<C><S/>\xC3\xA4<S/>\xF0\x9F\x98\x80<S/>\n<S/><S/></C>");
+    std::vector<ElementView> sections;
+    for (const ElementView& section : rootElement(loaded.document).children()) sections.push_back(section);
+    std::vector<std::pair<unsigned long long, unsigned long long>> told;
+    for (const auto& place : placesOf(sections, loaded.document, loaded.path)) told.emplace_back(place->line, place->column);
+    EXPECT_EQ(told, (decltype(told){{1, 4}, {1, 9}, {1, 15}, {2, 1}, {2, 5}}));
+}
+
 TEST(FilePlaces, OfManyElementsAreAllFound) {
     std::string text = "<ConfigInfo>\n";
     for (int i = 0; i < 3000; ++i) text += "<P ID=\"" + std::to_string(i) + "\">\n<A>\n1</A><A/></P>\n";
