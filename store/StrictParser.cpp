@@ -1,7 +1,6 @@
 #include "store/StrictParser.h"
 
 #include <algorithm>
-#include <xercesc/dom/impl/DOMDocumentImpl.hpp>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/util/XMLChar.hpp>
@@ -10,6 +9,7 @@
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "store/DocumentParser.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
@@ -109,10 +109,10 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
     countName(declaration);
     if (!linksAreKnown())
         return DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
-    m_names.count(*fDocument, attributeCount + 1);
+    m_names.count(*getDocument(), attributeCount + 1);
     DOMElement& element = makeElement(uri, prefix, declaration.getBaseName());
     if (attributeCount != 0) addAttributes(element, attributes, attributeCount);
-    if (isRoot) fDocument->appendChild(&element);
+    if (isRoot) getDocument()->appendChild(&element);
     else appendNew(static_cast<DOMElement&>(*fCurrentParent), element);
     fCurrentParent = fCurrentNode = &element;
     fWithinElement = true;
@@ -173,7 +173,7 @@ void StrictParser::countName(const xercesc::XMLElementDecl& declaration) {
 }
 
 DOMElement& StrictParser::makeElement(const unsigned int uri, const XMLCh* const prefix, const XMLCh* const name) {
-    if (uri == getScanner()->getEmptyNamespaceId()) return *fDocument->createElementNoCheck(name);
+    if (uri == getScanner()->getEmptyNamespaceId()) return makePlainElement(*getDocument(), name);
     const XMLCh* const uriText = getScanner()->getURIText(uri);
     if (view(prefix).empty()) return *createElementNS(uriText, nullptr, name, name);
     const std::u16string fullName = std::u16string(view(prefix)).append(u":").append(view(name));

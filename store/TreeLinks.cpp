@@ -263,12 +263,16 @@ void addAttribute(DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOM
     join(static_cast<DOMAttrImpl&>(attribute).fParent, attribute, text, linksOf(text));
 }
 
+DOMElement& makePlainElement(DOMDocument& document, const XMLCh* const name) {
+    return *static_cast<DOMDocumentImpl&>(document).createElementNoCheck(name);
+}
+
 DOMElement& copyAlone(const DOMElement& element, DOMDocument& document) {
     if (!linksAreKnown()) return static_cast<DOMElement&>(*document.importNode(&element, false));
     using Memory = xercesc::DOMMemoryManager;
     const XMLCh* const uri = element.getNamespaceURI();
     const XMLCh* const name = element.getNodeName();
-    DOMElement& copy = uri == nullptr ? *static_cast<DOMDocumentImpl&>(document).createElementNoCheck(name)
+    DOMElement& copy = uri == nullptr ? makePlainElement(document, name)
                                       : *new (&document, Memory::ELEMENT_NS_OBJECT) xercesc::DOMElementNSImpl(
                                             &document, uri, element.getPrefix(), element.getLocalName(), name);
     const xercesc::DOMNamedNodeMap& attributes = *element.getAttributes();
@@ -294,6 +298,7 @@ bool examineLinks(xercesc::DOMImplementation& /*implementation*/, std::string_vi
 void append(DOMElement& parent, DOMNode& child) { parent.appendChild(&child); }
 void unlink(DOMElement& parent, DOMNode& child) { parent.removeChild(&child); }
 DOMNode* parentOf(const DOMElement& element) { return element.getParentNode(); }
+DOMElement& makePlainElement(DOMDocument& document, const XMLCh* name) { return *document.createElement(name); }
 const DOMElement* firstElementIn(const DOMElement& element) { return element.getFirstElementChild(); }
 const DOMElement* elementAfter(const DOMElement& element) { return element.getNextElementSibling(); }
 const DOMNode* firstNodeIn(const DOMElement& element) { return element.getFirstChild(); }

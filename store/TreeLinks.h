@@ -104,6 +104,8 @@ private:
 /// `child`, which is new and has no parent, becomes the last child of an element of which nobody keeps a list.
 void appendNew(xercesc::DOMElement& parent, xercesc::DOMElement& child);
 void appendNew(xercesc::DOMElement& parent, xercesc::DOMText& child);
+/// A new element in no namespace, without room for one. Its name is known to be legal.
+xercesc::DOMElement& makePlainElement(xercesc::DOMDocument& document, const XMLCh* name);
 /// Makes room for the attributes of a new element.
 void reserveAttributes(xercesc::DOMElement& element, std::size_t count);
 /// Adds an attribute to an element for which room was made and which has none of that name. `text`, its value, may be
