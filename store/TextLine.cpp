@@ -127,11 +127,7 @@ void takeUtf8(LineFinder& line, const std::string& bytes) {
     }
 }
 
-}  // namespace
-
-std::wstring textLine(const std::string& bytes, unsigned long long line) {
-    if (line == 0) return {};
-    detail::startXmlLibrary();
+std::wstring lineIn(const std::string& bytes, unsigned long long line) {
     LineFinder finder(line);
     Transcoder transcoder = transcoderOf(bytes);
     if (transcoder == nullptr) {
@@ -141,6 +137,19 @@ std::wstring textLine(const std::string& bytes, unsigned long long line) {
     Characters characters(bytes, std::move(transcoder));
     for (std::u16string_view units = characters.next(); !units.empty() && finder.take(units);) units = characters.next();
     return finder.text();
+}
+
+}  // namespace
+
+std::wstring textLine(const std::string& bytes, unsigned long long line) {
+    if (line == 0) return {};
+    detail::startXmlLibrary();
+    try {
+        return lineIn(bytes, line);
+    } catch (...) {
+        detail::passShortage();
+        throw;
+    }
 }
 
 }  // namespace XMLConfig
