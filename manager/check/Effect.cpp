@@ -147,7 +147,7 @@ void checkTimes(Findings& findings) {
         add(L"ProjectorApprovedSlots", L"TimeOfLastRun", told + L" is later than now");
     for (const wchar_t* const key : {L"LastRunTimestamp", L"VisitTimestamp"}) {
         const long long time = findings.read.integer(L"SiteAnalytics", key);
-        if (time > now() + zones) add(L"SiteAnalytics", key, timeText(time) + L" is later than now");
+        if (time > now()) add(L"SiteAnalytics", key, timeText(time) + L" is later than now");
     }
 }
 

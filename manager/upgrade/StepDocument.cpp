@@ -14,8 +14,8 @@ namespace {
 
 using Kind = Change::Kind;
 
-void tell(ConfigInfo& document, const StepDevice& device, Kind kind, const std::wstring& key, const std::wstring& before,
-          const std::wstring& after) {
+void reportChange(ConfigInfo& document, const StepDevice& device, Kind kind, const std::wstring& key,
+                  const std::wstring& before, const std::wstring& after) {
     ChangeObserver* const observer = setChangeObserver(document, nullptr);
     setChangeObserver(document, observer);
     if (observer != nullptr) observer->take({kind, device.kind->name, device.id, key, before, after});
@@ -34,7 +34,7 @@ private:
     ChangeObserver* m_observer;
 };
 
-/// What XML cannot hold the document refuses, and that it must do at once.
+/// The document refuses a text that XML cannot hold, and must do so at once, not where waiting texts are written.
 bool isLegal(const std::wstring& text) { return !firstCharacterXmlCannotHold(text); }
 
 /// Whether the document finds each of the sections by its ID.
@@ -95,12 +95,13 @@ bool StepDocument::put(StepDevice& device, const std::wstring& key, const std::w
     }
     const auto place = placeOf(device.waiting, key);
     if (place != device.waiting.end()) {
-        if (place->text != text) tell(m_document, device, Kind::ItemChanged, key, std::exchange(place->text, text), text);
+        if (place->text != text)
+            reportChange(m_document, device, Kind::ItemChanged, key, std::exchange(place->text, text), text);
         return true;
     }
     if (m_document.doesItemExist(device.kind->name, key, device.id)) return false;
     device.waiting.push_back({key, text});
-    tell(m_document, device, Kind::ItemAdded, key, {}, text);
+    reportChange(m_document, device, Kind::ItemAdded, key, {}, text);
     return true;
 }
 
@@ -109,7 +110,7 @@ bool StepDocument::drop(StepDevice& device, const std::wstring& key) const {
     if (place == device.waiting.end()) return false;
     const std::wstring text = std::move(place->text);
     device.waiting.erase(place);
-    tell(m_document, device, Kind::ItemRemoved, key, text, {});
+    reportChange(m_document, device, Kind::ItemRemoved, key, text, {});
     return true;
 }
 

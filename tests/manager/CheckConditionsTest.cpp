@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "manager/Check.h"
+#include "platform/Clock.h"
 #include "store/ConfigInfo.h"
 #include "tests/support/CurrentFile.h"
 #include "tests/support/DeviceSections.h"
@@ -96,6 +97,16 @@ TEST(CheckConditions, ATimeOfTheLastRunIsNotLaterThanNow) {
     EXPECT_EQ(told("2019-03-11 14:05:09"), Lines());
     EXPECT_EQ(told("2999-03-11 14:05:09"),
               (Lines{L"ProjectorApprovedSlots/TimeOfLastRun: 2999-03-11 14:05:09 is later than now"}));
+}
+
+TEST(CheckConditions, AVisitIsNotLaterThanNowByAnHourEither) {
+    const auto told = [](std::int64_t time) {
+        return foundBy(L"XC903",
+                       "<SiteAnalytics><LastRunTimestamp>" + std::to_string(time) + "</LastRunTimestamp></SiteAnalytics>")
+            .size();
+    };
+    EXPECT_EQ(told(XMLConfig::detail::now() - 60), 0U);
+    EXPECT_EQ(told(XMLConfig::detail::now() + 3600), 1U);
 }
 
 TEST(CheckConditions, BlanksOfAnyKindAroundAWordAreMended) {
