@@ -22,7 +22,7 @@ using XMLConfig::detail::joined;
 
 std::wstring reasonOf(const RenamedDevice& device) {
     if (device.by == L"OldSectionID") return L"its OldSectionID says so";
-    if (device.by == L"place") return L"it has the same connection or channel";
+    if (device.by == L"place") return L"replaced: it has the same connection or channel";
     return L"it has the same " + device.by;
 }
 

@@ -111,7 +111,7 @@ std::wstring renamedText(const UpgradeOutcome& outcome) {
         hasCamera = hasCamera || device.section == L"Camera";
     }
     const bool isUnreferred = hasCamera && outcome.report.dangling.empty();
-    return list + (isUnreferred ? L"; nothing refers to the cameras' old IDs" : L"");
+    return list + (isUnreferred ? L"; nothing refers to the old IDs" : L"");
 }
 
 std::wstring danglingLines(const UpgradeOutcome& outcome) {

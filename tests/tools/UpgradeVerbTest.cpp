@@ -158,7 +158,7 @@ TEST_F(UpgradeVerb, ExplainTellsInShortWhatBecameOfTheFile) {
         HasSubstr(", lost Camera[3] \"Old analogue\" (dry run, nothing written)\n"
                   "  lost     Camera[3] \"Old analogue\" with its 14 settings: cameras of type 7 are not known any more\n"
                   "  renamed  Camera[1] \"Front\" -> PGR***00:b0:9d:00:00:01, Camera[2] \"Rear\" -> "
-                  "PGR***00:b0:9d:00:00:02; nothing refers to the cameras' old IDs\n"
+                  "PGR***00:b0:9d:00:00:02; nothing refers to the old IDs\n"
                   "  moved    Screen/Unit -> System/Length_Unit, Screen/AngleUnit -> System/AngleUnit\n"
                   "  shared   6 settings stand in Geometry now, 16 of the projectors' own went; none reads differently\n"
                   "  joined   12 settings of cameras into their device snippets\n"
