@@ -69,6 +69,20 @@ TEST_F(DiffVerb, TellsWhatChangedOvernight) {
     EXPECT_EQ(run.errors, "");
 }
 
+TEST_F(DiffVerb, SaysByWhatADeviceWithAnotherIDIsKnown) {
+    const auto told = [&](const std::string& before, const std::string& after) {
+        const std::string old = fileOf(currentFile("<Projector ID=\"a\">" + before + "</Projector>"), "old.skorrax");
+        const std::string now = fileOf(currentFile("<Projector ID=\"b\">" + after + "</Projector>"), "now.skorrax");
+        return runTool({"diff", old, now}).output;
+    };
+    EXPECT_THAT(told("<Name>Front</Name>", "<Name>Front</Name>"), HasSubstr("ID a -> b (it has the same name)\n"));
+    const std::string channel =
+        "<Channel_Extents><Heading><Yaw>1.0</Yaw><Pitch>0.1</Pitch></Heading><HFOV><Left>-0.5</Left><Right>0.5</Right></"
+        "HFOV>"
+        "<VFOV><Top>0.4</Top><Bottom>-0.4</Bottom></VFOV></Channel_Extents>";
+    EXPECT_THAT(told(channel, channel), HasSubstr("a -> b (replaced: it has the same connection or channel)\n"));
+}
+
 TEST_F(DiffVerb, ListsWhatHasNoEffectWhenAsked) {
     const ToolRun run = runTool({"diff", "--all", yesterday, today});
     EXPECT_THAT(run.output, HasSubstr("27 -> 28 (runs and times)\n"));
