@@ -2,11 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <memory>
 #include <string>
 
 #include "Raw.h"
 #include "Suites.h"
+#include "TimedLoads.h"
 #include "store/ConfigInfo.h"
 
 namespace bench {
@@ -17,12 +17,7 @@ constexpr int smallDocument = 6;
 
 void loadLibrary(benchmark::State& state, int projectors) {
     const std::wstring path = widened(sampleFile(projectors));
-    for ([[maybe_unused]] auto step : state) {
-        auto document = std::make_unique<ConfigInfo>(path);
-        state.PauseTiming();
-        document.reset();
-        state.ResumeTiming();
-    }
+    timeLoads(state, path);
 }
 
 void loadRaw(benchmark::State& state, int projectors) {

@@ -4,11 +4,11 @@
 
 #include <cmath>
 #include <map>
-#include <memory>
 #include <string>
 
 #include "Sample.h"
 #include "Suites.h"
+#include "TimedLoads.h"
 #include "base/Angles.h"
 #include "manager/Check.h"
 #include "manager/Layout.h"
@@ -72,40 +72,27 @@ std::wstring arrangedFile(int projectors) {
 
 void loadOnly(benchmark::State& state, int projectors) {
     const std::wstring path = arrangedFile(projectors);
-    for ([[maybe_unused]] auto step : state) {
-        auto document = std::make_unique<ConfigInfo>(path);
-        state.PauseTiming();
-        document.reset();
-        state.ResumeTiming();
-    }
+    timeLoads(state, path);
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 
 void loadAndReckon(benchmark::State& state, int projectors) {
     const std::wstring path = arrangedFile(projectors);
-    for ([[maybe_unused]] auto step : state) {
-        auto document = std::make_unique<ConfigInfo>(path);
-        const XMLConfig::Layout layout = XMLConfig::layout(*document);
+    timeLoads(state, path, [&](const ConfigInfo& document) {
+        const XMLConfig::Layout layout = XMLConfig::layout(document);
         if (!layout.isComplete() || !layout.coverage || layout.coverage->inNone > 0.05 ||
             layout.pairs.size() < static_cast<std::size_t>(projectors))
             state.SkipWithError("not laid out as expected");
-        state.PauseTiming();
-        document.reset();
-        state.ResumeTiming();
-    }
+    });
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 
 void loadAndCheck(benchmark::State& state, int projectors) {
     const std::wstring path = arrangedFile(projectors);
-    for ([[maybe_unused]] auto step : state) {
-        auto document = std::make_unique<ConfigInfo>(path);
-        if (XMLConfig::check(*document).size() < static_cast<std::size_t>(projectors))
+    timeLoads(state, path, [&](const ConfigInfo& document) {
+        if (XMLConfig::check(document).size() < static_cast<std::size_t>(projectors))
             state.SkipWithError("not checked as expected");
-        state.PauseTiming();
-        document.reset();
-        state.ResumeTiming();
-    }
+    });
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 

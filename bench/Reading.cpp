@@ -2,11 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <memory>
 #include <string>
 
 #include "Sample.h"
 #include "Suites.h"
+#include "TimedLoads.h"
 #include "manager/Origin.h"
 #include "manager/Selector.h"
 #include "manager/SettingSearch.h"
@@ -18,12 +18,7 @@ namespace {
 
 void loadOnly(benchmark::State& state, int projectors) {
     const std::wstring path = widened(sampleFile(projectors));
-    for ([[maybe_unused]] auto step : state) {
-        auto document = std::make_unique<ConfigInfo>(path);
-        state.PauseTiming();
-        document.reset();
-        state.ResumeTiming();
-    }
+    timeLoads(state, path);
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 
@@ -41,13 +36,9 @@ std::wstring valueAt(const ConfigInfo& document, const std::wstring& address) {
 void loadAndGet(benchmark::State& state, int projectors) {
     const std::wstring path = widened(sampleFile(projectors));
     const std::wstring address = L"Projector[" + std::to_wstring(projectors / 2) + L"]/Gamma";
-    for ([[maybe_unused]] auto step : state) {
-        auto document = std::make_unique<ConfigInfo>(path);
-        if (valueAt(*document, address).empty()) state.SkipWithError("no value was read");
-        state.PauseTiming();
-        document.reset();
-        state.ResumeTiming();
-    }
+    timeLoads(state, path, [&](const ConfigInfo& document) {
+        if (valueAt(document, address).empty()) state.SkipWithError("no value was read");
+    });
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 
