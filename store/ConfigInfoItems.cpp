@@ -8,13 +8,13 @@
 #include "store/Document.h"
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
+#include "store/ElementItem.h"
 #include "store/Legality.h"
 
 using XMLConfig::detail::Change;
 using XMLConfig::detail::ChangeObserver;
 using XMLConfig::detail::Container;
 using XMLConfig::detail::Document;
-using XMLConfig::detail::ElementParts;
 using XMLConfig::detail::ItemAddress;
 using XMLConfig::detail::NewElement;
 using XMLConfig::detail::reporting;
@@ -24,16 +24,16 @@ namespace {
 
 constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
 
-/// What is to be stored: a text, the text of an element, or the parts of one.
+/// What is to be stored: a text, the text of an element, or an element.
 struct Value {
     const std::wstring& text;
     bool isElement;
-    const ElementParts* parts = nullptr;
+    const XMLConfig::OutlineNode* element = nullptr;
 };
 
 // The element that is about to be stored, if it is one; made before anything is changed.
 NewElement elementOf(const Value& value, Document& document, const ItemAddress& address) {
-    if (value.parts != nullptr) return document.makeElement(*value.parts);
+    if (value.element != nullptr) return document.makeElement(*value.element);
     if (!value.isElement || value.text.empty()) return {};
     try {
         return document.readElement(XMLConfig::detail::toUtf8(value.text));
@@ -114,7 +114,7 @@ void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& valu
         const Container container = document.container(address);
         const auto item = document.getItem(container, address.key);
         const bool isNew = item.element == nullptr;
-        const bool isEmpty = value.text.empty() && value.parts == nullptr;
+        const bool isEmpty = value.text.empty() && value.element == nullptr;
         if (!isNew && (value.isElement ? isEmpty : XMLConfig::detail::hasText(*item.element, value.text))) return;
 
         NewElement content = elementOf(value, document, address);
@@ -219,10 +219,10 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
 namespace XMLConfig::detail {
 
 void setElementItem(ConfigInfo& document, const std::wstring& sectionName, const std::wstring& key,
-                    const ElementParts& value, const std::wstring& sectionID) {
+                    const OutlineNode& element, const std::wstring& sectionID) {
     static const std::wstring none;
-    if (value.isPlain()) store(document, {sectionName, sectionID, key, none, none}, {none, true, &value});
-    else document.setStringItemAsDOMElement(sectionName, key, value.xml(), sectionID);
+    if (isPlain(element)) store(document, {sectionName, sectionID, key, none, none}, {none, true, &element});
+    else document.setStringItemAsDOMElement(sectionName, key, xmlOf(element), sectionID);
 }
 
 }  // namespace XMLConfig::detail

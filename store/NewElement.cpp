@@ -3,34 +3,49 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Text.h"
 #include "store/DocumentParser.h"
+#include "store/ElementItem.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
-NewElement makeElement(const ElementParts& parts, Tree& tree) {
-    using Kind = ElementParts::Kind;
-    NewElement outermost;
-    xercesc::DOMElement* innermost = nullptr;
-    int depth = 0;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        const ElementParts::Part part = parts[i];
-        if (part.kind == Kind::Begin) {
-            LooseElement element = tree.makeElement(part.name);
-            xercesc::DOMElement* const inner = element.get();
-            if (innermost == nullptr) outermost.element = std::move(element);
-            else append(*innermost, *element.release());
-            innermost = inner;
-            outermost.depth = std::max(outermost.depth, ++depth);
-        } else if (part.kind == Kind::Attribute) {
-            tree.addAttribute(*innermost, part.name, part.value.data());
-        } else if (part.kind == Kind::Text) {
-            if (!part.value.empty()) append(*innermost, *tree.makeText(part.value.data()));
-        } else {
-            innermost = --depth == 0 ? nullptr : static_cast<xercesc::DOMElement*>(parentOf(*innermost));
-        }
+namespace {
+
+/// Whether a parser gives a value back as it was written; it turns the characters of `changed` into others.
+bool isKept(const std::wstring& value, const wchar_t* changed) {
+    return value.find_first_of(changed) == std::wstring::npos && !firstCharacterXmlCannotHold(value);
+}
+
+}  // namespace
+
+bool isPlain(const OutlineNode& element) {
+    const auto isAttributeKept = [](const auto& attribute) { return isKept(attribute.second, L"\t\n\r"); };
+    return isKept(element.text, L"\r") &&
+           std::all_of(element.attributes.begin(), element.attributes.end(), isAttributeKept) &&
+           std::all_of(element.children.begin(), element.children.end(), isPlain);
+}
+
+std::wstring xmlOf(const OutlineNode& element) {
+    std::wstring xml = L'<' + element.name;
+    for (const auto& [name, value] : element.attributes) xml += L' ' + name + L"=\"" + escapedForXml(value) + L'"';
+    xml += L'>' + escapedForXml(element.text);
+    for (const OutlineNode& child : element.children) xml += xmlOf(child);
+    return xml + L"</" + element.name + L'>';
+}
+
+NewElement makeElement(const OutlineNode& element, Tree& tree) {
+    NewElement made{tree.makeElement(toUtf16(element.name).c_str())};
+    for (const auto& [name, value] : element.attributes)
+        tree.addAttribute(*made.element, toUtf16(name).c_str(), toUtf16(value).c_str());
+    if (!element.text.empty()) append(*made.element, *tree.makeText(element.text));
+    for (const OutlineNode& child : element.children) {
+        NewElement inner = makeElement(child, tree);
+        append(*made.element, *inner.element.release());
+        made.depth = std::max(made.depth, inner.depth);
     }
-    return outermost;
+    ++made.depth;
+    return made;
 }
 
 NewElement readElement(const std::string& text, Tree& tree) {

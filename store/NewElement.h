@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/ElementParts.h"
+#include "store/Outline.h"
 #include "store/Tree.h"
 
 namespace XMLConfig::detail {
@@ -14,8 +14,10 @@ struct NewElement {
     int namespaces = 0;  ///< declared at most in one of its elements and those around that
 };
 
-/// Makes nodes of parts that are plain.
-NewElement makeElement(const ElementParts& parts, Tree& tree);
+/// Whether a parser would read the element back from its XML text as it is.
+bool isPlain(const OutlineNode& element);
+/// Makes nodes of an element that is plain.
+NewElement makeElement(const OutlineNode& element, Tree& tree);
 /// Parses an element given as UTF-8. Throws ParseFailure for anything but one element.
 NewElement readElement(const std::string& text, Tree& tree);
 

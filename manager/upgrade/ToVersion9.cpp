@@ -33,11 +33,10 @@ CameraInfo cameraInfo(const StepSection& camera, int type) {
 
 void describeCamera(StepSection& camera, int type) {
     const std::wstring newID = L"PGR***" + camera.text(L"Connection|MAC_Address");
-    ElementParts snippet;
-    snippet.begin(L"device").attribute(L"UID", newID).attribute(L"name", L"").attribute(L"password", L"");
-    snippet.attribute(L"type", L"PGR").attribute(L"version", L"1.0");
-    for (const auto& [name, text] : cameraInfo(camera, type).elements()) snippet.element(name, text);
-    camera.setElement(L"DeviceSnippet", snippet.end());
+    OutlineNode snippet{
+        L"device", {{L"UID", newID}, {L"name", L""}, {L"password", L""}, {L"type", L"PGR"}, {L"version", L"1.0"}}, {}, {}};
+    for (const auto& [name, text] : cameraInfo(camera, type).elements()) snippet.children.push_back({name, {}, text, {}});
+    camera.setElement(L"DeviceSnippet", snippet);
     static const StepSection::Keys described = {L"CameraType",   L"SerialNumber", L"Model",
                                                 L"Resolution_X", L"Resolution_Y", L"Connection"};
     camera.removeItems(described);

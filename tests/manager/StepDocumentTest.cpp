@@ -13,7 +13,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using XMLConfig::detail::camerasOf;
 using XMLConfig::detail::Change;
-using XMLConfig::detail::ElementParts;
 using XMLConfig::detail::projectorsOf;
 using XMLConfig::detail::StepDocument;
 using XMLConfig::detail::StepSection;
@@ -84,7 +83,7 @@ TEST(StepDocument, ItemsStandInTheOrderInWhichTheyWereGiven) {
     section.setText(L"A", L"1");
     section.setText(L"B|C", L"2");
     section.setText(L"D", L"3");
-    section.setElement(L"E", ElementParts().begin(L"device").end());
+    section.setElement(L"E", {L"device", {}, {}, {}});
     section.setText(L"F", L"4");
     section.setText(L"A", L"5");
     converted.write();

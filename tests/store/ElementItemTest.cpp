@@ -1,33 +1,40 @@
-#include "store/ElementParts.h"
+#include "store/ElementItem.h"
+
+#include <utility>
 
 #include "store/Document.h"
 #include "store/DocumentWriter.h"
+#include "store/NewElement.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/store/TreeSupport.h"
 #include "tests/support/RandomChoice.h"
 
-// An element that is stored by its parts is held against the same element stored as XML text, which is parsed.
+// An element that is stored as it is told is held against the same element stored as XML text, which is parsed.
 
 namespace storetests {
 
 namespace {
 
-using XMLConfig::detail::ElementParts;
+using XMLConfig::OutlineNode;
+using XMLConfig::detail::isPlain;
+using XMLConfig::detail::setElementItem;
+using XMLConfig::detail::xmlOf;
 
-ElementParts deviceParts(const std::wstring& value) {
-    ElementParts parts;
-    parts.begin(L"device").attribute(L"UID", value).attribute(L"name", L"");
-    return parts.text(L"\t").element(L"id", value).element(L"mac", L"").end();
+OutlineNode device(const std::wstring& value) {
+    return {L"device", {{L"UID", value}, {L"name", L""}}, L"\t", {{L"id", {}, value, {}}, {L"mac", {}, {}, {}}}};
 }
 
-class RandomParts : RandomChoice {
+class RandomElements : RandomChoice {
 public:
-    explicit RandomParts(unsigned seed) : RandomChoice(seed) {}
+    explicit RandomElements(unsigned seed) : RandomChoice(seed) {}
 
-    ElementParts element() {
-        ElementParts parts;
-        add(parts, 0);
-        return parts;
+    OutlineNode element(int level = 0) {
+        OutlineNode made{name(), {}, {}, {}};
+        for (const wchar_t* attribute : {L"z", L"a", L"UID"})
+            if (below(3) == 0) made.attributes.emplace_back(attribute, value());
+        if (below(2) == 0) made.text = value();
+        for (std::size_t count = level < 3 ? below(4) : 0; count > 0; --count) made.children.push_back(element(level + 1));
+        return made;
     }
 
 private:
@@ -41,17 +48,6 @@ private:
         for (std::size_t count = below(6); count > 0; --count)
             text += below(30) == 0 ? rare[below(rare.size())] : usual[below(usual.size())];
         return text;
-    }
-
-    void add(ElementParts& parts, int level) {
-        parts.begin(name());
-        for (const wchar_t* attribute : {L"z", L"a", L"UID"})
-            if (below(3) == 0) parts.attribute(attribute, value());
-        for (std::size_t count = below(4); count > 0; --count) {
-            if (below(2) == 0) parts.text(value());
-            if (level < 3) add(parts, level + 1);
-        }
-        parts.end();
     }
 };
 
@@ -72,37 +68,37 @@ std::string outcome(ConfigInfo& document, Store&& store) {
 
 }  // namespace
 
-TEST(ElementParts, TellTheirText) {
-    EXPECT_EQ(deviceParts(L"a<\"&").xml(),
+TEST(ElementItem, IsToldAsXmlText) {
+    EXPECT_EQ(xmlOf(device(L"a<\"&")),
               L"<device UID=\"a&lt;&quot;&amp;\" name=\"\">\t<id>a&lt;&quot;&amp;</id><mac></mac></device>");
 }
 
-TEST(ElementParts, AreStoredAsTheirText) {
-    RandomParts random(7);
+TEST(ElementItem, IsStoredAsItsText) {
+    RandomElements random(7);
     int refused = 0;
     int plain = 0;
     for (int i = 0; i < 20000 && !testing::Test::HasFailure(); ++i) {
-        const ElementParts first = random.element();
-        const ElementParts second = random.element();
+        const OutlineNode first = random.element();
+        const OutlineNode second = random.element();
         SCOPED_TRACE(i);
-        const Document byParts = ConfigInfo::fromText("<ConfigInfo><S/></ConfigInfo>", L"");
+        const Document asTold = ConfigInfo::fromText("<ConfigInfo><S/></ConfigInfo>", L"");
         const Document byText = ConfigInfo::fromText("<ConfigInfo><S/></ConfigInfo>", L"");
-        for (const ElementParts* parts : {&first, &second}) {
+        for (const OutlineNode* element : {&first, &second}) {
             const std::string expected =
-                outcome(*byText, [&] { byText->setStringItemAsDOMElement(L"S", L"A|B", parts->xml(), L""); });
-            EXPECT_EQ(outcome(*byParts, [&] { setElementItem(*byParts, L"S", L"A|B", *parts, L""); }), expected);
+                outcome(*byText, [&] { byText->setStringItemAsDOMElement(L"S", L"A|B", xmlOf(*element), L""); });
+            EXPECT_EQ(outcome(*asTold, [&] { setElementItem(*asTold, L"S", L"A|B", *element, L""); }), expected);
             refused += expected.compare(0, 5, "Error") == 0 ? 1 : 0;
-            plain += parts->isPlain() ? 1 : 0;
+            plain += isPlain(*element) ? 1 : 0;
         }
     }
     EXPECT_GT(refused, 1000);
     EXPECT_GT(plain, 10000);
 }
 
-TEST(ElementParts, AreStoredAlikeWithoutLinks) {
+TEST(ElementItem, IsStoredAlikeWithoutLinks) {
     const auto stored = [] {
         ConfigInfo document;
-        setElementItem(document, L"S", L"A", deviceParts(L"00:0a"), L"1");
+        setElementItem(document, L"S", L"A", device(L"00:0a"), L"1");
         return savedText(document);
     };
     const std::string byLinks = stored();
@@ -110,17 +106,16 @@ TEST(ElementParts, AreStoredAlikeWithoutLinks) {
     EXPECT_EQ(stored(), byLinks);
 }
 
-TEST(ElementParts, AreRefusedAsTheirText) {
+TEST(ElementItem, IsRefusedAsItsText) {
     ConfigInfo document;
-    EXPECT_CONTAINS(messageOf([&] { setElementItem(document, L"S", L"A", deviceParts(L"a\x01"), L"1"); }),
+    EXPECT_CONTAINS(messageOf([&] { setElementItem(document, L"S", L"A", device(L"a\x01"), L"1"); }),
                     L"section \"S\" [1], key \"A\": the value holds the character U+0001 (number 15)");
     EXPECT_EQ(document.getSectionCount(L"S"), 0);
 }
 
-TEST(ElementParts, MayNotLieTooDeep) {
-    ElementParts deep;
-    for (int i = 0; i < 998; ++i) deep.begin(L"a");
-    for (int i = 0; i < 998; ++i) deep.end();
+TEST(ElementItem, MayNotLieTooDeep) {
+    OutlineNode deep{L"a", {}, {}, {}};
+    for (int i = 1; i < 998; ++i) deep = {L"a", {}, {}, {std::move(deep)}};
     ConfigInfo document;
     EXPECT_CONTAINS(messageOf([&] { setElementItem(document, L"S", L"A", deep, L""); }), L"1000 levels deep at most");
     EXPECT_EQ(document.getSectionCount(L"S"), 0);
