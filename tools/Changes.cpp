@@ -73,7 +73,7 @@ std::wstring changesText(const std::vector<Change>& changes, const Showing& show
     rows.reserve(changes.size());
     for (const Change& change : changes)
         rows.push_back({markOf(change, isColoured) + L" " + placeText(change, showing), whatHappened(change, showing)});
-    return tableText(rows, L"") + counted(changes.size(), L"change") + counts +
+    return tableText(rows, L"", 0) + counted(changes.size(), L"change") + counts +
            (isDryRun ? L" (dry run, nothing written)\n" : L"\n");
 }
 

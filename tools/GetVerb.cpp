@@ -119,8 +119,8 @@ private:
                                       ? treeText(XMLConfig::outline(answer.element))
                                       : textOf(answer);
         // A program that reads the output gets the text as it stands.
-        const auto hand = XMLConfig::detail::isOutputATerminal() ? print : printExactly;
-        hand(!text.empty() && text.back() == L'\n' ? text : text + L"\n");
+        const std::wstring line = !text.empty() && text.back() == L'\n' ? text : text + L"\n";
+        printExactly(XMLConfig::detail::isOutputATerminal() ? printableText(line) : line);
         return status;
     }
 

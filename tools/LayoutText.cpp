@@ -65,7 +65,7 @@ std::wstring faultsText(const Layout& layout, const Units& units, bool isColoure
         if (channel.state != ChannelState::Usable)
             rows.push_back({nameOf(channel), coloured(faultOf(channel, units), Tone::Bad, isColoured)});
     if (rows.empty()) return L"";
-    return titled(L"Not usable", std::to_wstring(rows.size())) + tableText(rows, L"  ");
+    return titled(L"Not usable", std::to_wstring(rows.size())) + tableText(rows, L"  ", 1);
 }
 
 /// The most that any channel overlaps on each edge of each channel: a blend is for all neighbours there.
@@ -128,7 +128,7 @@ std::wstring overlapsText(const Layout& layout, bool isColoured) {
         rows.push_back(overlapRow(first, second, pair.ofFirst, most.of(pair.first, pair.ofFirst.edge), isColoured));
         rows.push_back(overlapRow(second, first, pair.ofSecond, most.of(pair.second, pair.ofSecond.edge), isColoured));
     }
-    return text + tableText(rows, L"  ");
+    return text + tableText(rows, L"  ", 4);
 }
 
 std::wstring gapsText(const Layout& layout, const Units& units, bool isColoured) {
@@ -138,7 +138,7 @@ std::wstring gapsText(const Layout& layout, const Units& units, bool isColoured)
             rows.push_back({nameOf(layout.channels[gap.left]) + L" to " + nameOf(layout.channels[gap.right]),
                             coloured(units.angle(gap.width), Tone::Bad, isColoured)});
     if (rows.empty()) return L"";
-    return titled(L"Gaps", std::to_wstring(rows.size())) + tableText(rows, L"  ");
+    return titled(L"Gaps", std::to_wstring(rows.size())) + tableText(rows, L"  ", 1);
 }
 
 std::wstring holesText(const XMLConfig::Coverage& coverage, const Units& units, bool isColoured) {
@@ -153,7 +153,7 @@ std::wstring holesText(const XMLConfig::Coverage& coverage, const Units& units, 
             Tone::Bad, isColoured)});
     }
     if (rows.empty()) return L"";
-    return titled(L"Holes", std::to_wstring(rows.size())) + tableText(rows, L"  ");
+    return titled(L"Holes", std::to_wstring(rows.size())) + tableText(rows, L"  ", 0);
 }
 
 std::wstring screenText(const Layout& layout, const Units& units, bool isColoured) {

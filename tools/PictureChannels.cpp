@@ -1,4 +1,3 @@
-#include "platform/Utf8.h"
 #include "tools/LayoutText.h"
 #include "tools/PictureParts.h"
 #include "tools/PicturePaths.h"
@@ -15,7 +14,7 @@ constexpr int pointsPerBlendEdge = 8;
 
 std::wstring titleOf(const Canvas& canvas, const Channel& channel) {
     const EdgeValues& edges = channel.edges;
-    return nameOf(channel) + L"\n" + channel.id + L"\n" + headingText(channel, canvas.units) + L", " +
+    return identityOf(channel.name, channel.id) + L"\n" + headingText(channel, canvas.units) + L", " +
            fieldText(edges, canvas.units) + L"\nyaw " + spanText(channel.yawSpan, canvas.units) + L"\npitch " +
            spanText(channel.pitchSpan, canvas.units) + L"\nblends l/r/t/b " + blendsText(channel.blends);
 }
@@ -24,7 +23,8 @@ void drawBlends(pugi::xml_node group, const Channel& channel, const std::string&
     const EdgeValues& blends = channel.blends;
     const auto draw = [&](double percent, const wchar_t* edge, const EdgeValues& part) {
         if (!(percent > 0.0 && percent <= 100.0)) return;
-        const std::wstring title = nameOf(channel) + L", " + edge + L" blend " + numberText(percent, 2) + L" %";
+        const std::wstring title =
+            identityOf(channel.name, channel.id) + L"\n" + edge + L" blend " + numberText(percent, 2) + L" %";
         svg::addPath(group, svg::pathData(pathOf(channel, part, pointsPerBlendEdge)), "blend " + colour, title);
     };
     draw(blends.left, L"left", {0.0, blends.left / 100.0, 1.0, 0.0});
@@ -37,8 +37,9 @@ void drawName(const Canvas& canvas, const Channel& channel, const std::string& c
     const Point at = sightOf(channel);
     const long arm = canvas.font / 3;
     const bool isAtTheTop = at.y - 2 * canvas.font < canvas.frame.top;
-    svg::addLine(canvas.root, {at.x - arm, at.y}, {at.x + arm, at.y}, "sight " + colour);
-    svg::addLine(canvas.root, {at.x, at.y - arm}, {at.x, at.y + arm}, "sight " + colour);
+    const std::wstring title = identityOf(channel.name, channel.id) + L"\n" + headingText(channel, canvas.units);
+    svg::addLine(canvas.root, {at.x - arm, at.y}, {at.x + arm, at.y}, "sight " + colour, title);
+    svg::addLine(canvas.root, {at.x, at.y - arm}, {at.x, at.y + arm}, "sight " + colour, title);
     svg::addText(canvas.root, {at.x, isAtTheTop ? at.y + canvas.font * 5 / 4 : at.y - canvas.font * 2 / 3}, nameOf(channel),
                  "name");
     svg::addText(canvas.root, {at.x, at.y + (isAtTheTop ? canvas.font * 9 / 4 : canvas.font * 5 / 4)},
@@ -46,6 +47,8 @@ void drawName(const Canvas& canvas, const Channel& channel, const std::string& c
 }
 
 }  // namespace
+
+std::wstring identityOf(const std::wstring& name, const std::wstring& id) { return name.empty() ? id : name + L"\n" + id; }
 
 bool isUsable(const Channel& channel) { return channel.state == XMLConfig::ChannelState::Usable; }
 
@@ -76,8 +79,9 @@ void drawOverlaps(const Canvas& canvas) {
         const Point at = placeOf(XMLConfig::headingOf(between));
         pugi::xml_node text = svg::addText(canvas.root, at, one == other ? one : one + L" | " + other, "overlap");
         const std::wstring title = nameOf(second) + L" over " + nameOf(first) + L": " + rangeText(pair.ofFirst) + L"\n" +
-                                   nameOf(first) + L" over " + nameOf(second) + L": " + rangeText(pair.ofSecond);
-        text.append_child("title").text() = XMLConfig::utf8FromWide(title).c_str();
+                                   nameOf(first) + L" over " + nameOf(second) + L": " + rangeText(pair.ofSecond) + L"\n" +
+                                   first.id + L"\n" + second.id;
+        svg::addTitle(text, title);
     }
 }
 

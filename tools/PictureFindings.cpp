@@ -34,7 +34,7 @@ void drawGap(const Canvas& canvas, const XMLConfig::ChannelGap& gap) {
     if (between.empty()) return;
     const std::wstring width = canvas.units.angle(gap.width);
     svg::addPath(canvas.root, svg::pathData(between), "finding gap",
-                 width + L" gap between " + nameOf(left) + L" and " + nameOf(right));
+                 width + L" gap between " + nameOf(left) + L" and " + nameOf(right) + L"\n" + left.id + L"\n" + right.id);
     const Point below{(between.front().x + between.back().x) / 2, std::max(between.front().y, between.back().y)};
     svg::addText(canvas.root, {below.x, below.y + canvas.font * 5 / 4}, width, "alarm");
 }

@@ -27,6 +27,9 @@ bool isUsable(const XMLConfig::Channel& channel);
 /// The class of the colour that a projector of that index has.
 std::string colourOf(std::size_t index);
 
+/// The name and the ID of a device, a line each; the ID alone where it has no name.
+std::wstring identityOf(const std::wstring& name, const std::wstring& id);
+
 /// The images, their blends and names.
 void drawChannels(const Canvas& canvas);
 /// How much any two overlap along a whole edge; smaller overlaps are in the tables.

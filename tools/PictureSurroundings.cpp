@@ -12,9 +12,22 @@ using svg::Point;
 using XMLConfig::Channel;
 using XMLConfig::EdgeValues;
 
-Point placeOfCamera(const Canvas& canvas, const XMLConfig::CameraPlace& camera) {
+namespace {
+
+XMLConfig::Heading directionOf(const Canvas& canvas, const XMLConfig::CameraPlace& camera) {
     const Point_3Dim<double>& at = *camera.position;
-    return placeOf(XMLConfig::headingOf({at.x - canvas.eye.x, at.y - canvas.eye.y, at.z - canvas.eye.z}));
+    return XMLConfig::headingOf({at.x - canvas.eye.x, at.y - canvas.eye.y, at.z - canvas.eye.z});
+}
+
+std::wstring directionText(const Canvas& canvas, const XMLConfig::CameraPlace& camera) {
+    const XMLConfig::Heading direction = directionOf(canvas, camera);
+    return canvas.units.angle(direction.yaw) + L" / " + canvas.units.angle(direction.pitch);
+}
+
+}  // namespace
+
+Point placeOfCamera(const Canvas& canvas, const XMLConfig::CameraPlace& camera) {
+    return placeOf(directionOf(canvas, camera));
 }
 
 void drawCameras(const Canvas& canvas) {
@@ -24,10 +37,11 @@ void drawCameras(const Canvas& canvas) {
         for (const Channel& channel : canvas.layout.channels)
             if (isUsable(channel) &&
                 std::find(channel.cameras.begin(), channel.cameras.end(), camera.id) != channel.cameras.end())
-                svg::addLine(canvas.root, at, sightOf(channel), "link");
+                svg::addLine(canvas.root, at, sightOf(channel), "link",
+                             identityOf(camera.name, camera.id) + L"\n" + identityOf(channel.name, channel.id));
         const long arm = canvas.font / 2;
         svg::addPath(canvas.root, svg::pathData({{at.x, at.y - arm}, {at.x + arm, at.y + arm}, {at.x - arm, at.y + arm}}),
-                     "camera", (camera.name.empty() ? camera.id : camera.name + L"\n" + camera.id));
+                     "camera", identityOf(camera.name, camera.id) + L"\n" + directionText(canvas, camera));
         const bool isLeft = 2 * at.x < canvas.frame.left + canvas.frame.right;
         svg::addText(canvas.root, {isLeft ? at.x - arm : at.x + arm, at.y + 2 * canvas.font},
                      camera.name.empty() ? camera.id : camera.name, "heading", isLeft ? "start" : "end");
@@ -59,8 +73,9 @@ void drawAreas(Canvas& canvas) {
         const EdgeValues& area = channel.screenArea;
         const Path path = pathOfArea(area);
         svg::addPath(canvas.root, svg::pathData(path), "area " + colourOf(i),
-                     nameOf(channel) + L": " + numberText(area.left, 4) + L" to " + numberText(area.right, 4) +
-                         L" across, " + numberText(area.top, 4) + L" to " + numberText(area.bottom, 4) + L" down");
+                     identityOf(channel.name, channel.id) + L"\n" + numberText(area.left, 4) + L" to " +
+                         numberText(area.right, 4) + L" across, " + numberText(area.top, 4) + L" to " +
+                         numberText(area.bottom, 4) + L" down");
         svg::addText(canvas.root, {(path[0].x + path[2].x) / 2, (path[0].y + path[2].y) / 2 + canvas.font / 3},
                      nameOf(channel), "name");
     }

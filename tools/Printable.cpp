@@ -70,7 +70,7 @@ std::optional<wchar_t> numberedAt(const std::wstring& line, std::size_t at) {
 }  // namespace
 
 std::wstring printable(const std::wstring& text) { return without(text, L"", false); }
-std::wstring printableInColour(const std::wstring& text) { return without(text, L"", true); }
+std::wstring printableText(const std::wstring& text) { return without(text, L"\n\t", false); }
 std::wstring printableLines(const std::wstring& text) { return without(text, L"\n\t", true); }
 
 std::wstring shellQuoted(const std::wstring& text) {

@@ -10,9 +10,9 @@ namespace tool {
 /// For people: every such character is written out, so that the text is one line. A backslash stays, so that the paths of
 /// Windows can be read; who needs the exact text asks for JSON.
 std::wstring printable(const std::wstring& text);
-/// The same for text in which the tool itself has coloured something: its colours stay.
-std::wstring printableInColour(const std::wstring& text);
-/// The same for lines, with their ends and tabs.
+/// The same for a text of several lines: their ends and the tabs stay.
+std::wstring printableText(const std::wstring& text);
+/// The same for lines in which the tool itself has coloured something: its colours stay, too.
 std::wstring printableLines(const std::wstring& text);
 
 /// As one word of a command for a shell: between quotes, or as it is where none are needed.

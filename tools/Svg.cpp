@@ -1,8 +1,18 @@
 #include "tools/Svg.h"
 
 #include "platform/Utf8.h"
+#include "tools/Printable.h"
 
 namespace tool::svg {
+
+namespace {
+
+/// A picture is XML 1.0, which has no place for most controls; a configuration may be XML 1.1, which has.
+void setText(pugi::xml_node node, const std::wstring& text) {
+    node.text() = XMLConfig::utf8FromWide(printableText(text)).c_str();
+}
+
+}  // namespace
 
 std::string pathData(const Path& path) {
     std::string data;
@@ -22,16 +32,18 @@ pugi::xml_node addPath(pugi::xml_node parent, const std::string& data, const std
     pugi::xml_node node = parent.append_child("path");
     node.append_attribute("class") = className.c_str();
     node.append_attribute("d") = data.c_str();
-    if (!title.empty()) node.append_child("title").text() = XMLConfig::utf8FromWide(title).c_str();
+    if (!title.empty()) addTitle(node, title);
     return node;
 }
 
-pugi::xml_node addLine(pugi::xml_node parent, Point from, Point to, const std::string& className) {
+pugi::xml_node addLine(pugi::xml_node parent, Point from, Point to, const std::string& className,
+                       const std::wstring& title) {
     pugi::xml_node node = parent.append_child("path");
     node.append_attribute("class") = className.c_str();
     const std::string data = "M" + std::to_string(from.x) + " " + std::to_string(from.y) + "L" + std::to_string(to.x) + " " +
                              std::to_string(to.y);
     node.append_attribute("d") = data.c_str();
+    if (!title.empty()) addTitle(node, title);
     return node;
 }
 
@@ -42,8 +54,10 @@ pugi::xml_node addText(pugi::xml_node parent, Point at, const std::wstring& text
     node.append_attribute("x") = std::to_string(at.x).c_str();
     node.append_attribute("y") = std::to_string(at.y).c_str();
     node.append_attribute("text-anchor") = anchor;
-    node.text() = XMLConfig::utf8FromWide(text).c_str();
+    setText(node, text);
     return node;
 }
+
+void addTitle(pugi::xml_node shape, const std::wstring& title) { setText(shape.append_child("title"), title); }
 
 }  // namespace tool::svg

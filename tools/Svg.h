@@ -27,9 +27,12 @@ std::string pathData(const Path& path);
 /// A shape with a class and, where it is not empty, a title.
 pugi::xml_node addPath(pugi::xml_node parent, const std::string& data, const std::string& className,
                        const std::wstring& title = L"");
-pugi::xml_node addLine(pugi::xml_node parent, Point from, Point to, const std::string& className);
+pugi::xml_node addLine(pugi::xml_node parent, Point from, Point to, const std::string& className,
+                       const std::wstring& title = L"");
 /// Text about its middle, or to an end ("start", "end").
 pugi::xml_node addText(pugi::xml_node parent, Point at, const std::wstring& text, const std::string& className,
                        const char* anchor = "middle");
+/// What the mouse shows over the shape.
+void addTitle(pugi::xml_node shape, const std::wstring& title);
 
 }  // namespace tool::svg

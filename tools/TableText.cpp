@@ -21,9 +21,11 @@ std::string visible(const std::string& text) {
     return kept;
 }
 
-std::vector<std::vector<std::wstring>> printableRows(std::vector<std::vector<std::wstring>> rows) {
+std::vector<std::vector<std::wstring>> printableRows(std::vector<std::vector<std::wstring>> rows,
+                                                     std::optional<std::size_t> inColour) {
     for (auto& row : rows)
-        for (std::wstring& cell : row) cell = printableInColour(cell);
+        for (std::size_t i = 0; i < row.size(); ++i)
+            if (i != inColour) row[i] = printable(row[i]);
     return rows;
 }
 
@@ -53,8 +55,9 @@ std::size_t widthOf(const std::wstring& text) {
     return width;
 }
 
-std::wstring tableText(const std::vector<std::vector<std::wstring>>& cells, const std::wstring& indent) {
-    const std::vector<std::vector<std::wstring>> rows = printableRows(cells);
+std::wstring tableText(const std::vector<std::vector<std::wstring>>& cells, const std::wstring& indent,
+                       std::optional<std::size_t> inColour) {
+    const std::vector<std::vector<std::wstring>> rows = printableRows(cells, inColour);
     const std::vector<std::size_t> widths = widthsOf(rows);
     std::wstring text;
     for (const auto& row : rows) {

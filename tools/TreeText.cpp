@@ -24,21 +24,21 @@ std::wstring linesText(const std::wstring& text, int depth) {
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = std::min(text.find(L'\n', start), text.size());
         const std::wstring line = XMLConfig::detail::withoutOuterBlanks(text.substr(start, end - start));
-        if (!line.empty()) lines += indent(depth) + line + L"\n";
+        if (!line.empty()) lines += indent(depth) + printable(line) + L"\n";
         start = end + 1;
     }
     return lines;
 }
 
 std::wstring valueText(const std::wstring& text, int depth) {
-    if (text.find(L'\n') == std::wstring::npos) return L" = " + text + L"\n";
+    if (text.find(L'\n') == std::wstring::npos) return L" = " + printable(text) + L"\n";
     return L" =\n" + linesText(text, depth + 1);
 }
 
 }  // namespace
 
 std::wstring treeText(const OutlineNode& node, int depth) {
-    std::wstring text = indent(depth) + node.name + attributesText(node);
+    std::wstring text = indent(depth) + printable(node.name) + attributesText(node);
     if (node.children.empty() && (depth > 0 || !node.text.empty())) return text + valueText(node.text, depth);
     text += L"\n";
     for (const OutlineNode& child : node.children) text += treeText(child, depth + 1);

@@ -66,6 +66,24 @@ TEST_F(HostileNames, AreWrittenOutInTheTextOfEveryVerb) {
         EXPECT_THAT(runTool(call).output, HasSubstr("\\u009b31m\\u202e1\\u007f")) << testing::PrintToString(call);
 }
 
+TEST_F(HostileNames, BringNoColourOfTheirOwn) {
+    const std::string old = replaced(exampleText(), "version=\"1.0\"", "version=\"1.1\"");
+    const std::string coloured =
+        fileOf(replaced(old, "<Name>Dome 1</Name>", "<Name>\n&#27;[31m1</Name>"), "coloured.skorrax");
+    for (const Arguments& call : {Arguments{"show", coloured}, Arguments{"show", "--all", coloured},
+                                  Arguments{"show", coloured, "Projector[#1]/Name"}, Arguments{"layout", coloured},
+                                  Arguments{"get", "--human", coloured, "Projector[*]/Name"},
+                                  Arguments{"set", "--dry-run", coloured, "Projector[#1]/Gamma=2.4"}}) {
+        const ToolRun run = runTool(call);
+        EXPECT_THAT(run.output, HasSubstr("\\u001b[31m1")) << testing::PrintToString(call);
+        EXPECT_EQ(run.output.find('\x1b'), std::string::npos) << testing::PrintToString(call);
+    }
+    const std::optional<TerminalRun> run = runOnATerminal({"get", coloured, "Projector[#1]/Name"}, ToTerminal::Output);
+    if (!run) GTEST_SKIP() << "no terminal can be made here";
+    EXPECT_THAT(run->shown, HasSubstr("\\u001b[31m1"));
+    EXPECT_EQ(run->shown.find("\x1b[31m"), std::string::npos);
+}
+
 TEST_F(HostileNames, LeaveAFindingOnItsLine) {
     folder.write(L"dome.skorrax", replaced(text(), "<Gamma>2.2", "<Gamma>9.2"));
     const ToolRun run = runTool({"check", "--only", "XC114", file});

@@ -99,8 +99,29 @@ TEST_F(LayoutPicture, HasOneShapeAChannelWithItsTitle) {
     EXPECT_EQ(shapesOf(picture, L"camera").size(), 2u);
     EXPECT_EQ(shapesOf(picture, L"link").size(), 6u);
     EXPECT_EQ(shapesOf(picture, L"finding").size(), 0u);
-    for (const wchar_t* shape : {L"blend", L"screen", L"overlap", L"camera"})
-        for (const OutlineNode& node : shapesOf(picture, shape)) EXPECT_NE(titleOf(node), L"") << shape;
+    EXPECT_EQ(titleOf(shapesOf(picture, L"screen")[0]), L"Sphere, radius 5.2 m, 22 % in no channel");
+}
+
+TEST_F(LayoutPicture, NamesTheDevicesOfEachShapeByTheirIDs) {
+    const std::string picture = pictureOf(example());
+    const auto holdsID = [](const std::wstring& title, const std::wstring& beginning) {
+        return title.find(L"\n" + beginning) != std::wstring::npos;
+    };
+    for (const wchar_t* shape : {L"channel", L"blend", L"sight", L"overlap", L"link"})
+        for (const OutlineNode& node : shapesOf(picture, shape))
+            EXPECT_TRUE(holdsID(titleOf(node), L"VELDAR***00:0a:0b:0c:0d:")) << shape << titleOf(node);
+    for (const wchar_t* shape : {L"camera", L"link"})
+        for (const OutlineNode& node : shapesOf(picture, shape))
+            EXPECT_TRUE(holdsID(titleOf(node), L"PGR***02:1c:00:51:00:a")) << shape << titleOf(node);
+    EXPECT_EQ(shapesOf(picture, L"sight").size(), 8u);
+}
+
+TEST_F(LayoutPicture, CanBeReadWhereNamesHoldControls) {
+    const std::string file = fileOf(
+        replaced(replaced(exampleText(), "version=\"1.0\"", "version=\"1.1\""), "<Name>Dome 1<", "<Name>D&#1;&#27;1<"));
+    const std::string picture = pictureOf(file);
+    EXPECT_EQ(shapesOf(picture, L"channel").size(), 4u);
+    EXPECT_THAT(picture, HasSubstr("D\\u0001\\u001b1"));
 }
 
 TEST_F(LayoutPicture, HoldsNoScriptNorAnythingFromOutside) {
@@ -116,7 +137,7 @@ TEST_F(LayoutPicture, HoldsNoScriptNorAnythingFromOutside) {
 TEST_F(LayoutPicture, ShowsAGap) {
     const auto gaps = shapesOf(pictureOf(exampleWithAGap()), L"gap");
     ASSERT_EQ(gaps.size(), 1u);
-    EXPECT_EQ(titleOf(gaps[0]), L"5° gap between Dome 2 and Dome 3");
+    EXPECT_EQ(titleOf(gaps[0]), L"5° gap between Dome 2 and Dome 3\nVELDAR***00:0a:0b:0c:0d:02\nVELDAR***00:0a:0b:0c:0d:03");
 }
 
 TEST_F(LayoutPicture, HatchesAHole) {
@@ -143,7 +164,7 @@ TEST_F(LayoutPicture, ShowsThePartsOfAScreenWithoutAngles) {
     const std::string picture = pictureOf(fileOf(document));
     const auto areas = shapesOf(picture, L"area");
     ASSERT_EQ(areas.size(), 1u);
-    EXPECT_EQ(titleOf(areas[0]), L"P1: 0 to 0.5 across, 0 to 1 down");
+    EXPECT_EQ(titleOf(areas[0]), L"P1\n1\n0 to 0.5 across, 0 to 1 down");
     EXPECT_EQ(shapesOf(picture, L"screen").size(), 1u);
     EXPECT_TRUE(shapesOf(pictureOf(example()), L"area").empty());
 }
