@@ -2,24 +2,25 @@
 
 #include <algorithm>
 #include <map>
-#include <unordered_map>
 
 #include "manager/Origin.h"
 #include "manager/SettingSearch.h"
 #include "manager/SpecialForms.h"
 #include "manager/diff/CommentCount.h"
 #include "manager/diff/DeviceMatches.h"
+#include "manager/diff/DocumentSections.h"
 #include "manager/diff/SectionTexts.h"
 #include "manager/diff/ValueComparison.h"
 #include "platform/Words.h"
 #include "store/BuildIdentity.h"
-#include "store/Comments.h"
 #include "store/Tokens.h"
 
 namespace XMLConfig {
 namespace {
 
+using detail::Device;
 using detail::DeviceMatch;
+using detail::DocumentSections;
 using detail::endsWith;
 using detail::SectionTexts;
 
@@ -65,18 +66,22 @@ std::wstring withSwappedChannels(const std::wstring& point) {
 class Comparison {
 public:
     Comparison(const ConfigInfo& oldDocument, const ConfigInfo& newDocument, const DiffOptions& options)
-        : m_old(oldDocument), m_new(newDocument), m_options(options) {}
+        : m_old(oldDocument),
+          m_new(newDocument),
+          m_oldSections(oldDocument),
+          m_newSections(newDocument),
+          m_options(options) {}
 
     Difference run() {
         std::vector<std::pair<std::wstring, std::vector<DeviceMatch>>> devices;
         for (const std::wstring& tag : sectionNames())
-            if (isDeviceSection(tag)) devices.emplace_back(tag, detail::matchDevices(m_old, m_new, tag));
+            if (isDeviceSection(tag))
+                devices.emplace_back(tag, matchDevices(m_oldSections.devices(tag), m_newSections.devices(tag), tag));
         for (const auto& [tag, matches] : devices) noteRenames(tag, matches);
         for (const auto& [tag, matches] : devices) compareDevices(tag, matches);
         compareSections();
         for (const auto& [tag, matches] : devices) compareOrder(tag, matches);
-        m_found.comments +=
-            detail::countChangedComments(commentsDirectlyIn(rootElement(m_old)), commentsDirectlyIn(rootElement(m_new)));
+        countComments({rootElement(m_old), rootElement(m_new)});
         return std::move(m_found);
     }
 
@@ -90,20 +95,20 @@ private:
 
     void noteRenames(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
         for (const DeviceMatch& match : matches) {
-            if (!match.old || !match.now || match.old.id() == match.now.id()) continue;
-            m_found.renamed.push_back({tag, nameOf(match.now), match.old.id(), match.now.id(), match.by});
-            if (tag == L"Camera") m_newCameraIDs[match.old.id()] = match.now.id();
+            if (!match.isRenamed()) continue;
+            m_found.renamed.push_back({tag, nameOf(match.now->section), match.old->id, match.now->id, match.by});
+            if (tag == L"Camera") m_newCameraIDs[match.old->id] = match.now->id;
         }
     }
 
     void compareDevices(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
         for (const DeviceMatch& match : matches) {
-            if (match.old && match.now) {
-                compare({match.old, match.now, match.old.id() != match.now.id()});
+            if (match.isInBoth()) {
+                compare({match.old->section, match.now->section, match.isRenamed()});
             } else {
-                const ElementView& device = match.now ? match.now : match.old;
-                const std::size_t settings = SectionTexts(device).all().size();
-                (match.now ? m_found.added : m_found.removed).push_back({tag, device.id(), nameOf(device), settings});
+                const auto& [section, id] = match.now != nullptr ? *match.now : *match.old;
+                const std::size_t settings = SectionTexts(section).all().size();
+                (match.now != nullptr ? m_found.added : m_found.removed).push_back({tag, id, nameOf(section), settings});
             }
         }
     }
@@ -112,16 +117,15 @@ private:
     void compareSections() {
         std::map<std::pair<std::wstring, std::wstring>, Pair> pairs;
         std::vector<Pair*> inOrder;
-        const auto add = [&](const ConfigInfo& document, ElementView Pair::*side) {
-            for (const ElementView& section : rootElement(document).children()) {
-                if (isDeviceSection(section.name()) && !section.id().empty()) continue;
+        const auto add = [&](const DocumentSections& sections, ElementView Pair::*side) {
+            for (const ElementView& section : sections.others()) {
                 const auto [place, isFirst] = pairs.try_emplace({section.name(), section.id()});
                 if (isFirst) inOrder.push_back(&place->second);
                 if (!(place->second.*side)) place->second.*side = section;
             }
         };
-        add(m_new, &Pair::now);
-        add(m_old, &Pair::old);
+        add(m_newSections, &Pair::now);
+        add(m_oldSections, &Pair::old);
         for (const Pair* const pair : inOrder) {
             if (isHeaderElement((pair->now ? pair->now : pair->old).name())) compareHeader(*pair);
             else compare(*pair);
@@ -138,10 +142,13 @@ private:
         (isStamp ? m_found.runs : m_found.changed).push_back(difference);
     }
 
+    void countComments(const Pair& pair) {
+        m_found.comments += detail::countChangedComments(m_oldSections.comments(pair.old), m_newSections.comments(pair.now));
+    }
+
     void compare(const Pair& pair) {
-        const bool areEqual = pair.old && pair.now && haveEqualContents(pair.old, pair.now);
-        m_found.comments += detail::countChangedComments(commentsIn(pair.old), commentsIn(pair.now));
-        if (areEqual) return;
+        countComments(pair);
+        if (pair.old && pair.now && haveEqualContents(pair.old, pair.now)) return;
         const SectionTexts olds(pair.old);
         const SectionTexts news(pair.now);
         for (const StoredText& now : news.all()) {
@@ -253,20 +260,17 @@ private:
 
     /// Notes where the devices that both documents have follow one another in different orders.
     void compareOrder(const std::wstring& tag, const std::vector<DeviceMatch>& matches) {
-        std::unordered_map<std::wstring, std::size_t> newPlaces;  // by old ID
-        for (std::size_t i = 0; i < matches.size(); ++i)
-            if (matches[i].old && matches[i].now) newPlaces.emplace(matches[i].old.id(), i);
-        std::vector<std::size_t> places;
-        for (const ElementView& device : sectionElements(m_old, tag)) {
-            const auto place = newPlaces.find(device.id());
-            if (place != newPlaces.end()) places.push_back(place->second);
-        }
-        if (!std::is_sorted(places.begin(), places.end()))
+        std::vector<const Device*> olds;
+        for (const DeviceMatch& match : matches)
+            if (match.isInBoth()) olds.push_back(match.old);
+        if (!std::is_sorted(olds.begin(), olds.end()))
             m_found.order.push_back({tag, namesIn(m_old, tag), namesIn(m_new, tag)});
     }
 
     const ConfigInfo& m_old;
     const ConfigInfo& m_new;
+    const DocumentSections m_oldSections;
+    const DocumentSections m_newSections;
     const DiffOptions& m_options;
     std::map<std::wstring, std::wstring> m_newCameraIDs;  // by old ID
     Difference m_found;

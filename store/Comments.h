@@ -14,8 +14,6 @@ namespace XMLConfig {
 
 /// The comments inside one element, at any depth; empty for a view of no element.
 XMLCONFIG_API std::vector<CommentView> commentsIn(const ElementView& around);
-/// The comments that stand directly in one element, not deeper; empty for a view of no element.
-XMLCONFIG_API std::vector<CommentView> commentsDirectlyIn(const ElementView& around);
 
 /// Writes a comment at the end of each of those elements and sets the document dirty. Each is the document's root or a
 /// section. Throws CorvaneException ("Error addComment: ...") for any other element, and for a text that a comment cannot

@@ -57,7 +57,7 @@ CommentView viewOf(const xercesc::DOMComment& comment) {
             detail::fromUtf16(detail::view(comment.getData()))};
 }
 
-void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around, bool isDeep = true) {
+void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
     std::size_t waiting = comments.size();  // the first that waits for the element after it
     for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::nodeAfter(*node)) {
         const auto type = node->getNodeType();
@@ -66,7 +66,7 @@ void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& 
         } else if (type == xercesc::DOMNode::ELEMENT_NODE) {
             const auto& element = static_cast<const xercesc::DOMElement&>(*node);
             for (; waiting < comments.size(); ++waiting) comments[waiting].next = ElementAccess::view(&element);
-            if (isDeep) addComments(comments, element);
+            addComments(comments, element);
             waiting = comments.size();
         }
     }
@@ -159,12 +159,6 @@ std::vector<CommentView> commentsOf(const ConfigInfo& document) {
 std::vector<CommentView> commentsIn(const ElementView& around) {
     std::vector<CommentView> comments;
     if (around) addComments(comments, *elementOf(around));
-    return comments;
-}
-
-std::vector<CommentView> commentsDirectlyIn(const ElementView& around) {
-    std::vector<CommentView> comments;
-    if (around) addComments(comments, *elementOf(around), false);
     return comments;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -51,6 +53,10 @@ public:
 
     bool operator==(const ElementView& other) const { return m_element == other.m_element; }
     bool operator!=(const ElementView& other) const { return m_element != other.m_element; }
+    /// For unordered sets and maps of views.
+    struct Hash {
+        std::size_t operator()(const ElementView& view) const { return std::hash<const void*>()(view.m_element); }
+    };
 
 private:
     friend struct ElementAccess;

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <vector>
-
-#include "store/ElementView.h"
 
 namespace XMLConfig::detail {
 
 /// How many comments are among the ones or the others only, by their texts. One whose text has changed counts once.
-std::size_t countChangedComments(const std::vector<CommentView>& ones, const std::vector<CommentView>& others);
+std::size_t countChangedComments(const std::vector<std::wstring>& ones, const std::vector<std::wstring>& others);
 
 }  // namespace XMLConfig::detail

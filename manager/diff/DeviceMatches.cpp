@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <map>
-#include <unordered_set>
+#include <unordered_map>
 
 #include "base/Angles.h"
 #include "manager/DeviceAddresses.h"
@@ -14,36 +13,37 @@ namespace XMLConfig::detail {
 namespace {
 
 /// Gives something by which a device can be recognised, such as its name; empty where the device lacks that.
-using Key = std::wstring (*)(const ElementView& device);
+using Key = std::wstring (*)(const Device& device);
 
 std::wstring textBelow(const ElementView& element, const std::wstring& tag) { return element.child(tag).text(); }
 
-ElementView snippetOf(const ElementView& device) { return device.child(L"DeviceSnippet").firstChild(); }
+ElementView snippetOf(const Device& device) { return device.section.child(L"DeviceSnippet").firstChild(); }
 
-std::wstring idKey(const ElementView& device) { return device.id(); }
-std::wstring oldIDKey(const ElementView& device) { return textBelow(device, L"OldSectionID"); }
+std::wstring idKey(const Device& device) { return device.id; }
+std::wstring oldIDKey(const Device& device) { return textBelow(device.section, L"OldSectionID"); }
 
-std::wstring macKey(const ElementView& device) {
+std::wstring macKey(const Device& device) {
+    const ElementView& section = device.section;
     for (const std::wstring& text :
-         {deviceIDOf(device.id()).value_or(DeviceID{}).address, textBelow(snippetOf(device), L"macAddress"),
-          textBelow(device.child(L"Connection"), L"MAC_Address"), textBelow(device, L"Projector_MAC_Address")}) {
+         {deviceIDOf(device.id).value_or(DeviceID{}).address, textBelow(snippetOf(device), L"macAddress"),
+          textBelow(section.child(L"Connection"), L"MAC_Address"), textBelow(section, L"Projector_MAC_Address")}) {
         std::wstring mac = digitsOfMAC(text);
         if (!mac.empty()) return mac;
     }
     return {};
 }
 
-std::wstring serialKey(const ElementView& device) { return textBelow(snippetOf(device), L"serialNumber"); }
+std::wstring serialKey(const Device& device) { return textBelow(snippetOf(device), L"serialNumber"); }
 
 bool begins(const std::wstring& text, const std::wstring& start) { return text.compare(0, start.size(), start) == 0; }
 
 /// A name that somebody gave: not the one that every new device gets.
-std::wstring nameKey(const ElementView& device) {
-    const std::wstring name = textBelow(device, L"Name");
+std::wstring nameKey(const Device& device) {
+    const std::wstring name = textBelow(device.section, L"Name");
     return begins(name, L"Channel_") || begins(name, L"Camera_") ? std::wstring() : name;
 }
 
-std::wstring connectionKey(const ElementView& device) {
+std::wstring connectionKey(const Device& device) {
     const ElementView snippet = snippetOf(device);
     const ElementView connection = snippet.child(L"connection");
     const std::wstring address = textBelow(connection, L"address");
@@ -81,20 +81,18 @@ bool areOneChannel(const Angles& one, const Angles& other) {
     return true;
 }
 
-std::vector<ElementView> devicesOf(const ConfigInfo& document, const std::wstring& tag) {
-    std::vector<ElementView> devices;
-    std::unordered_set<std::wstring> met;
-    for (const ElementView& device : sectionElements(document, tag))
-        if (!device.id().empty() && met.insert(device.id()).second) devices.push_back(device);
-    return devices;
-}
-
 class Matcher {
 public:
-    Matcher(const std::vector<ElementView>& old, const std::vector<ElementView>& now) : m_old(old), m_now(now) {
+    Matcher(const std::vector<Device>& old, const std::vector<Device>& now) : m_old(old), m_now(now) {
         m_partnerOfOld.assign(old.size(), none);
         m_partnerOfNew.assign(now.size(), none);
         m_by.assign(now.size(), L"ID");
+    }
+
+    /// Pairs those that have one ID and one place, which most have in most comparisons: nothing is looked up for them.
+    void joinInStep() {
+        for (std::size_t i = 0; i < std::min(m_old.size(), m_now.size()); ++i)
+            if (m_old[i].id == m_now[i].id) pair(i, i, L"ID");
     }
 
     /// Pairs an old device with a new one where both have the same key, `oldKey` of the old one and `newKey` of the new one,
@@ -126,23 +124,23 @@ public:
         std::vector<DeviceMatch> matches;
         for (std::size_t i = 0; i < m_now.size(); ++i) {
             const std::size_t old = m_partnerOfNew[i];
-            matches.push_back({old == none ? ElementView() : m_old[old], m_now[i], m_by[i]});
+            matches.push_back({old == none ? nullptr : &m_old[old], &m_now[i], m_by[i]});
         }
         for (std::size_t i = 0; i < m_old.size(); ++i)
-            if (m_partnerOfOld[i] == none) matches.push_back({m_old[i], {}});
+            if (m_partnerOfOld[i] == none) matches.push_back({&m_old[i], nullptr});
         return matches;
     }
 
 private:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
     static constexpr std::size_t ambiguous = static_cast<std::size_t>(-2);
-    using Places = std::map<std::wstring, std::size_t>;
+    using Places = std::unordered_map<std::wstring, std::size_t>;
     struct AnglesOfDevice {
         Angles angles;
         std::size_t device;
     };
 
-    static Places places(const std::vector<ElementView>& devices, const std::vector<std::size_t>& partners, Key key) {
+    static Places places(const std::vector<Device>& devices, const std::vector<std::size_t>& partners, Key key) {
         Places result;
         for (std::size_t i = 0; i < devices.size(); ++i) {
             if (partners[i] != none) continue;
@@ -154,12 +152,12 @@ private:
         return result;
     }
 
-    static std::vector<AnglesOfDevice> channels(const std::vector<ElementView>& devices,
+    static std::vector<AnglesOfDevice> channels(const std::vector<Device>& devices,
                                                 const std::vector<std::size_t>& partners) {
         std::vector<AnglesOfDevice> result;
         for (std::size_t i = 0; i < devices.size(); ++i) {
             AnglesOfDevice channel{{}, i};
-            if (partners[i] == none && readAngles(devices[i], channel.angles)) result.push_back(channel);
+            if (partners[i] == none && readAngles(devices[i].section, channel.angles)) result.push_back(channel);
         }
         const auto isFurtherLeft = [](const AnglesOfDevice& one, const AnglesOfDevice& other) {
             return one.angles[0] < other.angles[0];
@@ -193,8 +191,8 @@ private:
         m_by[now] = by;
     }
 
-    const std::vector<ElementView>& m_old;
-    const std::vector<ElementView>& m_now;
+    const std::vector<Device>& m_old;
+    const std::vector<Device>& m_now;
     std::vector<std::size_t> m_partnerOfOld;
     std::vector<std::size_t> m_partnerOfNew;
     std::vector<const wchar_t*> m_by;
@@ -202,11 +200,10 @@ private:
 
 }  // namespace
 
-std::vector<DeviceMatch> matchDevices(const ConfigInfo& oldDocument, const ConfigInfo& newDocument,
+std::vector<DeviceMatch> matchDevices(const std::vector<Device>& olds, const std::vector<Device>& news,
                                       const std::wstring& tag) {
-    const std::vector<ElementView> olds = devicesOf(oldDocument, tag);
-    const std::vector<ElementView> news = devicesOf(newDocument, tag);
     Matcher matcher(olds, news);
+    matcher.joinInStep();
     matcher.join(idKey, idKey, L"ID");
     matcher.join(idKey, oldIDKey, L"OldSectionID");
     matcher.join(oldIDKey, idKey, L"OldSectionID");

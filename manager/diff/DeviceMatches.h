@@ -3,19 +3,22 @@
 #include <string>
 #include <vector>
 
-#include "store/ElementView.h"
+#include "manager/diff/DocumentSections.h"
 
 namespace XMLConfig::detail {
 
-/// A device of one document or the same device in both; a view of no element where a document has none.
+/// A device of one document or the same device in both; null where a document has none.
 struct DeviceMatch {
-    ElementView old;
-    ElementView now;
+    const Device* old = nullptr;
+    const Device* now = nullptr;
     const wchar_t* by = L"ID";  ///< what told that both are one device
+
+    [[nodiscard]] bool isInBoth() const { return old != nullptr && now != nullptr; }
+    [[nodiscard]] bool isRenamed() const { return isInBoth() && old->id != now->id; }
 };
 
-/// The devices of that tag of both documents: those of the new one in its order, then those that are gone. Of several with
-/// one ID only the first is a device; those without ID are none.
-std::vector<DeviceMatch> matchDevices(const ConfigInfo& oldDocument, const ConfigInfo& newDocument, const std::wstring& tag);
+/// The devices of that tag of both documents: those of the new one in its order, then those that are gone.
+std::vector<DeviceMatch> matchDevices(const std::vector<Device>& olds, const std::vector<Device>& news,
+                                      const std::wstring& tag);
 
 }  // namespace XMLConfig::detail

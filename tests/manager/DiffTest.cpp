@@ -313,6 +313,11 @@ TEST(Diff, OrderOfDevicesIsOneLine) {
     EXPECT_TRUE(difference.changed.empty());
 }
 
+TEST(Diff, SectionWithTheIDOfAnEarlierOneHasNoPlaceAmongDevices) {
+    const std::string devices = projector("a", "") + projector("b", "") + projector("a", "");
+    EXPECT_TRUE(diffOf(currentFile(devices), currentFile(devices)).isNothing());
+}
+
 TEST(Diff, OrderOfSettingsAndSectionsCountsForNothing) {
     EXPECT_TRUE(diffOf(currentFile("<System><A>1</A><B>2</B></System><Screen/>"),
                        currentFile("<Screen/><System><B>2</B><A>1</A></System>"))
@@ -372,6 +377,8 @@ TEST(Diff, CountsCommentsThatDifferAndNothingElseOfThem) {
     EXPECT_EQ(commentsIn("<System><!-- a --></System>", "<System><!-- b --></System>"), 1U);
     EXPECT_EQ(commentsIn("<System><!-- a --><!-- b --></System>", "<System><!-- b --><!-- a --></System>"), 0U);
     EXPECT_EQ(commentsIn("<System><!-- a --></System><Color/>", "<System/><Color><!-- a --></Color>"), 2U);
+    EXPECT_EQ(commentsIn("<System><!-- a --></System><Screen/>", "<!-- a --><System/><Screen/>"), 2U);
+    EXPECT_EQ(commentsIn("<System/><System/>", "<System/><System><!-- a --></System>"), 0U);
 }
 
 TEST(Diff, CommentsFollowTheirDevice) {
