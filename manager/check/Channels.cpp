@@ -4,6 +4,7 @@
 #include "base/Angles.h"
 #include "base/Setting.h"
 #include "manager/check/Channels.h"
+#include "manager/layout/Parts.h"
 #include "platform/Numbers.h"
 
 /// Rules on the channels: each by itself, and their places on the screen.
@@ -22,9 +23,16 @@ Mend swapped(const CheckedSection& projector, const std::wstring& low, const std
              setCommand(placeOf(projector, high), projector.stored(low))}};
 }
 
+/// False for what rules of their own find: what is no number, and what looks like degrees.
+bool isAngle(double radians) { return std::abs(radians) <= fullTurn; }
+
+bool areAngles(const EdgeValues& edges, ImageEdge low, ImageEdge high) {
+    return isAngle(edges.at(low)) && isAngle(edges.at(high));
+}
+
 void checkEdges(ChannelCheck& check, const CheckedSection& projector, ImageEdge low, ImageEdge high) {
     const EdgeValues& field = check.channel(projector).edges;
-    if (field.at(low) < field.at(high)) return;
+    if (field.at(low) < field.at(high) || !areAngles(field, low, high)) return;
     const bool isAcross = low == ImageEdge::Left;
     Finding& finding = check.findings.add(L"XC303", Severity::Error, placeOf(projector, namesOf(low).field),
                                           std::wstring(isAcross ? L"Left (" : L"Bottom (") + check.angle(field.at(low)) +
@@ -35,27 +43,24 @@ void checkEdges(ChannelCheck& check, const CheckedSection& projector, ImageEdge 
 
 void checkFieldWidth(ChannelCheck& check, const CheckedSection& projector) {
     const EdgeValues& field = check.channel(projector).edges;
-    const auto isNearer = [&](ImageEdge a, ImageEdge b) { return std::abs(field.at(a)) < std::abs(field.at(b)); };
+    const auto width = [&](ImageEdge edge) { return isAngle(field.at(edge)) ? std::abs(field.at(edge)) : 0.0; };
+    const auto isNearer = [&](ImageEdge a, ImageEdge b) { return width(a) < width(b); };
     const ImageEdge furthest = *std::max_element(std::begin(imageEdges), std::end(imageEdges), isNearer);
+    if (width(furthest) < widestEdge) return;
     check.findings.add(L"XC304", Severity::Warning, placeOf(projector, namesOf(furthest).field),
-                       L"an edge " + check.angle(std::abs(field.at(furthest))) + L" off the line of sight");
+                       L"an edge " + check.angle(width(furthest)) + L" off the line of sight");
 }
 
-void checkState(ChannelCheck& check, const CheckedSection& projector) {
-    switch (check.channel(projector).state) {
-        case ChannelState::Missing:
-            check.findings.add(L"XC309", Severity::Error, placeOf(projector, L"Channel_Extents"), L"has no channel yet");
-            break;
-        case ChannelState::EdgesSwapped:
-            checkEdges(check, projector, ImageEdge::Left, ImageEdge::Right);
-            checkEdges(check, projector, ImageEdge::Bottom, ImageEdge::Top);
-            break;
-        case ChannelState::FieldTooWide:
-            checkFieldWidth(check, projector);
-            break;
-        default:
-            break;
+void checkField(ChannelCheck& check, const CheckedSection& projector) {
+    const EdgeValues& field = check.channel(projector).edges;
+    const auto isZero = [&](ImageEdge edge) { return field.at(edge) == 0.0; };
+    if (std::all_of(std::begin(imageEdges), std::end(imageEdges), isZero)) {
+        check.findings.add(L"XC309", Severity::Error, placeOf(projector, L"Channel_Extents"), L"has no channel yet");
+        return;
     }
+    checkEdges(check, projector, ImageEdge::Left, ImageEdge::Right);
+    checkEdges(check, projector, ImageEdge::Bottom, ImageEdge::Top);
+    checkFieldWidth(check, projector);
 }
 
 /// Whatever is stored in radians, in any section.
@@ -96,11 +101,13 @@ void checkHeading(ChannelCheck& check, const CheckedSection& projector) {
 }
 
 void checkSight(ChannelCheck& check, const CheckedSection& projector) {
-    const Channel& channel = check.channel(projector);
-    if (channel.state != ChannelState::Usable) return;
-    const auto isBeside = [](double low, double high) { return low > 0.0 || high < 0.0; };
-    const bool isAcross = isBeside(channel.edges.left, channel.edges.right);
-    if (!isAcross && !isBeside(channel.edges.bottom, channel.edges.top)) return;
+    const EdgeValues& field = check.channel(projector).edges;
+    const auto isBeside = [&](ImageEdge low, ImageEdge high) {
+        const bool isSound = field.at(low) < field.at(high) && areAngles(field, low, high);
+        return isSound && (field.at(low) > 0.0 || field.at(high) < 0.0);
+    };
+    const bool isAcross = isBeside(ImageEdge::Left, ImageEdge::Right);
+    if (!isAcross && !isBeside(ImageEdge::Bottom, ImageEdge::Top)) return;
     check.findings.add(L"XC307", Severity::Note,
                        placeOf(projector, isAcross ? L"Channel_Extents|HFOV" : L"Channel_Extents|VFOV"),
                        L"does not hold its own line of sight");
@@ -201,7 +208,7 @@ void checkChannels(Findings& findings) {
     ChannelCheck check(findings);
     for (const CheckedSection& section : findings.read.sections()) checkDegrees(findings, section);
     for (const CheckedSection* projector : findings.read.projectors()) {
-        checkState(check, *projector);
+        checkField(check, *projector);
         checkHeading(check, *projector);
         checkSight(check, *projector);
         checkArea(check, *projector, L"Screen_Area_Left", L"Screen_Area_Right");

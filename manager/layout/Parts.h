@@ -1,9 +1,13 @@
 #pragma once
 
+#include "base/Angles.h"
 #include "manager/Layout.h"
 
 /// The steps by which a layout is made. Each uses what the steps before it have found.
 namespace XMLConfig::detail {
+
+/// From there on an edge is too far off the line of sight: 89 degrees, but for the rounding of what is stored.
+inline constexpr double widestEdge = 89.0 * degree - 1e-9;
 
 /// Every projector's channel as stored, with the directions and spans of the usable ones.
 std::vector<Channel> readChannels(const ConfigInfo& document);

@@ -15,8 +15,6 @@
 namespace XMLConfig::detail {
 namespace {
 
-constexpr double widestEdge = 89.0 * degree - 1e-9;  // but for the rounding of what is stored
-
 /// Accessors want a document that they may change; only their getters are used here.
 ConfigInfo* readable(const ConfigInfo& document) { return const_cast<ConfigInfo*>(&document); }
 

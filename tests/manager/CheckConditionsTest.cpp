@@ -182,6 +182,36 @@ TEST(CheckConditions, AQuarterTurnUpIsNotOverTheTop) {
     EXPECT_EQ(foundBy(L"XC306", projectorAt("1", "-3.1416", "1.5708", "")).size(), 2U);
 }
 
+TEST(CheckConditions, FaultsOfAFieldHideOneAnotherAsLittleAsThoseOfTheHeading) {
+    const auto found = [](const std::string& yaw, const std::string& left, const std::string& right) {
+        const std::string content =
+            "<Projector ID='1'><Channel_Extents><Heading><Yaw>" + yaw + "</Yaw></Heading><HFOV><Left>" + left +
+            "</Left><Right>" + right +
+            "</Right></HFOV><VFOV><Top>0.2</Top><Bottom>-0.2</Bottom></VFOV></Channel_Extents></Projector>";
+        std::wstring rules;
+        for (const wchar_t* const rule : {L"XC303", L"XC304", L"XC305", L"XC307", L"XC309", L"XC113"})
+            if (!foundBy(rule, content).empty()) rules += std::wstring(rule) + L" ";
+        return rules;
+    };
+    EXPECT_EQ(found("0", "-0.3", "0.3"), L"");
+    EXPECT_EQ(found("-67.5", "0.3", "-0.3"), L"XC303 XC305 ");
+    EXPECT_EQ(found("nan", "0.3", "-1.6"), L"XC303 XC304 XC113 ");
+    EXPECT_EQ(found("-67.5", "0.1", "0.3"), L"XC305 XC307 ");
+    EXPECT_EQ(found("0", "30", "-30"), L"XC305 ");
+    EXPECT_EQ(found("0", "-1.6", "30"), L"XC304 XC305 ");
+    EXPECT_EQ(found("0", "nan", "0.3"), L"XC113 ");
+}
+
+TEST(CheckConditions, AProjectorWithoutEdgesHasNoChannelWhereverItIsHeaded) {
+    const auto headed = [](const std::string& yaw) {
+        return foundBy(L"XC309", "<Projector ID='1'><Channel_Extents><Heading><Yaw>" + yaw +
+                                     "</Yaw></Heading></Channel_Extents></Projector>");
+    };
+    EXPECT_EQ(headed("0.1"), (Lines{L"Projector[1]/Channel_Extents: has no channel yet"}));
+    EXPECT_EQ(headed("nan"), headed("0.1"));
+    EXPECT_EQ(headed("-67.5"), headed("0.1"));
+}
+
 TEST(CheckConditions, AYawIsMendedInAllItsDigits) {
     EXPECT_EQ(foundBy(L"XC306", projectorAt("1", "3.500000123456789e+00", "0", "")),
               (Lines{L"Projector[1]/Channel_Extents/Heading/Yaw: 200.54\u00b0 is more than half a turn; set "
