@@ -141,7 +141,7 @@ CheckedFile acceptInFile(const Request& request, const std::string& file, std::w
     checked.comments = accept(*document, request, optionsOf(request, file, std::nullopt));
     checked.isWritten = !request.dryRun;
     if (!request.dryRun) saveDocument(*document, file);
-    if (!request.json) text = acceptedText(checked.comments, *document, request);
+    if (!request.json && !request.quiet) text = acceptedText(checked.comments, *document, request);
     text += addFindings(checked, *document, request, std::nullopt, request.dryRun ? "" : file);
     return checked;
 }
@@ -178,7 +178,7 @@ std::wstring fixInFile(CheckedFile& checked, const Request& request) {
     checked.isWritten = isToBeWritten;
     checked.changes = changes;
     std::wstring text;
-    if (!request.json)
+    if (!request.json && !request.quiet)
         text = changesText(changes, before.showing, findingCounts(findings), request.dryRun, isColoured(request.colour));
     return text + addFindings(checked, *document, request, std::nullopt, request.dryRun ? "" : checked.file);
 }

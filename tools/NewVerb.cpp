@@ -85,7 +85,8 @@ ExitStatus runNew(const Request& request) {
     const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::newConfiguration(std::make_shared<ProductInfo>()));
     addProjectors(*manager, request.projectors);
     save(*manager, request.file);
-    print(request.json ? jsonOf(*manager, request.file) : textOf(*manager, file));
+    if (request.json) print(jsonOf(*manager, request.file));
+    else if (!request.quiet) print(textOf(*manager, file));
     return Done;
 }
 

@@ -143,7 +143,7 @@ UpgradeCounts countOf(const std::vector<UpgradeOutcome>& outcomes) {
     return counts;
 }
 
-std::wstring upgradeLine(const UpgradeOutcome& outcome) {
+std::wstring upgradeLine(const UpgradeOutcome& outcome, bool namesLost) {
     const XMLConfig::UpgradeFileReport& report = outcome.report;
     std::wstring line = outcome.file + L": ";
     if (report.status == XMLConfig::Upgraded) {
@@ -154,7 +154,8 @@ std::wstring upgradeLine(const UpgradeOutcome& outcome) {
     }
     if (report.target != outcome.file) line += L", in " + report.target;
     if (!report.backup.empty()) line += L", the old file is " + report.backup;
-    for (const auto& device : report.lost) line += L", lost " + deviceName(device.section, device.id, device.name);
+    for (const auto& device : report.lost)
+        if (namesLost) line += L", lost " + deviceName(device.section, device.id, device.name);
     return printable(outcome.isDryRun ? line + L" (dry run, nothing written)" : line);
 }
 

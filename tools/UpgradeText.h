@@ -24,8 +24,8 @@ struct UpgradeCounts {
 };
 UpgradeCounts countOf(const std::vector<UpgradeOutcome>& outcomes);
 
-/// One line about a file that did not fail.
-std::wstring upgradeLine(const UpgradeOutcome& outcome);
+/// One line about a file that did not fail; `namesLost` names the devices that are lost.
+std::wstring upgradeLine(const UpgradeOutcome& outcome, bool namesLost);
 /// Lines about each step and each change; "" where there was no step.
 std::wstring explanation(const XMLConfig::UpgradeReceipt& receipt);
 /// "2 upgraded, 1 at the latest version already, 0 failed; 1 lost something"

@@ -98,8 +98,8 @@ void printOutcome(const UpgradeOutcome& outcome, const Request& request) {
         complain(outcome.file + L": not upgraded: " + reasonOf(outcome),
                  faultLineIn(XMLConfig::utf8FromWide(outcome.file), outcome.fault));
     tellAssumedVersion(outcome);
-    if (request.json) return;
-    if (outcome.fault.empty()) print(upgradeLine(outcome) + L"\n");
+    if (request.json || request.quiet) return;
+    if (outcome.fault.empty()) print(upgradeLine(outcome, !request.explain) + L"\n");
     if (request.explain && outcome.fault.empty()) print(upgradeSummary(outcome));
     if (request.steps) print(explanation(outcome.report.receipt));
 }
@@ -139,7 +139,8 @@ ExitStatus runUpgrade(const Request& asked) {
         if (!request.json) outcomes.back().report.receipt.steps.clear();  // printed already, and large
     }
     const ExitStatus status = statusOf(outcomes);
-    print(request.json ? upgradeJson(outcomes, status) : countLine(outcomes) + L"\n");
+    if (request.json) print(upgradeJson(outcomes, status));
+    else if (!request.quiet) print(countLine(outcomes) + L"\n");
     return status;
 }
 

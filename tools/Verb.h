@@ -22,7 +22,7 @@ struct Request {
     bool all = false;             ///< --all: show and diff leave nothing out
     bool force = false;           ///< --force: new replaces a file, set and unset do what they would refuse
     bool dryRun = false;          ///< --dry-run: nothing is written
-    bool quiet = false;           ///< --quiet: the verbs that write do not tell what has changed
+    bool quiet = false;           ///< --quiet: the verbs that write do not tell what they wrote
     unsigned waitSeconds = 30;    ///< --wait: for another program that is writing
     std::string colour = "auto";  ///< --color
 

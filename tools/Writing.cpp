@@ -19,6 +19,7 @@ void refuseErrors(const FindingChange& findings, const Showing& showing) {
 }  // namespace
 
 void setUpWriting(Options& options, Request& request) {
+    options.flag("--quiet", request.quiet, "Do not tell what was written");
     constexpr unsigned day = 24 * 60 * 60;
     options.value("--wait", request.waitSeconds, "How long to wait for another program that writes (30)")
         .valueName("SECONDS")
@@ -27,7 +28,6 @@ void setUpWriting(Options& options, Request& request) {
 
 void setUpChanging(Options& options, Request& request) {
     options.flag("--dry-run", request.dryRun, "Tell what would change and write nothing");
-    options.flag("--quiet", request.quiet, "Do not tell what has changed");
     options.flag("--json", request.json, "Answer with one JSON object");
     setUpColour(options, request.colour);
     setUpWriting(options, request);

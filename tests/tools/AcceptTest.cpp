@@ -52,6 +52,12 @@ TEST_F(Accept, WritesACommentIntoTheSectionAndChecksAgain) {
                                      "  </Screen>\n"));
 }
 
+TEST_F(Accept, QuietlyTellsWhatIsLeftAlone) {
+    expectRun(accept("XC321", {"--quiet", "--only", "XC321"}), 0,
+              file + ": 0 errors, 0 warnings, 0 notes, 1 accepted; all is well\n");
+    EXPECT_NE(content(), exampleText());
+}
+
 TEST_F(Accept, TakesTheFindingOfOnePlaceOnly) {
     EXPECT_THAT(accept("XC901@Projector[Dome 2]/Box_Spacing").output,
                 StartsWith("+ Projector[Dome 2]: xmlconfig accepts XC901: as built\n1 comment for 1 finding\n"));

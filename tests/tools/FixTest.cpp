@@ -57,6 +57,13 @@ TEST_F(Fix, DoesTheSafeMendsAndChecksAgain) {
     EXPECT_EQ(contentOf(file), mendedExample());
 }
 
+TEST_F(Fix, QuietlyTellsWhatIsLeftAlone) {
+    const std::string file = example();
+    expectRun(runTool({"check", "--fix", "--quiet", "--only", "XC409", file}), 0,
+              file + ": 0 errors, 0 warnings, 0 notes; all is well\n");
+    EXPECT_EQ(contentOf(file), mendedExample());
+}
+
 TEST_F(Fix, WritesNothingInADryRun) {
     const std::string file = example();
     EXPECT_EQ(runTool({"check", "--fix", "--dry-run", "--only", "XC409", file}).output,

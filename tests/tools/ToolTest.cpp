@@ -257,6 +257,11 @@ TEST_F(Tool, NewMakesAConfigurationThatIsInOrder) {
               "Screen/Shape\tFlat\nGeometry/Box_Size\t21, 21\n", "");
 }
 
+TEST_F(Tool, NewTellsNothingQuietly) {
+    expectRun(runTool({"new", "--quiet", path("neu.skorrax")}), 0, "", "");
+    EXPECT_EQ(runTool({"check", path("neu.skorrax")}).status, 0);
+}
+
 TEST_F(Tool, NewMakesProjectorsInOneRow) {
     const std::string file = path("neu.skorrax");
     expectRun(
@@ -611,8 +616,8 @@ TEST_F(Tool, ExampleRuns) {
                                   "<     <Name>Dome 2</Name>\n"
                                   "---\n"
                                   ">     <Name>Dome, left of the middle</Name>\n"));
-    EXPECT_THAT(output, HasSubstr("\nhistory/dome-1.500.skorra: version 1.500 -> 9.000, in upgraded.skorrax, lost "
-                                  "Camera[3] \"Old analogue\"\n"));
+    EXPECT_THAT(output, HasSubstr("\nhistory/dome-1.500.skorra: version 1.500 -> 9.000, in upgraded.skorrax\n"
+                                  "  lost     Camera[3] \"Old analogue\" with its 51 settings: "));
     EXPECT_THAT(output, HasSubstr("\n1 upgraded, 0 at the latest version already, 0 failed; 1 lost something\n"));
     EXPECT_THAT(output, HasSubstr("\nFile        upgraded.skorrax, version 9.000, build "));
 }

@@ -155,7 +155,7 @@ TEST_F(UpgradeVerb, ExplainTellsInShortWhatBecameOfTheFile) {
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(
         run.output,
-        HasSubstr(", lost Camera[3] \"Old analogue\" (dry run, nothing written)\n"
+        HasSubstr(".v8.000.bak (dry run, nothing written)\n"
                   "  lost     Camera[3] \"Old analogue\" with its 14 settings: cameras of type 7 are not known any more\n"
                   "  renamed  Camera[1] \"Front\" -> PGR***00:b0:9d:00:00:01, Camera[2] \"Rear\" -> "
                   "PGR***00:b0:9d:00:00:02; nothing refers to the old IDs\n"
@@ -272,6 +272,16 @@ TEST_F(UpgradeVerb, WhatTheLibraryLogsIsNotTold) {
     const std::string newer = write("newer.skorrax", "9.001");
     EXPECT_EQ(runTool({"upgrade", newer}).errors,
               "xmlconfig: " + newer + ": not upgraded: is of file version 9.001; this program knows 9.000\n");
+}
+
+TEST_F(UpgradeVerb, QuietlyToldNothingButWhatFails) {
+    const std::string file = write("hall.skorrax", "8.0", "<Camera ID=\"1\"><CameraType>7</CameraType></Camera>");
+    expectRun(runTool({"upgrade", "--quiet", file}), 1, "", "");
+    EXPECT_THAT(folder.read(L"hall.skorrax"), HasSubstr("<Version>" + latestVersion + "</Version>"));
+    const ToolRun newer = runTool({"upgrade", "--quiet", write("newer.skorrax", "9.001")});
+    EXPECT_EQ(newer.output, "");
+    EXPECT_THAT(newer.errors, HasSubstr("newer.skorrax: not upgraded: "));
+    EXPECT_THAT(runTool({"upgrade", "--quiet", "--json", file}).output, HasSubstr("\"current\": 1"));
 }
 
 TEST_F(UpgradeVerb, ManyLostDevicesAreNamedByTheUpgradeAlone) {
