@@ -4,6 +4,8 @@
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
 #include "platform/Words.h"
+#include "store/Address.h"
+#include "store/CorvaneException.h"
 #include "store/Tokens.h"
 #include "tools/DescribeJson.h"
 #include "tools/Json.h"
@@ -17,6 +19,7 @@
 namespace tool {
 namespace {
 
+using XMLConfig::Address;
 using XMLConfig::Setting;
 using XMLConfig::SettingClass;
 using XMLConfig::SettingType;
@@ -90,15 +93,27 @@ std::vector<Setting> settingsAbout(const std::wstring& word) {
     return found;
 }
 
-/// The part of a record at an address, which is none of the catalogue's settings.
-std::optional<Setting> partAt(const std::wstring& text) {
-    const std::size_t slash = text.find(L'/');
-    if (slash == std::wstring::npos) return std::nullopt;
-    std::wstring key = text.substr(slash + 1);
-    std::replace(key.begin(), key.end(), L'/', L'|');
-    std::optional<Setting> setting = XMLConfig::findSetting({text.substr(0, slash), L"", L"", L"", key});
-    if (setting && addressOf(*setting) != text) setting.reset();
-    return setting;
+/// An address as the other verbs take it; nothing for a text that is none.
+std::optional<Address> addressIn(const std::wstring& text) {
+    try {
+        return XMLConfig::parseAddress(text);
+    } catch (const CorvaneParseException&) {
+        return std::nullopt;
+    }
+}
+
+/// "Projector/Gamma" for "Projector[Dome 1]/Gamma"; any other text as it is.
+std::wstring withoutDevice(const std::wstring& text) {
+    std::optional<Address> address = addressIn(text);
+    if (!address || address->sectionID.empty()) return text;
+    address->sectionID.clear();
+    return addressText(*address);
+}
+
+/// The setting at an address that the catalogue does not hold: the part of a record, or one of many with a number or an ID.
+std::optional<Setting> settingAt(const std::wstring& text) {
+    const std::optional<Address> address = addressIn(text);
+    return address ? XMLConfig::findSetting(*address) : std::nullopt;
 }
 
 /// The settings of a section, at an address or below it.
@@ -110,8 +125,8 @@ std::vector<Setting> settingsAt(const std::wstring& text) {
         const bool isBelow = address.compare(0, text.size() + 1, text + L"/") == 0;
         if (address == text || isBelow) found.push_back(setting);
     }
-    const std::optional<Setting> part = found.empty() ? partAt(text) : std::nullopt;
-    if (part) found.push_back(*part);
+    const std::optional<Setting> one = found.empty() ? settingAt(text) : std::nullopt;
+    if (one) found.push_back(*one);
     return found;
 }
 
@@ -147,16 +162,21 @@ Topic topicOf(const std::wstring& asked) {
         if (rules.empty()) refuseUnknownRule(asked);
         return {asked, {}, rules};
     }
-    Topic topic{asked, settingsAt(asked), {}};
+    Topic topic{asked, settingsAt(withoutDevice(asked)), {}};
+    if (topic.settings.size() == 1) topic.asked = addressOf(topic.settings[0]);
     if (!topic.settings.empty()) return topic;
     if (!asked.empty()) topic = {asked, settingsAbout(asked), rulesAbout(asked)};
     if (topic.settings.empty() && topic.rules.empty()) refuseUnknown(asked);
     return topic;
 }
 
+bool isNameOf(const XMLConfig::CheckRule& rule, const std::wstring& text) {
+    return ruleNamed(text) == &rule || lowerAscii(text) == rule.name;
+}
+
 void printTopic(const Topic& topic) {
-    const bool isRule = topic.rules.size() == 1 && topic.rules[0] == ruleNamed(topic.asked);
-    if (isRule) print(ruleText(*topic.rules[0]));
+    const bool isOfOneRule = topic.settings.empty() && topic.rules.size() == 1;
+    if (isOfOneRule && isNameOf(*topic.rules[0], topic.asked)) print(ruleText(*topic.rules[0]));
     else if (topic.settings.size() == 1 && addressOf(topic.settings[0]) == topic.asked) printDetails(topic.settings[0]);
     else {
         printList(topic.settings);
@@ -167,9 +187,10 @@ void printTopic(const Topic& topic) {
 }  // namespace
 
 void setUpDescribe(Options& options, Request& request) {
-    options.value("SETTING", request.operands,
-                  "SECTION, SECTION/KEY, a rule of check, or a word to look for in names and meanings; all settings are "
-                  "listed without");
+    options.value(
+        "SETTING", request.operands,
+        "SECTION, an address in it, a rule of check, or a word to look for in names and meanings; all settings are "
+        "listed without");
     options.flag("--json", request.json, "Answer with one JSON object");
     options.footer("Exit status: 0 done, 1 nothing is known of it, 2 wrong usage.");
 }

@@ -78,6 +78,29 @@ TEST(DescribeVerb, KnowsThePartsOfRecords) {
     EXPECT_EQ(runTool({"describe", "Projector/Pond_Of_Mirrors/Middle"}).status, 1);
 }
 
+TEST(DescribeVerb, KnowsAddressesOfAFile) {
+    const std::pair<const char*, const char*> settings[] = {
+        {"System/ACT_Address_3", "System/ACT_Address_%d"},
+        {"Color/CameraOverlapPoint_a_b", "Color/CameraOverlapPoint_%s_%s"},
+        {"Projector[Dome 1]/Gamma", "Projector/Gamma"},
+        {"Camera[*]/Camera_Gain", "Camera/Camera_Gain"},
+        {"Projector[PGR***02:1c:00:51:00:a0]/Channel_Extents/HFOV/Left", "Projector/Channel_Extents/HFOV/Left"},
+        {"Projector[#1]/Pond_Of_Mirrors/Left", "Projector/Pond_Of_Mirrors/Left"},
+    };
+    for (const auto& [address, setting] : settings)
+        EXPECT_THAT(runTool({"describe", address}).output, StartsWith(std::string(setting) + "\n  meaning"));
+    EXPECT_EQ(runTool({"describe", "Projector[#1]/Channel_Extents"}).output,
+              runTool({"describe", "Projector/Channel_Extents"}).output);
+    EXPECT_EQ(runTool({"describe", "Projector[#1]"}).output, runTool({"describe", "Projector"}).output);
+    EXPECT_EQ(runTool({"describe", "System/ACT_Address_x"}).status, 1);
+    EXPECT_EQ(runTool({"describe", "Projector[#1"}).status, 1);
+}
+
+TEST(DescribeVerb, KnowsRulesByTheirNames) {
+    EXPECT_EQ(runTool({"describe", "Blend-too-narrow"}).output, runTool({"describe", "XC312"}).output);
+    expectRun(runTool({"describe", "too-narrow"}), 0, "rules: XC312\n", "");
+}
+
 TEST(DescribeVerb, TellsHowFarAnAngleGoes) {
     EXPECT_THAT(runTool({"describe", "Projector/Channel_Extents/Heading/Yaw"}).output,
                 HasSubstr("  values        at most one turn either way\n"));
