@@ -13,7 +13,7 @@ std::u16string_view valueOf(const xercesc::DOMNode& attribute) {
 }
 
 const xercesc::DOMAttr* idAttributeOf(const xercesc::DOMElement& element) {
-    return hasAttributes(element) ? element.getAttributeNode(xmlText(u"ID")) : nullptr;
+    return element.hasAttributes() ? element.getAttributeNode(xmlText(u"ID")) : nullptr;
 }
 
 std::u16string_view idTextOf(const xercesc::DOMElement& element) {

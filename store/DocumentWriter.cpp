@@ -68,7 +68,7 @@ private:
     void writeElement(const DOMElement& element, int level, bool isInside, Blanks before) {
         const XMLCh* const name = element.getNodeName();
         writeTag(before, "<", name, "");
-        if (hasAttributes(element)) writeAttributes(element);
+        if (element.hasAttributes()) writeAttributes(element);
         const Form form = writeContent(element, level, isInside);
         if (form == Form::Empty) return m_out.append("/>");
         writeTag(form == Form::Indented ? blanksOf(level) : Blanks{0}, "</", name, ">");

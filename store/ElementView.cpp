@@ -17,7 +17,7 @@ namespace {
 const xercesc::DOMElement* elementOf(const ElementView& view) { return ElementAccess::element(view); }
 
 bool areAttributesEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
-    if (!detail::hasAttributes(one)) return !detail::hasAttributes(other);
+    if (!one.hasAttributes()) return !other.hasAttributes();
     const xercesc::DOMNamedNodeMap& ones = *one.getAttributes();
     if (ones.getLength() != other.getAttributes()->getLength()) return false;
     for (XMLSize_t i = 0; i < ones.getLength(); ++i) {
@@ -51,15 +51,15 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
 /// Of a comment inside an element.
 CommentView viewOf(const xercesc::DOMComment& comment) {
     const auto* const around = static_cast<const xercesc::DOMElement*>(comment.getParentNode());
-    const xercesc::DOMNode* next = detail::nodeAfter(comment);
-    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) next = detail::nodeAfter(*next);
+    const xercesc::DOMNode* next = comment.getNextSibling();
+    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) next = detail::lookAt(*next).next;
     return {ElementAccess::view(around), ElementAccess::view(static_cast<const xercesc::DOMElement*>(next)),
             detail::fromUtf16(detail::view(comment.getData()))};
 }
 
 void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
     std::size_t waiting = comments.size();  // the first that waits for the element after it
-    for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::nodeAfter(*node)) {
+    for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::lookAt(*node).next) {
         const auto type = node->getNodeType();
         if (type == xercesc::DOMNode::COMMENT_NODE) {
             comments.push_back({ElementAccess::view(&around), {}, detail::fromUtf16(detail::view(node->getNodeValue()))});
@@ -94,7 +94,7 @@ std::wstring ElementView::id() const {
 }
 
 std::optional<std::wstring> ElementView::attribute(const std::wstring& attributeName) const {
-    if (m_element == nullptr || !detail::hasAttributes(*elementOf(*this))) return std::nullopt;
+    if (m_element == nullptr || !elementOf(*this)->hasAttributes()) return std::nullopt;
     const std::u16string name = detail::toUtf16(attributeName);
     const xercesc::DOMAttr* const found = elementOf(*this)->getAttributeNode(detail::xmlText(name));
     return found == nullptr ? std::nullopt : std::optional(detail::fromUtf16(detail::view(found->getValue())));

@@ -182,7 +182,6 @@ DOMElement& StrictParser::makeElement(const unsigned int uri, const XMLCh* const
 
 void StrictParser::addAttributes(DOMElement& element, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                                  const XMLSize_t count) {
-    reserveAttributes(element, count);
     for (XMLSize_t i = 0; i < count; ++i) {
         const xercesc::XMLAttr& read = *attributes.elementAt(i);
         const bool isDefault = view(read.getPrefix()).empty() && view(read.getName()) == u"xmlns";

@@ -23,40 +23,33 @@ std::size_t weightOf(const DOMNode& node) {
     if (look.type != DOMNode::ELEMENT_NODE) return nodeWeight + look.text.size() * sizeof(char16_t);
     const auto& element = static_cast<const DOMElement&>(node);
     std::size_t weight = nodeWeight;
-    if (hasAttributes(element)) weight += element.getAttributes()->getLength() * attributeWeight;
-    for (const DOMNode* child = firstNodeIn(element); child != nullptr; child = nodeAfter(*child))
+    if (element.hasAttributes()) weight += element.getAttributes()->getLength() * attributeWeight;
+    for (const DOMNode* child = firstNodeIn(element); child != nullptr; child = lookAt(*child).next)
         weight += weightOf(*child);
     return weight;
 }
 
-/// Copies a node without what it holds; the copy stands nowhere yet.
+/// Copies a node with all that it holds; the copy stands nowhere yet.
 DOMNode& copyOf(const DOMNode& node, xercesc::DOMDocument& document, NameCounter& names) {
     if (node.getNodeType() != DOMNode::ELEMENT_NODE) return *document.importNode(&node, false);
-    names.count(document, 1 + node.getAttributes()->getLength());
-    return copyAlone(static_cast<const DOMElement&>(node), document);
+    const auto& element = static_cast<const DOMElement&>(node);
+    names.count(document, 1 + element.getAttributes()->getLength());
+    DOMElement& copy = copyAlone(element, document);
+    for (const DOMNode* child = firstNodeIn(element); child != nullptr; child = lookAt(*child).next)
+        append(copy, copyOf(*child, document, names));
+    return copy;
 }
 
 // What a parser made weighs about that much: most elements hold a text, and a text of indentation stands before each. It is
 // reckoned because a walk through all nodes, which lie in much memory, takes long.
 std::size_t weightOfParsed(const DocumentPointer& document) { return document.get_deleter().names * 3 * nodeWeight; }
 
-void copyChildren(const DOMNode& from, DOMElement& to, xercesc::DOMDocument& document, NameCounter& names) {
-    for (const DOMNode* child = from.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
-        DOMNode& copy = copyOf(*child, document, names);
-        append(to, copy);
-        if (copy.getNodeType() == DOMNode::ELEMENT_NODE)
-            copyChildren(*child, static_cast<DOMElement&>(copy), document, names);
-    }
-}
-
 DocumentPointer copyOf(const xercesc::DOMDocument& document) {
     DocumentPointer copy(startXmlLibrary()->createDocument());
     NameCounter names;
     copy->setXmlVersion(document.getXmlVersion());
-    for (const DOMNode* node = document.getFirstChild(); node != nullptr; node = node->getNextSibling()) {
-        DOMNode* const made = copy->appendChild(&copyOf(*node, *copy, names));
-        if (made->getNodeType() == DOMNode::ELEMENT_NODE) copyChildren(*node, static_cast<DOMElement&>(*made), *copy, names);
-    }
+    for (const DOMNode* node = document.getFirstChild(); node != nullptr; node = node->getNextSibling())
+        copy->appendChild(&copyOf(*node, *copy, names));
     return copy;
 }
 
@@ -88,9 +81,7 @@ LooseElement Tree::makeElement(const char16_t* name) {
 }
 
 LooseElement Tree::copy(const DOMElement& element) {
-    LooseElement made(static_cast<DOMElement*>(&copyOf(element, *m_document, m_names)), {this});
-    copyChildren(element, *made, *m_document, m_names);
-    return made;
+    return {static_cast<DOMElement*>(&copyOf(element, *m_document, m_names)), {this}};
 }
 
 xercesc::DOMText* Tree::makeText(const std::wstring& text) { return makeText(toUtf16(text).c_str()); }
@@ -102,7 +93,6 @@ xercesc::DOMComment* Tree::makeComment(const std::u16string& text) { return m_do
 void Tree::addAttribute(DOMElement& element, const char16_t* name, const char16_t* value) {
     m_names.count(*m_document, 1);
     if (!linksAreKnown()) return element.setAttribute(xmlText(name), xmlText(value));
-    reserveAttributes(element, 1);
     detail::addAttribute(element, *m_document->createAttribute(xmlText(name)), *makeText(value));
 }
 

@@ -236,13 +236,6 @@ const DOMNode* firstNodeIn(const DOMElement& element) {
     return linksAreKnown() ? static_cast<const DOMElementImpl&>(element).fParent.fFirstChild : element.getFirstChild();
 }
 
-const DOMNode* nodeAfter(const DOMNode& node) { return linksAreKnown() ? nextOf(node) : node.getNextSibling(); }
-
-bool hasAttributes(const DOMElement& element) {
-    if (!linksAreKnown()) return element.hasAttributes();
-    return static_cast<const DOMElementImpl&>(element).fAttributes->getLength() > 0;
-}
-
 void appendNew(DOMElement& parent, DOMElement& child) {
     auto& inside = static_cast<DOMElementImpl&>(child);
     join(childrenOf(parent), parent, child, {inside.fNode, inside.fChild});
@@ -253,13 +246,11 @@ void appendNew(DOMElement& parent, xercesc::DOMText& child) {
     join(childrenOf(parent), parent, child, {inside.fNode, inside.fChild});
 }
 
-void reserveAttributes(DOMElement& element, const std::size_t count) {
-    if (count > 0) static_cast<DOMElementImpl&>(element).fAttributes->reserve(count);
-}
-
 // The library would look for an equal one by namespace first, through all there are.
 void addAttribute(DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOMText& text) {
-    static_cast<DOMElementImpl&>(element).fAttributes->setNamedItemFast(&attribute);
+    xercesc::DOMAttrMapImpl& attributes = *static_cast<DOMElementImpl&>(element).fAttributes;
+    attributes.reserve(1);
+    attributes.setNamedItemFast(&attribute);
     join(static_cast<DOMAttrImpl&>(attribute).fParent, attribute, text, linksOf(text));
 }
 
@@ -276,7 +267,6 @@ DOMElement& copyAlone(const DOMElement& element, DOMDocument& document) {
                                       : *new (&document, Memory::ELEMENT_NS_OBJECT) xercesc::DOMElementNSImpl(
                                             &document, uri, element.getPrefix(), element.getLocalName(), name);
     const xercesc::DOMNamedNodeMap& attributes = *element.getAttributes();
-    reserveAttributes(copy, attributes.getLength());
     for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
         const DOMNode& from = *attributes.item(i);
         auto* const attribute = new (&document, Memory::ATTR_NS_OBJECT) xercesc::DOMAttrNSImpl(
@@ -302,14 +292,11 @@ DOMElement& makePlainElement(DOMDocument& document, const XMLCh* name) { return 
 const DOMElement* firstElementIn(const DOMElement& element) { return element.getFirstElementChild(); }
 const DOMElement* elementAfter(const DOMElement& element) { return element.getNextElementSibling(); }
 const DOMNode* firstNodeIn(const DOMElement& element) { return element.getFirstChild(); }
-const DOMNode* nodeAfter(const DOMNode& node) { return node.getNextSibling(); }
-bool hasAttributes(const DOMElement& element) { return element.hasAttributes(); }
 DOMElement& copyAlone(const DOMElement& element, DOMDocument& document) {
     return static_cast<DOMElement&>(*document.importNode(&element, false));
 }
 void appendNew(DOMElement& parent, DOMElement& child) { parent.appendChild(&child); }
 void appendNew(DOMElement& parent, xercesc::DOMText& child) { parent.appendChild(&child); }
-void reserveAttributes(DOMElement& /*element*/, std::size_t /*count*/) {}
 void addAttribute(DOMElement& /*element*/, xercesc::DOMAttr& /*attribute*/, xercesc::DOMText& /*text*/) {}
 void NameCounter::spread(DOMDocument& /*document*/) {}
 

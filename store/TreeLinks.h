@@ -52,9 +52,8 @@ xercesc::DOMNode* parentOf(const xercesc::DOMElement& element);
 /// The first element inside an element, and the next one beside it; null where there is none.
 const xercesc::DOMElement* firstElementIn(const xercesc::DOMElement& element);
 const xercesc::DOMElement* elementAfter(const xercesc::DOMElement& element);
-/// The same of nodes of any kind.
+/// The first node of any kind inside an element.
 const xercesc::DOMNode* firstNodeIn(const xercesc::DOMElement& element);
-const xercesc::DOMNode* nodeAfter(const xercesc::DOMNode& node);
 /// What is asked of most nodes, told at once.
 struct NodeLook {
     xercesc::DOMNode::NodeType type;
@@ -65,18 +64,17 @@ NodeLook lookFromOutside(const xercesc::DOMNode& node, xercesc::DOMNode::NodeTyp
 inline NodeLook lookAt(const xercesc::DOMNode& node) {
     const xercesc::DOMNode::NodeType type = node.getNodeType();
 #if defined(XMLCONFIG_LINKS_MAY_BE_KNOWN)
-    if (linksAreKnown() && type == xercesc::DOMNode::TEXT_NODE) {
+    if (!linksAreKnown()) return lookFromOutside(node, type);
+    if (type == xercesc::DOMNode::ELEMENT_NODE)
+        return {type, static_cast<const xercesc::DOMElementImpl&>(node).fChild.nextSibling, {}};
+    if (type == xercesc::DOMNode::TEXT_NODE) {
         const auto& text = static_cast<const xercesc::DOMTextImpl&>(node);
         const xercesc::DOMBuffer& data = *text.fCharacterData.fDataBuf;
         return {type, text.fChild.nextSibling, {reinterpret_cast<const char16_t*>(data.getRawBuffer()), data.getLen()}};
     }
-    if (linksAreKnown() && type == xercesc::DOMNode::ELEMENT_NODE)
-        return {type, static_cast<const xercesc::DOMElementImpl&>(node).fChild.nextSibling, {}};
 #endif
     return lookFromOutside(node, type);
 }
-/// Whether an element has any attribute.
-bool hasAttributes(const xercesc::DOMElement& element);
 /// The copy of an element, which may be another document's, with its attributes and nothing else. The library's own refuses
 /// some names that its parser reads.
 xercesc::DOMElement& copyAlone(const xercesc::DOMElement& element, xercesc::DOMDocument& document);
@@ -106,10 +104,7 @@ void appendNew(xercesc::DOMElement& parent, xercesc::DOMElement& child);
 void appendNew(xercesc::DOMElement& parent, xercesc::DOMText& child);
 /// A new element in no namespace, without room for one. Its name is known to be legal.
 xercesc::DOMElement& makePlainElement(xercesc::DOMDocument& document, const XMLCh* name);
-/// Makes room for the attributes of a new element.
-void reserveAttributes(xercesc::DOMElement& element, std::size_t count);
-/// Adds an attribute to an element for which room was made and which has none of that name. `text`, its value, may be
-/// empty.
+/// Adds an attribute to an element that has none of that name. `text`, its value, may be empty.
 void addAttribute(xercesc::DOMElement& element, xercesc::DOMAttr& attribute, xercesc::DOMText& text);
 
 }  // namespace XMLConfig::detail
