@@ -118,23 +118,27 @@ Unit* putCharacter(Unit* out, char32_t value) {
     }
 }
 
-/// Whether each unit is a character of the basic plane, so that the text has the same units in UTF-16 and UTF-32.
-template <typename Unit>
+/// Whether each unit is a character that has the same one unit in the other form: one of ASCII, and between UTF-16 and
+/// UTF-32 one of the basic plane.
+template <typename Out, typename Unit>
 bool isUnitByUnit(std::basic_string_view<Unit> text) {
-    char32_t others = 0;
-    for (const Unit unit : text) others |= static_cast<char32_t>(isSurrogate(valueOf(unit))) | (valueOf(unit) >> 16);
+    constexpr bool isUtf8 = sizeof(Out) == 1 || sizeof(Unit) == 1;
+    std::make_unsigned_t<Unit> others = 0;  // as large as the units, so that one instruction takes several
+    for (const Unit unit : text) {
+        const char32_t value = valueOf(unit);
+        const char32_t other = isUtf8 ? value & ~char32_t{0x7F} : static_cast<char32_t>(isSurrogate(value)) | (value >> 16);
+        others = static_cast<std::make_unsigned_t<Unit>>(others | other);
+    }
     return others == 0;
 }
 
 template <typename Out, typename Unit>
 void convertAndAppend(std::basic_string<Out>& out, std::basic_string_view<Unit> text) {
-    if constexpr (sizeof(Out) > 1 && sizeof(Unit) > 1) {
-        if (isUnitByUnit(text)) {
-            const std::size_t begin = out.size();
-            out.resize(begin + text.size());  // appending would put the text together beside it first
-            std::copy(text.begin(), text.end(), out.data() + begin);
-            return;
-        }
+    if (isUnitByUnit<Out>(text)) {
+        const std::size_t begin = out.size();
+        out.resize(begin + text.size());  // appending would put the text together beside it first
+        std::copy(text.begin(), text.end(), out.data() + begin);
+        return;
     }
     Out buffer[(chunk + 1) * 4];  // no unit gives more than four
     const Unit* at = text.data();
@@ -152,9 +156,7 @@ void convertAndAppend(std::basic_string<Out>& out, std::basic_string_view<Unit> 
 
 template <typename Out, typename Unit>
 std::basic_string<Out> converted(std::basic_string_view<Unit> text) {
-    if constexpr (sizeof(Out) > 1 && sizeof(Unit) > 1) {
-        if (isUnitByUnit(text)) return std::basic_string<Out>(text.begin(), text.end());
-    }
+    if (isUnitByUnit<Out>(text)) return std::basic_string<Out>(text.begin(), text.end());
     std::basic_string<Out> out;
     convertAndAppend(out, text);
     return out;
