@@ -80,10 +80,10 @@ private:
 // What an observer is told of an item's content: its text, or its elements as XML text.
 std::wstring observed(const xercesc::DOMElement& item) {
     if (XMLConfig::detail::isOneText(item.getFirstChild())) return wideTextOf(item);
-    std::string elements;
+    std::wstring elements;
     for (auto* element = item.getFirstElementChild(); element != nullptr; element = element->getNextElementSibling())
         elements += XMLConfig::detail::writeElement(*element);
-    return elements.empty() ? wideTextOf(item) : XMLConfig::detail::fromUtf8(elements);
+    return elements.empty() ? wideTextOf(item) : elements;
 }
 
 void gather(Told& told, const Document& document, const ItemAddress& address, const Container& container,
@@ -93,8 +93,7 @@ void gather(Told& told, const Document& document, const ItemAddress& address, co
     const bool isSectionNew = isContainerNew && document.getSection(address.sectionName, address.sectionID) == nullptr;
     if (isSectionNew) told.addSection();
     if (isContainerNew && !address.subSectionName.empty()) told.addSubSection();
-    std::wstring after =
-        content.element ? XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*content.element)) : value;
+    std::wstring after = content.element ? XMLConfig::detail::writeElement(*content.element) : value;
     told.addItem(isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged,
                  isNew ? std::wstring() : observed(*item.element), std::move(after));
 }
@@ -166,7 +165,7 @@ std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionNa
         if (item == nullptr || item->getFirstChild() == nullptr) return defaultValue;
         if (XMLConfig::detail::isOneText(item->getFirstChild())) return wideTextOf(*item);
         const auto* const element = item->getFirstElementChild();
-        return element == nullptr ? defaultValue : XMLConfig::detail::fromUtf8(XMLConfig::detail::writeElement(*element));
+        return element == nullptr ? defaultValue : XMLConfig::detail::writeElement(*element);
     });
 }
 

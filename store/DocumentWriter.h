@@ -13,11 +13,11 @@
 /// and mixed content at every save and cuts the output at what it cannot write, so it is not used.
 namespace XMLConfig::detail {
 
-/// With the XML declaration and a final line feed. The sink gets it in pieces of 64 KiB and up to one value more;
+/// With the XML declaration and a final line feed. The sink gets it in pieces of up to 64 KiB, a larger value in one piece;
 /// what the sink throws passes.
 void writeDocument(const xercesc::DOMDocument& document, const ByteSink& sink);
 /// The element alone, without a declaration and without a final line feed.
-std::string writeElement(const xercesc::DOMElement& element);
+std::wstring writeElement(const xercesc::DOMElement& element);
 
 /// Whether the text is made of blanks, tabs and line feeds only (or empty).
 bool isIndentation(std::u16string_view text);

@@ -57,6 +57,6 @@ bool XmlFragment::replaceChild(const std::wstring& name, const std::wstring& xml
     return true;
 }
 
-std::wstring XmlFragment::text() const { return fromUtf8(writeElement(m_tree->element())); }
+std::wstring XmlFragment::text() const { return writeElement(m_tree->element()); }
 
 }  // namespace XMLConfig::detail

@@ -107,7 +107,7 @@ public:
         try {
             const XMLConfig::detail::NewElement made = XMLConfig::detail::readElement(text, m_tree);
             return std::to_string(made.depth) + "," + std::to_string(made.namespaces) + described(*made.element) +
-                   XMLConfig::detail::writeElement(*made.element);
+                   XMLConfig::detail::toUtf8(XMLConfig::detail::writeElement(*made.element));
         } catch (const ParseFailure& failure) {
             return asciiOf(failure.message());
         }
