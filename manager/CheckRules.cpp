@@ -38,7 +38,7 @@ constexpr CheckRule table[] = {
          L"The application reads the first of several equal names only. An error for sections, a warning for items.",
          L"every section and item",
          L"the same tag and ID, or the same key, a second time",
-         L"unset an item whose copies hold the same; nobody but the user knows which of others, or of two sections, is right", MendSafety::Safe},
+         L"take away a copy that holds the same; nobody but the user knows which of others is right", MendSafety::Safe},
         {L"XC107", L"no-id", L"error",
          L"A projector or camera without an ID is never read.",
          L"Projector, Camera",

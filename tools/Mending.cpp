@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "manager/CheckRules.h"
+#include "manager/StoredTexts.h"
 #include "platform/Utf8.h"
 #include "platform/Words.h"
 #include "store/Address.h"
@@ -95,7 +96,7 @@ private:
     }
 
     static bool isNew(std::set<std::wstring>& met, const Finding& finding) {
-        if (finding.rule == acceptedGone) return true;  // changes no setting
+        if (isOfThisVerb(finding)) return true;  // changes no setting
         std::vector<std::wstring> places;
         for (const std::vector<std::wstring>& command : finding.mend.commands) {
             const std::size_t value = command[0] == L"set" ? valueStart(command[2]) : std::wstring::npos;
@@ -110,6 +111,7 @@ private:
     void mendOne(const Finding& finding) {
         try {
             if (finding.rule == acceptedGone) removeAcceptance(finding);
+            else if (isOfThisVerb(finding)) removeCopy(finding);
             else
                 for (const std::vector<std::wstring>& command : finding.mend.commands) run(command);
         } catch (const Refusal& fault) {
@@ -119,7 +121,27 @@ private:
         }
     }
 
-    /// Removes a comment that accepts nothing. The finding names no other command, since the command that mends it is --fix.
+    /// Whether the finding names no other command, since the command that mends it is --fix.
+    static bool isOfThisVerb(const Finding& finding) { return finding.mend.commands[0][0] == L"check"; }
+
+    /// Removes the second of two equal sections, so that the devices stay in their order.
+    void removeCopy(const Finding& finding) {
+        const XMLConfig::Address place = XMLConfig::parseAddress(finding.address);
+        const XMLConfig::ElementView first = XMLConfig::findElement(m_document, place);
+        Change change;
+        change.address = finding.address;
+        change.place = place;
+        change.old =
+            XMLConfig::detail::counted(XMLConfig::storedTexts(first, place, L"").size(), L"setting") + L", a second time";
+        std::wstring spare = place.sectionID;
+        while (!spare.empty() && m_document.doesSectionExist(place.section, spare)) spare += L'~';
+        if (!spare.empty()) m_document.renameSection(place.section, place.sectionID, spare);
+        m_document.removeSection(place.section, place.sectionID);
+        if (!spare.empty()) m_document.renameSection(place.section, spare, place.sectionID);
+        m_changes.push_back(change);
+    }
+
+    /// Removes a comment that accepts nothing.
     void removeAcceptance(const Finding& finding) {
         const std::wstring text = finding.places[0].text.value_or(L"");
         const bool isWhole = finding.address.empty();

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "manager/Origin.h"
 #include "manager/SettingSearch.h"
@@ -53,13 +54,21 @@ private:
         if (!section.isKnown) return addUnknownSection(section);
         if (lacksID(section))
             m_findings.add(L"XC107", Severity::Error, placeOf(section), L"a " + lowerAscii(section.tag) + L" has no ID");
-        if (section.hiddenBy)
-            addHidden(m_findings.add(L"XC106", Severity::Error, placeOf(section), hidden), section.hiddenBy);
+        if (section.hiddenBy) addHiddenSection(section);
         for (const CheckedItem& item : section.items) checkItem(section, item);
     }
 
     static void addHidden(Finding& finding, const ElementView& earlier) {
         finding.places = {otherPlace({earlier, addressOf(earlier), L""})};
+    }
+
+    /// No verb takes sections away, but --fix does: the second of a name, as long as it is a copy.
+    void addHiddenSection(const CheckedSection& section) {
+        Finding& finding = m_findings.add(L"XC106", Severity::Error, placeOf(section), hidden);
+        addHidden(finding, section.hiddenBy);
+        if (!haveEqualContents(section.element, section.hiddenBy)) m_differingCopies.insert(section.address());
+        if (m_differingCopies.count(section.address()) == 0)
+            finding.mend = mendBy(MendSafety::Safe, {L"check", L"--fix", L"--only", L"XC106", L"FILE"});
     }
 
     void addUnknownSection(const CheckedSection& section) {
@@ -254,6 +263,7 @@ private:
 
     Findings& m_findings;
     std::size_t m_added = 0;
+    std::unordered_set<std::wstring> m_differingCopies;  // addresses of sections of which one so far is no copy
     std::unordered_map<const SectionKey*, UnknownKey> m_unknown;
     std::unordered_map<const SharedText*, WrongText> m_wrongTexts;
 };

@@ -135,6 +135,30 @@ TEST_F(Fix, TakesAwayASecondItemOfTheSameText) {
     EXPECT_THAT(contentOf(file), Not(HasSubstr("<Fit_Order>3</Fit_Order><Fit_Order>")));
 }
 
+TEST_F(Fix, TakesAwayASecondSectionOfTheSameContent) {
+    const std::string one = "<Projector ID=\"A\"><Name>One</Name><Gamma>2.2</Gamma></Projector>";
+    const std::string other = "<Projector ID=\"B\"><Name>Two</Name></Projector>";
+    const std::string screen = "<Screen><Shape>Flat</Shape></Screen>";
+    const std::string file = fileOf(currentFile(one + screen + other + one + one + screen));
+    const ToolRun run = runTool({"check", "--fix", "--only", "XC106", file});
+    EXPECT_EQ(run.output,
+              "- Projector[One]  2 settings, a second time\n- Projector[One]  2 settings, a second time\n"
+              "- Screen          1 setting, a second time\n3 changes, 0 new findings, 3 solved (XC106)\n" +
+                  file + ": 0 errors, 0 warnings, 0 notes; all is well\n");
+    EXPECT_EQ(runTool({"get", file, "Projector[*]/Name"}).output, "Projector[A]/Name\tOne\nProjector[B]/Name\tTwo\n");
+    EXPECT_EQ(runTool({"get", file, "Screen/Shape"}).output, "Flat\n");
+}
+
+TEST_F(Fix, LeavesSecondSectionsOfOtherContent) {
+    const auto named = [](const std::string& name) { return "<Camera ID=\"A\"><Name>" + name + "</Name></Camera>"; };
+    const std::string text = currentFile(named("One") + named("Two") + named("One"));
+    const std::string file = fileOf(text);
+    const ToolRun run = runTool({"check", "--fix", "--only", "XC106", file});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr(": 2 errors, "));
+    EXPECT_EQ(contentOf(file), text);
+}
+
 TEST_F(Fix, LeavesSecondItemsAloneThatUnsetDoesNotReach) {
     const std::string file =
         fileOf(currentFile("<Screen><Checkerboard_Calibration><Grid_Size><Rows>3</Rows>"
