@@ -190,7 +190,8 @@ private:
 
     std::vector<SettingDifference>& listFor(SettingDifference& difference, const StoredText* old, const StoredText* now) {
         const Setting* const setting = (now != nullptr ? now : old)->setting;
-        if (setting != nullptr && setting->writtenByRuns) return m_found.runs;
+        const bool isOfRuns = setting == nullptr ? difference.place.section == L"SiteAnalytics" : setting->writtenByRuns;
+        if (isOfRuns) return m_found.runs;
         if (old == nullptr || now == nullptr)
             return isWithoutEffect(difference, old, now) ? m_found.sameInEffect : m_found.changed;
         const bool isOne = areSame(*old, *now) || areReadAlike(*old, *now);

@@ -333,6 +333,16 @@ TEST(Diff, WhatRunsWriteIsToldApart) {
     EXPECT_EQ(addresses(difference.runs), (Addresses{L"BuildDate", L"SiteAnalytics/SuccessfulRunNumber"}));
 }
 
+TEST(Diff, WhatAnotherReleaseCountsAmongTheRunsIsOfThemToo) {
+    const auto counted = [](const std::string& number) {
+        return currentFile("<SiteAnalytics><AbortedRunNumber>" + number + "</AbortedRunNumber></SiteAnalytics>");
+    };
+    const Difference difference = diffOf(counted("1"), counted("2"));
+    EXPECT_TRUE(difference.isNothing());
+    EXPECT_EQ(addresses(difference.runs), (Addresses{L"SiteAnalytics/AbortedRunNumber"}));
+    EXPECT_EQ(addresses(diffOf(currentFile(""), counted("2")).runs), (Addresses{L"SiteAnalytics/AbortedRunNumber"}));
+}
+
 TEST(Diff, HiddenItemsDoNotCount) { EXPECT_TRUE(diffOfItems("System", "<A>1</A><A>2</A>", "<A>1</A><A>3</A>").isNothing()); }
 
 TEST(Diff, SubsectionsAreKnownByTheirIDs) {
