@@ -62,18 +62,6 @@ std::vector<std::wstring> withUnitsJoined(const std::vector<std::wstring>& token
     return joined;
 }
 
-/// What the setting's numbers may be written with: "; did you mean 5.2m?", "; its units are m, cm".
-std::wstring unitHint(const std::wstring& written, const Setting& setting) {
-    std::vector<std::wstring> units;
-    for (const Suffix& suffix : suffixes)
-        if (suffix.unit == setting.unit) units.push_back(XMLConfig::wideFromUtf8(suffix.text));
-    if (units.empty()) return L"";
-    const std::wstring lower = XMLConfig::detail::lowerAscii(written);
-    const bool isMeant = lower != written && isOfType(storedForm(lower, setting), setting.type);
-    if (isMeant) return L"; did you mean \"" + lower + L"\"?";
-    return L"; it takes " + XMLConfig::detail::joined(units, L", ") + L" after a number";
-}
-
 /// "24deg" for a setting in radians as their number; everything else as it is.
 std::wstring withoutUnit(const std::wstring& token, Unit unit) {
     const std::string text = XMLConfig::utf8FromWide(token);
@@ -86,6 +74,26 @@ std::wstring withoutUnit(const std::wstring& token, Unit unit) {
         if (suffix.unit == unit && std::string(rest, end) == suffix.text)
             return XMLConfig::wideFromUtf8(fmt::format("{}", converted(number, suffix)));
     return token;
+}
+
+/// "; did you mean "0.25"?" for 25% of a setting whose numbers are shares.
+std::wstring shareHint(const std::wstring& written, const Setting& setting) {
+    const std::wstring percents = withoutUnit(written, Unit::Percent);
+    const bool isShare = setting.type == SettingType::Double && setting.range && setting.range->high <= 1.0;
+    if (!isShare || percents == written || !XMLConfig::contains(*setting.range, numberRead(percents) / 100.0)) return L"";
+    return L"; did you mean \"" + numberText(numberRead(percents) / 100.0) + L"\"?";
+}
+
+/// What the setting's numbers may be written with: "; did you mean 5.2m?", "; its units are m, cm".
+std::wstring unitHint(const std::wstring& written, const Setting& setting) {
+    std::vector<std::wstring> units;
+    for (const Suffix& suffix : suffixes)
+        if (suffix.unit == setting.unit) units.push_back(XMLConfig::wideFromUtf8(suffix.text));
+    if (units.empty()) return shareHint(written, setting);
+    const std::wstring lower = XMLConfig::detail::lowerAscii(written);
+    const bool isMeant = lower != written && isOfType(storedForm(lower, setting), setting.type);
+    if (isMeant) return L"; did you mean \"" + lower + L"\"?";
+    return L"; it takes " + XMLConfig::detail::joined(units, L", ") + L" after a number";
 }
 
 /// A number as it was written, and what it is in the stored unit.

@@ -107,6 +107,15 @@ TEST_F(SetVerb, UnitsOfOtherKindsAreRefused) {
                   "fits; --force stores it all the same");
 }
 
+TEST_F(SetVerb, PercentsOfASettingInSharesAreRefusedWithTheShare) {
+    expectRefused("TargetLocator/Horizontal_Overlap=25%",
+                  "TargetLocator/Horizontal_Overlap: \"25%\" is not of type double; did you mean \"0.25\"? "
+                  "--force stores it all the same");
+    expectRefused("TargetLocator/Horizontal_Overlap=250%",
+                  "TargetLocator/Horizontal_Overlap: \"250%\" is not of type double; 'xmlconfig describe "
+                  "TargetLocator/Horizontal_Overlap' tells what fits; --force stores it all the same");
+}
+
 TEST_F(SetVerb, UnitsInCapitalsAreRefusedWithTheOneThatIsMeant) {
     expectRefused("Screen/Screen_Radius=5.2M",
                   "Screen/Screen_Radius: \"5.2M\" is not of type double; did you mean \"5.2m\"? "
