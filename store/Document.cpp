@@ -99,10 +99,11 @@ void Document::adopt(ParsedTree tree) noexcept {
 }
 
 Container Document::container(const ItemAddress& address) const {
-    Section* section = getSection(address.sectionName, address.sectionID);
-    if (section == nullptr) return {};
-    if (address.subSectionName.empty()) return {section->element, section};
-    for (; section != nullptr; section = SectionIndex::next(*section, address.sectionID)) {
+    if (address.subSectionName.empty()) {
+        Section* const section = getSection(address.sectionName, address.sectionID);
+        return section == nullptr ? Container() : Container{section->element, section};
+    }
+    for (Section* const section : m_index.sections(address.sectionName, address.sectionID)) {
         DOMElement* const found = SectionIndex::subSection(*section, address.subSectionName, address.subSectionID);
         if (found != nullptr) return {found, section};
     }
@@ -111,9 +112,8 @@ Container Document::container(const ItemAddress& address) const {
 
 Item Document::getItem(const Container& container, const std::wstring& key) const {
     if (container.element == nullptr) return {};
-    if (!container.isSection()) return {m_index.walk(container.element, toUtf16(key)), nullptr, container.section};
-    KnownItem* const known = m_index.item(*container.section, key);
-    return known == nullptr ? Item() : Item{known->element, known, container.section};
+    if (container.isSection()) return m_index.item(*container.section, key);
+    return {m_index.walk(container.element, toUtf16(key)), container.section};
 }
 
 Item Document::getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const {
@@ -157,13 +157,11 @@ std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {
 }
 
 std::u16string_view textOf(const Item& item, std::u16string& buffer) {
-    if (item.known == nullptr) return textOf(*item.element, buffer);
-    SectionItems& items = item.section->items;
-    const std::u16string_view known = items.text(*item.known);
+    const std::u16string_view known = item.section->textRead(item.number);
     if (!known.empty()) return known;
     const auto only = onlyText(*item.element);
     if (!only) return textOf(*item.element, buffer);
-    items.rememberText(*item.known, *only);
+    item.section->rememberRead(item, *only);
     return *only;
 }
 

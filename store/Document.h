@@ -38,13 +38,6 @@ struct Container {
     [[nodiscard]] bool isSection() const { return section != nullptr && element == section->element; }
 };
 
-/// An item that was found; without an element where there is none.
-struct Item {
-    xercesc::DOMElement* element = nullptr;
-    KnownItem* known = nullptr;  ///< the index's own record of it, which subsections' items have none of
-    Section* section = nullptr;  ///< what it is in
-};
-
 /// What an item holds: a text, which may be empty, or one element.
 struct Content {
     const std::wstring& text;
@@ -89,8 +82,8 @@ public:
     [[nodiscard]] Container container(const ItemAddress& address) const;
     [[nodiscard]] Item getItem(const Container& container, const std::wstring& key) const;
     [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
-    /// How many sections of that tag there are.
-    [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
+    /// All sections of that tag.
+    [[nodiscard]] const Sections& sections(const std::wstring& name) const { return m_index.sections(name, {}); }
 
     // Changing. The callers set the dirty flag and call the observer.
     NewElement readElement(const std::string& text) { return detail::readElement(text, m_tree); }
@@ -127,8 +120,18 @@ public:
     FileState file;                      ///< where the document was loaded from or saved to last
 
 private:
-    /// Each primitive change ends here.
-    void changed(const TreeChange& change) noexcept;
+    /// Each primitive change ends here: `tell` tells the index of it.
+    template <typename Tell>
+    void changed(Tell tell) noexcept {
+        m_isAsParsed = false;
+        m_parsedComments.reset();
+        try {
+            tell();
+        } catch (...) {
+            m_index.reset(root());
+        }
+        shedWaste();
+    }
     void take(const std::wstring& name, const std::function<ParsedTree()>& parse);
     void shedWaste() noexcept;
     void adopt(ParsedTree tree) noexcept;

@@ -13,7 +13,6 @@ namespace {
 
 using xercesc::DOMElement;
 using xercesc::DOMNode;
-using Kind = TreeChange::Kind;
 
 /// Cuts the first part from a key; false where that was the last.
 bool cutPart(std::wstring_view& key, std::wstring_view& part) {
@@ -128,15 +127,14 @@ void Document::addItem(const ItemAddress& address, const Container& container, C
         join(*missing.place, *added);
         const bool isSection = missing.section == nullptr;
         if (missing.isSubSection) removeIndentationAfter(*root(), isSection ? *added : *missing.section->element);
-        const bool isChild = !isSection && missing.place == missing.section->element;
-        changed({isSection ? Kind::SectionAdded : isChild ? Kind::ChildAdded : Kind::InsideAdded, missing.section, added});
+        if (isSection) changed([&] { m_index.sectionAdded(*added); });
+        else changed([&] { m_index.itemAdded(*missing.section, *added); });
     }
     if (illegalName) std::rethrow_exception(illegalName);
 }
 
 void Document::setText(const Item& item, const std::wstring& value) {
     DOMNode* const first = item.element->getFirstChild();
-    const bool hadElements = item.element->getFirstElementChild() != nullptr;
     if (isOneText(first) && !value.empty() && !m_journal.isOpen()) {
         Tree::setText(static_cast<xercesc::DOMText&>(*first), value);
     } else {
@@ -145,8 +143,7 @@ void Document::setText(const Item& item, const std::wstring& value) {
         empty(*item.element);
         if (text != nullptr) join(*item.element, *text);
     }
-    const bool isKnownText = item.known != nullptr && !hadElements;
-    changed({isKnownText ? Kind::TextReplaced : Kind::InsideReplaced, item.section, item.element, nullptr, item.known});
+    changed([&] { m_index.contentReplaced(*item.section, *item.element); });
 }
 
 bool Document::setElement(const Item& item, LooseElement content) {
@@ -154,33 +151,31 @@ bool Document::setElement(const Item& item, LooseElement content) {
     makeRoomToReplace(*item.element);
     empty(*item.element);
     join(*item.element, *content.release());
-    changed({Kind::InsideReplaced, item.section, item.element});
+    changed([&] { m_index.contentReplaced(*item.section, *item.element); });
     return isDifferent;
 }
 
-void Document::setSectionText(Section& section, const std::wstring& value) {
-    setText({section.element, nullptr, &section}, value);
-}
+void Document::setSectionText(Section& section, const std::wstring& value) { setText({section.element, &section}, value); }
 
 void Document::removeItem(Section& section, DOMElement& item) {
     if (parentOf(item) != section.element) throw xercesc::DOMException(xercesc::DOMException::NOT_FOUND_ERR);
     m_journal.makeRoom(1);
     part(*section.element, item);
-    changed({Kind::ChildRemoved, &section, &item});
+    changed([&] { m_index.itemRemoved(section, item); });
 }
 
 void Document::removeSection(Section& section) {
     m_journal.makeRoom(2);
     removeIndentationAfter(*root(), *section.element);
     part(*root(), *section.element);
-    changed({Kind::SectionRemoved, &section});
+    changed([&] { m_index.sectionRemoved(section); });
 }
 
 void Document::removeSubSection(const Container& subSection) {
     m_journal.makeRoom(2);
     removeIndentationAfter(*subSection.section->element, *subSection.element);
     part(*subSection.section->element, *subSection.element);
-    changed({Kind::ChildRemoved, subSection.section, subSection.element});
+    changed([&] { m_index.itemRemoved(*subSection.section, *subSection.element); });
 }
 
 void Document::renameSection(Section& section, const std::wstring& newID) {
@@ -198,14 +193,14 @@ void Document::renameSection(Section& section, const std::wstring& newID) {
         }
         if (made != nullptr) m_journal.joined(*attribute, *attribute->appendChild(made));
     }
-    changed({Kind::SectionRenamed, &section, nullptr, nullptr, nullptr, &newID});
+    changed([&] { m_index.sectionRenamed(section, newID); });
 }
 
 void Document::swapSections(Section& earlier, Section& later) {
     m_journal.makeRoom(2);
     m_journal.parting(*root(), *later.element);
     joinBefore(*root(), *later.element, earlier.element);
-    changed({Kind::SectionsSwapped, &earlier, nullptr, &later});
+    changed([&] { m_index.sectionsSwapped(earlier, later); });
 }
 
 void Document::setHeaders(const std::vector<Header>& headers, DOMElement* next) {
@@ -224,18 +219,7 @@ void Document::setHeaders(const std::vector<Header>& headers, DOMElement* next) 
         join(*element, *texts[i]);
         if (made[i]) joinBefore(*root(), *made[i].release(), next);
     }
-    changed({Kind::HeadersSet});
-}
-
-void Document::changed(const TreeChange& change) noexcept {
-    m_isAsParsed = false;
-    m_parsedComments.reset();
-    try {
-        m_index.changed(change);
-    } catch (...) {
-        m_index.reset(root());
-    }
-    shedWaste();
+    changed([&] { m_index.reset(root()); });
 }
 
 void Document::shedWaste() noexcept {

@@ -8,11 +8,10 @@ namespace XMLConfig::detail {
 
 using xercesc::DOMElement;
 using xercesc::DOMNode;
-using Kind = TreeChange::Kind;
 
 DOMElement* Document::commentable(const DOMElement& element) const {
     if (&element == root()) return root();
-    return parentOf(element) == root() ? m_index.sectionOf(&element).element : nullptr;
+    return parentOf(element) == root() ? const_cast<DOMElement*>(&element) : nullptr;
 }
 
 void Document::addComments(const std::vector<DOMElement*>& places, const std::wstring& text) {
@@ -22,7 +21,7 @@ void Document::addComments(const std::vector<DOMElement*>& places, const std::ws
     for (std::size_t i = 0; i < places.size(); ++i) made.push_back(m_tree.makeComment(units));
     m_journal.makeRoom(places.size());
     for (std::size_t i = 0; i < places.size(); ++i) join(*places[i], *made[i]);
-    changed({Kind::CommentsChanged});
+    changed([] {});  // comments are no part of the index
 }
 
 std::size_t Document::removeComments(DOMElement& place, const std::wstring& text) {
@@ -32,7 +31,7 @@ std::size_t Document::removeComments(DOMElement& place, const std::wstring& text
         if (node->getNodeType() == DOMNode::COMMENT_NODE && view(node->getNodeValue()) == units) found.push_back(node);
     m_journal.makeRoom(found.size());
     for (DOMNode* const comment : found) part(place, *comment);
-    if (!found.empty()) changed({Kind::CommentsChanged});
+    if (!found.empty()) changed([] {});  // comments are no part of the index
     return found.size();
 }
 

@@ -27,38 +27,26 @@ std::size_t HashOfText::operator()(const std::wstring& text) const {
     return static_cast<std::size_t>(hash ^ (hash >> 32U));
 }
 
-Section* SectionTag::find(const std::wstring& id) const {
-    const auto found = m_firstOfID.find(id);
-    return found == m_firstOfID.end() ? nullptr : found->second;
+const Sections& SectionTag::sections(const std::wstring& id) const {
+    static const Sections none;
+    if (id.empty()) return m_all;
+    const auto found = m_byID.find(id);
+    return found == m_byID.end() ? none : found->second;
 }
 
-Section* SectionTag::nextOfID(const Section& section) const {
-    const auto others = m_othersOfID.find(section.id);
-    if (others == m_othersOfID.end()) return nullptr;
-    const auto next = others->second.upper_bound(const_cast<Section*>(&section));
-    return next == others->second.end() ? nullptr : *next;
+Section* SectionTag::neighbour(const Section& section, int direction) const {
+    auto place = section.place;
+    if (direction < 0) return place == m_all.begin() ? nullptr : *--place;
+    return ++place == m_all.end() ? nullptr : *place;
 }
 
-void SectionTag::append(xercesc::DOMElement* element, std::uint64_t order) {
-    Section& section = m_sections[element];
-    section.element = element;
-    section.tag = this;
-    section.order = order;
-    const xercesc::DOMAttr* const id = idAttributeOf(*element);
-    section.hasID = id != nullptr;
-    if (id != nullptr) section.id = fromUtf16(valueOf(*id));
-    section.previous = m_last;
-    (m_last == nullptr ? m_first : m_last->next) = &section;
-    m_last = &section;
-    list(section);
+void SectionTag::append(xercesc::DOMElement& element) {
+    list(m_sections.try_emplace(&element, *this, element, m_nextOrder++).first->second);
 }
 
 void SectionTag::remove(Section& section) {
     unlist(section);
-    (section.previous == nullptr ? m_first : section.previous->next) = section.next;
-    (section.next == nullptr ? m_last : section.next->previous) = section.previous;
-    const xercesc::DOMElement* const element = section.element;
-    m_sections.erase(element);
+    m_sections.erase(section.element);
 }
 
 void SectionTag::rename(Section& section, const std::wstring& newID) {
@@ -67,16 +55,27 @@ void SectionTag::rename(Section& section, const std::wstring& newID) {
     list(section);
 }
 
-void SectionTag::swap(Section& earlier, Section& later) {
-    unlist(earlier);
-    unlist(later);
-    std::swap(earlier.order, later.order);
-    (earlier.previous == nullptr ? m_first : earlier.previous->next) = &later;
-    (later.next == nullptr ? m_last : later.next->previous) = &earlier;
-    later.previous = std::exchange(earlier.previous, &later);
-    earlier.next = std::exchange(later.next, &earlier);
-    list(earlier);
-    list(later);
+void SectionTag::swap(Section& one, Section& other) {
+    unlist(one);
+    unlist(other);
+    std::swap(one.order, other.order);
+    list(one);
+    list(other);
+}
+
+void SectionTag::list(Section& section) {
+    section.place = m_all.insert(m_all.end(), &section);  // mostly it is the last one
+    if (section.id.empty()) return;
+    Sections& same = m_byID[section.id];
+    same.insert(same.end(), &section);
+}
+
+void SectionTag::unlist(Section& section) {
+    m_all.erase(section.place);
+    if (section.id.empty()) return;
+    const auto same = m_byID.find(section.id);
+    same->second.erase(&section);
+    if (same->second.empty()) m_byID.erase(same);
 }
 
 const SectionTag::Key* SectionTag::findKey(const std::wstring& key) const {
@@ -84,51 +83,16 @@ const SectionTag::Key* SectionTag::findKey(const std::wstring& key) const {
     return found == m_keys.end() ? nullptr : &found->second;
 }
 
-std::size_t SectionTag::numberNested(const std::wstring& key, std::size_t first, std::u16string&& rest) {
-    std::vector<std::size_t>& nested = m_nestedIn[first];
-    if (nested.size() == nested.capacity())
-        nested.reserve(2 * nested.size() + 1);  // nothing may fail after the key is known
-    return nested.emplace_back(m_keys.emplace(key, Key{m_keys.size(), first, std::move(rest)}).first->second.number);
+const SectionTag::Key& SectionTag::numberNested(const std::wstring& key, const Key& first, std::u16string&& rest) {
+    return m_keys.emplace(key, Key{m_keys.size(), &first, std::move(rest)}).first->second;
 }
 
-const std::vector<std::size_t>* SectionTag::nestedIn(std::size_t number) const {
-    const auto found = m_nestedIn.find(number);
-    return found == m_nestedIn.end() ? nullptr : &found->second;
-}
-
-std::size_t SectionTag::numberOfName(const XMLCh* name) {
-    const auto found = m_nameNumbers.find(name);
+std::size_t SectionTag::numberOfName(const XMLCh* itsName) {
+    const auto found = m_nameNumbers.find(itsName);
     if (found != m_nameNumbers.end()) return found->second;
-    return m_nameNumbers.emplace(name, m_keys.emplace(fromUtf16(view(name)), Key{m_keys.size()}).first->second.number)
-        .first->second;
-}
-
-void SectionTag::lead(Section*& leader, Section* next) {
-    leader = next;
-    next->isFirstOfID = true;
-}
-
-void SectionTag::list(Section& section) {
-    const auto [place, isFirst] = m_firstOfID.emplace(section.id, &section);
-    if (isFirst) return lead(place->second, &section);
-    Section* other = &section;
-    if (section.order < place->second->order) {
-        other = place->second;
-        other->isFirstOfID = false;
-        lead(place->second, &section);
-    }
-    InOrder& others = m_othersOfID[section.id];
-    others.insert(others.end(), other);  // mostly it is the last one: they are listed in document order
-}
-
-void SectionTag::unlist(Section& section) {
-    const auto first = m_firstOfID.find(section.id);
-    const auto others = m_othersOfID.find(section.id);
-    if (first->second != &section) others->second.erase(&section);
-    else if (others == m_othersOfID.end()) m_firstOfID.erase(first);
-    else lead(first->second, others->second.extract(others->second.begin()).value());
-    section.isFirstOfID = false;
-    if (others != m_othersOfID.end() && others->second.empty()) m_othersOfID.erase(others);
+    const std::size_t number = m_keys.emplace(fromUtf16(view(itsName)), Key{m_keys.size()}).first->second.number;
+    m_nameNumbers.emplace(itsName, number);
+    return number;
 }
 
 }  // namespace XMLConfig::detail

@@ -1,4 +1,4 @@
-#include "store/SectionItems.h"
+#include "store/Document.h"
 #include "tests/store/StoreSupport.h"
 
 // Texts that were read once are remembered; whatever changes them afterwards, the next read must tell.
@@ -7,13 +7,18 @@ namespace storetests {
 
 namespace {
 
-using XMLConfig::detail::KnownItem;
-using XMLConfig::detail::SectionItems;
+/// The text that is known of an item of the section S without an ID.
+std::u16string known(const ConfigInfo& document, const wchar_t* key) {
+    const auto item = XMLConfig::detail::Document::of(document).getItem(L"S", key, L"");
+    return std::u16string(item.section->textRead(item.number));
+}
 
-// Items are only told apart by their elements here, which are never looked into.
-xercesc::DOMElement* element(std::size_t number) {
-    static char places[400];
-    return reinterpret_cast<xercesc::DOMElement*>(&places[number]);
+/// A section S with more keys than it keeps places for.
+std::string manyKeys() {
+    std::string text = "<ConfigInfo><S>";
+    for (int i = 0; i < 700; ++i)
+        text += "<k" + std::to_string(i) + ">" + std::to_string(i) + "</k" + std::to_string(i) + ">";
+    return text + "<k699>second</k699><k699 ID=\"x\"><a>third</a></k699></S></ConfigInfo>";
 }
 
 }  // namespace
@@ -78,64 +83,55 @@ TEST(KnownText, ChangesWithAFragmentAndWithRemoval) {
     EXPECT_EQ(get(*document, L"S", L"B", L""), L"z");
 }
 
+TEST(KnownText, IsKeptUntilSomethingInTheSectionChanges) {
+    const Document document = load("<ConfigInfo><S><A>x</A><B><C>y</C></B></S><S ID=\"1\"/></ConfigInfo>");
+    for (const wchar_t* change : {L"A", L"B|C", L"B|D", L"B|C|D"}) {
+        EXPECT_EQ(get(*document, L"S", L"B|C", L""), L"y");
+        EXPECT_EQ(get(*document, L"S", L"A", L""), L"x");
+        EXPECT_EQ(known(*document, L"A"), u"x");
+        EXPECT_EQ(known(*document, L"B|C"), u"y");
+        set(*document, L"S", L"A", L"in another section", L"1");
+        EXPECT_EQ(known(*document, L"A"), u"x");
+        set(*document, L"S", change, L"z", L"");
+        EXPECT_EQ(known(*document, L"A"), u"");
+        EXPECT_EQ(known(*document, L"B|C"), u"");
+        EXPECT_EQ(get(*document, L"S", change, L""), L"z");
+        set(*document, L"S", L"A", L"x", L"");
+        set(*document, L"S", L"B|C", L"y", L"");
+    }
+    EXPECT_EQ(get(*document, L"S", L"A", L""), L"x");
+    set(*document, L"S", L"D", L"a new item changes none that there is", L"");
+    EXPECT_EQ(known(*document, L"A"), u"x");
+    EXPECT_TRUE(document->removeItem(L"S", L"D", L""));
+    EXPECT_EQ(known(*document, L"A"), u"");
+}
+
 TEST(KnownText, IsNotKeptWhenLong) {
-    SectionItems items;
-    KnownItem& item = items.add(0, element(0), 1);
-    items.rememberText(item, std::u16string(1000, u'x'));
-    EXPECT_TRUE(items.text(item).empty());
-    items.rememberText(item, u"short");
-    EXPECT_EQ(items.text(item), u"short");
-}
-
-TEST(KnownText, OfOthersOutlivesManyChangesOfOne) {
-    SectionItems items;
-    for (std::size_t number = 0; number < 400; ++number) items.add(number, element(number), 400);
-    const std::u16string kept = u"kept";
-    for (std::size_t number = 1; number < 400; ++number) items.rememberText(*items.find(number), kept);
-    int forgotten = 0;
-    for (int i = 0; i < 10000; ++i) {
-        KnownItem& changing = *items.find(0);
-        items.forgetText(changing);
-        EXPECT_TRUE(items.text(changing).empty());
-        items.rememberText(changing, i % 2 == 0 ? u"even" : u"odd");
-        EXPECT_EQ(items.text(changing), i % 2 == 0 ? u"even" : u"odd");
-        for (const std::size_t number : {std::size_t(1), std::size_t(399)}) {
-            KnownItem& other = *items.find(number);
-            if (items.text(other).empty()) {
-                ++forgotten;
-                items.rememberText(other, kept);
-            }
-            EXPECT_EQ(items.text(other), kept);
-        }
+    ConfigInfo document;
+    for (const std::size_t length : {std::size_t(100), std::size_t(1000)}) {
+        const std::wstring text(length, L'x');
+        set(document, L"S", L"A", text, L"");
+        for (int i = 0; i < 2; ++i) EXPECT_EQ(get(document, L"S", L"A", L""), text);
+        EXPECT_EQ(known(document, L"A").size(), length == 100 ? length : 0);
     }
-    EXPECT_LT(forgotten, 400);  // now and then all are forgotten, or the copies would grow for ever
-    EXPECT_GT(forgotten, 0);
 }
 
-TEST(KnownText, IsForgottenOfAllItems) {
-    SectionItems items;
-    for (const std::size_t number : {std::size_t(3), std::size_t(300)})
-        items.rememberText(items.add(number, element(number), 400), u"text");
-    items.forgetTexts();
-    EXPECT_TRUE(items.text(*items.find(3)).empty());
-    EXPECT_TRUE(items.text(*items.find(300)).empty());
-    items.rememberText(*items.find(300), u"other");
-    EXPECT_TRUE(items.text(*items.find(3)).empty());
-    EXPECT_EQ(items.text(*items.find(300)), u"other");
-}
-
-TEST(KnownText, GoesWithItsItem) {
-    SectionItems items;
-    for (const std::size_t number : {std::size_t(3), std::size_t(300)}) {
-        items.rememberText(items.add(number, element(number), 400), u"text");
-        EXPECT_EQ(items.find(number)->element, element(number));
-        items.remove(number);
-        EXPECT_EQ(items.find(number), nullptr);
-        EXPECT_TRUE(items.text(items.add(number, element(number), 400)).empty());
-    }
-    items.clear();
-    EXPECT_EQ(items.find(3), nullptr);
-    EXPECT_EQ(items.find(300), nullptr);
+TEST(KnownText, IsNotKeptOfMoreKeysThanASectionHasPlacesFor) {
+    const Document document = load(manyKeys());
+    for (int round = 0; round < 2; ++round)
+        for (int i = 0; i < 700; ++i) EXPECT_EQ(get(*document, L"S", L"k" + std::to_wstring(i), L""), std::to_wstring(i));
+    EXPECT_EQ(known(*document, L"k0"), u"0");
+    EXPECT_EQ(known(*document, L"k699"), u"");
+    EXPECT_EQ(get(*document, L"S", L"a", L"", L"k699", L"x"), L"third");
+    EXPECT_TRUE(document->removeItem(L"S", L"k699", L""));
+    EXPECT_EQ(get(*document, L"S", L"k699", L""), L"second");
+    EXPECT_TRUE(document->removeItem(L"S", L"k699", L""));
+    EXPECT_EQ(get(*document, L"S", L"k699|a", L""), L"third");
+    EXPECT_EQ(get(*document, L"S", L"k699|a", L""), L"third");
+    EXPECT_TRUE(document->removeSubSection(L"S", L"k699", L"", L"x"));
+    EXPECT_FALSE(document->doesItemExist(L"S", L"k699", L""));
+    set(*document, L"S", L"k699", L"fourth", L"");
+    EXPECT_EQ(get(*document, L"S", L"k699", L""), L"fourth");
 }
 
 }  // namespace storetests

@@ -181,6 +181,18 @@ std::string crowdedInside() {
     return text + "<a>4</a></k1></Mode></Beta></ConfigInfo>";
 }
 
+/// Sections of so many keys that those that are asked for come after all that have places of their own.
+std::string manyKeys() {
+    std::string text = "<ConfigInfo>";
+    for (const char* section : {"<Alpha>", "<Alpha ID=\"1\">", "<Beta ID=\"2\">", "<Gamma>"}) {
+        text += section;
+        for (int i = 0; i < 600; ++i) text += "<f" + std::to_string(i) + "/>";
+        text += "<k1>1</k1><Slot ID=\"1\"><v>2</v></Slot><k1><a>3</a></k1><Slot ID=\"2\"/></";
+        text += std::string(section).substr(1, std::string(section).find_first_of(" >") - 1) + ">";
+    }
+    return text + "</ConfigInfo>";
+}
+
 const char* const crowded =
     "<ConfigInfo>\n  <Version>9.000</Version>\n  <Alpha/>\n  <Alpha ID=\"1\"><k1>a</k1><Slot "
     "ID=\"2\"><k1>b</k1></Slot></Alpha>\n"
@@ -206,6 +218,11 @@ TEST_P(SectionIndexRandom, GivesWhatAWalkInDocumentOrderGivesFromAFile) {
 TEST_P(SectionIndexRandom, GivesWhatAWalkInDocumentOrderGivesFromManyOfAName) {
     SCOPED_TRACE("seed " + std::to_string(GetParam()));
     Walk(GetParam() + 2000, load(crowdedInside())).run(3000);
+}
+
+TEST_P(SectionIndexRandom, GivesWhatAWalkInDocumentOrderGivesFromManyKeys) {
+    SCOPED_TRACE("seed " + std::to_string(GetParam()));
+    Walk(GetParam() + 3000, load(manyKeys())).run(2000);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, SectionIndexRandom, testing::Values(1u, 2u, 3u, 20190311u));
