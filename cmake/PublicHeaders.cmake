@@ -23,7 +23,6 @@ set(XMLCONFIG_PUBLIC_HEADERS
     store/FileChange.h
     store/FilePlaces.h
     store/FileWriting.h
-    store/Outline.h
     store/TextLine.h
     store/ValueTypes.h
     base/AssetManager.h

@@ -16,7 +16,7 @@ class Sequence {
 public:
     explicit Sequence(Input& input) : m_input(input) {
         m_document = std::make_unique<ConfigInfo>(fuzzFile(savedText(*m_document)));
-        m_reference.take(XMLConfig::outline(*m_document));
+        m_reference.take(XMLConfig::tests::outline(*m_document));
         m_reference.layOut();
     }
 
@@ -123,8 +123,9 @@ private:
         m_reference.dirty = false;
     }
     void compareAll() {
-        require(storetests::described(XMLConfig::outline(*m_document)) == storetests::described(m_reference.outline()),
-                "the document is the reference's");
+        require(
+            storetests::described(XMLConfig::tests::outline(*m_document)) == storetests::described(m_reference.outline()),
+            "the document is the reference's");
     }
 
     Input& m_input;

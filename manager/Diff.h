@@ -8,6 +8,8 @@
 #include "platform/Export.h"
 #include "store/Address.h"
 
+class ConfigInfo;
+
 /// What differs between two configurations, told by what the settings mean instead of by the lines of the files.
 namespace XMLConfig {
 

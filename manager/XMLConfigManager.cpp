@@ -15,7 +15,6 @@
 #include "store/CorvaneException.h"
 #include "store/DocumentSaving.h"
 #include "store/FileChange.h"
-#include "store/Outline.h"
 
 using XMLConfig::detail::logInfo;
 using XMLConfig::detail::logWarn;
@@ -137,5 +136,3 @@ void XMLConfigManager::setConfigDirty(bool dirty) { m_open->document->setDirty(d
 const ConfigInfo& XMLConfigManager::getDocument() const { return *m_open->document; }
 
 std::vector<XMLConfig::Finding> XMLConfigManager::check() const { return XMLConfig::check(getDocument()); }
-
-std::vector<XMLConfig::OutlineNode> XMLConfigManager::outline() const { return XMLConfig::outline(getDocument()); }

@@ -31,7 +31,6 @@ namespace XMLConfig {
 class UpgradeObserver;
 class UpgradeReceipt;
 struct Finding;
-struct OutlineNode;
 
 /// What loading did to the document. The file itself is never changed by a load.
 enum VersionUpgradeEnum : int {
@@ -148,13 +147,10 @@ public:
 
     // The document as it is now, unsaved changes included, so that nobody loads the file a second time to look at it.
 
-    /// The open document, for XMLConfig::check, XMLConfig::outline and XMLConfig::ElementView. It lives as long as this
-    /// manager or a copy.
+    /// The open document, for XMLConfig::check and XMLConfig::ElementView. It lives as long as this manager or a copy.
     const ConfigInfo& getDocument() const;
     /// What deserves a look, as XMLConfig::check finds it (manager/Check.h).
     std::vector<XMLConfig::Finding> check() const;
-    /// The header elements and sections as a tree (store/Outline.h), a copy of them all.
-    std::vector<XMLConfig::OutlineNode> outline() const;
 
     // The file.
 

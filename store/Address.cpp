@@ -1,7 +1,7 @@
 #include "store/Address.h"
 
 #include <algorithm>
-#include <string_view>
+#include <vector>
 #include <xercesc/util/XMLChar.hpp>
 
 #include "platform/Numbers.h"
@@ -14,8 +14,7 @@ namespace {
 
 struct Step {
     std::wstring name;
-    std::wstring id;
-    bool hasID = false;
+    std::wstring id;  // empty where there is none, since no identifier is
 };
 
 /// Reads an address from its start to its end or to the first "=" outside an identifier.
@@ -40,11 +39,8 @@ public:
 
 private:
     Step step() {
-        Step step{name(), {}, false};
-        if (m_place < m_text.size() && m_text[m_place] == L'[') {
-            step.id = identifier();
-            step.hasID = true;
-        }
+        Step step{name(), {}};
+        if (m_place < m_text.size() && m_text[m_place] == L'[') step.id = identifier();
         return step;
     }
 
@@ -86,13 +82,13 @@ Address addressOf(const Reader& reader, const std::vector<Step>& steps) {
     address.section = steps[0].name;
     address.sectionID = steps[0].id;
     std::size_t next = 1;
-    if (steps.size() > 1 && steps[1].hasID) {
+    if (steps.size() > 1 && !steps[1].id.empty()) {
         address.subSection = steps[1].name;
         address.subSectionID = steps[1].id;
         next = 2;
     }
     for (std::size_t i = next; i < steps.size(); ++i) {
-        if (steps[i].hasID) reader.fail(L"only a section and what stands directly in it have identifiers");
+        if (!steps[i].id.empty()) reader.fail(L"only a section and what stands directly in it have identifiers");
         address.key += (i == next ? L"" : L"|") + steps[i].name;
     }
     return address;
@@ -103,26 +99,6 @@ std::wstring nameAndID(const std::wstring& name, const std::wstring& id) {
     std::wstring text = name + L"[";
     for (wchar_t character : id) text.append(character == L']' ? 2 : 1, character);
     return text + L"]";
-}
-
-const OutlineNode* firstChild(const std::vector<OutlineNode>& nodes, std::wstring_view name) {
-    for (const OutlineNode& node : nodes)
-        if (node.name == name) return &node;
-    return nullptr;
-}
-
-const OutlineNode* findKey(const OutlineNode& container, std::wstring_view key) {
-    const OutlineNode* node = &container;
-    while (node != nullptr && !key.empty()) {
-        const std::size_t end = std::min(key.find(L'|'), key.size());
-        node = firstChild(node->children, key.substr(0, end));
-        key.remove_prefix(std::min(end + 1, key.size()));
-    }
-    return node;
-}
-
-bool matches(const OutlineNode& node, const std::wstring& name, const std::wstring& id) {
-    return node.name == name && (id.empty() || node.id() == id);
 }
 
 }  // namespace
@@ -147,16 +123,6 @@ std::wstring addressText(const Address& address) {
     for (std::size_t i = text.size() - address.key.size(); i < text.size(); ++i)
         if (text[i] == L'|') text[i] = L'/';
     return text;
-}
-
-const OutlineNode* findNode(const std::vector<OutlineNode>& nodes, const Address& address) {
-    for (const OutlineNode& section : nodes) {
-        if (!matches(section, address.section, address.sectionID)) continue;
-        if (address.subSection.empty()) return findKey(section, address.key);
-        for (const OutlineNode& subSection : section.children)
-            if (matches(subSection, address.subSection, address.subSectionID)) return findKey(subSection, address.key);
-    }
-    return nullptr;
 }
 
 }  // namespace XMLConfig

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/Export.h"
-#include "store/Outline.h"
 
 namespace XMLConfig {
 
@@ -31,8 +29,5 @@ struct Assignment {
 };
 /// Throws as parseAddress, and for text without "=".
 XMLCONFIG_API Assignment parseAssignment(const std::wstring& text);
-
-/// What the address names in an outline, found as ConfigInfo finds it: a pointer into `nodes`; null when there is nothing.
-XMLCONFIG_API const OutlineNode* findNode(const std::vector<OutlineNode>& nodes, const Address& address);
 
 }  // namespace XMLConfig

@@ -28,7 +28,7 @@ constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
 struct Value {
     const std::wstring& text;
     bool isElement;
-    const XMLConfig::OutlineNode* element = nullptr;
+    const XMLConfig::detail::StoredElement* element = nullptr;
 };
 
 // The element that is about to be stored, if it is one; made before anything is changed.
@@ -218,7 +218,7 @@ void ConfigInfo::setItem(const std::wstring& sectionName, const std::wstring& ke
 namespace XMLConfig::detail {
 
 void setElementItem(ConfigInfo& document, const std::wstring& sectionName, const std::wstring& key,
-                    const OutlineNode& element, const std::wstring& sectionID) {
+                    const StoredElement& element, const std::wstring& sectionID) {
     static const std::wstring none;
     if (isPlain(element)) store(document, {sectionName, sectionID, key, none, none}, {none, true, &element});
     else document.setStringItemAsDOMElement(sectionName, key, xmlOf(element), sectionID);

@@ -87,7 +87,7 @@ public:
 
     // Changing. The callers set the dirty flag and call the observer.
     NewElement readElement(const std::string& text) { return detail::readElement(text, m_tree); }
-    NewElement makeElement(const OutlineNode& element) { return detail::makeElement(element, m_tree); }
+    NewElement makeElement(const StoredElement& element) { return detail::makeElement(element, m_tree); }
     /// Adds an item that is missing, with the section, the subsection and the groups that are missing around it. Where a
     /// name is illegal, throws DOMException and leaves what comes before it; nothing else leaves a part.
     void addItem(const ItemAddress& address, const Container& container, Content content);

@@ -19,27 +19,27 @@ bool isKept(const std::wstring& value, const wchar_t* changed) {
 
 }  // namespace
 
-bool isPlain(const OutlineNode& element) {
+bool isPlain(const StoredElement& element) {
     const auto isAttributeKept = [](const auto& attribute) { return isKept(attribute.second, L"\t\n\r"); };
     return isKept(element.text, L"\r") &&
            std::all_of(element.attributes.begin(), element.attributes.end(), isAttributeKept) &&
            std::all_of(element.children.begin(), element.children.end(), isPlain);
 }
 
-std::wstring xmlOf(const OutlineNode& element) {
+std::wstring xmlOf(const StoredElement& element) {
     std::wstring xml = L'<' + element.name;
     for (const auto& [name, value] : element.attributes) xml += L' ' + name + L"=\"" + escapedForXml(value) + L'"';
     xml += L'>' + escapedForXml(element.text);
-    for (const OutlineNode& child : element.children) xml += xmlOf(child);
+    for (const StoredElement& child : element.children) xml += xmlOf(child);
     return xml + L"</" + element.name + L'>';
 }
 
-NewElement makeElement(const OutlineNode& element, Tree& tree) {
+NewElement makeElement(const StoredElement& element, Tree& tree) {
     NewElement made{tree.makeElement(toUtf16(element.name).c_str())};
     for (const auto& [name, value] : element.attributes)
         tree.addAttribute(*made.element, toUtf16(name).c_str(), toUtf16(value).c_str());
     if (!element.text.empty()) append(*made.element, *tree.makeText(element.text));
-    for (const OutlineNode& child : element.children) {
+    for (const StoredElement& child : element.children) {
         NewElement inner = makeElement(child, tree);
         append(*made.element, *inner.element.release());
         made.depth = std::max(made.depth, inner.depth);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/Outline.h"
+#include "store/ElementItem.h"
 #include "store/Tree.h"
 
 namespace XMLConfig::detail {
@@ -15,9 +15,9 @@ struct NewElement {
 };
 
 /// Whether a parser would read the element back from its XML text as it is.
-bool isPlain(const OutlineNode& element);
+bool isPlain(const StoredElement& element);
 /// Makes nodes of an element that is plain.
-NewElement makeElement(const OutlineNode& element, Tree& tree);
+NewElement makeElement(const StoredElement& element, Tree& tree);
 /// Parses an element given as UTF-8. Throws ParseFailure for anything but one element.
 NewElement readElement(const std::string& text, Tree& tree);
 

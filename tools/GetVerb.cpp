@@ -116,7 +116,7 @@ private:
         const ExitStatus status = complainOfMissing();
         if (!answer.isThere(isCounted()) && !m_request.fallback) return status;
         const std::wstring text = answer.element && isGroup(answer) && !(m_request.effective && answer.counted)
-                                      ? treeText(XMLConfig::outline(answer.element))
+                                      ? treeText(answer.element)
                                       : textOf(answer);
         // A program that reads the output gets the text as it stands.
         const std::wstring line = !text.empty() && text.back() == L'\n' ? text : text + L"\n";

@@ -68,21 +68,21 @@ private:
     [[nodiscard]] std::wstring trees() const {
         std::wstring text;
         for (const Address& place : m_places)
-            text += (text.empty() ? L"" : L"\n") + treeText(XMLConfig::outline(XMLConfig::findElement(*m_document, place)));
+            text += (text.empty() ? L"" : L"\n") + treeText(XMLConfig::findElement(*m_document, place));
         return text;
     }
 
     [[nodiscard]] std::wstring headerText() const {
         std::wstring text;
         for (const ElementView& element : XMLConfig::rootElement(*m_document).children())
-            if (XMLConfig::isHeaderElement(element.name())) text += treeText(XMLConfig::outline(element));
+            if (XMLConfig::isHeaderElement(element.name())) text += treeText(element);
         return text;
     }
 
     [[nodiscard]] std::wstring wholeTree() const {
         std::wstring text;
         for (const ElementView& element : XMLConfig::rootElement(*m_document).children())
-            if (!XMLConfig::isHeaderElement(element.name())) text += L"\n" + treeText(XMLConfig::outline(element));
+            if (!XMLConfig::isHeaderElement(element.name())) text += L"\n" + treeText(element);
         return text;
     }
 

@@ -8,13 +8,13 @@
 namespace tool {
 namespace {
 
-using XMLConfig::OutlineNode;
+using XMLConfig::ElementView;
 
 std::wstring indent(int depth) { return std::wstring(2 * static_cast<std::size_t>(depth), L' '); }
 
-std::wstring attributesText(const OutlineNode& node) {
+std::wstring attributesText(const ElementView& element) {
     std::wstring text;
-    for (const auto& [name, value] : node.attributes)
+    for (const auto& [name, value] : element.attributes())
         text += name == L"ID" ? L" [" + printable(value) + L"]" : L" " + name + L"=\"" + printable(value) + L"\"";
     return text;
 }
@@ -37,11 +37,12 @@ std::wstring valueText(const std::wstring& text, int depth) {
 
 }  // namespace
 
-std::wstring treeText(const OutlineNode& node, int depth) {
-    std::wstring text = indent(depth) + printable(node.name) + attributesText(node);
-    if (node.children.empty() && (depth > 0 || !node.text.empty())) return text + valueText(node.text, depth);
+std::wstring treeText(const ElementView& element, int depth) {
+    std::wstring text = indent(depth) + printable(element.name()) + attributesText(element);
+    const std::wstring value = element.firstChild() ? L"" : element.text();
+    if (!element.firstChild() && (depth > 0 || !value.empty())) return text + valueText(value, depth);
     text += L"\n";
-    for (const OutlineNode& child : node.children) text += treeText(child, depth + 1);
+    for (const ElementView& child : element.children()) text += treeText(child, depth + 1);
     return text;
 }
 

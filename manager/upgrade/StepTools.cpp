@@ -63,7 +63,7 @@ void StepSection::setText(const std::wstring& key, const std::wstring& value) {
     if (m_device != nullptr && m_document->put(*m_device, key, value)) return;
     stored().setStringItem(name(), key, value, id(), {}, {});
 }
-void StepSection::setElement(const std::wstring& key, const OutlineNode& element) {
+void StepSection::setElement(const std::wstring& key, const StoredElement& element) {
     if (m_device != nullptr) m_document->write(*m_device);
     setElementItem(stored(), name(), key, element, id());
 }

@@ -5,7 +5,7 @@
 
 #include "manager/upgrade/StepDocument.h"
 #include "store/ConfigInfo.h"
-#include "store/Outline.h"
+#include "store/ElementItem.h"
 
 /// The words in which conversion steps are written.
 namespace XMLConfig::detail {
@@ -42,7 +42,7 @@ public:
     void setNumber(const std::wstring& key, double value);
     void setPoint(const std::wstring& key, const Point_2Dim<int>& value);
     void setText(const std::wstring& key, const std::wstring& value);
-    void setElement(const std::wstring& key, const OutlineNode& element);
+    void setElement(const std::wstring& key, const StoredElement& element);
 
     /// Items that the section lacks are passed over.
     void removeItem(const std::wstring& key);

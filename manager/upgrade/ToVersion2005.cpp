@@ -18,15 +18,15 @@ void completeEdgeThresholds(StepSection& camera) {
     camera.setText(L"MultiCamEdgeThreshold", threshold + L',' + threshold + L',' + threshold + L',' + threshold);
 }
 
-OutlineNode deviceSnippet(const StepSection& projector, const std::wstring& uid) {
+StoredElement deviceSnippet(const StepSection& projector, const std::wstring& uid) {
     const std::wstring number = formatInteger(projector.integer(L"ID", -1));
     const bool isSerial = projector.text(L"Protocol", L"serial") == L"serial";
     const std::wstring port = projector.text(L"Projector_Comm_String", L"COM1");
     const std::wstring value = formatInteger(projector.integer(L"Projector_Comm_Long", 9600));
 
-    const OutlineNode first{isSerial ? L"port" : L"address", {}, port, {}};
-    const OutlineNode second{isSerial ? L"baud" : L"port", {}, value, {}};
-    const OutlineNode connection{L"connection", {{L"type", isSerial ? L"SERIAL" : L"ETHERNET"}}, {}, {first, second}};
+    const StoredElement first{isSerial ? L"port" : L"address", {}, port, {}};
+    const StoredElement second{isSerial ? L"baud" : L"port", {}, value, {}};
+    const StoredElement connection{L"connection", {{L"type", isSerial ? L"SERIAL" : L"ETHERNET"}}, {}, {first, second}};
     return {L"device",
             {{L"UID", uid}, {L"name", L"PRJ-" + number}, {L"type", L"VELDAR"}, {L"version", L"1.0"}},
             L"\t",

@@ -33,7 +33,7 @@ CameraInfo cameraInfo(const StepSection& camera, int type) {
 
 void describeCamera(StepSection& camera, int type) {
     const std::wstring newID = L"PGR***" + camera.text(L"Connection|MAC_Address");
-    OutlineNode snippet{
+    StoredElement snippet{
         L"device", {{L"UID", newID}, {L"name", L""}, {L"password", L""}, {L"type", L"PGR"}, {L"version", L"1.0"}}, {}, {}};
     for (const auto& [name, text] : cameraInfo(camera, type).elements()) snippet.children.push_back({name, {}, text, {}});
     camera.setElement(L"DeviceSnippet", snippet);

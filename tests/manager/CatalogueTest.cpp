@@ -8,15 +8,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "store/Outline.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/AsciiText.h"
 #include "tests/support/DocumentTexts.h"
 #include "tests/support/TemporaryFolder.h"
 
 using XMLConfig::catalogue;
-using XMLConfig::OutlineNode;
 using XMLConfig::Setting;
+using XMLConfig::tests::OutlineNode;
 using XMLConfig::tests::storedText;
 
 namespace {
@@ -98,7 +97,7 @@ TEST(Catalogue, ANewDocumentHoldsOnlyWhatIsListed) {
     std::set<std::pair<std::wstring, std::wstring>> listed;
     for (const Setting& setting : catalogue()) listed.emplace(setting.section, setting.key);
     int checked = 0;
-    for (const OutlineNode& section : XMLConfig::outline(*newDocument())) {
+    for (const OutlineNode& section : XMLConfig::tests::outline(*newDocument())) {
         if (fixedSections.count(section.name) == 0) continue;
         std::set<std::wstring> keys;
         collectKeys(section, L"", keys);

@@ -25,7 +25,7 @@
 #include "sections/SystemConfig.h"
 #include "sections/TargetLocatorConfig.h"
 #include "store/CorvaneException.h"
-#include "store/Outline.h"
+#include "store/ElementView.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/CurrentFile.h"
 #include "tests/support/DocumentTexts.h"
@@ -267,10 +267,7 @@ TEST(ManagerLifeCycle, DocumentIsLookedAtWithItsUnsavedChanges) {
     ASSERT_FALSE(findings.empty());
     EXPECT_EQ(findings[0].rule, L"XC103");
     EXPECT_EQ(findings[0].address, L"Projector[a]/Gamma");
-    const auto nodes = manager.outline();
-    ASSERT_FALSE(nodes.empty());
-    EXPECT_EQ(nodes.back().name, L"Projector");
-    EXPECT_EQ(nodes.back().id(), L"a");
+    EXPECT_EQ(XMLConfig::sectionElements(manager.getDocument(), L"Projector").at(0).id(), L"a");
 }
 
 TEST(ManagerLifeCycle, LoadGivesTheReceiptOfItsUpgrade) {

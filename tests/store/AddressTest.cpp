@@ -4,13 +4,14 @@
 
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
+#include "store/ElementView.h"
 #include "tests/support/Thrown.h"
 
 namespace {
 
 using XMLConfig::Address;
 using XMLConfig::addressText;
-using XMLConfig::findNode;
+using XMLConfig::findElement;
 using XMLConfig::parseAddress;
 using XMLConfig::parseAssignment;
 
@@ -85,14 +86,13 @@ TEST(Assignment, NeedsAnEqualsSign) {
     EXPECT_THROW(parseAssignment(L"=x"), CorvaneParseException);
 }
 
-/// A node's text by its address; "none" where nothing is found.
+/// An element's text by its address; "none" where nothing is found.
 std::wstring textAt(const ConfigInfo& document, const std::wstring& address) {
-    const auto nodes = XMLConfig::outline(document);
-    const XMLConfig::OutlineNode* const node = findNode(nodes, parseAddress(address));
-    return node == nullptr ? L"none" : node->text;
+    const XMLConfig::ElementView element = findElement(document, parseAddress(address));
+    return element ? element.text() : L"none";
 }
 
-TEST(FindNode, FindsWhatTheDocumentFinds) {
+TEST(FindElement, FindsWhatTheDocumentFinds) {
     ConfigInfo document;
     document.setStringItem(L"Projector", L"Name", L"first", L"1", L"", L"");
     document.setStringItem(L"Projector", L"A|B", L"deep", L"2", L"", L"");
@@ -105,7 +105,7 @@ TEST(FindNode, FindsWhatTheDocumentFinds) {
         EXPECT_EQ(textAt(document, address), L"none") << testing::PrintToString(std::wstring(address));
 }
 
-TEST(FindNode, SubsectionMayStandInALaterSectionOfTheSameName) {
+TEST(FindElement, SubsectionMayStandInALaterSectionOfTheSameName) {
     ConfigInfo document;
     document.setStringItem(L"Slots", L"Name", L"x", L"1", L"", L"");
     document.setStringItem(L"Slots", L"Name", L"Lobby", L"2", L"Slot", L"3");

@@ -15,12 +15,12 @@ namespace storetests {
 
 namespace {
 
-using XMLConfig::OutlineNode;
 using XMLConfig::detail::isPlain;
 using XMLConfig::detail::setElementItem;
+using XMLConfig::detail::StoredElement;
 using XMLConfig::detail::xmlOf;
 
-OutlineNode device(const std::wstring& value) {
+StoredElement device(const std::wstring& value) {
     return {L"device", {{L"UID", value}, {L"name", L""}}, L"\t", {{L"id", {}, value, {}}, {L"mac", {}, {}, {}}}};
 }
 
@@ -28,8 +28,8 @@ class RandomElements : RandomChoice {
 public:
     explicit RandomElements(unsigned seed) : RandomChoice(seed) {}
 
-    OutlineNode element(int level = 0) {
-        OutlineNode made{name(), {}, {}, {}};
+    StoredElement element(int level = 0) {
+        StoredElement made{name(), {}, {}, {}};
         for (const wchar_t* attribute : {L"z", L"a", L"UID"})
             if (below(3) == 0) made.attributes.emplace_back(attribute, value());
         if (below(2) == 0) made.text = value();
@@ -78,12 +78,12 @@ TEST(ElementItem, IsStoredAsItsText) {
     int refused = 0;
     int plain = 0;
     for (int i = 0; i < 20000 && !testing::Test::HasFailure(); ++i) {
-        const OutlineNode first = random.element();
-        const OutlineNode second = random.element();
+        const StoredElement first = random.element();
+        const StoredElement second = random.element();
         SCOPED_TRACE(i);
         const Document asTold = ConfigInfo::fromText("<ConfigInfo><S/></ConfigInfo>", L"");
         const Document byText = ConfigInfo::fromText("<ConfigInfo><S/></ConfigInfo>", L"");
-        for (const OutlineNode* element : {&first, &second}) {
+        for (const StoredElement* element : {&first, &second}) {
             const std::string expected =
                 outcome(*byText, [&] { byText->setStringItemAsDOMElement(L"S", L"A|B", xmlOf(*element), L""); });
             EXPECT_EQ(outcome(*asTold, [&] { setElementItem(*asTold, L"S", L"A|B", *element, L""); }), expected);
@@ -114,7 +114,7 @@ TEST(ElementItem, IsRefusedAsItsText) {
 }
 
 TEST(ElementItem, MayNotLieTooDeep) {
-    OutlineNode deep{L"a", {}, {}, {}};
+    StoredElement deep{L"a", {}, {}, {}};
     for (int i = 1; i < 998; ++i) deep = {L"a", {}, {}, {std::move(deep)}};
     ConfigInfo document;
     EXPECT_CONTAINS(messageOf([&] { setElementItem(document, L"S", L"A", deep, L""); }), L"1000 levels deep at most");

@@ -1,7 +1,6 @@
 #include "store/ElementView.h"
 
 #include "store/Address.h"
-#include "store/Outline.h"
 #include "tests/store/StoreSupport.h"
 
 namespace storetests {
@@ -72,7 +71,7 @@ TEST(ElementView, OfNoElementIsEmpty) {
     EXPECT_FALSE(none.isNamed(L""));
     EXPECT_FALSE(none.firstChild() || none.next() || none.parent());
     EXPECT_EQ(namesIn(none), L"");
-    EXPECT_EQ(XMLConfig::outline(none).name, L"");
+    EXPECT_TRUE(none.attributes().empty());
 }
 
 TEST(ElementView, ListsTheSectionsOfATagAlone) {
@@ -86,22 +85,54 @@ TEST(ElementView, ListsTheSectionsOfATagAlone) {
     EXPECT_TRUE(sectionElements(*document, L"A").empty());
 }
 
-TEST(ElementView, IsFoundAsOutlinesAre) {
+TEST(ElementView, IsFoundByItsAddress) {
     const Document document = load(sample);
-    const auto nodes = XMLConfig::outline(*document);
-    for (const wchar_t* text :
-         {L"S", L"S[1]", L"S[2]", L"S[3]", L"T", L"U", L"S/A", L"S[1]/A", L"S[1]/B/C", L"S[1]/C", L"S/A/b", L"S[2]/A/b",
-          L"S[2]/Slot[7]", L"S/Slot[7]/v", L"S[2]/Slot[8]/v", L"S[1]/Slot[7]", L"S[2]/Slot/v"}) {
-        const auto address = parseAddress(text);
-        const auto* const node = XMLConfig::findNode(nodes, address);
-        const ElementView element = findElement(*document, address);
-        EXPECT_EQ(bool(element), node != nullptr) << std::string(text, text + std::wcslen(text));
-        const auto copy = XMLConfig::outline(element);
-        EXPECT_EQ(copy.name, node == nullptr ? L"" : node->name);
-        EXPECT_EQ(copy.attributes, node == nullptr ? decltype(copy.attributes)() : node->attributes);
-        EXPECT_EQ(copy.text, node == nullptr ? L"" : node->text);
-        EXPECT_EQ(copy.children.size(), node == nullptr ? 0u : node->children.size());
+    const std::pair<const wchar_t*, const wchar_t*> rows[] = {
+        {L"S", L"S[1] onetwothree"},
+        {L"S[1]", L"S[1] onetwothree"},
+        {L"S[2]", L"S[2] seven123"},
+        {L"S[3]", L"none"},
+        {L"T", L"T[] "},
+        {L"U", L"none"},
+        {L"S/A", L"A[] one"},
+        {L"S[1]/A", L"A[] one"},
+        {L"S[1]/B/C", L"C[] two"},
+        {L"S[1]/C", L"none"},
+        {L"S/A/b", L"none"},
+        {L"S[2]/A/b", L"b[] 3"},
+        {L"S[2]/Slot[7]", L"Slot[7] seven"},
+        {L"S/Slot[7]/v", L"v[] seven"},
+        {L"S[2]/Slot[8]/v", L"none"},
+        {L"S[1]/Slot[7]", L"none"},
+        {L"S[2]/Slot/v", L"v[] seven"},
+    };
+    for (const auto& [address, expected] : rows) {
+        const ElementView element = findElement(*document, parseAddress(address));
+        const std::wstring found = element.name() + L"[" + element.id() + L"] " + element.text();
+        EXPECT_EQ(element ? found : L"none", expected) << testing::PrintToString(std::wstring(address));
     }
+}
+
+TEST(ElementView, HasItsAttributesByName) {
+    const Document document = load("<ConfigInfo><S z=\"1\" ID=\"x y\" a=\"&lt;&#10;\"/><S ID=\"\"/><S/></ConfigInfo>");
+    const auto sections = sectionElements(*document, L"S");
+    ASSERT_EQ(sections.size(), 3u);
+    using Attributes = std::vector<std::pair<std::wstring, std::wstring>>;
+    EXPECT_EQ(sections[0].attributes(), (Attributes{{L"ID", L"x y"}, {L"a", L"<\n"}, {L"z", L"1"}}));
+    EXPECT_EQ(sections[0].id(), L"x y");
+    EXPECT_EQ(sections[1].attributes(), (Attributes{{L"ID", L""}}));
+    EXPECT_EQ(sections[1].id(), L"");
+    EXPECT_TRUE(sections[2].attributes().empty());
+}
+
+TEST(ElementView, ShowsElementsAndTextAlone) {
+    const Document document = load(
+        "<ConfigInfo>stray<!--c--><S><!--c--><?p d?><A>a<!--x-->b<![CDATA[<c>]]>&amp;</A><B> </B><C/></S></ConfigInfo>");
+    const ElementView section = rootElement(*document).firstChild();
+    EXPECT_EQ(namesIn(section), L"A B C ");
+    EXPECT_EQ(section.child(L"A").text(), L"ab<c>&");
+    EXPECT_EQ(section.child(L"B").text(), L" ");
+    EXPECT_EQ(section.child(L"C").text(), L"");
 }
 
 TEST(ElementView, ShowsTheDocumentAndNoCopy) {

@@ -1,6 +1,6 @@
 #include <ostream>
 
-#include "store/Outline.h"
+#include "store/ElementView.h"
 #include "tests/store/StoreSupport.h"
 
 namespace storetests {
@@ -121,9 +121,9 @@ INSTANTIATE_TEST_SUITE_P(Files, FixedPoint, testing::ValuesIn(oddFiles),
 TEST(SavedAttributes, KeepTheirValues) {
     const std::string text = root("<S a=\"&lt;&amp;&quot;'&#9;&#10;&#13; &gt;\" b=' two  blanks '/>");
     const Document document = load(savedOf(text));
-    const auto section = XMLConfig::outline(*document).at(0);
-    EXPECT_EQ(section.attributes.at(0).second, L"<&\"'\t\n\r >");
-    EXPECT_EQ(section.attributes.at(1).second, L" two  blanks ");
+    const auto attributes = XMLConfig::rootElement(*document).firstChild().attributes();
+    EXPECT_EQ(attributes.at(0).second, L"<&\"'\t\n\r >");
+    EXPECT_EQ(attributes.at(1).second, L" two  blanks ");
 }
 
 TEST(SavedText, OfXml11StaysXml11) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Outline.h"
+#include "tests/support/Outline.h"
 
 /// The addressing rules once more, as plain walks over plain vectors: what the store's results are compared with.
 namespace storetests {
@@ -29,7 +29,7 @@ public:
     bool dirty = false;
 
     /// Takes over the elements of a document that holds no mixed content.
-    void take(const std::vector<XMLConfig::OutlineNode>& nodes) {
+    void take(const std::vector<XMLConfig::tests::OutlineNode>& nodes) {
         m_root.children.clear();
         for (const auto& node : nodes) m_root.children.push_back(taken(node));
     }
@@ -127,7 +127,7 @@ public:
     }
     /// What a save and a load make of it: elements that hold nothing but elements are laid out, two blanks a level.
     void layOut() { layOut(m_root, 0); }
-    std::vector<XMLConfig::OutlineNode> outline() const { return outlined(m_root).children; }
+    std::vector<XMLConfig::tests::OutlineNode> outline() const { return outlined(m_root).children; }
 
 private:
     struct Found {
@@ -250,7 +250,7 @@ private:
         m_root.children.erase(m_root.children.begin() + static_cast<std::ptrdiff_t>(from));
         m_root.children.insert(m_root.children.begin() + static_cast<std::ptrdiff_t>(to), std::move(moved));
     }
-    static std::unique_ptr<Node> taken(const XMLConfig::OutlineNode& from) {
+    static std::unique_ptr<Node> taken(const XMLConfig::tests::OutlineNode& from) {
         auto node = std::make_unique<Node>();
         node->name = from.name;
         for (const auto& [name, value] : from.attributes)
@@ -259,8 +259,8 @@ private:
         for (const auto& child : from.children) node->children.push_back(taken(child));
         return node;
     }
-    static XMLConfig::OutlineNode outlined(const Node& node) {
-        XMLConfig::OutlineNode result;
+    static XMLConfig::tests::OutlineNode outlined(const Node& node) {
+        XMLConfig::tests::OutlineNode result;
         result.name = node.name;
         if (node.id) result.attributes.emplace_back(L"ID", *node.id);
         for (const auto& child : node.children)
@@ -274,7 +274,7 @@ private:
 
 /// A readable form of an outline, to compare two: names, IDs, and the text of elements without child elements. Layout
 /// that removals leave in an empty section is no text.
-inline std::wstring described(const std::vector<XMLConfig::OutlineNode>& nodes, const std::wstring& indent = L"") {
+inline std::wstring described(const std::vector<XMLConfig::tests::OutlineNode>& nodes, const std::wstring& indent = L"") {
     std::wstring result;
     for (const auto& node : nodes) {
         result += indent + node.name;

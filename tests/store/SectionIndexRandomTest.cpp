@@ -19,7 +19,7 @@ class Walk {
 public:
     Walk(unsigned seed, Document document) : m_random(seed), m_document(std::move(document)) {
         m_document = reloaded(*m_document);
-        m_reference.take(XMLConfig::outline(*m_document));
+        m_reference.take(XMLConfig::tests::outline(*m_document));
         m_reference.layOut();
     }
 
@@ -141,7 +141,7 @@ private:
         m_reference.dirty = false;
     }
     void compareAll() {
-        EXPECT_EQ(described(XMLConfig::outline(*m_document)), described(m_reference.outline()))
+        EXPECT_EQ(described(XMLConfig::tests::outline(*m_document)), described(m_reference.outline()))
             << "step " << m_step << ", last " << m_last;
     }
     /// Enough of it to have the tree copied.

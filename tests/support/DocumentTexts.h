@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "store/ConfigInfo.h"
-#include "store/Outline.h"
+#include "tests/support/Outline.h"
 
 /// The texts that a document holds, read past the accessors and past the store's look-ups by key.
 namespace XMLConfig::tests {

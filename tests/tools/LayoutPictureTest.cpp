@@ -4,9 +4,10 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/Files.h"
-#include "store/Outline.h"
+#include "store/ConfigInfo.h"
 #include "tests/support/Example.h"
 #include "tests/support/GoldenFile.h"
+#include "tests/support/Outline.h"
 #include "tests/support/Rig.h"
 #include "tests/support/ToolFiles.h"
 #include "tests/support/ToolRun.h"
@@ -14,7 +15,7 @@
 namespace {
 
 using testing::HasSubstr;
-using XMLConfig::OutlineNode;
+using XMLConfig::tests::OutlineNode;
 
 class LayoutPicture : public ToolFiles {
 protected:
@@ -29,7 +30,7 @@ protected:
 /// The shapes of a picture that have this class among theirs. Throws where the picture is not well-formed.
 std::vector<OutlineNode> shapesOf(const std::string& picture, const std::wstring& className) {
     std::vector<OutlineNode> found;
-    std::vector<OutlineNode> waiting = XMLConfig::outline(*ConfigInfo::fromText(picture, L"picture"));
+    std::vector<OutlineNode> waiting = XMLConfig::tests::outline(*ConfigInfo::fromText(picture, L"picture"));
     while (!waiting.empty()) {
         const OutlineNode node = waiting.back();
         waiting.pop_back();
