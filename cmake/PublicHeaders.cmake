@@ -17,12 +17,10 @@ set(XMLCONFIG_PUBLIC_HEADERS
     store/Comments.h
     store/ConfigInfo.h
     store/ConfigInfoFactory.h
-    store/ConfigLock.h
     store/CorvaneException.h
     store/ElementView.h
     store/FileChange.h
     store/FilePlaces.h
-    store/FileWriting.h
     store/TextLine.h
     store/ValueTypes.h
     base/AssetManager.h
@@ -48,7 +46,9 @@ set(XMLCONFIG_PUBLIC_HEADERS
     manager/Catalogue.h
     manager/Check.h
     manager/CheckRules.h
+    manager/ConfigLock.h
     manager/Diff.h
+    manager/FileWriting.h
     manager/Layout.h
     manager/LogOutput.h
     manager/Origin.h

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include <manager/ConfigLock.h>
 #include <manager/LogOutput.h>
 #include <manager/XMLConfigManager.h>
 #include <platform/IQuorvelProductInfo.h>
@@ -17,7 +18,6 @@
 #include <platform/Utf8.h>
 #include <sections/ProjectorConfig.h>
 #include <sections/SiteAnalyticsConfig.h>
-#include <store/ConfigLock.h>
 
 namespace {
 

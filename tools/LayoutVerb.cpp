@@ -1,10 +1,10 @@
 #include <filesystem>
 #include <system_error>
 
+#include "manager/FileWriting.h"
 #include "platform/FileNames.h"
 #include "platform/Utf8.h"
 #include "store/CorvaneException.h"
-#include "store/FileWriting.h"
 #include "tools/Colour.h"
 #include "tools/LayoutPicture.h"
 #include "tools/LayoutText.h"

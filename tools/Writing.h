@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "manager/ConfigLock.h"
 #include "store/ConfigInfo.h"
-#include "store/ConfigLock.h"
 #include "tools/Changes.h"
 #include "tools/FindingChange.h"
 #include "tools/Verb.h"

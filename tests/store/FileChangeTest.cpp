@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include "store/ConfigLock.h"
 #include "store/ContentHash.h"
 #include "store/DocumentSaving.h"
 #include "store/FileState.h"
@@ -205,46 +204,6 @@ TEST(ContentHash, TellsContentsApart) {
     }
     std::sort(seen.begin(), seen.end());
     EXPECT_EQ(std::adjacent_find(seen.begin(), seen.end()), seen.end());
-}
-
-TEST(ConfigLock, WaitsAndSaysForWhom) {
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"hall.skorrax");
-    const XMLConfig::ConfigLock held(path);
-    try {
-        const XMLConfig::ConfigLock second(path, std::chrono::milliseconds(20));
-        ADD_FAILURE() << "the lock has two holders";
-    } catch (const XMLConfig::ConfigBusyException& busy) {
-        const std::wstring process = std::to_wstring(busy.getProcess());
-        EXPECT_GT(busy.getProcess(), 0);
-        EXPECT_EQ(busy.getReason(),
-                  path + L" is being written by another part of this program (process " + process + L"), waited 20 ms");
-        EXPECT_EQ(busy.getMessage(), L"Error ConfigLock: " + busy.getReason());
-    }
-}
-
-TEST(ConfigLock, PatienceBelowNothingIsNone) {
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"hall.skorrax");
-    const XMLConfig::ConfigLock held(path);
-    const std::wstring message = messageOf([&] { const XMLConfig::ConfigLock second(path, std::chrono::milliseconds(-5)); });
-    EXPECT_EQ(message.substr(message.rfind(L',')), L", waited 0 s");
-}
-
-TEST(ConfigLock, SavesNeedNoneAndAreNotKeptFromIt) {
-    const TemporaryFolder folder;
-    ConfigInfo document(folder.write(L"hall.skorrax", small));
-    const XMLConfig::ConfigLock held(folder.file(L"hall.skorrax"));
-    EXPECT_TRUE(document.save(folder.file(L"hall.skorrax")));
-    EXPECT_NO_THROW(ConfigInfo(folder.file(L"hall.skorrax")));
-    EXPECT_EQ(folder.entries(), 1u);
-}
-
-TEST(ConfigLock, FolderThatIsNotThereIsTold) {
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"missing") + L"/hall.skorrax";
-    EXPECT_EQ(messageOf([&] { const XMLConfig::ConfigLock lock(path); }),
-              L"Error ConfigLock: Can not lock the folder of file " + path + L": No such file or directory");
 }
 
 }  // namespace storetests

@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "manager/ConfigLock.h"
 #include "store/ConfigInfo.h"
-#include "store/ConfigLock.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <csignal>
 #include <thread>
 
+#include "manager/ConfigLock.h"
 #include "store/ConfigInfo.h"
-#include "store/ConfigLock.h"
 #include "tests/manager/TestManager.h"
 #include "tests/support/CurrentFile.h"
 #include "tests/support/ToolFiles.h"

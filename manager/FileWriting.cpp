@@ -1,4 +1,4 @@
-#include "store/FileWriting.h"
+#include "manager/FileWriting.h"
 
 #include "platform/Files.h"
 #include "store/CorvaneException.h"

@@ -1,4 +1,4 @@
-#include "store/ConfigLock.h"
+#include "manager/ConfigLock.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "store/FileWriting.h"
+#include "manager/FileWriting.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
