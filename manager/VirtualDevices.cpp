@@ -41,17 +41,18 @@ void makeProjectorVirtual(ConfigInfo& document, const std::wstring& id) {
     const int width = document.getIntegerItem(L"Projector", L"Resolution_X", 1400, id);
     const int height = document.getIntegerItem(L"Projector", L"Resolution_Y", 1050, id);
     const auto device = deviceOf(document, L"Projector", id);
-    if (!device || !device->hasChild(L"connection")) return;
-    if (!deviceIDOf(device->attribute(L"UID").value_or(L""))) {
+    if (!device || !device->element().child(L"connection")) return;
+    if (!deviceIDOf(device->element().attribute(L"UID").value_or(L""))) {
         throw CorvaneException(L"Deive id incorrect");  // spelt so on purpose: applications know it
     }
-    device->replaceChild(L"connection", virtualConnection(device->attribute(L"type").value_or(L""), width, height));
+    const std::wstring type = device->element().attribute(L"type").value_or(L"");
+    device->replaceChild(L"connection", virtualConnection(type, width, height));
     document.setStringItemAsDOMElement(L"Projector", snippetKey, device->text(), id);
 }
 
 void makeCameraVirtual(ConfigInfo& document, const std::wstring& id) {
     const auto device = deviceOf(document, L"Camera", id);
-    if (!device || !device->attribute(L"UID") || !device->attribute(L"type")) return;
+    if (!device || !device->element().attribute(L"UID") || !device->element().attribute(L"type")) return;
     device->setAttribute(L"type", L"VC");
     document.setStringItemAsDOMElement(L"Camera", snippetKey, device->text(), id);
 }

@@ -98,13 +98,6 @@ void gather(Told& told, const Document& document, const ItemAddress& address, co
                  isNew ? std::wstring() : observed(*item.element), std::move(after));
 }
 
-/// What is or will be around the container's items.
-const xercesc::DOMElement& placeOf(const Document& document, const Container& container, const ItemAddress& address) {
-    if (container.element != nullptr) return *container.element;
-    const auto* const section = document.getSection(address.sectionName, address.sectionID);
-    return section == nullptr || address.subSectionName.empty() ? *document.root() : *section->element;
-}
-
 void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& value) {
     Document& document = Document::of(configInfo);
     if (!document.exists()) return;
@@ -119,8 +112,8 @@ void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& valu
         NewElement content = elementOf(value, document, address);
         XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
         if (content.namespaces != 0) {
-            XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, placeOf(document, container, address),
-                                                    content.namespaces);
+            const auto& around = isNew ? document.placeOf(address, container) : *item.element;
+            XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, around, content.namespaces);
         }
 
         std::optional<Told> told;

@@ -84,6 +84,8 @@ public:
     [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
     /// All sections of that tag.
     [[nodiscard]] const Sections& sections(const std::wstring& name) const { return m_index.sections(name, {}); }
+    /// The innermost element there is around an item that is missing.
+    [[nodiscard]] const xercesc::DOMElement& placeOf(const ItemAddress& address, const Container& container) const;
 
     // Changing. The callers set the dirty flag and call the observer.
     NewElement readElement(const std::string& text) { return detail::readElement(text, m_tree); }
@@ -168,9 +170,7 @@ std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& b
 std::u16string_view textOf(const Item& item, std::u16string& buffer);
 bool hasText(const xercesc::DOMElement& element, const std::wstring& text);
 std::wstring wideTextOf(const xercesc::DOMElement& element);
-/// Whether two trees are equal when text nodes made of indentation only are left out.
-bool compareCollapsedNodes(const xercesc::DOMNode& left, const xercesc::DOMNode& right);
-/// Whether an element holds `content` and indentation, and nothing else, where indentation inside of both does not count.
+/// Whether an element holds `content` and nothing else, where texts that are indentation only count nowhere.
 bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content);
 
 }  // namespace XMLConfig::detail

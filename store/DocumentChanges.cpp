@@ -96,6 +96,10 @@ Document::Missing Document::missingOf(const ItemAddress& address, const Containe
     return missing;
 }
 
+const DOMElement& Document::placeOf(const ItemAddress& address, const Container& container) const {
+    return *missingOf(address, container).place;
+}
+
 LooseElement Document::build(const Missing& missing, Content content, std::exception_ptr& illegalName) {
     LooseElement outermost;
     DOMElement* innermost = nullptr;

@@ -30,29 +30,11 @@ void refuse(const wchar_t* prefix, const std::wstring& where, const wchar_t* wha
                            L"), which XML cannot hold");
 }
 
-int declarationsOf(const xercesc::DOMElement& element) {
-    const xercesc::DOMNamedNodeMap* const attributes = element.getAttributes();
+int declarationsIn(const xercesc::DOMNamedNodeMap& attributes) {
     int count = 0;
-    for (XMLSize_t i = 0; i < attributes->getLength(); ++i) {
-        const std::u16string_view name = view(attributes->item(i)->getNodeName());
+    for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
+        const std::u16string_view name = view(attributes.item(i)->getNodeName());
         count += name == u"xmlns" || name.substr(0, 6) == u"xmlns:" ? 1 : 0;
-    }
-    return count;
-}
-
-/// How many namespaces are declared in the element, in those around it, and in those inside that a key leads through.
-int declarationsOnTheWay(const xercesc::DOMElement& element, const std::wstring& key) {
-    int count = declarationsOf(element);
-    for (const auto* above = element.getParentNode(); above != nullptr; above = above->getParentNode()) {
-        if (above->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) break;
-        count += declarationsOf(static_cast<const xercesc::DOMElement&>(*above));
-    }
-    const xercesc::DOMElement* inside = &element;
-    for (std::size_t begin = 0; begin <= key.size() && inside != nullptr;) {
-        const std::size_t end = std::min(key.find(L'|', begin), key.size());
-        inside = childNamed(inside, toUtf16(std::wstring_view(key).substr(begin, end - begin)));
-        if (inside != nullptr) count += declarationsOf(*inside);
-        begin = end + 1;
     }
     return count;
 }
@@ -93,8 +75,11 @@ void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int de
                            L" levels deep at most");
 }
 
-void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& place, int inside) {
-    if (inside == 0 || declarationsOnTheWay(place, address.key) + inside <= maximumNamespaces) return;
+void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& around, int inside) {
+    int count = inside;
+    for (const xercesc::DOMNode* each = &around; each->getAttributes() != nullptr; each = each->getParentNode())
+        count += declarationsIn(*each->getAttributes());
+    if (count <= maximumNamespaces) return;
     throw CorvaneException(prefix + describe(address) + L": at most " + formatInteger(maximumNamespaces) +
                            L" namespaces may be declared in an element and those around it");
 }

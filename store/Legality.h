@@ -18,8 +18,8 @@ void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, co
 /// Throws CorvaneException where the item, with `depthInside` levels in it, would lie deeper than can be read again.
 void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int depthInside);
 /// Throws CorvaneException where the item, with `inside` namespaces declared in it, would have more of them around one
-/// element than can be read again. `place` is the element below which the item is or will be.
-void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& place, int inside);
+/// element than can be read again. `around` is the innermost element there is around what will be stored.
+void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& around, int inside);
 
 /// Throws CorvaneException for a comment's text that would end the comment early, or that would be read as another text:
 /// "--", "-" at the end, and control characters other than tabs and line feeds.

@@ -4,8 +4,9 @@
 #include "store/CorvaneException.h"
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
+#include "store/ElementAccess.h"
 #include "store/SectionIndex.h"
-#include "store/XmlLibrary.h"
+#include "store/Tree.h"
 
 namespace XMLConfig::detail {
 
@@ -24,39 +25,24 @@ DocumentPointer parsed(const std::wstring& xml) {
 
 }  // namespace
 
-struct XmlFragment::Tree {
-    DocumentPointer document;
-    [[nodiscard]] xercesc::DOMElement& element() const { return *document->getDocumentElement(); }
-};
-
-XmlFragment::XmlFragment(const std::wstring& xml) : m_tree(std::make_unique<Tree>(Tree{parsed(xml)})) {}
+XmlFragment::XmlFragment(const std::wstring& xml) : m_tree(std::make_unique<Tree>()) { m_tree->adopt(parsed(xml)); }
 
 XmlFragment::~XmlFragment() = default;
 
-std::optional<std::wstring> XmlFragment::attribute(const std::wstring& name) const {
-    const xercesc::DOMAttr* const found = m_tree->element().getAttributeNode(xmlText(toUtf16(name)));
-    return found == nullptr ? std::nullopt : std::optional(fromUtf16(view(found->getValue())));
-}
+ElementView XmlFragment::element() const { return ElementAccess::view(m_tree->root()); }
 
 void XmlFragment::setAttribute(const std::wstring& name, const std::wstring& value) {
-    reporting(prefix, [&] { m_tree->element().setAttribute(xmlText(toUtf16(name)), xmlText(toUtf16(value))); });
-}
-
-bool XmlFragment::hasChild(const std::wstring& name) const {
-    return childNamed(&m_tree->element(), toUtf16(name)) != nullptr;
+    reporting(prefix, [&] { m_tree->root()->setAttribute(xmlText(toUtf16(name)), xmlText(toUtf16(value))); });
 }
 
 bool XmlFragment::replaceChild(const std::wstring& name, const std::wstring& xml) {
-    xercesc::DOMElement* const child = childNamed(&m_tree->element(), toUtf16(name));
+    xercesc::DOMElement* const child = childNamed(m_tree->root(), toUtf16(name));
     if (child == nullptr) return false;
     const DocumentPointer other = parsed(xml);
-    reporting(prefix, [&] {
-        xercesc::DOMNode* const imported = m_tree->document->importNode(other->getDocumentElement(), true);
-        m_tree->element().replaceChild(imported, child)->release();
-    });
+    reporting(prefix, [&] { m_tree->root()->replaceChild(m_tree->copy(*other->getDocumentElement()).release(), child); });
     return true;
 }
 
-std::wstring XmlFragment::text() const { return writeElement(m_tree->element()); }
+std::wstring XmlFragment::text() const { return writeElement(*m_tree->root()); }
 
 }  // namespace XMLConfig::detail

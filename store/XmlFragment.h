@@ -1,11 +1,14 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
+
+#include "store/ElementView.h"
 
 /// One XML element outside any document, for changing device snippets in place.
 namespace XMLConfig::detail {
+
+class Tree;
 
 class XmlFragment {
 public:
@@ -13,13 +16,10 @@ public:
     /// else.
     explicit XmlFragment(const std::wstring& xml);
     ~XmlFragment();
-    XmlFragment(const XmlFragment&) = delete;
-    XmlFragment& operator=(const XmlFragment&) = delete;
 
-    /// Nothing where the element has no such attribute.
-    [[nodiscard]] std::optional<std::wstring> attribute(const std::wstring& name) const;
+    /// Good until the fragment changes or ends.
+    [[nodiscard]] ElementView element() const;
     void setAttribute(const std::wstring& name, const std::wstring& value);
-    [[nodiscard]] bool hasChild(const std::wstring& name) const;
     /// Puts `xml`, one element, in the place of the first child element of that name. False, and nothing done, where there
     /// is none. Throws as the constructor.
     bool replaceChild(const std::wstring& name, const std::wstring& xml);
@@ -27,7 +27,6 @@ public:
     [[nodiscard]] std::wstring text() const;
 
 private:
-    struct Tree;
     std::unique_ptr<Tree> m_tree;
 };
 

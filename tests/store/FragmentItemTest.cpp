@@ -55,7 +55,7 @@ TEST(FragmentItem, IsNotDirtyWhenOnlyLayoutDiffers) {
     document.setStringItemAsDOMElement(L"S", L"A", L"<d><a>1</a><b x=\"2\"/></d>", L"");
     document.setDirty(false);
     for (const wchar_t* same :
-         {L"<d><a>1</a><b x=\"2\"/></d>", L"<d>\n\t <a>1</a>\n\n<b x='2'></b> </d>",
+         {L"<d><a>1</a><b x=\"2\"/></d>", L"<d>\n\t <a>1</a>\n\n<b x='2'></b> </d>", L"<d><a>1</a><b x='2'>\n </b></d>",
           L"<?xml version=\"1.0\"?>\n<d><a>1</a><b x = \"2\" /></d>\n", L"<d><a>&#49;</a><b x=\"2\"/></d>"}) {
         document.setStringItemAsDOMElement(L"S", L"A", same, L"");
         EXPECT_FALSE(document.isDirty()) << same;

@@ -9,25 +9,25 @@ using XMLConfig::detail::XmlFragment;
 
 TEST(XmlFragment, AttributesAreGivenWhereTheyAre) {
     const XmlFragment device(L"<device UID=\"A&amp;B***1\" type=\"\"/>");
-    EXPECT_EQ(device.attribute(L"UID"), L"A&B***1");
-    EXPECT_EQ(device.attribute(L"type"), L"");
-    EXPECT_FALSE(device.attribute(L"uid").has_value());
+    EXPECT_EQ(device.element().attribute(L"UID"), L"A&B***1");
+    EXPECT_EQ(device.element().attribute(L"type"), L"");
+    EXPECT_FALSE(device.element().attribute(L"uid").has_value());
 }
 
 TEST(XmlFragment, SetAttributeChangesAndAdds) {
     XmlFragment device(L"<device type=\"PGR\"><id>1</id></device>");
     device.setAttribute(L"type", L"V\"C");
     device.setAttribute(L"added", L"\u65e5");
-    EXPECT_EQ(XmlFragment(device.text()).attribute(L"type"), L"V\"C");
-    EXPECT_EQ(XmlFragment(device.text()).attribute(L"added"), L"\u65e5");
-    EXPECT_TRUE(device.hasChild(L"id"));
+    EXPECT_EQ(XmlFragment(device.text()).element().attribute(L"type"), L"V\"C");
+    EXPECT_EQ(XmlFragment(device.text()).element().attribute(L"added"), L"\u65e5");
+    EXPECT_TRUE(device.element().child(L"id"));
 }
 
 TEST(XmlFragment, OnlyDirectChildrenCount) {
     const XmlFragment device(L"<device><a><connection/></a></device>");
-    EXPECT_TRUE(device.hasChild(L"a"));
-    EXPECT_FALSE(device.hasChild(L"connection"));
-    EXPECT_FALSE(device.hasChild(L"device"));
+    EXPECT_TRUE(device.element().child(L"a"));
+    EXPECT_FALSE(device.element().child(L"connection"));
+    EXPECT_FALSE(device.element().child(L"device"));
 }
 
 TEST(XmlFragment, FirstChildOfThatNameIsReplacedInItsPlace) {
