@@ -129,30 +129,43 @@ std::wstring storedPoint(const Point_3Dim<double>& point) {
     return formatScientific(point.x) + L", " + formatScientific(point.y) + L", " + formatScientific(point.z);
 }
 
+using Channels = std::vector<const Channel*>;
+
+/// Without those of projectors that have no channel yet, nor an eye point of their own.
+Channels seenChannels(const ChannelCheck& check) {
+    Channels channels;
+    for (const Channel& channel : check.layout.channels) {
+        const bool isThere = channel.state != ChannelState::Missing;
+        if (isThere || check.findings.read.projector(channel.id)->holds(L"Channel_Extents|Eye_Point"))
+            channels.push_back(&channel);
+    }
+    return channels;
+}
+
 void checkEyePoints(ChannelCheck& check) {
-    const std::vector<Channel>& channels = check.layout.channels;
-    const Point_3Dim<double>& target = check.layout.targetEyePoint;
-    const ShownUnits& units = check.findings.units;
+    const Channels channels = seenChannels(check);
     if (channels.empty()) return;
-    const auto isWithFirst = [&](const Channel& channel) { return isOneEyePoint(channel.eyePoint, channels[0].eyePoint); };
+    const Point_3Dim<double>& target = check.layout.targetEyePoint;
+    const Point_3Dim<double>& first = channels[0]->eyePoint;
+    const ShownUnits& units = check.findings.units;
+    const auto isWithFirst = [&](const Channel* channel) { return isOneEyePoint(channel->eyePoint, first); };
     if (std::all_of(channels.begin(), channels.end(), isWithFirst)) {
-        if (isOneEyePoint(channels[0].eyePoint, target)) return;
+        if (isOneEyePoint(first, target)) return;
         const Place place = placeOf(check.findings, L"TargetLocator", L"Eye_Point");
         check.findings
-            .add(
-                L"XC310", Severity::Note, place,
-                L"channels are seen from " + units.point(channels[0].eyePoint) + L", the target from " + units.point(target))
-            .mend = mendBy(MendSafety::Asked, setCommand(place, storedPoint(channels[0].eyePoint)));
+            .add(L"XC310", Severity::Note, place,
+                 L"channels are seen from " + units.point(first) + L", the target from " + units.point(target))
+            .mend = mendBy(MendSafety::Asked, setCommand(place, storedPoint(first)));
         return;
     }
-    const auto isOffTarget = [&](const Channel& channel) { return !isOneEyePoint(channel.eyePoint, target); };
+    const auto isOffTarget = [&](const Channel* channel) { return !isOneEyePoint(channel->eyePoint, target); };
     const bool anyIsOff = std::any_of(channels.begin(), channels.end(), isOffTarget);
-    for (const Channel& channel : channels) {
+    for (const Channel* const channel : channels) {
         if (anyIsOff ? !isOffTarget(channel) : isWithFirst(channel)) continue;  // else they are off one another
-        const Place place = placeOf(*check.findings.read.projector(channel.id), L"Channel_Extents|Eye_Point");
+        const Place place = placeOf(*check.findings.read.projector(channel->id), L"Channel_Extents|Eye_Point");
         check.findings
             .add(L"XC310", Severity::Note, place,
-                 L"is seen from " + units.point(channel.eyePoint) + L", the target from " + units.point(target))
+                 L"is seen from " + units.point(channel->eyePoint) + L", the target from " + units.point(target))
             .mend = mendBy(MendSafety::Asked, setCommand(place, storedPoint(target)));
     }
 }

@@ -253,6 +253,19 @@ TEST(CheckConditions, EyePointsMayLieAMillimeterApart) {
     EXPECT_EQ(seenFrom("-0.0009", "0.0009", "0"), 1U);
 }
 
+TEST(CheckConditions, AProjectorWithoutAChannelIsSeenFromNowhere) {
+    const std::string target = "<TargetLocator><Eye_Point>0, 0, 1.65</Eye_Point></TargetLocator>";
+    const std::string edge = "<VFOV><Top>0.2</Top></VFOV>";
+    const auto projector = [](const std::string& id, const std::string& extents) {
+        return "<Projector ID='" + id + "'><Channel_Extents>" + extents + "</Channel_Extents></Projector>";
+    };
+    const std::string seen = projector("1", edge + "<Eye_Point>0, 0, 1.65</Eye_Point>");
+    EXPECT_EQ(foundBy(L"XC310", target + projector("2", "")), Lines());
+    EXPECT_EQ(foundBy(L"XC310", target + seen + projector("2", "")), Lines());
+    EXPECT_EQ(foundBy(L"XC310", target + seen + projector("2", edge)).size(), 1U);
+    EXPECT_EQ(foundBy(L"XC310", target + projector("2", "<Eye_Point>0, 0, 1</Eye_Point>")).size(), 1U);
+}
+
 TEST(CheckConditions, KeysOfManySettingsAreNotWritten) {
     EXPECT_EQ(foundBy(L"XC104", "<System><ACT_Address_x>1.1.1.1</ACT_Address_x></System>"),
               (Lines{L"System/ACT_Address_x: there is no such setting; did you mean \"ACT_Address_%d\"?"}));
