@@ -138,6 +138,11 @@ std::optional<ValueFault> numberFault(const WrittenNumber& written, const Settin
     return ValueFault{written.text + L" is none of " + list + countsAs(setting) + L" (XC110)", false, true};
 }
 
+std::optional<ValueFault> finiteFault(const WrittenNumber& written, const Setting&) {
+    if (std::isfinite(written.number)) return std::nullopt;
+    return ValueFault{written.text + L" is no finite number (XC113)", false, true};
+}
+
 std::optional<ValueFault> turnFault(const WrittenNumber& written, const Setting& setting) {
     if (setting.unit != Unit::Radians || !(std::fabs(written.number) > fullTurn)) return std::nullopt;
     const std::wstring turns = L" are " + numberText(std::fabs(written.number) / fullTurn, 1) + L" turns";
@@ -181,7 +186,7 @@ std::optional<ValueFault> faultOf(const std::wstring& written, const Setting& se
     if (!isNumbers(setting.type)) return std::nullopt;
     std::optional<ValueFault> warning;
     for (const WrittenNumber& number : numbersIn(written, setting)) {
-        for (const auto find : {numberFault, turnFault, rangeFault}) {
+        for (const auto find : {finiteFault, numberFault, turnFault, rangeFault}) {
             std::optional<ValueFault> fault = find(number, setting);
             if (fault && !fault->isWarning) return fault;
             if (fault) warning = fault;

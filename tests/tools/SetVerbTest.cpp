@@ -126,6 +126,16 @@ TEST_F(SetVerb, UnitsInCapitalsAreRefusedWithTheOneThatIsMeant) {
         "--force stores it all the same");
 }
 
+TEST_F(SetVerb, NumbersThatAreNotFiniteAreRefused) {
+    expectRefused("Projector[#1]/Channel_Extents/Heading/Yaw=1e400",
+                  "Projector[Dome 1]/Channel_Extents/Heading/Yaw: 1e400 is no finite number (XC113); 'xmlconfig describe "
+                  "Projector/Channel_Extents/Heading/Yaw' tells what fits; --force stores it all the same");
+    expectRefused(
+        "Projector[#1]/Gamma=nan",
+        "Projector[Dome 1]/Gamma: nan is no finite number (XC113); 'xmlconfig describe Projector/Gamma' tells what "
+        "fits; --force stores it all the same");
+}
+
 TEST_F(SetVerb, DegreesInRadiansAreRefused) {
     expectRefused("Projector[Dome 1]/Channel_Extents/Heading/Yaw=-67.5",
                   "Projector[Dome 1]/Channel_Extents/Heading/Yaw: -67.5 radians are 10.7 turns (XC305); -67.5deg? --force "
