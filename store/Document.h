@@ -145,10 +145,10 @@ private:
     LooseElement build(const Missing& missing, Content content, std::exception_ptr& illegalName);
     void removeIndentationAfter(xercesc::DOMElement& parent, const xercesc::DOMElement& child) noexcept;
     // How nodes join the tree and leave it; the journal must have room.
-    void join(xercesc::DOMElement& parent, xercesc::DOMNode& child) noexcept;
+    void join(xercesc::DOMNode& parent, xercesc::DOMNode& child) noexcept;
     void joinBefore(xercesc::DOMElement& parent, xercesc::DOMNode& child, xercesc::DOMNode* next) noexcept;
-    void part(xercesc::DOMElement& parent, xercesc::DOMNode& child) noexcept;
-    void empty(xercesc::DOMElement& element) noexcept;
+    void part(xercesc::DOMNode& parent, xercesc::DOMNode& child) noexcept;
+    void empty(xercesc::DOMNode& parent) noexcept;
     /// For all children to leave and one to join.
     void makeRoomToReplace(const xercesc::DOMNode& parent);
 

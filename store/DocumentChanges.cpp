@@ -46,7 +46,7 @@ void Document::removeIndentationAfter(DOMElement& parent, const DOMElement& chil
     if (isWhiteSpace) part(parent, *next);
 }
 
-void Document::join(DOMElement& parent, DOMNode& child) noexcept {
+void Document::join(DOMNode& parent, DOMNode& child) noexcept {
     append(parent, child);
     m_journal.joined(parent, child);
 }
@@ -56,7 +56,7 @@ void Document::joinBefore(DOMElement& parent, DOMNode& child, DOMNode* next) noe
     m_journal.joined(parent, child);
 }
 
-void Document::part(DOMElement& parent, DOMNode& child) noexcept {
+void Document::part(DOMNode& parent, DOMNode& child) noexcept {
     m_journal.parting(parent, child);
     m_tree.remove(parent, child);
 }
@@ -65,8 +65,8 @@ void Document::makeRoomToReplace(const DOMNode& parent) {
     if (m_journal.isOpen()) m_journal.makeRoom(parent.getChildNodes()->getLength() + 1);
 }
 
-void Document::empty(DOMElement& element) noexcept {
-    while (DOMNode* const child = element.getFirstChild()) part(element, *child);
+void Document::empty(DOMNode& parent) noexcept {
+    while (DOMNode* const child = parent.getFirstChild()) part(parent, *child);
 }
 
 DOMElement* Document::childOf(const Container& container, std::wstring_view name) const {
@@ -191,11 +191,8 @@ void Document::renameSection(Section& section, const std::wstring& newID) {
     } else {
         makeRoomToReplace(*attribute);
         DOMNode* const made = newID.empty() ? nullptr : m_tree.makeText(newID);
-        while (DOMNode* const child = attribute->getFirstChild()) {
-            m_journal.parting(*attribute, *child);
-            m_tree.discard(*attribute->removeChild(child));
-        }
-        if (made != nullptr) m_journal.joined(*attribute, *attribute->appendChild(made));
+        empty(*attribute);
+        if (made != nullptr) join(*attribute, *made);
     }
     changed([&] { m_index.sectionRenamed(section, newID); });
 }

@@ -6,27 +6,7 @@
 
 namespace XMLConfig::detail {
 
-namespace {
-
-using xercesc::DOMElement;
 using xercesc::DOMNode;
-
-DOMElement* elementOf(DOMNode& node) {
-    return node.getNodeType() == DOMNode::ELEMENT_NODE ? static_cast<DOMElement*>(&node) : nullptr;
-}
-
-void takeOut(DOMNode& parent, DOMNode& child) {
-    if (DOMElement* const element = elementOf(parent)) unlink(*element, child);
-    else parent.removeChild(&child);
-}
-
-void putBack(DOMNode& parent, DOMNode& child, DOMNode* next) {
-    DOMElement* const element = elementOf(parent);
-    if (element != nullptr && next == nullptr) append(*element, child);
-    else parent.insertBefore(&child, next);
-}
-
-}  // namespace
 
 void Journal::close() noexcept {
     if (--m_depth == 0) m_steps = {};
@@ -51,10 +31,11 @@ void Journal::takeBack(const std::size_t length, Tree& tree) noexcept {
         const Step step = m_steps.back();
         m_steps.pop_back();
         if (step.hasJoined) {
-            takeOut(*step.parent, *step.child);
-            tree.discard(*step.child);
+            tree.remove(*step.parent, *step.child);
+        } else if (step.next == nullptr) {
+            append(*step.parent, *step.child);
         } else {
-            putBack(*step.parent, *step.child, step.next);
+            step.parent->insertBefore(step.child, step.next);
         }
     }
 }

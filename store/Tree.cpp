@@ -103,7 +103,7 @@ void Tree::setText(xercesc::DOMText& text, const std::wstring& value) {
     text.setData(xmlText(units));
 }
 
-void Tree::remove(DOMElement& parent, DOMNode& child) noexcept {
+void Tree::remove(DOMNode& parent, DOMNode& child) noexcept {
     unlink(parent, child);
     discard(child);
 }

@@ -46,7 +46,7 @@ public:
     static void setText(xercesc::DOMText& text, const std::wstring& value);
 
     /// Takes a child out of its parent.
-    void remove(xercesc::DOMElement& parent, xercesc::DOMNode& child) noexcept;
+    void remove(xercesc::DOMNode& parent, xercesc::DOMNode& child) noexcept;
     /// Counts a node that is no part of the tree, and everything in it, as waste.
     void discard(const xercesc::DOMNode& node) noexcept;
     /// Copies the tree when there is much waste, unless memory is short. True when it did: no pointer into the tree is good

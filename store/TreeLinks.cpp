@@ -70,6 +70,11 @@ const DOMElement* elementFrom(const DOMNode* node) {
 
 xercesc::DOMParentNode& childrenOf(DOMElement& element) { return static_cast<DOMElementImpl&>(element).fParent; }
 
+xercesc::DOMParentNode& childrenOf(DOMNode& parent) {
+    const bool isAttribute = parent.getNodeType() == DOMNode::ATTRIBUTE_NODE;
+    return isAttribute ? static_cast<DOMAttrImpl&>(parent).fParent : childrenOf(static_cast<DOMElement&>(parent));
+}
+
 void join(xercesc::DOMParentNode& children, DOMNode& parent, DOMNode& child, const Links links) {
     links.node.fOwnerNode = &parent;
     links.node.isOwned(true);
@@ -138,7 +143,7 @@ bool isAttributeJoined(DOMElement& element) {
     DOMNode* const value = attribute.getFirstChild();
     return static_cast<DOMElementImpl&>(element).fAttributes == attributes && attribute.fNode.fOwnerNode == &element &&
            attribute.fNode.isOwned() && attribute.fParent.fFirstChild == value &&
-           linksOf(*value).child.previousSibling == value;
+           linksOf(*value).child.previousSibling == value && linksOf(*value).node.fOwnerNode == &attribute;
 }
 
 bool holdsText(const DOMNode& node, std::u16string_view expected) {
@@ -177,7 +182,7 @@ bool examineLinks(xercesc::DOMImplementation& implementation, const std::string_
     return areLinksKnown;
 }
 
-void append(DOMElement& parent, DOMNode& child) {
+void append(DOMNode& parent, DOMNode& child) {
     if (!linksAreKnown()) {
         parent.appendChild(&child);
         return;
@@ -186,7 +191,7 @@ void append(DOMElement& parent, DOMNode& child) {
     childrenOf(parent).changed();
 }
 
-void unlink(DOMElement& parent, DOMNode& child) {
+void unlink(DOMNode& parent, DOMNode& child) {
     if (!linksAreKnown()) {
         parent.removeChild(&child);
         return;
@@ -285,8 +290,8 @@ void NameCounter::spread(DOMDocument& document) {
 
 bool isKnownVersion(std::string_view /*className*/) { return false; }
 bool examineLinks(xercesc::DOMImplementation& /*implementation*/, std::string_view /*className*/) { return false; }
-void append(DOMElement& parent, DOMNode& child) { parent.appendChild(&child); }
-void unlink(DOMElement& parent, DOMNode& child) { parent.removeChild(&child); }
+void append(DOMNode& parent, DOMNode& child) { parent.appendChild(&child); }
+void unlink(DOMNode& parent, DOMNode& child) { parent.removeChild(&child); }
 DOMNode* parentOf(const DOMElement& element) { return element.getParentNode(); }
 DOMElement& makePlainElement(DOMDocument& document, const XMLCh* name) { return *document.createElement(name); }
 const DOMElement* firstElementIn(const DOMElement& element) { return element.getFirstElementChild(); }

@@ -43,10 +43,11 @@ extern std::atomic<bool> areLinksKnown;
 [[nodiscard]] constexpr bool linksAreKnown() { return false; }
 #endif
 
-/// `child`, which has no parent, becomes the last child of an element of its document.
-void append(xercesc::DOMElement& parent, xercesc::DOMNode& child);
-/// `child` leaves `parent`. Throws DOMException (NOT_FOUND_ERR), as the XML library does, when it is no child of it.
-void unlink(xercesc::DOMElement& parent, xercesc::DOMNode& child);
+/// `child`, which has no parent, becomes the last child of an element or attribute of its document.
+void append(xercesc::DOMNode& parent, xercesc::DOMNode& child);
+/// `child` leaves `parent`, an element or attribute. Throws DOMException (NOT_FOUND_ERR), as the XML library does, when it
+/// is no child of it.
+void unlink(xercesc::DOMNode& parent, xercesc::DOMNode& child);
 /// The node that an element is a child of.
 xercesc::DOMNode* parentOf(const xercesc::DOMElement& element);
 /// The first element inside an element, and the next one beside it; null where there is none.

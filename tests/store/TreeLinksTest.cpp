@@ -76,6 +76,23 @@ TEST(TreeLinks, MakeTheTreesThatTheXmlLibraryMakes) {
     EXPECT_EQ(described(*ownRoot), described(*twinRoot));
 }
 
+TEST(TreeLinks, ReplaceTheValueOfAnAttribute) {
+    const DocumentPointer document = parsed(mixed);
+    DOMElement* const root = document->getDocumentElement();
+    xercesc::DOMAttr* const attribute = root->getLastElementChild()->getAttributeNode(XMLConfig::detail::xmlText(u"x"));
+    const std::string before = described(*root);
+    DOMNode* const old = attribute->getFirstChild();
+    XMLConfig::detail::unlink(*attribute, *old);
+    expectAlone(*old);
+    EXPECT_EQ(attribute->getFirstChild(), nullptr);
+    XMLConfig::detail::append(*attribute, *document->createTextNode(XMLConfig::detail::xmlText(u"2")));
+    EXPECT_EQ(XMLConfig::detail::view(attribute->getValue()), u"2");
+    // The library's functions go on from there.
+    attribute->removeChild(attribute->getLastChild())->release();
+    attribute->appendChild(old);
+    EXPECT_EQ(described(*root), before);
+}
+
 TEST(TreeLinks, TellOfEachNodeWhatTheXmlLibraryTells) {
     const DocumentPointer document = parsed(mixed);
     const auto looks = [&document] {
