@@ -7,7 +7,7 @@ jobs=$(nproc)
 export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1
 
 # What each verb needs, by Debian's names.
-forBuilding='cmake ninja-build ccache g++ pkg-config libxerces-c-dev liblog4cxx-dev libcli11-dev nlohmann-json3-dev libfmt-dev libpugixml-dev libutf8proc-dev'
+forBuilding='cmake ninja-build ccache g++ pkg-config libxerces-c-dev liblog4cxx-dev libxxhash-dev libcli11-dev nlohmann-json3-dev libfmt-dev libpugixml-dev libutf8proc-dev'
 forTesting='libgtest-dev libgmock-dev locales'
 forBenchmarks='libbenchmark-dev libxml2-dev'
 forFuzzing='clang libclang-rt-14-dev'

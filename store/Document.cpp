@@ -37,7 +37,7 @@ bool Document::parseDataFile(const std::wstring& path) {
     take(path, [&] {
         state = FileState::before(path);
         ParsedTree parsed = parseFile(path);
-        state.wasRead(parsed.content.value());
+        state.wasRead(parsed.content);
         return parsed;
     });
     file = std::move(state);

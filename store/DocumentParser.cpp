@@ -7,6 +7,7 @@
 
 #include "platform/Files.h"
 #include "platform/Numbers.h"
+#include "store/ContentHash.h"
 #include "store/StrictParser.h"
 #include "store/Utf8Place.h"
 
@@ -40,7 +41,7 @@ public:
     explicit Source(Read read) : m_read(std::move(read)) {}
     xercesc::BinInputStream* makeStream() const override { return new Stream(*this); }
     [[nodiscard]] const EndOfBytes& end() const { return m_end; }
-    [[nodiscard]] const ContentHash& content() const { return m_content; }
+    [[nodiscard]] std::uint64_t content() const { return m_content.value(); }
 
 private:
     class Stream : public xercesc::BinInputStream {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -7,7 +8,6 @@
 #include <xercesc/dom/DOMComment.hpp>
 #include <xercesc/sax/InputSource.hpp>
 
-#include "store/ContentHash.h"
 #include "store/XmlLibrary.h"
 
 /// Parsing with limits and places. No other file is opened and no network reached, whatever the text asks for.
@@ -53,7 +53,7 @@ std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
 struct ParsedTree {
     DocumentPointer document = {};                          ///< has a document element
     std::vector<const xercesc::DOMComment*> comments = {};  ///< in that element, in document order
-    ContentHash content = {};                               ///< of the text's bytes
+    std::uint64_t content = 0;                              ///< a hash of the text's bytes
     int levels = 0;                                         ///< of nested elements
     int namespaces = 0;                                     ///< declared at most in one element and those around it
 };

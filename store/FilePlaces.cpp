@@ -7,6 +7,7 @@
 #include "platform/Files.h"
 #include "platform/Text.h"
 #include "store/Attributes.h"
+#include "store/ContentHash.h"
 #include "store/CorvaneException.h"
 #include "store/Document.h"
 #include "store/DocumentParser.h"

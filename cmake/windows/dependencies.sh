@@ -129,7 +129,7 @@ buildToolLibraries() {
 # Libraries that are headers only; the compiler for Windows must not see the machine's own folder of headers.
 copyHeaders() {
     mkdir -p "$prefix/share/cmake"
-    cp -r /usr/include/CLI /usr/include/nlohmann "$prefix/include/"
+    cp -r /usr/include/CLI /usr/include/nlohmann /usr/include/xxhash.h "$prefix/include/"
     cp -r /usr/share/cmake/CLI11 /usr/share/cmake/nlohmann_json "$prefix/share/cmake/"
 }
 

@@ -23,7 +23,7 @@ clang++ --target=x86_64-pc-windows-msvc -std=c++17 -fsyntax-only -fexceptions -f
     -isystem /usr/x86_64-w64-mingw32/include -I. -Wall -Wextra -Werror \
     -Wno-dllexport-explicit-instantiation-decl $of "$source" 2> "$work/$$.errors" && echo "accepted $1" && exit
 # Internal headers may include the other libraries, public ones not.
-[ -n "$of" ] && grep -qE "fatal error: '(xercesc|log4cxx)/" "$work/$$.errors" && echo "needs $1" && exit
+[ -n "$of" ] && grep -qE "fatal error: '(xercesc/|log4cxx/|xxhash.h)" "$work/$$.errors" && echo "needs $1" && exit
 cat "$work/$$.errors" >&2
 echo "refused $1"
 TRY
