@@ -41,7 +41,6 @@ std::wstring nameOf(const Findings& findings, const Address& address) {
 void checkConflict(Findings& findings, const CommentView& comment, const Conflict& conflict) {
     const std::optional<Address> address = settingAddressOf(conflict);
     const Setting* const setting = address ? knownSetting(*address) : nullptr;
-    const SettingType type = setting == nullptr ? SettingType::Text : setting->type;
     Place place{comment.next ? comment.next : comment.around, conflict.address, L""};
     if (address) {
         const ElementView stored = findElement(findings.document, *address);
@@ -49,7 +48,10 @@ void checkConflict(Findings& findings, const CommentView& comment, const Conflic
     } else {
         place.address = addressOf(place.element);
     }
-    const auto shown = [&](const std::wstring& text) { return text.empty() ? L"nothing" : shortText(text, type); };
+    const auto shown = [&](const std::wstring& text) {
+        if (text.empty()) return std::wstring(L"nothing");
+        return setting == nullptr ? text : findings.units.value(text, *setting);
+    };
     Finding& finding = findings.add(L"XC111", Severity::Error, place,
                                     L"is not settled: ours " + shown(conflict.ours) + L", theirs " + shown(conflict.theirs));
     if (address) finding.mend.commands = {setCommand(place, conflict.ours)};

@@ -154,7 +154,9 @@ void checkOddOne(Findings& findings, const std::wstring& key) {
     const CheckedSection& projector = *odd->second[0];
     const Setting& setting = *knownSetting({L"Projector", L"", L"", L"", key});
     const Place place = placeOf(projector, key);
-    const auto shown = [&](const std::wstring& text) { return text.empty() ? L"\"\"" : shortText(text, setting.type); };
+    const auto shown = [&](const std::wstring& text) {
+        return text.empty() ? L"\"\"" : findings.units.value(text, setting);
+    };
     findings
         .add(L"XC408", Severity::Note, place,
              shown(odd->first) + L", the other " + std::to_wstring(usual->second.size()) + L" projectors have " +

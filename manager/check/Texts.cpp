@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cwctype>
 
-#include "base/UnitConversionTable.h"
 #include "platform/EditDistance.h"
 #include "platform/Numbers.h"
 #include "store/Tokens.h"
@@ -51,7 +50,10 @@ const std::wstring* nearest(const std::wstring& text, const std::vector<std::wst
 }
 
 ShownUnits::ShownUnits(const std::wstring& lengthUnit, const std::wstring& angleUnit)
-    : m_isDegrees(angleUnit != L"Radians"), m_lengthUnit(lengthUnit) {}
+    : m_isDegrees(angleUnit != L"Radians") {
+    for (const auto candidate : {Table::Millimeters, Table::Centimeters, Table::Inches, Table::Feet})
+        if (Table::getUnitName(candidate) == lengthUnit) m_lengthUnit = candidate;
+}
 
 std::wstring ShownUnits::angle(double radians, int decimals) const {
     if (m_isDegrees) return shortNumber(radians * degreesInARadian, decimals) + L"\u00b0";
@@ -65,12 +67,24 @@ std::wstring ShownUnits::angleBeyond(double radians, double limit) const {
     return angle(radians, decimals);
 }
 
+std::wstring ShownUnits::length(double meters, int decimals) const {
+    return shortNumber(Table::convertValue(Table::Meters, m_lengthUnit, meters), decimals);
+}
+
 std::wstring ShownUnits::point(const Point_3Dim<double>& meters) const {
-    Table::UnitSubType unit = Table::Meters;
-    for (const auto candidate : {Table::Millimeters, Table::Centimeters, Table::Inches, Table::Feet})
-        if (Table::getUnitName(candidate) == m_lengthUnit) unit = candidate;
-    const auto shown = [&](double value) { return shortNumber(Table::convertValue(Table::Meters, unit, value), 4); };
-    return shown(meters.x) + L", " + shown(meters.y) + L", " + shown(meters.z) + L" " + Table::getUnitSuffix(unit);
+    const auto shown = [&](double value) { return length(value, 4); };
+    return shown(meters.x) + L", " + shown(meters.y) + L", " + shown(meters.z) + L" " + Table::getUnitSuffix(m_lengthUnit);
+}
+
+std::wstring ShownUnits::value(const std::wstring& stored, const Setting& setting) const {
+    constexpr int decimals = 6;
+    const std::wstring plain = shortText(stored, setting.type);
+    if (!isNumbers(setting.type) || !isOfType(stored, setting.type)) return plain;
+    if (setting.unit == Unit::Percent) return plain + L" %";
+    if (setting.type != SettingType::Double || !std::isfinite(leadingDouble(stored))) return plain;
+    if (setting.unit == Unit::Radians) return angle(leadingDouble(stored), decimals);
+    if (setting.unit != Unit::Meters) return plain;
+    return length(leadingDouble(stored), decimals) + L" " + Table::getUnitSuffix(m_lengthUnit);
 }
 
 }  // namespace XMLConfig::detail

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/Setting.h"
+#include "base/UnitConversionTable.h"
 #include "platform/Words.h"
 #include "store/ValueTypes.h"
 
@@ -20,7 +21,7 @@ std::wstring quoted(const std::wstring& text);
 /// The one of the texts that is one or two letters away from the text, the nearest and first; null when none is.
 const std::wstring* nearest(const std::wstring& text, const std::vector<std::wstring>& texts);
 
-/// Angles and lengths in the units that the document asks for.
+/// Values as people read them: angles and lengths in the units that the document asks for, percents with their sign.
 class ShownUnits {
 public:
     explicit ShownUnits(const std::wstring& lengthUnit, const std::wstring& angleUnit);
@@ -28,10 +29,14 @@ public:
     /// As angle(), with enough decimals to show that it exceeds the limit.
     [[nodiscard]] std::wstring angleBeyond(double radians, double limit) const;
     [[nodiscard]] std::wstring point(const Point_3Dim<double>& meters) const;
+    /// A stored text of the setting; one that is not of its type as it stands.
+    [[nodiscard]] std::wstring value(const std::wstring& stored, const Setting& setting) const;
 
 private:
+    [[nodiscard]] std::wstring length(double meters, int decimals) const;  // without the unit
+
     bool m_isDegrees;
-    std::wstring m_lengthUnit;
+    UnitConversionTable::UnitSubType m_lengthUnit = UnitConversionTable::Meters;
 };
 
 }  // namespace XMLConfig::detail

@@ -53,6 +53,22 @@ TEST(CheckConditions, TakesAWordThatIsNoneForWhatTheApplicationTakesItFor) {
     EXPECT_EQ(lamps("dual"), Lines());
 }
 
+TEST(CheckConditions, ShowsValuesInTheUnitsOfTheDocument) {
+    std::string lamps = "<System><Length_Unit>Feet</Length_Unit><AngleUnit>Degrees</AngleUnit></System>";
+    for (const char* const power : {"85", "85", "85", "7.25e1"})
+        lamps += "<Projector ID='" + std::to_string(lamps.size()) + "'><Lamp_Power>" + power + "</Lamp_Power></Projector>";
+    EXPECT_NE(foundBy(L"XC408", lamps)[0].find(L": 72.5 %, the other 3 projectors have 85 %"), std::wstring::npos);
+    const auto conflict = [&](const std::string& setting, const std::string& ours, const std::string& theirs) {
+        const std::string comment = "<!--xmlconfig conflict " + setting + " ours=" + ours + " theirs=" + theirs + "-->";
+        const std::wstring line = foundBy(L"XC111", lamps + comment + "<Screen/>")[0];
+        return line.substr(0, line.find(L';'));  // without the command
+    };
+    EXPECT_EQ(conflict("Screen/Screen_MinTheta", "-1.570796326794897e+00", "wide"),
+              L"Screen/Screen_MinTheta: is not settled: ours -90\u00b0, theirs wide");
+    EXPECT_EQ(conflict("Screen/Screen_Radius", "2.1336", ""),
+              L"Screen/Screen_Radius: is not settled: ours 7 ft, theirs nothing");
+}
+
 TEST(CheckConditions, FollowsNoOldIDOfSeveralCameras) {
     const std::string order = "<Color><CameraOrder>x</CameraOrder></Color>";
     const std::string old = "<OldSectionID>x</OldSectionID>";
