@@ -20,7 +20,7 @@ std::vector<xercesc::DOMElement*> subSections(const Document& document, const st
                                               const std::wstring& subName) {
     std::vector<xercesc::DOMElement*> found;
     const std::u16string tag = XMLConfig::detail::toUtf16(subName);
-    for (const Section* const section : document.sections(name)) {
+    for (const Section* section = document.getSection(name, {}); section != nullptr; section = section->next) {
         for (auto* child = section->element->getFirstElementChild(); child != nullptr;
              child = child->getNextElementSibling()) {
             if (view(child->getNodeName()) == tag) found.push_back(child);
@@ -41,13 +41,13 @@ void perform(Document& document, bool& isDirty, Change&& change, Operation opera
 }  // namespace
 
 int ConfigInfo::getSectionCount(const std::wstring& sectionName) const {
-    return reporting(sectionPrefix, [&] { return static_cast<int>(m_document->sections(sectionName).size()); });
+    return reporting(sectionPrefix, [&] { return static_cast<int>(m_document->countSections(sectionName)); });
 }
 
 std::vector<std::wstring> ConfigInfo::getSectionIDs(const std::wstring& sectionName) const {
     return reporting(sectionPrefix, [&] {
         std::vector<std::wstring> ids;
-        for (const Section* const section : m_document->sections(sectionName))
+        for (const Section* section = m_document->getSection(sectionName, {}); section != nullptr; section = section->next)
             if (section->element->hasAttribute(XMLConfig::detail::xmlText(u"ID"))) ids.push_back(section->id);
         return ids;
     });
@@ -109,7 +109,7 @@ bool ConfigInfo::moveSection(int direction, const std::wstring& sectionName, con
     return reporting(sectionPrefix, [&] {
         auto* const section = m_document->getSection(sectionName, sectionID);
         if (section == nullptr) return false;
-        auto* const other = section->tag->neighbour(*section, direction);
+        auto* const other = direction < 0 ? section->previous : section->next;
         if (other == nullptr) return false;
         perform(*m_document, m_dirty, {Change::Kind::SectionMoved, sectionName, sectionID, {}, {}, {}},
                 [&] { m_document->swapSections(direction < 0 ? *other : *section, direction < 0 ? *section : *other); });

@@ -99,11 +99,10 @@ void Document::adopt(ParsedTree tree) noexcept {
 }
 
 Container Document::container(const ItemAddress& address) const {
-    if (address.subSectionName.empty()) {
-        Section* const section = getSection(address.sectionName, address.sectionID);
-        return section == nullptr ? Container() : Container{section->element, section};
-    }
-    for (Section* const section : m_index.sections(address.sectionName, address.sectionID)) {
+    Section* section = getSection(address.sectionName, address.sectionID);
+    if (section == nullptr) return {};
+    if (address.subSectionName.empty()) return {section->element, section};
+    for (; section != nullptr; section = SectionIndex::next(*section, address.sectionID)) {
         DOMElement* const found = SectionIndex::subSection(*section, address.subSectionName, address.subSectionID);
         if (found != nullptr) return {found, section};
     }

@@ -82,8 +82,8 @@ public:
     [[nodiscard]] Container container(const ItemAddress& address) const;
     [[nodiscard]] Item getItem(const Container& container, const std::wstring& key) const;
     [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
-    /// All sections of that tag.
-    [[nodiscard]] const Sections& sections(const std::wstring& name) const { return m_index.sections(name, {}); }
+    /// How many sections of that tag there are.
+    [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
     /// The innermost element there is around an item that is missing.
     [[nodiscard]] const xercesc::DOMElement& placeOf(const ItemAddress& address, const Container& container) const;
 

@@ -164,8 +164,10 @@ std::vector<CommentView> commentsIn(const ElementView& around) {
 
 std::vector<ElementView> sectionElements(const ConfigInfo& document, const std::wstring& tag) {
     return detail::reporting(L"Error getSection: ", [&] {
+        const detail::Document& tree = detail::Document::of(document);
         std::vector<ElementView> sections;
-        for (const detail::Section* const section : detail::Document::of(document).sections(tag))
+        sections.reserve(tree.countSections(tag));
+        for (const detail::Section* section = tree.getSection(tag, {}); section != nullptr; section = section->next)
             sections.push_back(ElementAccess::view(section->element));
         return sections;
     });

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,11 +37,6 @@ private:
     std::size_t m_passed = 0;
 };
 
-struct ByOrder {
-    bool operator()(const Section* left, const Section* right) const;
-};
-using Sections = std::set<Section*, ByOrder>;  ///< in document order
-
 /// A child element of the root, and what is known of its items by the numbers that its tag gives their keys: its children,
 /// and which item was read with which text. Whoever changes anything inside of it must tell it.
 class Section {
@@ -51,9 +45,10 @@ public:
 
     SectionTag* const tag;
     xercesc::DOMElement* const element;
-    std::uint64_t order;       ///< ascends in document order
-    Sections::iterator place;  ///< among all of its tag
-    std::wstring id;           ///< "" where there is none
+    std::uint64_t order;          ///< ascends in document order
+    Section* previous = nullptr;  ///< in document order, among those of one tag
+    Section* next = nullptr;
+    std::wstring id;  ///< "" where there is none
 
     /// Numbers the names of the children, unless that was done. To be called before anything is asked by a number.
     void scan() {
@@ -105,7 +100,5 @@ private:
     std::vector<Read> m_read;  // by number
     std::u16string m_texts;
 };
-
-inline bool ByOrder::operator()(const Section* left, const Section* right) const { return left->order < right->order; }
 
 }  // namespace XMLConfig::detail

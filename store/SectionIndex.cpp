@@ -39,21 +39,30 @@ SectionTag& SectionIndex::tagNamed(std::u16string_view name) {
     return m_tags.try_emplace(wide, wide).first->second;
 }
 
-const Sections& SectionIndex::sections(const std::wstring& tag, const std::wstring& id) {
-    static const Sections none;
+SectionTag* SectionIndex::findTag(const std::wstring& name) {
     if (!m_isBuilt && m_root != nullptr) build();
-    const auto named = m_tags.find(tag);
-    return named == m_tags.end() ? none : named->second.sections(id);
+    const auto found = m_tags.find(name);
+    return found == m_tags.end() ? nullptr : &found->second;
+}
+
+std::size_t SectionIndex::count(const std::wstring& tag) {
+    const SectionTag* const named = findTag(tag);
+    return named == nullptr ? 0 : named->count();
 }
 
 Section* SectionIndex::find(const std::wstring& tag, const std::wstring& id) {
     if (m_last != nullptr && m_last->tag->name == tag) {
         if (m_last->id == id) return m_last;
-        Section* const next = m_last->tag->neighbour(*m_last, 1);  // sections are mostly read one after the other
+        Section* const next = m_last->next;  // sections are mostly read one after the other
         if (next != nullptr && next->id == id && m_last->tag->hasUniqueIDs()) return m_last = next;
     }
-    const Sections& found = sections(tag, id);
-    return found.empty() ? nullptr : m_last = *found.begin();
+    const SectionTag* const named = findTag(tag);
+    Section* const found = named == nullptr ? nullptr : named->find(id);
+    return found == nullptr ? nullptr : m_last = found;
+}
+
+Section* SectionIndex::next(const Section& section, const std::wstring& id) {
+    return id.empty() ? section.next : section.tag->nextOfID(section);
 }
 
 Item SectionIndex::item(Section& section, const std::wstring& key) {
@@ -110,9 +119,9 @@ void SectionIndex::sectionRenamed(Section& section, const std::wstring& newID) {
     section.tag->rename(section, newID);
 }
 
-void SectionIndex::sectionsSwapped(Section& one, Section& other) {
+void SectionIndex::sectionsSwapped(Section& earlier, Section& later) {
     m_last = nullptr;
-    one.tag->swap(one, other);
+    earlier.tag->swap(earlier, later);
 }
 
 void SectionIndex::itemAdded(Section& section, xercesc::DOMElement& added) {

@@ -20,8 +20,10 @@ public:
 
     /// The first section of that tag, and of that ID unless it is empty; null when there is none.
     Section* find(const std::wstring& tag, const std::wstring& id);
-    /// All of them.
-    const Sections& sections(const std::wstring& tag, const std::wstring& id);
+    /// The next section after one that was found for `id`.
+    static Section* next(const Section& section, const std::wstring& id);
+    /// How many sections of that tag there are.
+    std::size_t count(const std::wstring& tag);
     /// The item that the key leads to.
     Item item(Section& section, const std::wstring& key);
     /// The first child of the section of that tag, and of that ID unless it is empty; null when there is none.
@@ -35,7 +37,7 @@ public:
     void sectionAdded(xercesc::DOMElement& element);
     void sectionRemoved(Section& section);
     void sectionRenamed(Section& section, const std::wstring& newID);
-    void sectionsSwapped(Section& one, Section& other);
+    void sectionsSwapped(Section& earlier, Section& later);
     /// The element is the last child of the section, or of an element in it.
     void itemAdded(Section& section, xercesc::DOMElement& added);
     /// The element was a child of the section.
@@ -45,6 +47,7 @@ public:
 
 private:
     void build();
+    SectionTag* findTag(const std::wstring& name);
     SectionTag& tagNamed(std::u16string_view name);
     Item newNested(Section& section, const std::wstring& key);
 

@@ -27,25 +27,31 @@ std::size_t HashOfText::operator()(const std::wstring& text) const {
     return static_cast<std::size_t>(hash ^ (hash >> 32U));
 }
 
-const Sections& SectionTag::sections(const std::wstring& id) const {
-    static const Sections none;
-    if (id.empty()) return m_all;
+Section* SectionTag::find(const std::wstring& id) const {
+    if (id.empty()) return m_first;
     const auto found = m_byID.find(id);
-    return found == m_byID.end() ? none : found->second;
+    return found == m_byID.end() ? nullptr : found->second.first;
 }
 
-Section* SectionTag::neighbour(const Section& section, int direction) const {
-    auto place = section.place;
-    if (direction < 0) return place == m_all.begin() ? nullptr : *--place;
-    return ++place == m_all.end() ? nullptr : *place;
+Section* SectionTag::nextOfID(const Section& section) const {
+    const auto& all = m_byID.at(section.id).all;
+    if (all == nullptr) return nullptr;
+    const auto next = all->upper_bound(const_cast<Section*>(&section));
+    return next == all->end() ? nullptr : *next;
 }
 
 void SectionTag::append(xercesc::DOMElement& element) {
-    list(m_sections.try_emplace(&element, *this, element, m_nextOrder++).first->second);
+    Section& section = m_sections.try_emplace(&element, *this, element, m_nextOrder++).first->second;
+    section.previous = m_last;
+    (m_last == nullptr ? m_first : m_last->next) = &section;
+    m_last = &section;
+    list(section);
 }
 
 void SectionTag::remove(Section& section) {
     unlist(section);
+    (section.previous == nullptr ? m_first : section.previous->next) = section.next;
+    (section.next == nullptr ? m_last : section.next->previous) = section.previous;
     m_sections.erase(section.element);
 }
 
@@ -55,27 +61,37 @@ void SectionTag::rename(Section& section, const std::wstring& newID) {
     list(section);
 }
 
-void SectionTag::swap(Section& one, Section& other) {
-    unlist(one);
-    unlist(other);
-    std::swap(one.order, other.order);
-    list(one);
-    list(other);
+void SectionTag::swap(Section& earlier, Section& later) {
+    unlist(earlier);
+    unlist(later);
+    std::swap(earlier.order, later.order);
+    (earlier.previous == nullptr ? m_first : earlier.previous->next) = &later;
+    (later.next == nullptr ? m_last : later.next->previous) = &earlier;
+    later.previous = std::exchange(earlier.previous, &later);
+    earlier.next = std::exchange(later.next, &earlier);
+    list(earlier);
+    list(later);
 }
 
 void SectionTag::list(Section& section) {
-    section.place = m_all.insert(m_all.end(), &section);  // mostly it is the last one
     if (section.id.empty()) return;
-    Sections& same = m_byID[section.id];
-    same.insert(same.end(), &section);
+    SameID& same = m_byID[section.id];
+    if (same.first == nullptr) {
+        same.first = &section;
+        return;
+    }
+    if (same.all == nullptr) same.all = std::make_unique<InOrder>(InOrder{same.first});
+    same.all->insert(same.all->end(), &section);
+    same.first = *same.all->begin();
 }
 
 void SectionTag::unlist(Section& section) {
-    m_all.erase(section.place);
     if (section.id.empty()) return;
-    const auto same = m_byID.find(section.id);
-    same->second.erase(&section);
-    if (same->second.empty()) m_byID.erase(same);
+    const auto found = m_byID.find(section.id);
+    InOrder* const all = found->second.all.get();
+    if (all != nullptr) all->erase(&section);
+    if (all == nullptr || all->empty()) m_byID.erase(found);
+    else found->second.first = *all->begin();
 }
 
 const SectionTag::Key* SectionTag::findKey(const std::wstring& key) const {

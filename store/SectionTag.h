@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 
@@ -21,16 +23,18 @@ public:
     explicit SectionTag(const std::wstring& itsName) : name(itsName) {}
     const std::wstring name;
 
-    /// The sections of that ID, or all where it is empty; none where there are none.
-    [[nodiscard]] const Sections& sections(const std::wstring& id) const;
-    /// The section before one, where `direction` is negative, or after it; null where there is none.
-    [[nodiscard]] Section* neighbour(const Section& section, int direction) const;
-    [[nodiscard]] bool hasUniqueIDs() const { return m_byID.size() == m_all.size(); }
+    /// The first section of that ID, or of any where it is empty; null when there is none.
+    [[nodiscard]] Section* find(const std::wstring& id) const;
+    /// The next section of the same ID; null after the last.
+    [[nodiscard]] Section* nextOfID(const Section& section) const;
+    [[nodiscard]] std::size_t count() const { return m_sections.size(); }
+    [[nodiscard]] bool hasUniqueIDs() const { return m_byID.size() == m_sections.size(); }
 
     void append(xercesc::DOMElement& element);
     void remove(Section& section);
     void rename(Section& section, const std::wstring& newID);
-    void swap(Section& one, Section& other);
+    /// Lets two neighbours change places; `later` is the section that follows `earlier`.
+    void swap(Section& earlier, Section& later);
 
     struct Key {
         std::size_t number = 0;
@@ -47,13 +51,24 @@ public:
     [[nodiscard]] std::size_t countNumbers() const { return m_keys.size(); }
 
 private:
+    struct ByOrder {
+        bool operator()(const Section* left, const Section* right) const { return left->order < right->order; }
+    };
+    using InOrder = std::set<Section*, ByOrder>;
+    /// The sections of one ID. Mostly that is one, which needs no set.
+    struct SameID {
+        Section* first = nullptr;
+        std::unique_ptr<InOrder> all;  ///< null for one
+    };
+
     void list(Section& section);
     void unlist(Section& section);
 
     std::unordered_map<const xercesc::DOMElement*, Section> m_sections;
     std::uint64_t m_nextOrder = 0;
-    Sections m_all;
-    std::unordered_map<std::wstring, Sections> m_byID;
+    Section* m_first = nullptr;
+    Section* m_last = nullptr;
+    std::unordered_map<std::wstring, SameID> m_byID;
     std::unordered_map<std::wstring, Key, HashOfText> m_keys;
     std::unordered_map<const XMLCh*, std::size_t> m_nameNumbers;
 };
