@@ -123,7 +123,7 @@ Item Document::getItem(const std::wstring& name, const std::wstring& key, const 
 namespace {
 
 void gatherText(const DOMElement& element, std::u16string& text) {
-    for (const DOMNode* child = firstNodeIn(element); child != nullptr;) {
+    for (const DOMNode* child = element.getFirstChild(); child != nullptr;) {
         const NodeLook look = lookAt(*child);
         if (look.type == DOMNode::ELEMENT_NODE) gatherText(static_cast<const DOMElement&>(*child), text);
         else if (look.type != DOMNode::COMMENT_NODE) text += look.text;
@@ -133,7 +133,7 @@ void gatherText(const DOMElement& element, std::u16string& text) {
 
 /// The text of an element that holds one piece of text and nothing else.
 std::optional<std::u16string_view> onlyText(const DOMElement& element) {
-    const DOMNode* const first = firstNodeIn(element);
+    const DOMNode* const first = element.getFirstChild();
     if (first == nullptr) return std::nullopt;
     const NodeLook look = lookAt(*first);
     if (look.type != DOMNode::TEXT_NODE || look.next != nullptr) return std::nullopt;

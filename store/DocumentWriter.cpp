@@ -126,7 +126,7 @@ private:
 
     /// Writes nothing where the element is to be written as an empty one.
     Form writeContent(const DOMElement& element, int level, bool isInside) {
-        const DOMNode* const first = firstNodeIn(element);
+        const DOMNode* const first = element.getFirstChild();
         if (first == nullptr) return Form::Empty;
         const NodeLook look = lookAt(*first);
         if (look.type == DOMNode::TEXT_NODE && look.next == nullptr) return writeOneText(look.text, level, isInside);

@@ -52,14 +52,14 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
 CommentView viewOf(const xercesc::DOMComment& comment) {
     const auto* const around = static_cast<const xercesc::DOMElement*>(comment.getParentNode());
     const xercesc::DOMNode* next = comment.getNextSibling();
-    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) next = detail::lookAt(*next).next;
+    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) next = next->getNextSibling();
     return {ElementAccess::view(around), ElementAccess::view(static_cast<const xercesc::DOMElement*>(next)),
             detail::fromUtf16(detail::view(comment.getData()))};
 }
 
 void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
     std::size_t waiting = comments.size();  // the first that waits for the element after it
-    for (const auto* node = detail::firstNodeIn(around); node != nullptr; node = detail::lookAt(*node).next) {
+    for (const auto* node = around.getFirstChild(); node != nullptr; node = node->getNextSibling()) {
         const auto type = node->getNodeType();
         if (type == xercesc::DOMNode::COMMENT_NODE) {
             comments.push_back({ElementAccess::view(&around), {}, detail::fromUtf16(detail::view(node->getNodeValue()))});

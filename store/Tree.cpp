@@ -24,7 +24,7 @@ std::size_t weightOf(const DOMNode& node) {
     const auto& element = static_cast<const DOMElement&>(node);
     std::size_t weight = nodeWeight;
     if (element.hasAttributes()) weight += element.getAttributes()->getLength() * attributeWeight;
-    for (const DOMNode* child = firstNodeIn(element); child != nullptr; child = lookAt(*child).next)
+    for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling())
         weight += weightOf(*child);
     return weight;
 }
@@ -35,7 +35,7 @@ DOMNode& copyOf(const DOMNode& node, xercesc::DOMDocument& document, NameCounter
     const auto& element = static_cast<const DOMElement&>(node);
     names.count(document, 1 + element.getAttributes()->getLength());
     DOMElement& copy = copyAlone(element, document);
-    for (const DOMNode* child = firstNodeIn(element); child != nullptr; child = lookAt(*child).next)
+    for (const DOMNode* child = element.getFirstChild(); child != nullptr; child = child->getNextSibling())
         append(copy, copyOf(*child, document, names));
     return copy;
 }

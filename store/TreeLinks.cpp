@@ -16,12 +16,29 @@ using xercesc::DOMDocumentImpl;
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
+namespace {
+
+/// The node, if it is an element, else the first element after it. Entity references, whose children would have to be looked
+/// at too, never stand in a tree of the store.
+const DOMElement* elementFrom(const DOMNode* node) {
+    while (node != nullptr && node->getNodeType() != DOMNode::ELEMENT_NODE) node = node->getNextSibling();
+    return static_cast<const DOMElement*>(node);
+}
+
+}  // namespace
+
+const DOMElement* firstElementIn(const DOMElement& element) { return elementFrom(element.getFirstChild()); }
+
+// Walks along links wait for the memory of each node. Mostly nodes lie in it as in the document, and so the ones that are a
+// few elements ahead can be fetched meanwhile.
+const DOMElement* elementAfter(const DOMElement& element) {
+    prefetch(&element, 2048, 512);
+    return elementFrom(element.getNextSibling());
+}
+
 NodeLook lookFromOutside(const DOMNode& node, const DOMNode::NodeType type) {
-    const bool holdsText =
-        type == DOMNode::TEXT_NODE || type == DOMNode::CDATA_SECTION_NODE || type == DOMNode::COMMENT_NODE;
-    if (!holdsText) return {type, node.getNextSibling(), {}};
-    const auto& data = static_cast<const xercesc::DOMCharacterData&>(node);  // which knows how much it holds
-    return {type, node.getNextSibling(), {reinterpret_cast<const char16_t*>(data.getData()), data.getLength()}};
+    const bool holdsText = type != DOMNode::ELEMENT_NODE && type != DOMNode::PROCESSING_INSTRUCTION_NODE;
+    return {type, node.getNextSibling(), holdsText ? view(node.getNodeValue()) : std::u16string_view()};
 }
 
 #if defined(XMLCONFIG_LINKS_MAY_BE_KNOWN)
@@ -53,19 +70,6 @@ Links linksOf(DOMNode& node) {
         return {text.fNode, text.fChild};
     }
     return {*xercesc::castToNodeImpl(&node), *xercesc::castToChildImpl(&node)};
-}
-
-DOMNode* nextOf(const DOMNode& node) { return linksOf(const_cast<DOMNode&>(node)).child.nextSibling; }
-
-/// The node, if it is an element, else the first element after it. Entity references, whose children would have to be looked
-/// at too, never stand in a tree of the store.
-const DOMElement* elementFrom(const DOMNode* node) {
-    while (node != nullptr) {
-        const DOMNode::NodeType type = node->getNodeType();
-        if (type == DOMNode::ELEMENT_NODE) break;
-        node = type == DOMNode::TEXT_NODE ? static_cast<const DOMTextImpl*>(node)->fChild.nextSibling : nextOf(*node);
-    }
-    return static_cast<const DOMElement*>(node);
 }
 
 xercesc::DOMParentNode& childrenOf(DOMElement& element) { return static_cast<DOMElementImpl&>(element).fParent; }
@@ -225,22 +229,6 @@ DOMNode* parentOf(const DOMElement& element) {
     return node.isOwned() ? node.fOwnerNode : nullptr;
 }
 
-const DOMElement* firstElementIn(const DOMElement& element) {
-    if (!linksAreKnown()) return element.getFirstElementChild();
-    return elementFrom(static_cast<const DOMElementImpl&>(element).fParent.fFirstChild);
-}
-
-// Walks along links wait for the memory of each node. Mostly nodes lie in it as in the document, and so the ones that are a
-// few elements ahead can be fetched meanwhile.
-const DOMElement* elementAfter(const DOMElement& element) {
-    prefetch(&element, 2048, 512);
-    return linksAreKnown() ? elementFrom(nextOf(element)) : element.getNextElementSibling();
-}
-
-const DOMNode* firstNodeIn(const DOMElement& element) {
-    return linksAreKnown() ? static_cast<const DOMElementImpl&>(element).fParent.fFirstChild : element.getFirstChild();
-}
-
 void appendNew(DOMElement& parent, DOMElement& child) {
     auto& inside = static_cast<DOMElementImpl&>(child);
     join(childrenOf(parent), parent, child, {inside.fNode, inside.fChild});
@@ -294,9 +282,6 @@ void append(DOMNode& parent, DOMNode& child) { parent.appendChild(&child); }
 void unlink(DOMNode& parent, DOMNode& child) { parent.removeChild(&child); }
 DOMNode* parentOf(const DOMElement& element) { return element.getParentNode(); }
 DOMElement& makePlainElement(DOMDocument& document, const XMLCh* name) { return *document.createElement(name); }
-const DOMElement* firstElementIn(const DOMElement& element) { return element.getFirstElementChild(); }
-const DOMElement* elementAfter(const DOMElement& element) { return element.getNextElementSibling(); }
-const DOMNode* firstNodeIn(const DOMElement& element) { return element.getFirstChild(); }
 DOMElement& copyAlone(const DOMElement& element, DOMDocument& document) {
     return static_cast<DOMElement&>(*document.importNode(&element, false));
 }

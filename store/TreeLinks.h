@@ -53,8 +53,6 @@ xercesc::DOMNode* parentOf(const xercesc::DOMElement& element);
 /// The first element inside an element, and the next one beside it; null where there is none.
 const xercesc::DOMElement* firstElementIn(const xercesc::DOMElement& element);
 const xercesc::DOMElement* elementAfter(const xercesc::DOMElement& element);
-/// The first node of any kind inside an element.
-const xercesc::DOMNode* firstNodeIn(const xercesc::DOMElement& element);
 /// What is asked of most nodes, told at once.
 struct NodeLook {
     xercesc::DOMNode::NodeType type;

@@ -114,6 +114,7 @@ TEST(TreeLinks, TellOfEachNodeWhatTheXmlLibraryTells) {
     EXPECT_EQ(byLinks[0].text, u"c");
     EXPECT_EQ(byLinks[1].text, u"");
     EXPECT_EQ(byLinks[2].text, u"text");
+    EXPECT_EQ(byLinks[3].text, u"");
     EXPECT_EQ(byLinks[4].text, u"d");
 }
 
