@@ -1,6 +1,7 @@
 #include "store/ValueTypes.h"
 
 #include <cmath>
+#include <cstddef>
 #include <utility>
 
 namespace {
@@ -28,38 +29,30 @@ Matrix3 product(const Matrix3& left, const Matrix3& right) {
     return result;
 }
 
-void swapRows(Matrix3& matrix, std::size_t one, std::size_t other) {
-    for (std::size_t column = 0; column < 3; ++column) std::swap(matrix[at(one, column)], matrix[at(other, column)]);
-}
-
-// row[target] -= factor * row[source]
-void subtractRow(Matrix3& matrix, std::size_t target, std::size_t source, double factor) {
-    for (std::size_t column = 0; column < 3; ++column) matrix[at(target, column)] -= factor * matrix[at(source, column)];
-}
-
 // Gauss-Jordan elimination with row pivoting. A singular matrix leaves what the elimination has made so far.
-Matrix3 inverse(Matrix3 matrix) {
-    Matrix3 result{1, 0, 0, 0, 1, 0, 0, 0, 1};
+Matrix3 inverse(const Matrix3& matrix) {
+    std::array<std::array<double, 6>, 3> rows{};  // beside the matrix the unit matrix, which becomes the inverse
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column) rows[row][column] = matrix[at(row, column)];
+        rows[row][3 + row] = 1.0;
+    }
     for (std::size_t column = 0; column < 3; ++column) {
         std::size_t pivot = column;
-        for (std::size_t row = column + 1; row < 3; ++row) {
-            if (std::fabs(matrix[at(row, column)]) > std::fabs(matrix[at(pivot, column)])) pivot = row;
-        }
-        const double value = matrix[at(pivot, column)];
-        if (value == 0.0) return result;
-        swapRows(matrix, column, pivot);
-        swapRows(result, column, pivot);
-        for (std::size_t k = 0; k < 3; ++k) {
-            matrix[at(column, k)] /= value;
-            result[at(column, k)] /= value;
-        }
+        for (std::size_t row = column + 1; row < 3; ++row)
+            if (std::fabs(rows[row][column]) > std::fabs(rows[pivot][column])) pivot = row;
+        std::swap(rows[column], rows[pivot]);
+        const double value = rows[column][column];
+        if (value == 0.0) break;
+        for (double& element : rows[column]) element /= value;
         for (std::size_t row = 0; row < 3; ++row) {
             if (row == column) continue;
-            const double factor = matrix[at(row, column)];
-            subtractRow(matrix, row, column, factor);
-            subtractRow(result, row, column, factor);
+            const double factor = rows[row][column];
+            for (std::size_t k = 0; k < 6; ++k) rows[row][k] -= factor * rows[column][k];
         }
     }
+    Matrix3 result{};
+    for (std::size_t row = 0; row < 3; ++row)
+        for (std::size_t column = 0; column < 3; ++column) result[at(row, column)] = rows[row][3 + column];
     return result;
 }
 
