@@ -5,6 +5,7 @@
 #include "store/Document.h"
 #include "store/ElementAccess.h"
 #include "store/Legality.h"
+#include "store/TreeLinks.h"
 
 namespace XMLConfig {
 namespace {
@@ -13,9 +14,9 @@ constexpr const wchar_t* addPrefix = L"Error addComment: ";
 constexpr const wchar_t* removePrefix = L"Error removeComment: ";
 
 xercesc::DOMElement& placeOf(const wchar_t* prefix, const detail::Document& document, const ElementView& around) {
-    xercesc::DOMElement* const place = around ? document.commentable(*ElementAccess::element(around)) : nullptr;
-    if (place == nullptr) throw CorvaneException(prefix + std::wstring(L"the element is neither the root nor a section"));
-    return *place;
+    auto* const place = const_cast<xercesc::DOMElement*>(ElementAccess::element(around));
+    if (place != nullptr && (place == document.root() || detail::parentOf(*place) == document.root())) return *place;
+    throw CorvaneException(prefix + std::wstring(L"the element is neither the root nor a section"));
 }
 
 }  // namespace

@@ -13,11 +13,12 @@
 #include "store/DocumentSaving.h"
 #include "store/Log.h"
 #include "store/TextForms.h"
+#include "store/Together.h"
 
 using XMLConfig::detail::Change;
 using XMLConfig::detail::Document;
 using XMLConfig::detail::reporting;
-using XMLConfig::detail::wideTextOf;
+using XMLConfig::detail::together;
 
 XMLCONFIG_EARLY const std::shared_ptr<log4cxx::Logger> ConfigInfo::log =
     XMLConfig::detail::logger(L"Ulvano.XMLConfig.ConfigInfo");
@@ -26,9 +27,7 @@ namespace {
 
 std::unique_ptr<Document> startedDocument() {
     try {
-        auto document = std::make_unique<Document>();
-        document->initializeXerces();
-        return document;
+        return std::make_unique<Document>();
     } catch (...) {
         XMLConfig::detail::passShortage();
         throw CorvaneException(L"Error ConfigInfo: Unknown error during initializeXerces ");
@@ -100,17 +99,17 @@ void ConfigInfo::setVersion(double version) {
     reporting(prefix, [&] {
         XMLConfig::detail::Section& section = versionSection(*m_document, prefix);
         const std::wstring text = XMLConfig::detail::versionText(version).substr(0, versionLength);
-        Change change{Change::Kind::VersionChanged, XMLConfig::detail::versionElement, {}, {}, {}, text};
-        if (m_document->observer != nullptr) change.oldValue = wideTextOf(*section.element);
-        m_document->setSectionText(section, text);
+        const std::wstring before = XMLConfig::detail::wideTextOf(*section.element);
+        Change change{Change::Kind::VersionChanged, XMLConfig::detail::versionElement, {}, {}, before, text};
+        m_document->setText({section.element, &section}, text);
         m_dirty = true;
-        if (m_document->observer != nullptr) m_document->observer->take(std::move(change));
+        m_document->report(std::move(change));
     });
 }
 
 void ConfigInfo::insertBuildDateAndNumber() {
     if (!m_document->exists()) return;
-    reporting(L"Error insertBuildDateAndNumber(): ", [&] {
+    const auto bringUpToDate = [&] {
         struct Stamp {
             const wchar_t* name;
             std::wstring text;
@@ -118,7 +117,6 @@ void ConfigInfo::insertBuildDateAndNumber() {
         };
         Stamp stamps[] = {{XMLConfig::detail::buildDateElement, XMLConfig::detail::buildDate, false},
                           {XMLConfig::detail::buildNumberElement, XMLConfig::detail::buildNumber(), false}};
-        std::vector<XMLConfig::detail::Header> headers;
         xercesc::DOMElement* maker = nullptr;
         for (auto* child = m_document->root()->getFirstElementChild();
              child != nullptr && !(stamps[0].isSeen && stamps[1].isSeen); child = child->getNextElementSibling()) {
@@ -127,14 +125,13 @@ void ConfigInfo::insertBuildDateAndNumber() {
             for (Stamp& stamp : stamps) {
                 if (name != stamp.name) continue;
                 stamp.isSeen = true;
-                if (wideTextOf(*child) != stamp.text) headers.push_back({child, stamp.name, stamp.text});
+                if (!XMLConfig::detail::hasText(*child, stamp.text)) m_document->setHeader(*child, stamp.text);
             }
         }
-        for (const Stamp& stamp : stamps) {
-            if (!stamp.isSeen && maker != nullptr) headers.push_back({nullptr, stamp.name, stamp.text});
-        }
-        if (!headers.empty()) m_document->setHeaders(headers, maker);
-    });
+        for (const Stamp& stamp : stamps)
+            if (!stamp.isSeen && maker != nullptr) m_document->insertHeader(stamp.name, stamp.text, *maker);
+    };
+    together(*this, [&] { reporting(L"Error insertBuildDateAndNumber(): ", bringUpToDate); });
 }
 
 bool ConfigInfo::isDirty() const { return m_dirty; }

@@ -1,5 +1,6 @@
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -12,13 +13,11 @@
 #include "store/Legality.h"
 
 using XMLConfig::detail::Change;
-using XMLConfig::detail::ChangeObserver;
 using XMLConfig::detail::Container;
 using XMLConfig::detail::Document;
 using XMLConfig::detail::ItemAddress;
 using XMLConfig::detail::NewElement;
 using XMLConfig::detail::reporting;
-using XMLConfig::detail::wideTextOf;
 
 namespace {
 
@@ -43,59 +42,37 @@ NewElement elementOf(const Value& value, Document& document, const ItemAddress& 
     }
 }
 
-/// What an observer is to be told of one operation, gathered before the change is made.
-class Told {
-public:
-    Told(ChangeObserver& observer, const ItemAddress& address) : m_observer(observer), m_address(address) {}
-
-    void addSection() { put(m_section, Change::Kind::SectionAdded, {}, {}, {}); }
-    void addSubSection() { put(m_subSection, Change::Kind::SectionAdded, subSection(), {}, {}); }
-    void addItem(Change::Kind kind, std::wstring&& before, std::wstring&& after) {
-        std::wstring key = m_address.subSectionName.empty() ? m_address.key : subSection() + L"|" + m_address.key;
-        put(m_item, kind, std::move(key), std::move(before), std::move(after));
-    }
-    void report() {
-        for (std::optional<Change>* const change : {&m_section, &m_subSection, &m_item})
-            if (*change) m_observer.take(std::move(**change));
-    }
-
-private:
-    void put(std::optional<Change>& place, Change::Kind kind, std::wstring&& key, std::wstring&& before,
-             std::wstring&& after) {
-        place =
-            Change{kind, m_address.sectionName, m_address.sectionID, std::move(key), std::move(before), std::move(after)};
-    }
-    [[nodiscard]] std::wstring subSection() const {
-        const std::wstring& id = m_address.subSectionID;
-        return m_address.subSectionName + (id.empty() ? L"" : L"[" + id + L"]");
-    }
-
-    ChangeObserver& m_observer;
-    const ItemAddress& m_address;
-    std::optional<Change> m_section;
-    std::optional<Change> m_subSection;
-    std::optional<Change> m_item;
+/// What an observer is to be told of one operation.
+struct Told {
+    std::vector<Change> sections;  ///< that are added around the item
+    Change item;
 };
 
 // What an observer is told of an item's content: its text, or its elements as XML text.
 std::wstring observed(const xercesc::DOMElement& item) {
-    if (XMLConfig::detail::isOneText(item.getFirstChild())) return wideTextOf(item);
+    if (const auto text = XMLConfig::detail::onlyText(item)) return XMLConfig::detail::fromUtf16(*text);
     std::wstring elements;
     for (auto* element = item.getFirstElementChild(); element != nullptr; element = element->getNextElementSibling())
         elements += XMLConfig::detail::writeElement(*element);
-    return elements.empty() ? wideTextOf(item) : elements;
+    return elements.empty() ? XMLConfig::detail::wideTextOf(item) : elements;
 }
 
-void gather(Told& told, const Document& document, const ItemAddress& address, const Container& container,
+/// To be put together before the change is made, because that may fail.
+Told toldOf(const Document& document, const ItemAddress& address, const Container& container,
             const XMLConfig::detail::Item& item, const NewElement& content, const std::wstring& value) {
+    const auto& [section, id, key, subSection, subSectionID] = address;
+    const std::wstring inSection = subSection + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]");
     const bool isNew = item.element == nullptr;
-    const bool isContainerNew = container.element == nullptr;
-    const bool isSectionNew = isContainerNew && document.getSection(address.sectionName, address.sectionID) == nullptr;
-    if (isSectionNew) told.addSection();
-    if (isContainerNew && !address.subSectionName.empty()) told.addSubSection();
+    std::wstring before = isNew ? std::wstring() : observed(*item.element);
     std::wstring after = content.element ? XMLConfig::detail::writeElement(*content.element) : value;
-    told.addItem(isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged,
-                 isNew ? std::wstring() : observed(*item.element), std::move(after));
+    Told told{{},
+              {isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged, section, id,
+               subSection.empty() ? key : inSection + L"|" + key, std::move(before), std::move(after)}};
+    if (container.element != nullptr) return told;
+    if (document.getSection(section, id) == nullptr)
+        told.sections.push_back({Change::Kind::SectionAdded, section, id, {}, {}, {}});
+    if (!subSection.empty()) told.sections.push_back({Change::Kind::SectionAdded, section, id, inSection, {}, {}});
+    return told;
 }
 
 void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& value) {
@@ -117,17 +94,16 @@ void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& valu
         }
 
         std::optional<Told> told;
-        if (document.observer != nullptr) {
-            told.emplace(*document.observer, address);
-            gather(*told, document, address, container, item, content, value.text);
-        }
+        if (document.observer != nullptr) told = toldOf(document, address, container, item, content, value.text);
         bool isChanged = true;
         if (isNew) document.addItem(address, container, {value.text, std::move(content.element)});
         else if (content.element) isChanged = document.setElement(item, std::move(content.element));
         else document.setText(item, value.text);
         if (!isChanged) return;
         configInfo.setDirty(true);
-        if (told) told->report();
+        if (!told) return;
+        for (Change& section : told->sections) document.report(std::move(section));
+        document.report(std::move(told->item));
     });
 }
 
@@ -155,8 +131,8 @@ std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionNa
                                                    const std::wstring& defaultValue, const std::wstring& sectionID) const {
     return reporting(L"Error getItem: ", [&]() -> std::wstring {
         const auto* const item = m_document->getItem(sectionName, key, sectionID).element;
-        if (item == nullptr || item->getFirstChild() == nullptr) return defaultValue;
-        if (XMLConfig::detail::isOneText(item->getFirstChild())) return wideTextOf(*item);
+        if (item == nullptr) return defaultValue;
+        if (const auto text = XMLConfig::detail::onlyText(*item)) return XMLConfig::detail::fromUtf16(*text);
         const auto* const element = item->getFirstElementChild();
         return element == nullptr ? defaultValue : XMLConfig::detail::writeElement(*element);
     });
@@ -187,17 +163,14 @@ bool ConfigInfo::doesItemExist(const std::wstring& sectionName, const std::wstri
 
 bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& sectionID) {
     return reporting(L"Error removeItem(): ", [&] {
-        const ItemAddress address{sectionName, sectionID, key, {}, {}};
         const auto item = m_document->getItem(sectionName, key, sectionID);
         if (item.element == nullptr) return false;
-        std::optional<Told> told;
-        if (m_document->observer != nullptr) {
-            told.emplace(*m_document->observer, address);
-            told->addItem(Change::Kind::ItemRemoved, observed(*item.element), {});
-        }
+        std::optional<Change> told;
+        if (m_document->observer != nullptr)
+            told = Change{Change::Kind::ItemRemoved, sectionName, sectionID, key, observed(*item.element), {}};
         m_document->removeItem(*item.section, *item.element);
         m_dirty = true;
-        if (told) told->report();
+        if (told) m_document->report(std::move(*told));
         return true;
     });
 }

@@ -35,7 +35,7 @@ template <typename Operation>
 void perform(Document& document, bool& isDirty, Change&& change, Operation operation) {
     operation();
     isDirty = true;
-    if (document.observer != nullptr) document.observer->take(std::move(change));
+    document.report(std::move(change));
 }
 
 }  // namespace
@@ -72,8 +72,9 @@ bool ConfigInfo::removeSection(const std::wstring& sectionName, const std::wstri
     return reporting(sectionPrefix, [&] {
         auto* const section = m_document->getSection(sectionName, sectionID);
         if (section == nullptr) return false;
-        perform(*m_document, m_dirty, {Change::Kind::SectionRemoved, sectionName, sectionID, {}, {}, {}},
-                [&] { m_document->removeSection(*section); });
+        perform(*m_document, m_dirty, {Change::Kind::SectionRemoved, sectionName, sectionID, {}, {}, {}}, [&] {
+            m_document->remove({section->element, section});
+        });
         return true;
     });
 }
@@ -86,7 +87,7 @@ bool ConfigInfo::removeSubSection(const std::wstring& sectionName, const std::ws
         if (subSection.element == nullptr) return false;
         const std::wstring told = subSectionName + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]");
         perform(*m_document, m_dirty, {Change::Kind::SectionRemoved, sectionName, sectionID, told, {}, {}},
-                [&] { m_document->removeSubSection(subSection); });
+                [&] { m_document->remove(subSection); });
         return true;
     });
 }

@@ -25,8 +25,6 @@ ChangeObserver* setChangeObserver(ConfigInfo& document, ChangeObserver* observer
     return std::exchange(Document::of(document).observer, observer);
 }
 
-void Document::initializeXerces() { m_implementation = startXmlLibrary(); }
-
 bool Document::parseDataFile(const std::wstring& path) {
     if (m_implementation == nullptr) return false;
     if (!canOpenForUpdate(path)) {
@@ -131,21 +129,14 @@ void gatherText(const DOMElement& element, std::u16string& text) {
     }
 }
 
-/// The text of an element that holds one piece of text and nothing else.
+}  // namespace
+
 std::optional<std::u16string_view> onlyText(const DOMElement& element) {
     const DOMNode* const first = element.getFirstChild();
     if (first == nullptr) return std::nullopt;
     const NodeLook look = lookAt(*first);
     if (look.type != DOMNode::TEXT_NODE || look.next != nullptr) return std::nullopt;
     return look.text;
-}
-
-}  // namespace
-
-bool isOneText(const DOMNode* firstChild) {
-    if (firstChild == nullptr) return false;
-    const NodeLook look = lookAt(*firstChild);
-    return look.type == DOMNode::TEXT_NODE && look.next == nullptr;
 }
 
 std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "store/ChangeObserver.h"
@@ -44,13 +45,6 @@ struct Content {
     LooseElement element;
 };
 
-/// A header element's text that is to be.
-struct Header {
-    xercesc::DOMElement* element = nullptr;  ///< null where it is missing
-    std::wstring name;
-    std::wstring text;
-};
-
 /// Whatever an operation needs it makes beside the tree, and joins it last, which cannot fail: an operation that throws,
 /// for want of memory too, leaves the tree as it was. After each change all elements, sections and items that were found
 /// before are worth nothing: the tree may have been copied.
@@ -60,7 +54,7 @@ public:
     static const Document& of(const ConfigInfo& configInfo);
 
     /// Starts the XML library. Throws when it does not start.
-    void initializeXerces();
+    Document() : m_implementation(startXmlLibrary()) {}
     /// Replaces the tree by a file's. False when there is no parser; throws as ConfigInfo's file constructor.
     bool parseDataFile(const std::wstring& path);
     /// Replaces the tree by that of a file's bytes. Throws what parseDataFile throws, with the name in place of the path.
@@ -87,7 +81,7 @@ public:
     /// The innermost element there is around an item that is missing.
     [[nodiscard]] const xercesc::DOMElement& placeOf(const ItemAddress& address, const Container& container) const;
 
-    // Changing. The callers set the dirty flag and call the observer.
+    // Changing. The callers set the dirty flag and tell the observer.
     NewElement readElement(const std::string& text) { return detail::readElement(text, m_tree); }
     NewElement makeElement(const StoredElement& element) { return detail::makeElement(element, m_tree); }
     /// Adds an item that is missing, with the section, the subsection and the groups that are missing around it. Where a
@@ -96,18 +90,15 @@ public:
     void setText(const Item& item, const std::wstring& value);
     /// The element becomes the item's only content. True when that differs from what was there by more than indentation.
     bool setElement(const Item& item, LooseElement content);
-    void setSectionText(Section& section, const std::wstring& value);
     void removeItem(Section& section, xercesc::DOMElement& item);
-    void removeSection(Section& section);
-    void removeSubSection(const Container& subSection);
+    /// Removes a section or subsection and the white space after it.
+    void remove(const Container& place);
     void renameSection(Section& section, const std::wstring& newID);
     /// `later`, the next section of the same tag, goes immediately before `earlier`.
     void swapSections(Section& earlier, Section& later);
-    /// Gives the header elements their texts; elements that are missing are inserted before `next`.
-    void setHeaders(const std::vector<Header>& headers, xercesc::DOMElement* next);
-    /// The root or the section that `element` is; null for any other element.
-    xercesc::DOMElement* commentable(const xercesc::DOMElement& element) const;
-    /// Each of the places gets a comment after all that it holds.
+    void setHeader(xercesc::DOMElement& header, const std::wstring& text);
+    void insertHeader(const std::wstring& name, const std::wstring& text, xercesc::DOMElement& next);
+    /// Each of the places, the root or sections, gets a comment after all that it holds.
     void addComments(const std::vector<xercesc::DOMElement*>& places, const std::wstring& text);
     /// Takes away the comments of that text that stand directly in the place; how many.
     std::size_t removeComments(xercesc::DOMElement& place, const std::wstring& text);
@@ -117,6 +108,11 @@ public:
     std::size_t beginTogether() noexcept;
     void endTogether() noexcept;
     void undo(std::size_t length) noexcept;
+
+    /// Tells the observer, if there is one, of a change that was made.
+    void report(Change&& change) const {
+        if (observer != nullptr) observer->take(std::move(change));
+    }
 
     ChangeObserver* observer = nullptr;  ///< not owned
     FileState file;                      ///< where the document was loaded from or saved to last
@@ -138,21 +134,19 @@ private:
     void shedWaste() noexcept;
     void adopt(ParsedTree tree) noexcept;
     struct Missing;
-    /// The first child of that name.
-    [[nodiscard]] xercesc::DOMElement* childOf(const Container& container, std::wstring_view name) const;
     [[nodiscard]] Missing missingOf(const ItemAddress& address, const Container& container) const;
     /// What is missing, up to the first name that is illegal.
     LooseElement build(const Missing& missing, Content content, std::exception_ptr& illegalName);
     void removeIndentationAfter(xercesc::DOMElement& parent, const xercesc::DOMElement& child) noexcept;
     // How nodes join the tree and leave it; the journal must have room.
-    void join(xercesc::DOMNode& parent, xercesc::DOMNode& child) noexcept;
-    void joinBefore(xercesc::DOMElement& parent, xercesc::DOMNode& child, xercesc::DOMNode* next) noexcept;
+    void join(xercesc::DOMNode& parent, xercesc::DOMNode& child, xercesc::DOMNode* next = nullptr) noexcept;
     void part(xercesc::DOMNode& parent, xercesc::DOMNode& child) noexcept;
-    void empty(xercesc::DOMNode& parent) noexcept;
+    /// `content`, which may be null, becomes the parent's only child.
+    void replaceContent(xercesc::DOMNode& parent, xercesc::DOMNode* content) noexcept;
     /// For all children to leave and one to join.
     void makeRoomToReplace(const xercesc::DOMNode& parent);
 
-    xercesc::DOMImplementation* m_implementation = nullptr;  // not owned
+    xercesc::DOMImplementation* const m_implementation;  // not owned; null where the library has none
     Tree m_tree;
     mutable SectionIndex m_index;
     Journal m_journal;
@@ -160,8 +154,8 @@ private:
     std::optional<Comments> m_parsedComments;
 };
 
-/// Whether a node's first child, null where it has none, is a text and its only child.
-bool isOneText(const xercesc::DOMNode* firstChild);
+/// The text of an element that holds one piece of text and nothing else; the view is into the tree.
+std::optional<std::u16string_view> onlyText(const xercesc::DOMElement& element);
 /// The text of an element with that of everything inside it. The view is into the tree where the element holds one piece
 /// of text, else into `buffer`; it is good until the tree or the buffer changes.
 std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& buffer);

@@ -46,13 +46,9 @@ void Document::removeIndentationAfter(DOMElement& parent, const DOMElement& chil
     if (isWhiteSpace) part(parent, *next);
 }
 
-void Document::join(DOMNode& parent, DOMNode& child) noexcept {
-    append(parent, child);
-    m_journal.joined(parent, child);
-}
-
-void Document::joinBefore(DOMElement& parent, DOMNode& child, DOMNode* next) noexcept {
-    parent.insertBefore(&child, next);
+void Document::join(DOMNode& parent, DOMNode& child, DOMNode* next) noexcept {
+    if (next == nullptr) append(parent, child);
+    else parent.insertBefore(&child, next);
     m_journal.joined(parent, child);
 }
 
@@ -65,13 +61,9 @@ void Document::makeRoomToReplace(const DOMNode& parent) {
     if (m_journal.isOpen()) m_journal.makeRoom(parent.getChildNodes()->getLength() + 1);
 }
 
-void Document::empty(DOMNode& parent) noexcept {
+void Document::replaceContent(DOMNode& parent, DOMNode* content) noexcept {
     while (DOMNode* const child = parent.getFirstChild()) part(parent, *child);
-}
-
-DOMElement* Document::childOf(const Container& container, std::wstring_view name) const {
-    return container.isSection() ? getItem(container, std::wstring(name)).element
-                                 : m_index.walk(container.element, toUtf16(name));
+    if (content != nullptr) join(parent, *content);
 }
 
 Document::Missing Document::missingOf(const ItemAddress& address, const Container& container) const {
@@ -89,8 +81,8 @@ Document::Missing Document::missingOf(const ItemAddress& address, const Containe
         isLast = !cutPart(key, part);
         // The whole key leads nowhere, so that its last part is missing in any case.
         const bool canBeThere = !isLast && missing.steps.empty();
-        DOMElement* const found = canBeThere ? childOf({missing.place, missing.section}, part) : nullptr;
-        if (found != nullptr) missing.place = found;
+        const Item found = canBeThere ? getItem({missing.place, missing.section}, std::wstring(part)) : Item();
+        if (found.element != nullptr) missing.place = found.element;
         else missing.steps.push_back({part, {}});
     }
     return missing;
@@ -138,14 +130,11 @@ void Document::addItem(const ItemAddress& address, const Container& container, C
 }
 
 void Document::setText(const Item& item, const std::wstring& value) {
-    DOMNode* const first = item.element->getFirstChild();
-    if (isOneText(first) && !value.empty() && !m_journal.isOpen()) {
-        Tree::setText(static_cast<xercesc::DOMText&>(*first), value);
+    if (onlyText(*item.element) && !value.empty() && !m_journal.isOpen()) {
+        Tree::setText(static_cast<xercesc::DOMText&>(*item.element->getFirstChild()), value);
     } else {
         makeRoomToReplace(*item.element);
-        xercesc::DOMText* const text = value.empty() ? nullptr : m_tree.makeText(value);
-        empty(*item.element);
-        if (text != nullptr) join(*item.element, *text);
+        replaceContent(*item.element, value.empty() ? nullptr : m_tree.makeText(value));
     }
     changed([&] { m_index.contentReplaced(*item.section, *item.element); });
 }
@@ -153,13 +142,10 @@ void Document::setText(const Item& item, const std::wstring& value) {
 bool Document::setElement(const Item& item, LooseElement content) {
     const bool isDifferent = !holdsCollapsed(*item.element, *content);
     makeRoomToReplace(*item.element);
-    empty(*item.element);
-    join(*item.element, *content.release());
+    replaceContent(*item.element, content.release());
     changed([&] { m_index.contentReplaced(*item.section, *item.element); });
     return isDifferent;
 }
-
-void Document::setSectionText(Section& section, const std::wstring& value) { setText({section.element, &section}, value); }
 
 void Document::removeItem(Section& section, DOMElement& item) {
     if (parentOf(item) != section.element) throw xercesc::DOMException(xercesc::DOMException::NOT_FOUND_ERR);
@@ -168,59 +154,63 @@ void Document::removeItem(Section& section, DOMElement& item) {
     changed([&] { m_index.itemRemoved(section, item); });
 }
 
-void Document::removeSection(Section& section) {
+void Document::remove(const Container& place) {
+    DOMElement& parent = place.isSection() ? *root() : *place.section->element;
     m_journal.makeRoom(2);
-    removeIndentationAfter(*root(), *section.element);
-    part(*root(), *section.element);
-    changed([&] { m_index.sectionRemoved(section); });
-}
-
-void Document::removeSubSection(const Container& subSection) {
-    m_journal.makeRoom(2);
-    removeIndentationAfter(*subSection.section->element, *subSection.element);
-    part(*subSection.section->element, *subSection.element);
-    changed([&] { m_index.itemRemoved(*subSection.section, *subSection.element); });
+    removeIndentationAfter(parent, *place.element);
+    part(parent, *place.element);
+    if (place.isSection()) changed([&] { m_index.sectionRemoved(*place.section); });
+    else changed([&] { m_index.itemRemoved(*place.section, *place.element); });
 }
 
 void Document::renameSection(Section& section, const std::wstring& newID) {
-    xercesc::DOMAttr* const attribute = section.element->getAttributeNode(xmlText(u"ID"));
-    DOMNode* const text = attribute->getFirstChild();
     // Setting the attribute's value would leave the XML library without a value where memory runs out.
-    if (isOneText(text) && !newID.empty() && !m_journal.isOpen()) {
-        Tree::setText(static_cast<xercesc::DOMText&>(*text), newID);
-    } else {
-        makeRoomToReplace(*attribute);
-        DOMNode* const made = newID.empty() ? nullptr : m_tree.makeText(newID);
-        empty(*attribute);
-        if (made != nullptr) join(*attribute, *made);
-    }
+    xercesc::DOMAttr& attribute = *section.element->getAttributeNode(xmlText(u"ID"));
+    makeRoomToReplace(attribute);
+    replaceContent(attribute, newID.empty() ? nullptr : m_tree.makeText(newID));
     changed([&] { m_index.sectionRenamed(section, newID); });
 }
 
 void Document::swapSections(Section& earlier, Section& later) {
     m_journal.makeRoom(2);
     m_journal.parting(*root(), *later.element);
-    joinBefore(*root(), *later.element, earlier.element);
+    join(*root(), *later.element, earlier.element);
     changed([&] { m_index.sectionsSwapped(earlier, later); });
 }
 
-void Document::setHeaders(const std::vector<Header>& headers, DOMElement* next) {
-    std::vector<LooseElement> made;
-    std::vector<DOMNode*> texts;
-    std::size_t steps = 0;
-    for (const Header& header : headers) {
-        made.push_back(header.element == nullptr ? m_tree.makeElement(*root(), header.name) : LooseElement());
-        texts.push_back(m_tree.makeText(header.text));
-        steps += 2 + (header.element == nullptr ? 0 : header.element->getChildNodes()->getLength());
-    }
-    m_journal.makeRoom(steps);
-    for (std::size_t i = 0; i < headers.size(); ++i) {
-        DOMElement* const element = made[i] ? made[i].get() : headers[i].element;
-        empty(*element);
-        join(*element, *texts[i]);
-        if (made[i]) joinBefore(*root(), *made[i].release(), next);
-    }
+void Document::setHeader(DOMElement& header, const std::wstring& text) {
+    makeRoomToReplace(header);
+    replaceContent(header, m_tree.makeText(text));
     changed([&] { m_index.reset(root()); });
+}
+
+void Document::insertHeader(const std::wstring& name, const std::wstring& text, DOMElement& next) {
+    LooseElement header = m_tree.makeElement(*root(), name);
+    append(*header, *m_tree.makeText(text));
+    m_journal.makeRoom(1);
+    join(*root(), *header.release(), &next);
+    changed([&] { m_index.reset(root()); });
+}
+
+void Document::addComments(const std::vector<DOMElement*>& places, const std::wstring& text) {
+    const std::u16string units = toUtf16(text);
+    std::vector<DOMNode*> made;
+    made.reserve(places.size());
+    for (std::size_t i = 0; i < places.size(); ++i) made.push_back(m_tree.makeComment(units));
+    m_journal.makeRoom(places.size());
+    for (std::size_t i = 0; i < places.size(); ++i) join(*places[i], *made[i]);
+    changed([] {});  // comments are no part of the index
+}
+
+std::size_t Document::removeComments(DOMElement& place, const std::wstring& text) {
+    const std::u16string units = toUtf16(text);
+    std::vector<DOMNode*> found;
+    for (DOMNode* node = place.getFirstChild(); node != nullptr; node = node->getNextSibling())
+        if (node->getNodeType() == DOMNode::COMMENT_NODE && view(node->getNodeValue()) == units) found.push_back(node);
+    m_journal.makeRoom(found.size());
+    for (DOMNode* const comment : found) part(place, *comment);
+    if (!found.empty()) changed([] {});  // comments are no part of the index
+    return found.size();
 }
 
 void Document::shedWaste() noexcept {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "store/TreeLinks.h"
-
 namespace XMLConfig::detail {
 
 using xercesc::DOMNode;
@@ -30,13 +28,8 @@ void Journal::takeBack(const std::size_t length, Tree& tree) noexcept {
     while (m_steps.size() > length) {
         const Step step = m_steps.back();
         m_steps.pop_back();
-        if (step.hasJoined) {
-            tree.remove(*step.parent, *step.child);
-        } else if (step.next == nullptr) {
-            append(*step.parent, *step.child);
-        } else {
-            step.parent->insertBefore(step.child, step.next);
-        }
+        if (step.hasJoined) tree.remove(*step.parent, *step.child);
+        else step.parent->insertBefore(step.child, step.next);
     }
 }
 
