@@ -78,7 +78,7 @@ std::wstring ShownUnits::point(const Point_3Dim<double>& meters) const {
 
 std::wstring ShownUnits::value(const std::wstring& stored, const Setting& setting) const {
     constexpr int decimals = 6;
-    const std::wstring plain = shortText(stored, setting.type);
+    std::wstring plain = shortText(stored, setting.type);
     if (!isNumbers(setting.type) || !isOfType(stored, setting.type)) return plain;
     if (setting.unit == Unit::Percent) return plain + L" %";
     if (setting.type != SettingType::Double || !std::isfinite(leadingDouble(stored))) return plain;
