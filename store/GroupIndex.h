@@ -12,7 +12,7 @@ namespace XMLConfig::detail {
 class GroupIndex {
 public:
     /// The first child element of that name; null when there is none.
-    xercesc::DOMElement* child(xercesc::DOMElement& parent, std::u16string_view name);
+    xercesc::DOMElement* child(const xercesc::DOMElement& parent, std::u16string_view name);
     /// To be called when the parent has got one more child, its last.
     void added(const xercesc::DOMElement& parent, xercesc::DOMElement& child);
     /// To be called when the parent has got other children.
@@ -21,7 +21,7 @@ public:
 
 private:
     using ByName = std::unordered_map<std::u16string_view, xercesc::DOMElement*>;  // the tree's own copies of names
-    const ByName& list(const xercesc::DOMElement& parent);
+    xercesc::DOMElement* listedChild(const xercesc::DOMElement& parent, std::u16string_view name);
 
     std::unordered_map<const xercesc::DOMElement*, ByName> m_groups;
 };
