@@ -25,7 +25,7 @@ ChangeObserver* setChangeObserver(ConfigInfo& document, ChangeObserver* observer
     return std::exchange(Document::of(document).observer, observer);
 }
 
-bool Document::parseDataFile(const std::wstring& path) {
+bool Document::parseDataFile(const std::wstring& path, const FileParser parse) {
     if (m_implementation == nullptr) return false;
     if (!canOpenForUpdate(path)) {
         const std::wstring reason = isHeldByAnother(path) ? L" (another program has it open)" : L"";
@@ -34,7 +34,7 @@ bool Document::parseDataFile(const std::wstring& path) {
     FileState state;
     take(path, [&] {
         state = FileState::before(path);
-        ParsedTree parsed = parseFile(path);
+        ParsedTree parsed = parse(path);
         state.wasRead(parsed.content);
         return parsed;
     });
@@ -92,7 +92,7 @@ void Document::initializeDOM() {
 void Document::adopt(ParsedTree tree) noexcept {
     m_tree.adopt(std::move(tree.document));
     m_index.reset(root());
-    m_isAsParsed = true;
+    m_parsedPlaces = std::move(tree.places);
     m_parsedComments = std::move(tree.comments);
 }
 

@@ -55,8 +55,9 @@ public:
 
     /// Starts the XML library. Throws when it does not start.
     Document() : m_implementation(startXmlLibrary()) {}
+    using FileParser = ParsedTree (*)(const std::wstring& path);
     /// Replaces the tree by a file's. False when there is no parser; throws as ConfigInfo's file constructor.
-    bool parseDataFile(const std::wstring& path);
+    bool parseDataFile(const std::wstring& path, FileParser parse = parseFile);
     /// Replaces the tree by that of a file's bytes. Throws what parseDataFile throws, with the name in place of the path.
     void parseData(const std::string& bytes, const std::wstring& name);
     /// Replaces the tree by a new one: the root and its four header elements.
@@ -65,8 +66,8 @@ public:
     [[nodiscard]] bool exists() const { return m_tree.exists(); }
     [[nodiscard]] const xercesc::DOMDocument& tree() const { return m_tree.document(); }
     [[nodiscard]] xercesc::DOMElement* root() const { return m_tree.root(); }
-    /// Whether nothing has changed since the tree was parsed.
-    [[nodiscard]] bool isAsParsed() const { return m_isAsParsed; }
+    /// As they were noted; null where they were not, and once anything has changed.
+    [[nodiscard]] const std::shared_ptr<const ElementPlaces>& parsedPlaces() const { return m_parsedPlaces; }
     using Comments = std::vector<const xercesc::DOMComment*>;
     /// The comments inside the root in document order, as they were parsed; nothing once the tree was changed or copied.
     [[nodiscard]] const std::optional<Comments>& parsedComments() const { return m_parsedComments; }
@@ -121,7 +122,7 @@ private:
     /// Each primitive change ends here: `tell` tells the index of it.
     template <typename Tell>
     void changed(Tell tell) noexcept {
-        m_isAsParsed = false;
+        m_parsedPlaces.reset();
         m_parsedComments.reset();
         try {
             tell();
@@ -150,7 +151,7 @@ private:
     Tree m_tree;
     mutable SectionIndex m_index;
     Journal m_journal;
-    bool m_isAsParsed = false;
+    std::shared_ptr<const ElementPlaces> m_parsedPlaces;
     std::optional<Comments> m_parsedComments;
 };
 

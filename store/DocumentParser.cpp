@@ -3,6 +3,9 @@
 #include <atomic>
 #include <functional>
 #include <utility>
+#include <xercesc/framework/XMLPScanToken.hpp>
+#include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/sax/InputSource.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 
 #include "platform/Files.h"
@@ -105,18 +108,54 @@ void WrongBytes::throwWithPlaceIn(const std::string& bytes) const {
     throw ParseFailure(*this);
 }
 
-std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path) { return sourceOfFile(path); }
-
 namespace {
+
+/// A start tag begins where the piece of markup before it ends.
+class PlacingParser : public StrictParser {
+public:
+    explicit PlacingParser(ElementPlaces& places) : m_places(places) {}
+
+private:
+    void scan(const xercesc::InputSource& source) override {
+        xercesc::XMLPScanToken token;
+        bool isGoing = scanFirst(source, token);
+        while (isGoing) {
+            const xercesc::XMLReader& reader = *getScanner()->getReaderMgr()->getCurrentReader();
+            m_next = {reader.getLineNumber(), reader.getColumnNumber()};
+            isGoing = parseNext(token);
+        }
+    }
+    /// What the library finds wrong with the very first bytes it reports only where it parses all at once.
+    bool scanFirst(const xercesc::InputSource& source, xercesc::XMLPScanToken& token) try {
+        return parseFirst(source, token);
+    } catch (const xercesc::XMLException& exception) {
+        error(static_cast<unsigned int>(exception.getCode()), xercesc::XMLUni::fgExceptDomain, ErrType_Fatal,
+              exception.getMessage(), nullptr, nullptr, 0, 0);
+        return false;
+    }
+    void startElement(const xercesc::XMLElementDecl& declaration, unsigned int uri, const XMLCh* prefix,
+                      const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount, bool isEmpty,
+                      bool isRoot) override {
+        StrictParser::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
+        m_places.byElement.emplace(static_cast<const xercesc::DOMElement*>(fCurrentNode), m_next);
+    }
+
+    FilePlace m_next;  // of the piece of markup that is read next
+    ElementPlaces& m_places;
+};
 
 /// Making a parser takes as long as reading a small file, so a parser that met no fault is kept for the next load in any
 /// thread. It is never freed, since an application may load a file while the process ends.
 std::atomic<StrictParser*> spareParser = nullptr;
 
+ParsedTree parse(StrictParser& parser, const Source& source) {
+    DocumentPointer document = parser.parseDocument(source);
+    if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
+    return {std::move(document), parser.takeComments(), source.content(), parser.levels(), parser.namespaces()};
+}
+
 ParsedTree parse(std::unique_ptr<StrictParser> parser, const Source& source) {
-    DocumentPointer document = parser->parseDocument(source);
-    ParsedTree parsed{std::move(document), parser->takeComments(), source.content(), parser->levels(), parser->namespaces()};
-    if (source.end().isInsideCharacter()) parser->refuseEnd(L"The last character is incomplete");
+    ParsedTree parsed = parse(*parser, source);
     if (parser->isFitForMore(source.end().size())) parser.reset(spareParser.exchange(parser.release()));
     return parsed;
 }
@@ -137,6 +176,19 @@ ParsedTree parse(const std::function<std::unique_ptr<Source>()>& source) {
 ParsedTree parseFile(const std::wstring& path) {
     try {
         return parse([&] { return sourceOfFile(path); });
+    } catch (const WrongBytes& failure) {
+        failure.throwWithPlaceInFile(path);
+    }
+}
+
+ParsedTree parseFileWithPlaces(const std::wstring& path) {
+    try {
+        const auto places = std::make_shared<ElementPlaces>();
+        PlacingParser parser(*places);
+        ParsedTree parsed = parse(parser, *sourceOfFile(path));
+        places->content = parsed.content;
+        parsed.places = places;
+        return parsed;
     } catch (const WrongBytes& failure) {
         failure.throwWithPlaceInFile(path);
     }

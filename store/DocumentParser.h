@@ -2,12 +2,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <memory_resource>
 #include <stdexcept>
 #include <string>
+#include <unordered_map>
 #include <vector>
 #include <xercesc/dom/DOMComment.hpp>
-#include <xercesc/sax/InputSource.hpp>
 
+#include "store/FilePlaces.h"
 #include "store/XmlLibrary.h"
 
 /// Parsing with limits and places. No other file is opened and no network reached, whatever the text asks for.
@@ -46,8 +48,13 @@ private:
     std::wstring m_reason;
 };
 
-/// The bytes of a file of any name, for a parser. Its stream throws FileError.
-std::unique_ptr<xercesc::InputSource> fileSource(const std::wstring& path);
+/// Where the elements of a text begin. They come in so great a number that each one's own piece of memory would cost more
+/// than all the rest.
+struct ElementPlaces {
+    std::pmr::monotonic_buffer_resource memory;
+    std::pmr::unordered_map<const xercesc::DOMElement*, FilePlace> byElement{&memory};
+    std::uint64_t content = 0;  ///< of the text
+};
 
 /// What a text was parsed to.
 struct ParsedTree {
@@ -56,11 +63,14 @@ struct ParsedTree {
     std::uint64_t content = 0;                              ///< a hash of the text's bytes
     int levels = 0;                                         ///< of nested elements
     int namespaces = 0;                                     ///< declared at most in one element and those around it
+    std::shared_ptr<const ElementPlaces> places = {};       ///< where they were to be noted, else null
 };
 
 /// Parses a file as it is read. Throws ParseFailure for text that is not well-formed, holds a document type or goes beyond
 /// these limits, and FileError when reading fails.
 ParsedTree parseFile(const std::wstring& path);
+/// The same, which also notes the places of all elements.
+ParsedTree parseFileWithPlaces(const std::wstring& path);
 /// Parses a file's bytes, by the same rules.
 ParsedTree parseBytes(const std::string& bytes);
 /// Parses one element given as UTF-8. Throws ParseFailure for anything else, and for XML 1.1.

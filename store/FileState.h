@@ -20,8 +20,6 @@ public:
 
     /// Whether that is a name of the file, in another spelling or by a link perhaps.
     [[nodiscard]] bool isOf(const std::wstring& path) const;
-    /// How many bytes the file had.
-    [[nodiscard]] std::uint64_t size() const { return m_stamp ? m_stamp->size : 0; }
     /// Whether the document was loaded from that content, or saved as it.
     [[nodiscard]] bool isContent(std::uint64_t content) const { return m_stamp && m_content == content; }
     /// Whether the file is gone or holds other bytes than it did. It is read only where its stamp leaves that open.

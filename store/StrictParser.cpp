@@ -1,7 +1,6 @@
 #include "store/StrictParser.h"
 
 #include <algorithm>
-#include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/util/XMLChar.hpp>
 #include <xercesc/util/XMLExceptMsgs.hpp>
@@ -32,7 +31,6 @@ bool isOfUtf8(unsigned int code, const XMLCh* domain) {
 
 StrictParser::StrictParser() : m_namespaces(*this) {
     setParameter(xercesc::XMLUni::fgDOMDatatypeNormalization, true);
-    setParameter(xercesc::XMLUni::fgXercesUserAdoptsDOMDocument, true);
     // Of the scanners that see document types, the one that knows no schemas takes less for each name and element.
     setParameter(xercesc::XMLUni::fgXercesScannerName, static_cast<const void*>(xercesc::XMLUni::fgDGXMLScanner));
     getScanner()->setErrorReporter(this);  // without an error handler the library would not report at all
@@ -40,10 +38,10 @@ StrictParser::StrictParser() : m_namespaces(*this) {
 }
 
 DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) {
-    const xercesc::Wrapper4InputSource input(const_cast<xercesc::InputSource*>(&source), false);
-    DocumentPointer document(parse(&input));
+    scan(source);
+    DocumentPointer document(adoptDocument());
     document.get_deleter().names = m_names.asked();
-    refuseEmptiness(!document || document->getDocumentElement() == nullptr);
+    if (document->getDocumentElement() == nullptr) throw ParseFailure(1, 1, L"There is no document element");
     return document;
 }
 
@@ -72,33 +70,26 @@ void StrictParser::doctypeDecl(const xercesc::DTDElementDecl& /*declaration*/, c
 
 void StrictParser::XMLDecl(const XMLCh* const version, const XMLCh* const encoding, const XMLCh* const standalone,
                            const XMLCh* const actualEncoding) {
-    refuseOtherVersions(version);
+    // The parser reads the version "1.2"; the tree refuses it, without saying where it stands.
+    if (view(version) != u"1.0" && view(version) != u"1.1") refuse(L"This version of XML is not supported");
     DOMLSParserImpl::XMLDecl(version, encoding, standalone, actualEncoding);
 }
 
-void StrictParser::beginText() {
+void StrictParser::startDocument() {
     m_levels = 0;
     m_comments.clear();
     m_namespaces.forget();
-}
-
-void StrictParser::startDocument() {
-    beginText();
     m_names = {};
     DOMLSParserImpl::startDocument();
 }
 
-void StrictParser::endDocument() {
-    checkEnd();
-    DOMLSParserImpl::endDocument();
-}
-
 // The library takes the character U+0000 after the document element for the end of the text.
-void StrictParser::checkEnd() {
+void StrictParser::endDocument() {
     const xercesc::Locator* const place = getScanner()->getLocator();
     m_endLine = place->getLineNumber();
     m_endColumn = place->getColumnNumber();
     if (!getScanner()->getReaderMgr()->atEOF()) refuse(L"The character U+0000 is not allowed");
+    DOMLSParserImpl::endDocument();
 }
 
 // Without a document type no attribute is an ID or has a default, so that each is what the text says.
@@ -123,7 +114,7 @@ void StrictParser::startElement(const xercesc::XMLElementDecl& declaration, cons
 
 void StrictParser::endElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const bool isRoot,
                               const XMLCh* const prefix) {
-    leaveLevel();
+    m_namespaces.leaveElement(m_depth--);
     if (isRoot) fWithinElement = false;
     if (isRoot || !linksAreKnown()) return DOMLSParserImpl::endElement(declaration, uri, isRoot, prefix);
     fCurrentNode = fCurrentParent;
@@ -144,16 +135,12 @@ void StrictParser::docComment(const XMLCh* const text) {
     if (fWithinElement) m_comments.push_back(static_cast<const xercesc::DOMComment*>(fCurrentNode));
 }
 
-void StrictParser::docPI(const XMLCh* const target, const XMLCh* const data) {
-    checkTarget(target);
-    DOMLSParserImpl::docPI(target, data);
-}
-
 // The scanner lets some names pass that the tree refuses, without saying where they stand.
-void StrictParser::checkTarget(const XMLCh* const target) const {
+void StrictParser::docPI(const XMLCh* const target, const XMLCh* const data) {
     const bool isXml11 = getScanner()->getXMLVersion() == xercesc::XMLReader::XMLV1_1;
     if (!isXml11 && !xercesc::XMLChar1_0::isValidName(target))
         refuse(L"The name of a processing instruction holds a character that is not allowed there");
+    DOMLSParserImpl::docPI(target, data);
 }
 
 void StrictParser::enterLevel(const XMLSize_t attributeCount) {
@@ -213,15 +200,6 @@ void StrictParser::Namespaces::leaveElement(const int depth) {
     if (m_declarations.empty() || m_declarations.back().depth != depth) return;
     m_inForce -= m_declarations.back().count;
     m_declarations.pop_back();
-}
-
-void StrictParser::refuseOtherVersions(const XMLCh* const version) const {
-    // The parser reads the version "1.2"; the tree refuses it, without saying where it stands.
-    if (view(version) != u"1.0" && view(version) != u"1.1") refuse(L"This version of XML is not supported");
-}
-
-void StrictParser::refuseEmptiness(const bool isEmpty) {
-    if (isEmpty) throw ParseFailure(1, 1, L"There is no document element");
 }
 
 void StrictParser::refuse(const std::wstring& reason) const {

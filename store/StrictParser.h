@@ -47,19 +47,10 @@ public:
     void docComment(const XMLCh* text) override;
     void docPI(const XMLCh* target, const XMLCh* data) override;
 
-protected:
-    /// To be called at each start and end of an element by those who do not call this class's own functions for them.
-    void enterLevel(XMLSize_t attributeCount);
-    void leaveLevel() { m_namespaces.leaveElement(m_depth--); }
-    void refuseOtherVersions(const XMLCh* version) const;
-    /// To be called where the text begins, by those who do not call this class's own function for it.
-    void beginText();
-    /// Throws if anything follows the place where the parser took the text to end.
-    void checkEnd();
-    void checkTarget(const XMLCh* target) const;
-    static void refuseEmptiness(bool isEmpty);
-
 private:
+    /// Reads the source to its end.
+    virtual void scan(const xercesc::InputSource& source) { AbstractDOMParser::parse(source); }
+
     /// The library searches all namespaces that are declared around a name for it. It asks this pool once for each that is
     /// declared, and before it uses any.
     class Namespaces : public xercesc::XMLStringPool {
@@ -84,6 +75,7 @@ private:
         std::vector<Declaration> m_declarations;
     };
 
+    void enterLevel(XMLSize_t attributeCount);
     void countName(const xercesc::XMLElementDecl& declaration);
     xercesc::DOMElement& makeElement(unsigned int uri, const XMLCh* prefix, const XMLCh* name);
     void addAttributes(xercesc::DOMElement& element, const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,

@@ -30,22 +30,22 @@ XMLConfig::CheckOptions optionsOf(const Request& request, const std::string& fil
     return options;
 }
 
-using Lines = std::vector<std::optional<unsigned long long>>;
+using FoundLines = std::vector<std::optional<unsigned long long>>;
 
 /// The lines in which findings and their other places stand, of each finding the own one first. Where no file is named,
 /// nothing has a line.
-Lines linesOf(const std::vector<Finding>& findings, const ConfigInfo& document, const std::string& file) {
+FoundLines linesOf(const std::vector<Finding>& findings, const ConfigInfo& document, const std::string& file) {
     std::vector<XMLConfig::ElementView> elements;
     for (const Finding& finding : findings) {
         elements.push_back(finding.element);
         for (const XMLConfig::FindingPlace& other : finding.places) elements.push_back(other.element);
     }
-    Lines lines(elements.size());
+    FoundLines lines(elements.size());
     if (file.empty()) return lines;
     try {
-        const auto places = XMLConfig::placesOf(elements, document, XMLConfig::wideFromUtf8(file));
-        for (std::size_t i = 0; i < places.size(); ++i)
-            if (places[i]) lines[i] = places[i]->line;
+        const XMLConfig::FilePlaces places(document, XMLConfig::wideFromUtf8(file));
+        for (std::size_t i = 0; i < elements.size(); ++i)
+            if (const auto place = places.find(elements[i])) lines[i] = place->line;
     } catch (const CorvaneException&) {
         // Another program has replaced the file by one that cannot be read. The findings are shown without lines.
     }
@@ -64,7 +64,7 @@ struct Turn {
 };
 
 /// The order in which the findings are shown: by severity and rule, as the check gives them, and within these by line.
-std::vector<Turn> turnsOf(const std::vector<Finding>& findings, const Lines& lines) {
+std::vector<Turn> turnsOf(const std::vector<Finding>& findings, const FoundLines& lines) {
     const auto isOfOneRule = [](const Finding& one, const Finding& other) {
         return one.severity == other.severity && one.rule == other.rule;
     };
@@ -85,7 +85,7 @@ std::vector<CheckedFile::LocatedFinding> withLines(std::vector<Finding> findings
                                                    const std::string& file) {
     std::vector<CheckedFile::LocatedFinding> result;
     if (findings.empty()) return result;
-    const Lines lines = linesOf(findings, document, file);
+    const FoundLines lines = linesOf(findings, document, file);
     result.reserve(findings.size());
     for (const Turn& turn : turnsOf(findings, lines)) {
         CheckedFile::LocatedFinding& located = result.emplace_back();

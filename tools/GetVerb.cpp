@@ -79,7 +79,9 @@ void addAnswers(std::vector<Answer>& answers, const ConfigInfo& document, const 
 class Getting {
 public:
     explicit Getting(const Request& request)
-        : m_request(request), m_file(XMLConfig::wideFromUtf8(request.file)), m_document(readDocument(request.file)) {}
+        : m_request(request),
+          m_file(XMLConfig::wideFromUtf8(request.file)),
+          m_document(readDocument(request.file, request.json || request.origin ? Lines::Asked : Lines::NotAsked)) {}
 
     ExitStatus run() {
         const std::vector<Address> operands = addresses();

@@ -16,6 +16,7 @@
 #include "store/ConfigInfoFactory.h"
 #include "store/CorvaneException.h"
 #include "store/ElementView.h"
+#include "store/FilePlaces.h"
 #include "tools/FaultLine.h"
 #include "tools/NumberTexts.h"
 #include "tools/Printable.h"
@@ -41,7 +42,9 @@ std::unique_ptr<ConfigInfo> parsedInput() {
     }
 }
 
-std::unique_ptr<ConfigInfo> parsed(const std::string& file) { return file == "-" ? parsedInput() : openDocument(file); }
+std::unique_ptr<ConfigInfo> parsed(const std::string& file, Lines lines) {
+    return file == "-" ? parsedInput() : openDocument(file, lines);
+}
 
 /// The version of a document; throws for one that this program does not know.
 double knownVersion(const ConfigInfo& document, const std::wstring& name) {
@@ -153,10 +156,10 @@ void refuseNewer(const ConfigInfo& document, const std::wstring& name) {
                      L"; this program knows " + XMLConfig::versionText(ConfigInfoFactory::getLatestFileVersionNumber()));
 }
 
-std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
+std::unique_ptr<ConfigInfo> openDocument(const std::string& file, const Lines lines) {
     try {
         const std::wstring path = XMLConfig::wideFromUtf8(file);
-        return std::unique_ptr<ConfigInfo>(ConfigInfoFactory::getInstance()->createFromFile(path));
+        return lines == Lines::Asked ? XMLConfig::loadWithPlaces(path) : std::make_unique<ConfigInfo>(path);
     } catch (const CorvaneException& fault) {
         throw Unreadable(withReason(fault.getMessage(), file), faultLineIn(file, fault.getMessage()));
     }
@@ -164,7 +167,7 @@ std::unique_ptr<ConfigInfo> openDocument(const std::string& file) {
 
 ReadDocument readForCheck(const std::string& file) {
     try {
-        ReadDocument result{parsed(file), std::nullopt};
+        ReadDocument result{parsed(file, Lines::Asked), std::nullopt};
         requireConfiguration(*result.document, nameOf(file));
         const double version = result.document->getVersion();
         if (version >= ConfigInfoFactory::getLatestFileVersionNumber()) return result;
@@ -178,9 +181,9 @@ ReadDocument readForCheck(const std::string& file) {
     }
 }
 
-ReadDocument readWithVersion(const std::string& file) {
+ReadDocument readWithVersion(const std::string& file, const Lines lines) {
     try {
-        ReadDocument result{parsed(file), std::nullopt};
+        ReadDocument result{parsed(file, lines), std::nullopt};
         result.storedVersion = bringUpToDate(*result.document, file);
         return result;
     } catch (const CorvaneException& fault) {
@@ -188,11 +191,13 @@ ReadDocument readWithVersion(const std::string& file) {
     }
 }
 
-std::unique_ptr<ConfigInfo> readDocument(const std::string& file) { return readWithVersion(file).document; }
+std::unique_ptr<ConfigInfo> readDocument(const std::string& file, const Lines lines) {
+    return readWithVersion(file, lines).document;
+}
 
 std::unique_ptr<ConfigInfo> readDocumentAsStored(const std::string& file) {
     try {
-        std::unique_ptr<ConfigInfo> document = parsed(file);
+        std::unique_ptr<ConfigInfo> document = parsed(file, Lines::NotAsked);
         knownVersion(*document, nameOf(file));
         return document;
     } catch (const CorvaneException& fault) {

@@ -30,19 +30,22 @@ void requireConfiguration(const ConfigInfo& document, const std::wstring& name);
 /// Throws Unreadable about a document of a version that this program does not know yet.
 [[noreturn]] void refuseNewer(const ConfigInfo& document, const std::wstring& name);
 
+/// Whether somebody will ask for lines of what is read, so that the load had better note them.
+enum class Lines { NotAsked, Asked };
+
 /// The document as it stands in the file: nothing is converted, counted or stamped. Throws Unreadable.
-std::unique_ptr<ConfigInfo> openDocument(const std::string& file);
+std::unique_ptr<ConfigInfo> openDocument(const std::string& file, Lines lines = Lines::NotAsked);
 /// The document in a file, or in what standard input gives for "-". One of an older release is brought up to date in memory,
 /// which is said on standard error. Throws Unreadable for everything else.
-std::unique_ptr<ConfigInfo> readDocument(const std::string& file);
+std::unique_ptr<ConfigInfo> readDocument(const std::string& file, Lines lines = Lines::NotAsked);
 struct ReadDocument {
     std::unique_ptr<ConfigInfo> document;
     std::optional<double> storedVersion;  ///< where it was brought up to date
 };
 /// The same with the version that the file has.
-ReadDocument readWithVersion(const std::string& file);
+ReadDocument readWithVersion(const std::string& file, Lines lines);
 /// A document of any release: an older one is brought up to date in memory, a newer one stays as it is, and nothing is
-/// printed.
+/// printed. Its lines will be asked for.
 ReadDocument readForCheck(const std::string& file);
 /// The document as it stands in the file, of whatever release up to the latest.
 std::unique_ptr<ConfigInfo> readDocumentAsStored(const std::string& file);

@@ -22,7 +22,7 @@ public:
     explicit Showcase(const Request& request)
         : m_request(request),
           m_file(XMLConfig::wideFromUtf8(request.file)),
-          m_read(readWithVersion(request.file)),
+          m_read(readWithVersion(request.file, request.json ? Lines::Asked : Lines::NotAsked)),
           m_document(m_read.document.get()) {}
 
     ExitStatus run() {

@@ -1,6 +1,7 @@
 #include "store/FilePlaces.h"
 
 #include "store/Address.h"
+#include "store/Document.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/support/RandomChoice.h"
 
@@ -15,27 +16,23 @@ using XMLConfig::rootElement;
 
 namespace {
 
-/// A file and the document that was loaded from it.
+std::string textOf(const std::optional<FilePlace>& place) {
+    return place ? std::to_string(place->line) + ":" + std::to_string(place->column) : "";
+}
+
+/// A file and the document that was loaded from it, with its places noted.
 struct Loaded {
-    explicit Loaded(const std::string& text) : path(folder.write(L"input.skorrax", text)), document(path) {}
+    explicit Loaded(const std::string& text)
+        : path(folder.write(L"input.skorrax", text)), loaded(XMLConfig::loadWithPlaces(path)), document(*loaded) {}
 
     /// "line:column" of what the address names; "" where it has no place.
     std::string placeOf(const std::wstring& address) const { return placeOf(findElement(document, parseAddress(address))); }
-    std::string placeOf(const ElementView& element) const {
-        const FilePlaces places(document, path);
-        const auto place = places.find(element);
-        const auto one = XMLConfig::placesOf({element}, document, path).at(0);
-        EXPECT_EQ(one.has_value(), place.has_value());
-        if (one && place) {
-            EXPECT_EQ(one->line, place->line);
-            EXPECT_EQ(one->column, place->column);
-        }
-        return place ? std::to_string(place->line) + ":" + std::to_string(place->column) : "";
-    }
+    std::string placeOf(const ElementView& element) const { return textOf(FilePlaces(document, path).find(element)); }
 
     TemporaryFolder folder;
     std::wstring path;
-    ConfigInfo document;
+    std::unique_ptr<ConfigInfo> loaded;
+    ConfigInfo& document;
 };
 
 const char* const sample =
@@ -109,32 +106,34 @@ TEST(FilePlaces, AreCountedInCharactersOfEveryEncoding) {
     EXPECT_EQ(Loaded("<C>\xC3\xA4\xE6\x97\xA5<S/></C>").placeOf(L"S"), "1:6");
 }
 
-TEST(FilePlaces, OfManyElementsAreCountedInEncodingsWithoutAMark) {
+TEST(FilePlaces, AreCountedInEncodingsWithoutAMark) {
     const auto text = [](const std::string& encoding) {
-        return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?><C>\n\n <S ID=\"1\"><A/></S>\n<S/></C>";
+        return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?><C>\n\n <S ID=\"1\"><A/></S>\n<T/></C>";
     };
     std::string little;
     std::string big;
     for (const char character : text("UTF-16LE")) little += {character, '\0'};
     for (const char character : text("UTF-16BE")) big += {'\0', character};
-    for (const std::string& bytes : {text("UTF-8"), little, big}) {
+    for (const std::string& bytes : {text("UTF-8"), text("ISO-8859-1"), little, big}) {
         const Loaded loaded(bytes);
-        std::vector<ElementView> sections;
-        for (const ElementView& section : rootElement(loaded.document).children()) sections.push_back(section);
-        const auto places = placesOf(sections, loaded.document, loaded.path);
-        ASSERT_EQ(places.size(), 2u);
-        EXPECT_EQ(std::pair(places[0]->line, places[0]->column), std::pair(3ULL, 2ULL));
-        EXPECT_EQ(std::pair(places[1]->line, places[1]->column), std::pair(4ULL, 1ULL));
+        EXPECT_EQ(loaded.placeOf(L"S[1]"), "3:2");
+        EXPECT_EQ(loaded.placeOf(L"T"), "4:1");
     }
+}
+
+TEST(FilePlaces, AreCountedAfterAllEndsOfLines) {
+    const Loaded loaded("<C>\r<S/>\r\r <T/>\r\n<U/>\n\r<V/></C>");
+    EXPECT_EQ(loaded.placeOf(L"S"), "2:1");
+    EXPECT_EQ(loaded.placeOf(L"T"), "4:2");
+    EXPECT_EQ(loaded.placeOf(L"U"), "5:1");
+    EXPECT_EQ(loaded.placeOf(L"V"), "7:1");
 }
 
 TEST(FilePlaces, OfManyElementsInOneLineHaveTheirColumns) {
     const Loaded loaded("<C><S/>\xC3\xA4<S/>\xF0\x9F\x98\x80<S/>\n<S/><S/></C>");
-    std::vector<ElementView> sections;
-    for (const ElementView& section : rootElement(loaded.document).children()) sections.push_back(section);
-    std::vector<std::pair<unsigned long long, unsigned long long>> told;
-    for (const auto& place : placesOf(sections, loaded.document, loaded.path)) told.emplace_back(place->line, place->column);
-    EXPECT_EQ(told, (decltype(told){{1, 4}, {1, 9}, {1, 15}, {2, 1}, {2, 5}}));
+    std::string told;
+    for (const ElementView& section : rootElement(loaded.document).children()) told += loaded.placeOf(section) + " ";
+    EXPECT_EQ(told, "1:4 1:9 1:15 2:1 2:5 ");
 }
 
 TEST(FilePlaces, OfManyElementsAreAllFound) {
@@ -203,91 +202,52 @@ private:
     }
 };
 
-std::string textOf(const std::optional<FilePlace>& place) {
-    return place ? std::to_string(place->line) + ":" + std::to_string(place->column) + " " : "- ";
-}
-
 /// The places of all elements, in document order.
 std::string placesOf(const FilePlaces& places, const ElementView& element) {
-    std::string text = textOf(places.find(element));
+    const auto place = places.find(element);
+    std::string text = place ? textOf(place) + " " : "- ";
     for (const ElementView& child : element.children()) text += placesOf(places, child);
     return text;
 }
-
-void addAll(std::vector<ElementView>& elements, const ElementView& element) {
-    elements.push_back(element);
-    for (const ElementView& child : element.children()) addAll(elements, child);
-}
-
-/// The same, asked for at once, in another order, and some of them twice.
-std::string placesAtOnce(const ConfigInfo& document, const std::wstring& path, unsigned seed) {
-    std::vector<ElementView> elements;
-    addAll(elements, rootElement(document));
-    std::vector<std::size_t> order;
-    for (std::size_t i = 0; i < elements.size(); ++i) order.insert(order.end(), 1 + i % 3 / 2, i);
-    std::shuffle(order.begin(), order.end(), std::mt19937(seed));
-    std::vector<ElementView> asked;
-    for (const std::size_t index : order) asked.push_back(elements[index]);
-    const auto places = XMLConfig::placesOf(asked, document, path);
-    std::vector<std::string> texts(elements.size());
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        const std::string text = textOf(places.at(i));
-        EXPECT_TRUE(texts[order[i]].empty() || texts[order[i]] == text);
-        texts[order[i]] = text;
-    }
-    std::string all;
-    for (const std::string& text : texts) all += text;
-    return all;
+std::string placesOf(const ConfigInfo& document, const std::wstring& path) {
+    return placesOf(FilePlaces(document, path), rootElement(document));
 }
 
 }  // namespace
 
-// A copy is read as a file that may be malformed, the file itself as one that is known to be sound.
-TEST(FilePlaces, AreTheSameOfTheFileAndOfACopy) {
+TEST(FilePlaces, AreTheSameWhetherNotedOrLookedForLater) {
     for (unsigned seed = 0; seed < 300; ++seed) {
         const std::string text = DeceptiveText(seed).make();
         const Loaded loaded(text);
-        const std::wstring copy = loaded.folder.write(L"copy.skorrax", text);
-        const std::string strict = placesOf(FilePlaces(loaded.document, copy), rootElement(loaded.document));
-        EXPECT_EQ(placesOf(FilePlaces(loaded.document, loaded.path), rootElement(loaded.document)), strict) << text;
-        EXPECT_EQ(placesAtOnce(loaded.document, loaded.path, seed), strict) << text;
-        EXPECT_EQ(placesAtOnce(loaded.document, copy, seed), strict) << text;
-        EXPECT_EQ(strict.find('-'), std::string::npos) << text;
+        const std::string noted = placesOf(loaded.document, loaded.path);
+        EXPECT_EQ(placesOf(loaded.document, loaded.folder.write(L"copy.skorrax", text)), noted) << text;
+        EXPECT_EQ(placesOf(ConfigInfo(loaded.path), loaded.path), noted) << text;
+        EXPECT_EQ(noted.find('-'), std::string::npos) << text;
     }
 }
 
-TEST(FilePlaces, AskedForAtOnceLeaveOutWhatIsInNoTree) {
+TEST(FilePlaces, AreNoneOfWhatIsInNoTree) {
     const Loaded loaded(sample);
     const Loaded other(sample);
-    const ElementView root = rootElement(loaded.document);
-    const std::vector<ElementView> asked = {root.firstChild(), ElementView(), rootElement(other.document), root};
-    const auto places = XMLConfig::placesOf(asked, loaded.document, loaded.path);
-    ASSERT_EQ(places.size(), 4u);
-    EXPECT_EQ(textOf(places[0]) + textOf(places[1]) + textOf(places[2]) + textOf(places[3]), "5:3 - - 4:1 ");
-    EXPECT_TRUE(XMLConfig::placesOf({}, loaded.document, loaded.path).empty());
-}
-
-TEST(FilePlaces, AskedForAtOnceAreThoseOfTheFileAsItIsNow) {
-    const Loaded loaded("<C>\n<S ID=\"1\"/>\n</C>");
-    const auto place = [&] {
-        return textOf(XMLConfig::placesOf({rootElement(loaded.document).firstChild()}, loaded.document, loaded.path).at(0));
-    };
-    EXPECT_EQ(place(), "2:1 ");
-    for (const char* const text :
-         {"<C>\n\n<T/>\n <S ID=\"1\"/></C>", "<C>\n<T/>\n\n <S ID='1'/></C>", "<C>\n\n\n <S ID='1'/></C>"}) {
-        loaded.folder.write(L"input.skorrax", text);
-        EXPECT_EQ(place(), "4:2 ");
+    for (const std::wstring& path : {loaded.path, other.path}) {
+        const FilePlaces places(loaded.document, path);
+        const ElementView root = rootElement(loaded.document);
+        EXPECT_EQ(textOf(places.find(root.firstChild())) + textOf(places.find(root)), "5:34:1");
+        EXPECT_FALSE(places.find(ElementView()) || places.find(rootElement(other.document)));
     }
-    loaded.folder.write(L"input.skorrax", "<C>\n\n<T/>\n <S ID=\"1\"/></D>");
-    EXPECT_STARTS_WITH(messageOf(place), L"Error FilePlaces: " + loaded.path + L": line 4, column 15");
 }
 
 TEST(FilePlaces, AreThoseOfTheFileAsItIsNow) {
     const Loaded loaded("<C>\n<S ID=\"1\"/>\n</C>");
-    loaded.folder.write(L"input.skorrax", "<C>\n\n<T/>\n <S ID=\"1\"/></C>");
-    EXPECT_EQ(loaded.placeOf(L"S[1]"), "4:2");
+    EXPECT_EQ(loaded.placeOf(L"S[1]"), "2:1");
+    for (const char* const text :
+         {"<C>\n\n<T/>\n <S ID=\"1\"/></C>", "<C>\n<T/>\n\n <S ID='1'/></C>", "<C>\n\n\n <S ID='1'/></C>"}) {
+        loaded.folder.write(L"input.skorrax", text);
+        EXPECT_EQ(loaded.placeOf(L"S[1]"), "4:2");
+    }
     loaded.folder.write(L"input.skorrax", "<C>\n\n<T/>\n <S ID=\"1\"/></D>");
-    EXPECT_STARTS_WITH(messageOf([&] { const FilePlaces places(loaded.document, loaded.path); }), L"Error FilePlaces: ");
+    EXPECT_STARTS_WITH(messageOf([&] { const FilePlaces places(loaded.document, loaded.path); }),
+                       L"Error FilePlaces: " + loaded.path + L": line 4, column 15");
 }
 
 TEST(FilePlaces, AreThoseOfWhatWasSaved) {
@@ -295,6 +255,40 @@ TEST(FilePlaces, AreThoseOfWhatWasSaved) {
     set(loaded.document, L"S", L"A", L"1", L"2");
     loaded.document.save(loaded.path);
     EXPECT_NE(loaded.placeOf(L"S[2]/A"), "");
+}
+
+TEST(FilePlaces, AreThoseOfWhatWasSavedUnchanged) {
+    const Loaded loaded("<C><S ID=\"1\"/><S ID=\"2\"/></C>");
+    EXPECT_EQ(loaded.placeOf(L"S[2]"), "1:15");
+    loaded.document.save(loaded.path);
+    EXPECT_EQ(loaded.placeOf(L"S[2]"), "4:3");
+}
+
+TEST(FilePlaces, AreNotedByALoadThatIsAskedForThem) {
+    Loaded loaded(sample);
+    const auto noted = [](const ConfigInfo& document) {
+        return XMLConfig::detail::Document::of(document).parsedPlaces() != nullptr;
+    };
+    EXPECT_TRUE(noted(loaded.document));
+    EXPECT_FALSE(noted(ConfigInfo(loaded.path)));
+    set(loaded.document, L"S", L"New", L"1", L"1");
+    EXPECT_FALSE(noted(loaded.document));
+}
+
+TEST(FilePlaces, AreNotedByALoadThatFailsAsAnyOther) {
+    const TemporaryFolder folder;
+    const auto failures = [&](const std::wstring& path) {
+        return std::pair(messageOf([&] { XMLConfig::loadWithPlaces(path); }),
+                         messageOf([&] { const ConfigInfo document(path); }));
+    };
+    for (const char* const text : {"", "<a>\n<b>\n</a>", "<a>\n\xFF</a>", "<!DOCTYPE a><a/>"}) {
+        const auto [noting, other] = failures(folder.write(L"wrong.skorrax", text));
+        EXPECT_STARTS_WITH(noting, L"Error parseDataFile: ");
+        EXPECT_EQ(noting, other);
+    }
+    const auto [noting, other] = failures(folder.file(L"missing"));
+    EXPECT_STARTS_WITH(noting, L"Error parseDataFile: Can not open file: ");
+    EXPECT_EQ(noting, other);
 }
 
 TEST(FilePlaces, LeaveTheDocumentAsItIs) {
