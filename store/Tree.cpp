@@ -84,16 +84,15 @@ LooseElement Tree::copy(const DOMElement& element) {
     return {static_cast<DOMElement*>(&copyOf(element, *m_document, m_names)), {this}};
 }
 
-xercesc::DOMText* Tree::makeText(const std::wstring& text) { return makeText(toUtf16(text).c_str()); }
-
-xercesc::DOMText* Tree::makeText(const char16_t* text) { return m_document->createTextNode(xmlText(text)); }
+xercesc::DOMText* Tree::makeText(const std::wstring& text) { return m_document->createTextNode(xmlText(toUtf16(text))); }
 
 xercesc::DOMComment* Tree::makeComment(const std::u16string& text) { return m_document->createComment(xmlText(text)); }
 
 void Tree::addAttribute(DOMElement& element, const char16_t* name, const char16_t* value) {
     m_names.count(*m_document, 1);
     if (!linksAreKnown()) return element.setAttribute(xmlText(name), xmlText(value));
-    detail::addAttribute(element, *m_document->createAttribute(xmlText(name)), *makeText(value));
+    xercesc::DOMAttr& attribute = *m_document->createAttribute(xmlText(name));
+    detail::addAttribute(element, attribute, *m_document->createTextNode(xmlText(value)));
 }
 
 void Tree::setText(xercesc::DOMText& text, const std::wstring& value) {

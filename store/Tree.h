@@ -37,7 +37,6 @@ public:
     /// Copies an element of another document, with all that it holds.
     LooseElement copy(const xercesc::DOMElement& element);
     xercesc::DOMText* makeText(const std::wstring& text);
-    xercesc::DOMText* makeText(const char16_t* text);
     xercesc::DOMComment* makeComment(const std::u16string& text);
     /// Adds an attribute to a new element that has none of that name.
     void addAttribute(xercesc::DOMElement& element, const char16_t* name, const char16_t* value);

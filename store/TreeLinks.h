@@ -35,7 +35,7 @@ bool isKnownVersion(std::string_view className);
 /// To be called with a library that was started, before anything else here. Gives what linksAreKnown says from now on.
 bool examineLinks(xercesc::DOMImplementation& implementation, std::string_view className);
 bool examineLinks(xercesc::DOMImplementation& implementation);
-#if XERCES_VERSION_MAJOR == 3 && XERCES_VERSION_MINOR == 2
+#if XERCES_VERSION_MAJOR == 3 && XERCES_VERSION_MINOR == 2 && !defined(XMLCONFIG_WITHOUT_LINKS)
 #define XMLCONFIG_LINKS_MAY_BE_KNOWN
 extern std::atomic<bool> areLinksKnown;
 [[nodiscard]] inline bool linksAreKnown() { return areLinksKnown.load(std::memory_order_relaxed); }
