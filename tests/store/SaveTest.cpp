@@ -39,6 +39,20 @@ TEST(SavedText, HasNamesOfAnyLengthInItsTags) {
     }
 }
 
+TEST(SavedText, IsIndentedByTwoBlanksALevelHoweverDeep) {
+    std::string text = "<V>x</V>";
+    std::string begins;
+    std::string ends;
+    for (std::size_t level = 1; level < 100; ++level) {
+        const std::string blanks(2 * level, ' ');
+        text = "<L>" + text + "</L>";
+        begins += blanks + "<L>\n";
+        ends.insert(0, blanks + "</L>\n");
+    }
+    const std::string value = std::string(200, ' ') + "<V>x</V>\n";
+    EXPECT_EQ(savedText(*load("<ConfigInfo>" + text + "</ConfigInfo>")), savedRoot(begins + value + ends));
+}
+
 TEST(Save, ClearsTheDirtyFlag) {
     const TemporaryFolder folder;
     ConfigInfo document;
