@@ -16,6 +16,10 @@
 #include "Suites.h"
 #include "Table.h"
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 namespace {
 
 /// Everything is measured once a round. A machine that others use too changes its speed every few seconds, by a half and
@@ -57,9 +61,19 @@ void measureMemory(bench::Table& table) {
                       bench::peakOfLoading(side, bench::sampleFile(projectors)));
 }
 
+/// What a job frees stays with the process, whichever library did the job. Else the C library gives it back to the system
+/// where the heap happens to end in it, and the next load takes up to twice as long to get it again.
+void keepFreedMemory() {
+#if defined(__GLIBC__)
+    mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
+    mallopt(M_TRIM_THRESHOLD, -1);  // never
+#endif
+}
+
 int measure() {
     bench::Table table;
     measureMemory(table);
+    keepFreedMemory();
     bench::registerDocuments();
     bench::registerGetting();
     bench::registerSetting();
