@@ -11,7 +11,7 @@
 #include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "store/TextForms.h"
-#include "store/TokenItems.h"
+#include "store/Tokens.h"
 
 /// What the library knows of each type of value that a setting can have, once for each type.
 namespace XMLConfig::detail {

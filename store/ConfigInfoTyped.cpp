@@ -3,7 +3,7 @@
 #include "store/Document.h"
 #include "store/TextForms.h"
 #include "store/Together.h"
-#include "store/TokenItems.h"
+#include "store/Tokens.h"
 
 using XMLConfig::detail::Document;
 using XMLConfig::detail::leadingDouble;

@@ -4,7 +4,7 @@
 #include "store/CorvaneException.h"
 #include "store/TextForms.h"
 #include "store/Together.h"
-#include "store/TokenItems.h"
+#include "store/Tokens.h"
 
 using XMLConfig::detail::FormOfTokens;
 using XMLConfig::detail::readOr;
