@@ -31,36 +31,29 @@ Transcoder transcoderFor(const std::u16string& encoding) {
         xercesc::XMLPlatformUtils::fgTransService->makeNewTranscoderFor(detail::xmlText(encoding), result, block));
 }
 
-/// Bytes as characters, from the front; none where the next ones are wrong or cut.
-class Characters {
-public:
-    Characters(std::string_view bytes, Transcoder transcoder) : m_bytes(bytes), m_transcoder(std::move(transcoder)) {}
+/// Appends the characters of the first bytes and gives how many bytes those were; 0 where they are wrong or cut.
+std::size_t decodeBlock(std::u16string& text, std::string_view bytes, xercesc::XMLTranscoder& transcoder) try {
+    std::array<XMLCh, block> units{};
+    std::array<unsigned char, block> sizes{};
+    XMLSize_t eaten = 0;
+    const XMLSize_t count = transcoder.transcodeFrom(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
+                                                     units.data(), block, eaten, sizes.data());
+    text.append(units.begin(), units.begin() + count);
+    return eaten;
+} catch (const xercesc::XMLException&) {
+    return 0;
+}
 
-    std::u16string_view next() {
-        for (std::size_t size = std::min(block, m_bytes.size()); size > 0; size /= 2) {
-            const std::size_t count = decode(size);
-            if (count > 0) return {m_units.data(), count};
-        }
-        return {};
+/// The characters up to bytes that are wrong or cut.
+std::u16string decoded(std::string_view bytes, xercesc::XMLTranscoder& transcoder) {
+    std::u16string text;
+    for (std::size_t size = std::min(block, bytes.size()); size > 0;) {
+        const std::size_t eaten = decodeBlock(text, bytes.substr(0, size), transcoder);
+        bytes.remove_prefix(eaten);
+        size = eaten == 0 ? size / 2 : std::min(block, bytes.size());
     }
-
-private:
-    std::size_t decode(std::size_t size) try {
-        std::array<unsigned char, block> sizes{};
-        XMLSize_t eaten = 0;
-        const XMLSize_t count =
-            m_transcoder->transcodeFrom(reinterpret_cast<const XMLByte*>(m_bytes.data()), size,
-                                        reinterpret_cast<XMLCh*>(m_units.data()), block, eaten, sizes.data());
-        m_bytes.remove_prefix(eaten);
-        return count;
-    } catch (const xercesc::XMLException&) {
-        return 0;
-    }
-
-    std::string_view m_bytes;
-    Transcoder m_transcoder;
-    std::array<char16_t, block> m_units{};
-};
+    return text;
+}
 
 /// What the declaration says: `encoding="..."`. "" for none.
 std::u16string namedEncoding(std::u16string_view start) {
@@ -84,59 +77,24 @@ Transcoder transcoderOf(std::string_view bytes) {
     const XMLRecognizer::Encodings family =
         XMLRecognizer::basicEncodingProbe(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size());
     if (isToldByTheBytes(family)) return transcoderFor(family);
-    Characters start(bytes, transcoderFor(family == XMLRecognizer::EBCDIC ? family : XMLRecognizer::US_ASCII));
-    const std::u16string name = namedEncoding(start.next());
+    const Transcoder simple = transcoderFor(family == XMLRecognizer::EBCDIC ? family : XMLRecognizer::US_ASCII);
+    const std::u16string name = namedEncoding(decoded(bytes.substr(0, block), *simple));
     return name.empty() || detail::equalIgnoringCase(detail::fromUtf16(name), L"UTF-8") ? nullptr : transcoderFor(name);
 }
 
-/// Takes characters and keeps those of one line.
-class LineFinder {
-public:
-    explicit LineFinder(unsigned long long line) : m_linesBefore(line - 1) {}
-
-    /// False where the line is over.
-    bool take(std::u16string_view units) {
-        return std::all_of(units.begin(), units.end(), [this](char16_t unit) { return take(unit); });
-    }
-    [[nodiscard]] std::wstring text() const { return detail::fromUtf16(m_text); }
-
-private:
-    bool take(char16_t unit) {
-        const bool isSecondHalf = unit == u'\n' && m_isAfterReturn;
-        m_isAfterReturn = unit == u'\r';
-        if (isSecondHalf) return true;
-        if (unit == u'\n' || unit == u'\r') return m_linesBefore-- > 0;
-        if (m_linesBefore == 0 && !(unit == u'\uFEFF' && m_isAtStart)) m_text += unit;
-        m_isAtStart = false;
-        return true;
-    }
-
-    unsigned long long m_linesBefore;
-    std::u16string m_text;
-    bool m_isAfterReturn = false;
-    bool m_isAtStart = true;
-};
-
 /// UTF-8 is decoded here, since the XML library would end before wrong bytes, of which the message may speak.
-void takeUtf8(LineFinder& line, const std::string& bytes) {
-    std::size_t begin = 0;
-    while (begin < bytes.size()) {
-        const std::size_t end = std::min(bytes.find_first_of("\r\n", begin), bytes.size() - 1) + 1;
-        if (!line.take(detail::toUtf16(detail::fromUtf8(std::string_view(bytes).substr(begin, end - begin))))) return;
-        begin = end;
-    }
+std::u16string charactersOf(const std::string& bytes) {
+    const Transcoder transcoder = transcoderOf(bytes);
+    return transcoder == nullptr ? detail::toUtf16(detail::fromUtf8(bytes)) : decoded(bytes, *transcoder);
 }
 
-std::wstring lineIn(const std::string& bytes, unsigned long long line) {
-    LineFinder finder(line);
-    Transcoder transcoder = transcoderOf(bytes);
-    if (transcoder == nullptr) {
-        takeUtf8(finder, bytes);
-        return finder.text();
+std::u16string_view lineIn(std::u16string_view text, unsigned long long line) {
+    if (text.substr(0, 1) == u"\uFEFF") text.remove_prefix(1);
+    for (std::size_t end = text.find_first_of(u"\r\n"); line > 1; end = text.find_first_of(u"\r\n"), --line) {
+        if (end == std::u16string_view::npos) return {};
+        text.remove_prefix(end + (text.substr(end, 2) == u"\r\n" ? 2 : 1));
     }
-    Characters characters(bytes, std::move(transcoder));
-    for (std::u16string_view units = characters.next(); !units.empty() && finder.take(units);) units = characters.next();
-    return finder.text();
+    return text.substr(0, text.find_first_of(u"\r\n"));
 }
 
 }  // namespace
@@ -145,7 +103,7 @@ std::wstring textLine(const std::string& bytes, unsigned long long line) {
     if (line == 0) return {};
     detail::startXmlLibrary();
     try {
-        return lineIn(bytes, line);
+        return detail::fromUtf16(lineIn(charactersOf(bytes), line));
     } catch (...) {
         detail::passShortage();
         throw;
