@@ -12,7 +12,6 @@
 namespace XMLConfig::detail {
 
 using xercesc::DOMDocument;
-using xercesc::DOMDocumentImpl;
 using xercesc::DOMElement;
 using xercesc::DOMNode;
 
@@ -48,6 +47,7 @@ std::atomic<bool> areLinksKnown = false;
 namespace {
 
 using xercesc::DOMAttrImpl;
+using xercesc::DOMDocumentImpl;
 using xercesc::DOMElementImpl;
 using xercesc::DOMTextImpl;
 
