@@ -1,40 +1,75 @@
+#include <vector>
+
 #include "store/Document.h"
 #include "store/DocumentWriter.h"
-#include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
 
 namespace {
 
-using xercesc::DOMElement;
 using xercesc::DOMNode;
 
-/// Takes every text away that is indentation only.
-void collapse(DOMElement& element) {
-    for (DOMNode* node = element.getFirstChild(); node != nullptr;) {
-        DOMNode* const next = node->getNextSibling();
-        const DOMNode::NodeType type = node->getNodeType();
-        if (type == DOMNode::ELEMENT_NODE) collapse(static_cast<DOMElement&>(*node));
-        if (type == DOMNode::TEXT_NODE && isIndentation(view(node->getNodeValue()))) unlink(element, *node);
-        node = next;
+// Steps through children, taking neighbouring pieces of text as one and leaving out text that is indentation only.
+class Children {
+public:
+    explicit Children(const DOMNode& parent) : m_next(parent.getFirstChild()) {}
+
+    /// False at the end. `node` is null for text, which is then in `text`.
+    bool step() {
+        node = nullptr;
+        text.clear();
+        while (m_next != nullptr && m_next->getNodeType() == DOMNode::TEXT_NODE) {
+            text += view(m_next->getNodeValue());
+            m_next = m_next->getNextSibling();
+        }
+        if (!isIndentation(text)) return true;
+        text.clear();
+        if (m_next == nullptr) return false;
+        node = m_next;
+        m_next = m_next->getNextSibling();
+        return true;
     }
+
+    const DOMNode* node = nullptr;
+    std::u16string text;
+
+private:
+    const DOMNode* m_next;
+};
+
+bool sameAttributes(const DOMNode& left, const DOMNode& right) {
+    const xercesc::DOMNamedNodeMap* const attributes = left.getAttributes();
+    const XMLSize_t count = attributes == nullptr ? 0 : attributes->getLength();
+    if (count != (right.getAttributes() == nullptr ? 0 : right.getAttributes()->getLength())) return false;
+    for (XMLSize_t i = 0; i < count; ++i) {
+        const DOMNode* const other = right.getAttributes()->getNamedItem(attributes->item(i)->getNodeName());
+        if (other == nullptr || view(other->getNodeValue()) != view(attributes->item(i)->getNodeValue())) return false;
+    }
+    return true;
 }
 
-LooseElement collapsedCopy(const DOMElement& element, Tree& tree) {
-    LooseElement copy = tree.copy(element);
-    collapse(*copy);
-    return copy;
+bool compareCollapsedNodes(const DOMNode& left, const DOMNode& right) {
+    if (left.getNodeType() != right.getNodeType() || view(left.getNodeName()) != view(right.getNodeName()) ||
+        view(left.getNodeValue()) != view(right.getNodeValue()) || !sameAttributes(left, right)) {
+        return false;
+    }
+    Children mine(left);
+    Children theirs(right);
+    for (;;) {
+        const bool isMine = mine.step();
+        if (isMine != theirs.step()) return false;
+        if (!isMine) return true;
+        if (mine.text != theirs.text || (mine.node == nullptr) != (theirs.node == nullptr)) return false;
+        if (mine.node != nullptr && !compareCollapsedNodes(*mine.node, *theirs.node)) return false;
+    }
 }
 
 }  // namespace
 
-bool holdsCollapsed(const DOMElement& element, const DOMElement& content) {
-    Tree scratch;
-    scratch.adopt(DocumentPointer(startXmlLibrary()->createDocument()));
-    const LooseElement holder = collapsedCopy(element, scratch);
-    const LooseElement wanted = collapsedCopy(content, scratch);
-    const DOMNode* const held = holder->getFirstChild();
-    return held != nullptr && held->getNextSibling() == nullptr && held->isEqualNode(wanted.get());
+bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content) {
+    Children held(element);
+    const bool isHeld = held.step() && held.node != nullptr && compareCollapsedNodes(*held.node, content);
+    return isHeld && !held.step();
 }
 
 }  // namespace XMLConfig::detail

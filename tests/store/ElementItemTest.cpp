@@ -106,6 +106,15 @@ TEST(ElementItem, IsStoredAlikeWithoutLinks) {
     EXPECT_EQ(stored(), byLinks);
 }
 
+TEST(ElementItem, EqualsItsTextWithoutLinks) {
+    const PublicFunctionsOnly without;
+    ConfigInfo document;
+    setElementItem(document, L"S", L"A", device(L"00:0a"), L"1");
+    document.setDirty(false);
+    document.setStringItemAsDOMElement(L"S", L"A", xmlOf(device(L"00:0a")), L"1");
+    EXPECT_FALSE(document.isDirty());
+}
+
 TEST(ElementItem, IsRefusedAsItsText) {
     ConfigInfo document;
     EXPECT_CONTAINS(messageOf([&] { setElementItem(document, L"S", L"A", device(L"a\x01"), L"1"); }),

@@ -65,6 +65,16 @@ TEST(FragmentItem, IsNotDirtyWhenOnlyLayoutDiffers) {
     EXPECT_FALSE(again->isDirty());
 }
 
+// Elements of the file are in the namespace that is declared around them, what is stored is not: the saved bytes are equal.
+TEST(FragmentItem, IsNotDirtyInAnotherNamespaceOfEqualNames) {
+    const Document document =
+        load("<ConfigInfo xmlns=\"urn:d\"><S><A>\n  <d y=\"2\" x=\"1\"><e/> <![CDATA[ ]]><!--c--></d></A></S></ConfigInfo>");
+    document->setStringItemAsDOMElement(L"S", L"A", L"<d x='1' y='2'> <e/><![CDATA[ ]]>\n<!--c--></d>", L"");
+    EXPECT_FALSE(document->isDirty());
+    document->setStringItemAsDOMElement(L"S", L"A", L"<d x='1' y='2'><e/><![CDATA[ ]]>t<!--c--></d>", L"");
+    EXPECT_TRUE(document->isDirty());
+}
+
 TEST(FragmentItem, IsDirtyWhenTheContentDiffers) {
     for (const wchar_t* other :
          {L"<d><a>1</a><b x=\"3\"/></d>", L"<d><a>2</a><b x=\"2\"/></d>", L"<d><b x=\"2\"/><a>1</a></d>",
