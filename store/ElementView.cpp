@@ -48,13 +48,13 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
     return a == b;
 }
 
-/// Of a comment inside an element.
-CommentView viewOf(const xercesc::DOMComment& comment) {
-    const auto* const around = static_cast<const xercesc::DOMElement*>(comment.getParentNode());
-    const xercesc::DOMNode* next = comment.getNextSibling();
-    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE) next = next->getNextSibling();
-    return {ElementAccess::view(around), ElementAccess::view(static_cast<const xercesc::DOMElement*>(next)),
-            detail::fromUtf16(detail::view(comment.getData()))};
+/// Null where neither follows.
+const xercesc::DOMNode* elementOrCommentAfter(const xercesc::DOMNode& node) {
+    const xercesc::DOMNode* next = node.getNextSibling();
+    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE &&
+           next->getNodeType() != xercesc::DOMNode::COMMENT_NODE)
+        next = next->getNextSibling();
+    return next;
 }
 
 void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
@@ -150,9 +150,15 @@ ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view
 std::vector<CommentView> commentsOf(const ConfigInfo& document) {
     const auto& parsed = detail::Document::of(document).parsedComments();
     if (!parsed) return commentsIn(rootElement(document));
-    std::vector<CommentView> comments;
-    comments.reserve(parsed->size());
-    for (const xercesc::DOMComment* const comment : *parsed) comments.push_back(viewOf(*comment));
+    std::vector<CommentView> comments(parsed->size());
+    for (std::size_t i = comments.size(); i-- > 0;) {  // from the last on, since many can have one element after them
+        const xercesc::DOMComment& comment = *(*parsed)[i];
+        const xercesc::DOMNode* const next = elementOrCommentAfter(comment);
+        const bool isComment = next != nullptr && next->getNodeType() == xercesc::DOMNode::COMMENT_NODE;
+        comments[i] = {ElementAccess::view(static_cast<const xercesc::DOMElement*>(comment.getParentNode())),
+                       isComment ? comments[i + 1].next : ElementAccess::view(static_cast<const xercesc::DOMElement*>(next)),
+                       detail::fromUtf16(detail::view(comment.getData()))};
+    }
     return comments;
 }
 

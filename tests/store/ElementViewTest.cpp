@@ -1,5 +1,8 @@
 #include "store/ElementView.h"
 
+#include <ctime>
+#include <string>
+
 #include "store/Address.h"
 #include "tests/store/StoreSupport.h"
 
@@ -180,6 +183,21 @@ TEST(ElementView, ListsCommentsWithWhatIsAroundThem) {
         EXPECT_TRUE(comments[i].next == next[i]) << i;
     }
     EXPECT_TRUE(XMLConfig::commentsOf(ConfigInfo()).empty());
+}
+
+/// Of the processor, so that other programs do not count.
+double secondsToListComments(const std::string& comment) {
+    constexpr int count = 30000;
+    std::string text = "<ConfigInfo>";
+    for (int i = 0; i < count; ++i) text += comment;
+    const auto document = ConfigInfo::fromText(text + "</ConfigInfo>", L"it");
+    const std::clock_t start = std::clock();
+    EXPECT_EQ(XMLConfig::commentsOf(*document).size(), static_cast<std::size_t>(count));
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+TEST(ElementView, ListsCommentsInARowAsFastAsOthers) {
+    EXPECT_LT(secondsToListComments("<!---->"), 20 * secondsToListComments("<!----><a/>"));
 }
 
 }  // namespace storetests
