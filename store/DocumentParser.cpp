@@ -1,7 +1,9 @@
 #include "store/DocumentParser.h"
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
+#include <optional>
 #include <utility>
 #include <xercesc/framework/XMLPScanToken.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
@@ -10,9 +12,9 @@
 
 #include "platform/Files.h"
 #include "platform/Numbers.h"
+#include "platform/Text.h"
 #include "store/ContentHash.h"
 #include "store/StrictParser.h"
-#include "store/Utf8Place.h"
 
 namespace XMLConfig::detail {
 
@@ -37,22 +39,37 @@ private:
     XMLFilePos m_size = 0;
 };
 
-/// Hands bytes to the parser as they are read, so that a file is never in memory as a whole. Serves one parse only.
+/// Hands bytes to the parser as they are read, so that a file is never in memory as a whole.
 class Source : public xercesc::InputSource {
 public:
     using Read = std::function<std::size_t(void* buffer, std::size_t size)>;
-    explicit Source(Read read) : m_read(std::move(read)) {}
-    xercesc::BinInputStream* makeStream() const override { return new Stream(*this); }
+    /// `open` gives what reads the text from its start; it is asked once for each parse.
+    explicit Source(std::function<Read()> open) : m_open(std::move(open)) {}
+    xercesc::BinInputStream* makeStream() const override {
+        m_end = {};
+        m_content = {};
+        return new Stream(*this);
+    }
+    /// Of the last parse.
     [[nodiscard]] const EndOfBytes& end() const { return m_end; }
     [[nodiscard]] std::uint64_t content() const { return m_content.value(); }
+    /// The bytes of the last parse, read again.
+    [[nodiscard]] std::string bytes() const {
+        const Read read = m_open();
+        std::string bytes(m_end.size(), '\0');
+        std::size_t size = 0;
+        while (const std::size_t count = read(bytes.data() + size, bytes.size() - size)) size += count;
+        bytes.resize(size);
+        return bytes;
+    }
 
 private:
     class Stream : public xercesc::BinInputStream {
     public:
-        explicit Stream(const Source& source) : m_source(source) {}
+        explicit Stream(const Source& source) : m_source(source), m_read(source.m_open()) {}
         XMLFilePos curPos() const override { return m_source.m_end.size(); }
         XMLSize_t readBytes(XMLByte* const buffer, const XMLSize_t size) override {
-            const XMLSize_t count = m_source.m_read(buffer, size);
+            const XMLSize_t count = m_read(buffer, size);
             m_source.m_end.asked(size, count);
             m_source.m_content.add({reinterpret_cast<const char*>(buffer), count});
             return count;
@@ -61,25 +78,51 @@ private:
 
     private:
         const Source& m_source;
+        Read m_read;
     };
 
-    Read m_read;
+    std::function<Read()> m_open;
     mutable EndOfBytes m_end;
     mutable ContentHash m_content;
 };
 
-std::unique_ptr<Source> sourceOfFile(const std::wstring& path) {
-    return std::make_unique<Source>(
-        [file = std::make_shared<FileReader>(path)](void* buffer, std::size_t size) { return file->read(buffer, size); });
+Source sourceOfFile(const std::wstring& path) {
+    return Source([path] {
+        return
+            [file = std::make_shared<FileReader>(path)](void* buffer, std::size_t size) { return file->read(buffer, size); };
+    });
 }
 
 /// The bytes stay the caller's.
-std::unique_ptr<Source> sourceOfBytes(std::string_view bytes) {
-    return std::make_unique<Source>([bytes](void* buffer, std::size_t size) mutable {
-        const std::size_t count = bytes.copy(static_cast<char*>(buffer), size);
-        bytes.remove_prefix(count);
-        return count;
+Source sourceOfBytes(std::string_view bytes) {
+    return Source([bytes] {
+        return [rest = bytes](void* buffer, std::size_t size) mutable {
+            const std::size_t count = rest.copy(static_cast<char*>(buffer), size);
+            rest.remove_prefix(count);
+            return count;
+        };
     });
+}
+
+/// The column of the first wrong bytes of a line, counted as the XML library does: in units of UTF-16.
+std::size_t columnOfWrongBytes(std::string_view line) {
+    const std::string mended = toUtf8(fromUtf8(line));
+    const auto difference = std::mismatch(line.begin(), line.end(), mended.begin(), mended.end()).second;
+    const std::size_t place = mended.rfind("\uFFFD", static_cast<std::size_t>(difference - mended.begin()));
+    return toUtf16(fromUtf8(mended.substr(0, place))).size() + 1;
+}
+
+/// The place of the first bytes that are no UTF-8. A carriage return and the line feed after it end one line.
+std::optional<FilePlace> placeOfWrongBytes(std::string_view text) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";  // the byte order mark takes no column
+    if (text.substr(0, mark.size()) == mark) text.remove_prefix(mark.size());
+    for (unsigned long long number = 1;; ++number) {
+        const std::size_t end = text.find_first_of("\r\n");
+        const std::string_view line = text.substr(0, end);
+        if (!fromUtf8Strictly(line)) return FilePlace{number, columnOfWrongBytes(line)};
+        if (end == std::string_view::npos) return std::nullopt;
+        text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
+    }
 }
 
 }  // namespace
@@ -92,19 +135,9 @@ ParseFailure::ParseFailure(unsigned long long line, unsigned long long column, c
 WrongBytes::WrongBytes(unsigned long long line, unsigned long long column, const std::wstring& reason)
     : ParseFailure(line, column, reason), m_reason(reason) {}
 
-void WrongBytes::throwWithPlaceInFile(const std::wstring& path) const {
-    FileReader file(path);
-    Utf8Place place;
-    char buffer[64 * 1024];
-    while (const std::size_t count = file.read(buffer, sizeof buffer)) {
-        if (!place.take({buffer, count})) throw ParseFailure(place.line(), place.column(), m_reason);
-    }
-    throw ParseFailure(*this);
-}
-
 void WrongBytes::throwWithPlaceIn(const std::string& bytes) const {
-    Utf8Place place;
-    if (!place.take(bytes)) throw ParseFailure(place.line(), place.column(), m_reason);
+    const std::optional<FilePlace> place = placeOfWrongBytes(bytes);
+    if (place) throw ParseFailure(place->line, place->column, m_reason);
     throw ParseFailure(*this);
 }
 
@@ -148,10 +181,12 @@ private:
 /// thread. It is never freed, since an application may load a file while the process ends.
 std::atomic<StrictParser*> spareParser = nullptr;
 
-ParsedTree parse(StrictParser& parser, const Source& source) {
+ParsedTree parse(StrictParser& parser, const Source& source) try {
     DocumentPointer document = parser.parseDocument(source);
     if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
     return {std::move(document), parser.takeComments(), source.content(), parser.levels(), parser.namespaces()};
+} catch (const WrongBytes& failure) {
+    failure.throwWithPlaceIn(source.bytes());
 }
 
 ParsedTree parse(std::unique_ptr<StrictParser> parser, const Source& source) {
@@ -161,53 +196,35 @@ ParsedTree parse(std::unique_ptr<StrictParser> parser, const Source& source) {
 }
 
 /// What a parser refuses that has read other texts before is left to a new one, which may know fewer names.
-ParsedTree parse(const std::function<std::unique_ptr<Source>()>& source) {
+ParsedTree parse(const Source& source) {
     if (std::unique_ptr<StrictParser> spare{spareParser.exchange(nullptr)}) {
         try {
-            return parse(std::move(spare), *source());
+            return parse(std::move(spare), source);
         } catch (const ParseFailure&) {  // told below
         }
     }
-    return parse(std::make_unique<StrictParser>(), *source());
+    return parse(std::make_unique<StrictParser>(), source);
 }
 
 }  // namespace
 
-ParsedTree parseFile(const std::wstring& path) {
-    try {
-        return parse([&] { return sourceOfFile(path); });
-    } catch (const WrongBytes& failure) {
-        failure.throwWithPlaceInFile(path);
-    }
-}
+ParsedTree parseFile(const std::wstring& path) { return parse(sourceOfFile(path)); }
 
 ParsedTree parseFileWithPlaces(const std::wstring& path) {
-    try {
-        const auto places = std::make_shared<ElementPlaces>();
-        PlacingParser parser(*places);
-        ParsedTree parsed = parse(parser, *sourceOfFile(path));
-        places->content = parsed.content;
-        parsed.places = places;
-        return parsed;
-    } catch (const WrongBytes& failure) {
-        failure.throwWithPlaceInFile(path);
-    }
+    const auto places = std::make_shared<ElementPlaces>();
+    PlacingParser parser(*places);
+    ParsedTree parsed = parse(parser, sourceOfFile(path));
+    places->content = parsed.content;
+    parsed.places = places;
+    return parsed;
 }
 
-ParsedTree parseBytes(const std::string& bytes) {
-    try {
-        return parse([&] { return sourceOfBytes(bytes); });
-    } catch (const WrongBytes& failure) {
-        failure.throwWithPlaceIn(bytes);
-    }
-}
+ParsedTree parseBytes(const std::string& bytes) { return parse(sourceOfBytes(bytes)); }
 
 ParsedTree parseElement(const std::string& text) {
-    ParsedTree parsed = parse([&] {
-        auto source = sourceOfBytes(text);
-        source->setEncoding(xercesc::XMLUni::fgUTF8EncodingString);  // whatever a declaration within the text names
-        return source;
-    });
+    Source source = sourceOfBytes(text);
+    source.setEncoding(xercesc::XMLUni::fgUTF8EncodingString);  // whatever a declaration within the text names
+    ParsedTree parsed = parse(source);
     // XML 1.1 allows characters and names that a document, being XML 1.0, could not be read with again.
     if (view(parsed.document->getXmlVersion()) == u"1.1") throw ParseFailure(1, 1, L"XML 1.1 is not allowed here");
     return parsed;

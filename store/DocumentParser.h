@@ -40,8 +40,7 @@ private:
 class WrongBytes : public ParseFailure {
 public:
     WrongBytes(unsigned long long line, unsigned long long column, const std::wstring& reason);
-    /// Throws the failure with the place of the first wrong byte of what was parsed, a file or bytes.
-    [[noreturn]] void throwWithPlaceInFile(const std::wstring& path) const;
+    /// Throws the failure with the place of the first wrong ones of the bytes that were parsed.
     [[noreturn]] void throwWithPlaceIn(const std::string& bytes) const;
 
 private:

@@ -143,6 +143,23 @@ TEST(BadFile, WrongBytesAreToldAtTheirPlace) {
     }
 }
 
+TEST(BadFile, EveryFormOfWrongBytesIsToldAtItsPlace) {
+    const std::string mark = "\xef\xbb\xbf";
+    const std::string good = "\xc2\x80\xdf\xbf\xe0\xa0\x80\xed\x9f\xbf\xef\xbf\xbd\xf0\x90\x80\x80\xf4\x8f\xbf\xbf";
+    for (const char* wrong :
+         {"\x80", "\xbf", "\xc1\xbf", "\xe0\x9f\xbf", "\xed\xa0\x80", "\xf0\x8f\xbf\xbf", "\xf4\x90\x80\x80", "\xff",
+          "\xe2\x82<", "\xc3\xc3\xbc", "\xef<", "\xef\xbf<", "\xef\xbf\xef\xbf\xbd", "\xf0\x9f\x98<"}) {
+        const std::pair<std::string, std::wstring> rows[] = {{"<b>\n\n<a>\xc3\xbc", L"line 3, column 5: "},
+                                                             {mark + "<b>\r\n\r<a>" + good, L"line 3, column 13: "},
+                                                             {"<b>\xc2\x85\n<a/>\r\n", L"line 3, column 1: "}};
+        for (const auto& [start, place] : rows) {
+            const std::string text = start + wrong + "</a></b>\xff";
+            const std::wstring message = messageOf([&] { (void)ConfigInfo::fromText(text, L"name"); });
+            EXPECT_NE(message.find(L"XML message is: " + place), std::wstring::npos) << XMLConfig::detail::toUtf8(message);
+        }
+    }
+}
+
 TEST(BadFile, WrongBytesAreRefusedWhereverTheReadersBuffersEnd) {
     for (const std::string wrong :
          {"\xff", "\xc3", "\xe2\x82", "\xf0\x9f\x98", "\xed\xa0\x80", "\xc0\x80", "\xf4\x90\x80\x80"}) {
