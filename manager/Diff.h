@@ -68,7 +68,9 @@ struct Difference {
     std::vector<SettingDifference> sameInValue;   ///< another text of the same value
     std::vector<SettingDifference> runs;          ///< counts and times that runs of the application write
     std::vector<OrderDifference> order;
-    std::size_t comments = 0;  ///< how many comments inside the root are new, gone or changed
+    /// How many comments are new, gone or changed, directly in the root or at any depth in its sections. Those of a device
+    /// that was added or removed are not counted, nor those of a section that repeats another one's tag and ID.
+    std::size_t comments = 0;
 
     /// Whether nothing is told that could change what the application does: texts of one value, of one effect, runs and
     /// comments may differ.
