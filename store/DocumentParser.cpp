@@ -48,6 +48,7 @@ public:
     xercesc::BinInputStream* makeStream() const override {
         m_end = {};
         m_content = {};
+        m_read = m_open();  // the stream may be lost where memory runs out, and must hold no file then
         return new Stream(*this);
     }
     /// Of the last parse.
@@ -66,10 +67,10 @@ public:
 private:
     class Stream : public xercesc::BinInputStream {
     public:
-        explicit Stream(const Source& source) : m_source(source), m_read(source.m_open()) {}
+        explicit Stream(const Source& source) : m_source(source) {}
         XMLFilePos curPos() const override { return m_source.m_end.size(); }
         XMLSize_t readBytes(XMLByte* const buffer, const XMLSize_t size) override {
-            const XMLSize_t count = m_read(buffer, size);
+            const XMLSize_t count = m_source.m_read(buffer, size);
             m_source.m_end.asked(size, count);
             m_source.m_content.add({reinterpret_cast<const char*>(buffer), count});
             return count;
@@ -78,10 +79,10 @@ private:
 
     private:
         const Source& m_source;
-        Read m_read;
     };
 
     std::function<Read()> m_open;
+    mutable Read m_read;
     mutable EndOfBytes m_end;
     mutable ContentHash m_content;
 };

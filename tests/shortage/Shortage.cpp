@@ -12,6 +12,7 @@
 #include <cstring>
 #include <functional>
 #include <iostream>
+#include <utility>
 
 #include "base/AssetManager.h"
 #include "manager/Upgrade.h"
@@ -353,6 +354,60 @@ TEST(ShortageInALoad, LeavesNothing) {
                EXPECT_EQ(loaded, text);
                EXPECT_EQ(outcomeText(ConfigInfo(path)), text);
                return hasSaid;
+           }));
+}
+
+namespace {
+
+using Place = std::pair<unsigned long long, unsigned long long>;
+const Place placeOfCamera(19, 3);  // in the sample
+
+Place cameraIn(const ConfigInfo& document, const std::wstring& path) {
+    const auto place = XMLConfig::FilePlaces(document, path).find(XMLConfig::rootElement(document).child(L"Camera"));
+    return place ? Place(place->line, place->column) : Place();
+}
+
+}  // namespace
+
+TEST(ShortageInALoadWithPlaces, LeavesNothing) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.write(L"a.skorrax", sample);
+    const std::string text = outcomeText(ConfigInfo(path));
+    const auto attempt = [&](std::size_t k) {
+        std::unique_ptr<ConfigInfo> document;
+        const bool hasSaid = runsShort(k, [&] { document = XMLConfig::loadWithPlaces(path); });
+        EXPECT_EQ(document == nullptr, hasSaid);
+        if (document == nullptr) document = XMLConfig::loadWithPlaces(path);
+        EXPECT_EQ(outcomeText(*document), text);
+        EXPECT_EQ(cameraIn(*document, path), placeOfCamera);
+        return hasSaid;
+    };
+    attempt(1);
+    report("load with places", forEveryAllocation([&](std::size_t k) {
+               const Balance balance(lossOfParser);
+               return attempt(k);
+           }));
+}
+
+TEST(ShortageInPlacesAfterAChange, LeavesTheDocument) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.write(L"a.skorrax", sample);
+    const auto attempt = [&](std::size_t k) {
+        const std::unique_ptr<ConfigInfo> document = XMLConfig::loadWithPlaces(path);
+        setText(*document, L"S", L"1", L"A", L"changed");
+        const State before(*document);
+        Place place;
+        const bool hasSaid = runsShort(k, [&] { place = cameraIn(*document, path); });
+        EXPECT_EQ(place, hasSaid ? Place() : placeOfCamera);
+        EXPECT_EQ(outcomeText(*document), before.text);
+        EXPECT_EQ(answers(*document), before.told);
+        EXPECT_EQ(cameraIn(*document, path), placeOfCamera);
+        return hasSaid;
+    };
+    attempt(1);
+    report("places after a change", forEveryAllocation([&](std::size_t k) {
+               const Balance balance(lossOfParser);
+               return attempt(k);
            }));
 }
 
