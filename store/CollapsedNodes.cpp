@@ -1,5 +1,3 @@
-#include <vector>
-
 #include "store/Document.h"
 #include "store/DocumentWriter.h"
 

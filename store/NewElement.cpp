@@ -1,7 +1,6 @@
 #include "store/NewElement.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/Text.h"
 #include "store/DocumentParser.h"
