@@ -122,8 +122,7 @@ private:
     /// Each primitive change ends here: `tell` tells the index of it.
     template <typename Tell>
     void changed(Tell tell) noexcept {
-        m_parsedPlaces.reset();
-        m_parsedComments.reset();
+        forgetParse();
         try {
             tell();
         } catch (...) {
@@ -133,6 +132,11 @@ private:
     }
     void take(const std::wstring& name, const std::function<ParsedTree()>& parse);
     void shedWaste() noexcept;
+    /// To be called when nodes of the parse may have left the tree or others have joined it.
+    void forgetParse() noexcept {
+        m_parsedPlaces.reset();
+        m_parsedComments.reset();
+    }
     void adopt(ParsedTree tree) noexcept;
     struct Missing;
     [[nodiscard]] Missing missingOf(const ItemAddress& address, const Container& container) const;

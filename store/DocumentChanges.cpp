@@ -216,7 +216,7 @@ std::size_t Document::removeComments(DOMElement& place, const std::wstring& text
 void Document::shedWaste() noexcept {
     if (m_journal.isOpen() || !m_tree.shedWaste()) return;
     m_index.reset(root());
-    m_parsedComments.reset();
+    forgetParse();
 }
 
 }  // namespace XMLConfig::detail

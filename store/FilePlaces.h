@@ -20,7 +20,8 @@ struct FilePlace {
 };
 
 /// Loads a file as ConfigInfo's file constructor does, and notes where its elements stand. Whoever will ask for places saves
-/// a second load by that, as long as neither the document nor the file changes; the load itself takes a tenth longer.
+/// a second load by that, as long as neither the document nor the file changes; the load itself takes a tenth longer. Throws
+/// as that constructor does.
 XMLCONFIG_API std::unique_ptr<ConfigInfo> loadWithPlaces(const std::wstring& path);
 
 /// Where a document's elements stand in the file that it was loaded from. Only those pay for places who ask for them: unless

@@ -1,7 +1,9 @@
 #include "store/FilePlaces.h"
 
+#include "platform/Utf8.h"
 #include "store/Address.h"
 #include "store/Document.h"
+#include "store/Together.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/support/RandomChoice.h"
 
@@ -289,6 +291,18 @@ TEST(FilePlaces, AreNotedByALoadThatFailsAsAnyOther) {
     const auto [noting, other] = failures(folder.file(L"missing"));
     EXPECT_STARTS_WITH(noting, L"Error parseDataFile: Can not open file: ");
     EXPECT_EQ(noting, other);
+}
+
+TEST(FilePlaces, StayRightWhereEqualElementsWereStoredAgainAndAgain) {
+    const std::wstring element = L"<E>" + std::wstring(1000, L'x') + L"</E>";
+    const Loaded loaded("<ConfigInfo>\n<S ID=\"1\"><A>" + XMLConfig::utf8FromWide(element) + "</A></S>\n</ConfigInfo>\n");
+    const void* const root = XMLConfig::detail::Document::of(loaded.document).root();
+    XMLConfig::detail::together(loaded.document, [&] {
+        for (int i = 0; i < 5000; ++i) loaded.document.setStringItemAsDOMElement(L"S", L"A", element, L"1");
+    });
+    EXPECT_FALSE(loaded.document.isDirty());
+    EXPECT_NE(XMLConfig::detail::Document::of(loaded.document).root(), root) << "the tree was not copied";
+    EXPECT_EQ(loaded.placeOf(L"S[1]/A"), "2:11");
 }
 
 TEST(FilePlaces, LeaveTheDocumentAsItIs) {
