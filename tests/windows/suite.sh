@@ -48,5 +48,6 @@ total() { tr -d '\r' < "$work/all" | sed -n "s/^\[ *$1 *\] \([0-9]*\) tests\{0,1
 cat "$work"/said-* | tee "$work/all"
 passed=$(total PASSED)
 [ "$passed" -gt 1500 ] || { echo 'suite: too few tests passed' >&2; failed=1; }
-echo "under Wine: $passed tests passed, $(total SKIPPED) skipped themselves, $(wc -l < "$work/skipped") of $(wc -l < "$work/known") skipped by name, see tests/windows/skipped.txt"
+grep '^\[  FAILED  \] .* ms)' "$work/all" | tee "$work/failed" >&2 || true
+echo "under Wine: $passed tests passed, $(wc -l < "$work/failed") failed, $(total SKIPPED) skipped themselves, $(wc -l < "$work/skipped") of $(wc -l < "$work/known") skipped by name, see tests/windows/skipped.txt"
 exit $failed
