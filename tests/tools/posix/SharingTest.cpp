@@ -33,12 +33,14 @@ protected:
     }
 
     /// Sets another item in each of so many processes at once; how many of them succeeded.
-    int setAtOnce(int count) const {
+    int setAtOnce(int count) const { return setAtOnce(count, {path("hall.skorrax")}); }
+    /// The same by several names of the file in turn.
+    static int setAtOnce(int count, const std::vector<std::string>& names) {
         std::vector<StartedProgram> tools;
         for (int i = 0; i < count; ++i) {
+            const std::string& name = names[static_cast<std::size_t>(i) % names.size()];
             const std::string key = "System/Key" + std::to_string(i);
-            tools.push_back(
-                startTool({"set", "--force", "--wait", "300", path("hall.skorrax"), key + "=" + std::to_string(i)}));
+            tools.push_back(startTool({"set", "--force", "--wait", "300", name, key + "=" + std::to_string(i)}));
         }
         int good = 0;
         for (StartedProgram& tool : tools) good += tool.end() == 0 ? 1 : 0;
@@ -96,6 +98,22 @@ TEST_F(Sharing, TwoHundredSetsAtOnceLoseNoChange) {
     EXPECT_EQ(setAtOnce(200), 200);
     EXPECT_EQ(countKept(200), 200);
     EXPECT_EQ(folder.entries(), 1u);
+}
+
+// Names as configurations of Windows hold them, with "\\" between the folders.
+TEST_F(Sharing, WritersByNamesWithABackslashWaitForTheOthers) {
+    folder.write(L"hall.skorrax", fileText());
+    const std::string around = folder.path().string();
+    const std::vector<std::string> names{around + "/hall.skorrax", around + "\\hall.skorrax", around + "\\.\\/hall.skorrax"};
+    EXPECT_EQ(setAtOnce(20, names), 20);
+    EXPECT_EQ(countKept(20), 20);
+    EXPECT_EQ(folder.entries(), 1u);
+    const XMLConfig::ConfigLock held(widePath("hall.skorrax"));
+    for (const std::string& name : names) {
+        const ToolRun set = runTool({"set", "--wait", "0", name, "System/RunType=ClassicRun"});
+        EXPECT_EQ(set.status, 1) << name;
+        EXPECT_THAT(set.errors, HasSubstr(name + " is being written by another program")) << name;
+    }
 }
 
 TEST_F(Sharing, ManyUpgradesAtOnceKeepEachOldFileOnce) {
