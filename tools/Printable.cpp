@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/Utf8.h"
+
 namespace tool {
 namespace {
 
@@ -24,6 +26,8 @@ bool isPrintable(wchar_t character) {
     return std::none_of(std::begin(unprintable), std::end(unprintable), holdsIt);
 }
 
+bool isOneLine(const std::wstring& text) { return std::all_of(text.begin(), text.end(), isPrintable); }
+
 std::wstring written(wchar_t character) {
     if (character == L'\n') return L"\\n";
     if (character == L'\t') return L"\\t";
@@ -42,7 +46,7 @@ std::size_t colourAt(std::wstring_view text, std::size_t at) {
 }
 
 std::wstring without(const std::wstring& text, std::wstring_view kept, bool keepsColours) {
-    if (std::all_of(text.begin(), text.end(), isPrintable)) return text;
+    if (isOneLine(text)) return text;
     std::wstring result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -67,6 +71,32 @@ std::optional<wchar_t> numberedAt(const std::wstring& line, std::size_t at) {
     return static_cast<wchar_t>(std::stoul(number, nullptr, 16));
 }
 
+/// Shells do not treat a backslash specially on systems where it separates the names of folders.
+constexpr bool isBackslashPlain = std::filesystem::path::preferred_separator == '\\';
+
+/// An unprintable character as the format of printf names it.
+std::wstring printfEscape(wchar_t character) {
+    if (character == L'\n' || character == L'\t' || character == L'\r') return written(character);
+    std::wstring text;
+    for (const char byte : XMLConfig::utf8FromWide(std::wstring(1, character))) {
+        const auto code = static_cast<unsigned char>(byte);
+        text += L'\\';
+        for (const int shift : {6, 3, 0}) text += L"01234567"[(code >> shift) & 7];
+    }
+    return text;
+}
+
+/// A word in which a shell has the text printed, for texts that no line can hold as they are.
+std::wstring printfWord(const std::wstring& text) {
+    std::wstring format;
+    for (const wchar_t character : text) {
+        if (!isPrintable(character)) format += printfEscape(character);
+        else if (character == L'\'') format += L"'\\''";
+        else format += std::wstring(character == L'\\' || character == L'%' ? 2 : 1, character);
+    }
+    return L"\"$(printf '" + format + L"')\"";
+}
+
 }  // namespace
 
 std::wstring printable(const std::wstring& text) { return without(text, L"", false); }
@@ -74,16 +104,15 @@ std::wstring printableText(const std::wstring& text) { return without(text, L"\n
 std::wstring printableLines(const std::wstring& text) { return without(text, L"\n\t", true); }
 
 std::wstring shellQuoted(const std::wstring& text) {
+    if (!isBackslashPlain && !isOneLine(text)) return printfWord(text);
     std::wstring word = L"'";
     for (const wchar_t character : text) word += character == L'\'' ? L"'\\''" : std::wstring(1, character);
     return word + L"'";
 }
 
 std::wstring shellWord(const std::wstring& text) {
-    // Shells do not treat a backslash specially on systems where it separates the names of folders.
-    constexpr bool isBackslashPlain = std::filesystem::path::preferred_separator == '\\';
     const std::wstring special = std::wstring(L" '\"$&;()*?[]<>|`!{}#~") + (isBackslashPlain ? L"" : L"\\");
-    const bool isPlain = !text.empty() && text.find_first_of(special) == std::wstring::npos;
+    const bool isPlain = !text.empty() && isOneLine(text) && text.find_first_of(special) == std::wstring::npos;
     return isPlain ? text : shellQuoted(text);
 }
 

@@ -15,7 +15,8 @@ std::wstring printableText(const std::wstring& text);
 /// The same for lines in which the tool itself has coloured something: its colours stay, too.
 std::wstring printableLines(const std::wstring& text);
 
-/// As one word of a command for a shell: between quotes, or as it is where none are needed.
+/// As one word of a command for a shell: between quotes, or as it is where none are needed. What no line can hold is a call
+/// of printf in it, "$(printf 'a\nb')", which gives back all but line feeds at the end; on Windows it stays between quotes.
 std::wstring shellWord(const std::wstring& text);
 /// The name of a file as such a word, also of one that begins like an option.
 std::wstring fileWord(const std::wstring& file);

@@ -26,6 +26,21 @@ TEST_F(ToolFileNames, AHyphenAtTheStartIsNoOptionInCommands) {
     EXPECT_THAT(runTool({"show", "--", "-x.skorrax"}, inFolder).output, HasSubstr(" (xmlconfig check ./-x.skorrax)\n"));
 }
 
+TEST_F(ToolFileNames, WhatNoLineCanHoldIsPrintedByTheShellInCommands) {
+    const std::string names[] = {"a\nb", "a\tb\r", "\x1b[31m", "\u2028", "\u202e'$x'", "%s%\n", "\"`\x07`\"", "#\u009b 1"};
+    for (const std::string& name : names) {
+        const std::string made = runTool({"new", path(name + ".skorrax")}).output;
+        const std::size_t start = made.find("next: xmlconfig ");
+        ASSERT_NE(start, std::string::npos) << made;
+        const std::string words = made.substr(start + std::string("next: xmlconfig ").size());
+        EXPECT_THAT(words, HasSubstr("$(printf '")) << name;
+        EXPECT_EQ(words.find('\n'), words.size() - 1) << words;
+        EXPECT_EQ(shellStatus(shellQuoted(toolPath()) + " " + words.substr(0, words.size() - 1) + " > /dev/null"), 0)
+            << words;
+    }
+    EXPECT_THAT(runTool({"new", path("c\n.skorrax")}).output, testing::EndsWith("/c\\n.skorrax')\"\n"));
+}
+
 TEST_F(ToolFileNames, MissingRightsAreToldAsTheReason) {
     const bool isRoot = ::geteuid() == 0;  // who may do everything
     const std::string asUser = isRoot ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
