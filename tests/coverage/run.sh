@@ -29,10 +29,10 @@ awk -F , '
         printf "%-18s %7s %7s %9s %7s\n", "folder", "lines", "run", "branches", "run"
         for (i = 1; i <= count; i++) {
             f = order[i]
-            low = share(linesRun[f], lines[f]) < bound[f] || (bound[f] == 100 && branchesRun[f] < branches[f])
+            low = lines[f] == 0 || share(linesRun[f], lines[f]) < bound[f] || (bound[f] == 100 && branchesRun[f] < branches[f])
             isListed[f] = 1
             printf "%-18s %7d %6.1f%% %9d %6.1f%%%s\n", f, lines[f], share(linesRun[f], lines[f]), branches[f],
-                   share(branchesRun[f], branches[f]), low ? "  below " bound[f] "%" : ""
+                   share(branchesRun[f], branches[f]), low ? lines[f] == 0 ? "  nothing was counted" : "  below " bound[f] "%" : ""
             failed += low
         }
         for (f in lines) if (!(f in isListed)) { print f ": a folder without a bound"; failed++ }

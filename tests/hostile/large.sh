@@ -62,6 +62,7 @@ perl -e '
     }
     print $tail' < "$here/../../examples/dome.skorrax" > "$work/ordinary"
 try ordinary 'Projector[VELDAR***100]/Name'
+[ "$outcome" = loaded ] || { echo 'large: the ordinary file is not loaded' >&2; exit 1; }
 
 made 'one text' '<S>' '"x" x 1000' '</S>'
 try 'one text' Version

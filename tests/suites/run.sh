@@ -14,7 +14,8 @@ say() { printf '\n== %s\n' "$*"; }
 
 say "building in $checkout"
 mkdir -p "$checkout" "$place/locales"
-(cd "$sources" && git ls-files -z | xargs -0 tar -cf -) | tar -xf - -C "$checkout"
+(cd "$sources" && git ls-files -z > "$work/files" && tar --null -T "$work/files" -cf "$work/sources.tar")
+tar -xf "$work/sources.tar" -C "$checkout"
 cd "$checkout"
 export CCACHE_BASEDIR="$checkout" CCACHE_NOHASHDIR=1
 cmake --preset dev > "$work/log" || { cat "$work/log"; exit 1; }

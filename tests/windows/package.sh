@@ -37,6 +37,7 @@ done
 for file in $files; do
     case $file in *.exe | *.dll) ;; *) continue ;; esac
     x86_64-w64-mingw32-objdump -p "$package/$file" | sed -n 's/.*DLL Name: //p' > "$work/needed"
+    [ -s "$work/needed" ] || { echo "package: $file names no DLL, not even those of Windows" >&2; exit 1; }
     if grep -iE '^lib(stdc|gcc|winpthread)' "$work/needed" >&2; then
         echo "package: $file needs a DLL of the compiler" >&2
         exit 1

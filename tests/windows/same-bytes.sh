@@ -65,11 +65,9 @@ for file in examples/history/*; do
     run upgrade "$name"
     run show "$name"
 done
-if "$own" --help | grep -q '^  diff '; then
-    run diff dome.skorrax dome-1.500.skorra
-    run diff dome.skorrax dome.skorrax
-    run diff carriage-returns.skorrax dome.skorrax
-fi
+run diff dome.skorrax dome-1.500.skorra
+run diff dome.skorrax dome.skorrax
+run diff carriage-returns.skorrax dome.skorrax
 
 diff -r "$work/linux" "$work/windows" && diff -r "$work/linux.said" "$work/windows.said" ||
     { echo 'same-bytes: the tool for Windows writes something else' >&2; exit 1; }
