@@ -16,10 +16,32 @@ forTracing='strace time'
 forWindows='g++-mingw-w64-x86-64-posix wine64 googletest clang dpkg-dev patch curl xz-utils'
 forChecking='clang-format clang-tidy valgrind'
 
-say() { printf '\n== %s\n' "$*"; }
+doing=
+say() { doing=$*; printf '\n== %s\n' "$*"; }
 fail() { printf './do: %s\n' "$*" >&2; exit 1; }
 asRoot() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
 isInstalled() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
+
+# The logs of a run are long: at the end, however it comes, stand the verdicts of all that ran, and what failed.
+verdicts=$(mktemp -d)
+tellVerdicts() {
+    status=$?
+    [ ! -s "$verdicts/all" ] || { printf '\n== verdicts\n'; cat "$verdicts/all"; }
+    rm -rf "$verdicts"
+    [ "$status" -eq 0 ] || [ -z "$doing" ] || printf '\n== FAILED: %s\n' "$doing"
+}
+trap tellVerdicts EXIT
+
+# judge PATTERN COMMAND...: runs a program and keeps those lines of its output for the end.
+judge() {
+    pattern=$1
+    shift
+    { status=0; "$@" || status=$?; echo "$status" > "$verdicts/status"; } | tee "$verdicts/said"
+    { echo "$doing:"; grep -E "$pattern" "$verdicts/said" || echo 'no verdict'; } >> "$verdicts/all"
+    return "$(cat "$verdicts/status")"
+}
+# judgeTests PRESET [OPTION]...
+judgeTests() { judge 'tests passed, [0-9]+ tests failed out of' ctest --preset "$@"; }
 
 # Installs those of the named packages that are missing; asks nothing.
 need() {
@@ -61,7 +83,7 @@ doTest() {
     need $forBuilding $forTesting
     build dev
     say 'testing'
-    ctest --preset dev -j "$jobs"
+    judgeTests dev -j "$jobs"
 }
 
 doBench() {
@@ -79,15 +101,15 @@ doBench() {
 tryWindows() {
     export XMLCONFIG_WINDOWS_PREFIX="$1" CCACHE_SLOPPINESS=pch_defines,time_macros
     say 'asking for what the compiler of Visual Studio would refuse'
-    sh tests/windows/msvc.sh
+    judge '^msvc: ' sh tests/windows/msvc.sh
     build dev
     build windows
     say 'testing for Windows'
-    sh tests/windows/suite.sh build/windows
-    sh tests/windows/same-bytes.sh build/windows build/dev/bin/xmlconfig
-    sh tests/windows/package.sh build/windows
+    judge '^under Wine: ' sh tests/windows/suite.sh build/windows
+    judge '^same-bytes: ' sh tests/windows/same-bytes.sh build/windows build/dev/bin/xmlconfig
+    judge '^package: ' sh tests/windows/package.sh build/windows
     build windows-static
-    sh tests/windows/package.sh build/windows-static
+    judge '^package: ' sh tests/windows/package.sh build/windows-static
 }
 
 doWindows() {
@@ -109,7 +131,7 @@ checkWindows() {
         0) tryWindows "$prefix" ;;
         3)
             say 'testing what is particular to Windows and no more, for want of the sources above'
-            sh tests/windows/run.sh
+            judge '^\[  (PASSED|FAILED)  \] [0-9]+ test' sh tests/windows/run.sh
             ;;
         *) exit "$status" ;;
     esac
@@ -117,14 +139,16 @@ checkWindows() {
 
 checkFormat() {
     say 'checking the format'
-    git ls-files -z -- '*.h' '*.cpp' | xargs -0 clang-format --dry-run --Werror
+    sources=$(git ls-files -- '*.h' '*.cpp')
+    echo "$sources" | xargs clang-format --dry-run --Werror
 }
 
 # The sources that other people's programs run; clang-tidy and the headers of GoogleTest would take an hour together.
 checkTidy() {
     say 'running clang-tidy'
-    git ls-files -z -- 'platform/*.cpp' 'store/*.cpp' 'base/*.cpp' 'sections/*.cpp' 'manager/*.cpp' 'tools/*.cpp' \
-        ':!platform/windows/*' | xargs -0 -n 1 -P "$jobs" clang-tidy --quiet -p build/dev
+    sources=$(git ls-files -- 'platform/*.cpp' 'store/*.cpp' 'base/*.cpp' 'sections/*.cpp' 'manager/*.cpp' 'tools/*.cpp' \
+        ':!platform/windows/*')
+    echo "$sources" | xargs -n 1 -P "$jobs" clang-tidy --quiet -p build/dev
 }
 
 # The release's instructions for nine fixed jobs, of which none may grow by more than 3 % unseen.
@@ -132,7 +156,7 @@ checkCounts() {
     cmake --preset release -DBUILD_TESTING=OFF -DXMLCONFIG_BUILD_BENCHMARKS=ON
     cmake --build --preset release -j "$jobs" --target xmlconfig_counts
     say 'counting instructions'
-    sh bench/counts.sh
+    judge ' projectors: |^  takes |^not ' sh bench/counts.sh
 }
 
 doCheck() {
@@ -143,15 +167,15 @@ doCheck() {
     checkTidy
     build asan
     say 'testing with the sanitizers'
-    ctest --preset asan -j "$jobs"
+    judgeTests asan -j "$jobs"
     build tsan
     say 'testing threads with the thread sanitizer'
-    ctest --preset tsan
+    judgeTests tsan
     checkWindows
     checkCounts
     doFuzz 30
     say 'using the static library as a consumer'
-    XMLCONFIG_BUILD_TYPE=Debug XMLCONFIG_FLAGS_DEBUG=-O0 XMLCONFIG_LAUNCHER=ccache \
+    judge '^consumer: .* serves ' env XMLCONFIG_BUILD_TYPE=Debug XMLCONFIG_FLAGS_DEBUG=-O0 XMLCONFIG_LAUNCHER=ccache \
         sh tests/consumer/run.sh build/consumer-static static
     say 'all checks passed'
 }
@@ -179,7 +203,7 @@ doFuzz() {
     need $forBuilding $forFuzzing
     build fuzz
     say 'fuzzing'
-    sh fuzz/run.sh "$@"
+    judge ' inputs, covering ' sh fuzz/run.sh "$@"
 }
 
 # What no test runs, a folder in a line.
