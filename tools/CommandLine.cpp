@@ -68,6 +68,7 @@ public:
     int run(const std::vector<std::string>& arguments) {
         if (arguments.size() == 2 && arguments[0] == "--man") return printManual(arguments[1]);
         m_wantsJson = isJsonWanted(arguments);
+        if (const std::optional<std::string> broken = brokenWord(arguments)) return refuseBroken(*broken, arguments);
         if (const std::optional<std::string> unknown = unknownVerb(arguments)) return refuseUnknownVerb(*unknown);
         try {
             const std::vector<std::string> words = withEmptyValues(arguments);
@@ -80,11 +81,31 @@ public:
     }
 
 private:
-    static std::optional<std::string> unknownVerb(const std::vector<std::string>& arguments) {
+    /// The first word that is no option; nothing where there is none.
+    static std::optional<std::string> firstWord(const std::vector<std::string>& arguments) {
         const auto isWord = [](const std::string& argument) { return argument.empty() || argument[0] != '-'; };
         const auto word = std::find_if(arguments.begin(), arguments.end(), isWord);
-        if (word == arguments.end()) return std::nullopt;
-        return isVerb(*word) ? std::nullopt : std::optional<std::string>(*word);
+        return word == arguments.end() ? std::nullopt : std::optional<std::string>(*word);
+    }
+
+    static std::optional<std::string> unknownVerb(const std::vector<std::string>& arguments) {
+        const std::optional<std::string> word = firstWord(arguments);
+        return word && isVerb(*word) ? std::nullopt : word;
+    }
+
+    /// The first argument that is not UTF-8.
+    static std::optional<std::string> brokenWord(const std::vector<std::string>& arguments) {
+        const auto isBroken = [](const std::string& argument) {
+            return XMLConfig::utf8FromWide(XMLConfig::wideFromUtf8(argument)) != argument;
+        };
+        const auto word = std::find_if(arguments.begin(), arguments.end(), isBroken);
+        return word == arguments.end() ? std::nullopt : std::optional<std::string>(*word);
+    }
+
+    int refuseBroken(const std::string& broken, const std::vector<std::string>& arguments) const {
+        const std::wstring message = L"an argument is not UTF-8: " + XMLConfig::wideFromUtf8(broken);
+        const std::optional<std::string> verb = unknownVerb(arguments) ? std::nullopt : firstWord(arguments);
+        return refuseUsage(verb.value_or(""), message);
     }
 
     /// Whether --json stands in a command line that cannot be parsed.
@@ -131,9 +152,9 @@ private:
                            "'xmlconfig --help' lists the verbs");
     }
 
-    int refuseUsage(const std::string& verb, const std::wstring& message, const std::string& advice) const {
+    int refuseUsage(const std::string& verb, const std::wstring& message, const std::string& advice = "") const {
         complain(message);
-        complain(advice);
+        if (!advice.empty()) complain(advice);
         if (m_wantsJson) print(faultAnswer(verb, {}, {message, L"", WrongUsage}));
         return flushOutput() ? WrongUsage : NotReadable;
     }

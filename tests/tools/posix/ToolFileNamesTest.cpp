@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <nlohmann/json.hpp>
 
 #include "tests/support/CurrentFile.h"
 #include "tests/support/ToolFiles.h"
@@ -39,6 +40,25 @@ TEST_F(ToolFileNames, WhatNoLineCanHoldIsPrintedByTheShellInCommands) {
             << words;
     }
     EXPECT_THAT(runTool({"new", path("c\n.skorrax")}).output, testing::EndsWith("/c\\n.skorrax')\"\n"));
+}
+
+// Arguments of other systems are wide text, which none of these bytes are.
+TEST_F(ToolFileNames, ThatAreNotUtf8AreRefusedInJsonToo) {
+    using Json = nlohmann::json;
+    const std::string fault = "an argument is not UTF-8: \uFFFD.skorrax";
+    const auto answer = [&](const Json& verb) {
+        return Json({{"format", 1}, {"verb", verb}, {"error", fault}, {"exit", 2}});
+    };
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"get", "--json", "\xFF.skorrax", "System/RunType"},
+          {"show", "\xFF.skorrax", "--json"},
+          {"\xFF.skorrax", "--json"}}) {
+        const ToolRun run = runTool(words);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(Json::parse(run.output), answer(words[0].size() > 4 ? Json(nullptr) : Json(words[0])));
+        EXPECT_EQ(run.errors, "xmlconfig: " + fault + "\n");
+    }
+    expectRun(runTool({"show", "\xFF.skorrax", "--", "--json"}), 2, "", "xmlconfig: " + fault + "\n");
 }
 
 TEST_F(ToolFileNames, MissingRightsAreToldAsTheReason) {
