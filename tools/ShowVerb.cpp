@@ -66,10 +66,15 @@ private:
     }
 
     [[nodiscard]] std::wstring trees() const {
+        const Showing showing(*m_document);
         std::wstring text;
         for (const Address& place : m_places)
-            text += (text.empty() ? L"" : L"\n") + treeText(XMLConfig::findElement(*m_document, place));
+            text += (text.empty() ? L"" : L"\n") + tree(XMLConfig::findElement(*m_document, place), place, showing);
         return text;
+    }
+
+    static std::wstring tree(const ElementView& element, const Address& place, const Showing& showing) {
+        return treeText(element, shownNumbers(element, place, showing));
     }
 
     [[nodiscard]] std::wstring headerText() const {
@@ -80,9 +85,11 @@ private:
     }
 
     [[nodiscard]] std::wstring wholeTree() const {
+        const Showing showing(*m_document);
         std::wstring text;
         for (const ElementView& element : XMLConfig::rootElement(*m_document).children())
-            if (!XMLConfig::isHeaderElement(element.name())) text += L"\n" + treeText(element);
+            if (!XMLConfig::isHeaderElement(element.name()))
+                text += L"\n" + tree(element, {element.name(), element.id(), L"", L"", L""}, showing);
         return text;
     }
 
@@ -128,7 +135,8 @@ void setUpShow(Options& options, Request& request) {
     options.flag("--flat", request.flat, "One line a value: ADDRESS=TEXT, as 'set --from' reads them").excludes(all);
     options.flag("--json", request.json, "Answer with one JSON object");
     options.footer(std::string("In the lines of --flat, \\n, \\t and \\\\ stand for a line feed, a tab and a backslash,\n"
-                               "and \\u009b for the character of that number.\n\n") +
+                               "and \\u009b for the character of that number. Trees show numbers in the document's\n"
+                               "units, --flat as they are stored.\n\n") +
                    addressHelp);
 }
 

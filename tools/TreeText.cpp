@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "manager/StoredTexts.h"
 #include "platform/Words.h"
 #include "tools/Printable.h"
+#include "tools/Showing.h"
 
 namespace tool {
 namespace {
@@ -37,12 +39,24 @@ std::wstring valueText(const std::wstring& text, int depth) {
 
 }  // namespace
 
-std::wstring treeText(const ElementView& element, int depth) {
+ShownTexts shownNumbers(const ElementView& element, const XMLConfig::Address& place, const Showing& showing) {
+    ShownTexts shown;
+    for (const XMLConfig::StoredText& text : storedTexts(element, place, L"")) {
+        const bool isNumber = text.setting != nullptr && isNumbers(text.setting->type);
+        if (isNumber && isOfType(text.text, text.setting->type))
+            shown[text.element] = showing.value(text.text, text.setting);
+    }
+    return shown;
+}
+
+std::wstring treeText(const ElementView& element, const ShownTexts& shown, int depth) {
     std::wstring text = indent(depth) + printable(element.name()) + attributesText(element);
+    const auto known = shown.find(element);
+    if (known != shown.end()) return text + valueText(known->second, depth);
     const std::wstring value = element.firstChild() ? L"" : element.text();
     if (!element.firstChild() && (depth > 0 || !value.empty())) return text + valueText(value, depth);
     text += L"\n";
-    for (const ElementView& child : element.children()) text += treeText(child, depth + 1);
+    for (const ElementView& child : element.children()) text += treeText(child, shown, depth + 1);
     return text;
 }
 

@@ -119,8 +119,28 @@ TEST(ShowVerb, StandardInputIsShown) {
 
 TEST(ShowVerb, AddressesShowTheirPartsOnly) {
     expectRun(runTool({"show", dome, "Projector[Dome 1]/Channel_Extents/HFOV", "System/Nothing", "Screen/Shape"}), 1,
-              "HFOV\n  Left = -5.235987755982988e-01\n  Right = 5.235987755982988e-01\n\nShape = Sphere\n",
+              "HFOV\n  Left = -30°\n  Right = 30°\n\nShape = Sphere\n",
               "xmlconfig: examples/dome.skorrax: holds no System/Nothing\n");
+}
+
+TEST(ShowVerb, TreesShowNumbersInTheUnitsOfTheDocument) {
+    const std::string text = exampleText("<Length_Unit>Meters", "<Length_Unit>Centimeters");
+    EXPECT_EQ(runToolReading(text, {"show", "-", "Screen/Checkerboard_Calibration", "Projector[Dome 2]/Blend_Left"}).output,
+              "Checkerboard_Calibration\n  Box_Dimension = 8 cm\n  Grid_Size\n    Columns = 9\n    Rows = 6\n\n"
+              "Blend_Left = 25 %\n");
+    const std::string whole = runToolReading(text, {"show", "--all", "-"}).output;
+    for (const char* line : {"\n  Center_Point = 0 cm, 0 cm, 210 cm\n", "\n  Colour_Tolerance = 0.001\n",
+                             "\n    5, 2099.500000, 1480.125000\n", "\n      Yaw = 67.5°\n"})
+        EXPECT_THAT(whole, HasSubstr(line));
+    const std::string devices = runToolReading(text, {"show", "-", "Projector[*]", "Camera[*]", "Screen"}).output;
+    EXPECT_THAT(devices, testing::Not(testing::ContainsRegex("[0-9]e[-+][0-9][0-9]")));
+}
+
+TEST(ShowVerb, TreesShowAsItStandsWhatIsNoNumber) {
+    const std::string text =
+        currentFile("<Projector ID=\"a\"><Gamma>much</Gamma><Blend_Left/><Mine>1.500000000000000e+00</Mine></Projector>");
+    EXPECT_EQ(runToolReading(text, {"show", "-", "Projector"}).output,
+              "Projector [a]\n  Gamma = much\n  Blend_Left = \n  Mine = 1.500000000000000e+00\n");
 }
 
 TEST(ShowVerb, FlatIsOneLineAValue) {

@@ -325,7 +325,7 @@ TEST_F(Tool, ShowAllPrintsTheWholeTree) {
               "      id = 1\n"
               "  Channel_Extents\n"
               "    Heading\n"
-              "      Yaw = 1.000000000000000e+00\n"
+              "      Yaw = 57.29578°\n"
               "\n"
               "Camera [1]\n"
               "  Camera_Calibration_Points =\n"
