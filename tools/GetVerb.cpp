@@ -1,13 +1,10 @@
-#include <algorithm>
-
-#include "manager/Origin.h"
 #include "manager/SettingSearch.h"
 #include "platform/Terminal.h"
 #include "platform/Utf8.h"
 #include "store/FilePlaces.h"
+#include "tools/Answer.h"
 #include "tools/Json.h"
 #include "tools/Output.h"
-#include "tools/Places.h"
 #include "tools/Printable.h"
 #include "tools/Reading.h"
 #include "tools/Showing.h"
@@ -19,61 +16,8 @@
 namespace tool {
 namespace {
 
-using XMLConfig::Address;
-using XMLConfig::EffectiveValue;
 using XMLConfig::ElementView;
 using XMLConfig::Origin;
-using XMLConfig::Setting;
-
-/// What a place holds, and what the application reads there.
-struct Answer {
-    std::wstring address;
-    Address place;
-    const Setting* setting = nullptr;
-    ElementView element;                    ///< what the place itself holds
-    std::wstring stored;                    ///< its text
-    std::optional<EffectiveValue> counted;  ///< what the application reads; nothing for unknown settings that are missing
-
-    /// Whether there is anything to print.
-    [[nodiscard]] bool isThere(bool asCounted) const { return asCounted ? counted || element : bool(element); }
-};
-
-std::wstring elementText(const ConfigInfo& document, const Address& place) {
-    return document.getStringItemAsDOMElement(place.section, place.key, L"", place.sectionID);
-}
-
-bool holdsElement(const Setting* setting) { return setting != nullptr && setting->type == XMLConfig::SettingType::Element; }
-
-Answer answerAt(const ConfigInfo& document, const Address& place) {
-    Answer answer{XMLConfig::addressText(place),           place, XMLConfig::knownSetting(place),
-                  XMLConfig::findElement(document, place), L"",   std::nullopt};
-    if (answer.element && holdsElement(answer.setting)) answer.stored = elementText(document, place);
-    else if (answer.element && !answer.element.firstChild()) answer.stored = answer.element.text();
-    answer.counted = XMLConfig::effectiveValue(document, place);
-    if (answer.counted && holdsElement(answer.setting)) answer.counted->text = answer.counted->stored;
-    return answer;
-}
-
-/// The answer for a device that is not there, of which the application reads nothing either.
-Answer nothingAt(const Address& place) { return {XMLConfig::addressText(place), place, nullptr, {}, L"", std::nullopt}; }
-
-/// Whether the place holds other settings and no value.
-bool isGroup(const Answer& answer) {
-    return answer.place.key.empty() || (answer.element.firstChild() && !holdsElement(answer.setting));
-}
-
-/// Adds one answer for the place; for a group, one for each text in it.
-void addAnswers(std::vector<Answer>& answers, const ConfigInfo& document, const Address& place) {
-    Answer answer = answerAt(document, place);
-    if (!answer.element || !isGroup(answer)) {
-        answers.push_back(std::move(answer));
-        return;
-    }
-    for (const XMLConfig::StoredText& text : textsAt(answer.element, place)) {
-        if (text.inSnippet) answers.push_back({text.path, text.place, nullptr, text.element, text.text, std::nullopt});
-        else answers.push_back(answerAt(document, text.place));
-    }
-}
 
 /// All that one run of get prints.
 class Getting {
@@ -84,9 +28,11 @@ public:
           m_document(readDocument(request.file, request.json || request.origin ? Lines::Asked : Lines::NotAsked)) {}
 
     ExitStatus run() {
-        const std::vector<Address> operands = addresses();
-        if (operands.size() == 1 && isPlain() && operands[0].sectionID != L"*") return printOne(operands[0]);
-        for (const Address& operand : operands) gather(operand);
+        const std::vector<AskedPlace> asked = askedPlaces();
+        const bool isOne = asked.size() == 1 && isPlain() && asked[0].address.sectionID != L"*";
+        if (isOne) m_answers = answersAt(*m_document, asked[0]);
+        else gather(asked);
+        if (isOne && m_answers.size() == 1) return printOne();
         const ExitStatus status = complainOfMissing();
         if (m_request.json) print(jsonEnd(json(), status));
         else print(m_request.origin ? originText() : linesText());
@@ -97,33 +43,33 @@ private:
     [[nodiscard]] bool isPlain() const { return !m_request.json && !m_request.origin; }
     [[nodiscard]] bool isCounted() const { return m_request.effective || m_request.origin || m_request.json; }
 
-    [[nodiscard]] std::vector<Address> addresses() const {
-        std::vector<Address> list;
-        for (const std::string& operand : m_request.operands)
-            list.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+    [[nodiscard]] std::vector<AskedPlace> askedPlaces() const {
+        std::vector<AskedPlace> list;
+        for (const std::string& operand : m_request.operands) list.push_back(askedPlaceOf(XMLConfig::wideFromUtf8(operand)));
         return list;
     }
 
-    void gather(const Address& operand) {
-        const std::vector<Address> places = placesOf(*m_document, operand);
-        for (const Address& place : places) addAnswers(m_answers, *m_document, place);
-        if (places.empty()) m_answers.push_back(nothingAt(operand));
+    void gather(const std::vector<AskedPlace>& asked) {
+        for (const AskedPlace& place : asked)
+            for (Answer& answer : textAnswersAt(*m_document, place)) m_answers.push_back(std::move(answer));
     }
 
     /// Prints the text alone; a group as a tree.
-    ExitStatus printOne(const Address& operand) {
-        const std::vector<Address> places = placesOf(*m_document, operand);
-        m_answers.push_back(places.empty() ? nothingAt(operand) : answerAt(*m_document, places[0]));
+    ExitStatus printOne() {
         const Answer& answer = m_answers[0];
         const ExitStatus status = complainOfMissing();
         if (!answer.isThere(isCounted()) && !m_request.fallback) return status;
-        const std::wstring text = answer.element && isGroup(answer) && !(m_request.effective && answer.counted)
-                                      ? treeText(answer.element)
-                                      : textOf(answer);
+        const std::wstring text =
+            answer.element && answer.isGroup() && !(m_request.effective && answer.counted) ? treeOf(answer) : textOf(answer);
         // A program that reads the output gets the text as it stands.
         const std::wstring line = !text.empty() && text.back() == L'\n' ? text : text + L"\n";
         printExactly(XMLConfig::detail::isOutputATerminal() ? printableText(line) : line);
         return status;
+    }
+
+    [[nodiscard]] std::wstring treeOf(const Answer& answer) const {
+        if (!m_request.human) return treeText(answer.element);
+        return treeText(answer.element, shownNumbers(answer.element, answer.place, Showing(*m_document)));
     }
 
     /// Names what is missing, and what the application reads instead. Gives the exit status of a refusal where something is
@@ -151,7 +97,7 @@ private:
         if (!answer.isThere(isCounted())) return XMLConfig::wideFromUtf8(*m_request.fallback);
         std::wstring text = answer.stored;
         if (isCounted() && answer.counted) text = m_request.effective ? answer.counted->text : answer.counted->stored;
-        if (answer.element && holdsElement(answer.setting)) text = answer.stored;
+        if (answer.element && answer.holdsElement()) text = answer.stored;
         return m_request.human ? Showing(*m_document).value(text, answer.setting) : text;
     }
 
@@ -166,7 +112,7 @@ private:
     [[nodiscard]] std::wstring originText() const {
         std::vector<std::vector<std::wstring>> rows;
         for (const Answer& answer : m_answers)
-            if (answer.isThere(true))
+            if (answer.isThere(true) || m_request.fallback)
                 rows.push_back(
                     {originOf(answer), printable(sourceOf(answer)), escaped(answer.address), escaped(textOf(answer))});
         if (XMLConfig::detail::isOutputATerminal()) return tableText(rows, L"");
@@ -176,11 +122,12 @@ private:
     }
 
     static std::wstring originOf(const Answer& answer) {
+        if (!answer.isThere(true)) return L"missing";
         return answer.counted ? nameOf(answer.counted->origin) : nameOf(Origin::Stored);
     }
 
     [[nodiscard]] std::wstring sourceOf(const Answer& answer) const {
-        if (answer.counted && answer.counted->origin == Origin::Default) return L"-";
+        if (!answer.isThere(true) || (answer.counted && answer.counted->origin == Origin::Default)) return L"-";
         const bool isInherited = answer.counted && answer.counted->origin == Origin::Inherited;
         const std::optional<unsigned long long> line = lineOf(isInherited ? answer.counted->element : answer.element);
         return (isInherited ? XMLConfig::addressText(answer.counted->from) : m_file) +
@@ -206,7 +153,7 @@ private:
     [[nodiscard]] Json jsonOf(const Answer& answer, const Showing& showing) const {
         Json json = {{"address", jsonText(answer.address)}, {"device", jsonText(deviceOf(answer, showing))}};
         if (!answer.isThere(true)) {
-            json.update({{"origin", "missing"}, {"from", nullptr}, {"line", nullptr}});
+            json.update({{"origin", jsonText(originOf(answer))}, {"from", nullptr}, {"line", nullptr}});
             json.update({{"text", m_request.fallback ? Json(*m_request.fallback) : Json(nullptr)}, {"value", nullptr}});
         } else {
             const bool isDefault = answer.counted && answer.counted->origin == Origin::Default;
@@ -224,7 +171,7 @@ private:
     }
 
     static Json valueOf(const Answer& answer) {
-        const std::wstring& text = answer.counted && !holdsElement(answer.setting) ? answer.counted->text : answer.stored;
+        const std::wstring& text = answer.counted && !answer.holdsElement() ? answer.counted->text : answer.stored;
         return answer.setting == nullptr ? jsonText(text) : jsonValue(text, answer.setting->type);
     }
 

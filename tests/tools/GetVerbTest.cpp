@@ -128,10 +128,45 @@ TEST(GetVerb, DefaultStandsForWhatIsMissing) {
               "System/Nothing\t\nSystem/Length_Unit\tMeters\nCamera[x]/Name\t\n");
 }
 
+TEST(GetVerb, OriginOfWhatTheDefaultStandsForIsMissing) {
+    expectRun(
+        runTool({"get", "--origin", "--default", "a\tb", dome, "System/Nothing", "Projector[#1]/Pellinor_Warp_Latency"}), 0,
+        "missing\t-\tSystem/Nothing\ta\\tb\ndefault\t-\t" + first + "/Pellinor_Warp_Latency\t0\n");
+    expectRun(runTool({"get", "--origin", "--default", "none", dome, "Camera[x]/Name"}), 0,
+              "missing\t-\tCamera[x]/Name\tnone\n");
+}
+
+TEST(GetVerb, TextsInDeviceSnippetsHaveTheAddressesThatShowNames) {
+    const std::string snippet = first + "/DeviceSnippet/device";
+    expectRun(runTool({"get", dome, "Projector[#1]/DeviceSnippet/device@name"}), 0, "PRJ-1\n");
+    expectRun(runTool({"get", "--human", dome, "Projector[Dome 1]/DeviceSnippet/device/connection/port"}), 0, "3002\n");
+    expectRun(runTool({"get", dome, "Projector[#1]/DeviceSnippet/device/connection"}), 0,
+              snippet + "/connection@type\tETHERNET\n" + snippet + "/connection/address\t192.168.10.11\n" + snippet +
+                  "/connection/port\t3002\n");
+    expectRun(runTool({"get", "--origin", dome, "Projector[#1]/DeviceSnippet/device/id"}), 0,
+              "stored\texamples/dome.skorrax:234\t" + snippet + "/id\t1\n");
+    expectRun(runTool({"get", dome, "Camera[*]/DeviceSnippet/device/serialNumber"}), 0,
+              "Camera[PGR***02:1c:00:51:00:a0]/DeviceSnippet/device/serialNumber\t17182096\n"
+              "Camera[PGR***02:1c:00:51:00:a4]/DeviceSnippet/device/serialNumber\t17182104\n");
+    for (const char* part : {"/i", "@nam", "/id/more", "#2", "/connection/port@x"})
+        expectRun(runTool({"get", dome, "Projector[#1]/DeviceSnippet/device" + std::string(part)}), 1, "",
+                  "xmlconfig: examples/dome.skorrax: holds no " + snippet + part + "\n");
+    expectRun(runTool({"get", "--default", "none", dome, "Projector[#1]/DeviceSnippet/device@nam"}), 0, "none\n");
+    EXPECT_EQ(runTool({"get", dome, "Projector[#1]/Name/device@name"}).status, 2);
+}
+
+TEST(GetVerb, TextsOfTheHeaderAreValues) {
+    expectRun(runTool({"get", dome, "Version"}), 0, "9.000\n");
+    expectRun(runTool({"get", dome, "BuildNumber", "BuildDate"}), 0, "BuildNumber\t2.1.1.14\nBuildDate\tMar 11 2019\n");
+    expectRun(runTool({"get", "--origin", dome, "Version"}), 0, "stored\texamples/dome.skorrax:3\tVersion\t9.000\n");
+}
+
 TEST(GetVerb, HumanIsShortAndInTheDocumentsUnits) {
     expectRun(runTool({"get", "--human", dome, "Projector[Dome 3]/Channel_Extents/Heading/Yaw"}), 0, "22.5°\n");
     expectRun(runTool({"get", "--human", dome, "Screen/Screen_Radius", "Projector[Dome 2]/Blend_Left"}), 0,
               "Screen/Screen_Radius\t5.2 m\n" + second + "/Blend_Left\t25 %\n");
+    expectRun(runTool({"get", "--human", dome, "Projector[Dome 1]/Channel_Extents/HFOV"}), 0,
+              "HFOV\n  Left = -30°\n  Right = 30°\n");
 }
 
 TEST(GetVerb, GroupsAreLinesBesideOthers) {
