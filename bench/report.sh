@@ -3,7 +3,7 @@
 #   sh bench/report.sh                  all parts that take minutes: times, counts, start, growth
 #   sh bench/report.sh PART...          these parts: times, counts, start, growth, or get and large, which take minutes and 5 GB
 #   sh bench/report.sh page             only the page, of what bench/results/ keeps
-# Fails where a floor is not kept or a count has grown, after the page is made.
+# Fails, after the page is made, where a part did.
 # ROUNDS=N: how often times are measured (11). The release must have been built with its benchmarks, as ./do bench does.
 set -eu
 export LC_ALL=C
@@ -77,7 +77,7 @@ measure() {
         growth) "$programs/xmlconfig_growth" ;;
         large) measureLarge ;;
         *) echo "report.sh: there is no part $1" >&2; exit 2 ;;
-    esac > "$results/$1.new" || { echo "report.sh: $1: not all floors are kept" >&2; failed=1; }
+    esac > "$results/$1.new" || { echo "report.sh: measuring $1 failed" >&2; failed=1; }
     [ -s "$results/$1.new" ] || { echo "report.sh: $1: nothing was measured" >&2; exit 1; }
     { cat "$results/$1.new"; echo; machine; } > "$results/$1.txt"
     rm "$results/$1.new"
