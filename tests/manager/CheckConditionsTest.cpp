@@ -1,31 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "manager/Check.h"
 #include "platform/Clock.h"
-#include "store/ConfigInfo.h"
-#include "tests/support/CurrentFile.h"
 #include "tests/support/DeviceSections.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/FoundBy.h"
 
 // Each rule just inside and just outside of its condition.
 
 namespace {
-
-using Lines = std::vector<std::wstring>;
-
-/// What the rule finds in a document, as "address: message" and, where something mends it, "; " and the command.
-Lines foundBy(const wchar_t* rule, const std::string& content) {
-    const TemporaryFolder folder;
-    const ConfigInfo document(folder.write(L"hall.skorrax", currentFile(content)));
-    XMLConfig::CheckOptions options;
-    options.onlyRules = {rule};
-    Lines lines;
-    for (const XMLConfig::Finding& finding : XMLConfig::check(document, options)) {
-        lines.push_back(finding.address + L": " + finding.message);
-        for (const auto& command : finding.mend.commands) lines.back() += L"; " + command[0] + L" " + command[2];
-    }
-    return lines;
-}
 
 /// A projector whose channel has this heading, in radians, and a field of 40 by 30 degrees.
 std::string projectorAt(const std::string& id, const std::string& yaw, const std::string& pitch, const std::string& inside) {
