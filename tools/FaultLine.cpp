@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <optional>
+#include <string_view>
 
+#include "platform/Utf8.h"
+#include "platform/Words.h"
 #include "store/TextLine.h"
 #include "tools/Printable.h"
 #include "tools/TableText.h"
@@ -25,13 +28,36 @@ std::size_t numberAfter(const std::wstring& text, const std::wstring& words, std
     return number;
 }
 
-/// The last place that the message names. The name of a file, which may look like a place, stands before it.
+const std::wstring placeMark = L"XML message is: line ";
+
+/// The place at which the XML library finds fault. The name of the file, which may look like a place, stands before it.
 std::optional<FaultPlace> placeIn(const std::wstring& message) {
-    const std::size_t at = message.rfind(L"line ");
+    const std::size_t at = message.rfind(placeMark);
     if (at == std::wstring::npos) return std::nullopt;
-    const FaultPlace place{numberAfter(message, L"line ", at), numberAfter(message, L", column ", at)};
+    const FaultPlace place{numberAfter(message, placeMark, at), numberAfter(message, L", column ", at)};
     return place.line == 0 || place.column == 0 ? std::nullopt : std::optional<FaultPlace>(place);
 }
+
+/// What a declaration names: encoding="...". "" for none.
+std::wstring namedEncoding(const std::wstring& declaration) {
+    const std::size_t word = declaration.compare(0, 5, L"<?xml") == 0 ? declaration.find(L"encoding") : std::wstring::npos;
+    const std::size_t begin = word == std::wstring::npos ? word : declaration.find_first_of(L"\"'", word);
+    if (begin == std::wstring::npos) return {};
+    return declaration.substr(begin + 1, declaration.find(declaration[begin], begin + 1) - begin - 1);
+}
+
+bool beginsWith(const std::string& bytes, std::string_view start) { return bytes.compare(0, start.size(), start) == 0; }
+
+/// The encoding that the first bytes alone tell; "" where they do not.
+std::wstring encodingOfFirstBytes(const std::string& bytes) {
+    using namespace std::string_view_literals;
+    if (beginsWith(bytes, "\xFF\xFE\0\0"sv) || beginsWith(bytes, "\0\0\xFE\xFF"sv)) return L"UTF-32";
+    const bool isWide = beginsWith(bytes, "\xFF\xFE"sv) || beginsWith(bytes, "\xFE\xFF"sv) || beginsWith(bytes, "<\0"sv) ||
+                        beginsWith(bytes, "\0<"sv);
+    return isWide ? L"UTF-16" : L"";
+}
+
+bool isUtf8(const std::string& bytes) { return XMLConfig::utf8FromWide(XMLConfig::wideFromUtf8(bytes)) == bytes; }
 
 std::size_t unitsOf(wchar_t character) {
     const auto code = static_cast<char32_t>(character);
@@ -65,6 +91,16 @@ std::wstring faultLine(const std::wstring& message, const std::string& bytes) {
     const std::size_t begin = index > before ? index - before : 0;
     const std::wstring blanks(widthOf(shown.substr(begin, index - begin)), L' ');
     return L"  " + shown.substr(begin, most) + L"\n  " + blanks + L"^";
+}
+
+std::wstring encodingReason(const std::wstring& message, const std::string& bytes) {
+    if (!placeIn(message)) return {};
+    const std::wstring named = namedEncoding(XMLConfig::textLine(bytes, 1));
+    const std::wstring told = encodingOfFirstBytes(bytes);
+    const std::wstring lower = XMLConfig::detail::lowerAscii(named);
+    if (!told.empty()) return lower == L"utf-8" ? L"; it is written in " + told + L", but names " + named : L"";
+    const bool isMeantAsUtf8 = lower.empty() || lower == L"utf-8";
+    return isMeantAsUtf8 && !isUtf8(bytes) ? L"; it is not in UTF-8, as it is to be where it names no other encoding" : L"";
 }
 
 }  // namespace tool

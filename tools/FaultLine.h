@@ -9,4 +9,8 @@ namespace tool {
 /// long line is cut about the column.
 std::wstring faultLine(const std::wstring& message, const std::string& bytes);
 
+/// For a message of that kind about bytes that are in another encoding than they say: "; it is written in UTF-16, but names
+/// UTF-8". "" for others.
+std::wstring encodingReason(const std::wstring& message, const std::string& bytes);
+
 }  // namespace tool

@@ -38,7 +38,8 @@ std::unique_ptr<ConfigInfo> parsedInput() {
     try {
         return ConfigInfo::fromText(bytes, standardInput);
     } catch (const CorvaneException& fault) {
-        throw Unreadable(fault.getMessage(), faultLine(fault.getMessage(), bytes));
+        throw Unreadable(fault.getMessage() + encodingReason(fault.getMessage(), bytes),
+                         faultLine(fault.getMessage(), bytes));
     }
 }
 
@@ -95,28 +96,43 @@ std::optional<double> bringUpToDate(ConfigInfo& document, const std::string& fil
     return version;
 }
 
-/// Why a file that stands there is not opened, as far as that can be seen from outside.
+/// Why a configuration that may be read is not opened.
 std::wstring reasonOfRights(const std::filesystem::path& path, std::filesystem::perms rights) {
     using Rights = std::filesystem::perms;
-    if (!std::ifstream(path)) return L"; it may not be read by you";
     const Rights writing = Rights::owner_write | Rights::group_write | Rights::others_write;
     if ((rights & writing) == Rights::none) return L"; nobody may write it, and such a file is not opened";
     const bool isWritable = bool(std::fstream(path, std::ios::in | std::ios::out));  // which changes nothing
     return isWritable ? L"" : L"; it may not be written by you, and such a file is not opened";
 }
 
-std::wstring reasonNotToOpen(const std::filesystem::path& path) {
-    std::error_code fault;
-    const std::filesystem::file_status status = std::filesystem::status(path, fault);
+/// Why a file cannot be read, as far as that can be seen from outside.
+std::wstring reasonNotToRead(const std::filesystem::path& path, const std::filesystem::file_status& status,
+                             const std::error_code& fault) {
     if (std::filesystem::is_directory(status)) return L"; it is a folder";
     if (fault == std::errc::permission_denied) return L"; its folder may not be entered by you";
     if (status.type() == std::filesystem::file_type::not_found) return L"; there is no such file";
-    if (!std::filesystem::exists(status)) return L"";
+    const bool isForbidden = std::filesystem::is_regular_file(status) && !std::ifstream(path);
+    return isForbidden ? L"; it may not be read by you" : L"";
+}
+
+std::wstring reasonNotToOpen(const std::filesystem::path& path) {
+    std::error_code fault;
+    const std::filesystem::file_status status = std::filesystem::status(path, fault);
+    const std::wstring reason = reasonNotToRead(path, status, fault);
+    if (!reason.empty() || !std::filesystem::exists(status)) return reason;
     if (!std::filesystem::is_regular_file(status)) return L"; it is a pipe or a device";
     return reasonOfRights(path, status.permissions());
 }
 
 }  // namespace
+
+std::wstring unreadableLines(const std::string& file) {
+    const std::wstring name = XMLConfig::wideFromUtf8(file);
+    const std::filesystem::path path = XMLConfig::pathForStreams(name);
+    std::error_code fault;
+    const std::filesystem::file_status status = std::filesystem::status(path, fault);
+    return name + L": cannot be read" + reasonNotToRead(path, status, fault);
+}
 
 std::wstring withReason(const std::wstring& message, const std::string& file) {
     const std::filesystem::path path = XMLConfig::pathForStreams(XMLConfig::wideFromUtf8(file));
@@ -125,8 +141,10 @@ std::wstring withReason(const std::wstring& message, const std::string& file) {
     const std::size_t at = message.rfind(notOpened);
     if (at != std::wstring::npos)  // what follows the name is a reason already
         return at + notOpened.size() == message.size() ? message + reasonNotToOpen(path) : message;
-    const bool isEmpty = std::filesystem::is_regular_file(path, ignored) && std::filesystem::file_size(path, ignored) == 0;
-    return isEmpty ? message + L"; the file is empty" : message;
+    if (!std::filesystem::is_regular_file(path, ignored)) return message;
+    if (std::filesystem::file_size(path, ignored) == 0) return message + L"; the file is empty";
+    std::ifstream in(path, std::ios::binary);
+    return in ? message + encodingReason(message, allOf(in)) : message;
 }
 
 void requireWholeInput() {

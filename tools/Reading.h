@@ -19,6 +19,8 @@ public:
 
 /// The message, with why the file cannot be opened, or what is wrong with it as a whole, where that can be seen.
 std::wstring withReason(const std::wstring& message, const std::string& file);
+/// What is said of a file of lines that cannot be read, with the reason where that can be seen.
+std::wstring unreadableLines(const std::string& file);
 /// Throws Unreadable where standard input could not be read to its end, as where it is closed or a folder.
 void requireWholeInput();
 /// The line of the file that a message finds fault with, and a caret under the place; "" where it names none.

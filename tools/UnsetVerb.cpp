@@ -1,4 +1,5 @@
 #include <set>
+#include <utility>
 
 #include "manager/SettingSearch.h"
 #include "platform/Utf8.h"
@@ -60,6 +61,17 @@ std::vector<Address> storedPlaces(const ConfigInfo& document, const Address& ope
                   suggestionFor(document, operand));
 }
 
+/// The places of all operands. One that several of them mean counts once.
+std::vector<Address> placesToUnset(const ConfigInfo& document, const std::vector<Address>& operands,
+                                   const std::string& file) {
+    std::vector<Address> places;
+    std::set<std::wstring> met;
+    for (const Address& operand : operands)
+        for (Address& place : storedPlaces(document, operand, file))
+            if (met.insert(XMLConfig::addressText(place)).second) places.push_back(std::move(place));
+    return places;
+}
+
 }  // namespace
 
 std::vector<Change> applyUnset(ConfigInfo& document, const std::wstring& address, const std::string& file) {
@@ -81,16 +93,14 @@ void setUpUnset(Options& options, Request& request) {
 ExitStatus runUnset(const Request& request) {
     refuseStandardInput(request);
     std::vector<Address> operands;
-    std::set<std::string> met;  // one that is named twice is gone the second time
     for (const std::string& operand : request.operands)
-        if (met.insert(operand).second) operands.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+        operands.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);
     const DocumentBefore before(*document, request.file);
     std::vector<Change> changes;
-    for (const Address& operand : operands)
-        for (const Address& place : storedPlaces(*document, operand, request.file)) unset(*document, place, changes);
+    for (const Address& place : placesToUnset(*document, operands, request.file)) unset(*document, place, changes);
     return finishChange("unset", *document, changes, before, request);
 }
 

@@ -155,6 +155,35 @@ TEST_F(CheckVerb, PutsTheCaretUnderTheFaultInEveryEncoding) {
     EXPECT_EQ(shownOf("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\r<a>\xC4</b>"), "\n  <a>\xC3\x84</b>\n        ^\n");
 }
 
+TEST_F(CheckVerb, PutsTheCaretUnderTheFaultWhoseMessageNamesAnotherPlace) {
+    const std::string errors = runTool({"check", fileOf("\n<?xml version=\"1.0\"?>\n<ConfigInfo/>")}).errors;
+    EXPECT_THAT(errors, HasSubstr("line 2, column 7: XML or TEXT declaration must start at line 1, column 1\n"));
+    EXPECT_THAT(errors, EndsWith("\n  <?xml version=\"1.0\"?>\n        ^\n"));
+}
+
+TEST_F(CheckVerb, TellsOfAFileInAnotherEncodingThanItNames) {
+    const auto firstLineOf = [](const ToolRun& run) { return run.errors.substr(0, run.errors.find('\n')); };
+    const std::string declared = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ConfigInfo/>\n";
+    std::string little;
+    std::string big;
+    for (const char byte : declared) {
+        little.append({byte, '\0'});
+        big.append({'\0', byte});
+    }
+    for (const std::string& bytes : {"\xFF\xFE" + little, "\xFE\xFF" + big, little, big}) {
+        EXPECT_THAT(firstLineOf(runTool({"check", fileOf(bytes)})), EndsWith("; it is written in UTF-16, but names UTF-8"));
+        EXPECT_THAT(firstLineOf(runToolReading(bytes, {"show", "-"})),
+                    EndsWith("; it is written in UTF-16, but names UTF-8"));
+    }
+    const std::string notUtf8 = "; it is not in UTF-8, as it is to be where it names no other encoding";
+    for (const std::string& text : {std::string("<a>\xFC</a>"), replaced(declared, "<ConfigInfo/>", "<a>f\xFCr</a>")}) {
+        EXPECT_THAT(firstLineOf(runTool({"check", fileOf(text)})), EndsWith(notUtf8));
+        EXPECT_THAT(runTool({"upgrade", fileOf(text)}).errors, HasSubstr(notUtf8 + "\n"));
+    }
+    for (const char* text : {"<a>\xC3\xBC</b>", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>\xFC</b>"})
+        EXPECT_THAT(runTool({"check", fileOf(text)}).errors, testing::Not(HasSubstr("UTF-8")));
+}
+
 TEST_F(CheckVerb, CutsALongLineAboutTheFault) {
     const std::string broken = fileOf("<ConfigInfo>" + std::string(500, 'x') + "</Cnofig>" + std::string(500, 'y'));
     EXPECT_THAT(runTool({"check", broken}).errors, EndsWith("\n  " + std::string(58, 'x') + "</Cnofig>" +
