@@ -40,7 +40,6 @@ void addLines(std::vector<AskedChange>& changes, std::istream& lines, const std:
             throw WrongOperands(place + fault.what());
         }
     }
-    if (lines.bad()) throw Unreadable(XMLConfig::wideFromUtf8(file) + L": cannot be read");
 }
 
 }  // namespace
@@ -74,8 +73,9 @@ std::vector<AskedChange> askedChanges(const Request& request) {
     }
     const std::wstring file = XMLConfig::wideFromUtf8(request.lineFile);
     std::ifstream lines(XMLConfig::pathForStreams(file), std::ios::binary);
-    if (!lines) throw Unreadable(file + L": cannot be read");
+    if (!lines) throw Unreadable(unreadableLines(request.lineFile));
     addLines(changes, lines, request.lineFile);
+    if (lines.bad()) throw Unreadable(unreadableLines(request.lineFile));
     return changes;
 }
 

@@ -96,6 +96,29 @@ std::wstring unitHint(const std::wstring& written, const Setting& setting) {
     return L"; it takes " + XMLConfig::detail::joined(units, L", ") + L" after a number";
 }
 
+/// "; did you mean "5"?" for the name of a number.
+std::wstring nameHint(const std::wstring& written, const Setting& setting) {
+    const auto isIt = [name = XMLConfig::detail::lowerAscii(written)](const XMLConfig::NamedNumber& named) {
+        return XMLConfig::detail::lowerAscii(named.name) == name;
+    };
+    const auto named = std::find_if(setting.numbers.begin(), setting.numbers.end(), isIt);
+    return named == setting.numbers.end() ? L"" : L"; did you mean \"" + std::to_wstring(named->number) + L"\"?";
+}
+
+/// What a whole number that is none has too many digits for.
+std::wstring limitsHint(const std::wstring& written, const Setting& setting) {
+    const std::size_t first = written.find_first_of(L"0123456789");
+    const bool isWhole = first <= 1 && written.find_first_not_of(L"0123456789", first) == std::wstring::npos &&
+                         (first == 0 || written[0] == L'-' || written[0] == L'+');
+    if (setting.type != SettingType::Int || !isWhole) return L"";
+    return L", which goes from -2147483648 to 2147483647";
+}
+
+std::wstring typeHint(const std::wstring& written, const Setting& setting) {
+    const std::wstring hint = nameHint(written, setting) + limitsHint(written, setting);
+    return hint.empty() ? unitHint(written, setting) : hint;
+}
+
 /// A number as it was written, and what it is in the stored unit.
 struct WrittenNumber {
     std::wstring text;
@@ -145,9 +168,13 @@ std::optional<ValueFault> finiteFault(const WrittenNumber& written, const Settin
 
 std::optional<ValueFault> turnFault(const WrittenNumber& written, const Setting& setting) {
     if (setting.unit != Unit::Radians || !(std::fabs(written.number) > fullTurn)) return std::nullopt;
-    const std::wstring turns = L" are " + numberText(std::fabs(written.number) / fullTurn, 1) + L" turns";
+    const double count = rounded(std::fabs(written.number) / fullTurn, 1);
+    const std::wstring turns = L" are " + (count > 1.0 ? numberText(count) + L" turns" : L"more than one turn");
     if (written.hasUnit) return ValueFault{written.text + turns + L", and one is the most (XC305)", false, true};
-    return ValueFault{written.text + L" radians" + turns + L" (XC305); " + written.text + L"deg?", false, true};
+    const bool canBeDegrees = std::fabs(written.number) <= 360.0;
+    return ValueFault{
+        written.text + L" radians" + turns + L" (XC305)" + (canBeDegrees ? L"; " + written.text + L"deg?" : L""), false,
+        true};
 }
 
 std::optional<ValueFault> rangeFault(const WrittenNumber& written, const Setting& setting) {
@@ -180,7 +207,7 @@ std::wstring storedForm(const std::wstring& written, const Setting& setting) {
 
 std::optional<ValueFault> faultOf(const std::wstring& written, const Setting& setting) {
     if (!isOfType(storedForm(written, setting), setting.type))
-        return ValueFault{L"\"" + written + L"\" is not of type " + nameOf(setting.type) + unitHint(written, setting), false,
+        return ValueFault{L"\"" + written + L"\" is not of type " + nameOf(setting.type) + typeHint(written, setting), false,
                           true};
     if (auto fault = wordFault(written, setting)) return fault;
     if (!isNumbers(setting.type)) return std::nullopt;

@@ -150,9 +150,11 @@ TEST_F(SetVerb, FaultsNameWhatWasTyped) {
     const std::pair<std::string, std::string> faults[] = {
         {yaw + "=400deg", "400deg are 1.1 turns, and one is the most (XC305)" + fits},
         {yaw + "=-400 \xC2\xB0", "-400\xC2\xB0 are 1.1 turns, and one is the most (XC305)" + fits},
-        {yaw + "=21700arcmin", "21700arcmin are 1 turns, and one is the most (XC305)" + fits},
+        {yaw + "=21700arcmin", "21700arcmin are more than one turn, and one is the most (XC305)" + fits},
         {yaw + "=7rad", "7rad are 1.1 turns, and one is the most (XC305)" + fits},
-        {yaw + "=1e3", "1e3 radians are 159.2 turns (XC305); 1e3deg? --force stores it all the same"},
+        {yaw + "=6.29", "6.29 radians are more than one turn (XC305); 6.29deg? --force stores it all the same"},
+        {yaw + "=-360", "-360 radians are 57.3 turns (XC305); -360deg? --force stores it all the same"},
+        {yaw + "=1e3", "1e3 radians are 159.2 turns (XC305)" + fits},
     };
     for (const auto& [written, message] : faults) expectRefused(written, yaw + ": " + message);
     expectRefused(
@@ -196,6 +198,20 @@ TEST_F(SetVerb, WordsAndNumbersMustBeKnown) {
                   "Projector[Dome 1]/Lamp_Mode: \"lamp\" is none of Single1, Single2, Dual; counts as empty (XC109)");
     EXPECT_EQ(run("set", {"--force", "Screen/Shape=Dome", "Geometry/Fit_Solver=3"}).status, 0);
     EXPECT_EQ(stored("Screen/Shape"), "Dome\n");
+}
+
+TEST_F(SetVerb, WhatIsMeantByWordsAndLongNumbersIsSaid) {
+    const std::string solver = "Geometry/Fit_Solver";
+    for (const char* const word : {"spline", "SPLINE"})
+        expectRefused(solver + "=" + word,
+                      solver + ": \"" + word + "\" is not of type int; did you mean \"5\"? --force stores it all the same");
+    const std::string count = "Geometry/Projector_Count";
+    const std::string fits = "; 'xmlconfig describe " + count + "' tells what fits; --force stores it all the same";
+    for (const char* const number : {"99999999999", "-2147483649", "+2147483648"})
+        expectRefused(count + "=" + number,
+                      count + ": \"" + number + "\" is not of type int, which goes from -2147483648 to 2147483647" + fits);
+    for (const char* const other : {"4.0", "-", "", "--4", "4 4", "0x10"})
+        expectRefused(count + "=" + other, count + ": \"" + other + "\" is not of type int" + fits);
 }
 
 TEST_F(SetVerb, OutOfRangeIsRefused) {
@@ -279,13 +295,18 @@ TEST_F(SetVerb, LinesAreReadWholeOrNotAtAll) {
             " line 2: Error parseAddress: \"garbage\", character 8: \"=\" and a value are missing");
     refused("ProjMap/Site=x\n\nProjMap/Other=\xFF\n", 2, " line 3: is not UTF-8");
     const std::string directory = folder.path().string();
-    expectRun(run("set", {"--from", directory}), 3, "", "xmlconfig: " + directory + ": cannot be read\n");
+    expectRun(run("set", {"--from", directory}), 3, "", "xmlconfig: " + directory + ": cannot be read; it is a folder\n");
 }
 
 TEST_F(SetVerb, UnsetTakesAPlaceThatIsNamedTwiceOnce) {
     const ToolRun once = run("unset", {"--dry-run", "Projector[#2]/Box_Spacing"});
     const ToolRun twice = run("unset", {"--dry-run", "Projector[#2]/Box_Spacing", "Projector[#2]/Box_Spacing"});
     expectRun(twice, 0, once.output);
+    const ToolRun all = run("unset", {"--dry-run", "Projector[*]/Gamma"});
+    EXPECT_THAT(all.output, HasSubstr("\n4 changes, 0 new findings"));
+    expectRun(run("unset", {"--dry-run", "Projector[*]/Gamma", "Projector[#2]/Gamma", "Projector[Dome 1]/Gamma"}), 0,
+              all.output);
+    EXPECT_EQ(run("unset", {"--dry-run", "Projector[#2]/Gamma", "Projector[*]/Gamma"}).status, 0);
 }
 
 TEST_F(SetVerb, StandardInputIsNoFileToChange) {
@@ -345,7 +366,8 @@ TEST_F(SetVerb, LinesComeFromAFileOrStandardInput) {
     EXPECT_EQ(stored("Projector[#1]/Gamma"), "2.400000000000000e+00\n");
     EXPECT_EQ(runToolReading("ProjMap/Site=x\n", {"set", file(), "--from", "-"}).output,
               "~ ProjMap/Site  a b\\c d -> x\n1 change, 0 new findings\n");
-    EXPECT_EQ(run("set", {"--from", (folder.path() / "none").string()}).status, 3);
+    const std::string none = (folder.path() / "none").string();
+    expectRun(run("set", {"--from", none}), 3, "", "xmlconfig: " + none + ": cannot be read; there is no such file\n");
     EXPECT_EQ(run("set", {}).status, 2);
 }
 
