@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+#include "platform/Prefetch.h"
 #include "platform/Text.h"
 #include "store/Attributes.h"
 #include "store/Pieces.h"
@@ -150,6 +151,7 @@ private:
         bool hasBlanks = false;
         while (child != nullptr) {
             const NodeLook look = lookAt(*child);
+            if (look.type == DOMNode::ELEMENT_NODE) prefetch(child, 4096, 512);  // what is written soon mostly lies there
             child = look.next;
             const bool isText = look.type == DOMNode::TEXT_NODE;
             if (look.text.empty() && (isText || (isInside && isTextNode(look.type)))) continue;
