@@ -45,8 +45,10 @@ bool belongsToRenaming(const StoredText& text) {
 
 /// The other key of a point that two cameras share, of those that `others` holds; the two may be named in either order.
 const StoredText* findSwapped(const SectionTexts& others, const StoredText& point) {
+    constexpr std::size_t longest = 1000;  // no two IDs of cameras are longer, and each "_" may be what parts them
     const std::size_t start = point.path.find(L'_') + 1;
     const std::wstring pair = point.path.substr(start);
+    if (pair.size() > longest) return nullptr;
     for (std::size_t i = pair.find(L'_'); i != std::wstring::npos; i = pair.find(L'_', i + 1)) {
         const std::wstring swapped = pair.substr(i + 1) + L"_" + pair.substr(0, i);
         if (const StoredText* const found = others.find(point.path.substr(0, start) + swapped)) return found;
@@ -174,7 +176,7 @@ private:
         SettingDifference difference = describe(pair, any);
         if (old != nullptr) difference.old = old->text;
         if (now != nullptr) difference.now = now->text;
-        listFor(difference, old, now).push_back(difference);
+        listFor(pair, difference, old, now).push_back(difference);
     }
 
     SettingDifference describe(const Pair& pair, const StoredText& text) const {
@@ -188,21 +190,23 @@ private:
         return difference;
     }
 
-    std::vector<SettingDifference>& listFor(SettingDifference& difference, const StoredText* old, const StoredText* now) {
+    std::vector<SettingDifference>& listFor(const Pair& pair, SettingDifference& difference, const StoredText* old,
+                                            const StoredText* now) {
         const Setting* const setting = (now != nullptr ? now : old)->setting;
         const bool isOfRuns = setting == nullptr ? difference.place.section == L"SiteAnalytics" : setting->writtenByRuns;
         if (isOfRuns) return m_found.runs;
         if (old == nullptr || now == nullptr)
-            return isWithoutEffect(difference, old, now) ? m_found.sameInEffect : m_found.changed;
+            return isWithoutEffect(pair, difference, old, now) ? m_found.sameInEffect : m_found.changed;
         const bool isOne = areSame(*old, *now) || areReadAlike(*old, *now);
         return isOne ? m_found.sameInValue : m_found.changed;
     }
 
     /// Whether the document without the text reads the same all the same; notes why.
-    bool isWithoutEffect(SettingDifference& difference, const StoredText* old, const StoredText* now) const {
+    bool isWithoutEffect(const Pair& pair, SettingDifference& difference, const StoredText* old,
+                         const StoredText* now) const {
         const StoredText& text = now != nullptr ? *now : *old;
         if (text.setting == nullptr) return false;
-        const Address oldPlace = old != nullptr ? old->place : placeInOld(difference, *now);
+        const Address oldPlace = old != nullptr ? old->place : placeInOld(pair, *now);
         const Address newPlace = now != nullptr ? now->place : difference.place;
         const std::optional<EffectiveValue> before = effectiveValue(m_old, oldPlace);
         const std::optional<EffectiveValue> after = effectiveValue(m_new, newPlace);
@@ -245,11 +249,9 @@ private:
     }
 
     /// The address in the old document of what has this address in the new one: renamed devices get their old ID.
-    Address placeInOld(const SettingDifference& difference, const StoredText& now) const {
+    static Address placeInOld(const Pair& pair, const StoredText& now) {
         Address place = now.place;
-        for (const RenamedDevice& renamed : m_found.renamed)
-            if (renamed.section == place.section && renamed.newID == difference.place.sectionID)
-                place.sectionID = renamed.oldID;
+        if (pair.old) place.sectionID = pair.old.id();
         return place;
     }
 

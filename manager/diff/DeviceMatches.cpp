@@ -81,6 +81,57 @@ bool areOneChannel(const Angles& one, const Angles& other) {
     return true;
 }
 
+constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+struct AnglesOfDevice {
+    Angles angles;
+    std::size_t device;
+};
+
+/// The channels of the devices that have no partner yet, sorted by yaw: only neighbours within a degree are compared.
+class ChannelSearch {
+public:
+    ChannelSearch(const std::vector<Device>& devices, const std::vector<std::size_t>& partners) {
+        for (std::size_t i = 0; i < devices.size(); ++i) {
+            AnglesOfDevice channel{{}, i};
+            if (partners[i] == none && readAngles(devices[i].section, channel.angles)) m_sorted.push_back(channel);
+        }
+        const auto isFurtherLeft = [](const AnglesOfDevice& one, const AnglesOfDevice& other) {
+            return one.angles[0] < other.angles[0];
+        };
+        std::sort(m_sorted.begin(), m_sorted.end(), isFurtherLeft);
+    }
+
+    [[nodiscard]] const std::vector<AnglesOfDevice>& all() const { return m_sorted; }
+
+    /// The only one with such a channel; null where there is none, and where there are several. Where half a turn to the
+    /// left is half a turn to the right, neighbours are at both ends.
+    [[nodiscard]] const AnglesOfDevice* findOnly(const Angles& angles) const {
+        const AnglesOfDevice* found = nullptr;
+        for (const double turn : {-fullTurn, 0.0, fullTurn}) {
+            const auto [first, last] = nearYaw(angles[0] + turn);
+            for (std::size_t i = first; i < last; ++i) {
+                if (!areOneChannel(m_sorted[i].angles, angles)) continue;
+                if (found != nullptr) return nullptr;
+                found = &m_sorted[i];
+            }
+        }
+        return found;
+    }
+
+private:
+    [[nodiscard]] std::pair<std::size_t, std::size_t> nearYaw(double yaw) const {
+        constexpr double near = degree + 1e-9;  // whom areOneChannel takes for one, whatever is rounded
+        const auto isLeftOf = [](const AnglesOfDevice& channel, double angle) { return channel.angles[0] < angle; };
+        const auto isRightOf = [](double angle, const AnglesOfDevice& channel) { return angle < channel.angles[0]; };
+        const auto first = std::lower_bound(m_sorted.begin(), m_sorted.end(), yaw - near, isLeftOf);
+        const auto last = std::upper_bound(first, m_sorted.end(), yaw + near, isRightOf);
+        return {static_cast<std::size_t>(first - m_sorted.begin()), static_cast<std::size_t>(last - m_sorted.begin())};
+    }
+
+    std::vector<AnglesOfDevice> m_sorted;
+};
+
 class Matcher {
 public:
     Matcher(const std::vector<Device>& old, const std::vector<Device>& now) : m_old(old), m_now(now) {
@@ -105,19 +156,14 @@ public:
         }
     }
 
-    /// Joins what shows the same part of the picture: sorted by yaw, only neighbours within a degree are compared.
+    /// Joins what shows the same part of the picture, where nothing else on either side shows it too.
     void joinChannels() {
-        const std::vector<AnglesOfDevice> olds = channels(m_old, m_partnerOfOld);
-        const std::vector<AnglesOfDevice> news = channels(m_now, m_partnerOfNew);
-        std::vector<std::size_t> partner(news.size(), none);
-        std::vector<std::size_t> claims(olds.size(), 0);
-        for (std::size_t i = 0; i < news.size(); ++i) {
-            const std::vector<std::size_t> found = likeChannel(olds, news[i].angles);
-            for (const std::size_t old : found) ++claims[old];
-            if (found.size() == 1) partner[i] = found[0];
+        const ChannelSearch olds(m_old, m_partnerOfOld);
+        const ChannelSearch news(m_now, m_partnerOfNew);
+        for (const AnglesOfDevice& now : news.all()) {
+            const AnglesOfDevice* const old = olds.findOnly(now.angles);
+            if (old != nullptr && news.findOnly(old->angles) == &now) pair(old->device, now.device, L"place");
         }
-        for (std::size_t i = 0; i < news.size(); ++i)
-            if (partner[i] != none && claims[partner[i]] == 1) pair(olds[partner[i]].device, news[i].device, L"place");
     }
 
     std::vector<DeviceMatch> result() const {
@@ -132,13 +178,8 @@ public:
     }
 
 private:
-    static constexpr std::size_t none = static_cast<std::size_t>(-1);
     static constexpr std::size_t ambiguous = static_cast<std::size_t>(-2);
     using Places = std::unordered_map<std::wstring, std::size_t>;
-    struct AnglesOfDevice {
-        Angles angles;
-        std::size_t device;
-    };
 
     static Places places(const std::vector<Device>& devices, const std::vector<std::size_t>& partners, Key key) {
         Places result;
@@ -150,39 +191,6 @@ private:
             if (!isFirst) place->second = ambiguous;
         }
         return result;
-    }
-
-    static std::vector<AnglesOfDevice> channels(const std::vector<Device>& devices,
-                                                const std::vector<std::size_t>& partners) {
-        std::vector<AnglesOfDevice> result;
-        for (std::size_t i = 0; i < devices.size(); ++i) {
-            AnglesOfDevice channel{{}, i};
-            if (partners[i] == none && readAngles(devices[i].section, channel.angles)) result.push_back(channel);
-        }
-        const auto isFurtherLeft = [](const AnglesOfDevice& one, const AnglesOfDevice& other) {
-            return one.angles[0] < other.angles[0];
-        };
-        std::sort(result.begin(), result.end(), isFurtherLeft);
-        return result;
-    }
-
-    /// Where half a turn to the left is half a turn to the right, neighbours are at both ends.
-    static std::vector<std::size_t> likeChannel(const std::vector<AnglesOfDevice>& sorted, const Angles& angles) {
-        std::vector<std::size_t> found;
-        for (const double turn : {-fullTurn, 0.0, fullTurn}) {
-            const auto [first, last] = nearYaw(sorted, angles[0] + turn);
-            for (std::size_t i = first; i < last; ++i)
-                if (areOneChannel(sorted[i].angles, angles)) found.push_back(i);
-        }
-        return found;
-    }
-
-    static std::pair<std::size_t, std::size_t> nearYaw(const std::vector<AnglesOfDevice>& sorted, double yaw) {
-        const auto isLeftOf = [](const AnglesOfDevice& channel, double angle) { return channel.angles[0] < angle; };
-        const auto isRightOf = [](double angle, const AnglesOfDevice& channel) { return angle < channel.angles[0]; };
-        const auto first = std::lower_bound(sorted.begin(), sorted.end(), yaw - degree, isLeftOf);
-        const auto last = std::upper_bound(first, sorted.end(), yaw + degree, isRightOf);
-        return {static_cast<std::size_t>(first - sorted.begin()), static_cast<std::size_t>(last - sorted.begin())};
     }
 
     void pair(std::size_t old, std::size_t now, const wchar_t* by) {

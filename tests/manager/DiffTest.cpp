@@ -291,6 +291,16 @@ TEST(Diff, PointOfTwoCamerasIsKnownInEitherOrder) {
                      .isNothing());
 }
 
+TEST(Diff, AnEndlessNameOfAPointHasOneOrder) {
+    const auto point = [](const std::string& pair, const std::string& channels) {
+        return "<CameraOverlapPoint_" + pair + ">1, 2, 3, " + channels + "</CameraOverlapPoint_" + pair + ">";
+    };
+    for (const auto& [length, isSame] : {std::pair(998, true), std::pair(999, false)}) {
+        const std::string id(static_cast<std::size_t>(length), 'c');
+        EXPECT_EQ(diffOfItems("Color", point(id + "_b", "0, 1"), point("b_" + id, "1, 0")).isNothing(), isSame) << length;
+    }
+}
+
 TEST(Diff, MarkersAreKnownByTheirNumbers) {
     const auto camera = [](const std::string& points) {
         return currentFile("<Camera ID=\"c\"><Camera_Calibration_Points>" + points +
