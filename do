@@ -227,6 +227,7 @@ doFaults() {
     say 'hostile files'
     sh tests/hostile/run.sh build/release/bin/xmlconfig
     sh tests/hostile/large.sh build/release/bin/xmlconfig
+    sh tests/hostile/growth.sh build/release/bin/xmlconfig
 }
 
 # The whole suite as other users, languages and places see it.

@@ -14,11 +14,30 @@ bool isAmong(const std::vector<std::wstring>& rules, std::wstring_view rule) {
     return std::find(rules.begin(), rules.end(), rule) != rules.end();
 }
 
-bool isInside(const ElementView& element, const ElementView& around) {
-    ElementView place = element;
-    while (place && place != around) place = place.parent();
-    return static_cast<bool>(place);
-}
+/// The rules that comments accept in each element, and whether any of what they find is there.
+class AcceptedRules {
+public:
+    explicit AcceptedRules(const std::vector<Acceptance>& acceptances) {
+        for (const Acceptance& acceptance : acceptances) m_isFound[acceptance.around].emplace(acceptance.rule, false);
+    }
+    /// Whether a comment accepts what that rule finds in that element. Notes that it is there.
+    bool take(const std::wstring& rule, ElementView place) {
+        bool isAccepted = false;
+        for (; place; place = place.parent()) {
+            const auto rules = m_isFound.find(place);
+            if (rules == m_isFound.end()) continue;
+            const auto accepted = rules->second.find(rule);
+            if (accepted != rules->second.end()) isAccepted = accepted->second = true;
+        }
+        return isAccepted;
+    }
+    [[nodiscard]] bool isFound(const Acceptance& acceptance) const {
+        return m_isFound.at(acceptance.around).at(acceptance.rule);
+    }
+
+private:
+    std::unordered_map<ElementView, std::unordered_map<std::wstring, bool>, ElementView::Hash> m_isFound;
+};
 
 }  // namespace
 
@@ -31,7 +50,9 @@ Findings::Findings(const ConfigInfo& checked, const CheckOptions& wishes)
       m_acceptances(acceptancesOf(comments)),
       m_lookedFor(wishes.onlyRules) {
     if (!isAmong(m_lookedFor, acceptedGone)) return;
-    for (const Acceptance& acceptance : m_acceptances) m_lookedFor.push_back(acceptance.rule);
+    for (const Acceptance& acceptance : m_acceptances)
+        if (findRule(acceptance.rule) != nullptr && !isAmong(m_lookedFor, acceptance.rule))
+            m_lookedFor.push_back(acceptance.rule);
 }
 
 bool Findings::wants(std::wstring_view beginning) const {
@@ -44,26 +65,20 @@ bool Findings::holds(std::wstring_view rule) const {
 }
 
 // Files are not always looked for, nor neighbours where a channel is broken.
-bool Findings::isJudged(const std::wstring& rule) const {
+bool Findings::isJudged(const std::wstring& rule, bool leavesNeighboursOut) const {
     if (rule == L"XC902" && (options.file.empty() || !options.looksForFiles)) return false;
-    if (rule.compare(0, 3, L"XC3") == 0 && rule != L"XC300" && holds(L"XC300")) return false;
-    return wants(rule);
+    if (leavesNeighboursOut && rule.compare(0, 3, L"XC3") == 0 && rule != L"XC300") return false;
+    return findRule(rule) == nullptr || wants(rule);  // no rule of that name finds anything, whatever is looked for
 }
 
 void Findings::accept() {
-    std::unordered_map<std::wstring_view, std::vector<Finding*>> byRule;
+    if (m_acceptances.empty()) return;
+    AcceptedRules accepted(m_acceptances);
     for (Finding& finding : m_findings)
-        if (!m_acceptances.empty()) byRule[finding.rule].push_back(&finding);
-    std::vector<const Acceptance*> gone;
-    for (const Acceptance& acceptance : m_acceptances) {
-        bool isFound = false;
-        for (Finding* const finding : byRule[acceptance.rule]) {
-            const ElementView place = finding->element ? finding->element : rootElement(document);
-            if (isInside(place, acceptance.around)) isFound = finding->isAccepted = true;
-        }
-        if (!isFound && isJudged(acceptance.rule)) gone.push_back(&acceptance);
-    }
-    for (const Acceptance* acceptance : gone) addGone(*acceptance);
+        finding.isAccepted = accepted.take(finding.rule, finding.element ? finding.element : rootElement(document));
+    const bool leavesNeighboursOut = holds(L"XC300");
+    for (const Acceptance& acceptance : m_acceptances)
+        if (!accepted.isFound(acceptance) && isJudged(acceptance.rule, leavesNeighboursOut)) addGone(acceptance);
 }
 
 void Findings::addGone(const Acceptance& acceptance) {

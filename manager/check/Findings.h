@@ -47,7 +47,7 @@ private:
     const CheckRule& ruleOf(const wchar_t* id);
     void addGone(const Acceptance& acceptance);
     /// Whether the document was looked at by that rule as a whole.
-    [[nodiscard]] bool isJudged(const std::wstring& rule) const;
+    [[nodiscard]] bool isJudged(const std::wstring& rule, bool leavesNeighboursOut) const;
 
     std::vector<Acceptance> m_acceptances;
     std::vector<std::wstring> m_lookedFor;  // the rules; all where empty

@@ -18,17 +18,25 @@ constexpr const wchar_t* screenKeys[] = {L"VRML", L"MeasuredVRML", L"PCD", L"Mar
 constexpr const wchar_t* projectorKeys[] = {L"Red_Green_Alignment_Image", L"Projection_Model_File",
                                             L"Projection_Model_Script", L"Projection_Layout_File"};
 
+/// No system takes a longer one.
+constexpr std::size_t longestName = 32767;
+
 /// Finds names that differ in case only, and reads each folder once.
 class Spelling {
 public:
     /// The name as its parts are spelt on the disk; "" where a part is missing.
     std::wstring find(const std::wstring& folder, const std::wstring& name) {
-        const std::size_t slash = name.rfind(L'/');
-        if (slash == std::wstring::npos) return entryLike(folder, name);
-        const std::wstring above = find(folder, name.substr(0, slash));
-        if (above.empty()) return {};
-        const std::wstring entry = entryLike(joinPath(folder, above), name.substr(slash + 1));
-        return entry.empty() ? L"" : above + L"/" + entry;
+        std::wstring found;
+        std::wstring above = folder;
+        for (std::size_t begin = 0, end = 0; end != std::wstring::npos; begin = end + 1) {
+            end = name.find(L'/', begin);
+            const std::wstring entry = entryLike(above, name.substr(begin, end - begin));
+            if (entry.empty()) return {};
+            found += (begin == 0 ? L"" : L"/") + entry;
+            if (begin == 0) above = joinPath(folder, entry);
+            else above += L"/" + entry;
+        }
+        return found;
     }
 
 private:
@@ -75,7 +83,8 @@ private:
         NamedFile file{{}, text, false, false, {}};
         std::replace(file.name.begin(), file.name.end(), L'\\', L'/');
         file.isThere = fileExists(joinPath(m_folder, file.name));
-        if (!file.isThere && !isAbsolute(file.name)) file.otherCase = m_spelling.find(m_folder, file.name);
+        const bool isPossible = file.name.size() <= longestName && !isAbsolute(file.name);
+        if (!file.isThere && isPossible) file.otherCase = m_spelling.find(m_folder, file.name);
         file.isOtherCase = !file.otherCase.empty();
         return file;
     }

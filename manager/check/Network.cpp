@@ -35,6 +35,9 @@ bool isType(const ElementView& connection, const std::wstring& type) {
     return lowerAscii(connection.attribute(L"type").value_or(L"")) == type;
 }
 
+/// Whether its ones come before its zeros: there are 33 such masks.
+bool isNetworkMask(std::uint32_t mask) { return (~mask & (~mask + 1U)) == 0; }
+
 /// Nothing where the application would read a default one.
 std::optional<BlackBoxInfo> blackBoxOf(const std::wstring& text) {
     if (blackBoxPieces(text).size() < 5) return std::nullopt;
@@ -104,7 +107,7 @@ private:
     void readNetwork(const ElementView& snippet, const Place& place, const std::wstring& address) {
         const auto own = ipv4Of(address);
         const auto mask = ipv4Of(childText(snippet, L"subnetMask"));
-        if (!own || !mask) return;
+        if (!own || !mask || !isNetworkMask(*mask)) return;
         m_networks[*mask].insert(*own & *mask);
         const std::wstring gatewayText = childText(snippet, L"defaultGateway");
         const auto gateway = ipv4Of(gatewayText);

@@ -991,6 +991,20 @@ TEST_F(NamedFiles, AreAnErrorWhereOneIsMissing) {
     EXPECT_TRUE(found().empty());
 }
 
+TEST_F(NamedFiles, MayLieBelowMoreFoldersThanAnySystemHas) {
+    make("scan.pcd");
+    std::string name;
+    for (int i = 0; i < 100'000; ++i) name += "./";
+    const std::wstring file =
+        folder.write(L"hall.skorrax", currentFile("<Screen><VRML>" + name + "x</VRML><PCD>scan.pcd</PCD></Screen>"));
+    const ConfigInfo document(file);
+    XMLConfig::CheckOptions options;
+    options.file = file;
+    options.onlyRules = {L"XC902"};
+    ASSERT_EQ(XMLConfig::check(document, options).size(), 1u);
+    EXPECT_EQ(XMLConfig::check(document, options)[0].severity, XMLConfig::Severity::Error);
+}
+
 #ifndef _WIN32
 TEST_F(NamedFiles, AreAWarningWhereTheCaseDiffers) {
     make("scan.pcd");

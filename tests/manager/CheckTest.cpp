@@ -158,6 +158,7 @@ TEST(Check, JudgesAcceptancesOnlyByRulesThatWereLookedFor) {
     EXPECT_EQ(rulesIn(acceptedSystem(), options), Lines());
     EXPECT_EQ(rulesIn("<System>" + accepting + "</System>" + badGeometry, options), (Lines{L"XC910 System"}));
     EXPECT_EQ(rulesIn("<System><!-- xmlconfig accepts XC902: later --></System>"), Lines());
+    EXPECT_EQ(rulesIn("<System><!-- xmlconfig accepts XC999: so --></System>", options), (Lines{L"XC910 System"}));
     const std::string broken = "<Projector ID='1'><!-- xmlconfig accepts XC313: so --></Projector>";
     for (const std::wstring& line : rulesIn(broken)) EXPECT_NE(line.substr(0, 5), L"XC910");
 }
