@@ -12,22 +12,24 @@ namespace {
 constexpr const wchar_t* firstCamera = L"Associated_Camera_Id_1";
 constexpr const wchar_t* secondCamera = L"Associated_Camera_Id_2";
 
-/// `text(id)` gives the whole value of the setting with `id` in the place of the unknown camera.
-template <typename Text>
-void addNoSuchCamera(Findings& findings, const Place& place, const std::wstring& id, const Text& text) {
-    const CheckedSection* const camera = findings.read.cameraThatWas(id);
+/// `camera` had the ID before it was renamed; null where none did.
+void addNoSuchCamera(Findings& findings, const Place& place, const std::wstring& id, const CheckedSection* camera,
+                     Mend mend) {
     const std::wstring was = camera == nullptr ? L"" : L"; " + quoted(camera->id) + L" was " + id + L" before";
     Finding& finding = findings.add(L"XC208", Severity::Error, place, L"there is no camera " + quoted(id) + was);
     if (camera == nullptr) return;
     finding.places = {otherPlace(placeOf(*camera))};
-    finding.mend = mendBy(MendSafety::Safe, setCommand(place, text(camera->id)));
+    finding.mend = std::move(mend);
 }
 
 void checkCamerasOf(Findings& findings, const CheckedSection& projector) {
     for (const wchar_t* const key : {firstCamera, secondCamera}) {
         const std::wstring& id = projector.stored(key);
         if (id.empty() || findings.read.camera(id) != nullptr) continue;
-        addNoSuchCamera(findings, placeOf(projector, key), id, [](const std::wstring& better) { return better; });
+        const CheckedSection* const camera = findings.read.cameraThatWas(id);
+        const Place place = placeOf(projector, key);
+        addNoSuchCamera(findings, place, id, camera,
+                        camera == nullptr ? Mend() : mendBy(MendSafety::Safe, setCommand(place, camera->id)));
     }
     const std::wstring& first = projector.stored(firstCamera);
     const std::wstring& second = projector.stored(secondCamera);
@@ -35,7 +37,8 @@ void checkCamerasOf(Findings& findings, const CheckedSection& projector) {
     const Place place = placeOf(projector, secondCamera);
     Finding& finding = findings.add(L"XC210", Severity::Warning, place,
                                     first.empty() ? L"a second camera without a first" : L"is the first camera again");
-    if (projector.holdsTwice(secondCamera)) return;
+    const bool isUnknown = first.empty() && findings.read.camera(second) == nullptr;  // to be settled before
+    if (isUnknown || projector.holdsTwice(secondCamera)) return;
     finding.mend.safety = MendSafety::Safe;
     if (first.empty()) finding.mend.commands = {setCommand(placeOf(projector, firstCamera), second)};
     finding.mend.commands.push_back(unsetCommand(place));
@@ -45,34 +48,68 @@ std::vector<std::wstring> cameraOrder(const Findings& findings) {
     return tokensOf(findings.read.text(L"Color", L"CameraOrder"));
 }
 
-std::wstring orderWith(std::vector<std::wstring> order, const std::wstring& old, const std::wstring& better) {
-    std::replace(order.begin(), order.end(), old, better);
-    return joined(order, L",");
+using IDs = std::vector<std::wstring>;
+
+/// The order with the IDs that renamed cameras have now, each once.
+IDs withCurrentIDs(const Findings& findings, const IDs& order) {
+    std::set<std::wstring> met(order.begin(), order.end());
+    IDs current;
+    for (const std::wstring& id : order) {
+        const CheckedSection* const camera = findings.read.camera(id) == nullptr ? findings.read.cameraThatWas(id) : nullptr;
+        if (camera == nullptr) current.push_back(id);
+        else if (met.insert(camera->id).second) current.push_back(camera->id);
+    }
+    return current;
+}
+
+/// Mends all faults of one kind in the order. As it names every camera, only the first ones of very many faults tell it.
+class OrderMend {
+public:
+    OrderMend(const Place& place, MendSafety safety, const IDs& better) {
+        const std::wstring text = joined(better, L",");
+        const bool isReadSo = tokensOf(text) == better;  // not where an ID holds what separates IDs
+        if (isReadSo) m_mend = mendBy(safety, setCommand(place, text));
+    }
+    Mend tell() {
+        constexpr int most = 64;
+        return m_told++ < most ? m_mend : Mend();
+    }
+
+private:
+    Mend m_mend;
+    int m_told = 0;
+};
+
+void checkUnknownInOrder(Findings& findings, const Place& place, const IDs& order) {
+    OrderMend mend(place, MendSafety::Safe, withCurrentIDs(findings, order));
+    std::set<std::wstring> met;
+    for (const std::wstring& id : order) {
+        if (findings.read.camera(id) != nullptr || !met.insert(id).second) continue;
+        const CheckedSection* const camera = findings.read.cameraThatWas(id);
+        addNoSuchCamera(findings, place, id, camera, camera == nullptr ? Mend() : mend.tell());
+    }
 }
 
 void checkOrder(Findings& findings) {
-    const std::vector<std::wstring> order = cameraOrder(findings);
+    const IDs order = cameraOrder(findings);
     if (order.empty()) return;
     const Place place = placeOf(findings, L"Color", L"CameraOrder");
+    checkUnknownInOrder(findings, place, order);
     std::set<std::wstring> met;
-    std::vector<std::wstring> complete;
+    IDs complete;
     std::vector<std::wstring> faults;
     for (const std::wstring& id : order) {
         const CheckedSection* const camera = findings.read.camera(id);
-        const bool isNew = met.insert(id).second;
-        if (isNew) complete.push_back(id);
-        if (camera == nullptr && isNew)
-            addNoSuchCamera(findings, place, id, [&](const std::wstring& better) { return orderWith(order, id, better); });
-        if (camera != nullptr && !isNew) faults.push_back(L"repeats " + camera->title());
+        if (met.insert(id).second) complete.push_back(id);
+        else if (camera != nullptr) faults.push_back(L"repeats " + camera->title());
     }
     for (const CheckedSection* camera : findings.read.cameras()) {
         if (met.count(camera->id) != 0) continue;
         complete.push_back(camera->id);
         faults.push_back(L"leaves out " + camera->title());
     }
-    for (const std::wstring& fault : faults)
-        findings.add(L"XC209", Severity::Warning, place, fault).mend =
-            mendBy(MendSafety::Asked, setCommand(place, joined(complete, L",")));
+    OrderMend mend(place, MendSafety::Asked, complete);
+    for (const std::wstring& fault : faults) findings.add(L"XC209", Severity::Warning, place, fault).mend = mend.tell();
 }
 
 bool hasCamera(const CheckedSection& projector) {
@@ -103,6 +140,8 @@ void checkIdleCameras(Findings& findings) {
 }
 
 bool isPairOfCameras(const Findings& findings, const std::wstring& pair) {
+    constexpr std::size_t longest = 1000;  // no two IDs of cameras are longer, and each "_" may be what parts them
+    if (pair.size() > longest) return false;
     for (std::size_t at = pair.find(L'_'); at != std::wstring::npos; at = pair.find(L'_', at + 1))
         if (findings.read.camera(pair.substr(0, at)) != nullptr && findings.read.camera(pair.substr(at + 1)) != nullptr)
             return true;

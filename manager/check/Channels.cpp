@@ -16,11 +16,18 @@ std::wstring degreesText(double radians) { return shortNumber(radians * 180.0 / 
 
 // Rules that look at one channel alone.
 
+/// What an edge is set to that takes the other one's number. That may be stored as no number, or nowhere.
+std::wstring numberOf(const CheckedDocument& read, const CheckedSection& projector, const std::wstring& key) {
+    const std::wstring& stored = projector.stored(key);
+    return isOfType(stored, SettingType::Double) ? stored : read.text(projector, key);
+}
+
 /// Swaps two values that stand the wrong way round.
-Mend swapped(const CheckedSection& projector, const std::wstring& low, const std::wstring& high) {
+Mend swapped(const CheckedDocument& read, const CheckedSection& projector, const std::wstring& low,
+             const std::wstring& high) {
     return {MendSafety::Asked,
-            {setCommand(placeOf(projector, low), projector.stored(high)),
-             setCommand(placeOf(projector, high), projector.stored(low))}};
+            {setCommand(placeOf(projector, low), numberOf(read, projector, high)),
+             setCommand(placeOf(projector, high), numberOf(read, projector, low))}};
 }
 
 /// False for what rules of their own find: what is no number, and what looks like degrees.
@@ -38,7 +45,8 @@ void checkEdges(ChannelCheck& check, const CheckedSection& projector, ImageEdge 
                                           std::wstring(isAcross ? L"Left (" : L"Bottom (") + check.angle(field.at(low)) +
                                               (isAcross ? L") is not left of Right (" : L") is not below Top (") +
                                               check.angle(field.at(high)) + L")");
-    if (field.at(low) > field.at(high)) finding.mend = swapped(projector, namesOf(low).field, namesOf(high).field);
+    if (field.at(low) > field.at(high))
+        finding.mend = swapped(check.findings.read, projector, namesOf(low).field, namesOf(high).field);
 }
 
 void checkFieldWidth(ChannelCheck& check, const CheckedSection& projector) {
@@ -74,7 +82,8 @@ void checkDegrees(Findings& findings, const CheckedSection& section) {
                 findings.add(L"XC305", Severity::Error, place,
                              shortNumber(number) + L" radians are " + shortNumber(std::abs(number) / fullTurn, 1) +
                                  L" turns; it looks like degrees");
-            if (item.setting->type == SettingType::Double)
+            constexpr double mostDegrees = 360.0;
+            if (item.setting->type == SettingType::Double && std::abs(number) <= mostDegrees)
                 finding.mend = mendBy(MendSafety::Asked, setCommand(place, shortNumber(number, allDigits) + L"deg"));
             break;
         }
@@ -117,10 +126,12 @@ void checkArea(ChannelCheck& check, const CheckedSection& projector, const wchar
     const double low = check.findings.read.number(projector, lowKey);
     const double high = check.findings.read.number(projector, highKey);
     if (isPartOfScreen(low, high)) return;
-    const auto shown = [](double value) { return value == unknownArea ? L"?" : shortNumber(value); };
+    const auto shown = [](double value) {
+        return value == unknownArea ? std::wstring(L"?") : numberBeyond(value, {0.0, 1.0});
+    };
     Finding& finding = check.findings.add(L"XC316", Severity::Warning, placeOf(projector, lowKey),
                                           shown(low) + L" to " + shown(high) + L" is no part of the screen");
-    if (low > high && high >= 0.0 && low <= 1.0) finding.mend = swapped(projector, lowKey, highKey);
+    if (low > high && high >= 0.0 && low <= 1.0) finding.mend = swapped(check.findings.read, projector, lowKey, highKey);
 }
 
 // Eye points.

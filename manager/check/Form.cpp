@@ -254,7 +254,7 @@ private:
         for (const double number : numbers) {
             if (contains(*range, number)) continue;
             add(L"XC114", range->ownJudgement ? Severity::Warning : Severity::Error, section, item,
-                shortNumber(number) + L" is outside " + textOf(*range));
+                numberBeyond(number, {range->low, range->high}) + L" is outside " + textOf(*range));
             return;
         }
     }

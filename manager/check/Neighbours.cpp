@@ -48,14 +48,33 @@ private:
 
 // Blends.
 
-Mend middleOf(const Place& place, const Neighbour& neighbour) {
-    return mendBy(MendSafety::Asked, setCommand(place, shortNumber(100.0 * neighbour.overlap->middle, 1)));
+ImageEdge opposite(ImageEdge edge) {
+    switch (edge) {
+        case ImageEdge::Left:
+            return ImageEdge::Right;
+        case ImageEdge::Right:
+            return ImageEdge::Left;
+        case ImageEdge::Top:
+            return ImageEdge::Bottom;
+        case ImageEdge::Bottom:
+            break;
+    }
+    return ImageEdge::Top;
+}
+
+/// None where the blend would take more than the one at the opposite edge leaves.
+Mend middleOf(const Place& place, const Neighbour& neighbour, double oppositeBlend) {
+    const double middle = 100.0 * neighbour.overlap->middle;
+    constexpr double rounding = 0.05;  // of one decimal
+    if (middle + rounding + std::max(oppositeBlend, 0.0) > 100.0) return {};
+    return mendBy(MendSafety::Asked, setCommand(place, shortNumber(middle, 1)));
 }
 
 void checkBlend(ChannelCheck& check, const Neighbours& neighbours, std::size_t index, ImageEdge edge) {
     const CheckedSection& projector = check.projector(index);
     const double blend = check.layout.channels[index].blends.at(edge);
     if (!isPossible(blend)) return;
+    const double oppositeBlend = check.layout.channels[index].blends.at(opposite(edge));
     const auto place = [&] { return placeOf(projector, namesOf(edge).blend); };
     const std::vector<Neighbour>& there = neighbours.at(index, edge);
     if (there.empty()) {
@@ -74,14 +93,14 @@ void checkBlend(ChannelCheck& check, const Neighbours& neighbours, std::size_t i
         check.findings
             .add(L"XC311", Severity::Warning, place(),
                  takes() + check.title(widest.channel) + L" overlaps " + percentOf(widest.overlap->most) + L" at most")
-            .mend = middleOf(place(), widest);
+            .mend = middleOf(place(), widest, oppositeBlend);
     for (const Neighbour& neighbour : there) {
         if (!isBlendTooNarrow(blend, *neighbour.overlap)) continue;
         check.findings
             .add(L"XC312", Severity::Warning, place(),
                  takes() + check.title(neighbour.channel) + L" overlaps " + percentOf(neighbour.overlap->least) +
                      L" at least")
-            .mend = middleOf(place(), neighbour);
+            .mend = middleOf(place(), neighbour, oppositeBlend);
         break;
     }
 }
@@ -202,7 +221,7 @@ void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector) {
         if (blend == unknown || isPossible(blend) || !std::isfinite(blend)) continue;  // XC113 is about that
         isPossibleEverywhere = false;
         check.findings.add(L"XC314", Severity::Error, placeOf(projector, namesOf(edge).blend),
-                           shortNumber(blend) + L" % is no part of the image");
+                           numberBeyond(blend, {0.0, 100.0}) + L" % is no part of the image");
     }
     if (!isPossibleEverywhere) return;
     const auto checkTogether = [&](ImageEdge first, ImageEdge second) {
@@ -211,7 +230,7 @@ void checkBlendsAlone(ChannelCheck& check, const CheckedSection& projector) {
         if (together > 100.0 + rounding)
             check.findings.add(L"XC314", Severity::Error, placeOf(projector, namesOf(first).blend),
                                std::wstring(namesOf(first).name) + L" and " + namesOf(second).name + L" blends take " +
-                                   percent(together) + L" together");
+                                   numberBeyond(together, {100.0}, 0) + L" % together");
     };
     checkTogether(ImageEdge::Left, ImageEdge::Right);
     checkTogether(ImageEdge::Top, ImageEdge::Bottom);

@@ -125,10 +125,13 @@ constexpr const wchar_t* comparedKeys[] = {
     L"Fit_Order",    L"ImageResolution_X", L"ImageResolution_Y", L"Box_Size",    L"Box_Spacing",  L"InputImageScaling_Mode",
     L"Portrait_Mode"};
 
-std::vector<std::vector<std::wstring>> oddCommands(const Place& place, const Setting& setting, bool isStored,
-                                                   const std::wstring& usual) {
-    if (isStored && !setting.inheritsFrom.empty()) return {unsetCommand(place)};
-    return {setCommand(place, usual)};
+/// Without its own text the projector has what it inherits, which need not be what the others have.
+std::vector<std::vector<std::wstring>> oddCommands(const Findings& findings, const CheckedSection& projector,
+                                                   const Setting& setting, const std::wstring& usual) {
+    const Place place = placeOf(projector, setting.key);
+    const bool wouldInherit = projector.holds(setting.key) && !setting.inheritsFrom.empty() &&
+                              findings.read.text(setting.inheritsFrom, setting.key) == usual;
+    return {wouldInherit ? unsetCommand(place) : setCommand(place, usual)};
 }
 
 std::wstring withoutNegativeZero(const std::wstring& text) {
@@ -161,7 +164,7 @@ void checkOddOne(Findings& findings, const std::wstring& key) {
         .add(L"XC408", Severity::Note, place,
              shown(odd->first) + L", the other " + std::to_wstring(usual->second.size()) + L" projectors have " +
                  shown(usual->first))
-        .mend.commands = oddCommands(place, setting, projector.holds(key), usual->first);
+        .mend.commands = oddCommands(findings, projector, setting, usual->first);
 }
 
 }  // namespace

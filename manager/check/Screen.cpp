@@ -91,8 +91,8 @@ private:
             const std::wstring name = text(key);
             return name.empty() ? L' ' : name.back();
         };
-        if (hasModel && axis(L"AxisForward") == axis(L"AxisUpward"))
-            add(L"XC504", Severity::Error, L"AxisUpward", L"is along AxisForward");
+        const bool isOneAxis = axis(L"AxisForward") == axis(L"AxisUpward") && axis(L"AxisUpward") != L' ';
+        if (hasModel && isOneAxis) add(L"XC504", Severity::Error, L"AxisUpward", L"is along AxisForward");
         if (text(L"File_Length_Unit") == L"Custom" && number(L"File_Unit_Custom_Scale") <= 0.0)
             add(L"XC505", Severity::Error, L"File_Unit_Custom_Scale", L"must be above 0");
     }
@@ -147,8 +147,8 @@ private:
         const auto isInside = [&](double number) { return number >= least && number <= most; };
         const auto beyond = std::find_if_not(numbers.begin(), numbers.end(), isInside);
         const std::wstring fault = beyond == numbers.end() ? notRising(numbers, least, most)
-                                                           : shortNumber(*beyond) + L" is beyond " + shortNumber(least) +
-                                                                 L" to " + shortNumber(most);
+                                                           : numberBeyond(*beyond, {least, most}) + L" is beyond " +
+                                                                 shortNumber(least) + L" to " + shortNumber(most);
         if (!fault.empty()) m_findings.add(L"XC509", Severity::Error, place, fault);
     }
 

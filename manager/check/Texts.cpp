@@ -14,16 +14,38 @@ namespace {
 using Table = UnitConversionTable;
 constexpr double degreesInARadian = 57.295779513082320877;
 
+std::wstring withoutTrailingZeros(std::wstring text) {
+    if (text.find(L'.') == std::wstring::npos) return text;
+    text.erase(text.find_last_not_of(L'0') + 1);
+    if (text.back() == L'.') text.pop_back();
+    return text;
+}
+
+/// "1e+300"
+std::wstring withExponent(double value) {
+    const std::wstring text = formatScientific(value);
+    const std::size_t exponent = text.find(L'e');
+    return withoutTrailingZeros(text.substr(0, exponent)) + text.substr(exponent);
+}
+
 }  // namespace
 
 std::wstring shortNumber(double value, int decimals) {
+    constexpr double large = 1e15;  // from there on not every digit is known
     if (!std::isfinite(value)) return formatFixed(value, 0);
-    std::wstring text = formatFixed(value, decimals);
-    if (text.find(L'.') != std::wstring::npos) {
-        text.erase(text.find_last_not_of(L'0') + 1);
-        if (text.back() == L'.') text.pop_back();
-    }
+    if (std::abs(value) >= large) return withExponent(value);
+    const std::wstring text = withoutTrailingZeros(formatFixed(value, decimals));
     return text == L"-0" ? L"0" : text;
+}
+
+std::wstring numberBeyond(double value, std::initializer_list<double> limits, int decimals) {
+    constexpr int mostDecimals = 15;
+    for (; decimals <= mostDecimals; ++decimals) {
+        const std::wstring text = shortNumber(value, decimals);
+        const auto isAlike = [&](double limit) { return value != limit && shortNumber(limit, decimals) == text; };
+        if (std::none_of(limits.begin(), limits.end(), isAlike)) return text;
+    }
+    return withExponent(value);
 }
 
 std::wstring shortText(const std::wstring& stored, SettingType type) {

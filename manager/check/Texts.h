@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,10 @@ class ConfigInfo;
 /// Values as the messages of findings show them.
 namespace XMLConfig::detail {
 
-/// Rounded to at most so many decimals, without trailing zeros; never -0.
+/// Rounded to at most so many decimals, without trailing zeros; never -0. Very large numbers have an exponent.
 std::wstring shortNumber(double value, int decimals = 6);
+/// With more decimals where it would look like one of the limits that it is not.
+std::wstring numberBeyond(double value, std::initializer_list<double> limits, int decimals = 6);
 /// A stored text with its numbers as people read them; a text that is not of the type as it stands.
 std::wstring shortText(const std::wstring& stored, SettingType type);
 std::wstring quoted(const std::wstring& text);

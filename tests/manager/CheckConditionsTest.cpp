@@ -8,13 +8,6 @@
 
 namespace {
 
-/// A projector whose channel has this heading, in radians, and a field of 40 by 30 degrees.
-std::string projectorAt(const std::string& id, const std::string& yaw, const std::string& pitch, const std::string& inside) {
-    return "<Projector ID='" + id + "'>" + inside + "<Channel_Extents><Heading><Yaw>" + yaw + "</Yaw><Pitch>" + pitch +
-           "</Pitch></Heading><HFOV><Left>-0.349</Left><Right>0.349</Right></HFOV><VFOV><Top>0.262</Top><Bottom>-0.262"
-           "</Bottom></VFOV></Channel_Extents></Projector>";
-}
-
 TEST(CheckConditions, LooksAtTheMACAddressInAnIDWithoutASnippetToo) {
     EXPECT_EQ(foundBy(L"XC204", camera("PGR***zz", "")), (Lines{L"Camera[PGR***zz]: \"zz\" in the ID is no MAC address"}));
     EXPECT_EQ(foundBy(L"XC204", camera("PGR***02:1C:00:51:00:a0", snippet("<macAddress>021c-00-51:00a0</macAddress>"))),
@@ -314,6 +307,55 @@ TEST(CheckConditions, ShowsWhatIsBeyondALimitBeyondIt) {
     EXPECT_EQ(foundBy(L"XC605", camera("1", at + "<Reference_Camera_Calibration_Points>1 0 10.5 2 0 10.5 3 0 10.5"
                                                  "</Reference_Camera_Calibration_Points>")),
               (Lines{L"Camera[1]/Camera_Calibration_Points: markers have moved by 10.5 pixels since the reference image"}));
+}
+
+TEST(CheckConditions, ShowsNumbersBeyondALimitBeyondIt) {
+    const auto found = [](const wchar_t* rule, const std::string& items) { return foundBy(rule, projector("1", items))[0]; };
+    EXPECT_EQ(found(L"XC114", "<Lamp_Power>-1e-9</Lamp_Power>"),
+              L"Projector[1]/Lamp_Power: -0.000000001 is outside 0 to 100");
+    EXPECT_EQ(found(L"XC114", "<Lamp_Power>-1e-300</Lamp_Power>"), L"Projector[1]/Lamp_Power: -1e-300 is outside 0 to 100");
+    EXPECT_EQ(found(L"XC114", "<Gamma>1e300</Gamma>"), L"Projector[1]/Gamma: 1e+300 is outside 1 to 4");
+    EXPECT_EQ(found(L"XC114", "<Gamma>4.5</Gamma>"), L"Projector[1]/Gamma: 4.5 is outside 1 to 4");
+    EXPECT_EQ(found(L"XC314", "<Blend_Left>100.0000001</Blend_Left>"),
+              L"Projector[1]/Blend_Left: 100.0000001 % is no part of the image");
+    EXPECT_EQ(found(L"XC314", "<Blend_Left>60.2</Blend_Left><Blend_Right>40.2</Blend_Right>"),
+              L"Projector[1]/Blend_Left: Left and Right blends take 100.4 % together");
+    EXPECT_EQ(found(L"XC316", "<Screen_Area_Left>0</Screen_Area_Left><Screen_Area_Right>1.0000001</Screen_Area_Right>"),
+              L"Projector[1]/Screen_Area_Left: 0 to 1.0000001 is no part of the screen");
+}
+
+TEST(CheckConditions, WordsThatAreEmptyNameNoAxis) {
+    const auto found = [](const std::string& axis) {
+        return foundBy(L"XC504", "<Screen><VRML>x</VRML><AxisForward>" + axis + "</AxisForward><AxisUpward>" + axis +
+                                     "</AxisUpward></Screen>")
+            .size();
+    };
+    EXPECT_EQ(found(""), 0U);
+    EXPECT_EQ(found("X"), 1U);
+}
+
+TEST(CheckConditions, OnlyAMaskOfOnesBeforeZerosMakesANetwork) {
+    const auto found = [](const std::string& mask) {
+        const std::string network = "<ipAddress>10.0.0.1</ipAddress><subnetMask>" + mask + "</subnetMask>";
+        const std::string connection = "<connection><address>10.1.0.1</address><port>1</port></connection>";
+        return foundBy(L"XC704", camera("c", snippet(network)) + projector("p", snippet(connection))).size();
+    };
+    EXPECT_EQ(found("255.255.0.0"), 1U);
+    EXPECT_EQ(found("255.0.0.0"), 0U);
+    EXPECT_EQ(found("0.255.0.0"), 0U);
+    EXPECT_EQ(found("0.0.0.0"), 0U);
+    EXPECT_EQ(found("255.255.255.255"), 1U);
+}
+
+TEST(CheckConditions, AnEndlessNameOfAPointNamesNoCameras) {
+    const auto found = [](std::size_t length) {
+        const std::string id(length, 'c');
+        const std::string key = "CameraOverlapPoint_" + id + "_b";
+        return foundBy(L"XC219", "<Color><" + key + ">1 2 3 0 0</" + key + "></Color>" + camera(id, "") + camera("b", ""))
+            .size();
+    };
+    EXPECT_EQ(found(998), 0U);
+    EXPECT_EQ(found(999), 1U);
 }
 
 TEST(CheckConditions, RolledNeighboursLeaveTheGapThatTheirImagesLeave) {

@@ -122,6 +122,18 @@ TEST_F(Fix, MendsWhatAMendUncovers) {
                   file + ": 0 errors, 0 warnings, 0 notes; all is well\n");
 }
 
+TEST_F(Fix, FollowsAllRenamedCamerasAtOnce) {
+    std::string text = exampleText("PGR***02:1c:00:51:00:a0,PGR***02:1c:00:51:00:a4</CameraOrder>",
+                                   "1,2,3,4,5,6,PGR***02:1c:00:51:00:a0,PGR***02:1c:00:51:00:a4</CameraOrder>");
+    std::string cameras;
+    for (const char* const id : {"1", "2", "3", "4", "5", "6"})
+        cameras += std::string("<Camera ID=\"new-") + id + "\"><OldSectionID>" + id + "</OldSectionID></Camera>";
+    replaceOnce(text, "</ConfigInfo>", cameras + "</ConfigInfo>");
+    const std::string file = fileOf(text);
+    EXPECT_THAT(runTool({"check", "--fix", "--only", "XC208", file}).output, HasSubstr("all is well"));
+    EXPECT_THAT(contentOf(file), HasSubstr("new-1,new-2,new-3,new-4,new-5,new-6,PGR"));
+}
+
 TEST_F(Fix, TakesAwayASecondItemOfTheSameText) {
     std::string text = exampleText();
     replaceOnce(text, "<Fit_Order>3<", "<Fit_Order>3</Fit_Order><Fit_Order>3</Fit_Order><Fit_Order>3<");
