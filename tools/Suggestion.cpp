@@ -29,15 +29,26 @@ std::wstring alternatives(std::vector<std::wstring> names) {
     return areMore ? text + L" or another" : text;
 }
 
+bool isIn(const std::vector<std::wstring>& names, const std::wstring& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// The names that hold the last part of the text, whatever the case of its letters.
+std::vector<std::wstring> namesWith(const std::wstring& text, const std::vector<std::wstring>& names) {
+    constexpr std::size_t least = 3;  // what is shorter stands in too many
+    const std::wstring part = lowerAscii(text.substr(text.rfind(L'/') + 1));
+    std::vector<std::wstring> found;
+    for (const std::wstring& name : names)
+        if (part.size() >= least && lowerAscii(name).find(part) != std::wstring::npos && !isIn(found, name))
+            found.push_back(name);
+    return found;
+}
+
 /// The address in a device's ID, by which it may be named too.
 std::wstring endingOf(const std::wstring& id) {
     const std::wstring_view separator = XMLConfig::detail::deviceIDSeparator;
     const std::size_t begin = id.rfind(separator);
     return begin == std::wstring::npos ? id : id.substr(begin + separator.size());
-}
-
-bool isIn(const std::vector<std::wstring>& names, const std::wstring& name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 /// The sections that the catalogue knows and those that the document holds.
@@ -75,8 +86,9 @@ std::vector<std::wstring> keysOf(const ElementView& section, const std::wstring&
 }  // namespace
 
 std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring>& names) {
+    constexpr std::size_t few = 2;  // letters that fingers miss
     std::vector<std::wstring> nearest;
-    std::size_t least = std::max<std::size_t>(text.size() / 3, 2);
+    std::size_t least = std::max(text.size() / 3, few);
     for (const std::wstring& name : names) {
         const std::size_t steps = editDistance(lowerAscii(text), lowerAscii(name));
         if (steps > least || steps >= name.size() || isIn(nearest, name)) continue;
@@ -84,6 +96,9 @@ std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring
         least = steps;
         nearest.push_back(name);
     }
+    const std::vector<std::wstring> holding =
+        nearest.empty() || least > few ? namesWith(text, names) : std::vector<std::wstring>();
+    if (!holding.empty()) nearest = holding;
     return nearest.empty() || isIn(nearest, text) ? L"" : L"; did you mean " + alternatives(nearest) + L"?";
 }
 

@@ -9,7 +9,8 @@ class ConfigInfo;
 
 namespace tool {
 
-/// "; did you mean "..."?" with the nearest of the names, several where they are equally near, or nothing when none is near.
+/// "; did you mean "..."?" with the nearest of the names, several where they are equally near; where none is near, with
+/// those that hold the last part of the text, or nothing.
 std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring>& names);
 
 /// The same for an address that leads to nothing: the section, device or setting that is nearest to what it names. Where no

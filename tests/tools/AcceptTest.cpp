@@ -113,7 +113,8 @@ TEST_F(Accept, AnswersInJson) {
 TEST_F(Accept, RefusesWhatIsNotFound) {
     expectRefused(accept("XC301"), 1, "XC301 is not found");
     expectRefused(accept("XC408@Projector[Dome 1]"), 1, "XC408 is not found at Projector[Dome 1]");
-    expectRefused(accept("XC408@Projector[Dome 2]/Box_Spac"), 1, "XC408 is not found at Projector[Dome 2]/Box_Spac");
+    expectRefused(accept("XC408@Projector[Dome 2]/Box_Spac"), 1,
+                  "XC408 is not found at Projector[Dome 2]/Box_Spac; did you mean \"Box_Spacing\"?");
     EXPECT_EQ(Json::parse(accept("XC301", {"--json"}).output)["error"], "XC301 is not found");
 }
 

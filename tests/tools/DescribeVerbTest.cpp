@@ -116,6 +116,9 @@ TEST(DescribeVerb, SuggestsWhatIsMeant) {
 TEST(DescribeVerb, SuggestsAKeyWithoutItsSection) {
     expectRun(runTool({"describe", "Fit_Solvr"}), 1, "",
               "xmlconfig: there is no \"Fit_Solvr\" among the settings and rules; did you mean \"Fit_Solver\"?\n");
+    expectRun(runTool({"describe", "Projector/Yaw"}), 1, "",
+              "xmlconfig: there is no \"Projector/Yaw\" among the settings and rules; did you mean "
+              "\"Projector/Channel_Extents/Heading/Yaw\"?\n");
 }
 
 TEST(DescribeVerb, ListsTheRulesThatBeginSo) {

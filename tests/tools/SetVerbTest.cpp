@@ -249,6 +249,8 @@ TEST_F(SetVerb, WhatIsMistypedIsAnsweredWithWhatIsNearest) {
         {"Projektor[Dome 3]/Gamma", "there is no such section; did you mean \"Projector\"?"},
         {"Projector[Dome 3]/Gama", "there is no such setting; did you mean \"Gamma\"?"},
         {"Screen/Shap", "there is no such setting; did you mean \"Shape\"?"},
+        {"Screen/Radius", "there is no such setting; did you mean \"Screen_Radius\"?"},
+        {"Projector[Dome 3]/yaw", "there is no such setting; did you mean \"Channel_Extents/Heading/Yaw\"?"},
         {"Screen/Colour_Of_The_Wall",
          "there is no such setting; 'xmlconfig describe Screen' lists what there is; --force "
          "stores it all the same"},
