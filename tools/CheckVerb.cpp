@@ -254,6 +254,8 @@ ExitStatus runCheck(const Request& request) {
     for (const std::string& word : request.rules) ruleIDOf(word);
     refuseWrongAcceptance(request);
     refuseWrongFix(request);
+    if (std::count(request.operands.begin(), request.operands.end(), "-") > 1)
+        throw WrongOperands("only one of the files can be standard input");
     for (const std::string& file : request.operands) {
         std::wstring text;
         all.push_back(answerFor(request, file, text));

@@ -47,15 +47,17 @@ void save(XMLConfigManager& manager, const std::string& file) {
     noteWritten(file);
 }
 
-std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file) {
-    return L"made " + printable(file) + L": file version " + XMLConfig::versionText(manager.getDocument().getVersion()) +
-           L", " + counted(static_cast<std::size_t>(manager.getProjectorConfigCount()), L"projector") + L", " +
-           counted(static_cast<std::size_t>(manager.getCameraConfigCount()), L"camera") + L"\nnext: xmlconfig check " +
-           printable(fileWord(file)) + L"\n";
+std::wstring textOf(const XMLConfigManager& manager, const std::wstring& file, bool isDryRun) {
+    return (isDryRun ? L"would make " : L"made ") + printable(file) + L": file version " +
+           XMLConfig::versionText(manager.getDocument().getVersion()) + L", " +
+           counted(static_cast<std::size_t>(manager.getProjectorConfigCount()), L"projector") + L", " +
+           counted(static_cast<std::size_t>(manager.getCameraConfigCount()), L"camera") +
+           (isDryRun ? L" (dry run, nothing written)\n" : L"\nnext: xmlconfig check " + printable(fileWord(file)) + L"\n");
 }
 
-std::wstring jsonOf(const XMLConfigManager& manager, const std::string& file) {
-    Json answer = jsonAnswer("new", file);
+std::wstring jsonOf(const XMLConfigManager& manager, const Request& request) {
+    Json answer = jsonAnswer("new", request.file);
+    if (request.dryRun) answer["written"] = false;
     answer["version"] = manager.getDocument().getVersion();
     answer["projectors"] = manager.getProjectorConfigCount();
     return jsonEnd(std::move(answer), Done);
@@ -70,6 +72,7 @@ void setUpNew(Options& options, Request& request) {
     options.value("--projectors", request.projectors, "How many projectors it holds, side by side (0)")
         .valueName("N")
         .between(0U, most);
+    options.flag("--dry-run", request.dryRun, "Tell what would be made and write nothing");
     options.flag("--json", request.json, "Answer with one JSON object");
     setUpWriting(options, request);
     options.footer("Exit status: 0 done, 1 refused, 2 wrong usage, 3 the file cannot be written.");
@@ -79,14 +82,14 @@ ExitStatus runNew(const Request& request) {
     const std::wstring file = XMLConfig::wideFromUtf8(request.file);
     if (!hasExtension(request.file)) throw Refusal(file + L": the name of a configuration ends in \".skorrax\"");
     if (XMLConfig::isDeviceName(file)) throw Refusal(file + L": is the name of a device");
-    const auto lock = lockForWriting(request.file, request);
+    const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     if (!request.force && exists(request.file))
         throw Refusal(file + L": exists; take another name, or --force, which replaces it");
     const std::unique_ptr<XMLConfigManager> manager(XMLConfigManager::newConfiguration(std::make_shared<ProductInfo>()));
     addProjectors(*manager, request.projectors);
-    save(*manager, request.file);
-    if (request.json) print(jsonOf(*manager, request.file));
-    else if (!request.quiet) print(textOf(*manager, file));
+    if (!request.dryRun) save(*manager, request.file);
+    if (request.json) print(jsonOf(*manager, request));
+    else if (!request.quiet) print(textOf(*manager, file, request.dryRun));
     return Done;
 }
 

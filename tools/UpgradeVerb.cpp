@@ -75,6 +75,7 @@ void refuseWrongOperands(const Request& request) {
     if (!request.target.empty() && request.operands.size() > 1) throw WrongOperands("--output goes with one FILE only");
     for (const std::string& file : request.operands)
         if (file == "-") throw WrongOperands("a file is converted here; standard input cannot be");
+    if (request.target == "-") throw WrongOperands("the result goes to a file; standard output cannot take it");
 }
 
 /// A version that is no number counts as 0 for the application.

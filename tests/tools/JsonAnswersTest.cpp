@@ -102,6 +102,7 @@ TEST_F(JsonAnswers, OfReadingVerbsFitTheirSchemas) {
 
 TEST_F(JsonAnswers, OfWritingVerbsFitTheirSchemas) {
     expectFits("new", {"--projectors", "2", (folder.path() / "new.skorrax").string()});
+    expectFits("new", {"--dry-run", (folder.path() / "other.skorrax").string()});
     expectFits("set", {copy(), "Projector[*]/Gamma=3", "ProjMap/Own=x"});
     expectFits("unset", {copy(), "Projector[#2]/Box_Spacing", "ProjMap/Own"});
     expectFits("check", {"--accept", "XC901", "--because", "as built", copy()});

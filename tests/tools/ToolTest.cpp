@@ -116,6 +116,9 @@ TEST_F(Tool, WrongUsageIsStatusTwo) {
         EXPECT_EQ(run.output, "");
         EXPECT_THAT(run.errors, StartsWith("xmlconfig: "));
     }
+    expectRun(runTool({"check", "-", hallFile(), "-"}), 2, "", "xmlconfig: only one of the files can be standard input\n");
+    expectRun(runTool({"upgrade", "-o", "-", path("hall.skorrax")}), 2, "",
+              "xmlconfig: the result goes to a file; standard output cannot take it\n");
 }
 
 TEST_F(Tool, NamesTheOptionThatIsNearest) {
@@ -280,6 +283,19 @@ TEST_F(Tool, NewMakesProjectorsInOneRow) {
               "{\n  \"format\": 1,\n  \"verb\": \"new\",\n  \"file\": " + nlohmann::json(file).dump() +
                   ",\n  \"version\": 9.0,\n  \"projectors\": 2,\n  \"exit\": 0\n}\n",
               "");
+}
+
+TEST_F(Tool, NewWritesNothingInADryRun) {
+    const std::string file = path("neu.skorrax");
+    expectRun(runTool({"new", "--dry-run", "--projectors", "2", file}), 0,
+              "would make " + file + ": file version 9.000, 2 projectors, 0 cameras (dry run, nothing written)\n", "");
+    const std::string json = runTool({"new", "--dry-run", "--json", file}).output;
+    EXPECT_THAT(json, HasSubstr("\"written\": false"));
+    EXPECT_EQ(folder.entries(), 0u);
+    const std::string held = hallFile();
+    EXPECT_EQ(runTool({"new", "--dry-run", held}).status, 1);
+    EXPECT_EQ(runTool({"new", "--dry-run", "--force", held}).status, 0);
+    EXPECT_EQ(folder.read(L"hall.skorrax"), hall);
 }
 
 TEST_F(Tool, NewReplacesAFileOnlyByForce) {
