@@ -45,13 +45,8 @@ void addLines(std::vector<AskedChange>& changes, std::istream& lines, const std:
 }  // namespace
 
 std::size_t valueStart(const std::wstring& assignment) {
-    bool isInID = false;
-    for (std::size_t i = 0; i < assignment.size(); ++i) {
-        if (assignment[i] == L'[') isInID = true;
-        if (assignment[i] == L']') isInID = false;
-        if (assignment[i] == L'=' && !isInID) return i + 1;
-    }
-    return std::wstring::npos;
+    const std::size_t sign = findOutsideIDs(assignment, L'=');
+    return sign == std::wstring::npos ? sign : sign + 1;
 }
 
 AskedChange askedChangeOf(const std::wstring& text) {

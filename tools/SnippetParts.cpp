@@ -17,7 +17,7 @@ bool namesElement(const std::wstring& address) {
     try {
         const XMLConfig::Setting* const setting = XMLConfig::knownSetting(XMLConfig::parseAddress(address));
         return setting != nullptr && setting->type == XMLConfig::SettingType::Element;
-    } catch (const CorvaneException&) {
+    } catch (const CorvaneParseException&) {
         return false;
     }
 }
@@ -75,14 +75,22 @@ private:
 
 }  // namespace
 
-SnippetPart snippetPartOf(const std::wstring& address) {
+std::size_t findOutsideIDs(const std::wstring& text, wchar_t wanted, std::size_t begin) {
     bool isInID = false;
-    for (std::size_t i = 0; i < address.size(); ++i) {
-        if (address[i] == L'[') isInID = true;
-        if (address[i] == L']') isInID = false;
-        if (address[i] == L'/' && !isInID && namesElement(address.substr(0, i)))
-            return {address.substr(0, i), address.substr(i + 1)};
+    for (std::size_t i = begin; i < text.size(); ++i) {
+        const bool isDoubled = isInID && text[i] == L']' && text.substr(i + 1, 1) == L"]";
+        if (!isInID && text[i] == wanted) return i;
+        if (!isInID && text[i] == L'[') isInID = true;
+        else if (isDoubled) ++i;
+        else if (text[i] == L']') isInID = false;
     }
+    return std::wstring::npos;
+}
+
+SnippetPart snippetPartOf(const std::wstring& address) {
+    for (std::size_t end = findOutsideIDs(address, L'/'); end != std::wstring::npos;
+         end = findOutsideIDs(address, L'/', end + 1))
+        if (namesElement(address.substr(0, end))) return {address.substr(0, end), address.substr(end + 1)};
     return {};
 }
 

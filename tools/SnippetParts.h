@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 class ConfigInfo;
@@ -10,6 +11,10 @@ struct Address;
 
 /// Single texts in a device snippet, as `show --flat` and `diff --lines` name them.
 namespace tool {
+
+/// The first such character of an address from `begin` on, which stands in no brackets, that does not stand in brackets
+/// either; npos where there is none. In brackets a "]" is written twice.
+std::size_t findOutsideIDs(const std::wstring& text, wchar_t wanted, std::size_t begin = 0);
 
 /// An operand's place, and the part of the device snippet that stands there: "device@UID", "device/connection/port".
 struct SnippetPart {

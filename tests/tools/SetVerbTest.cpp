@@ -361,6 +361,20 @@ TEST_F(SetVerb, PartsOfADeviceSnippetAreSet) {
               "value\n");
 }
 
+TEST_F(SetVerb, DevicesMayHaveSignsOfAddressesInTheirIDs) {
+    const std::string snippet = "<DeviceSnippet><device UID=\"a\"/></DeviceSnippet></Projector>";
+    folder.write(L"dome.skorrax", "<ConfigInfo><Version>9.000</Version><Projector ID=\"a]=b\"><Name>1</Name>" + snippet +
+                                      "<Projector ID=\"c]/d[\"><Name>2</Name>" + snippet + "</ConfigInfo>");
+    for (const std::string device : {"Projector[a]]=b]", "Projector[c]]/d[]"}) {
+        EXPECT_EQ(run("set", {device + "/DeviceSnippet/device@UID=x=y", device + "/Name=z"}).status, 0) << device;
+        EXPECT_EQ(stored(device + "/DeviceSnippet/device@UID"), "x=y\n");
+        EXPECT_EQ(stored(device + "/Name"), "z\n");
+    }
+    const std::string lines = runTool({"show", "--flat", file()}).output;
+    expectRun(runToolReading(lines, {"set", "--dry-run", file(), "--from", "-"}), 0,
+              "0 changes, 0 new findings (dry run, nothing written)\n");
+}
+
 TEST_F(SetVerb, LinesComeFromAFileOrStandardInput) {
     folder.write(L"lines", "ProjMap/Site=a\\nb\\\\c\\td\r\n\nProjector[Dome 1]/Gamma=2.4\n");
     EXPECT_EQ(run("set", {"--from", (folder.path() / "lines").string()}).status, 0);
