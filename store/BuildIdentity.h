@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 /// Who wrote a file: its header elements, which stand in the root beside the sections, and their values.
 namespace XMLConfig::detail {
 
@@ -13,10 +11,8 @@ inline constexpr const wchar_t* makerElement = L"DevelopedBy";
 inline constexpr const wchar_t* headerElements[] = {versionElement, buildDateElement, buildNumberElement, makerElement};
 
 inline constexpr const wchar_t* buildDate = L"Mar 11 2019";
+inline constexpr const wchar_t* buildNumber = L"2.1.1.14";
 inline constexpr const wchar_t* makerName = L"Ulvano";
 inline constexpr double latestFileVersion = 9.0;
-
-/// "2.1.1.14"; made once a process, safely from any thread.
-const std::wstring& buildNumber();
 
 }  // namespace XMLConfig::detail

@@ -116,7 +116,7 @@ void ConfigInfo::insertBuildDateAndNumber() {
             bool isSeen;
         };
         Stamp stamps[] = {{XMLConfig::detail::buildDateElement, XMLConfig::detail::buildDate, false},
-                          {XMLConfig::detail::buildNumberElement, XMLConfig::detail::buildNumber(), false}};
+                          {XMLConfig::detail::buildNumberElement, XMLConfig::detail::buildNumber, false}};
         xercesc::DOMElement* maker = nullptr;
         for (auto* child = m_document->root()->getFirstElementChild();
              child != nullptr && !(stamps[0].isSeen && stamps[1].isSeen); child = child->getNextElementSibling()) {

@@ -78,7 +78,7 @@ void Document::initializeDOM() {
         };
         add(versionElement, versionText(latestFileVersion));
         add(buildDateElement, buildDate);
-        add(buildNumberElement, buildNumber());
+        add(buildNumberElement, buildNumber);
         add(makerElement, makerName);
         adopt({std::move(made)});
     } catch (const xercesc::DOMException& exception) {
