@@ -5,6 +5,7 @@ namespace XMLConfig::detail {
 
 namespace {
 
+using xercesc::DOMElement;
 using xercesc::DOMNode;
 
 // Steps through children, taking neighbouring pieces of text as one and leaving out text that is indentation only.
@@ -35,22 +36,14 @@ private:
     const DOMNode* m_next;
 };
 
-bool sameAttributes(const DOMNode& left, const DOMNode& right) {
-    const xercesc::DOMNamedNodeMap* const attributes = left.getAttributes();
-    const XMLSize_t count = attributes == nullptr ? 0 : attributes->getLength();
-    if (count != (right.getAttributes() == nullptr ? 0 : right.getAttributes()->getLength())) return false;
-    for (XMLSize_t i = 0; i < count; ++i) {
-        const DOMNode* const other = right.getAttributes()->getNamedItem(attributes->item(i)->getNodeName());
-        if (other == nullptr || view(other->getNodeValue()) != view(attributes->item(i)->getNodeValue())) return false;
-    }
-    return true;
+bool areEqualButForContents(const DOMNode& left, const DOMNode& right) {
+    if (left.getNodeType() != right.getNodeType() || view(left.getNodeName()) != view(right.getNodeName())) return false;
+    if (left.getNodeType() != DOMNode::ELEMENT_NODE) return view(left.getNodeValue()) == view(right.getNodeValue());
+    return haveEqualAttributes(static_cast<const DOMElement&>(left), static_cast<const DOMElement&>(right));
 }
 
-bool compareCollapsedNodes(const DOMNode& left, const DOMNode& right) {
-    if (left.getNodeType() != right.getNodeType() || view(left.getNodeName()) != view(right.getNodeName()) ||
-        view(left.getNodeValue()) != view(right.getNodeValue()) || !sameAttributes(left, right)) {
-        return false;
-    }
+bool areEqualCollapsed(const DOMNode& left, const DOMNode& right) {
+    if (!areEqualButForContents(left, right)) return false;
     Children mine(left);
     Children theirs(right);
     for (;;) {
@@ -58,7 +51,7 @@ bool compareCollapsedNodes(const DOMNode& left, const DOMNode& right) {
         if (isMine != theirs.step()) return false;
         if (!isMine) return true;
         if (mine.text != theirs.text || (mine.node == nullptr) != (theirs.node == nullptr)) return false;
-        if (mine.node != nullptr && !compareCollapsedNodes(*mine.node, *theirs.node)) return false;
+        if (mine.node != nullptr && !areEqualCollapsed(*mine.node, *theirs.node)) return false;
     }
 }
 
@@ -66,7 +59,7 @@ bool compareCollapsedNodes(const DOMNode& left, const DOMNode& right) {
 
 bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content) {
     Children held(element);
-    const bool isHeld = held.step() && held.node != nullptr && compareCollapsedNodes(*held.node, content);
+    const bool isHeld = held.step() && held.node != nullptr && areEqualCollapsed(*held.node, content);
     return isHeld && !held.step();
 }
 

@@ -7,7 +7,6 @@
 
 using XMLConfig::detail::Change;
 using XMLConfig::detail::Document;
-using XMLConfig::detail::idOf;
 using XMLConfig::detail::reporting;
 using XMLConfig::detail::Section;
 using XMLConfig::detail::view;
@@ -48,7 +47,7 @@ std::vector<std::wstring> ConfigInfo::getSectionIDs(const std::wstring& sectionN
     return reporting(sectionPrefix, [&] {
         std::vector<std::wstring> ids;
         for (const Section* section = m_document->getSection(sectionName, {}); section != nullptr; section = section->next)
-            if (section->element->hasAttribute(XMLConfig::detail::xmlText(u"ID"))) ids.push_back(section->id);
+            if (XMLConfig::detail::idAttributeOf(*section->element) != nullptr) ids.push_back(section->id);
         return ids;
     });
 }
@@ -63,7 +62,8 @@ std::vector<std::wstring> ConfigInfo::getSubSectionIDs(const std::wstring& secti
     return reporting(sectionPrefix, [&] {
         std::vector<std::wstring> ids;
         for (const auto* const subSection : subSections(*m_document, sectionName, subSectionName))
-            if (subSection->hasAttribute(XMLConfig::detail::xmlText(u"ID"))) ids.push_back(idOf(*subSection));
+            if (const xercesc::DOMAttr* const id = XMLConfig::detail::idAttributeOf(*subSection))
+                ids.push_back(XMLConfig::detail::fromUtf16(XMLConfig::detail::valueOf(*id)));
         return ids;
     });
 }

@@ -118,34 +118,6 @@ Item Document::getItem(const std::wstring& name, const std::wstring& key, const 
     return section == nullptr ? Item() : getItem({section->element, section}, key);
 }
 
-namespace {
-
-void gatherText(const DOMElement& element, std::u16string& text) {
-    for (const DOMNode* child = element.getFirstChild(); child != nullptr;) {
-        const NodeLook look = lookAt(*child);
-        if (look.type == DOMNode::ELEMENT_NODE) gatherText(static_cast<const DOMElement&>(*child), text);
-        else if (look.type != DOMNode::COMMENT_NODE) text += look.text;
-        child = look.next;
-    }
-}
-
-}  // namespace
-
-std::optional<std::u16string_view> onlyText(const DOMElement& element) {
-    const DOMNode* const first = element.getFirstChild();
-    if (first == nullptr) return std::nullopt;
-    const NodeLook look = lookAt(*first);
-    if (look.type != DOMNode::TEXT_NODE || look.next != nullptr) return std::nullopt;
-    return look.text;
-}
-
-std::u16string_view textOf(const DOMElement& element, std::u16string& buffer) {
-    if (const auto only = onlyText(element)) return *only;
-    buffer.clear();
-    gatherText(element, buffer);
-    return buffer;
-}
-
 std::u16string_view textOf(const Item& item, std::u16string& buffer) {
     const std::u16string_view known = item.section->textRead(item.number);
     if (!known.empty()) return known;
@@ -153,16 +125,6 @@ std::u16string_view textOf(const Item& item, std::u16string& buffer) {
     if (!only) return textOf(*item.element, buffer);
     item.section->rememberRead(item, *only);
     return *only;
-}
-
-bool hasText(const DOMElement& element, const std::wstring& text) {
-    std::u16string buffer;
-    return equal(textOf(element, buffer), text);
-}
-
-std::wstring wideTextOf(const DOMElement& element) {
-    std::u16string buffer;
-    return fromUtf16(textOf(element, buffer));
 }
 
 }  // namespace XMLConfig::detail

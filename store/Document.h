@@ -13,6 +13,7 @@
 #include "store/FileState.h"
 #include "store/Journal.h"
 #include "store/NewElement.h"
+#include "store/NodeText.h"
 #include "store/SectionIndex.h"
 #include "store/Tree.h"
 
@@ -159,16 +160,9 @@ private:
     std::optional<Comments> m_parsedComments;
 };
 
-/// The text of an element that holds one piece of text and nothing else; the view is into the tree.
-std::optional<std::u16string_view> onlyText(const xercesc::DOMElement& element);
-/// The text of an element with that of everything inside it. The view is into the tree where the element holds one piece
-/// of text, else into `buffer`; it is good until the tree or the buffer changes.
-std::u16string_view textOf(const xercesc::DOMElement& element, std::u16string& buffer);
-/// The text of an item. A short text of one piece is remembered with the item: the view is good until another item is
-/// read or anything changes.
+/// The text of an item, as of its element. A short text of one piece is remembered with the item: the view is good until
+/// another item is read or anything changes.
 std::u16string_view textOf(const Item& item, std::u16string& buffer);
-bool hasText(const xercesc::DOMElement& element, const std::wstring& text);
-std::wstring wideTextOf(const xercesc::DOMElement& element);
 /// Whether an element holds `content` and nothing else, where texts that are indentation only count nowhere.
 bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content);
 

@@ -9,7 +9,7 @@
 
 #include "platform/Prefetch.h"
 #include "platform/Text.h"
-#include "store/Attributes.h"
+#include "store/NodeText.h"
 #include "store/Pieces.h"
 #include "store/TreeLinks.h"
 

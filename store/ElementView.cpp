@@ -4,10 +4,10 @@
 
 #include "platform/Text.h"
 #include "store/Address.h"
-#include "store/Attributes.h"
 #include "store/Comments.h"
 #include "store/Document.h"
 #include "store/ElementAccess.h"
+#include "store/NodeText.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig {
@@ -15,18 +15,6 @@ namespace XMLConfig {
 namespace {
 
 const xercesc::DOMElement* elementOf(const ElementView& view) { return ElementAccess::element(view); }
-
-bool areAttributesEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
-    if (!one.hasAttributes()) return !other.hasAttributes();
-    const xercesc::DOMNamedNodeMap& ones = *one.getAttributes();
-    if (ones.getLength() != other.getAttributes()->getLength()) return false;
-    for (XMLSize_t i = 0; i < ones.getLength(); ++i) {
-        const xercesc::DOMNode& attribute = *ones.item(i);
-        const xercesc::DOMAttr* const found = other.getAttributeNode(attribute.getNodeName());
-        if (found == nullptr || detail::view(found->getValue()) != detail::view(attribute.getNodeValue())) return false;
-    }
-    return true;
-}
 
 bool areTextsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement& other) {
     std::u16string oneBuffer;
@@ -42,8 +30,8 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
     const xercesc::DOMElement* b = detail::firstElementIn(other);
     if (a == nullptr && b == nullptr) return areTextsEqual(one, other);
     for (; a != nullptr && b != nullptr; a = detail::elementAfter(*a), b = detail::elementAfter(*b)) {
-        const bool areAlike = detail::view(a->getNodeName()) == detail::view(b->getNodeName()) && areAttributesEqual(*a, *b);
-        if (!areAlike || !areContentsEqual(*a, *b)) return false;
+        if (detail::view(a->getNodeName()) != detail::view(b->getNodeName())) return false;
+        if (!detail::haveEqualAttributes(*a, *b) || !areContentsEqual(*a, *b)) return false;
     }
     return a == b;
 }

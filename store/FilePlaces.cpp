@@ -5,11 +5,11 @@
 
 #include "platform/Cancellation.h"
 #include "platform/Files.h"
-#include "store/Attributes.h"
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "store/Document.h"
 #include "store/ElementAccess.h"
+#include "store/NodeText.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/Text.h"
-#include "store/Attributes.h"
+#include "store/NodeText.h"
 #include "store/SectionTag.h"
 #include "store/TreeLinks.h"
 

@@ -4,11 +4,8 @@
 #include <utility>
 
 #include "platform/Text.h"
-#include "store/Attributes.h"
 
 namespace XMLConfig::detail {
-
-std::wstring idOf(const xercesc::DOMElement& element) { return fromUtf16(idTextOf(element)); }
 
 std::size_t HashOfText::operator()(const std::wstring& text) const {
     constexpr std::uint64_t odd = 0x9E3779B97F4A7C15U;

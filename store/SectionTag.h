@@ -73,7 +73,4 @@ private:
     std::unordered_map<const XMLCh*, std::size_t> m_nameNumbers;
 };
 
-/// The "ID" attribute's value; "" when there is none.
-std::wstring idOf(const xercesc::DOMElement& element);
-
 }  // namespace XMLConfig::detail
