@@ -4,7 +4,6 @@
 
 #include "platform/Cancellation.h"
 #include "platform/Early.h"
-#include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "store/BuildIdentity.h"
@@ -74,11 +73,9 @@ bool ConfigInfo::save(const std::wstring& path) {
     }
     try {
         XMLConfig::detail::saveDocument(*m_document, path);
-    } catch (const XMLConfig::detail::FileError& error) {
-        const std::wstring message =
-            L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" + error.message();
-        XMLConfig::detail::logWarn(log, message);
-        throw CorvaneException(message);
+    } catch (const CorvaneException& failure) {
+        XMLConfig::detail::logWarn(log, failure.getMessage());
+        throw;
     }
     m_dirty = false;
     return true;

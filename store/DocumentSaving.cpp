@@ -19,16 +19,31 @@ bool hasFileChanged(const ConfigInfo& document) { return detail::Document::of(do
 
 namespace XMLConfig::detail {
 
+namespace {
+
+template <typename Write>
+auto reportingFailedSave(const Write& write) {
+    try {
+        return write();
+    } catch (const FileError& error) {
+        throw CorvaneException(L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" +
+                               error.message());
+    }
+}
+
+}  // namespace
+
 void saveDocument(Document& document, const std::wstring& path) {
     FileState file = FileState::before(path);
     ContentHash content;
-    replaceFile(path, [&](const ByteSink& sink) {
+    const auto write = [&](const ByteSink& sink) {
         content = {};  // the text may be asked for again
         writeDocument(document.tree(), [&](std::string_view bytes) {
             content.add(bytes);
             sink(bytes);
         });
-    });
+    };
+    reportingFailedSave([&] { replaceFile(path, write); });
     file.wasWritten(content.value());
     document.file = std::move(file);
 }
@@ -43,13 +58,8 @@ void saveCopy(ConfigInfo& document, const std::wstring& path) {
 }
 
 bool saveAsNewFile(const ConfigInfo& document, const std::wstring& path, const std::wstring& rightsOf) {
-    try {
-        return createFile(
-            path, [&](const ByteSink& sink) { writeDocument(Document::of(document).tree(), sink); }, rightsOf);
-    } catch (const FileError& error) {
-        throw CorvaneException(L"Error save(): An error occurred trying to save DOM tree to file. Msg is:" +
-                               error.message());
-    }
+    const auto write = [&](const ByteSink& sink) { writeDocument(Document::of(document).tree(), sink); };
+    return reportingFailedSave([&] { return createFile(path, write, rightsOf); });
 }
 
 }  // namespace XMLConfig::detail

@@ -9,7 +9,8 @@ namespace XMLConfig::detail {
 
 class Document;
 
-/// Writes the document to a file, all or nothing, and keeps in mind what that file holds now. Throws FileError.
+/// Writes the document to a file, all or nothing, and keeps in mind what that file holds now. Throws CorvaneException
+/// with the message of a failed save.
 void saveDocument(Document& document, const std::wstring& path);
 
 /// Writes the document to another file, as ConfigInfo::save does, but the document goes on to belong to the file that it
