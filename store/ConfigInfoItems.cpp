@@ -7,10 +7,10 @@
 #include "store/ConfigInfo.h"
 #include "store/CorvaneException.h"
 #include "store/Document.h"
-#include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
 #include "store/ElementItem.h"
 #include "store/Legality.h"
+#include "store/ParseFailure.h"
 
 using XMLConfig::detail::Change;
 using XMLConfig::detail::Container;

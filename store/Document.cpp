@@ -50,17 +50,10 @@ void Document::take(const std::wstring& name, const std::function<ParsedTree()>&
     const std::wstring failed = L"Error parseDataFile: Error during parsing: " + name;
     try {
         adopt(parse());
-    } catch (const ParseFailure& failure) {
-        throw CorvaneException(failed + L" XML message is: " + failure.message());
-    } catch (const xercesc::XMLException& exception) {
-        throw CorvaneException(failed + L" XML message is: " + fromUtf16(view(exception.getMessage())));
-    } catch (const xercesc::DOMException& exception) {
-        throw CorvaneException(failed + messageOf(exception));
     } catch (const FileError& error) {
         throw CorvaneException(failed + L" Msg is: " + error.message());
     } catch (...) {
-        passShortage();
-        throw CorvaneException(L"Error parseDataFile: Unknown error during parsing: " + name);
+        rethrow(failed, L"Error parseDataFile: Unknown error during parsing: " + name);
     }
 }
 

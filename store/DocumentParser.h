@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <memory>
 #include <memory_resource>
-#include <stdexcept>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -24,28 +23,6 @@ inline constexpr int maximumNamespaces = 1000;
 /// How many different names the elements of a file may have. The library keeps a record for each, and so does the index of
 /// the sections.
 inline constexpr unsigned int maximumNames = 1000000;
-
-/// Text that is refused, and where.
-class ParseFailure : public std::runtime_error {
-public:
-    ParseFailure(unsigned long long line, unsigned long long column, const std::wstring& reason);
-    /// "line L, column C: reason"
-    [[nodiscard]] const std::wstring& message() const { return m_message; }
-
-private:
-    std::wstring m_message;
-};
-
-/// Text of UTF-8 that holds wrong bytes. The XML library decodes it block by block, and tells no place inside of a block.
-class WrongBytes : public ParseFailure {
-public:
-    WrongBytes(unsigned long long line, unsigned long long column, const std::wstring& reason);
-    /// Throws the failure with the place of the first wrong ones of the bytes that were parsed.
-    [[noreturn]] void throwWithPlaceIn(const std::string& bytes) const;
-
-private:
-    std::wstring m_reason;
-};
 
 /// Where the elements of a text begin. They come in so great a number that each one's own piece of memory would cost more
 /// than all the rest.

@@ -10,6 +10,7 @@
 #include "store/Document.h"
 #include "store/ElementAccess.h"
 #include "store/NodeText.h"
+#include "store/ParseFailure.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig {

@@ -8,6 +8,7 @@
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "store/DocumentParser.h"
+#include "store/ParseFailure.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {

@@ -1,7 +1,6 @@
 #include "store/XmlFragment.h"
 
 #include "platform/Text.h"
-#include "store/CorvaneException.h"
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
 #include "store/ElementAccess.h"
@@ -16,11 +15,7 @@ constexpr const wchar_t* prefix = L"Error XmlFragment: ";
 
 DocumentPointer parsed(const std::wstring& xml) {
     startXmlLibrary();
-    try {
-        return parseElement(toUtf8(xml)).document;
-    } catch (const ParseFailure& failure) {
-        throw CorvaneException(prefix + std::wstring(L" XML message is: ") + failure.message());
-    }
+    return reporting(prefix, [&] { return parseElement(toUtf8(xml)).document; });
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "platform/Text.h"
 #include "store/CorvaneException.h"
+#include "store/ParseFailure.h"
 #include "store/TreeLinks.h"
 
 namespace XMLConfig::detail {
@@ -31,6 +32,13 @@ xercesc::DOMImplementation* start() {
     }
 }
 
+/// Nothing where the library has no text for the exception's code.
+std::wstring messageOf(const xercesc::DOMException& exception) {
+    XMLCh text[messageLength + 1] = {};
+    if (!xercesc::DOMImplementation::loadDOMExceptionMsg(exception.code, text, messageLength)) return {};
+    return L" XML message is: " + fromUtf16(view(text));
+}
+
 }  // namespace
 
 xercesc::DOMImplementation* startXmlLibrary() {
@@ -38,12 +46,6 @@ xercesc::DOMImplementation* startXmlLibrary() {
     static xercesc::DOMImplementation* implementation = nullptr;
     std::call_once(once, [] { implementation = start(); });
     return implementation;
-}
-
-std::wstring messageOf(const xercesc::DOMException& exception) {
-    XMLCh text[messageLength + 1] = {};
-    if (!xercesc::DOMImplementation::loadDOMExceptionMsg(exception.code, text, messageLength)) return {};
-    return L" XML message is: " + fromUtf16(view(text));
 }
 
 void passShortage() {
@@ -57,18 +59,20 @@ void passShortage() {
     }
 }
 
-void rethrow(const std::wstring& prefix) {
+void rethrow(const std::wstring& prefix, const std::wstring& unknown) {
     try {
         throw;
     } catch (const CorvaneExceptionBase&) {
         throw;
+    } catch (const ParseFailure& failure) {
+        throw CorvaneException(prefix + L" XML message is: " + failure.message());
     } catch (const xercesc::XMLException& exception) {
         throw CorvaneException(prefix + L" XML message is: " + fromUtf16(view(exception.getMessage())));
     } catch (const xercesc::DOMException& exception) {
         throw CorvaneException(prefix + messageOf(exception));
     } catch (...) {
         passShortage();
-        throw CorvaneException(prefix + L"Unknown error during parsing: ");
+        throw CorvaneException(unknown);
     }
 }
 

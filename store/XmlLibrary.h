@@ -28,15 +28,14 @@ struct ReleaseDocument {
 };
 using DocumentPointer = std::unique_ptr<xercesc::DOMDocument, ReleaseDocument>;
 
-/// Wide text of a DOM exception's code; nothing is added where the library has no text for it.
-std::wstring messageOf(const xercesc::DOMException& exception);
-
 /// To be called while an exception is being handled: throws std::bad_alloc where it says that memory ran out, which the
 /// XML library does by an exception of its own.
 void passShortage();
 /// To be called while an exception is being handled: throws it again as a CorvaneException whose message begins with
-/// the prefix; the library's own exceptions pass unchanged, and a shortage of memory as std::bad_alloc.
-[[noreturn]] void rethrow(const std::wstring& prefix);
+/// the prefix, or, where nothing is known of it, is `unknown`. Those of this library pass unchanged, and a shortage of
+/// memory as std::bad_alloc.
+[[noreturn]] void rethrow(const std::wstring& prefix, const std::wstring& unknown);
+[[noreturn]] inline void rethrow(const std::wstring& prefix) { rethrow(prefix, prefix + L"Unknown error during parsing: "); }
 
 /// Runs an operation; what the XML library throws in it is reported under the prefix.
 template <typename Operation>

@@ -6,6 +6,7 @@
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
 #include "store/NewElement.h"
+#include "store/ParseFailure.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/store/TreeSupport.h"
 #include "tests/support/AsciiText.h"

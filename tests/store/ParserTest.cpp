@@ -9,6 +9,7 @@
 #include "platform/Text.h"
 #include "store/Document.h"
 #include "store/DocumentParser.h"
+#include "store/ParseFailure.h"
 #include "tests/store/StoreSupport.h"
 #include "tests/store/TreeSupport.h"
 
