@@ -83,7 +83,7 @@ void Document::initializeDOM() {
 }
 
 void Document::adopt(ParsedTree tree) noexcept {
-    m_tree.adopt(std::move(tree.document));
+    m_tree.adopt(std::move(tree.document), tree.names);
     m_index.reset(root());
     m_parsedPlaces = std::move(tree.places);
     m_parsedComments = std::move(tree.comments);

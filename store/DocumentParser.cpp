@@ -143,7 +143,8 @@ std::atomic<StrictParser*> spareParser = nullptr;
 ParsedTree parse(StrictParser& parser, const Source& source) try {
     DocumentPointer document = parser.parseDocument(source);
     if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
-    return {std::move(document), parser.takeComments(), source.content(), parser.levels(), parser.namespaces()};
+    return {std::move(document), parser.takeComments(), parser.names(),
+            source.content(),    parser.levels(),       parser.namespaces()};
 } catch (const WrongBytes& failure) {
     failure.throwWithPlaceIn(source.bytes());
 }

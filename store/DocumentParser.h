@@ -36,6 +36,7 @@ struct ElementPlaces {
 struct ParsedTree {
     DocumentPointer document = {};                          ///< has a document element
     std::vector<const xercesc::DOMComment*> comments = {};  ///< in that element, in document order
+    std::size_t names = 0;                                  ///< how many elements and attributes it has
     std::uint64_t content = 0;                              ///< a hash of the text's bytes
     int levels = 0;                                         ///< of nested elements
     int namespaces = 0;                                     ///< declared at most in one element and those around it

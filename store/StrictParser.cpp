@@ -41,7 +41,6 @@ StrictParser::StrictParser() : m_namespaces(*this) {
 DocumentPointer StrictParser::parseDocument(const xercesc::InputSource& source) {
     scan(source);
     DocumentPointer document(adoptDocument());
-    document.get_deleter().names = m_names.asked();
     if (document->getDocumentElement() == nullptr) throw ParseFailure(1, 1, L"There is no document element");
     return document;
 }

@@ -26,6 +26,8 @@ public:
     [[noreturn]] void refuseEnd(const wchar_t* reason) const;
     /// How many levels of elements the document had.
     [[nodiscard]] int levels() const { return m_levels; }
+    /// How many elements and attributes it had.
+    [[nodiscard]] std::size_t names() const { return m_names.asked(); }
     /// How many namespaces were declared at most in one element and those around it.
     [[nodiscard]] int namespaces() const { return m_namespaces.most(); }
     /// Whether another text may be read, after one of so many bytes: the library forgets neither the version of XML nor the

@@ -40,10 +40,6 @@ DOMNode& copyOf(const DOMNode& node, xercesc::DOMDocument& document, NameCounter
     return copy;
 }
 
-// What a parser made weighs about that much: most elements hold a text, and a text of indentation stands before each. It is
-// reckoned because a walk through all nodes, which lie in much memory, takes long.
-std::size_t weightOfParsed(const DocumentPointer& document) { return document.get_deleter().names * 3 * nodeWeight; }
-
 DocumentPointer copyOf(const xercesc::DOMDocument& document) {
     DocumentPointer copy(startXmlLibrary()->createDocument());
     NameCounter names;
@@ -57,11 +53,13 @@ DocumentPointer copyOf(const xercesc::DOMDocument& document) {
 
 void Discard::operator()(DOMElement* element) const { tree->discard(*element); }
 
-void Tree::adopt(DocumentPointer document) noexcept {
+void Tree::adopt(DocumentPointer document, const std::size_t names) noexcept {
     m_document = std::move(document);
     m_names = {};
     m_waste = 0;
-    m_allowedWaste = std::max(leastWaste, weightOfParsed(m_document));
+    // Most elements hold a text, and a text of indentation stands before each. Their weight is reckoned because a walk
+    // through all nodes, which lie in much memory, takes long.
+    m_allowedWaste = std::max(leastWaste, names * 3 * nodeWeight);
 }
 
 LooseElement Tree::makeElement(const DOMElement& place, const std::wstring_view name) {

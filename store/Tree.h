@@ -25,8 +25,8 @@ using LooseElement = std::unique_ptr<xercesc::DOMElement, Discard>;
 /// and when such waste outweighs the content, the tree is copied into a new document and the old one ends.
 class Tree {
 public:
-    /// Replaces the tree.
-    void adopt(DocumentPointer document) noexcept;
+    /// Replaces the tree. `names`: how many elements and attributes it has at least.
+    void adopt(DocumentPointer document, std::size_t names = 0) noexcept;
     [[nodiscard]] bool exists() const { return m_document != nullptr; }
     [[nodiscard]] const xercesc::DOMDocument& document() const { return *m_document; }
     [[nodiscard]] xercesc::DOMElement* root() const { return m_document ? m_document->getDocumentElement() : nullptr; }

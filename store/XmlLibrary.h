@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,7 +22,6 @@ inline const XMLCh* xmlText(const std::u16string& text) { return reinterpret_cas
 inline const XMLCh* xmlText(const char16_t* text) { return reinterpret_cast<const XMLCh*>(text); }
 
 struct ReleaseDocument {
-    std::size_t names = 0;  ///< how many elements and attributes a parser made; 0 for documents that none made
     void operator()(xercesc::DOMDocument* document) const { document->release(); }
 };
 using DocumentPointer = std::unique_ptr<xercesc::DOMDocument, ReleaseDocument>;
