@@ -12,12 +12,8 @@
 #include "store/Legality.h"
 #include "store/ParseFailure.h"
 
-using XMLConfig::detail::Change;
-using XMLConfig::detail::Container;
-using XMLConfig::detail::Document;
-using XMLConfig::detail::ItemAddress;
-using XMLConfig::detail::NewElement;
-using XMLConfig::detail::reporting;
+namespace detail = XMLConfig::detail;
+using Kind = detail::Change::Kind;
 
 namespace {
 
@@ -27,73 +23,73 @@ constexpr const wchar_t* setItemPrefix = L"Error setItem: ";
 struct Value {
     const std::wstring& text;
     bool isElement;
-    const XMLConfig::detail::StoredElement* element = nullptr;
+    const detail::StoredElement* element = nullptr;
 };
 
 // The element that is about to be stored, if it is one; made before anything is changed.
-NewElement elementOf(const Value& value, Document& document, const ItemAddress& address) {
+detail::NewElement elementOf(const Value& value, detail::Document& document, const detail::ItemAddress& address) {
     if (value.element != nullptr) return document.makeElement(*value.element);
     if (!value.isElement || value.text.empty()) return {};
     try {
-        return document.readElement(XMLConfig::detail::toUtf8(value.text));
-    } catch (const XMLConfig::detail::ParseFailure& failure) {
+        return document.readElement(detail::toUtf8(value.text));
+    } catch (const detail::ParseFailure& failure) {
         throw CorvaneException(setItemPrefix + std::wstring(L" XML message is: ") + failure.message() + L" (" +
-                               XMLConfig::detail::describe(address) + L")");
+                               detail::describe(address) + L")");
     }
 }
 
-/// What an observer is to be told of one operation.
-struct Told {
-    std::vector<Change> sections;  ///< that are added around the item
-    Change item;
-};
+/// The same, where the document could be read again with it.
+detail::NewElement acceptedElement(const Value& value, detail::Document& document, const detail::ItemAddress& address,
+                                   const detail::Container& container, const detail::Item& item) {
+    detail::NewElement element = elementOf(value, document, address);
+    detail::refuseDeepNesting(setItemPrefix, address, element.depth);
+    if (element.namespaces == 0) return element;
+    const auto& around = item.element == nullptr ? document.placeOf(address, container) : *item.element;
+    detail::refuseManyNamespaces(setItemPrefix, address, around, element.namespaces);
+    return element;
+}
 
 // What an observer is told of an item's content: its text, or its elements as XML text.
 std::wstring observed(const xercesc::DOMElement& item) {
-    if (const auto text = XMLConfig::detail::onlyText(item)) return XMLConfig::detail::fromUtf16(*text);
+    if (const auto text = detail::onlyText(item)) return detail::fromUtf16(*text);
     std::wstring elements;
     for (auto* element = item.getFirstElementChild(); element != nullptr; element = element->getNextElementSibling())
-        elements += XMLConfig::detail::writeElement(*element);
-    return elements.empty() ? XMLConfig::detail::wideTextOf(item) : elements;
+        elements += detail::writeElement(*element);
+    return elements.empty() ? detail::wideTextOf(item) : elements;
 }
 
-/// To be put together before the change is made, because that may fail.
-Told toldOf(const Document& document, const ItemAddress& address, const Container& container,
-            const XMLConfig::detail::Item& item, const NewElement& content, const std::wstring& value) {
+/// What an observer is told of one operation: the sections that are added around the item, and the item. To be put together
+/// before the change is made, because that may fail.
+std::vector<detail::Change> toldOf(const detail::Document& document, const detail::ItemAddress& address,
+                                   const detail::Container& container, const detail::Item& item,
+                                   const detail::NewElement& content, const std::wstring& value) {
     const auto& [section, id, key, subSection, subSectionID] = address;
     const std::wstring inSection = subSection + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]");
     const bool isNew = item.element == nullptr;
-    std::wstring before = isNew ? std::wstring() : observed(*item.element);
-    std::wstring after = content.element ? XMLConfig::detail::writeElement(*content.element) : value;
-    Told told{{},
-              {isNew ? Change::Kind::ItemAdded : Change::Kind::ItemChanged, section, id,
-               subSection.empty() ? key : inSection + L"|" + key, std::move(before), std::move(after)}};
-    if (container.element != nullptr) return told;
-    if (document.getSection(section, id) == nullptr)
-        told.sections.push_back({Change::Kind::SectionAdded, section, id, {}, {}, {}});
-    if (!subSection.empty()) told.sections.push_back({Change::Kind::SectionAdded, section, id, inSection, {}, {}});
+    const bool isNewSection = container.element == nullptr && document.getSection(section, id) == nullptr;
+    const bool isNewSubSection = container.element == nullptr && !subSection.empty();
+    std::vector<detail::Change> told;
+    if (isNewSection) told.push_back({Kind::SectionAdded, section, id, {}, {}, {}});
+    if (isNewSubSection) told.push_back({Kind::SectionAdded, section, id, inSection, {}, {}});
+    told.push_back({isNew ? Kind::ItemAdded : Kind::ItemChanged, section, id,
+                    subSection.empty() ? key : inSection + L"|" + key, isNew ? std::wstring() : observed(*item.element),
+                    content.element ? detail::writeElement(*content.element) : value});
     return told;
 }
 
-void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& value) {
-    Document& document = Document::of(configInfo);
+void store(ConfigInfo& configInfo, const detail::ItemAddress& address, const Value& value) {
+    detail::Document& document = detail::Document::of(configInfo);
     if (!document.exists()) return;
-    reporting(setItemPrefix, [&] {
-        XMLConfig::detail::refuseWhatXmlCannotHold(setItemPrefix, address, value.text);
-        const Container container = document.container(address);
+    detail::reporting(setItemPrefix, [&] {
+        detail::refuseWhatXmlCannotHold(setItemPrefix, address, value.text);
+        const detail::Container container = document.container(address);
         const auto item = document.getItem(container, address.key);
         const bool isNew = item.element == nullptr;
         const bool isEmpty = value.text.empty() && value.element == nullptr;
-        if (!isNew && (value.isElement ? isEmpty : XMLConfig::detail::hasText(*item.element, value.text))) return;
+        if (!isNew && (value.isElement ? isEmpty : detail::hasText(*item.element, value.text))) return;
 
-        NewElement content = elementOf(value, document, address);
-        XMLConfig::detail::refuseDeepNesting(setItemPrefix, address, content.depth);
-        if (content.namespaces != 0) {
-            const auto& around = isNew ? document.placeOf(address, container) : *item.element;
-            XMLConfig::detail::refuseManyNamespaces(setItemPrefix, address, around, content.namespaces);
-        }
-
-        std::optional<Told> told;
+        detail::NewElement content = acceptedElement(value, document, address, container, item);
+        std::vector<detail::Change> told;
         if (document.observer != nullptr) told = toldOf(document, address, container, item, content, value.text);
         bool isChanged = true;
         if (isNew) document.addItem(address, container, {value.text, std::move(content.element)});
@@ -101,9 +97,7 @@ void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& valu
         else document.setText(item, value.text);
         if (!isChanged) return;
         configInfo.setDirty(true);
-        if (!told) return;
-        for (Change& section : told->sections) document.report(std::move(section));
-        document.report(std::move(told->item));
+        for (detail::Change& change : told) document.report(std::move(change));
     });
 }
 
@@ -112,12 +106,12 @@ void store(ConfigInfo& configInfo, const ItemAddress& address, const Value& valu
 std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const std::wstring& key,
                                        const std::wstring& defaultValue, const std::wstring& sectionID,
                                        const std::wstring& subSectionName, const std::wstring& subSectionID) const {
-    return reporting(L"Error getItem: ", [&] {
-        const ItemAddress address{sectionName, sectionID, key, subSectionName, subSectionID};
+    return detail::reporting(L"Error getItem: ", [&] {
+        const detail::ItemAddress address{sectionName, sectionID, key, subSectionName, subSectionID};
         const auto item = m_document->getItem(m_document->container(address), key);
         if (item.element == nullptr) return defaultValue;
         std::u16string buffer;
-        return XMLConfig::detail::fromUtf16(XMLConfig::detail::textOf(item, buffer));
+        return detail::fromUtf16(detail::textOf(item, buffer));
     });
 }
 
@@ -129,12 +123,12 @@ void ConfigInfo::setStringItem(const std::wstring& sectionName, const std::wstri
 
 std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionName, const std::wstring& key,
                                                    const std::wstring& defaultValue, const std::wstring& sectionID) const {
-    return reporting(L"Error getItem: ", [&]() -> std::wstring {
+    return detail::reporting(L"Error getItem: ", [&]() -> std::wstring {
         const auto* const item = m_document->getItem(sectionName, key, sectionID).element;
         if (item == nullptr) return defaultValue;
-        if (const auto text = XMLConfig::detail::onlyText(*item)) return XMLConfig::detail::fromUtf16(*text);
+        if (const auto text = detail::onlyText(*item)) return detail::fromUtf16(*text);
         const auto* const element = item->getFirstElementChild();
-        return element == nullptr ? defaultValue : XMLConfig::detail::writeElement(*element);
+        return element == nullptr ? defaultValue : detail::writeElement(*element);
     });
 }
 
@@ -144,12 +138,13 @@ void ConfigInfo::setStringItemAsDOMElement(const std::wstring& sectionName, cons
 }
 
 bool ConfigInfo::doesSectionExist(const std::wstring& sectionName, const std::wstring& sectionID) const {
-    return reporting(L"Error getSection: ", [&] { return m_document->getSection(sectionName, sectionID) != nullptr; });
+    return detail::reporting(L"Error getSection: ",
+                             [&] { return m_document->getSection(sectionName, sectionID) != nullptr; });
 }
 
 bool ConfigInfo::doesSubSectionExist(const std::wstring& sectionName, const std::wstring& subSectionName,
                                      const std::wstring& sectionID, const std::wstring& subSectionID) const {
-    return reporting(L"Error getSection: ", [&] {
+    return detail::reporting(L"Error getSection: ", [&] {
         if (subSectionName.empty()) return false;
         return m_document->container({sectionName, sectionID, {}, subSectionName, subSectionID}).element != nullptr;
     });
@@ -157,17 +152,17 @@ bool ConfigInfo::doesSubSectionExist(const std::wstring& sectionName, const std:
 
 bool ConfigInfo::doesItemExist(const std::wstring& sectionName, const std::wstring& key,
                                const std::wstring& sectionID) const {
-    return reporting(L"Error getItem: ",
-                     [&] { return m_document->getItem(sectionName, key, sectionID).element != nullptr; });
+    return detail::reporting(L"Error getItem: ",
+                             [&] { return m_document->getItem(sectionName, key, sectionID).element != nullptr; });
 }
 
 bool ConfigInfo::removeItem(const std::wstring& sectionName, const std::wstring& key, const std::wstring& sectionID) {
-    return reporting(L"Error removeItem(): ", [&] {
+    return detail::reporting(L"Error removeItem(): ", [&] {
         const auto item = m_document->getItem(sectionName, key, sectionID);
         if (item.element == nullptr) return false;
-        std::optional<Change> told;
+        std::optional<detail::Change> told;
         if (m_document->observer != nullptr)
-            told = Change{Change::Kind::ItemRemoved, sectionName, sectionID, key, observed(*item.element), {}};
+            told = detail::Change{Kind::ItemRemoved, sectionName, sectionID, key, observed(*item.element), {}};
         m_document->removeItem(*item.section, *item.element);
         m_dirty = true;
         if (told) m_document->report(std::move(*told));
