@@ -36,6 +36,14 @@ private:
     XMLFilePos m_size = 0;
 };
 
+/// Whether there are bytes that in UTF-8 would begin a character beyond the last one. The XML library mostly leaves such a
+/// character out and reports nothing.
+bool beginBeyondUnicode(std::string_view bytes) {
+    unsigned found = 0;
+    for (const char byte : bytes) found |= static_cast<unsigned>(static_cast<unsigned char>(byte - 0xF5) < 3);
+    return found != 0;
+}
+
 /// Hands bytes to the parser as they are read, so that a file is never in memory as a whole.
 class Source : public xercesc::InputSource {
 public:
@@ -45,12 +53,15 @@ public:
     xercesc::BinInputStream* makeStream() const override {
         m_end = {};
         m_content = {};
+        m_isBeyondUnicode = false;
         m_read = m_open();  // the stream may be lost where memory runs out, and must hold no file then
         return new Stream(*this);
     }
     /// Of the last parse.
     [[nodiscard]] const EndOfBytes& end() const { return m_end; }
     [[nodiscard]] std::uint64_t content() const { return m_content.value(); }
+    /// Whether it would hold a character beyond the last one if it were UTF-8.
+    [[nodiscard]] bool isBeyondUnicode() const { return m_isBeyondUnicode; }
     /// The bytes of the last parse, read again.
     [[nodiscard]] std::string bytes() const {
         const Read read = m_open();
@@ -69,7 +80,9 @@ private:
         XMLSize_t readBytes(XMLByte* const buffer, const XMLSize_t size) override {
             const XMLSize_t count = m_source.m_read(buffer, size);
             m_source.m_end.asked(size, count);
-            m_source.m_content.add({reinterpret_cast<const char*>(buffer), count});
+            const std::string_view bytes(reinterpret_cast<const char*>(buffer), count);
+            m_source.m_content.add(bytes);
+            m_source.m_isBeyondUnicode = m_source.m_isBeyondUnicode || beginBeyondUnicode(bytes);
             return count;
         }
         const XMLCh* getContentType() const override { return nullptr; }
@@ -82,6 +95,7 @@ private:
     mutable Read m_read;
     mutable EndOfBytes m_end;
     mutable ContentHash m_content;
+    mutable bool m_isBeyondUnicode = false;
 };
 
 Source sourceOfFile(const std::wstring& path) {
@@ -142,6 +156,8 @@ std::atomic<StrictParser*> spareParser = nullptr;
 
 ParsedTree parse(StrictParser& parser, const Source& source) try {
     DocumentPointer document = parser.parseDocument(source);
+    if (source.isBeyondUnicode() && isUtf8(document->getInputEncoding()))
+        throw WrongBytes(1, 1, L"invalid multi-byte sequence");
     if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
     return {std::move(document), parser.takeComments(), parser.names(),
             source.content(),    parser.levels(),       parser.namespaces()};

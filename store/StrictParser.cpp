@@ -21,14 +21,20 @@ namespace {
 constexpr XMLFilePos mostBytes = 4 * 1024 * 1024;
 constexpr XMLSize_t mostNames = 1024;
 
-/// Whether an error of the library comes of what decodes UTF-8.
-bool isOfUtf8(unsigned int code, const XMLCh* domain) {
+/// Whether an error of the library is that bytes are no characters.
+bool isOfBytes(unsigned int code, const XMLCh* domain) {
     using xercesc::XMLExcepts;
-    return view(domain) == view(xercesc::XMLUni::fgExceptDomain) && code >= XMLExcepts::UTF8_FormatError &&
-           code <= XMLExcepts::UTF8_Exceeds_BytesLimit;
+    return view(domain) == view(xercesc::XMLUni::fgExceptDomain) &&
+           (code == XMLExcepts::Trans_BadSrcSeq ||
+            (code >= XMLExcepts::UTF8_FormatError && code <= XMLExcepts::UTF8_Exceeds_BytesLimit));
 }
 
 }  // namespace
+
+bool isUtf8(const XMLCh* const encoding) {
+    const std::wstring name = fromUtf16(view(encoding));
+    return equalIgnoringCase(name, L"UTF-8") || equalIgnoringCase(name, L"UTF8");
+}
 
 StrictParser::StrictParser() : m_namespaces(*this) {
     setParameter(xercesc::XMLUni::fgDOMDatatypeNormalization, true);
@@ -56,9 +62,10 @@ void StrictParser::error(const unsigned int code, const XMLCh* const domain, con
                          const XMLCh* const text, const XMLCh* const /*systemId*/, const XMLCh* const /*publicId*/,
                          const XMLFileLoc line, const XMLFileLoc column) {
     if (type == xercesc::XMLErrorReporter::ErrType_Warning) return;
-    if (isOfUtf8(code, domain)) throw WrongBytes(line, column, fromUtf16(view(text)));
     // The library has no place yet for a text that it cannot even begin to read, and names no file for it.
     if (line == 0) throw ParseFailure(1, 1, L"What the text begins with is in no encoding that is known");
+    if (isOfBytes(code, domain) && isUtf8(getScanner()->getReaderMgr()->getCurrentEncodingStr()))
+        throw WrongBytes(line, column, fromUtf16(view(text)));
     throw ParseFailure(line, column, fromUtf16(view(text)));
 }
 

@@ -11,6 +11,9 @@
 
 namespace XMLConfig::detail {
 
+/// Whether a text of that encoding is decoded by the XML library as UTF-8.
+bool isUtf8(const XMLCh* encoding);
+
 /// The XML library's parser, which never says that text is malformed unless it is asked. This one stops at the first fault
 /// with a ParseFailure, and must be thrown away then. It opens no other file. Elements, attributes and texts it joins to the
 /// tree by their links where these are known (see TreeLinks.h): the library takes longer to join than to read them.

@@ -148,7 +148,7 @@ TEST(BadFile, EveryFormOfWrongBytesIsToldAtItsPlace) {
     const std::string good = "\xc2\x80\xdf\xbf\xe0\xa0\x80\xed\x9f\xbf\xef\xbf\xbd\xf0\x90\x80\x80\xf4\x8f\xbf\xbf";
     for (const char* wrong :
          {"\x80", "\xbf", "\xc1\xbf", "\xe0\x9f\xbf", "\xed\xa0\x80", "\xf0\x8f\xbf\xbf", "\xf4\x90\x80\x80", "\xff",
-          "\xe2\x82<", "\xc3\xc3\xbc", "\xef<", "\xef\xbf<", "\xef\xbf\xef\xbf\xbd", "\xf0\x9f\x98<"}) {
+          "\xf5\x80\x80\x80", "\xe2\x82<", "\xc3\xc3\xbc", "\xef<", "\xef\xbf<", "\xef\xbf\xef\xbf\xbd", "\xf0\x9f\x98<"}) {
         const std::pair<std::string, std::wstring> rows[] = {{"<b>\n\n<a>\xc3\xbc", L"line 3, column 5: "},
                                                              {mark + "<b>\r\n\r<a>" + good, L"line 3, column 13: "},
                                                              {"<b>\xc2\x85\n<a/>\r\n", L"line 3, column 1: "}};
@@ -162,12 +162,33 @@ TEST(BadFile, EveryFormOfWrongBytesIsToldAtItsPlace) {
 
 TEST(BadFile, WrongBytesAreRefusedWhereverTheReadersBuffersEnd) {
     for (const std::string wrong :
-         {"\xff", "\xc3", "\xe2\x82", "\xf0\x9f\x98", "\xed\xa0\x80", "\xc0\x80", "\xf4\x90\x80\x80"}) {
+         {"\xff", "\xc3", "\xe2\x82", "\xf0\x9f\x98", "\xed\xa0\x80", "\xc0\x80", "\xf4\x90\x80\x80", "\xf7\xbf\xbf\xbf"}) {
         for (const std::size_t size : {0U, 16377U, 49145U}) {
             for (std::size_t offset = 0; offset < 8; ++offset)
                 expectMalformed("<a>" + std::string(size + offset, 'y') + wrong + "</a>", "wrong bytes");
         }
     }
+}
+
+// The XML library leaves such a character out where more than 32 others stand before it.
+TEST(BadFile, CharactersBeyondUnicodeAreRefusedAtTheirPlace) {
+    for (const char* declaration :
+         {"", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "<?xml version='1.0' encoding='utf8'?>"}) {
+        for (const char* wrong : {"\xf5\x80\x80\x80", "\xf6\xbf\xbf\xbf", "\xf7\x80\x80\xbf"}) {
+            for (const std::size_t size : {0U, 31U, 32U, 33U, 100U, 50000U, 200000U}) {
+                const std::string text = std::string(declaration) + "<a>\n" + std::string(size, 'x') + wrong + "</a>";
+                const std::wstring message = messageOf([&] { (void)ConfigInfo::fromText(text, L"name"); });
+                EXPECT_EQ(message, L"Error parseDataFile: Error during parsing: name XML message is: line 2, column " +
+                                       std::to_wstring(size + 1) + L": invalid multi-byte sequence");
+            }
+        }
+    }
+}
+
+TEST(BadFile, BytesThatUtf8HasNotAreReadInOtherEncodings) {
+    const std::string text = "<ConfigInfo><S><A>" + std::string(100, 'x') + "\xf5\x80\x80\x80</A></S></ConfigInfo>";
+    const auto document = load("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + text);
+    EXPECT_EQ(get(*document, L"S", L"A", L""), std::wstring(100, L'x') + L"\u00f5\x80\x80\x80");
 }
 
 TEST(BadFile, EnormousIsLoaded) {
