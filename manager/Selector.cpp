@@ -48,11 +48,12 @@ public:
         const std::wstring& wanted = m_address.sectionID;
         if (!isDeviceSection(m_address.section)) return {{m_address}, {}};
         if (!wanted.empty() && m_document.doesSectionExist(m_address.section, wanted)) return {{m_address}, {}};
-        const Devices devices = sectionElements(m_document, m_address.section);
+        const Devices devices = reached();
         if (wanted == L"*") return all(devices);
         if (wanted.empty()) return only(devices);
-        if (const std::size_t position = positionOf(wanted); position > 0 && position <= devices.size())
-            return only({devices[position - 1]});
+        const Devices numbered = fitting(devices, [](const ElementView& device) { return !device.id().empty(); });
+        if (const std::size_t position = positionOf(wanted); position > 0 && position <= numbered.size())
+            return only({numbered[position - 1]});
         const Devices named =
             fitting(devices, [&](const ElementView& device) { return device.child(L"Name").text() == wanted; });
         if (!named.empty()) return only(named);
@@ -60,10 +61,16 @@ public:
     }
 
 private:
+    /// The devices that an address can lead to.
+    Devices reached() const {
+        return fitting(sectionElements(m_document, m_address.section), [&](const ElementView& device) {
+            return findElement(m_document, {m_address.section, device.id(), L"", L"", L""}) == device;
+        });
+    }
+
     Selection all(const Devices& devices) const {
         Selection selection;
-        for (const ElementView& device : devices)
-            if (isReached(device)) selection.places.push_back(placeIn(device));
+        for (const ElementView& device : devices) selection.places.push_back(placeIn(device));
         return selection;
     }
 
@@ -78,10 +85,6 @@ private:
         Address place = m_address;
         place.sectionID = device.id();
         return place;
-    }
-
-    bool isReached(const ElementView& device) const {
-        return findElement(m_document, {m_address.section, device.id(), L"", L"", L""}) == device;
     }
 
     const ConfigInfo& m_document;

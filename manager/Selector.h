@@ -21,10 +21,10 @@ struct Selection {
 };
 
 /// Finds the devices that an address names: in `Projector[X]`, X is, in this order, an exact ID; `*` for all; `#3` for the
-/// third in the document; a device's exact name; what follows ":" or "***" in an ID, to its end. Without X it is the only
-/// device of its kind. Devices that an address cannot lead to are left out: those with the ID of an earlier device, and
-/// those without an ID after the first device of their kind. Nothing of the document is copied; an exact ID costs one
-/// look-up.
+/// third that has an ID; a device's exact name; what follows ":" or "***" in an ID, to its end. Without X it is the only
+/// device of its kind. Devices that an address cannot lead to are left out, and not counted: those with the ID of an earlier
+/// device, and those without an ID after the first device of their kind. Nothing of the document is copied; an exact ID
+/// costs one look-up.
 XMLCONFIG_API Selection select(const ConfigInfo& document, const Address& address);
 
 }  // namespace XMLConfig

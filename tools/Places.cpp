@@ -38,9 +38,18 @@ std::wstring listOf(const ConfigInfo& document, const std::wstring& section, con
 
 }  // namespace
 
+std::vector<ElementView> reachedSections(const ConfigInfo& document, const std::wstring& section) {
+    std::vector<ElementView> sections = XMLConfig::sectionElements(document, section);
+    const auto isHidden = [&](const ElementView& one) {
+        return XMLConfig::findElement(document, {section, one.id(), L"", L"", L""}) != one;
+    };
+    sections.erase(std::remove_if(sections.begin(), sections.end(), isHidden), sections.end());
+    return sections;
+}
+
 std::wstring heldSections(const ConfigInfo& document, const std::wstring& section) {
     std::vector<std::wstring> ids;
-    for (const ElementView& one : XMLConfig::sectionElements(document, section)) ids.push_back(one.id());
+    for (const ElementView& one : reachedSections(document, section)) ids.push_back(one.id());
     return ids.empty() ? L"no " + section : listOf(document, section, ids);
 }
 

@@ -14,6 +14,9 @@ namespace tool {
 /// The places that an operand means; none where no device fits. Throws a Refusal that lists the devices where several fit.
 std::vector<XMLConfig::Address> placesOf(const ConfigInfo& document, const XMLConfig::Address& operand);
 
+/// The sections of that name that an address can lead to: not those whose ID an earlier one has.
+std::vector<XMLConfig::ElementView> reachedSections(const ConfigInfo& document, const std::wstring& section);
+
 /// "Projector[Dome 1], Projector[Dome 2]": what a document holds of a section's name; "no Projector" where there is none.
 std::wstring heldSections(const ConfigInfo& document, const std::wstring& section);
 

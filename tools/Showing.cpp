@@ -7,6 +7,7 @@
 #include "platform/Utf8.h"
 #include "store/ElementView.h"
 #include "store/Tokens.h"
+#include "tools/Places.h"
 #include "tools/Printable.h"
 #include "tools/ValueInput.h"
 
@@ -40,7 +41,7 @@ Showing::Showing(const ConfigInfo& document) : m_units(document) {
     for (const std::wstring& section : XMLConfig::sectionNames()) {
         if (!XMLConfig::isDeviceSection(section)) continue;
         std::map<std::wstring, std::set<std::wstring>> idsByName;
-        for (const ElementView& device : XMLConfig::sectionElements(document, section))
+        for (const ElementView& device : reachedSections(document, section))
             idsByName[device.child(L"Name").text()].insert(device.id());
         for (const auto& [name, ids] : idsByName)
             if (!name.empty() && ids.size() == 1) m_names[{section, *ids.begin()}] = name;

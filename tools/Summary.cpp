@@ -12,6 +12,7 @@
 #include "store/BuildIdentity.h"
 #include "store/ConfigInfo.h"
 #include "store/ElementView.h"
+#include "tools/Places.h"
 
 namespace tool {
 namespace {
@@ -22,6 +23,14 @@ std::wstring textOf(const ElementView& element, const wchar_t* tag) { return ele
 
 /// What the device snippet of a section holds.
 ElementView deviceOf(const ElementView& section) { return section.child(L"DeviceSnippet").firstChild(); }
+
+/// The IDs of the devices that an ID leads to, so that the number of each is the one that addresses count.
+std::vector<std::wstring> devicesOf(const ConfigInfo& document, const std::wstring& section) {
+    std::vector<std::wstring> ids;
+    for (const ElementView& device : reachedSections(document, section))
+        if (!device.id().empty()) ids.push_back(device.id());
+    return ids;
+}
 
 Summary::Connection connectionOf(const ElementView& device) {
     const ElementView connection = device.child(L"connection");
@@ -115,9 +124,8 @@ Summary summarize(ConfigInfo& document, const std::wstring& file, std::optional<
     summary.version = XMLConfig::versionText(storedVersion.value_or(document.getVersion()));
     summary.buildDate = textOf(root, XMLConfig::detail::buildDateElement);
     summary.buildNumber = textOf(root, XMLConfig::detail::buildNumberElement);
-    for (const std::wstring& id : document.getSectionIDs(L"Projector"))
-        summary.projectors.push_back(projectorOf(document, id));
-    for (const std::wstring& id : document.getSectionIDs(L"Camera")) summary.cameras.push_back(cameraOf(document, id));
+    for (const std::wstring& id : devicesOf(document, L"Projector")) summary.projectors.push_back(projectorOf(document, id));
+    for (const std::wstring& id : devicesOf(document, L"Camera")) summary.cameras.push_back(cameraOf(document, id));
     const GeometryConfig geometry(&document, L"");
     summary.columns = geometry.getProjectorLayoutWidth();
     summary.rows = geometry.getProjectorLayoutHeight();

@@ -83,6 +83,19 @@ TEST_F(Selector, DeviceWithoutAnIdIsReachedAsTheFirstOnly) {
     EXPECT_EQ(selected(L"Projector[#3]", twins), Texts{});
 }
 
+TEST_F(Selector, DevicesOutOfReachAreNotCounted) {
+    const std::string hidden = currentFile(
+        "<Projector><Name>x</Name></Projector><Projector ID=\"a\"/><Projector ID=\"a\"><Name>x</Name></Projector>"
+        "<Projector/><Projector ID=\"b\"/>");
+    EXPECT_EQ(selected(L"Projector[*]", hidden), (Texts{L"Projector", L"Projector[a]", L"Projector[b]"}));
+    EXPECT_EQ(selected(L"Projector[#1]", hidden), Texts{L"Projector[a]"});
+    EXPECT_EQ(selected(L"Projector[#2]", hidden), Texts{L"Projector[b]"});
+    EXPECT_EQ(selected(L"Projector[#3]", hidden), Texts{});
+    EXPECT_EQ(selected(L"Projector[x]/Name", hidden), Texts{L"Projector/Name"});
+    const std::string same = currentFile("<Camera ID=\"c\"/><Camera ID=\"c\"/>");
+    EXPECT_EQ(selected(L"Camera/Name", same), Texts{L"Camera[c]/Name"});
+}
+
 TEST_F(Selector, OtherSectionsAreTakenAsTheyAre) {
     EXPECT_EQ(selected(L"System/RunType"), Texts{L"System/RunType"});
     EXPECT_EQ(selected(L"System[*]/RunType"), Texts{L"System[*]/RunType"});

@@ -112,6 +112,20 @@ TEST(ShowVerb, OlderWordIsShownAsItIsReadAndCounted) {
     EXPECT_THAT(run.output, HasSubstr("0 errors, 0 warnings, 12 notes"));
 }
 
+TEST(ShowVerb, NumbersOfDevicesAreThoseOfAddresses) {
+    const std::string text = currentFile(
+        "<Projector ID=\"a\"><Name>First</Name></Projector><Projector ID=\"a\"><Name>Hidden</Name></Projector>"
+        "<Projector><Name>Nobody</Name></Projector><Projector ID=\"b\"><Name>Second</Name></Projector>");
+    const std::string shown = runToolReading(text, {"show", "-"}).output;
+    EXPECT_THAT(shown, HasSubstr("\nProjectors  2 ("));
+    EXPECT_THAT(shown, HasSubstr("\n  1  First "));
+    EXPECT_THAT(shown, HasSubstr("\n  2  Second "));
+    EXPECT_EQ(runToolReading(text, {"get", "-", "Projector[#2]/Name"}).output, "Second\n");
+    EXPECT_THAT(runToolReading(text, {"layout", "-"}).output, HasSubstr("\n  2  Second "));
+    EXPECT_THAT(runToolReading(text, {"get", "-", "Projector[x]/Name"}).errors,
+                HasSubstr("; the file holds Projector[First], Projector[Second]\n"));
+}
+
 TEST(ShowVerb, StandardInputIsShown) {
     EXPECT_EQ(runToolReading(exampleText(), {"show", "-", "Screen/Shape"}).output, "Shape = Sphere\n");
     EXPECT_EQ(runToolReading("<a>\n", {"show", "-"}).status, 3);
