@@ -153,19 +153,18 @@ private:
         if (pair.old && pair.now && haveEqualContents(pair.old, pair.now)) return;
         const SectionTexts olds(pair.old);
         const SectionTexts news(pair.now);
-        for (const StoredText& now : news.all()) {
-            const StoredText* old = olds.find(now.path);
-            if (old == nullptr && isOverlapPoint(now)) old = findSwapped(olds, now);
-            compareTexts(pair, old, &now);
-        }
-        for (const StoredText& old : olds.all()) {
-            if (news.find(old.path) != nullptr || (isOverlapPoint(old) && findSwapped(news, old) != nullptr)) continue;
-            compareTexts(pair, &old, nullptr);
-        }
+        for (const StoredText& now : news.all()) compareTexts(pair, findSame(now, news, olds), &now);
+        for (const StoredText& old : olds.all())
+            if (findSame(old, olds, news) == nullptr) compareTexts(pair, &old, nullptr);
     }
 
-    static bool isOverlapPoint(const StoredText& text) {
-        return text.setting != nullptr && text.setting->type == SettingType::OverlapPoint;
+    /// The text of the other section that stands for the same as one of `own`; null where there is none.
+    static const StoredText* findSame(const StoredText& text, const SectionTexts& own, const SectionTexts& others) {
+        const bool isOverlapPoint = text.setting != nullptr && text.setting->type == SettingType::OverlapPoint;
+        const StoredText* const other = others.find(text.path);
+        if (other != nullptr || !isOverlapPoint) return other;
+        const StoredText* const swapped = findSwapped(others, text);
+        return swapped == nullptr || own.find(swapped->path) != nullptr ? nullptr : swapped;
     }
 
     /// Compares a text with its older form. One of the two may be null: the text is new, or gone.

@@ -291,6 +291,18 @@ TEST(Diff, PointOfTwoCamerasIsKnownInEitherOrder) {
                      .isNothing());
 }
 
+TEST(Diff, PointsOfTwoCamerasInBothOrdersAreTwo) {
+    const std::string one = "<CameraOverlapPoint_a_b>1, 2, 3, 0, 1</CameraOverlapPoint_a_b>";
+    const std::string both = one + "<CameraOverlapPoint_b_a>4, 5, 6, 1, 0</CameraOverlapPoint_b_a>";
+    const Difference added = diffOfItems("Color", one, both);
+    ASSERT_EQ(added.changed.size(), 1U);
+    EXPECT_FALSE(added.changed[0].old.has_value());
+    const Difference gone = diffOfItems("Color", both, one);
+    ASSERT_EQ(gone.changed.size(), 1U);
+    EXPECT_EQ(gone.changed[0].address, L"Color/CameraOverlapPoint_b_a");
+    EXPECT_FALSE(gone.changed[0].now.has_value());
+}
+
 TEST(Diff, AnEndlessNameOfAPointHasOneOrder) {
     const auto point = [](const std::string& pair, const std::string& channels) {
         return "<CameraOverlapPoint_" + pair + ">1, 2, 3, " + channels + "</CameraOverlapPoint_" + pair + ">";
