@@ -128,7 +128,9 @@ void checkSampleRange(Findings& findings) {
     const CheckedItem* const item = findings.read.section(L"Color").find(L"NormalizedValidExposureSampleRange");
     if (item == nullptr) return;
     const std::vector<double> range = numbersOf(item->text);
-    if (range.size() != 2 || (range[0] >= 0.0 && range[0] < range[1] && range[1] <= 1.0)) return;
+    const auto isFinite = [](double number) { return std::isfinite(number); };
+    if (range.size() != 2 || !std::all_of(range.begin(), range.end(), isFinite)) return;  // has a finding already
+    if (range[0] >= 0.0 && range[0] < range[1] && range[1] <= 1.0) return;
     findings.add(L"XC615", Severity::Error, placeOf(findings.read.section(L"Color"), *item),
                  shortNumber(range[0]) + L" to " + shortNumber(range[1]) + L" is no range");
 }

@@ -5,6 +5,7 @@
 #include "base/Setting.h"
 #include "manager/check/Channels.h"
 #include "manager/layout/Parts.h"
+#include "manager/layout/Vector.h"
 #include "platform/Numbers.h"
 
 /// Rules on the channels: each by itself, and their places on the screen.
@@ -82,7 +83,8 @@ void checkDegrees(Findings& findings, const CheckedSection& section) {
                 findings.add(L"XC305", Severity::Error, place,
                              shortNumber(number) + L" radians are " + shortNumber(std::abs(number) / fullTurn, 1) +
                                  L" turns; it looks like degrees");
-            constexpr double mostDegrees = 360.0;
+            const bool isEdge = item.key.find(L"FOV") != std::wstring::npos;
+            const double mostDegrees = isEdge ? 89.0 : 360.0;
             if (item.setting->type == SettingType::Double && std::abs(number) <= mostDegrees)
                 finding.mend = mendBy(MendSafety::Asked, setCommand(place, shortNumber(number, allDigits) + L"deg"));
             break;
@@ -125,7 +127,7 @@ void checkSight(ChannelCheck& check, const CheckedSection& projector) {
 void checkArea(ChannelCheck& check, const CheckedSection& projector, const wchar_t* lowKey, const wchar_t* highKey) {
     const double low = check.findings.read.number(projector, lowKey);
     const double high = check.findings.read.number(projector, highKey);
-    if (isPartOfScreen(low, high)) return;
+    if (isPartOfScreen(low, high) || !std::isfinite(low) || !std::isfinite(high)) return;  // XC113 is about the latter
     const auto shown = [](double value) {
         return value == unknownArea ? std::wstring(L"?") : numberBeyond(value, {0.0, 1.0});
     };
@@ -142,10 +144,12 @@ std::wstring storedPoint(const Point_3Dim<double>& point) {
 
 using Channels = std::vector<const Channel*>;
 
-/// Without those of projectors that have no channel yet, nor an eye point of their own.
+/// Without those of projectors that have no channel yet, nor an eye point of their own, and without eye points that are no
+/// numbers, which another rule finds.
 Channels seenChannels(const ChannelCheck& check) {
     Channels channels;
     for (const Channel& channel : check.layout.channels) {
+        if (!isFinite(channel.eyePoint)) continue;
         const bool isThere = channel.state != ChannelState::Missing;
         if (isThere || check.findings.read.projector(channel.id)->holds(L"Channel_Extents|Eye_Point"))
             channels.push_back(&channel);
@@ -155,8 +159,8 @@ Channels seenChannels(const ChannelCheck& check) {
 
 void checkEyePoints(ChannelCheck& check) {
     const Channels channels = seenChannels(check);
-    if (channels.empty()) return;
     const Point_3Dim<double>& target = check.layout.targetEyePoint;
+    if (channels.empty() || !isFinite(target)) return;
     const Point_3Dim<double>& first = channels[0]->eyePoint;
     const ShownUnits& units = check.findings.units;
     const auto isWithFirst = [&](const Channel* channel) { return isOneEyePoint(channel->eyePoint, first); };

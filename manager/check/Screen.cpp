@@ -57,12 +57,12 @@ private:
     }
 
     void needPositive(const std::wstring& shape, const wchar_t* key) {
-        if (number(key) > 0.0) return;
+        if (!(number(key) <= 0.0)) return;  // XC113 is about what is no number
         add(L"XC501", Severity::Error, key, L"a " + shape + L" needs it (" + shortNumber(number(key)) + L")");
     }
 
     void needRising(const wchar_t* low, const wchar_t* high) {
-        if (number(low) < number(high)) return;
+        if (!(number(low) >= number(high))) return;
         add(L"XC501", Severity::Error, low,
             L"is not below " + std::wstring(high) + L" (" + m_findings.units.angle(number(low)) + L" to " +
                 m_findings.units.angle(number(high)) + L")");

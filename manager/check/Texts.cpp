@@ -41,7 +41,7 @@ std::wstring shortNumber(double value, int decimals) {
 std::wstring numberBeyond(double value, std::initializer_list<double> limits, int decimals) {
     constexpr int mostDecimals = 15;
     for (; decimals <= mostDecimals; ++decimals) {
-        const std::wstring text = shortNumber(value, decimals);
+        std::wstring text = shortNumber(value, decimals);
         const auto isAlike = [&](double limit) { return value != limit && shortNumber(limit, decimals) == text; };
         if (std::none_of(limits.begin(), limits.end(), isAlike)) return text;
     }

@@ -141,6 +141,28 @@ TEST(CheckConditions, ABlendThatIsNoNumberHasOneFinding) {
     EXPECT_EQ(foundBy(L"XC314", blend), Lines());
 }
 
+TEST(CheckConditions, WhatIsNoNumberHasOneFinding) {
+    const auto rulesOf = [](const std::string& content) {
+        std::wstring rules;
+        for (const wchar_t* const rule : {L"XC113", L"XC310", L"XC316", L"XC501", L"XC615"})
+            if (!foundBy(rule, content).empty()) rules += (rules.empty() ? L"" : L" ") + std::wstring(rule);
+        return rules;
+    };
+    const std::string nan = "nan, nan, nan";
+    const std::string eye = "<Channel_Extents><Eye_Point>" + nan + "</Eye_Point></Channel_Extents>";
+    EXPECT_EQ(rulesOf(projector("1", eye)), L"XC113");
+    EXPECT_EQ(rulesOf(projectorAt("1", "0", "0", "") + "<TargetLocator><Eye_Point>" + nan + "</Eye_Point></TargetLocator>"),
+              L"XC113");
+    EXPECT_EQ(rulesOf(projector("1", "<Screen_Area_Left>nan</Screen_Area_Left>")), L"XC113");
+    const std::string sphere =
+        "<Screen><Shape>Sphere</Shape><SizeDefinition>0</SizeDefinition><Screen_Radius>nan</Screen_Radius>"
+        "<Screen_MinTheta>nan</Screen_MinTheta><Screen_MaxTheta>1</Screen_MaxTheta><Screen_MinPhi>0"
+        "</Screen_MinPhi><Screen_MaxPhi>1</Screen_MaxPhi></Screen>";
+    EXPECT_EQ(rulesOf(sphere), L"XC113");
+    EXPECT_EQ(rulesOf("<Color><NormalizedValidExposureSampleRange>nan, 1</NormalizedValidExposureSampleRange></Color>"),
+              L"XC113");
+}
+
 TEST(CheckConditions, AnUnreadableTextHidesWhatWouldBeInherited) {
     EXPECT_EQ(foundBy(L"XC103",
                       "<Geometry><Box_Size>9, 9</Box_Size></Geometry><Projector ID='1'><Box_Size>1</Box_Size></Projector>"),

@@ -79,6 +79,15 @@ TEST(CheckMends, WhatIsMoreThanAFullTurnInDegreesIsNoAngleInDegrees) {
     EXPECT_EQ(found("-1e300"), (Lines{yaw + L": -1e+300 radians are 1.591549430918954e+299 turns; it looks like degrees"}));
 }
 
+TEST(CheckMends, NoEdgeIsAQuarterTurnInDegrees) {
+    const auto found = [](const std::string& edge) {
+        return withCommand(
+            foundBy(L"XC305", projector("p", "<Channel_Extents><HFOV><Left>" + edge + "</Left></HFOV></Channel_Extents>")));
+    };
+    EXPECT_EQ(found("-89"), 1U);
+    EXPECT_EQ(found("-90"), 0U);
+}
+
 TEST(CheckMends, ABlendIsNotWidenedOverTheOppositeOne) {
     const auto found = [](const std::string& oppositeBlend) {
         const std::string blends = "<Blend_Left>10</Blend_Left><Blend_Right>" + oppositeBlend + "</Blend_Right>";
