@@ -47,15 +47,15 @@ void checkItemEffect(Findings& findings, const CheckedSection& section, const Ch
 // Files.
 
 void addMissing(Findings& findings, const NamedFile& file) {
-    const std::wstring near = file.isOtherCase ? L", but " + file.otherCase : L"";
-    findings.add(L"XC902", file.isOtherCase ? Severity::Warning : Severity::Error, file.place,
-                 L"there is no " + file.name + near);
+    const bool isLost = file.otherCase.empty();
+    findings.add(L"XC902", isLost ? Severity::Error : Severity::Warning, file.place,
+                 L"there is no " + file.name + (isLost ? L"" : L", but " + file.otherCase));
 }
 
 void checkFiles(Findings& findings) {
     if (findings.options.file.empty() || !findings.options.looksForFiles || !findings.wants(L"XC902")) return;
     const std::vector<NamedFile> files = namedFiles(findings);
-    const auto isLost = [](const NamedFile& file) { return !file.isThere && !file.isOtherCase; };
+    const auto isLost = [](const NamedFile& file) { return !file.isThere && file.otherCase.empty(); };
     if (files.empty()) return;
     if (!std::all_of(files.begin(), files.end(), isLost)) {
         for (const NamedFile& file : files)

@@ -80,12 +80,11 @@ public:
 
 private:
     NamedFile lookedFor(const std::wstring& text) {
-        NamedFile file{{}, text, false, false, {}};
+        NamedFile file{{}, text, false, {}};
         std::replace(file.name.begin(), file.name.end(), L'\\', L'/');
         file.isThere = fileExists(joinPath(m_folder, file.name));
         const bool isPossible = file.name.size() <= longestName && !isAbsolute(file.name);
         if (!file.isThere && isPossible) file.otherCase = m_spelling.find(m_folder, file.name);
-        file.isOtherCase = !file.otherCase.empty();
         return file;
     }
 

@@ -12,8 +12,7 @@ struct NamedFile {
     Place place;
     std::wstring name;  ///< with "/" between its parts
     bool isThere = false;
-    bool isOtherCase = false;  ///< whether one is there whose name differs in the case of letters only
-    std::wstring otherCase;    ///< that name
+    std::wstring otherCase;  ///< the name of one that is there and differs in the case of letters only; "" where none is
 };
 
 /// All files that the document names. A relative name counts from the folder of the document's file.

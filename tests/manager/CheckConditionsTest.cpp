@@ -43,6 +43,18 @@ TEST(CheckConditions, ShowsValuesInTheUnitsOfTheDocument) {
               L"Screen/Screen_Radius: is not settled: ours 7 ft, theirs nothing");
 }
 
+TEST(CheckConditions, AConflictIsToldOfTheDeviceAndItemThatItNames) {
+    const std::string conflict = "<!--xmlconfig conflict Projector[1]/Gamma ours=2 theirs=3-->";
+    const auto document = ConfigInfo::fromText(
+        currentFile(conflict + "<Screen/>" + projector("1", "<Name>Dome</Name><Gamma>2</Gamma>")), L"hall.skorrax");
+    const std::vector<XMLConfig::Finding> findings = XMLConfig::check(*document);
+    ASSERT_FALSE(findings.empty());
+    EXPECT_EQ(findings[0].rule, L"XC111");
+    EXPECT_EQ(findings[0].address, L"Projector[1]/Gamma");
+    EXPECT_EQ(findings[0].device, L"Dome");
+    EXPECT_EQ(findings[0].element.name(), L"Gamma");
+}
+
 TEST(CheckConditions, FollowsNoOldIDOfSeveralCameras) {
     const std::string order = "<Color><CameraOrder>x</CameraOrder></Color>";
     const std::string old = "<OldSectionID>x</OldSectionID>";
