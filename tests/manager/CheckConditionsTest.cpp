@@ -224,6 +224,8 @@ TEST(CheckConditions, FaultsOfAFieldHideOneAnotherAsLittleAsThoseOfTheHeading) {
     EXPECT_EQ(found("0", "30", "-30"), L"XC305 ");
     EXPECT_EQ(found("0", "-1.6", "30"), L"XC304 XC305 ");
     EXPECT_EQ(found("0", "nan", "0.3"), L"XC113 ");
+    EXPECT_EQ(found("0", "6.283185307179586", "0.3"), L"XC303 XC304 ") << "a whole turn is an angle";
+    EXPECT_EQ(found("0", "6.2831853071796", "0.3"), L"XC305 ");
 }
 
 TEST(CheckConditions, AProjectorWithoutEdgesHasNoChannelWhereverItIsHeaded) {

@@ -139,11 +139,6 @@ const Operation operations[] = {
      }},
     {"removeComment",
      [](ConfigInfo& d) { EXPECT_EQ(XMLConfig::removeComment(d, XMLConfig::rootElement(d).child(L"S"), L"note"), 2u); }},
-    {"removeCommentTogether",
-     [](ConfigInfo& d) {
-         const Together group(d);
-         EXPECT_EQ(XMLConfig::removeComment(d, XMLConfig::rootElement(d).child(L"S"), L"note"), 2u);
-     }},
     {"stamp", [](ConfigInfo& d) { d.insertBuildDateAndNumber(); }},
     {"setFrustum",
      [](ConfigInfo& d) {
@@ -291,25 +286,34 @@ protected:
         EXPECT_EQ(answers(document), state.told) << when;
     }
 
-    /// Where `isKnown`, everything was looked up before; else the index has yet to be made.
-    bool attempt(std::size_t k, bool isKnown) {
+    enum class Asked {
+        Never,        ///< the index has yet to be made
+        Everything,   ///< everything was looked up before
+        AndGathered,  ///< that, and the operation is one of several that are made together
+    };
+
+    bool attempt(std::size_t k, Asked asked) {
         ConfigInfo document(m_path);
-        if (isKnown) (void)answers(document);
-        const bool hasSaid = runsShort(k, [&] { GetParam().run(document); });
+        if (asked != Asked::Never) (void)answers(document);
+        const bool hasSaid = runsShort(k, [&] {
+            if (asked != Asked::AndGathered) GetParam().run(document);
+            else XMLConfig::detail::together(document, [&] { GetParam().run(document); });
+        });
         expectState(document, hasSaid ? *m_before : *m_after, "after the shortage");
         if (hasSaid) GetParam().run(document);
         expectState(document, *m_after, "after it was done again");
         return hasSaid;
     }
 
-    void run(bool isKnown) {
-        attempt(1, isKnown);  // what is made once for the process is made now
+    void run(Asked asked) {
+        attempt(1, asked);  // what is made once for the process is made now
         const bool makesParser = std::strstr(GetParam().name, "Element") != nullptr;
         const Outcome outcome = forEveryAllocation([&](std::size_t k) {
             const Balance balance(makesParser ? lossOfParser : noLoss);
-            return attempt(k, isKnown);
+            return attempt(k, asked);
         });
-        report(GetParam().name + std::string(isKnown ? " (known)" : ""), outcome);
+        const char* const kinds[] = {"", " (known)", " (together)"};
+        report(std::string(GetParam().name) + kinds[static_cast<int>(asked)], outcome);
     }
 
     TemporaryFolder m_folder;
@@ -335,8 +339,9 @@ TEST_P(Shortage, IsNoneWhenAnOperationIsUndone) {
     GetParam().run(document);
     expectState(document, *m_after, "after it was done");
 }
-TEST_P(Shortage, LeavesADocumentThatWasNeverAsked) { run(false); }
-TEST_P(Shortage, LeavesADocumentThatIsKnown) { run(true); }
+TEST_P(Shortage, LeavesADocumentThatWasNeverAsked) { run(Asked::Never); }
+TEST_P(Shortage, LeavesADocumentThatIsKnown) { run(Asked::Everything); }
+TEST_P(Shortage, LeavesADocumentWhoseChangesAreGathered) { run(Asked::AndGathered); }
 
 INSTANTIATE_TEST_SUITE_P(Of, Shortage, testing::ValuesIn(operations),
                          [](const auto& row) { return std::string(row.param.name); });

@@ -74,6 +74,7 @@ TEST(ElementView, OfNoElementIsEmpty) {
     EXPECT_FALSE(none.isNamed(L""));
     EXPECT_FALSE(none.firstChild() || none.next() || none.parent());
     EXPECT_EQ(namesIn(none), L"");
+    EXPECT_EQ(none.attribute(L"ID"), std::nullopt);
     EXPECT_TRUE(none.attributes().empty());
 }
 
