@@ -9,6 +9,7 @@ namespace XMLConfig::detail {
 namespace {
 
 constexpr const wchar_t* acceptedGone = L"XC910";
+constexpr const wchar_t* neighboursLeftOut = L"XC300";
 
 bool isAmong(const std::vector<std::wstring>& rules, std::wstring_view rule) {
     return std::find(rules.begin(), rules.end(), rule) != rules.end();
@@ -49,10 +50,14 @@ Findings::Findings(const ConfigInfo& checked, const CheckOptions& wishes)
       comments(commentsOf(checked)),
       m_acceptances(acceptancesOf(comments)),
       m_lookedFor(wishes.onlyRules) {
-    if (!isAmong(m_lookedFor, acceptedGone)) return;
+    if (m_acceptances.empty() || !isAmong(m_lookedFor, acceptedGone)) return;
     for (const Acceptance& acceptance : m_acceptances)
-        if (findRule(acceptance.rule) != nullptr && !isAmong(m_lookedFor, acceptance.rule))
-            m_lookedFor.push_back(acceptance.rule);
+        if (findRule(acceptance.rule) != nullptr) lookAlsoFor(acceptance.rule);
+    lookAlsoFor(neighboursLeftOut);
+}
+
+void Findings::lookAlsoFor(const std::wstring& rule) {
+    if (!isAmong(m_lookedFor, rule)) m_lookedFor.push_back(rule);
 }
 
 bool Findings::wants(std::wstring_view beginning) const {
@@ -67,7 +72,7 @@ bool Findings::holds(std::wstring_view rule) const {
 // Files are not always looked for, nor neighbours where a channel is broken.
 bool Findings::isJudged(const std::wstring& rule, bool leavesNeighboursOut) const {
     if (rule == L"XC902" && (options.file.empty() || !options.looksForFiles)) return false;
-    if (leavesNeighboursOut && rule.compare(0, 3, L"XC3") == 0 && rule != L"XC300") return false;
+    if (leavesNeighboursOut && rule.compare(0, 3, L"XC3") == 0 && rule != neighboursLeftOut) return false;
     return findRule(rule) == nullptr || wants(rule);  // no rule of that name finds anything, whatever is looked for
 }
 
@@ -76,7 +81,7 @@ void Findings::accept() {
     AcceptedRules accepted(m_acceptances);
     for (Finding& finding : m_findings)
         finding.isAccepted = accepted.take(finding.rule, finding.element ? finding.element : rootElement(document));
-    const bool leavesNeighboursOut = holds(L"XC300");
+    const bool leavesNeighboursOut = holds(neighboursLeftOut);
     for (const Acceptance& acceptance : m_acceptances)
         if (!accepted.isFound(acceptance) && isJudged(acceptance.rule, leavesNeighboursOut)) addGone(acceptance);
 }

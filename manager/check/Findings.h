@@ -46,6 +46,7 @@ public:
 private:
     const CheckRule& ruleOf(const wchar_t* id);
     void addGone(const Acceptance& acceptance);
+    void lookAlsoFor(const std::wstring& rule);
     /// Whether the document was looked at by that rule as a whole.
     [[nodiscard]] bool isJudged(const std::wstring& rule, bool leavesNeighboursOut) const;
 

@@ -161,6 +161,7 @@ TEST(Check, JudgesAcceptancesOnlyByRulesThatWereLookedFor) {
     EXPECT_EQ(rulesIn("<System><!-- xmlconfig accepts XC999: so --></System>", options), (Lines{L"XC910 System"}));
     const std::string broken = "<Projector ID='1'><!-- xmlconfig accepts XC313: so --></Projector>";
     for (const std::wstring& line : rulesIn(broken)) EXPECT_NE(line.substr(0, 5), L"XC910");
+    EXPECT_EQ(rulesIn(broken, options), Lines()) << "neighbours are not checked before the channel is in order";
 }
 
 TEST(Check, TellsOfConflictsWhereTheyAre) {
