@@ -323,6 +323,45 @@ TEST(CheckConditions, AspectsMayDifferByTwoPercent) {
     EXPECT_EQ(wide("0"), 0U);
 }
 
+TEST(CheckConditions, AnImageOfNoSizeIsNotStretched) {
+    const std::vector<std::string> keys = {"ImageResolution_X", "ImageResolution_Y", "Resolution_X", "Resolution_Y"};
+    const auto sized = [&](const std::string& zero) {
+        std::string items = "<InputImageScaling_Mode>0</InputImageScaling_Mode>";
+        for (const std::string& key : keys) {
+            const std::string size = key == zero ? "0" : key == "Resolution_X" ? "4000" : "1000";
+            items += "<" + key + ">" + size + "</" + key + ">";
+        }
+        return foundBy(L"XC402", projector("1", items)).size();
+    };
+    EXPECT_EQ(sized(""), 1U);
+    for (const std::string& key : keys) EXPECT_EQ(sized(key), 0U) << key;
+}
+
+TEST(CheckConditions, DevicesWithoutANameShareNone) {
+    EXPECT_EQ(foundBy(L"XC206", projector("1", "<Name/>") + projector("2", "<Name/>") + projector("3", "")), Lines());
+    EXPECT_EQ(foundBy(L"XC206", projector("1", "<Name>a</Name>") + projector("2", "<Name>a</Name>")).size(), 1U);
+}
+
+TEST(CheckConditions, EachChannelBesideTheScreenIsTold) {
+    const std::string sphere =
+        "<Screen><Shape>Sphere</Shape><Screen_Radius>5</Screen_Radius><Screen_MinTheta>-1.5</Screen_MinTheta>"
+        "<Screen_MaxTheta>1.5</Screen_MaxTheta><Screen_MinPhi>-0.5</Screen_MinPhi><Screen_MaxPhi>1</Screen_MaxPhi></Screen>";
+    EXPECT_EQ(
+        foundBy(L"XC322", sphere + projectorAt("1", "0", "0", "") + projectorAt("2", "3.1", "0", "") +
+                              projectorAt("3", "2.5", "0", "")),
+        (Lines{L"Projector[2]: 100 % of \"2\" is beside the screen", L"Projector[3]: 100 % of \"3\" is beside the screen"}));
+}
+
+TEST(CheckConditions, AnAcceptanceOfARuleOnNeighboursIsJudgedUnlessTheyAreLeftOut) {
+    const std::string accepted = "<!--xmlconfig accepts XC301: by design-->";
+    const Lines gone = {L"Projector[1]: accepts XC301, which is not found any more; check --only"};
+    const auto judged = [&](const std::string& others) {
+        return foundBy(L"XC910", projectorAt("1", "0", "0", accepted) + others);
+    };
+    EXPECT_EQ(judged(""), gone);
+    EXPECT_EQ(judged("<Geometry><Fit_Solver>3</Fit_Solver></Geometry>"), gone) << "whatever else is found";
+}
+
 TEST(CheckConditions, ZeroIsNotOddForItsSign) {
     const auto lamps = [](const std::string& fourth) {
         std::string all;

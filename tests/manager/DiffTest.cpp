@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <string>
+
 #include "store/ElementView.h"
 #include "tests/support/CurrentFile.h"
 #include "tests/support/DeviceSections.h"
@@ -137,6 +141,40 @@ INSTANTIATE_TEST_SUITE_P(
                           snippetWithUID("b", "<id>1</id><connection><address>10.0.0.1</address></connection>")},
                     Stage{"Channel", L"place", channel, nearlyThatChannel}),
     [](const testing::TestParamInfo<Stage>& stage) { return stage.param.name; });
+
+/// A projector of that channel, in radians.
+std::string channelOf(const std::string& id, const std::array<double, 6>& angles) {
+    std::array<std::string, 6> texts;
+    std::transform(angles.begin(), angles.end(), texts.begin(), [](double angle) { return std::to_string(angle); });
+    const auto& [yaw, pitch, left, right, top, bottom] = texts;
+    return projector(id, "<Channel_Extents><Heading><Yaw>" + yaw + "</Yaw><Pitch>" + pitch +
+                             "</Pitch></Heading><HFOV><Left>" + left + "</Left><Right>" + right +
+                             "</Right></HFOV><VFOV><Top>" + top + "</Top><Bottom>" + bottom +
+                             "</Bottom></VFOV></Channel_Extents>");
+}
+
+TEST(Diff, ChannelsAreTheSameWithinADegreeAndATenthOfOneAtTheirEdges) {
+    const std::array<double, 6> here = {1.0, 0.1, -0.5, 0.5, 0.4, -0.4};
+    for (std::size_t i = 0; i < here.size(); ++i)
+        for (const double sign : {-1.0, 1.0}) {
+            const auto isOneWithin = [&](double distance) {
+                std::array<double, 6> there = here;
+                there[i] += sign * distance;
+                return diffOf(currentFile(channelOf("a", here)), currentFile(channelOf("b", there))).renamed.size() == 1;
+            };
+            EXPECT_TRUE(isOneWithin(i < 2 ? 0.0174 : 0.00174)) << i;
+            EXPECT_FALSE(isOneWithin(i < 2 ? 0.0176 : 0.00176)) << i;
+        }
+}
+
+TEST(Diff, ChannelsAboveOneAnotherAreToldApart) {
+    const std::array<double, 6> low = {1.0, 0.1, -0.5, 0.5, 0.4, -0.4};
+    const std::array<double, 6> high = {1.0, 0.8, -0.5, 0.5, 0.4, -0.4};
+    const Difference difference = diffOf(currentFile(channelOf("a", low) + channelOf("b", high)),
+                                         currentFile(channelOf("c", high) + channelOf("d", low)));
+    ASSERT_EQ(difference.renamed.size(), 2U);
+    for (const auto& renamed : difference.renamed) EXPECT_EQ(renamed.oldID, renamed.newID == L"c" ? L"b" : L"a");
+}
 
 TEST(Diff, NamesThatNewDevicesGetTellNothing) {
     const Difference difference =
