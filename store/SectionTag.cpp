@@ -1,27 +1,16 @@
 #include "store/SectionTag.h"
 
-#include <cstring>
 #include <utility>
+
+#define XXH_INLINE_ALL  // nothing to link
+#include <xxhash.h>
 
 #include "platform/Text.h"
 
 namespace XMLConfig::detail {
 
 std::size_t HashOfText::operator()(const std::wstring& text) const {
-    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15U;
-    constexpr std::size_t step = sizeof(std::uint64_t) / sizeof(wchar_t);
-    const std::size_t whole = text.size() / step * step;
-    std::uint64_t hash = text.size();
-    std::uint64_t word = 0;
-    for (std::size_t i = 0; i < whole; i += step) {
-        std::memcpy(&word, text.data() + i, sizeof word);
-        hash = (hash ^ word) * odd;
-        hash ^= hash >> 32U;
-    }
-    word = 0;
-    for (std::size_t i = whole; i < text.size(); ++i) word = (word << 16U) ^ static_cast<std::uint64_t>(text[i]);
-    hash = (hash ^ word) * odd;
-    return static_cast<std::size_t>(hash ^ (hash >> 32U));
+    return static_cast<std::size_t>(XXH3_64bits(text.data(), text.size() * sizeof(wchar_t)));
 }
 
 Section* SectionTag::find(const std::wstring& id) const {

@@ -11,7 +11,7 @@
 
 namespace XMLConfig::detail {
 
-/// Takes half of what the standard library's takes. It tells nobody in advance, so that its result is kept with each text.
+/// Takes less than the standard library's. Since it does not promise to throw nothing, its result is kept with each text.
 struct HashOfText {
     std::size_t operator()(const std::wstring& text) const;
 };
