@@ -14,7 +14,7 @@ constexpr const wchar_t* addPrefix = L"Error addComment: ";
 constexpr const wchar_t* removePrefix = L"Error removeComment: ";
 
 xercesc::DOMElement& placeOf(const wchar_t* prefix, const detail::Document& document, const ElementView& around) {
-    auto* const place = const_cast<xercesc::DOMElement*>(ElementAccess::element(around));
+    xercesc::DOMElement* const place = ElementAccess::element(around);
     if (place != nullptr && (place == document.root() || detail::parentOf(*place) == document.root())) return *place;
     throw CorvaneException(prefix + std::wstring(L"the element is neither the root nor a section"));
 }

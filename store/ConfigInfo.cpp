@@ -13,6 +13,7 @@
 #include "store/Log.h"
 #include "store/TextForms.h"
 #include "store/Together.h"
+#include "store/TreeLinks.h"
 
 namespace detail = XMLConfig::detail;
 
@@ -47,8 +48,8 @@ void bringStampsUpToDate(detail::Document& document) {
     Stamp date{detail::buildDateElement, detail::buildDate, false};
     Stamp number{detail::buildNumberElement, detail::buildNumber, false};
     xercesc::DOMElement* maker = nullptr;
-    auto* child = document.root()->getFirstElementChild();
-    for (; child != nullptr && !(date.isSeen && number.isSeen); child = child->getNextElementSibling()) {
+    auto* child = detail::firstElementIn(*document.root());
+    for (; child != nullptr && !(date.isSeen && number.isSeen); child = detail::elementAfter(*child)) {
         const std::wstring name = detail::fromUtf16(detail::view(child->getNodeName()));
         if (maker == nullptr && name == detail::makerElement) maker = child;
         for (Stamp* const stamp : {&date, &number}) {

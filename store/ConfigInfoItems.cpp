@@ -11,6 +11,7 @@
 #include "store/ElementItem.h"
 #include "store/Legality.h"
 #include "store/ParseFailure.h"
+#include "store/TreeLinks.h"
 
 namespace detail = XMLConfig::detail;
 using Kind = detail::Change::Kind;
@@ -53,7 +54,7 @@ detail::NewElement acceptedElement(const Value& value, detail::Document& documen
 std::wstring observed(const xercesc::DOMElement& item) {
     if (const auto text = detail::onlyText(item)) return detail::fromUtf16(*text);
     std::wstring elements;
-    for (auto* element = item.getFirstElementChild(); element != nullptr; element = element->getNextElementSibling())
+    for (auto* element = detail::firstElementIn(item); element != nullptr; element = detail::elementAfter(*element))
         elements += detail::writeElement(*element);
     return elements.empty() ? detail::wideTextOf(item) : elements;
 }
@@ -127,7 +128,7 @@ std::wstring ConfigInfo::getStringItemAsDOMElement(const std::wstring& sectionNa
         const auto* const item = m_document->getItem(sectionName, key, sectionID).element;
         if (item == nullptr) return defaultValue;
         if (const auto text = detail::onlyText(*item)) return detail::fromUtf16(*text);
-        const auto* const element = item->getFirstElementChild();
+        const auto* const element = detail::firstElementIn(*item);
         return element == nullptr ? defaultValue : detail::writeElement(*element);
     });
 }

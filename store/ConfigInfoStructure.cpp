@@ -4,6 +4,7 @@
 #include "store/ConfigInfo.h"
 #include "store/Document.h"
 #include "store/Legality.h"
+#include "store/TreeLinks.h"
 
 namespace detail = XMLConfig::detail;
 using Kind = detail::Change::Kind;
@@ -17,10 +18,8 @@ std::vector<xercesc::DOMElement*> subSections(const detail::Document& document, 
     std::vector<xercesc::DOMElement*> found;
     const std::u16string tag = detail::toUtf16(subName);
     for (const detail::Section* section = document.getSection(name, {}); section != nullptr; section = section->next) {
-        for (auto* child = section->element->getFirstElementChild(); child != nullptr;
-             child = child->getNextElementSibling()) {
+        for (auto* child = detail::firstElementIn(*section->element); child != nullptr; child = detail::elementAfter(*child))
             if (detail::view(child->getNodeName()) == tag) found.push_back(child);
-        }
     }
     return found;
 }

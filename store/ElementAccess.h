@@ -12,8 +12,8 @@ struct ElementAccess {
         view.m_element = element;
         return view;
     }
-    static const xercesc::DOMElement* element(const ElementView& view) {
-        return static_cast<const xercesc::DOMElement*>(view.m_element);
+    static xercesc::DOMElement* element(const ElementView& view) {
+        return static_cast<xercesc::DOMElement*>(const_cast<void*>(view.m_element));
     }
 };
 

@@ -20,8 +20,8 @@ constexpr int longestWalk = 32;  // how many children are walked through before 
 
 xercesc::DOMElement* GroupIndex::child(const xercesc::DOMElement& parent, std::u16string_view name) {
     int walked = 0;
-    for (const auto* child = firstElementIn(parent); child != nullptr; child = elementAfter(*child)) {
-        if (isNamed(*child, name)) return const_cast<xercesc::DOMElement*>(child);
+    for (auto* child = firstElementIn(parent); child != nullptr; child = elementAfter(*child)) {
+        if (isNamed(*child, name)) return child;
         if (++walked == longestWalk) return listedChild(parent, name);
     }
     return nullptr;
@@ -31,7 +31,7 @@ xercesc::DOMElement* GroupIndex::listedChild(const xercesc::DOMElement& parent, 
     auto known = m_groups.find(&parent);
     if (known == m_groups.end()) {
         ByName byName;
-        for (auto* child = parent.getFirstElementChild(); child != nullptr; child = child->getNextElementSibling())
+        for (auto* child = firstElementIn(parent); child != nullptr; child = elementAfter(*child))
             byName.emplace(view(child->getNodeName()), child);
         known = m_groups.emplace(&parent, std::move(byName)).first;
     }

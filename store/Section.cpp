@@ -28,8 +28,7 @@ Section::Section(SectionTag& itsTag, xercesc::DOMElement& itsElement, std::uint6
 
 void Section::listChildren() {
     replaced();  // a list that was begun, for want of memory
-    for (const auto* child = firstElementIn(*element); child != nullptr; child = elementAfter(*child))
-        list(const_cast<xercesc::DOMElement&>(*child));
+    for (auto* child = firstElementIn(*element); child != nullptr; child = elementAfter(*child)) list(*child);
     m_isScanned = true;
 }
 

@@ -7,12 +7,6 @@
 
 namespace XMLConfig::detail {
 
-xercesc::DOMElement* childNamed(const xercesc::DOMElement* element, std::u16string_view name) {
-    const xercesc::DOMElement* child = firstElementIn(*element);
-    while (child != nullptr && view(child->getNodeName()) != name) child = elementAfter(*child);
-    return const_cast<xercesc::DOMElement*>(child);
-}
-
 void SectionIndex::reset(xercesc::DOMElement* root) noexcept {
     m_root = root;
     m_isBuilt = false;
@@ -25,7 +19,7 @@ void SectionIndex::build() {
     m_tags.clear();  // those that were begun, for want of memory
     SectionTag* tag = nullptr;
     std::u16string_view lastName;
-    for (auto* child = m_root->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
+    for (auto* child = firstElementIn(*m_root); child != nullptr; child = elementAfter(*child)) {
         const std::u16string_view name = view(child->getNodeName());
         if (tag == nullptr || name != lastName) tag = &tagNamed(name);
         lastName = name;

@@ -58,7 +58,4 @@ private:
     Section* m_last = nullptr;  // the last answer: a section is mostly read item by item
 };
 
-/// The first child element of that name, found by walking; null when there is none.
-xercesc::DOMElement* childNamed(const xercesc::DOMElement* element, std::u16string_view name);
-
 }  // namespace XMLConfig::detail

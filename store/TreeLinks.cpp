@@ -19,18 +19,18 @@ namespace {
 
 /// The node, if it is an element, else the first element after it. Entity references, whose children would have to be looked
 /// at too, never stand in a tree of the store.
-const DOMElement* elementFrom(const DOMNode* node) {
+DOMElement* elementFrom(DOMNode* node) {
     while (node != nullptr && node->getNodeType() != DOMNode::ELEMENT_NODE) node = node->getNextSibling();
-    return static_cast<const DOMElement*>(node);
+    return static_cast<DOMElement*>(node);
 }
 
 }  // namespace
 
-const DOMElement* firstElementIn(const DOMElement& element) { return elementFrom(element.getFirstChild()); }
+DOMElement* firstElementIn(const DOMElement& element) { return elementFrom(element.getFirstChild()); }
 
 // Walks along links wait for the memory of each node. Mostly nodes lie in it as in the document, and so the ones that are a
 // few elements ahead can be fetched meanwhile.
-const DOMElement* elementAfter(const DOMElement& element) {
+DOMElement* elementAfter(const DOMElement& element) {
     prefetch(&element, 2048, 512);
     return elementFrom(element.getNextSibling());
 }

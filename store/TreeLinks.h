@@ -51,8 +51,8 @@ void unlink(xercesc::DOMNode& parent, xercesc::DOMNode& child);
 /// The node that an element is a child of.
 xercesc::DOMNode* parentOf(const xercesc::DOMElement& element);
 /// The first element inside an element, and the next one beside it; null where there is none.
-const xercesc::DOMElement* firstElementIn(const xercesc::DOMElement& element);
-const xercesc::DOMElement* elementAfter(const xercesc::DOMElement& element);
+xercesc::DOMElement* firstElementIn(const xercesc::DOMElement& element);
+xercesc::DOMElement* elementAfter(const xercesc::DOMElement& element);
 /// What is asked of most nodes, told at once.
 struct NodeLook {
     xercesc::DOMNode::NodeType type;

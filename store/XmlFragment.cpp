@@ -4,7 +4,6 @@
 #include "store/DocumentParser.h"
 #include "store/DocumentWriter.h"
 #include "store/ElementAccess.h"
-#include "store/SectionIndex.h"
 #include "store/Tree.h"
 
 namespace XMLConfig::detail {
@@ -31,7 +30,7 @@ void XmlFragment::setAttribute(const std::wstring& name, const std::wstring& val
 }
 
 bool XmlFragment::replaceChild(const std::wstring& name, const std::wstring& xml) {
-    xercesc::DOMElement* const child = childNamed(m_tree->root(), toUtf16(name));
+    xercesc::DOMElement* const child = ElementAccess::element(element().child(name));
     if (child == nullptr) return false;
     const DocumentPointer other = parsed(xml);
     reporting(prefix, [&] { m_tree->root()->replaceChild(m_tree->copy(*other->getDocumentElement()).release(), child); });
