@@ -29,11 +29,9 @@ struct Change {
 class ChangeObserver {
 public:
     virtual ~ChangeObserver() = default;
-    /// Called after each effective change; must not change the document. What it throws reaches whoever made the change,
-    /// which stands all the same.
-    virtual void changed(const Change& change) = 0;
-    /// The document calls this one. An observer that keeps the changes overrides it too, so that it need not copy them.
-    virtual void take(Change&& change) { changed(change); }
+    /// Called after each effective change, which the observer may keep; must not change the document. What it throws reaches
+    /// whoever made the change, which stands all the same.
+    virtual void changed(Change&& change) = 0;
 };
 
 /// Sets the document's observer (not owned; null for none) and returns the one before.

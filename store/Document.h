@@ -113,7 +113,7 @@ public:
 
     /// Tells the observer, if there is one, of a change that was made.
     void report(Change&& change) const {
-        if (observer != nullptr) observer->take(std::move(change));
+        if (observer != nullptr) observer->changed(std::move(change));
     }
 
     ChangeObserver* observer = nullptr;  ///< not owned

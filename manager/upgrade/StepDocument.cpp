@@ -18,7 +18,7 @@ void reportChange(ConfigInfo& document, const StepDevice& device, Kind kind, con
                   const std::wstring& before, const std::wstring& after) {
     ChangeObserver* const observer = setChangeObserver(document, nullptr);
     setChangeObserver(document, observer);
-    if (observer != nullptr) observer->take({kind, device.kind->name, device.id, key, before, after});
+    if (observer != nullptr) observer->changed({kind, device.kind->name, device.id, key, before, after});
 }
 
 /// Nobody is told of what happens meanwhile.

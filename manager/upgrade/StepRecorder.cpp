@@ -48,7 +48,7 @@ UpgradeStepReport StepRecorder::reportOf(std::vector<UpgradeChange> changes) con
     return report;
 }
 
-void StepRecorder::take(Change&& change) {
+void StepRecorder::changed(Change&& change) {
     m_changes.push_back({kindOf(change.kind),
                          std::move(change.section),
                          std::move(change.sectionID),

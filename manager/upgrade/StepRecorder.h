@@ -24,8 +24,7 @@ public:
 
 private:
     [[nodiscard]] UpgradeStepReport reportOf(std::vector<UpgradeChange> changes) const;
-    void changed(const Change& change) override { take(Change(change)); }
-    void take(Change&& change) override;
+    void changed(Change&& change) override;
 
     ConfigInfo& m_document;
     const UpgradeStep& m_step;

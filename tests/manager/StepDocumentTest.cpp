@@ -28,7 +28,7 @@ class Listener : public XMLConfig::detail::ChangeObserver {
 public:
     explicit Listener(ConfigInfo& document) : m_document(document) { setChangeObserver(document, this); }
     ~Listener() override { XMLConfig::detail::setChangeObserver(m_document, nullptr); }
-    void changed(const Change& change) override {
+    void changed(Change&& change) override {
         told.push_back(change.section + L"[" + change.sectionID + L"]/" + change.key + L": " + change.oldValue + L" -> " +
                        change.newValue);
     }

@@ -6,10 +6,7 @@
 
 using XMLConfig::UpgradeChange;
 using XMLConfig::UpgradeStepReport;
-using XMLConfig::detail::Change;
-using XMLConfig::detail::ChangeObserver;
 using XMLConfig::detail::ItemMove;
-using XMLConfig::detail::setChangeObserver;
 using XMLConfig::detail::StepRecorder;
 using XMLConfig::detail::UpgradeStep;
 
@@ -93,19 +90,4 @@ TEST(StepRecorder, SectionsAreToldToo) {
     EXPECT_EQ(changes[0].section, L"Camera");
     EXPECT_EQ(changes[1].kind, Kind::Removed);
     EXPECT_EQ(changes[2].kind, Kind::Changed);
-}
-
-TEST(StepRecorder, ChangeThatIsOnlyShownIsCopied) {
-    const TestDocument document("<ConfigInfo><Version>8.000</Version></ConfigInfo>");
-    const StepRecorder recorder(*document, step);
-    ChangeObserver* const observer = setChangeObserver(*document, nullptr);
-    const Change shown{Change::Kind::ItemChanged, L"Screen", L"", L"Unit", L"Meters", L"Feet"};
-    observer->changed(shown);
-    setChangeObserver(*document, observer);
-    const auto changes = recorder.report().changes;
-    ASSERT_EQ(changes.size(), 1u);
-    EXPECT_EQ(changes[0].kind, Kind::Changed);
-    EXPECT_EQ(changes[0].key, L"Unit");
-    EXPECT_EQ(changes[0].newValue, L"Feet");
-    EXPECT_EQ(shown.newValue, L"Feet");
 }

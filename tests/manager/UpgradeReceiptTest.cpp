@@ -33,7 +33,7 @@ UpgradeChange theChange(const XMLConfig::UpgradeStepReport& step, UpgradeChange:
 
 class CountingObserver : public XMLConfig::detail::ChangeObserver {
 public:
-    void changed(const XMLConfig::detail::Change&) override { ++count; }
+    void changed(XMLConfig::detail::Change&&) override { ++count; }
     int count = 0;
 };
 

@@ -55,7 +55,7 @@ TEST_F(ScreenPaths, PathsFollowANewRoot) {
 
 TEST_F(ScreenPaths, PathsFollowInAFixedOrder) {
     struct Keys : XMLConfig::detail::ChangeObserver {
-        void changed(const XMLConfig::detail::Change& change) override { changes.push_back(change.key); }
+        void changed(XMLConfig::detail::Change&& change) override { changes.push_back(change.key); }
         Texts changes;
     } keys;
     for (const wchar_t* key : {L"Marked_Surface_File", L"MeasuredVRML", L"PCD", L"VRML"}) items.putClean(key, L"a.file");

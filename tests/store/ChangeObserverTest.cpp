@@ -32,7 +32,7 @@ using Changes = std::vector<Change>;
 namespace {
 
 struct Recorder : ChangeObserver {
-    void changed(const Change& change) override { changes.push_back(change); }
+    void changed(Change&& change) override { changes.push_back(std::move(change)); }
     Changes taken() { return std::exchange(changes, {}); }
     Changes changes;
 };
