@@ -24,6 +24,11 @@ struct Change {
     std::wstring key;        ///< empty for a section as a whole; a subsection stands before the key as "Slot[3]|"
     std::wstring oldValue;   ///< the old text, the old ID of a renamed section, or empty
     std::wstring newValue;   ///< the new text, the new ID, or empty
+
+    /// A subsection as keys name it: "Slot[3]", or "Slot" where it has no ID.
+    static std::wstring subSection(const std::wstring& name, const std::wstring& id) {
+        return id.empty() ? name : name + L"[" + id + L"]";
+    }
 };
 
 class ChangeObserver {

@@ -65,7 +65,7 @@ std::vector<detail::Change> toldOf(const detail::Document& document, const detai
                                    const detail::Container& container, const detail::Item& item,
                                    const detail::NewElement& content, const std::wstring& value) {
     const auto& [section, id, key, subSection, subSectionID] = address;
-    const std::wstring inSection = subSection + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]");
+    const std::wstring inSection = detail::Change::subSection(subSection, subSectionID);
     const bool isNew = item.element == nullptr;
     const bool isNewSection = container.element == nullptr && document.getSection(section, id) == nullptr;
     const bool isNewSubSection = container.element == nullptr && !subSection.empty();

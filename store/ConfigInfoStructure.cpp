@@ -82,7 +82,7 @@ bool ConfigInfo::removeSubSection(const std::wstring& sectionName, const std::ws
         if (subSectionName.empty()) return false;
         const auto subSection = m_document->container({sectionName, sectionID, {}, subSectionName, subSectionID});
         if (subSection.element == nullptr) return false;
-        const std::wstring told = subSectionName + (subSectionID.empty() ? L"" : L"[" + subSectionID + L"]");
+        const std::wstring told = detail::Change::subSection(subSectionName, subSectionID);
         perform(*m_document, m_dirty, {Kind::SectionRemoved, sectionName, sectionID, told, {}, {}},
                 [&] { m_document->remove(subSection); });
         return true;

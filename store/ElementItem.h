@@ -8,7 +8,7 @@ class ConfigInfo;
 
 namespace XMLConfig::detail {
 
-/// An element that is to be stored. Its text stands before its children.
+/// An element that is to be stored, told without XML text and without a document. Its text stands before its children.
 struct StoredElement {
     std::wstring name;
     std::vector<std::pair<std::wstring, std::wstring>> attributes;  ///< name and value

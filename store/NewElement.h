@@ -7,7 +7,7 @@
 
 namespace XMLConfig::detail {
 
-/// An element that is to be stored.
+/// The nodes of an element that is to be stored, which are no part of the tree yet.
 struct NewElement {
     LooseElement element;
     int depth = 0;       ///< levels of nested elements, itself counted
