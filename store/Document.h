@@ -105,12 +105,6 @@ public:
     /// Takes away the comments of that text that stand directly in the place; how many.
     std::size_t removeComments(xercesc::DOMElement& place, const std::wstring& text);
 
-    // Several changes that can be undone, see Together.
-    /// How far the journal is before them.
-    std::size_t beginTogether() noexcept;
-    void endTogether() noexcept;
-    void undo(std::size_t length) noexcept;
-
     /// Tells the observer, if there is one, of a change that was made.
     void report(Change&& change) const {
         if (observer != nullptr) observer->changed(std::move(change));
@@ -120,6 +114,8 @@ public:
     FileState file;                      ///< where the document was loaded from or saved to last
 
 private:
+    friend class Together;
+
     /// Each primitive change ends here: `tell` tells the index of it.
     template <typename Tell>
     void changed(Tell tell) noexcept {

@@ -5,28 +5,21 @@
 
 namespace XMLConfig::detail {
 
-std::size_t Document::beginTogether() noexcept {
-    m_journal.open();
-    return m_journal.length();
-}
-
-void Document::endTogether() noexcept {
-    m_journal.close();
-    shedWaste();
-}
-
-void Document::undo(const std::size_t length) noexcept {
-    m_journal.takeBack(length, m_tree);
-    m_index.reset(root());
-}
-
 Together::Together(ConfigInfo& document) noexcept
-    : m_document(document), m_wasDirty(document.isDirty()), m_length(Document::of(document).beginTogether()) {}
+    : m_document(document), m_wasDirty(document.isDirty()), m_length(Document::of(document).m_journal.length()) {
+    Document::of(document).m_journal.open();
+}
 
-Together::~Together() { Document::of(m_document).endTogether(); }
+Together::~Together() {
+    Document& document = Document::of(m_document);
+    document.m_journal.close();
+    document.shedWaste();
+}
 
 void Together::undo() noexcept {
-    Document::of(m_document).undo(m_length);
+    Document& document = Document::of(m_document);
+    document.m_journal.takeBack(m_length, document.m_tree);
+    document.m_index.reset(document.root());
     m_document.setDirty(m_wasDirty);
 }
 
