@@ -10,6 +10,7 @@
 
 #include "platform/Files.h"
 #include "store/ContentHash.h"
+#include "store/ElementPlaces.h"
 #include "store/ParseFailure.h"
 #include "store/StrictParser.h"
 

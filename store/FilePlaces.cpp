@@ -9,6 +9,7 @@
 #include "store/CorvaneException.h"
 #include "store/Document.h"
 #include "store/ElementAccess.h"
+#include "store/ElementPlaces.h"
 #include "store/NodeText.h"
 #include "store/ParseFailure.h"
 #include "store/TreeLinks.h"

@@ -5,7 +5,7 @@
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "store/CorvaneException.h"
-#include "store/DocumentParser.h"
+#include "store/Limits.h"
 
 namespace XMLConfig::detail {
 

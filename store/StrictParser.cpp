@@ -7,7 +7,7 @@
 
 #include "platform/Numbers.h"
 #include "platform/Text.h"
-#include "store/DocumentParser.h"
+#include "store/Limits.h"
 #include "store/ParseFailure.h"
 #include "store/TreeLinks.h"
 
