@@ -43,7 +43,7 @@ detail::NewElement elementOf(const Value& value, detail::Document& document, con
 detail::NewElement acceptedElement(const Value& value, detail::Document& document, const detail::ItemAddress& address,
                                    const detail::Container& container, const detail::Item& item) {
     detail::NewElement element = elementOf(value, document, address);
-    detail::refuseDeepNesting(setItemPrefix, address, element.depth);
+    detail::refuseDeepNesting(setItemPrefix, address, element.levels);
     if (element.namespaces == 0) return element;
     const auto& around = item.element == nullptr ? document.placeOf(address, container) : *item.element;
     detail::refuseManyNamespaces(setItemPrefix, address, around, element.namespaces);

@@ -35,7 +35,7 @@ bool Document::parseDataFile(const std::wstring& path, const FileParser parse) {
     take(path, [&] {
         state = FileState::before(path);
         ParsedTree parsed = parse(path);
-        state.wasRead(parsed.content);
+        state.wasRead(parsed.contentHash);
         return parsed;
     });
     file = std::move(state);

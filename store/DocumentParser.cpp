@@ -53,14 +53,14 @@ public:
     explicit Source(std::function<Read()> open) : m_open(std::move(open)) {}
     xercesc::BinInputStream* makeStream() const override {
         m_end = {};
-        m_content = {};
+        m_contentHash = {};
         m_isBeyondUnicode = false;
         m_read = m_open();  // the stream may be lost where memory runs out, and must hold no file then
         return new Stream(*this);
     }
     /// Of the last parse.
     [[nodiscard]] const EndOfBytes& end() const { return m_end; }
-    [[nodiscard]] std::uint64_t content() const { return m_content.value(); }
+    [[nodiscard]] std::uint64_t contentHash() const { return m_contentHash.value(); }
     /// Whether it would hold a character beyond the last one if it were UTF-8.
     [[nodiscard]] bool isBeyondUnicode() const { return m_isBeyondUnicode; }
     /// The bytes of the last parse, read again.
@@ -82,7 +82,7 @@ private:
             const XMLSize_t count = m_source.m_read(buffer, size);
             m_source.m_end.asked(size, count);
             const std::string_view bytes(reinterpret_cast<const char*>(buffer), count);
-            m_source.m_content.add(bytes);
+            m_source.m_contentHash.add(bytes);
             m_source.m_isBeyondUnicode = m_source.m_isBeyondUnicode || beginBeyondUnicode(bytes);
             return count;
         }
@@ -95,7 +95,7 @@ private:
     std::function<Read()> m_open;
     mutable Read m_read;
     mutable EndOfBytes m_end;
-    mutable ContentHash m_content;
+    mutable ContentHash m_contentHash;
     mutable bool m_isBeyondUnicode = false;
 };
 
@@ -160,8 +160,8 @@ ParsedTree parse(StrictParser& parser, const Source& source) try {
     if (source.isBeyondUnicode() && isUtf8(document->getInputEncoding()))
         throw WrongBytes(1, 1, L"invalid multi-byte sequence");
     if (source.end().isInsideCharacter()) parser.refuseEnd(L"The last character is incomplete");
-    return {std::move(document), parser.takeComments(), parser.names(),
-            source.content(),    parser.levels(),       parser.namespaces()};
+    return {std::move(document),  parser.takeComments(), parser.names(),
+            source.contentHash(), parser.levels(),       parser.namespaces()};
 } catch (const WrongBytes& failure) {
     failure.throwWithPlaceIn(source.bytes());
 }
@@ -191,7 +191,7 @@ ParsedTree parseFileWithPlaces(const std::wstring& path) {
     const auto places = std::make_shared<ElementPlaces>();
     PlacingParser parser(*places);
     ParsedTree parsed = parse(parser, sourceOfFile(path));
-    places->content = parsed.content;
+    places->contentHash = parsed.contentHash;
     parsed.places = places;
     return parsed;
 }

@@ -18,7 +18,7 @@ struct ParsedTree {
     DocumentPointer document = {};                          ///< has a document element
     std::vector<const xercesc::DOMComment*> comments = {};  ///< in that element, in document order
     std::size_t names = 0;                                  ///< how many elements and attributes it has
-    std::uint64_t content = 0;                              ///< a hash of the text's bytes
+    std::uint64_t contentHash = 0;                          ///< of the text's bytes
     int levels = 0;                                         ///< of nested elements
     int namespaces = 0;                                     ///< declared at most in one element and those around it
     std::shared_ptr<const ElementPlaces> places = {};       ///< where they were to be noted, else null

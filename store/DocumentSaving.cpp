@@ -35,16 +35,16 @@ auto reportingFailedSave(const Write& write) {
 
 void saveDocument(Document& document, const std::wstring& path) {
     FileState file = FileState::before(path);
-    ContentHash content;
+    ContentHash hash;
     const auto write = [&](const ByteSink& sink) {
-        content = {};  // the text may be asked for again
+        hash = {};  // the text may be asked for again
         writeDocument(document.tree(), [&](std::string_view bytes) {
-            content.add(bytes);
+            hash.add(bytes);
             sink(bytes);
         });
     };
     reportingFailedSave([&] { replaceFile(path, write); });
-    file.wasWritten(content.value());
+    file.wasWritten(hash.value());
     document.file = std::move(file);
 }
 

@@ -14,7 +14,7 @@ namespace XMLConfig::detail {
 struct ElementPlaces {
     std::pmr::monotonic_buffer_resource memory;
     std::pmr::unordered_map<const xercesc::DOMElement*, FilePlace> byElement{&memory};
-    std::uint64_t content = 0;  ///< of the text
+    std::uint64_t contentHash = 0;  ///< of the text
 };
 
 }  // namespace XMLConfig::detail

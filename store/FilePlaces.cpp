@@ -68,7 +68,7 @@ std::shared_ptr<const ElementPlaces> matchedPlaces(const DOMElement* root, const
 /// The places that were noted during the load; null where they are not those in the file.
 std::shared_ptr<const ElementPlaces> notedPlaces(const detail::Document& document, const std::wstring& path) {
     const auto& places = document.parsedPlaces();
-    const bool areGood = places != nullptr && document.file.isContent(places->content) && document.file.isOf(path) &&
+    const bool areGood = places != nullptr && document.file.isContent(places->contentHash) && document.file.isOf(path) &&
                          !document.file.hasChanged();
     return areGood ? places : nullptr;
 }

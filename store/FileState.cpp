@@ -30,7 +30,7 @@ bool isOneFile(const std::wstring& left, const std::wstring& right) {
 }
 
 /// Nothing when the file cannot be read.
-std::optional<std::uint64_t> contentOf(const std::wstring& path) {
+std::optional<std::uint64_t> hashOfContent(const std::wstring& path) {
     try {
         FileReader file(path);
         ContentHash hash;
@@ -51,8 +51,8 @@ FileState FileState::before(const std::wstring& path) {
     return state;
 }
 
-void FileState::wasWritten(std::uint64_t content) noexcept {
-    m_content = content;
+void FileState::wasWritten(std::uint64_t contentHash) noexcept {
+    m_contentHash = contentHash;
     try {
         m_stamp = fileStamp(m_path);
         if (m_stamp) m_stamp->isSettled = false;  // the file that was looked at may be another's already
@@ -80,7 +80,7 @@ bool FileState::hasOtherContent() const {
 
 bool FileState::differs(const FileStamp& now) const {
     if (isSurelyUnchanged(*m_stamp, now)) return false;
-    if (contentOf(m_path) != m_content) return true;
+    if (hashOfContent(m_path) != m_contentHash) return true;
     m_stamp = now;
     return false;
 }

@@ -65,12 +65,12 @@ void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, co
     refuse(prefix, describeSection(sectionName, {}), L"the new ID", id);
 }
 
-void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int depthInside) {
+void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int levelsInside) {
     constexpr int mostAbove = 4;  // with a key's first part, whose other parts have a character each at least
-    if (mostAbove + depthInside + static_cast<std::ptrdiff_t>(address.key.size()) <= maximumDepth) return;
+    if (mostAbove + levelsInside + static_cast<std::ptrdiff_t>(address.key.size()) <= maximumDepth) return;
     const auto parts = std::count(address.key.begin(), address.key.end(), L'|') + 1;
     const auto above = address.subSectionName.empty() ? 2 : 3;  // the root, the section, the subsection
-    if (above + parts + depthInside <= maximumDepth) return;
+    if (above + parts + levelsInside <= maximumDepth) return;
     throw CorvaneException(prefix + describe(address) + L": elements may be nested " + formatInteger(maximumDepth) +
                            L" levels deep at most");
 }

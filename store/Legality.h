@@ -15,8 +15,8 @@ std::wstring describe(const ItemAddress& address);
 void refuseWhatXmlCannotHold(const wchar_t* prefix, const ItemAddress& address, const std::wstring& value);
 /// Throws likewise for a section's new identifier.
 void refuseIdentifier(const wchar_t* prefix, const std::wstring& sectionName, const std::wstring& id);
-/// Throws CorvaneException where the item, with `depthInside` levels in it, would lie deeper than can be read again.
-void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int depthInside);
+/// Throws CorvaneException where the item, with `levelsInside` levels in it, would lie deeper than can be read again.
+void refuseDeepNesting(const wchar_t* prefix, const ItemAddress& address, int levelsInside);
 /// Throws CorvaneException where the item, with `inside` namespaces declared in it, would have more of them around one
 /// element than can be read again. `around` is the innermost element there is around what will be stored.
 void refuseManyNamespaces(const wchar_t* prefix, const ItemAddress& address, const xercesc::DOMElement& around, int inside);

@@ -41,9 +41,9 @@ NewElement makeElement(const StoredElement& element, Tree& tree) {
     for (const StoredElement& child : element.children) {
         NewElement inner = makeElement(child, tree);
         append(*made.element, *inner.element.release());
-        made.depth = std::max(made.depth, inner.depth);
+        made.levels = std::max(made.levels, inner.levels);
     }
-    ++made.depth;
+    ++made.levels;
     return made;
 }
 

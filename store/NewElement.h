@@ -10,7 +10,7 @@ namespace XMLConfig::detail {
 /// The nodes of an element that is to be stored, which are no part of the tree yet.
 struct NewElement {
     LooseElement element;
-    int depth = 0;       ///< levels of nested elements, itself counted
+    int levels = 0;      ///< of nested elements, itself counted
     int namespaces = 0;  ///< declared at most in one of its elements and those around that
 };
 

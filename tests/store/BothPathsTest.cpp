@@ -106,7 +106,7 @@ public:
     std::string parse(const std::string& text) {
         try {
             const XMLConfig::detail::NewElement made = XMLConfig::detail::readElement(text, m_tree);
-            return std::to_string(made.depth) + "," + std::to_string(made.namespaces) + described(*made.element) +
+            return std::to_string(made.levels) + "," + std::to_string(made.namespaces) + described(*made.element) +
                    XMLConfig::detail::toUtf8(XMLConfig::detail::writeElement(*made.element));
         } catch (const ParseFailure& failure) {
             return asciiOf(failure.message());

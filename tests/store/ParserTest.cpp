@@ -51,7 +51,7 @@ void expectTheLibrarysTree(Tree& tree, const std::string& text) {
     EXPECT_EQ(own->getChildNodes()->getLength(), theirs->getChildNodes()->getLength());
 
     const NewElement made = XMLConfig::detail::readElement(text, tree);
-    EXPECT_EQ(made.depth, depthOf(*theirs->getDocumentElement()));
+    EXPECT_EQ(made.levels, depthOf(*theirs->getDocumentElement()));
     EXPECT_EQ(described(*made.element), expected);
     EXPECT_EQ(made.element->getOwnerDocument(), &tree.document());
 }
@@ -145,7 +145,7 @@ TEST(Parser, LeavesTheTreeToItsOwnerAfterAFailure) {
     }
     EXPECT_EQ(described(*tree.root()), before);
     const NewElement made = XMLConfig::detail::readElement("<a><b/></a>", tree);
-    EXPECT_EQ(made.depth, 2);
+    EXPECT_EQ(made.levels, 2);
     EXPECT_EQ(described(*made.element), described(*parsed("<a><b/></a>")->getDocumentElement()));
 }
 
