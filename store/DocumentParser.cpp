@@ -40,9 +40,8 @@ private:
 /// Whether there are bytes that in UTF-8 would begin a character beyond the last one. The XML library mostly leaves such a
 /// character out and reports nothing.
 bool beginBeyondUnicode(std::string_view bytes) {
-    unsigned found = 0;
-    for (const char byte : bytes) found |= static_cast<unsigned>(static_cast<unsigned char>(byte - 0xF5) < 3);
-    return found != 0;
+    const auto hold = [bytes](char byte) { return bytes.find(byte) != std::string_view::npos; };
+    return hold('\xF5') || hold('\xF6') || hold('\xF7');
 }
 
 /// Hands bytes to the parser as they are read, so that a file is never in memory as a whole.
