@@ -70,6 +70,10 @@ struct Channel {
     /// where the channel holds the zenith or the nadir.
     Interval yawSpan;
     Interval pitchSpan;
+    /// How far the image reaches left and right of the line of sight, on the level line through its middle, and down and up,
+    /// on the upright one: its edges where the channel is not rolled.
+    Interval levelField;
+    Interval uprightField;
     /// How much of the image meets the screen nowhere; none where there is no coverage.
     std::optional<double> offScreen;
     /// It overlaps as many others as are looked for at most (`mostNeighbours`): `Layout::pairs` may leave some out.
@@ -99,7 +103,7 @@ struct Overlap {
     double most = 0.0;
     bool isFull = false;  ///< more than 90 % of these lines meet the other channel
     double area = 0.0;    ///< share of the image's area
-    double across = 0.0;  ///< share of the horizontal line through the image's middle
+    double level = 0.0;   ///< share of the level line through the image's middle: of that across where it is not rolled
 
     /// The other channel shows 90 % and more of the image: it lies over no edge in particular.
     [[nodiscard]] bool isWhole() const { return area >= 0.9; }

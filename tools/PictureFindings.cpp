@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include "tools/LayoutText.h"
 #include "tools/PictureParts.h"
@@ -11,11 +12,16 @@ using svg::Path;
 using svg::Point;
 using XMLConfig::Channel;
 
-/// An upright edge of the image, from the bottom up.
-Path edgeOf(const Channel& channel, double side, double yaw) {
-    const Directions edge = XMLConfig::outlineOf(channel, {side, side, 1.0, 0.0}, pointsPerEdge);
-    const auto begin = edge.begin() + pointsPerEdge;
-    const Directions upwards(begin, begin + pointsPerEdge + 1);
+/// The edge of the image that lies to the right, or to the left, from the bottom up. Which one that is depends on the roll.
+Path edgeOf(const Channel& channel, bool isRight, double yaw) {
+    Directions outline =
+        XMLConfig::outlineOf(channel, wholeImage, pointsPerEdge);  // begins at the bottom left, then to the right
+    outline.push_back(outline.front());
+    const long quarterTurns = std::lround(channel.roll / (pi / 2.0));
+    const long edge = (quarterTurns + (isRight ? 1 : 3)) % 4;
+    const auto begin = outline.begin() + (edge < 0 ? edge + 4 : edge) * pointsPerEdge;
+    Directions upwards(begin, begin + pointsPerEdge + 1);
+    if (!isRight) std::reverse(upwards.begin(), upwards.end());
     return unrolled(upwards, XMLConfig::headingOf(upwards.front(), yaw).yaw);
 }
 
@@ -23,9 +29,9 @@ Path edgeOf(const Channel& channel, double side, double yaw) {
 void drawGap(const Canvas& canvas, const XMLConfig::ChannelGap& gap) {
     const Channel& left = canvas.layout.channels[gap.left];
     const Channel& right = canvas.layout.channels[gap.right];
-    const double yaw = drawnYaw(left.yaw) + left.edges.right;
-    const Path one = edgeOf(left, 1.0, yaw);
-    const Path other = edgeOf(right, 0.0, yaw);
+    const double yaw = drawnYaw(left.yaw) + left.levelField.to;
+    const Path one = edgeOf(left, true, yaw);
+    const Path other = edgeOf(right, false, yaw);
     Path between;
     for (std::size_t i = 0; i < one.size(); ++i)
         if (one[i].x < other[i].x) between.push_back(one[i]);

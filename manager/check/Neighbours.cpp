@@ -138,9 +138,13 @@ bool isWanted(const Overlap& overlap, double wanted) {
            100.0 * wanted <= 100.0 * overlap.most + overlapTolerance;
 }
 
+/// Whether the channel is rolled so that the edges of its image which are named left and right lie below and above.
+bool isOnItsSide(const Channel& channel) { return std::abs(std::sin(channel.roll)) > std::abs(std::cos(channel.roll)); }
+
 /// True when it has added a finding.
 bool checkWanted(ChannelCheck& check, std::size_t channel, std::size_t other, const Overlap& overlap) {
-    const bool isBeside = overlap.edge == ImageEdge::Left || overlap.edge == ImageEdge::Right;
+    const bool isAtASide = overlap.edge == ImageEdge::Left || overlap.edge == ImageEdge::Right;
+    const bool isBeside = isAtASide != isOnItsSide(check.layout.channels[channel]);
     const double wanted = isBeside ? check.layout.wantedAcross : check.layout.wantedUpright;
     if (wanted <= 0.0 || !overlap.isFull || overlap.isWhole() || isWanted(overlap, wanted)) return false;
     check.findings.add(L"XC315", Severity::Note, placeOf(check.projector(channel)),

@@ -53,6 +53,24 @@ std::array<Vector, 4> cornersOf(const Channel& channel) {
             directionAt(channel, edge.right, edge.top), directionAt(channel, edge.left, edge.top)};
 }
 
+Line lineThroughMiddle(const Channel& channel, double angle) {
+    const EdgeValues& edge = channel.tangents;
+    const Point_2Dim<double> middle((edge.left + edge.right) / 2.0, (edge.bottom + edge.top) / 2.0);
+    const Point_2Dim<double> along(std::cos(angle), std::sin(angle));
+    const double reach =
+        std::min((edge.right - edge.left) / (2.0 * std::abs(along.x)), (edge.top - edge.bottom) / (2.0 * std::abs(along.y)));
+    return {{middle.x - reach * along.x, middle.y - reach * along.y},
+            {middle.x + reach * along.x, middle.y + reach * along.y}};
+}
+
+Interval fieldAlong(const Channel& channel, double angle) {
+    const Line line = lineThroughMiddle(channel, angle);
+    const auto angleOf = [&](const Point_2Dim<double>& end) {
+        return std::atan(end.x * std::cos(angle) + end.y * std::sin(angle));
+    };
+    return {angleOf(line.from), angleOf(line.to)};
+}
+
 // Along an edge the yaw only rises or only falls: seen from above, an edge is a straight line.
 Interval yawSpanOf(const Channel& channel) {
     const Planes planes = planesOf(channel);

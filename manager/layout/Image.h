@@ -21,6 +21,17 @@ Vector directionAt(const Channel& channel, double x, double y);
 /// Bottom left, bottom right, top right, top left.
 std::array<Vector, 4> cornersOf(const Channel& channel);
 
+/// A line of an image.
+struct Line {
+    Point_2Dim<double> from;
+    Point_2Dim<double> to;
+};
+/// The line through the image's middle that is turned against its lower edge by that angle, as far as the image goes. Turned
+/// by the channel's roll, it is level and runs from left to right.
+Line lineThroughMiddle(const Channel& channel, double angle);
+/// What angles off the line of sight that line spans.
+Interval fieldAlong(const Channel& channel, double angle);
+
 /// What the image's outline reaches.
 Interval yawSpanOf(const Channel& channel);
 Interval pitchSpanOf(const Channel& channel);

@@ -44,12 +44,6 @@ Sides sidesOn(const Channel& channel, const Planes& planes) {
     return sides;
 }
 
-/// A line of an image, from one edge to the opposite one.
-struct Line {
-    Point_2Dim<double> from;
-    Point_2Dim<double> to;
-};
-
 /// The share of the line that lies inside all planes.
 double shareInside(const Line& line, const Sides& sides) {
     constexpr double parallel = 1e-12;  // along a plane, but for the rounding
@@ -119,6 +113,14 @@ Sides scaled(const Sides& sides, const EdgeValues& tangents) {
     return result;
 }
 
+Line scaled(const Line& line, const EdgeValues& tangents) {
+    const auto place = [&](const Point_2Dim<double>& point) {
+        return Point_2Dim<double>((point.x - tangents.left) / (tangents.right - tangents.left),
+                                  (point.y - tangents.bottom) / (tangents.top - tangents.bottom));
+    };
+    return {place(line.from), place(line.to)};
+}
+
 constexpr double firstLine = 0.05;
 constexpr double lastLine = 0.95;
 constexpr double fullShare = 0.9;
@@ -171,7 +173,7 @@ Overlap overlapOn(const Channel& channel, const Planes& other) {
     if (shares.area <= 0.0) return overlap;
     overlap.area = std::min(1.0, shares.area);
     overlap.edge = edgeBeside(shares.centre);
-    overlap.across = LinesAcross(sides, ImageEdge::Left).shareAt(0.5);
+    overlap.level = shareInside(scaled(lineThroughMiddle(channel, channel.roll), channel.tangents), sides);
     measure(overlap, LinesAcross(sides, overlap.edge), common);
     return overlap;
 }

@@ -64,6 +64,8 @@ void turn(Channel& channel) {
     channel.tangents = {std::tan(edges.left), std::tan(edges.right), std::tan(edges.top), std::tan(edges.bottom)};
     channel.yawSpan = yawSpanOf(channel);
     channel.pitchSpan = pitchSpanOf(channel);
+    channel.levelField = fieldAlong(channel, channel.roll);
+    channel.uprightField = fieldAlong(channel, channel.roll + pi / 2.0);
 }
 
 void readExtents(Channel& channel, const ProjectorConfig& config) {

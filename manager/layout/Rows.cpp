@@ -14,8 +14,8 @@ constexpr double rounding = 1e-9;
 
 using Indices = std::vector<std::size_t>;
 
-double widthOf(const Channel& channel) { return channel.edges.right - channel.edges.left; }
-double heightOf(const Channel& channel) { return channel.edges.top - channel.edges.bottom; }
+double widthOf(const Channel& channel) { return channel.levelField.to - channel.levelField.from; }
+double heightOf(const Channel& channel) { return channel.uprightField.to - channel.uprightField.from; }
 
 /// Sorts channels by an angle; those with equal angles stay in document order.
 template <typename Angle>
@@ -55,16 +55,9 @@ private:
     /// The yaw from half a turn to the left to half a turn to the right.
     [[nodiscard]] double headingIn(std::size_t index) const { return std::remainder(m_channels[index].yaw, fullTurn); }
 
-    /// The angle clockwise from the one's right edge to the other's left edge; negative where they overlap.
+    /// The angle clockwise from where the one ends to where the other begins; negative where they overlap.
     [[nodiscard]] double distance(std::size_t left, std::size_t right) const {
-        return turnBetween(left, right) + m_channels[right].edges.left - m_channels[left].edges.right;
-    }
-
-    /// The same between what the images reach, which is less far than the edges where they are rolled.
-    [[nodiscard]] double spanDistance(std::size_t left, std::size_t right) const {
-        const Channel& one = m_channels[left];
-        const Channel& other = m_channels[right];
-        return turnBetween(left, right) + (other.yawSpan.from - other.yaw) - (one.yawSpan.to - one.yaw);
+        return turnBetween(left, right) + m_channels[right].levelField.from - m_channels[left].levelField.to;
     }
 
     [[nodiscard]] double turnBetween(std::size_t left, std::size_t right) const {
@@ -93,8 +86,7 @@ private:
 
     void addGap(ChannelRow& row, std::size_t left, std::size_t right) const {
         if (doMiddlesMeet(left, right)) return;
-        const double betweenEdges = distance(left, right);
-        const double width = betweenEdges > rounding ? betweenEdges : spanDistance(left, right);
+        const double width = distance(left, right);
         if (width > rounding) row.gaps.push_back({left, right, width});
     }
 
@@ -107,7 +99,7 @@ private:
         const std::pair<std::size_t, std::size_t> place(wanted.first, wanted.second);
         const auto found = std::lower_bound(m_pairs.begin(), m_pairs.end(), place, isBefore);
         if (found == m_pairs.end() || found->first != place.first || found->second != place.second) return false;
-        return found->ofFirst.across > 0.0 || found->ofSecond.across > 0.0;
+        return found->ofFirst.level > 0.0 || found->ofSecond.level > 0.0;
     }
 
     const std::vector<Channel>& m_channels;

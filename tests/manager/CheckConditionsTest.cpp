@@ -444,4 +444,31 @@ TEST(CheckConditions, RolledNeighboursLeaveTheGapThatTheirImagesLeave) {
     EXPECT_EQ(foundBy(L"XC301", rolled("1", "0") + rolled("2", "0.39")), Lines());
 }
 
+TEST(CheckConditions, RolledNeighboursAreBesideOneAnotherByTheEdgesThatLieThere) {
+    const auto rolled = [](const std::string& yaw, const std::string& roll, const std::string& left) {
+        return projector(yaw, "<Channel_Extents><Heading><Yaw>" + yaw + "</Yaw><Roll>" + roll +
+                                  "</Roll></Heading><HFOV><Left>" + left +
+                                  "</Left><Right>0.2</Right></HFOV><VFOV><Top>0.5</Top><Bottom>-0.5</Bottom></VFOV>"
+                                  "</Channel_Extents>");
+    };
+    const auto gaps = [&](const std::string& roll, const std::string& left, const std::string& yaw) {
+        const Lines lines = foundBy(L"XC301", rolled("0", roll, left) + rolled(yaw, roll, left));
+        return lines.empty() ? L"" : lines[0].substr(lines[0].find(L':') + 2);
+    };
+    const std::string quarter = "1.570796326794897";
+    const std::string half = "3.141592653589793";
+    EXPECT_EQ(gaps(quarter, "-0.2", "0.9"), L"");
+    EXPECT_EQ(gaps(quarter, "-0.2", "1.1"), L"5.73\u00b0 gap between \"0\" and \"1.1\"");
+    EXPECT_EQ(gaps("-" + quarter, "-0.2", "0.9"), L"");
+    EXPECT_EQ(gaps(half, "-0.6", "0.7"), L"");
+    EXPECT_EQ(gaps(half, "-0.6", "0.9"), L"5.73\u00b0 gap between \"0\" and \"0.9\"");
+    const auto unwanted = [&](const std::string& wanted) {
+        return foundBy(L"XC315", rolled("0", quarter, "-0.2") + rolled("0.5", quarter, "-0.2") + "<TargetLocator>" + wanted +
+                                     "</TargetLocator>")
+            .size();
+    };
+    EXPECT_EQ(unwanted("<Horizontal_Overlap>0.1</Horizontal_Overlap>"), 1U);
+    EXPECT_EQ(unwanted("<Vertical_Overlap>0.1</Vertical_Overlap>"), 0U);
+}
+
 }  // namespace

@@ -141,6 +141,25 @@ TEST_F(LayoutPicture, ShowsAGap) {
     EXPECT_EQ(titleOf(gaps[0]), L"5° gap between Dome 2 and Dome 3\nVELDAR***00:0a:0b:0c:0d:02\nVELDAR***00:0a:0b:0c:0d:03");
 }
 
+TEST_F(LayoutPicture, ShowsAGapBetweenTheEdgesThatFaceIt) {
+    const auto beginOfGap = [this](double roll) {
+        ConfigInfo document;
+        put(document, {{-40.0, 0.0, roll, -25.0, 25.0, 25.0, -25.0}, {40.0, 0.0, roll, -25.0, 25.0, 25.0, -25.0}});
+        const auto gaps = shapesOf(pictureOf(fileOf(document)), L"gap");
+        if (gaps.size() != 1) return Point_2Dim<int>(0, 0);
+        std::wstring path;
+        for (const auto& [name, value] : gaps[0].attributes)
+            if (name == L"d") path = value;  // "M-1500 2500l..."
+        return Point_2Dim<int>(std::stoi(path.substr(1)), std::stoi(path.substr(path.find(L' ') + 1)));
+    };
+    const Point_2Dim<int> upright = beginOfGap(0.0);
+    EXPECT_LT(upright.x, 0);
+    for (const double roll : {90.0, 180.0, -90.0, 270.0, -180.0}) {
+        EXPECT_NEAR(beginOfGap(roll).x, upright.x, 1) << roll;
+        EXPECT_NEAR(beginOfGap(roll).y, upright.y, 1) << roll;
+    }
+}
+
 TEST_F(LayoutPicture, HatchesAHole) {
     ConfigInfo document;
     std::vector<RigChannel> sides = cube();
