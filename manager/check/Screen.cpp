@@ -1,6 +1,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "base/Angles.h"
 #include "manager/check/Findings.h"
@@ -161,10 +165,11 @@ private:
         const auto shown = [](const std::pair<double, double>& pair) {
             return shortNumber(pair.first) + L" -> " + shortNumber(pair.second);
         };
-        for (std::size_t i = 1; i < clean.size(); ++i)
-            if (clean[i].first <= clean[i - 1].first || clean[i].second <= clean[i - 1].second)
-                return shown(clean[i - 1]) + L", then " + shown(clean[i]) + L": does not rise";
-        return L"does not rise";
+        const auto doesNotRise = [](const std::pair<double, double>& one, const std::pair<double, double>& next) {
+            return next.first <= one.first || next.second <= one.second;
+        };
+        const auto fall = std::adjacent_find(clean.begin(), clean.end(), doesNotRise);  // else it would be clean
+        return shown(*fall) + L", then " + shown(*std::next(fall)) + L": does not rise";
     }
 
     // Points.

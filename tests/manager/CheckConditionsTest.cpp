@@ -337,6 +337,33 @@ TEST(CheckConditions, AnImageOfNoSizeIsNotStretched) {
     for (const std::string& key : keys) EXPECT_EQ(sized(key), 0U) << key;
 }
 
+TEST(CheckConditions, FourBlobsFitEachWay) {
+    const auto blobs = [](const std::string& size) {
+        return foundBy(L"XC411", projector("1",
+                                           "<ImageResolution_X>1000</ImageResolution_X><ImageResolution_Y>800"
+                                           "</ImageResolution_Y><Box_Spacing>1</Box_Spacing><Box_Size>" +
+                                               size + "</Box_Size>"));
+    };
+    const std::wstring place = L"Projector[1]/Box_Size: ";
+    EXPECT_EQ(blobs("250, 200"), Lines());
+    EXPECT_EQ(blobs("251, 200"), (Lines{place + L"fewer than 4 blobs fit across the image"}));
+    EXPECT_EQ(blobs("250, 201"), (Lines{place + L"fewer than 4 blobs fit up the image"}));
+    EXPECT_EQ(blobs("1, 1"), Lines());
+    EXPECT_EQ(blobs("0, 1"), (Lines{place + L"a blob of 0 x 1 has no size"}));
+    EXPECT_EQ(blobs("1, 0"), (Lines{place + L"a blob of 1 x 0 has no size"}));
+}
+
+TEST(CheckConditions, AVisitIsNotAfterTheLastRun) {
+    const auto visited = [](const std::string& visit, const std::string& run) {
+        return foundBy(L"XC903", "<SiteAnalytics><LastRunTimestamp>" + run + "</LastRunTimestamp><VisitTimestamp>" + visit +
+                                     "</VisitTimestamp></SiteAnalytics>");
+    };
+    EXPECT_EQ(visited("1000", "1000"), Lines());
+    EXPECT_EQ(visited("1001", "1000"), (Lines{L"SiteAnalytics/VisitTimestamp: 1970-01-01 00:16:41 is after the last run, "
+                                              L"1970-01-01 00:16:40"}));
+    EXPECT_EQ(visited("1001", "0"), Lines()) << "there was no run";
+}
+
 TEST(CheckConditions, DevicesWithoutANameShareNone) {
     EXPECT_EQ(foundBy(L"XC206", projector("1", "<Name/>") + projector("2", "<Name/>") + projector("3", "")), Lines());
     EXPECT_EQ(foundBy(L"XC206", projector("1", "<Name>a</Name>") + projector("2", "<Name>a</Name>")).size(), 1U);

@@ -30,11 +30,16 @@ TEST(ScreenConditions, EachShapeNeedsItsOwnSizes) {
     EXPECT_EQ(lacking("VRML"), ofScreen({L"VRML"}));
 }
 
-TEST(ScreenConditions, LimitsThatDoNotRiseAreShown) {
-    EXPECT_EQ(
-        foundBy(L"XC501", screen(item("Shape", "Cylinder") + item("Screen_MinTheta", "0.5") +
-                                 item("Screen_MaxTheta", "0.25") + item("Screen_Radius", "2") + item("Screen_Height", "2"))),
-        (Lines{L"Screen/Screen_MinTheta: is not below Screen_MaxTheta (28.65\u00b0 to 14.32\u00b0)"}));
+TEST(ScreenConditions, LimitsThatDoNotRiseAreShownInTheUnitOfTheDocument) {
+    const auto limits = [](const std::string& unit) {
+        return foundBy(
+            L"XC501", "<System>" + item("AngleUnit", unit) + "</System>" +
+                          screen(item("Shape", "Cylinder") + item("Screen_MinTheta", "0.5") +
+                                 item("Screen_MaxTheta", "0.25") + item("Screen_Radius", "2") + item("Screen_Height", "2")));
+    };
+    const std::wstring line = L"Screen/Screen_MinTheta: is not below Screen_MaxTheta ";
+    EXPECT_EQ(limits("Degrees"), (Lines{line + L"(28.65\u00b0 to 14.32\u00b0)"}));
+    EXPECT_EQ(limits("Radians"), (Lines{line + L"(0.5 rad to 0.25 rad)"}));
 }
 
 TEST(ScreenConditions, ASphereIsNoMoreThanOne) {
