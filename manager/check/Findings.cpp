@@ -40,6 +40,13 @@ private:
     std::unordered_map<ElementView, std::unordered_map<std::wstring, bool>, ElementView::Hash> m_isFound;
 };
 
+/// Whether a text is to be set where elements stand, which no command replaces.
+bool isForElements(const Finding& finding) {
+    const auto& commands = finding.mend.commands;
+    return !commands.empty() && commands[0][0] == L"set" && finding.element && finding.element.firstChild() &&
+           addressOf(finding.element) == finding.address;
+}
+
 }  // namespace
 
 Findings::Findings(const ConfigInfo& checked, const CheckOptions& wishes)
@@ -131,7 +138,10 @@ std::vector<Finding> Findings::inOrder() {
     std::vector<Finding> ordered;
     ordered.reserve(m_findings.size());
     for (const auto& group : byRule)
-        for (const std::size_t index : group.second) ordered.push_back(std::move(m_findings[index]));
+        for (const std::size_t index : group.second) {
+            ordered.push_back(std::move(m_findings[index]));
+            if (isForElements(ordered.back())) ordered.back().mend = Mend();
+        }
     return ordered;
 }
 

@@ -88,6 +88,16 @@ TEST(CheckMends, NoEdgeIsAQuarterTurnInDegrees) {
     EXPECT_EQ(found("-90"), 0U);
 }
 
+TEST(CheckMends, NoTextIsSetWhereElementsStand) {
+    const auto found = [](const std::string& count) {
+        return foundBy(L"XC217",
+                       "<Geometry><Projector_Count>" + count + "</Projector_Count></Geometry>" + projector("p", ""));
+    };
+    EXPECT_EQ(found("2"), (Lines{L"Geometry/Projector_Count: reads 2, but there is 1 projector; set Geometry/"
+                                 L"Projector_Count=1"}));
+    EXPECT_EQ(found("2<b/>"), (Lines{L"Geometry/Projector_Count: reads 2, but there is 1 projector"}));
+}
+
 TEST(CheckMends, ABlendIsNotWidenedOverTheOppositeOne) {
     const auto found = [](const std::string& oppositeBlend) {
         const std::string blends = "<Blend_Left>10</Blend_Left><Blend_Right>" + oppositeBlend + "</Blend_Right>";
