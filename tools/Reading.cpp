@@ -118,7 +118,7 @@ std::wstring reasonNotToRead(const std::filesystem::path& path, const std::files
 std::wstring reasonNotToOpen(const std::filesystem::path& path) {
     std::error_code fault;
     const std::filesystem::file_status status = std::filesystem::status(path, fault);
-    const std::wstring reason = reasonNotToRead(path, status, fault);
+    std::wstring reason = reasonNotToRead(path, status, fault);
     if (!reason.empty() || !std::filesystem::exists(status)) return reason;
     if (!std::filesystem::is_regular_file(status)) return L"; it is a pipe or a device";
     return reasonOfRights(path, status.permissions());
