@@ -4,6 +4,7 @@
 #include "tools/Places.h"
 #include "tools/Printable.h"
 #include "tools/Reading.h"
+#include "tools/SnippetParts.h"
 #include "tools/Suggestion.h"
 #include "tools/Summary.h"
 #include "tools/TreeText.h"
@@ -26,8 +27,7 @@ public:
           m_document(m_read.document.get()) {}
 
     ExitStatus run() {
-        for (const std::string& operand : m_request.operands)
-            find(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+        for (const std::string& operand : m_request.operands) find(wholeAddressOf(operand));
         if (m_request.json) print(jsonEnd(json(), m_status));
         else if (m_request.flat) print(lines());
         else if (!m_request.operands.empty()) print(trees());

@@ -94,6 +94,13 @@ SnippetPart snippetPartOf(const std::wstring& address) {
     return {};
 }
 
+XMLConfig::Address wholeAddressOf(const std::string& operand) {
+    const std::wstring text = XMLConfig::wideFromUtf8(operand);
+    if (!snippetPartOf(text).part.empty())
+        throw WrongOperands(operand + ": is in a device snippet; get and set take its single texts");
+    return XMLConfig::parseAddress(text);
+}
+
 std::wstring partIn(const std::wstring& xml, const std::wstring& part) {
     return XMLConfig::wideFromUtf8(Snippet(xml, part).text());
 }

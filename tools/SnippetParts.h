@@ -3,11 +3,7 @@
 #include <cstddef>
 #include <string>
 
-class ConfigInfo;
-
-namespace XMLConfig {
-struct Address;
-}
+#include "store/Address.h"
 
 /// Single texts in a device snippet, as `show --flat` and `diff --lines` name them.
 namespace tool {
@@ -22,6 +18,9 @@ struct SnippetPart {
     std::wstring part;
 };
 SnippetPart snippetPartOf(const std::wstring& address);
+
+/// The address of a whole setting or group, for verbs that take no part of a device snippet; throws WrongOperands for one.
+XMLConfig::Address wholeAddressOf(const std::string& operand);
 
 /// The snippet's XML with the part holding the value; throws a Refusal, without the address, where it
 /// holds no such part, or the part holds others.

@@ -7,6 +7,7 @@
 #include "tools/Configuration.h"
 #include "tools/Places.h"
 #include "tools/Reading.h"
+#include "tools/SnippetParts.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"
 #include "tools/Writing.h"
@@ -93,8 +94,7 @@ void setUpUnset(Options& options, Request& request) {
 ExitStatus runUnset(const Request& request) {
     refuseStandardInput(request);
     std::vector<Address> operands;
-    for (const std::string& operand : request.operands)
-        operands.push_back(XMLConfig::parseAddress(XMLConfig::wideFromUtf8(operand)));
+    for (const std::string& operand : request.operands) operands.push_back(wholeAddressOf(operand));
     const auto lock = request.dryRun ? nullptr : lockForWriting(request.file, request);
     const std::unique_ptr<ConfigInfo> document = openDocument(request.file);
     requireLatestVersion(*document, request.file);

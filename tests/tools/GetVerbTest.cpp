@@ -153,6 +153,10 @@ TEST(GetVerb, TextsInDeviceSnippetsHaveTheAddressesThatShowNames) {
                   "xmlconfig: examples/dome.skorrax: holds no " + snippet + part + "\n");
     expectRun(runTool({"get", "--default", "none", dome, "Projector[#1]/DeviceSnippet/device@nam"}), 0, "none\n");
     EXPECT_EQ(runTool({"get", dome, "Projector[#1]/Name/device@name"}).status, 2);
+    const std::string name = "Projector[#1]/DeviceSnippet/device@name";
+    for (const char* const verb : {"show", "unset"})
+        expectRun(runTool({verb, dome, name}), 2, "",
+                  "xmlconfig: " + name + ": is in a device snippet; get and set take its single texts\n");
 }
 
 TEST(GetVerb, TextsOfTheHeaderAreValues) {
