@@ -15,7 +15,7 @@ ordinary=
 try() {
     status=0
     bytes=$(wc -c < "$work/$1")
-    limit=$(awk "BEGIN { print int($most * ${ordinary:-30}) + 1 }")
+    limit=$(awk "BEGIN { print int($most * ${ordinary:-30} * 1.5) + 1 }")  # ends what runs away; the system counts it roughly
     (ulimit -t "$limit"; ulimit -v 18000000; exec /usr/bin/time -q -f '%U %S %M' -o "$work/figures" "$tool" get "$work/$1" "$2" > "$work/out" 2> "$work/message") || status=$?
     read -r user system kilobytes < "$work/figures" || true
     seconds=$(awk "BEGIN { print $user + $system }")

@@ -92,6 +92,7 @@ encoded encoding-ebcdic-declared IBM037 "$text"
 encoded utf-8-cut UTF-8 "$(printf '<ConfigInfo><S>\303</S></ConfigInfo>')"
 encoded utf-8-overlong UTF-8 "$(printf '<ConfigInfo><S>\300\200</S></ConfigInfo>')"
 encoded utf-8-surrogate UTF-8 "$(printf '<ConfigInfo><S>\355\240\200</S></ConfigInfo>')"
+encoded utf-8-beyond-unicode UTF-8 "$(printf '<ConfigInfo><S>\365\200\200\200</S></ConfigInfo>')"
 encoded utf-8-latin-1-bytes UTF-8 "$(printf '<ConfigInfo><S>\374</S></ConfigInfo>')"
 printf '\377\376\0\0<' > utf-32-mark
 perl -e 'print "\xff\xfe", map { "$_\0" } split //, q(<ConfigInfo>)' > utf-16-cut
@@ -104,7 +105,7 @@ for name in encoding-utf-7 encoding-utf-16-declared; do
     trace "$name"
 done
 for name in encoding-unknown encoding-ebcdic-declared utf-8-cut utf-8-overlong \
-    utf-8-surrogate utf-8-latin-1-bytes utf-32-mark utf-16-cut utf-16-lone-surrogate control-character empty; do
+    utf-8-surrogate utf-8-beyond-unicode utf-8-latin-1-bytes utf-32-mark utf-16-cut utf-16-lone-surrogate control-character empty; do
     try "$name" 'Error during parsing'
 done
 
