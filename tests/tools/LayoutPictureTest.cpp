@@ -1,9 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "platform/Files.h"
+#include "platform/Numbers.h"
 #include "store/ConfigInfo.h"
 #include "tests/support/Example.h"
 #include "tests/support/GoldenFile.h"
@@ -198,6 +201,20 @@ TEST_F(LayoutPicture, SaysWhatCannotBeDrawn) {
     const auto alarms = shapesOf(picture, L"alarm");
     ASSERT_EQ(alarms.size(), 1u);
     EXPECT_EQ(alarms[0].text, L"Not drawn: A & <B>: Left (30°) is not left of Right (-30°)");
+}
+
+TEST_F(LayoutPicture, SaysWhatCannotBeDrawnALineEach) {
+    ConfigInfo document;
+    put(document, {{0.0, 0.0, 0.0, 30.0, -30.0}, {0.0, 0.0, 0.0, 20.0, -20.0}, {0.0, 0.0, 0.0, 10.0, -10.0}});
+    std::set<double> heights;
+    for (const OutlineNode& alarm : shapesOf(pictureOf(fileOf(document)), L"alarm"))
+        for (const auto& [name, value] : alarm.attributes)
+            if (name == L"y") heights.insert(XMLConfig::detail::leadingDouble(value));
+    ASSERT_EQ(heights.size(), 3u);
+    const double first = *heights.begin();
+    const double second = *std::next(heights.begin());
+    EXPECT_GT(second - first, 8.0) << "as high as a letter at least";
+    EXPECT_NEAR(*heights.rbegin() - second, second - first, 0.1);
 }
 
 TEST_F(LayoutPicture, OfNothingIsAPictureToo) {
