@@ -4,7 +4,7 @@
 
 class ConfigInfo;
 
-/// Saves beside ConfigInfo's own.
+/// The saves of a document: what ConfigInfo's own does, and those beside it.
 namespace XMLConfig::detail {
 
 class Document;

@@ -4,7 +4,6 @@
 
 #include "platform/Text.h"
 #include "store/Address.h"
-#include "store/Comments.h"
 #include "store/Document.h"
 #include "store/ElementAccess.h"
 #include "store/NodeText.h"
@@ -34,30 +33,6 @@ bool areContentsEqual(const xercesc::DOMElement& one, const xercesc::DOMElement&
         if (!detail::haveEqualAttributes(*a, *b) || !areContentsEqual(*a, *b)) return false;
     }
     return a == b;
-}
-
-/// Null where neither follows.
-const xercesc::DOMNode* elementOrCommentAfter(const xercesc::DOMNode& node) {
-    const xercesc::DOMNode* next = node.getNextSibling();
-    while (next != nullptr && next->getNodeType() != xercesc::DOMNode::ELEMENT_NODE &&
-           next->getNodeType() != xercesc::DOMNode::COMMENT_NODE)
-        next = next->getNextSibling();
-    return next;
-}
-
-void addComments(std::vector<CommentView>& comments, const xercesc::DOMElement& around) {
-    std::size_t waiting = comments.size();  // the first that waits for the element after it
-    for (const auto* node = around.getFirstChild(); node != nullptr; node = node->getNextSibling()) {
-        const auto type = node->getNodeType();
-        if (type == xercesc::DOMNode::COMMENT_NODE) {
-            comments.push_back({ElementAccess::view(&around), {}, detail::fromUtf16(detail::view(node->getNodeValue()))});
-        } else if (type == xercesc::DOMNode::ELEMENT_NODE) {
-            const auto& element = static_cast<const xercesc::DOMElement&>(*node);
-            for (; waiting < comments.size(); ++waiting) comments[waiting].next = ElementAccess::view(&element);
-            addComments(comments, element);
-            waiting = comments.size();
-        }
-    }
 }
 
 }  // namespace
@@ -134,27 +109,6 @@ bool haveEqualTexts(const ElementView& one, const ElementView& other) {
 }
 
 ElementView rootElement(const ConfigInfo& document) { return ElementAccess::view(detail::Document::of(document).root()); }
-
-std::vector<CommentView> commentsOf(const ConfigInfo& document) {
-    const auto& parsed = detail::Document::of(document).parsedComments();
-    if (!parsed) return commentsIn(rootElement(document));
-    std::vector<CommentView> comments(parsed->size());
-    for (std::size_t i = comments.size(); i-- > 0;) {  // from the last on, since many can have one element after them
-        const xercesc::DOMComment& comment = *(*parsed)[i];
-        const xercesc::DOMNode* const next = elementOrCommentAfter(comment);
-        const bool isComment = next != nullptr && next->getNodeType() == xercesc::DOMNode::COMMENT_NODE;
-        comments[i] = {ElementAccess::view(static_cast<const xercesc::DOMElement*>(comment.getParentNode())),
-                       isComment ? comments[i + 1].next : ElementAccess::view(static_cast<const xercesc::DOMElement*>(next)),
-                       detail::fromUtf16(detail::view(comment.getData()))};
-    }
-    return comments;
-}
-
-std::vector<CommentView> commentsIn(const ElementView& around) {
-    std::vector<CommentView> comments;
-    if (around) addComments(comments, *elementOf(around));
-    return comments;
-}
 
 std::vector<ElementView> sectionElements(const ConfigInfo& document, const std::wstring& tag) {
     return detail::reporting(L"Error getSection: ", [&] {
