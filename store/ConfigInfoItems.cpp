@@ -112,7 +112,7 @@ std::wstring ConfigInfo::getStringItem(const std::wstring& sectionName, const st
         const auto item = m_document->getItem(m_document->container(address), key);
         if (item.element == nullptr) return defaultValue;
         std::u16string buffer;
-        return detail::fromUtf16(detail::textOf(item, buffer));
+        return detail::fromUtf16(m_document->textOf(item, buffer));
     });
 }
 

@@ -24,7 +24,7 @@ Number numberItem(const Document& document, const std::wstring& sectionName, con
         const auto item = document.getItem(sectionName, key, sectionID);
         if (item.element == nullptr) return defaultValue;
         std::u16string buffer;
-        return static_cast<Number>(convert(textOf(item, buffer)));
+        return static_cast<Number>(convert(document.textOf(item, buffer)));
     });
 }
 

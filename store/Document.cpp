@@ -111,12 +111,12 @@ Item Document::getItem(const std::wstring& name, const std::wstring& key, const 
     return section == nullptr ? Item() : getItem({section->element, section}, key);
 }
 
-std::u16string_view textOf(const Item& item, std::u16string& buffer) {
+std::u16string_view Document::textOf(const Item& item, std::u16string& buffer) const {
     const std::u16string_view known = item.section->textRead(item.number);
     if (!known.empty()) return known;
     const auto only = onlyText(*item.element);
-    if (!only) return textOf(*item.element, buffer);
-    item.section->rememberRead(item, *only);
+    if (!only) return detail::textOf(*item.element, buffer);
+    if (!m_journal.isOpen()) item.section->rememberRead(item, *only);
     return *only;
 }
 

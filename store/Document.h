@@ -78,6 +78,9 @@ public:
     [[nodiscard]] Container container(const ItemAddress& address) const;
     [[nodiscard]] Item getItem(const Container& container, const std::wstring& key) const;
     [[nodiscard]] Item getItem(const std::wstring& name, const std::wstring& key, const std::wstring& id) const;
+    /// The text of an item, as of its element. A short text of one piece is remembered with the item, unless changes are
+    /// made together, of which the next would forget it. The view is good until another item is read or anything changes.
+    std::u16string_view textOf(const Item& item, std::u16string& buffer) const;
     /// How many sections of that tag there are.
     [[nodiscard]] std::size_t countSections(const std::wstring& name) const { return m_index.count(name); }
     /// The innermost element there is around an item that is missing.
@@ -156,9 +159,6 @@ private:
     std::optional<Comments> m_parsedComments;
 };
 
-/// The text of an item, as of its element. A short text of one piece is remembered with the item: the view is good until
-/// another item is read or anything changes.
-std::u16string_view textOf(const Item& item, std::u16string& buffer);
 /// Whether an element holds `content` and nothing else, where texts that are indentation only count nowhere.
 bool holdsCollapsed(const xercesc::DOMElement& element, const xercesc::DOMElement& content);
 

@@ -1,4 +1,5 @@
 #include "store/Document.h"
+#include "store/Together.h"
 #include "tests/store/StoreSupport.h"
 
 // Texts that were read once are remembered; whatever changes them afterwards, the next read must tell.
@@ -114,6 +115,18 @@ TEST(KnownText, IsNotKeptWhenLong) {
         for (int i = 0; i < 2; ++i) EXPECT_EQ(get(document, L"S", L"A", L""), text);
         EXPECT_EQ(known(document, L"A").size(), length == 100 ? length : 0);
     }
+}
+
+TEST(KnownText, IsNotKeptBetweenChangesThatAreMadeTogether) {
+    ConfigInfo document;
+    set(document, L"S", L"A", L"x", L"");
+    {
+        const XMLConfig::detail::Together changes(document);
+        EXPECT_EQ(get(document, L"S", L"A", L""), L"x");
+        EXPECT_EQ(known(document, L"A"), u"");
+    }
+    EXPECT_EQ(get(document, L"S", L"A", L""), L"x");
+    EXPECT_EQ(known(document, L"A"), u"x");
 }
 
 TEST(KnownText, IsNotKeptOfMoreKeysThanASectionHasPlacesFor) {
