@@ -63,12 +63,11 @@ void Section::rememberRead(const Item& item, std::u16string_view text) {
     if (item.number >= commonKeys || text.size() > longestText) return;
     if (item.number >= m_read.size()) m_read.resize(std::min(tag->countNumbers(), commonKeys));
     const auto begin = static_cast<std::uint32_t>(m_texts.size());
+    // Where the texts have to move as they become more, they leave gaps in the heap, over which later memory is spread.
+    if (m_texts.empty()) m_texts.reserve(std::min<std::size_t>(tag->sizeOfTexts, 4096));
     m_texts += text;
+    tag->sizeOfTexts = m_texts.size();
     m_read[item.number] = {item.element, begin, static_cast<std::uint32_t>(text.size())};
-}
-
-void Section::added(xercesc::DOMElement& child) {
-    if (m_isScanned) list(child);
 }
 
 void Section::removed(const xercesc::DOMElement& child) {
@@ -83,11 +82,6 @@ void Section::replaced() {
     m_isScanned = false;
     m_children.clear();
     m_others.reset();
-}
-
-void Section::changedInside() noexcept {
-    m_read.clear();
-    m_texts.clear();
 }
 
 }  // namespace XMLConfig::detail

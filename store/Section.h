@@ -70,13 +70,18 @@ public:
     void rememberRead(const Item& item, std::u16string_view text);
 
     /// To be called when it has got one more child, its last.
-    void added(xercesc::DOMElement& child);
+    void added(xercesc::DOMElement& child) {
+        if (m_isScanned) list(child);
+    }
     /// To be called when a child has left it.
     void removed(const xercesc::DOMElement& child);
     /// To be called when it has got other children.
     void replaced();
     /// To be called when anything inside of its children has changed.
-    void changedInside() noexcept;
+    void changedInside() noexcept {
+        m_read.clear();
+        m_texts.clear();
+    }
 
 private:
     /// An item that was read. The texts are copies that lie side by side, for those in the tree are spread over so much

@@ -22,6 +22,7 @@ class SectionTag {
 public:
     explicit SectionTag(const std::wstring& itsName) : name(itsName) {}
     const std::wstring name;
+    std::size_t sizeOfTexts = 0;  ///< of all that are known of the section that was read last; mostly the next has as many
 
     /// The first section of that ID, or of any where it is empty; null when there is none.
     [[nodiscard]] Section* find(const std::wstring& id) const;
