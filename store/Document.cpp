@@ -1,6 +1,5 @@
 #include "store/Document.h"
 
-#include <optional>
 #include <utility>
 
 #include "platform/Files.h"
@@ -16,7 +15,6 @@
 namespace XMLConfig::detail {
 
 using xercesc::DOMElement;
-using xercesc::DOMNode;
 
 Document& Document::of(ConfigInfo& configInfo) { return *configInfo.m_document; }
 const Document& Document::of(const ConfigInfo& configInfo) { return *configInfo.m_document; }
