@@ -192,6 +192,15 @@ TEST_F(LayoutPicture, ShowsThePartsOfAScreenWithoutAngles) {
     EXPECT_TRUE(shapesOf(pictureOf(example()), L"area").empty());
 }
 
+TEST_F(LayoutPicture, ShowsNoPartsOfAScreenWhereThereAreNone) {
+    ConfigInfo document;
+    put(document, {{}, {30.0}});
+    const std::string picture = pictureOf(fileOf(document));
+    EXPECT_EQ(shapesOf(picture, L"channel").size(), 2u);
+    EXPECT_TRUE(shapesOf(picture, L"screen").empty());
+    EXPECT_EQ(picture.find("Parts of the screen"), std::string::npos);
+}
+
 TEST_F(LayoutPicture, SaysWhatCannotBeDrawn) {
     ConfigInfo document;
     put(document, {{}, {0.0, 0.0, 0.0, 30.0, -30.0}});
