@@ -85,6 +85,10 @@ extern "C" {
 
 PASS_ON(ssize_t, read, (int file, void* bytes, size_t size), (file, bytes, size))
 PASS_ON(ssize_t, write, (int file, const void* bytes, size_t size), (file, bytes, size))
+PASS_ON(off_t, lseek, (int file, off_t place, int from) noexcept, (file, place, from))
+PASS_ON(int, stat, (const char* path, struct stat* status) noexcept, (path, status))
+PASS_ON(int, lstat, (const char* path, struct stat* status) noexcept, (path, status))
+PASS_ON(int, fstat, (int file, struct stat* status) noexcept, (file, status))
 PASS_ON(int, fsync, (int file), (file))
 PASS_ON(int, fdatasync, (int file), (file))
 PASS_ON(int, fchmod, (int file, mode_t mode), (file, mode))

@@ -88,9 +88,9 @@ struct Tally {
     int told = 0;
 };
 
-/// Where nothing can be opened any more a backup stays, because nobody can tell whether the file is as it was.
+/// Where no file can be opened or looked at any more a backup stays, because nobody can tell whether the file is as it was.
 bool isBeyondHelp(const Plan& plan, const std::string& fault) {
-    return plan.isLasting && plan.function == "open" && fault == leftBackup;
+    return plan.isLasting && (plan.function == "open" || plan.function == "fstat") && fault == leftBackup;
 }
 
 void tryOne(const Operation& operation, const Plan& plan, const char* errorName, Tally& tally) {
