@@ -55,15 +55,8 @@ std::u16string decoded(std::string_view bytes, xercesc::XMLTranscoder& transcode
     return text;
 }
 
-/// What the declaration says: `encoding="..."`. "" for none.
-std::u16string namedEncoding(std::u16string_view start) {
-    if (start.substr(0, 5) != u"<?xml") return {};
-    const std::u16string_view declaration = start.substr(0, start.find(u"?>"));
-    const std::size_t word = declaration.find(u"encoding");
-    const std::size_t begin = declaration.find_first_of(u"\"'", std::min(word, declaration.size()));
-    if (begin == std::u16string_view::npos) return {};
-    const std::size_t end = declaration.find(declaration[begin], begin + 1);
-    return std::u16string(declaration.substr(begin + 1, end - begin - 1));
+std::u16string_view withoutByteOrderMark(std::u16string_view text) {
+    return text.substr(text.substr(0, 1) == u"\uFEFF" ? 1 : 0);
 }
 
 /// Of an encoding that the first bytes alone tell, the name leaves the order of bytes open.
@@ -72,13 +65,35 @@ bool isToldByTheBytes(XMLRecognizer::Encodings family) {
            family == XMLRecognizer::UCS_4L;
 }
 
+XMLRecognizer::Encodings familyOf(std::string_view bytes) {
+    return XMLRecognizer::basicEncodingProbe(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size());
+}
+
+/// Reads the characters that a declaration is made of.
+Transcoder transcoderForDeclarations(XMLRecognizer::Encodings family) {
+    const bool isAscii = !isToldByTheBytes(family) && family != XMLRecognizer::EBCDIC;
+    return transcoderFor(isAscii ? XMLRecognizer::US_ASCII : family);
+}
+
+/// What the declaration says: `encoding="..."`. "" for none.
+std::u16string encodingNamedIn(std::string_view bytes) {
+    const Transcoder transcoder = transcoderForDeclarations(familyOf(bytes));
+    const std::u16string start = decoded(bytes.substr(0, 4 * block), *transcoder);
+    const std::u16string_view text = withoutByteOrderMark(start);
+    if (text.substr(0, 5) != u"<?xml") return {};
+    const std::u16string_view declaration = text.substr(0, text.find(u"?>"));
+    const std::size_t word = declaration.find(u"encoding");
+    const std::size_t begin = declaration.find_first_of(u"\"'", std::min(word, declaration.size()));
+    if (begin == std::u16string_view::npos) return {};
+    const std::size_t end = declaration.find(declaration[begin], begin + 1);
+    return std::u16string(declaration.substr(begin + 1, end - begin - 1));
+}
+
 /// Null for UTF-8.
 Transcoder transcoderOf(std::string_view bytes) {
-    const XMLRecognizer::Encodings family =
-        XMLRecognizer::basicEncodingProbe(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size());
+    const XMLRecognizer::Encodings family = familyOf(bytes);
     if (isToldByTheBytes(family)) return transcoderFor(family);
-    const Transcoder simple = transcoderFor(family == XMLRecognizer::EBCDIC ? family : XMLRecognizer::US_ASCII);
-    const std::u16string name = namedEncoding(decoded(bytes.substr(0, block), *simple));
+    const std::u16string name = encodingNamedIn(bytes);
     return name.empty() || detail::equalIgnoringCase(detail::fromUtf16(name), L"UTF-8") ? nullptr : transcoderFor(name);
 }
 
@@ -89,7 +104,7 @@ std::u16string charactersOf(const std::string& bytes) {
 }
 
 std::u16string_view lineIn(std::u16string_view text, unsigned long long line) {
-    if (text.substr(0, 1) == u"\uFEFF") text.remove_prefix(1);
+    text = withoutByteOrderMark(text);
     for (std::size_t end = text.find_first_of(u"\r\n"); line > 1; end = text.find_first_of(u"\r\n"), --line) {
         if (end == std::u16string_view::npos) return {};
         text.remove_prefix(end + (text.substr(end, 2) == u"\r\n" ? 2 : 1));
@@ -97,17 +112,27 @@ std::u16string_view lineIn(std::u16string_view text, unsigned long long line) {
     return text.substr(0, text.find_first_of(u"\r\n"));
 }
 
-}  // namespace
-
-std::wstring textLine(const std::string& bytes, unsigned long long line) {
-    if (line == 0) return {};
+/// What a function makes of bytes with the help of the XML library.
+template <typename Function>
+std::wstring madeByTheLibrary(const Function& function) {
     detail::startXmlLibrary();
     try {
-        return detail::fromUtf16(lineIn(charactersOf(bytes), line));
+        return function();
     } catch (...) {
         detail::passShortage();
         throw;
     }
+}
+
+}  // namespace
+
+std::wstring textLine(const std::string& bytes, unsigned long long line) {
+    if (line == 0) return {};
+    return madeByTheLibrary([&] { return detail::fromUtf16(lineIn(charactersOf(bytes), line)); });
+}
+
+std::wstring namedEncoding(const std::string& bytes) {
+    return madeByTheLibrary([&] { return detail::fromUtf16(encodingNamedIn(bytes)); });
 }
 
 }  // namespace XMLConfig

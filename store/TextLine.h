@@ -12,4 +12,8 @@ namespace XMLConfig {
 /// such line. Throws CorvaneException where the XML library cannot be started.
 XMLCONFIG_API std::wstring textLine(const std::string& bytes, unsigned long long line);
 
+/// The encoding that the declaration at the start of a file's bytes names, as it is written there, whatever encoding the
+/// bytes are really in; "" where it names none. Throws CorvaneException where the XML library cannot be started.
+XMLCONFIG_API std::wstring namedEncoding(const std::string& bytes);
+
 }  // namespace XMLConfig

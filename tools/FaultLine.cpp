@@ -38,14 +38,6 @@ std::optional<FaultPlace> placeIn(const std::wstring& message) {
     return place.line == 0 || place.column == 0 ? std::nullopt : std::optional<FaultPlace>(place);
 }
 
-/// What a declaration names: encoding="...". "" for none.
-std::wstring namedEncoding(const std::wstring& declaration) {
-    const std::size_t word = declaration.compare(0, 5, L"<?xml") == 0 ? declaration.find(L"encoding") : std::wstring::npos;
-    const std::size_t begin = word == std::wstring::npos ? word : declaration.find_first_of(L"\"'", word);
-    if (begin == std::wstring::npos) return {};
-    return declaration.substr(begin + 1, declaration.find(declaration[begin], begin + 1) - begin - 1);
-}
-
 bool beginsWith(const std::string& bytes, std::string_view start) { return bytes.compare(0, start.size(), start) == 0; }
 
 /// The encoding that the first bytes alone tell; "" where they do not.
@@ -95,7 +87,7 @@ std::wstring faultLine(const std::wstring& message, const std::string& bytes) {
 
 std::wstring encodingReason(const std::wstring& message, const std::string& bytes) {
     if (!placeIn(message)) return {};
-    const std::wstring named = namedEncoding(XMLConfig::textLine(bytes, 1));
+    const std::wstring named = XMLConfig::namedEncoding(bytes);
     const std::wstring told = encodingOfFirstBytes(bytes);
     const std::wstring lower = XMLConfig::detail::lowerAscii(named);
     if (!told.empty()) return lower == L"utf-8" ? L"; it is written in " + told + L", but names " + named : L"";

@@ -5,6 +5,7 @@
 
 namespace {
 
+using XMLConfig::namedEncoding;
 using XMLConfig::textLine;
 
 /// Each character in that many bytes, the lowest first or last.
@@ -37,6 +38,23 @@ TEST(TextLine, IsReadInTheEncodingThatTheFileHas) {
 TEST(TextLine, IsReadInTheEncodingThatTheDeclarationNames) {
     EXPECT_EQ(textLine("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<\xC4>", 2), L"<\u00C4>");
     EXPECT_EQ(textLine("<?xml version='1.0' encoding='windows-1252' ?>\n<\x80>", 2), L"<\u20AC>");
+}
+
+TEST(NamedEncoding, IsThatOfTheDeclarationInWhateverBytes) {
+    for (const bool lowestFirst : {true, false}) {
+        EXPECT_EQ(namedEncoding(inUnits(U"\uFEFF" + document(U"UTF-8"), 2, lowestFirst)), L"UTF-8");
+        EXPECT_EQ(namedEncoding(inUnits(document(U"utf-8"), 2, lowestFirst)), L"utf-8");
+        EXPECT_EQ(namedEncoding(inUnits(U"\uFEFF" + document(U"UTF-8"), 4, lowestFirst)), L"UTF-8");
+    }
+    EXPECT_EQ(namedEncoding("<?xml version='1.0' encoding='UTF-16'?><a/>"), L"UTF-16");
+    EXPECT_EQ(namedEncoding("<?xml version=\"1.0\"\r\n" + std::string(500, ' ') + "encoding = \"ISO-8859-1\" ?><\xC4/>"),
+              L"ISO-8859-1");
+}
+
+TEST(NamedEncoding, IsEmptyWhereTheDeclarationNamesNone) {
+    for (const char* bytes : {"", "<a encoding=\"UTF-8\"/>", "<?xml version=\"1.0\"?><a encoding=\"UTF-8\"/>",
+                              "<?xml encoding?><a b=\"c\"/>", "\xFF\xFE"})
+        EXPECT_EQ(namedEncoding(bytes), L"") << bytes;
 }
 
 TEST(TextLine, IsReadFromManyLinesBeforeIt) {

@@ -180,7 +180,10 @@ TEST_F(CheckVerb, TellsOfAFileInAnotherEncodingThanItNames) {
         EXPECT_THAT(firstLineOf(runTool({"check", fileOf(text)})), EndsWith(notUtf8));
         EXPECT_THAT(runTool({"upgrade", fileOf(text)}).errors, HasSubstr(notUtf8 + "\n"));
     }
-    for (const char* text : {"<a>\xC3\xBC</b>", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>\xFC</b>"})
+    EXPECT_THAT(runTool({"check", fileOf("<?xml version=\"1.0\"?><a encoding=\"ISO-8859-1\">\xFC</a>")}).errors,
+                HasSubstr(notUtf8 + "\n"));
+    for (const char* text : {"<a>\xC3\xBC</b>", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>\xFC</b>",
+                             "<?xml version=\"1.0\"\n  encoding=\"ISO-8859-1\"?><a>\xFC</b>"})
         EXPECT_THAT(runTool({"check", fileOf(text)}).errors, testing::Not(HasSubstr("UTF-8")));
 }
 
