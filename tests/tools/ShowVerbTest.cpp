@@ -147,7 +147,7 @@ TEST(ShowVerb, TreesShowNumbersInTheUnitsOfTheDocument) {
                              "\n    5, 2099.500000, 1480.125000\n", "\n      Yaw = 67.5°\n"})
         EXPECT_THAT(whole, HasSubstr(line));
     const std::string devices = runToolReading(text, {"show", "-", "Projector[*]", "Camera[*]", "Screen"}).output;
-    EXPECT_THAT(devices, testing::Not(testing::ContainsRegex("[0-9]e[-+][0-9][0-9]")));
+    for (const char* exponent : {"e+0", "e-0"}) EXPECT_THAT(devices, testing::Not(HasSubstr(exponent)));
 }
 
 TEST(ShowVerb, TreesShowAsItStandsWhatIsNoNumber) {
