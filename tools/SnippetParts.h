@@ -8,8 +8,8 @@
 /// Single texts in a device snippet, as `show --flat` and `diff --lines` name them.
 namespace tool {
 
-/// The first such character of an address from `begin` on, which stands in no brackets, that does not stand in brackets
-/// either; npos where there is none. In brackets a "]" is written twice.
+/// Where an address has the wanted character outside of its brackets for the first time; npos where it has it nowhere there.
+/// In brackets "]]" stands for a "]" of the ID. The search goes on from `begin`, which is a place outside of the brackets.
 std::size_t findOutsideIDs(const std::wstring& text, wchar_t wanted, std::size_t begin = 0);
 
 /// An operand's place, and the part of the device snippet that stands there: "device@UID", "device/connection/port".

@@ -105,7 +105,7 @@ std::wstring nameHint(const std::wstring& written, const Setting& setting) {
     return named == setting.numbers.end() ? L"" : L"; did you mean \"" + std::to_wstring(named->number) + L"\"?";
 }
 
-/// What a whole number that is none has too many digits for.
+/// The limits of whole numbers, for one that was refused because it lies beyond them; "" for other texts.
 std::wstring limitsHint(const std::wstring& written, const Setting& setting) {
     const std::size_t first = written.find_first_of(L"0123456789");
     const bool isWhole = first <= 1 && written.find_first_not_of(L"0123456789", first) == std::wstring::npos &&
