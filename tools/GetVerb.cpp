@@ -1,3 +1,6 @@
+#include <memory>
+#include <optional>
+
 #include "manager/SettingSearch.h"
 #include "platform/Terminal.h"
 #include "platform/Utf8.h"
@@ -69,7 +72,7 @@ private:
 
     [[nodiscard]] std::wstring treeOf(const Answer& answer) const {
         if (!m_request.human) return treeText(answer.element);
-        return treeText(answer.element, shownNumbers(answer.element, answer.place, Showing(*m_document)));
+        return treeText(answer.element, shownNumbers(answer.element, answer.place, showing()));
     }
 
     /// Names what is missing, and what the application reads instead. Gives the exit status of a refusal where something is
@@ -98,7 +101,7 @@ private:
         std::wstring text = answer.stored;
         if (isCounted() && answer.counted) text = m_request.effective ? answer.counted->text : answer.counted->stored;
         if (answer.element && answer.holdsElement()) text = answer.stored;
-        return m_request.human ? Showing(*m_document).value(text, answer.setting) : text;
+        return m_request.human ? showing().value(text, answer.setting) : text;
     }
 
     [[nodiscard]] std::wstring linesText() const {
@@ -145,13 +148,12 @@ private:
     [[nodiscard]] Json json() const {
         Json answer = jsonAnswer("get", m_request.file);
         answer["values"] = Json::array();
-        const Showing showing(*m_document);
-        for (const Answer& value : m_answers) answer["values"].push_back(jsonOf(value, showing));
+        for (const Answer& value : m_answers) answer["values"].push_back(jsonOf(value));
         return answer;
     }
 
-    [[nodiscard]] Json jsonOf(const Answer& answer, const Showing& showing) const {
-        Json json = {{"address", jsonText(answer.address)}, {"device", jsonText(deviceOf(answer, showing))}};
+    [[nodiscard]] Json jsonOf(const Answer& answer) const {
+        Json json = {{"address", jsonText(answer.address)}, {"device", jsonText(deviceOf(answer))}};
         if (!answer.isThere(true)) {
             json.update({{"origin", jsonText(originOf(answer))}, {"from", nullptr}, {"line", nullptr}});
             json.update({{"text", m_request.fallback ? Json(*m_request.fallback) : Json(nullptr)}, {"value", nullptr}});
@@ -175,9 +177,15 @@ private:
         return answer.setting == nullptr ? jsonText(text) : jsonValue(text, answer.setting->type);
     }
 
-    static std::wstring deviceOf(const Answer& answer, const Showing& showing) {
+    [[nodiscard]] std::wstring deviceOf(const Answer& answer) const {
         if (!XMLConfig::isDeviceSection(answer.place.section)) return L"";
-        return showing.device(answer.place.section, answer.place.sectionID);
+        return showing().device(answer.place.section, answer.place.sectionID);
+    }
+
+    /// Made once for all answers, as it reads the names of all devices.
+    [[nodiscard]] const Showing& showing() const {
+        if (!m_showing) m_showing.emplace(*m_document);
+        return *m_showing;
     }
 
     const Request& m_request;
@@ -185,6 +193,7 @@ private:
     std::unique_ptr<ConfigInfo> m_document;
     std::vector<Answer> m_answers;
     mutable std::unique_ptr<XMLConfig::FilePlaces> m_places;
+    mutable std::optional<Showing> m_showing;
 };
 
 }  // namespace
