@@ -83,6 +83,14 @@ std::vector<std::wstring> keysOf(const ElementView& section, const std::wstring&
     return keys;
 }
 
+ElementView sectionAt(const ConfigInfo& document, const Address& address) {
+    return XMLConfig::findElement(document, {address.section, address.sectionID, L"", L"", L""});
+}
+
+std::wstring suggestedKey(const ElementView& section, const Address& address) {
+    return suggestion(keyText(address), keysOf(section, address.section));
+}
+
 }  // namespace
 
 std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring>& names) {
@@ -103,17 +111,15 @@ std::wstring suggestion(const std::wstring& text, const std::vector<std::wstring
 }
 
 std::wstring suggestionFor(const ConfigInfo& document, const Address& address) {
+    const ElementView named = address.sectionID.empty() ? ElementView() : sectionAt(document, address);
+    if (named) return suggestedKey(named, address);  // before the search through all sections: many can miss one key
     const std::vector<std::wstring> sections = sectionsOf(document);
     if (!isIn(sections, address.section)) return suggestion(address.section, sections);
     const std::vector<Address> places = XMLConfig::select(document, address).places;
-    const Address place = places.empty() ? address : places[0];
-    const ElementView section = XMLConfig::findElement(document, {place.section, place.sectionID, L"", L"", L""});
-    const bool isMissing = places.empty() || (!address.sectionID.empty() && !section);
-    if (isMissing) {
-        const std::wstring nearest = suggestion(address.sectionID, identifiersOf(document, address.section));
-        return nearest.empty() ? L"; the file holds " + heldSections(document, address.section) : nearest;
-    }
-    return suggestion(keyText(address), keysOf(section, address.section));
+    const ElementView section = sectionAt(document, places.empty() ? address : places[0]);
+    if (!places.empty() && (section || address.sectionID.empty())) return suggestedKey(section, address);
+    const std::wstring nearest = suggestion(address.sectionID, identifiersOf(document, address.section));
+    return nearest.empty() ? L"; the file holds " + heldSections(document, address.section) : nearest;
 }
 
 }  // namespace tool
