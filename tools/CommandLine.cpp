@@ -15,6 +15,7 @@
 #include "tools/ManualPage.h"
 #include "tools/NumberTexts.h"
 #include "tools/Output.h"
+#include "tools/Printable.h"
 #include "tools/Suggestion.h"
 #include "tools/Verb.h"
 
@@ -95,10 +96,7 @@ private:
 
     /// The first argument that is not UTF-8.
     static std::optional<std::string> brokenWord(const std::vector<std::string>& arguments) {
-        const auto isBroken = [](const std::string& argument) {
-            return XMLConfig::utf8FromWide(XMLConfig::wideFromUtf8(argument)) != argument;
-        };
-        const auto word = std::find_if(arguments.begin(), arguments.end(), isBroken);
+        const auto word = std::find_if_not(arguments.begin(), arguments.end(), isUtf8);
         return word == arguments.end() ? std::nullopt : std::optional<std::string>(*word);
     }
 

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/Utf8.h"
 #include "platform/Words.h"
 #include "store/TextLine.h"
 #include "tools/Printable.h"
@@ -49,7 +48,11 @@ std::wstring encodingOfFirstBytes(const std::string& bytes) {
     return isWide ? L"UTF-16" : L"";
 }
 
-bool isUtf8(const std::string& bytes) { return XMLConfig::utf8FromWide(XMLConfig::wideFromUtf8(bytes)) == bytes; }
+/// The XML library reads either name so.
+bool isNameOfUtf8(const std::wstring& encoding) {
+    const std::wstring lower = XMLConfig::detail::lowerAscii(encoding);
+    return lower == L"utf-8" || lower == L"utf8";
+}
 
 std::size_t unitsOf(wchar_t character) {
     const auto code = static_cast<char32_t>(character);
@@ -89,9 +92,8 @@ std::wstring encodingReason(const std::wstring& message, const std::string& byte
     if (!placeIn(message)) return {};
     const std::wstring named = XMLConfig::namedEncoding(bytes);
     const std::wstring told = encodingOfFirstBytes(bytes);
-    const std::wstring lower = XMLConfig::detail::lowerAscii(named);
-    if (!told.empty()) return lower == L"utf-8" ? L"; it is written in " + told + L", but names " + named : L"";
-    const bool isMeantAsUtf8 = lower.empty() || lower == L"utf-8";
+    if (!told.empty()) return isNameOfUtf8(named) ? L"; it is written in " + told + L", but names " + named : L"";
+    const bool isMeantAsUtf8 = named.empty() || isNameOfUtf8(named);
     return isMeantAsUtf8 && !isUtf8(bytes) ? L"; it is not in UTF-8, as it is to be where it names no other encoding" : L"";
 }
 

@@ -139,4 +139,6 @@ std::wstring unescaped(const std::wstring& line) {
     return text;
 }
 
+bool isUtf8(const std::string& bytes) { return XMLConfig::utf8FromWide(XMLConfig::wideFromUtf8(bytes)) == bytes; }
+
 }  // namespace tool

@@ -28,4 +28,7 @@ std::wstring escaped(const std::wstring& text);
 /// The text that `escaped` made such a line of.
 std::wstring unescaped(const std::wstring& line);
 
+/// Whether bytes of a file or of the command line are UTF-8.
+bool isUtf8(const std::string& bytes);
+
 }  // namespace tool

@@ -176,7 +176,8 @@ TEST_F(CheckVerb, TellsOfAFileInAnotherEncodingThanItNames) {
                     EndsWith("; it is written in UTF-16, but names UTF-8"));
     }
     const std::string notUtf8 = "; it is not in UTF-8, as it is to be where it names no other encoding";
-    for (const std::string& text : {std::string("<a>\xFC</a>"), replaced(declared, "<ConfigInfo/>", "<a>f\xFCr</a>")}) {
+    for (const std::string& text : {std::string("<a>\xFC</a>"), replaced(declared, "<ConfigInfo/>", "<a>f\xFCr</a>"),
+                                    std::string("<?xml version=\"1.0\" encoding=\"utf8\"?><a>\xFC</a>")}) {
         EXPECT_THAT(firstLineOf(runTool({"check", fileOf(text)})), EndsWith(notUtf8));
         EXPECT_THAT(runTool({"upgrade", fileOf(text)}).errors, HasSubstr(notUtf8 + "\n"));
     }
